@@ -1,0 +1,70 @@
+// The one place where the program's objects are made and wired. Owns them all, destroyed in reverse order. Both faces
+// (window and headless) and the tests build the same Program; only what shows and asks differs.
+#pragma once
+
+#include "ActivityFile.h"
+#include "ActivityList.h"
+#include "ActivityMailer.h"
+#include "EngineOptions.h"
+#include "MonitoringController.h"
+#include "MonitoringTimers.h"
+#include "PlatformServices.h"
+#include "RunState.h"
+#include "StringTable.h"
+#include "clsWatcher.h"
+#include "clsXML.h"
+#include <memory>
+
+class KeyState;
+class Prompter;
+
+class Program final {
+  public:
+    /// Everything outside is handed in and must outlive the program.
+    Program(PlatformServices& services, Prompter& prompter, const KeyState& keys, const StringTable& texts);
+    ~Program();
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    [[nodiscard]] PlatformServices& Services() { return m_services; }
+    [[nodiscard]] Prompter& Prompts() { return m_prompter; }
+    [[nodiscard]] const StringTable& Texts() const { return m_texts; }
+    [[nodiscard]] clsXML& Document() { return m_document; }
+    [[nodiscard]] clsWatcher& Options() { return m_options; }
+    [[nodiscard]] ActivityFile& File() { return m_file; }
+    [[nodiscard]] ActivityList& List() { return m_list; }
+    [[nodiscard]] MonitoringTimers& Timers() { return m_timers; }
+    [[nodiscard]] MonitoringController& Monitoring();
+    [[nodiscard]] RunState& State() { return m_runState; }
+
+    /// "Kalvenor Pro 2.1".
+    [[nodiscard]] static QString Title();
+    /// Title, two blanks and the current file in brackets.
+    [[nodiscard]] QString Caption() const;
+
+    /// Whether the user has accepted the notice of possible data loss.
+    [[nodiscard]] bool IsNoticeAccepted() const;
+    std::error_code AcceptNotice();
+
+    /// Runs one activity now, outside its schedule, with the statuses the run-now commands show. Never throws.
+    RunOutcome RunNow(const QString& name);
+
+    /// Schedulers do nothing until this is called: no activity runs before the notice is answered.
+    void AllowTicks();
+
+    /// Ends a run after its present file. The host calls it before it closes, then waits until no run is on the stack.
+    void RequestEnd() { m_runState.closing = true; }
+
+  private:
+    class Engine;
+    PlatformServices& m_services;
+    Prompter& m_prompter;
+    const StringTable& m_texts;
+    clsXML m_document;
+    clsWatcher m_options;
+    ActivityFile m_file;
+    ActivityList m_list;
+    MonitoringTimers m_timers;
+    RunState m_runState;
+    std::unique_ptr<Engine> m_engine;
+};

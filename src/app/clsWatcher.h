@@ -1,0 +1,37 @@
+// The general options: eight values in the user's settings store. Owns their present values. Reading never fails (an
+// absent or broken value takes its key's default); writing reports the first error.
+#pragma once
+
+#include "EngineOptions.h"
+#include <QString>
+#include <cstdint>
+#include <system_error>
+
+class SettingsStore;
+
+class clsWatcher final : public EngineOptions {
+  public:
+    explicit clsWatcher(SettingsStore& settings);
+
+    void ReadRegistry();
+    std::error_code WriteRegistry();
+
+    /// Switches hold 0 (off) or 1 (on); 2..255 are kept as they were stored and count as off.
+    std::uint8_t ActivateWhileWindowsStarting = 0; ///< start with the user's session, minimised
+    std::uint8_t ToTray = 0;                       ///< minimising leaves only the tray icon
+    QString LoggingPath;                           ///< the application log; "" = none
+    std::uint8_t Shutdown = 0;                     ///< power off when monitoring has ended by itself
+    std::uint8_t StartUp = 0;                      ///< start monitoring with the program
+    std::uint8_t LogfileRefresh = 0;               ///< the log viewer reloads every 10 s
+    std::uint8_t ExitAlert = 1;                    ///< F8 aborts a running action and ends the program
+    std::uint8_t StopIfFolderNotExist = 1;         ///< a missing directory takes its activity out of monitoring
+    bool CancelOptions = false;                    ///< the last options dialog was cancelled; not stored
+
+    [[nodiscard]] bool ShutdownWhenIdle() const override { return Shutdown == 1; }
+    [[nodiscard]] bool SafeExit() const override { return ExitAlert == 1; }
+    [[nodiscard]] bool StopOnMissingFolder() const override { return StopIfFolderNotExist == 1; }
+    [[nodiscard]] QString ApplicationLog() const override { return LoggingPath; }
+
+  private:
+    SettingsStore& m_settings;
+};

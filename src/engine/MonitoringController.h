@@ -1,0 +1,66 @@
+// Switches monitoring on and off and keeps that state visible in the list and the logs. Owns the state and the lock on
+// the activity file while monitoring is on. It never throws; a refused start shows a message and leaves monitoring off.
+#pragma once
+
+#include "MonitoringSwitch.h"
+#include <QObject>
+#include <QString>
+#include <memory>
+
+class ActivityFile;
+class ActivityList;
+class ActivityLogs;
+class ChangeDetection;
+class DueMarks;
+class EngineOptions;
+class HeldLock;
+class Locks;
+class MonitoringTimers;
+class PowerControl;
+class Prompter;
+class StringTable;
+struct RunState;
+
+class MonitoringController final : public QObject, public MonitoringSwitch {
+    Q_OBJECT
+  public:
+    struct Parts {
+        ActivityFile& file;
+        ActivityList& list;
+        ActivityLogs& logs;
+        DueMarks& dueMarks;
+        const EngineOptions& options;
+        Locks& locks;
+        MonitoringTimers& timers;
+        PowerControl& power;
+        Prompter& prompter;
+        const StringTable& texts;
+        RunState& runState;
+    };
+    explicit MonitoringController(const Parts& parts);
+    ~MonitoringController() override;
+
+    /// The start and stop command. Sets the mark before StartMonitoring, which clears it when its checks fail.
+    void ToggleMonitoring();
+    void StartMonitoring();
+    void StopMonitoring() override;
+    void CheckAllIdle() override;
+
+    /// The one flag that says monitoring is on.
+    [[nodiscard]] bool IsOn() const { return m_on; }
+
+  Q_SIGNALS:
+    /// The mark changed: menus, toolbar, tray and status bar show it.
+    void StateChanged(bool on);
+
+  private:
+    [[nodiscard]] bool anyRowChecked() const;
+    void refuseStart(int textId);
+    void writeSessionLine(int textId, bool blankLineFirst);
+    void endByItself();
+    void setOn(bool on);
+
+    Parts m_parts;
+    std::unique_ptr<HeldLock> m_fileLock;
+    bool m_on = false;
+};

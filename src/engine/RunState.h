@@ -1,0 +1,20 @@
+// What is going on in the engine right now, shared by its parts. A plain value owned by the program.
+#pragma once
+
+#include <QString>
+
+/// How a run of one activity ended.
+struct RunOutcome {
+    bool directoryMissing = false;
+    int failures = 0;         ///< files or folders that could not be handled
+    bool interrupted = false; ///< ended early: closing, a source that went away, a record that was removed
+    [[nodiscard]] bool Succeeded() const { return !directoryMissing && failures == 0 && !interrupted; }
+};
+
+struct RunState {
+    int depth = 0;              ///< runs on the stack
+    bool closing = false;       ///< the program is about to end: finish the present file, then return
+    unsigned eventsRan = 0;     ///< counts the times events could run: what was read before may be stale
+    QString lastProcessed;      ///< name of the activity processed last
+    [[nodiscard]] bool Running() const { return depth > 0; }
+};

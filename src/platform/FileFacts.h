@@ -1,0 +1,41 @@
+// What is known of one directory entry at one moment. Plain values.
+#pragma once
+
+#include <compare>
+#include <cstdint>
+#include <filesystem>
+
+/// A modification time. `granularity` is the coarsest step the file system is known to store beyond what the digits
+/// show (2 s on FAT), 1 where nothing is known.
+struct FileTime {
+    std::int64_t nanoseconds = 0; ///< since 1970-01-01 UTC, may be negative
+    std::int64_t granularity = 1; ///< nanoseconds, at least 1
+};
+
+/// Tells one file or folder from every other on this machine.
+struct FileId {
+    std::uint64_t device = 0;
+    std::uint64_t inode = 0;
+    auto operator<=>(const FileId&) const = default;
+};
+
+enum class EntryKind {
+    File,       ///< a regular file, or a link to one
+    Folder,     ///< a directory
+    FolderLink, ///< a link to a directory: neither entered, transferred nor deleted
+    Special     ///< FIFO, socket, device, dangling or unreadable link: left alone
+};
+
+struct FileFacts {
+    EntryKind kind = EntryKind::Special;
+    bool isLink = false;    ///< the entry itself is a symbolic link; the other fields tell of its target
+    FileId id;              ///< of the target where the entry is a link
+    std::uint64_t size = 0; ///< bytes
+    FileTime modified;
+    std::uint32_t mode = 0; ///< permission bits
+};
+
+struct FolderEntry {
+    std::filesystem::path name; ///< one component, native bytes
+    FileFacts facts;
+};

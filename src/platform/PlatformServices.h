@@ -1,0 +1,27 @@
+// Everything the world outside gives, made once at start and handed down by reference. Owns the services.
+#pragma once
+
+#include "Clock.h"
+#include "EventPump.h"
+#include "FileSystem.h"
+#include "Locks.h"
+#include "OwnFiles.h"
+#include "PowerControl.h"
+#include "Process.h"
+#include "ProgramPlaces.h"
+#include "SettingsStore.h"
+
+struct PlatformServices {
+    std::unique_ptr<Clock> clock;
+    std::unique_ptr<EventPump> eventPump;
+    std::unique_ptr<FileSystem> fileSystem;
+    std::unique_ptr<OwnFiles> ownFiles;
+    std::unique_ptr<SettingsStore> settings;
+    std::unique_ptr<Locks> locks;
+    std::unique_ptr<Process> process;
+    std::unique_ptr<PowerControl> power;
+    ProgramPlaces places;
+};
+
+/// The services of the operating system this was built for. A QCoreApplication must exist.
+[[nodiscard]] PlatformServices MakePlatformServices();

@@ -1,0 +1,17 @@
+// Starting other programs and ending this one. Owns nothing; a failing start is reported by its result.
+#pragma once
+
+#include <QString>
+
+class Process {
+  public:
+    virtual ~Process() = default;
+
+    /// Opens a file as a double click would: an executable file is started detached, any other is handed to the
+    /// program that the desktop has for it. The whole text is one path; there are no arguments and no shell line.
+    /// False when it could not be started.
+    [[nodiscard]] virtual bool Open(const QString& path) = 0;
+
+    /// Ends this process at once. Nothing is saved, no destructor runs. In a test this returns.
+    virtual void EndNow(int exitCode) = 0;
+};

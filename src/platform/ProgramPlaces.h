@@ -1,0 +1,11 @@
+// Where the program finds and keeps its own things. A plain value, made once at start.
+#pragma once
+
+#include <filesystem>
+
+struct ProgramPlaces {
+    /// The folder the executable lies in, links resolved.
+    std::filesystem::path programFolder;
+    /// The user's data folder for this program (XDG basedir: $XDG_DATA_HOME/Kalvenor); it need not exist yet.
+    std::filesystem::path userDataFolder;
+};

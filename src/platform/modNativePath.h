@@ -1,0 +1,20 @@
+// Native paths and their text form. A file name is a string of bytes that need not be valid text: work on files keeps
+// the bytes, windows and logs show text. Free functions, no state, no failure.
+#pragma once
+
+#include <QString>
+#include <filesystem>
+
+namespace modNativePath {
+
+/// Text for people: bytes that are no valid UTF-8 appear as \xNN.
+[[nodiscard]] QString ToText(const std::filesystem::path& path);
+
+/// The path a text names.
+[[nodiscard]] std::filesystem::path FromText(const QString& text);
+
+/// The absolute path a text names (relative to the current directory), "." and ".." resolved without looking at links.
+/// Empty for an empty or blank text: it never becomes the current directory.
+[[nodiscard]] std::filesystem::path Absolute(const QString& text);
+
+} // namespace modNativePath

@@ -1,0 +1,63 @@
+// The activity file on disk: which one is current, loading, saving, creating, repairing and clearing it. Owns the
+// current path and what the file looked like when it was loaded. Load never fails loudly (a damaged file reads as -1
+// children); Save throws StoreError and then nothing was written.
+#pragma once
+
+#include "OwnFiles.h"
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+class clsXML;
+class Prompter;
+class StringTable;
+struct ProgramPlaces;
+
+class ActivityFile final : public QObject {
+    Q_OBJECT
+  public:
+    ActivityFile(clsXML& document, OwnFiles& files, Prompter& prompter, const StringTable& texts,
+                 const ProgramPlaces& places);
+
+    /// Absolute path of the file in use; the default file at first.
+    [[nodiscard]] const QString& CurrentPath() const { return m_currentPath; }
+    void SetCurrentPath(const QString& absolutePath);
+    [[nodiscard]] bool IsDefault() const;
+
+    /// "Kalvenor.kvd" in the program folder (a variant in letter case that exists is used), or in the user's data
+    /// folder when the program folder is not writable.
+    [[nodiscard]] QString DefaultPath() const;
+
+    /// Creates the default file when it is missing. Returns false (and tells why through the prompter) on failure.
+    bool EnsureDefaultExists();
+
+    /// Loads the current file into the document. False when it is damaged (NodeCount("/items") is -1).
+    bool Load();
+
+    /// Saves the document to the current file. Refused when the document has no "items" root or the file changed on
+    /// disk since it was loaded.
+    void Save();
+
+    /// Offers to move a damaged file away and start an empty one. True when the file can be loaded again.
+    bool OfferRepair();
+
+    /// Deletes the current file (when `confirmed` by the user's Yes), makes the default file current and ensures it.
+    void ClearAll();
+
+    /// Names of the activities in document order.
+    [[nodiscard]] QStringList Names() const;
+    [[nodiscard]] QString Read(const QString& name, const char* field) const;
+    void Write(const QString& name, const char* field, const QString& value);
+
+  Q_SIGNALS:
+    void CurrentPathChanged(const QString& path);
+
+  private:
+    clsXML& m_document;
+    OwnFiles& m_files;
+    Prompter& m_prompter;
+    const StringTable& m_texts;
+    const ProgramPlaces& m_places;
+    QString m_currentPath;
+    std::optional<FileStamp> m_loadedStamp;
+};

@@ -1,0 +1,73 @@
+// The list of activities as rows and columns: what the window shows and the engine walks. Owns the rows, their check
+// marks and the names the engine has taken out of monitoring. Rows are found by name; an unknown name changes nothing.
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QHash>
+#include <QSet>
+#include <QStringList>
+#include <optional>
+#include <vector>
+
+class ActivityFile;
+class StringTable;
+
+class ActivityList final : public QAbstractTableModel {
+    Q_OBJECT
+  public:
+    enum Column { Name, Source, Destination, Schedule, Status, Count, LogFile, Executable, Extensions, LastRun };
+    static constexpr int ColumnCount = 10;
+
+    ActivityList(ActivityFile& file, const StringTable& texts);
+
+    /// Loads the current file (offering to repair a damaged one) and rebuilds every row. Columns Count and LastRun
+    /// start anew. `ListBusy` is set meanwhile.
+    void Refill();
+    [[nodiscard]] bool ListBusy() const { return m_listBusy; }
+
+    [[nodiscard]] int Rows() const { return static_cast<int>(m_rows.size()); }
+    /// "" for a row that does not exist (any more).
+    [[nodiscard]] QString NameAt(int row) const;
+    [[nodiscard]] bool IsChecked(int row) const;
+    [[nodiscard]] std::optional<int> RowOf(const QString& name) const;
+    [[nodiscard]] QString Text(const QString& name, Column column) const;
+
+    /// Changes by the program; none of them counts as a user's toggle.
+    void SetText(const QString& name, Column column, const QString& text);
+    void SetChecked(const QString& name, bool checked);
+
+    /// Clears the box of an activity that the engine took out of monitoring; a refill keeps it cleared.
+    void TakeOut(const QString& name);
+    [[nodiscard]] bool IsTakenOut(const QString& name) const { return m_takenOut.contains(name); }
+    void ForgetTakenOut();
+    void ForgetTakenOut(const QString& name);
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+    /// The user's toggle: writes `activ`, saves and loads the file again.
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+
+  Q_SIGNALS:
+    void Refilled();
+    /// A user's toggle could not be saved; the text says why.
+    void ToggleFailed(const QString& text);
+
+  private:
+    struct Row {
+        QString texts[ColumnCount];
+        QString comment;
+        bool checked = false;
+    };
+    [[nodiscard]] Row makeRow(const QString& name) const;
+    void emitChanged(int row, int column);
+
+    ActivityFile& m_file;
+    const StringTable& m_texts;
+    std::vector<Row> m_rows;
+    QHash<QString, int> m_rowOfName;
+    QSet<QString> m_takenOut;
+    bool m_listBusy = false;
+};

@@ -1,0 +1,115 @@
+// Stand-ins for the world outside, for tests that need to steer it. Each remembers what was asked of it.
+#pragma once
+
+#include "Clock.h"
+#include "EventPump.h"
+#include "KeyState.h"
+#include "Locks.h"
+#include "PowerControl.h"
+#include "Process.h"
+#include "Prompter.h"
+#include "SettingsStore.h"
+
+#include <QMap>
+#include <QStringList>
+#include <functional>
+#include <set>
+#include <vector>
+
+class FakePrompter final : public Prompter {
+  public:
+    MessageAnswer Ask(const Message& message) override {
+        shown.push_back(message);
+        if (onAsk)
+            onAsk(message);
+        if (message.buttons == MessageButtons::YesNo)
+            return yes ? MessageAnswer::Yes : MessageAnswer::No;
+        return MessageAnswer::Ok;
+    }
+    std::vector<Message> shown;
+    bool yes = false;
+    std::function<void(const Message&)> onAsk;
+};
+
+class FakeClock final : public Clock {
+  public:
+    std::chrono::system_clock::time_point Now() const override { return now; }
+    std::chrono::steady_clock::time_point MonotonicNow() const override {
+        return std::chrono::steady_clock::time_point(now.time_since_epoch());
+    }
+    void Advance(std::chrono::milliseconds span) { now += span; }
+    std::chrono::system_clock::time_point now = std::chrono::system_clock::from_time_t(1795000000);
+};
+
+class FakeEventPump final : public EventPump {
+  public:
+    void Yield() override {
+        ++yields;
+        if (onYield)
+            onYield();
+    }
+    int yields = 0;
+    std::function<void()> onYield;
+};
+
+class FakeKeyState final : public KeyState {
+  public:
+    bool IsF8Down() const override { return down; }
+    bool down = false;
+};
+
+class MemorySettings final : public SettingsStore {
+  public:
+    std::optional<QString> Read(const QString& application, const QString& section, const QString& key) const override {
+        const auto found = values.find(application + u'/' + section + u'/' + key);
+        return found == values.end() ? std::nullopt : std::optional<QString>(*found);
+    }
+    std::error_code Write(const QString& application, const QString& section, const QString& key,
+                          const QString& value) override {
+        values[application + u'/' + section + u'/' + key] = value;
+        return {};
+    }
+    QMap<QString, QString> values;
+};
+
+class FakeLocks final : public Locks {
+  public:
+    std::unique_ptr<HeldLock> TryAcquire(const QString& name) override {
+        if (!held.insert(name).second)
+            return nullptr;
+        return std::make_unique<Held>(*this, name);
+    }
+    std::set<QString> held;
+
+  private:
+    class Held final : public HeldLock {
+      public:
+        Held(FakeLocks& locks, QString name) : m_locks(locks), m_name(std::move(name)) {}
+        ~Held() override { m_locks.held.erase(m_name); }
+
+      private:
+        FakeLocks& m_locks;
+        QString m_name;
+    };
+};
+
+class FakeProcess final : public Process {
+  public:
+    bool Open(const QString& path) override {
+        opened.append(path);
+        return succeeds;
+    }
+    void EndNow(int exitCode) override { endedWith = exitCode; }
+    QStringList opened;
+    bool succeeds = true;
+    std::optional<int> endedWith;
+};
+
+class FakePowerControl final : public PowerControl {
+  public:
+    bool PowerOff() override {
+        ++requests;
+        return true;
+    }
+    int requests = 0;
+};
