@@ -1,0 +1,114 @@
+#!/usr/bin/env python3
+"""Times one run of an activity by kalvenor-run against cp -a and rsync -a on the same tree, alternating, in one go.
+
+usage: compare.py KALVENOR_RUN FOLDER [--files N] [--big MIB] [--rounds N]
+
+FOLDER should lie on a quiet file system of its own (a loop-mounted image, a tmpfs); everything is made and removed
+below FOLDER/kalvenor-bench. Prints medians and their ratio to cp -a (rsync -a where cp has no such job).
+"""
+import argparse
+import os
+import pathlib
+import random
+import shutil
+import statistics
+import subprocess
+import time
+
+ACTIVITY = """<?xml version="1.0" encoding="ISO-8859-1"?>
+<items><Bench><sourcedir>{source}</sourcedir><targetdir>{target}</targetdir><type>0</type><intervall>60</intervall>
+<action>{action}</action><overwrite>Y</overwrite><onlynew>Y</onlynew><includesubdirs>Y</includesubdirs>
+<activ>1</activ><exceedtime></exceedtime></Bench></items>
+"""
+
+
+def make_tree(root, files, big_mib):
+    """Seeded: files of 1 to 8 KiB, 50 to a folder, and one big file."""
+    source = random.Random(42)
+    blob = source.randbytes(1 << 20)
+    for number in range(files):
+        folder = root / f"t{number // 1000:03d}" / f"s{number // 50 % 20:02d}"
+        folder.mkdir(parents=True, exist_ok=True)
+        start = source.randrange(len(blob) - 8192)
+        path = folder / f"f{number:06d}.dat"
+        path.write_bytes(blob[start:start + source.randint(1024, 8192)])
+        stamp = 1_600_000_000_000_000_000 + source.getrandbits(56)
+        os.utime(path, ns=(stamp, stamp))
+    if big_mib:
+        with open(root / "big.bin", "wb") as big:
+            for _ in range(big_mib):
+                big.write(source.randbytes(1 << 20))
+
+
+def mutate(root):
+    """One file in a hundred grows, another is deleted."""
+    source = random.Random(7)
+    files = sorted(path for path in root.rglob("*.dat"))
+    picked = source.sample(files, max(2, len(files) // 50))
+    for path in picked[::2]:
+        with open(path, "ab") as file:
+            file.write(b"changed")
+    for path in picked[1::2]:
+        path.unlink()
+
+
+def timed(command, environment):
+    os.sync()
+    begin = time.monotonic()
+    subprocess.run(command, check=True, env=environment, stdout=subprocess.DEVNULL)
+    return time.monotonic() - begin
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("program", type=pathlib.Path)
+    parser.add_argument("folder", type=pathlib.Path)
+    parser.add_argument("--files", type=int, default=20000)
+    parser.add_argument("--big", type=int, default=1024, metavar="MIB")
+    parser.add_argument("--rounds", type=int, default=5)
+    options = parser.parse_args()
+    base = options.folder / "kalvenor-bench"
+    shutil.rmtree(base, ignore_errors=True)
+    settings = base / "settings" / "Kalvenor"
+    settings.mkdir(parents=True)
+    (settings / "Kalvenor.ini").write_text("[Options]\nAccepted=Yes\n")
+    environment = {**os.environ, "XDG_CONFIG_HOME": str(base / "settings"), "XDG_RUNTIME_DIR": str(base / "settings")}
+
+    source, changed = base / "source", base / "changed"
+    make_tree(source, options.files, options.big)
+    subprocess.run(["cp", "-a", source, changed], check=True)
+    mutate(changed)
+
+    def kalvenor(from_folder, target, action):
+        target.mkdir(exist_ok=True)
+        activity = base / f"{target.name}.kvd"
+        activity.write_text(ACTIVITY.format(source=from_folder, target=target, action=action))
+        return [str(options.program.resolve()), str(activity)]
+
+    peers = {
+        "kalvenor": lambda origin, target, mirror: kalvenor(origin, target, 3 if mirror else 0),
+        "rsync -a": lambda origin, target, mirror: ["rsync", "-a", *(["--delete"] if mirror else []), f"{origin}/", f"{target}/"],
+        "cp -a": lambda origin, target, mirror: None if mirror else ["cp", "-au", f"{origin}/.", str(target)],
+    }
+    jobs = [("first copy", source, False), ("unchanged", source, False), ("1 % changed, mirror", changed, True)]
+    times = {}
+    for _ in range(options.rounds):
+        for peer, command in peers.items():
+            target = base / ("target-" + peer.split()[0])
+            shutil.rmtree(target, ignore_errors=True)
+            target.mkdir()
+            for job, origin, mirror in jobs:
+                words = command(origin, target, mirror)
+                if words:
+                    times.setdefault(job, {}).setdefault(peer, []).append(timed(words, environment))
+    for job, _, _ in jobs:
+        medians = {peer: statistics.median(values) for peer, values in times[job].items()}
+        yardstick = "cp -a" if "cp -a" in medians else "rsync -a"
+        print(f"{job}:")
+        for peer, median in medians.items():
+            print(f"  {peer:10} {median:8.3f} s   {median / medians[yardstick]:.2f} x {yardstick}")
+    shutil.rmtree(base)
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,132 @@
+// A whole program on folders of its own: real files, everything else steered by the test.
+#pragma once
+
+#include "Fakes.h"
+#include "Program.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+class ProgramFixture {
+  public:
+    using Fields = QMap<QString, QString>;
+
+    ProgramFixture() {
+        services = MakePlatformServices();
+        services.clock = own(clock);
+        services.eventPump = own(pump);
+        services.settings = own(settings);
+        services.locks = own(locks);
+        services.process = own(process);
+        services.power = own(power);
+        services.places.programFolder = dir.path().toStdString();
+        services.places.userDataFolder = (dir.path() + QStringLiteral("/data")).toStdString();
+    }
+
+    QString Path(const QString& relative) const { return dir.filePath(relative); }
+
+    void Write(const QString& relative, const QByteArray& bytes, qint64 modifiedSeconds = 1'700'000'000) const {
+        QDir().mkpath(QFileInfo(Path(relative)).path());
+        QFile file(Path(relative));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QCOMPARE(file.write(bytes), bytes.size());
+        QVERIFY(file.flush());
+        file.setFileTime(QDateTime::fromSecsSinceEpoch(modifiedSeconds), QFileDevice::FileModificationTime);
+    }
+
+    QByteArray Read(const QString& relative) const {
+        QFile file(Path(relative));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
+    }
+
+    bool Exists(const QString& relative) const { return QFileInfo::exists(Path(relative)); }
+
+    /// An activity with sensible fields; `fields` replaces or adds some.
+    void Add(const QString& name, const Fields& fields = {}) {
+        Fields all{{QStringLiteral("sourcedir"), Path(QStringLiteral("src"))},
+                   {QStringLiteral("targetdir"), Path(QStringLiteral("dst"))},
+                   {QStringLiteral("type"), QStringLiteral("0")},
+                   {QStringLiteral("intervall"), QStringLiteral("10")},
+                   {QStringLiteral("action"), QStringLiteral("0")},
+                   {QStringLiteral("overwrite"), QStringLiteral("Y")},
+                   {QStringLiteral("onlynew"), QStringLiteral("Y")},
+                   {QStringLiteral("includesubdirs"), QStringLiteral("Y")},
+                   {QStringLiteral("logfile"), Path(name + QStringLiteral(".log"))},
+                   {QStringLiteral("activ"), QStringLiteral("1")},
+                   {QStringLiteral("exceedtime"), QString()}};
+        for (auto field = fields.begin(); field != fields.end(); ++field)
+            all[field.key()] = field.value();
+        m_xml += QStringLiteral("  <") + name + QStringLiteral(">\n");
+        for (auto field = all.begin(); field != all.end(); ++field)
+            m_xml += QStringLiteral("    <%1>%2</%1>\n").arg(field.key(), field.value().toHtmlEscaped());
+        m_xml += QStringLiteral("  </") + name + QStringLiteral(">\n");
+    }
+
+    /// Writes the activity file, builds the program and fills its list.
+    Program& Start() {
+        QDir().mkpath(Path(QStringLiteral("src")));
+        QDir().mkpath(Path(QStringLiteral("dst")));
+        QFile file(Path(QStringLiteral("Kalvenor.kvd")));
+        if (!file.open(QIODevice::WriteOnly))
+            qFatal("no activity file");
+        file.write((QStringLiteral("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n<items>\n") + m_xml +
+                    QStringLiteral("</items>\n"))
+                       .toLatin1());
+        file.close();
+        program = std::make_unique<Program>(services, prompter, keys, texts);
+        program->Options().LoggingPath = Path(QStringLiteral("app.log"));
+        program->List().Refill();
+        program->AllowTicks();
+        return *program;
+    }
+
+    /// Lets the time pass second by second, polling every timer.
+    void Pass(std::chrono::seconds span) {
+        MonitoringTimers& timers = program->Timers();
+        for (std::chrono::seconds passed{0}; passed < span; ++passed) {
+            clock->Advance(std::chrono::seconds(1));
+            for (TimerEx* timer :
+                 {&timers.tmrMonitoring, &timers.tmrMinutes, &timers.tmrHours, &timers.tmrTime, &timers.tmrDate})
+                timer->Poll();
+        }
+    }
+
+    int Runs(const QString& name) const { return program->List().Text(name, ActivityList::Count).toInt(); }
+    QString Status(const QString& name) const { return program->List().Text(name, ActivityList::Status); }
+
+    /// The texts of an activity's log, without date and prefix.
+    QStringList Log(const QString& name) const {
+        QStringList lines;
+        for (QString line : QString::fromUtf8(Read(name + QStringLiteral(".log"))).split(QStringLiteral("\r\n"))) {
+            line.remove(0, line.indexOf(QStringLiteral("] ")) + 2);
+            const QString prefix = QStringLiteral("Activity '") + name + QStringLiteral("' - ");
+            if (line.startsWith(prefix))
+                lines.append(line.mid(prefix.size()).replace(dir.path(), QStringLiteral("~")));
+        }
+        return lines;
+    }
+
+    QTemporaryDir dir;
+    FakeClock* clock = nullptr;
+    FakeEventPump* pump = nullptr;
+    MemorySettings* settings = nullptr;
+    FakeLocks* locks = nullptr;
+    FakeProcess* process = nullptr;
+    FakePowerControl* power = nullptr;
+    PlatformServices services;
+    FakePrompter prompter;
+    FakeKeyState keys;
+    StringTable texts{Language::English};
+    std::unique_ptr<Program> program;
+
+  private:
+    template <typename Fake>
+    static std::unique_ptr<Fake> own(Fake*& pointer) {
+        auto fake = std::make_unique<Fake>();
+        pointer = fake.get();
+        return fake;
+    }
+    QString m_xml;
+};
