@@ -12,15 +12,22 @@
 #include "modTriggerDate.h"
 
 void Schedulers::ConnectTo(MonitoringTimers& timers) {
-    connect(&timers.tmrMonitoring, &TimerEx::Timer, this, &Schedulers::OnSecond);
-    connect(&timers.tmrMinutes, &TimerEx::Timer, this, &Schedulers::OnMinute);
-    connect(&timers.tmrHours, &TimerEx::Timer, this, &Schedulers::OnHour);
-    connect(&timers.tmrTime, &TimerEx::Timer, this, &Schedulers::OnTimeOfDay);
-    connect(&timers.tmrDate, &TimerEx::Timer, this, &Schedulers::OnDate);
+    connect(&timers.tmrMonitoring, &TimerEx::Timer, this, [this] { guarded(&Schedulers::onSecond); });
+    connect(&timers.tmrMinutes, &TimerEx::Timer, this, [this] { guarded(&Schedulers::onMinute); });
+    connect(&timers.tmrHours, &TimerEx::Timer, this, [this] { guarded(&Schedulers::onHour); });
+    connect(&timers.tmrTime, &TimerEx::Timer, this, [this] { guarded(&Schedulers::onTimeOfDay); });
+    connect(&timers.tmrDate, &TimerEx::Timer, this, [this] { guarded(&Schedulers::onDate); });
 }
 
-bool Schedulers::mayTick() const {
-    return m_allowed && !m_parts.list.ListBusy() && !m_parts.runState.closing;
+void Schedulers::guarded(void (Schedulers::*tick)()) {
+    if (!m_allowed || m_parts.list.ListBusy() || m_parts.runState.closing)
+        return;
+    try {
+        (this->*tick)();
+    } catch (const std::exception& error) {
+        // The tick is over, the next one starts anew; an exception must not pass through the event loop.
+        m_parts.logs.WriteAppLog(QString::fromUtf8(error.what()));
+    }
 }
 
 bool Schedulers::isActive(const QString& name, const QString& type) const {
@@ -45,9 +52,7 @@ void Schedulers::repairMark(const QString& name, std::int32_t mark) {
 }
 
 // Rows are walked by index against the present count: a run lets events in, and those can rebuild the list.
-void Schedulers::OnSecond() {
-    if (!mayTick())
-        return;
+void Schedulers::onSecond() {
     std::int32_t& counter = m_parts.dueMarks.SecondCounter;
     if (counter >= 59)
         counter = 0;
@@ -82,25 +87,19 @@ void Schedulers::tickOfInterval(const QString& type, std::int32_t counter, bool 
     }
 }
 
-void Schedulers::OnMinute() {
-    if (!mayTick())
-        return;
+void Schedulers::onMinute() {
     std::int32_t& counter = m_parts.dueMarks.MinuteCounter;
     counter = counter < 60 ? counter + 1 : 0;
     tickOfInterval(QStringLiteral("1"), counter, false);
 }
 
-void Schedulers::OnHour() {
-    if (!mayTick())
-        return;
+void Schedulers::onHour() {
     std::int32_t& counter = m_parts.dueMarks.HourCounter;
     counter = counter <= 23 ? counter + 1 : 0;
     tickOfInterval(QStringLiteral("2"), counter, true);
 }
 
-void Schedulers::OnTimeOfDay() {
-    if (!mayTick())
-        return;
+void Schedulers::onTimeOfDay() {
     for (int row = 0; row < m_parts.list.Rows(); ++row) {
         const QString name = m_parts.list.NameAt(row);
         if (!isActive(name, QStringLiteral("4")) ||
@@ -113,9 +112,7 @@ void Schedulers::OnTimeOfDay() {
     }
 }
 
-void Schedulers::OnDate() {
-    if (!mayTick())
-        return;
+void Schedulers::onDate() {
     for (int row = 0; row < m_parts.list.Rows(); ++row) {
         const QString name = m_parts.list.NameAt(row);
         if (!isActive(name, QStringLiteral("3")))

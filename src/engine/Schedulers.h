@@ -37,14 +37,13 @@ class Schedulers final : public QObject {
     /// Until then every tick does nothing.
     void Allow() { m_allowed = true; }
 
-    void OnSecond();
-    void OnMinute();
-    void OnHour();
-    void OnTimeOfDay();
-    void OnDate();
-
   private:
-    [[nodiscard]] bool mayTick() const;
+    void guarded(void (Schedulers::*tick)());
+    void onSecond();
+    void onMinute();
+    void onHour();
+    void onTimeOfDay();
+    void onDate();
     void runDue(const QString& name);
     void repairMark(const QString& name, std::int32_t mark);
     void tickOfInterval(const QString& type, std::int32_t counter, bool dueFromMarkOn);

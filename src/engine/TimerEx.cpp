@@ -2,6 +2,8 @@
 #include "Clock.h"
 #include "EngineError.h"
 
+#include <QScopedValueRollback>
+
 #include <array>
 #include <cstdlib>
 #include <limits>
@@ -64,9 +66,10 @@ void TimerEx::Poll() {
     // A clock that was set back counts as elapsed time too: better one tick too early than none for a year.
     if (std::abs(wholeSeconds(m_clock.Now()) - wholeSeconds(m_lastFiring)) < period)
         return;
-    m_firing = true;
-    Q_EMIT Timer();
-    m_firing = false;
+    {
+        const QScopedValueRollback firing(m_firing, true);
+        Q_EMIT Timer();
+    }
     m_lastFiring = m_clock.Now();
 }
 
