@@ -1,0 +1,32 @@
+// The text of one settings file: "[section]" lines, "key=value" lines, comments (";" or "#"). Owns the bytes as they
+// were read and changes single lines only. Nothing in a value is special: everything behind the first "=" is the value.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <optional>
+
+class IniFile final {
+  public:
+    explicit IniFile(QByteArray bytes) : m_bytes(std::move(bytes)) {}
+
+    /// The first entry of this name, spelt exactly; blanks around the key do not count, those of the value do.
+    [[nodiscard]] std::optional<QString> Value(const QString& section, const QString& key) const;
+
+    /// Changes the first entry of this name, or adds it at the end of its section. False, with nothing changed, when
+    /// section, key or value could not be read back the same.
+    [[nodiscard]] bool SetValue(const QString& section, const QString& key, const QString& value);
+
+    [[nodiscard]] const QByteArray& Bytes() const { return m_bytes; }
+
+  private:
+    struct Place {
+        qsizetype valueStart = -1; ///< -1: no such entry
+        qsizetype valueEnd = 0;
+        qsizetype sectionEnd = -1; ///< behind the last entry of the section; -1: no such section
+    };
+    [[nodiscard]] Place find(const QByteArray& section, const QByteArray& key) const;
+    [[nodiscard]] QByteArray lineEnd() const;
+
+    QByteArray m_bytes;
+};
