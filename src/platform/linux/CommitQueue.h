@@ -1,0 +1,36 @@
+// Two batches in step: while the bytes of one go to disk, the next one is filled. Files come into place in the order in
+// which they were added. Its end brings everything into place. Failures go to the observer.
+#pragma once
+
+#include "TransferBatch.h"
+
+class CommitQueue final {
+  public:
+    CommitQueue(TransferObserver& observer, TemporaryFiles& temporaries);
+    CommitQueue(const CommitQueue&) = delete;
+    CommitQueue& operator=(const CommitQueue&) = delete;
+    ~CommitQueue() { Flush(); }
+
+    template <typename Staged>
+    void Add(Staged staged) {
+        m_filling->Add(std::move(staged));
+        if (m_filling->IsFull(m_descriptorLimit))
+            turn();
+    }
+
+    [[nodiscard]] bool IsEmpty() const { return !m_syncing && m_filling->IsEmpty(); }
+    [[nodiscard]] bool Holds(const FileId& folder, const std::filesystem::path& name) const;
+
+    /// Everything added so far is on disk and in place, or reported, when this returns.
+    void Flush();
+
+  private:
+    void turn();
+    void finishSyncing();
+
+    TransferObserver& m_observer;
+    TemporaryFiles& m_temporaries;
+    std::size_t m_descriptorLimit;
+    std::unique_ptr<TransferBatch> m_filling;
+    std::unique_ptr<TransferBatch> m_syncing;
+};

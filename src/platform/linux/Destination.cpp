@@ -1,0 +1,42 @@
+#include "Destination.h"
+#include "SystemError.h"
+
+#include <cstdio>
+#include <fcntl.h>
+
+std::error_code CheckDestination(const LinuxFolder& folder, const std::filesystem::path& name, const FileId& source,
+                                 DestinationState& state) {
+    std::error_code error;
+    const std::optional<FileFacts> existing = folder.Stat(name, error);
+    state = DestinationState::Free;
+    if (error || !existing)
+        return error;
+    switch (existing->kind) {
+    case EntryKind::File:
+        state = existing->id == source ? DestinationState::IsSource : DestinationState::Replaceable;
+        return {};
+    case EntryKind::Folder:
+        return ErrorOf(EISDIR);
+    case EntryKind::FolderLink:
+    case EntryKind::Special:
+        break;
+    }
+    return ErrorOf(EEXIST);
+}
+
+std::error_code RenameToFreeName(const LinuxFolder& from, const char* oldName, const LinuxFolder& to,
+                                 const std::filesystem::path& newName) {
+    if (::renameat2(from.Descriptor(), oldName, to.Descriptor(), newName.c_str(), RENAME_NOREPLACE) == 0)
+        return {};
+    const std::error_code error = LastError();
+    const bool isUnknown = error == ErrorOf(EINVAL) || error == ErrorOf(ENOSYS) || error == ErrorOf(EOPNOTSUPP);
+    if (!isUnknown)
+        return error;
+    std::error_code lookError;
+    if (to.Stat(newName, lookError))
+        return ErrorOf(EEXIST);
+    if (lookError)
+        return lookError;
+    return ::renameat(from.Descriptor(), oldName, to.Descriptor(), newName.c_str()) == 0 ? std::error_code()
+                                                                                         : LastError();
+}

@@ -1,0 +1,46 @@
+// A folder held open by its descriptor; every operation goes through the descriptor, so a path that changes cannot lead
+// it elsewhere. Failures are error codes; names that are not one plain component are refused.
+#pragma once
+
+#include "Folder.h"
+#include "UniqueFd.h"
+
+#include <string>
+
+class LinuxFolder final : public Folder {
+  public:
+    /// Opens `name` in the folder of the descriptor `at` (AT_FDCWD for a path). Null with the reason.
+    [[nodiscard]] static std::shared_ptr<LinuxFolder> Open(int at, const char* name, std::filesystem::path path,
+                                                           bool followLink, std::error_code& error);
+    LinuxFolder(UniqueFd descriptor, std::filesystem::path path, FileId id);
+
+    const std::filesystem::path& Path() const override { return m_path; }
+    FileId Id() const override { return m_id; }
+    std::error_code List(std::vector<FolderEntry>& entries) const override;
+    std::optional<FileFacts> Stat(const std::filesystem::path& name, std::error_code& error) const override;
+    std::shared_ptr<Folder> OpenChild(const std::filesystem::path& name, std::error_code& error) const override;
+    std::error_code DeleteFile(const std::filesystem::path& name) override;
+    std::error_code DeleteEmptyFolder(const std::filesystem::path& name) override;
+    std::vector<FileId> Ancestors() const override;
+    bool StillThere() const override;
+    void RemoveLeftovers() override;
+
+    [[nodiscard]] int Descriptor() const { return m_descriptor.Get(); }
+
+    /// True when new entries take rights from the folder's default access list instead of the mode they ask for.
+    [[nodiscard]] bool HasDefaultAccessList() const;
+
+    /// True for one component that is neither "." nor "..".
+    [[nodiscard]] static bool IsPlainName(const std::filesystem::path& name);
+
+  private:
+    [[nodiscard]] std::error_code forEachName(const std::function<std::error_code(const char*)>& visit) const;
+    void removeIfLeftover(const std::string& name) const;
+
+    UniqueFd m_descriptor;
+    std::filesystem::path m_path;
+    FileId m_id;
+    std::int64_t m_timeStep;
+    mutable std::optional<std::vector<std::string>> m_temporaries; ///< seen by the last listing
+    mutable std::optional<bool> m_hasDefaultAccessList;
+};

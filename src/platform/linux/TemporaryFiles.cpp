@@ -1,0 +1,151 @@
+#include "TemporaryFiles.h"
+#include "Destination.h"
+#include "SystemError.h"
+
+#include <array>
+#include <charconv>
+#include <fcntl.h>
+#include <string_view>
+#include <sys/stat.h>
+
+namespace {
+
+constexpr std::uint32_t kOwnerMayWrite = 0600;
+constexpr int kNameAttempts = 8;
+
+/// Read without changing it: umask() itself could only be asked by setting it, for all threads.
+std::uint32_t creationMask() {
+    const UniqueFd file(::open("/proc/self/status", O_RDONLY | O_CLOEXEC));
+    std::array<char, 4096> buffer{};
+    const ssize_t length = file.IsOpen() ? ::read(file.Get(), buffer.data(), buffer.size()) : 0;
+    const std::string_view text(buffer.data(), static_cast<std::size_t>(length > 0 ? length : 0));
+    constexpr std::string_view key = "\nUmask:\t";
+    const std::size_t at = text.find(key);
+    std::uint32_t mask = 0777;
+    if (at != std::string_view::npos)
+        std::from_chars(text.data() + at + key.size(), text.data() + text.size(), mask, 8);
+    return mask;
+}
+
+/// What an open of an unnamed file says where there is no such thing; other errors are real ones.
+bool meansUnsupported(const std::error_code& error) {
+    return error == ErrorOf(EOPNOTSUPP) || error == ErrorOf(EISDIR) || error == ErrorOf(EINVAL) ||
+           error == ErrorOf(ENOENT) || error == ErrorOf(ENOSYS);
+}
+
+bool meansNoRoom(const std::error_code& error) {
+    return error == ErrorOf(ENOSPC) || error == ErrorOf(EDQUOT) || error == ErrorOf(EIO) || error == ErrorOf(EROFS);
+}
+
+UniqueFd openUnnamed(const LinuxFolder& folder, std::uint32_t mode) {
+    return UniqueFd(::openat(folder.Descriptor(), ".", O_TMPFILE | O_RDWR | O_CLOEXEC, mode));
+}
+
+} // namespace
+
+TemporaryFiles::TemporaryFiles() : m_process(ProcessMark::OfThisProcess()), m_creationMask(creationMask()) {}
+
+std::error_code TemporaryFiles::Create(const std::shared_ptr<LinuxFolder>& folder, std::uint32_t mode,
+                                       TemporaryFile& file) {
+    bool isUnnamed = false;
+    if (const std::error_code error = supportsUnnamed(*folder, isUnnamed))
+        return error;
+    if (!isUnnamed)
+        return createNamed(folder, file);
+    const bool hasFinalMode = mayCreateWith(mode, *folder);
+    UniqueFd descriptor = openUnnamed(*folder, hasFinalMode ? mode : kOwnerMayWrite);
+    if (!descriptor.IsOpen())
+        return LastError();
+    file = TemporaryFile(folder, std::move(descriptor), {}, hasFinalMode);
+    return {};
+}
+
+bool TemporaryFiles::mayCreateWith(std::uint32_t mode, const LinuxFolder& folder) const {
+    const bool isPlain = (mode & ~0777U) == 0 && (mode & kOwnerMayWrite) == kOwnerMayWrite;
+    return isPlain && (mode & m_creationMask) == 0 && !folder.HasDefaultAccessList();
+}
+
+/// Tried out once for each file system, up to the link: a file that can be made but never named is of no use.
+std::error_code TemporaryFiles::supportsUnnamed(const LinuxFolder& folder, bool& supported) {
+    const auto known = m_unnamed.find(folder.Id().device);
+    if (known != m_unnamed.end()) {
+        supported = known->second;
+        return {};
+    }
+    supported = false;
+    const UniqueFd probe = openUnnamed(folder, kOwnerMayWrite);
+    if (!probe.IsOpen()) {
+        const std::error_code error = LastError();
+        if (!meansUnsupported(error))
+            return error;
+    } else {
+        const std::string name = MakeTemporaryName(m_process);
+        const std::error_code error = link(probe.Get(), folder, name.c_str());
+        if (!error)
+            ::unlinkat(folder.Descriptor(), name.c_str(), 0);
+        else if (meansNoRoom(error))
+            return error;
+        supported = !error;
+    }
+    m_unnamed.emplace(folder.Id().device, supported);
+    return {};
+}
+
+std::error_code TemporaryFiles::createNamed(const std::shared_ptr<LinuxFolder>& folder, TemporaryFile& file) const {
+    for (int attempt = 0; attempt < kNameAttempts; ++attempt) {
+        std::string name = MakeTemporaryName(m_process);
+        UniqueFd descriptor(::openat(folder->Descriptor(), name.c_str(),
+                                     O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, kOwnerMayWrite));
+        if (descriptor.IsOpen()) {
+            file = TemporaryFile(folder, std::move(descriptor), std::move(name), false);
+            return {};
+        }
+        if (errno != EEXIST)
+            break;
+    }
+    return LastError();
+}
+
+std::error_code TemporaryFiles::link(int file, const LinuxFolder& folder, const char* name) {
+    if (m_linksByDescriptor) {
+        if (::linkat(file, "", folder.Descriptor(), name, AT_EMPTY_PATH) == 0)
+            return {};
+        if (errno != ENOENT && errno != EINVAL)
+            return LastError();
+        m_linksByDescriptor = false; // takes a privilege, or a newer kernel
+    }
+    const std::string path = "/proc/self/fd/" + std::to_string(file);
+    return ::linkat(AT_FDCWD, path.c_str(), folder.Descriptor(), name, AT_SYMLINK_FOLLOW) == 0 ? std::error_code()
+                                                                                               : LastError();
+}
+
+std::error_code TemporaryFiles::Place(TemporaryFile& file, const std::filesystem::path& name, const FileId& source,
+                                      bool& placed) {
+    placed = false;
+    const LinuxFolder& folder = *file.Parent();
+    const bool isNamed = !file.Name().empty();
+    std::error_code error = isNamed ? RenameToFreeName(folder, file.Name().c_str(), folder, name)
+                                    : link(file.Descriptor(), folder, name.c_str());
+    if (error == ErrorOf(EEXIST)) {
+        DestinationState state{};
+        error = CheckDestination(folder, name, source, state);
+        if (error || state == DestinationState::IsSource) {
+            file.Discard();
+            return error;
+        }
+        // A file without a name cannot replace one: it takes a temporary name first.
+        const std::string oldName = isNamed ? file.Name() : MakeTemporaryName(m_process);
+        if (!isNamed)
+            error = link(file.Descriptor(), folder, oldName.c_str());
+        if (!error && ::renameat(folder.Descriptor(), oldName.c_str(), folder.Descriptor(), name.c_str()) != 0) {
+            error = LastError();
+            ::unlinkat(folder.Descriptor(), oldName.c_str(), 0);
+        }
+    }
+    placed = !error;
+    if (placed)
+        file.Release();
+    else
+        file.Discard();
+    return error;
+}

@@ -1,0 +1,35 @@
+// Makes temporary files beside their destination and puts them in place. Knows which file systems can hold a file
+// without a name. Failures are error codes and leave an old destination whole.
+#pragma once
+
+#include "TemporaryFile.h"
+#include "TemporaryName.h"
+
+#include <map>
+
+class TemporaryFiles final {
+  public:
+    TemporaryFiles();
+
+    /// A new empty file in the folder, open for writing. It is private to the owner unless the permission bits `mode`
+    /// could be given to it at once (`HasFinalMode`).
+    [[nodiscard]] std::error_code Create(const std::shared_ptr<LinuxFolder>& folder, std::uint32_t mode,
+                                         TemporaryFile& file);
+
+    /// Gives the file its name, in one step, over a file or a link to one. `placed` stays false, without an error, when
+    /// the destination is the file `source` itself; std::errc::is_a_directory or file_exists when something stands
+    /// there that no file may replace.
+    [[nodiscard]] std::error_code Place(TemporaryFile& file, const std::filesystem::path& name, const FileId& source,
+                                        bool& placed);
+
+  private:
+    [[nodiscard]] std::error_code supportsUnnamed(const LinuxFolder& folder, bool& supported);
+    [[nodiscard]] std::error_code createNamed(const std::shared_ptr<LinuxFolder>& folder, TemporaryFile& file) const;
+    [[nodiscard]] std::error_code link(int file, const LinuxFolder& folder, const char* name);
+    [[nodiscard]] bool mayCreateWith(std::uint32_t mode, const LinuxFolder& folder) const;
+
+    ProcessMark m_process;
+    std::uint32_t m_creationMask; ///< permission bits the system takes off new files
+    bool m_linksByDescriptor = true;
+    std::map<std::uint64_t, bool> m_unnamed; ///< by device
+};

@@ -1,0 +1,121 @@
+#include "TransferBatch.h"
+#include "Attributes.h"
+#include "DiskSync.h"
+#include "EntryFacts.h"
+#include "SystemError.h"
+
+#include <algorithm>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr std::uint64_t kByteLimit = 128 * 1024 * 1024;
+
+/// Looks once more, right before the source goes: what was written since would be lost with it.
+std::error_code removeSource(const FileJob& job) {
+    const int folder = job.source->Descriptor();
+    struct stat entry {};
+    struct stat content {};
+    if (::fstatat(folder, job.name.c_str(), &entry, AT_SYMLINK_NOFOLLOW) != 0 ||
+        ::fstatat(folder, job.name.c_str(), &content, 0) != 0)
+        return LastError();
+    if (S_ISLNK(entry.st_mode) != job.facts.isLink || !IsUnchanged(job.facts, content))
+        return ErrorOf(EAGAIN);
+    return ::unlinkat(folder, job.name.c_str(), 0) == 0 ? std::error_code() : LastError();
+}
+
+} // namespace
+
+void TransferBatch::Add(StagedFile file) {
+    const bool sameFolders = !m_files.empty() && m_files.back().job.source == file.job.source &&
+                             m_files.back().job.destination == file.job.destination;
+    m_descriptors += sameFolders ? 1 : 3;
+    m_bytes += file.job.facts.size;
+    m_files.push_back(std::move(file));
+}
+
+void TransferBatch::Add(StagedFolder folder) {
+    m_descriptors += 3;
+    m_folders.push_back(std::move(folder));
+}
+
+bool TransferBatch::Holds(const FileId& folder, const std::filesystem::path& name) const {
+    return std::any_of(m_files.begin(), m_files.end(), [&](const StagedFile& file) {
+        return file.job.name.native() == name.native() && file.job.destination->Id() == folder;
+    });
+}
+
+bool TransferBatch::IsFull(std::size_t descriptorLimit) const {
+    return m_descriptors >= descriptorLimit || m_bytes >= kByteLimit;
+}
+
+void TransferBatch::StartSync() {
+    if (!m_files.empty())
+        m_task.Start([this] { SyncContents(m_files); });
+}
+
+void TransferBatch::Finish(TemporaryFiles& temporaries, TransferObserver& observer) {
+    m_task.Wait(observer);
+    place(temporaries, observer);
+    syncNames(observer);
+    removeSources(observer);
+    finishFolders(observer);
+}
+
+void TransferBatch::place(TemporaryFiles& temporaries, TransferObserver& observer) {
+    for (StagedFile& file : m_files) {
+        if (!file.error)
+            file.error = temporaries.Place(file.copy, file.job.name, file.job.facts.id, file.isPlaced);
+        if (file.error)
+            observer.Failed(file.job.SourcePath(), file.error);
+    }
+}
+
+/// Only where something is to be removed: a copy that loses its name in a power cut is made again at the next run.
+void TransferBatch::syncNames(TransferObserver& observer) {
+    std::vector<std::shared_ptr<LinuxFolder>> folders;
+    for (const StagedFile& file : m_files) {
+        if (file.isPlaced && file.job.removeSource)
+            folders.push_back(file.job.destination);
+    }
+    for (const StagedFolder& folder : m_folders) {
+        if (folder.removeSource)
+            folders.push_back(folder.destination);
+    }
+    if (folders.empty())
+        return;
+    std::error_code error;
+    m_task.Start([&] { error = SyncNames(folders); });
+    m_task.Wait(observer);
+    if (!error)
+        return;
+    for (StagedFile& file : m_files) {
+        if (file.isPlaced && file.job.removeSource)
+            observer.Failed(file.job.SourcePath(), error);
+        file.job.removeSource = false;
+    }
+    for (StagedFolder& folder : m_folders)
+        folder.removeSource = false;
+}
+
+void TransferBatch::removeSources(TransferObserver& observer) {
+    for (const StagedFile& file : m_files) {
+        if (!file.isPlaced || !file.job.removeSource)
+            continue;
+        if (const std::error_code error = removeSource(file.job))
+            observer.Failed(file.job.SourcePath(), error);
+    }
+}
+
+void TransferBatch::finishFolders(TransferObserver& observer) {
+    for (const StagedFolder& folder : m_folders) {
+        std::error_code error =
+            CopyAttributes(folder.source->Descriptor(), folder.status, folder.destination->Descriptor(), false);
+        if (!error && folder.removeSource)
+            error = folder.sourceParent->DeleteEmptyFolder(folder.name);
+        // Not empty: what could not be transferred is in it, and was reported where it was to be.
+        if (error && error != std::errc::directory_not_empty)
+            observer.Failed(folder.source->Path(), error);
+    }
+}

@@ -1,0 +1,88 @@
+#include "TreeTransfer.h"
+#include "SystemError.h"
+
+#include <fcntl.h>
+
+namespace {
+
+constexpr int kDeepest = 200; // every level holds two descriptors
+constexpr mode_t kOwnerMayFill = 0700;
+
+} // namespace
+
+TreeTransfer::TreeTransfer(TransferObserver& observer, CommitQueue& queue,
+                           std::function<void(const FileJob&)> transferFile, const std::set<FileId>& excluded,
+                           bool removeSources)
+    : m_observer(observer), m_queue(queue), m_transferFile(std::move(transferFile)), m_excluded(excluded),
+      m_removeSources(removeSources) {}
+
+void TreeTransfer::Run(const std::shared_ptr<LinuxFolder>& source, const std::shared_ptr<LinuxFolder>& destination,
+                       const std::filesystem::path& name) {
+    if (const std::error_code error = enter(source, destination, name))
+        m_observer.Failed(source->Path() / name, error);
+}
+
+std::error_code TreeTransfer::enter(const std::shared_ptr<LinuxFolder>& source,
+                                    const std::shared_ptr<LinuxFolder>& destination,
+                                    const std::filesystem::path& name) {
+    if (m_depth >= kDeepest)
+        return ErrorOf(ELOOP);
+    StagedFolder folder;
+    std::error_code error;
+    folder.source = open(*source, name, error);
+    if (!folder.source)
+        return error;
+    if (m_excluded.contains(folder.source->Id()) || m_made.contains(folder.source->Id()))
+        return {};
+    // Listed before anything is made: the new folder must not turn up in its own source.
+    std::vector<FolderEntry> entries;
+    if (const std::error_code listing = folder.source->List(entries))
+        return listing;
+    if (::fstat(folder.source->Descriptor(), &folder.status) != 0)
+        return LastError();
+    folder.destination = make(*destination, name, folder.status.st_mode, error);
+    if (!folder.destination)
+        return error;
+    m_made.insert(folder.destination->Id());
+    ++m_depth;
+    transferEntries(folder.source, folder.destination, entries);
+    --m_depth;
+    folder.sourceParent = source;
+    folder.name = name;
+    folder.removeSource = m_removeSources;
+    m_queue.Add(std::move(folder));
+    return {};
+}
+
+void TreeTransfer::transferEntries(const std::shared_ptr<LinuxFolder>& source,
+                                   const std::shared_ptr<LinuxFolder>& destination,
+                                   const std::vector<FolderEntry>& entries) {
+    for (const FolderEntry& entry : entries) {
+        if (m_observer.StopRequested())
+            return;
+        if (entry.facts.kind == EntryKind::File)
+            m_transferFile({source, destination, entry.name, entry.facts, m_removeSources});
+        else if (entry.facts.kind == EntryKind::Folder && !m_excluded.contains(entry.facts.id))
+            Run(source, destination, entry.name);
+    }
+}
+
+/// Descriptors that staged files hold are given back before a folder is given up for want of one.
+std::shared_ptr<LinuxFolder> TreeTransfer::open(const LinuxFolder& parent, const std::filesystem::path& name,
+                                                std::error_code& error) {
+    auto folder = LinuxFolder::Open(parent.Descriptor(), name.c_str(), parent.Path() / name, false, error);
+    if (folder || m_queue.IsEmpty() || (error != ErrorOf(EMFILE) && error != ErrorOf(ENFILE)))
+        return folder;
+    m_queue.Flush();
+    return LinuxFolder::Open(parent.Descriptor(), name.c_str(), parent.Path() / name, false, error);
+}
+
+std::shared_ptr<LinuxFolder> TreeTransfer::make(const LinuxFolder& parent, const std::filesystem::path& name,
+                                                mode_t mode, std::error_code& error) {
+    // Never more open than the source, even for a moment, and open enough for its owner to fill it.
+    if (::mkdirat(parent.Descriptor(), name.c_str(), (mode & 0777U) | kOwnerMayFill) != 0) {
+        error = LastError();
+        return nullptr;
+    }
+    return open(parent, name, error);
+}

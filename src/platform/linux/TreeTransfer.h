@@ -1,0 +1,37 @@
+// Transfers one folder with everything in it, file by file. Knows the folders it made itself, so that it never walks
+// into its own work. Failures go to the observer and the walk goes on.
+#pragma once
+
+#include "CommitQueue.h"
+
+#include <set>
+
+class TreeTransfer final {
+  public:
+    /// `transferFile` takes each file; `excluded` folders are left out with their content.
+    TreeTransfer(TransferObserver& observer, CommitQueue& queue, std::function<void(const FileJob&)> transferFile,
+                 const std::set<FileId>& excluded, bool removeSources);
+
+    /// Makes the folder `name` in `destination` and fills it from that of `source`.
+    void Run(const std::shared_ptr<LinuxFolder>& source, const std::shared_ptr<LinuxFolder>& destination,
+             const std::filesystem::path& name);
+
+  private:
+    [[nodiscard]] std::error_code enter(const std::shared_ptr<LinuxFolder>& source,
+                                        const std::shared_ptr<LinuxFolder>& destination,
+                                        const std::filesystem::path& name);
+    [[nodiscard]] std::shared_ptr<LinuxFolder> open(const LinuxFolder& parent, const std::filesystem::path& name,
+                                                    std::error_code& error);
+    [[nodiscard]] std::shared_ptr<LinuxFolder> make(const LinuxFolder& parent, const std::filesystem::path& name,
+                                                    mode_t mode, std::error_code& error);
+    void transferEntries(const std::shared_ptr<LinuxFolder>& source, const std::shared_ptr<LinuxFolder>& destination,
+                         const std::vector<FolderEntry>& entries);
+
+    TransferObserver& m_observer;
+    CommitQueue& m_queue;
+    std::function<void(const FileJob&)> m_transferFile;
+    const std::set<FileId>& m_excluded;
+    bool m_removeSources;
+    std::set<FileId> m_made;
+    int m_depth = 0;
+};
