@@ -13,6 +13,7 @@
 #include "StringTable.h"
 #include "clsWatcher.h"
 #include "clsXML.h"
+#include <functional>
 #include <memory>
 
 class KeyState;
@@ -49,6 +50,12 @@ class Program final {
     /// Runs one activity now, outside its schedule, with the statuses the run-now commands show. Never throws.
     RunOutcome RunNow(const QString& name);
 
+    /// Is told every entry of every activity's log, written or not.
+    void OnLogLine(std::function<void(const QString& line)> listener);
+
+    /// The lock that keeps a second engine off the current activity file; null when another process has it.
+    [[nodiscard]] std::unique_ptr<HeldLock> LockFile();
+
     /// Schedulers do nothing until this is called: no activity runs before the notice is answered.
     void AllowTicks();
 
@@ -56,7 +63,7 @@ class Program final {
     void RequestEnd() { m_runState.closing = true; }
 
   private:
-    class Engine;
+    struct Engine;
     PlatformServices& m_services;
     Prompter& m_prompter;
     const StringTable& m_texts;

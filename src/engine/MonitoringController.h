@@ -15,7 +15,7 @@ class DueMarks;
 class EngineOptions;
 class HeldLock;
 class Locks;
-class MonitoringTimers;
+struct MonitoringTimers;
 class PowerControl;
 class Prompter;
 class StringTable;

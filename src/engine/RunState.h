@@ -12,9 +12,9 @@ struct RunOutcome {
 };
 
 struct RunState {
-    int depth = 0;              ///< runs on the stack
-    bool closing = false;       ///< the program is about to end: finish the present file, then return
-    unsigned eventsRan = 0;     ///< counts the times events could run: what was read before may be stale
-    QString lastProcessed;      ///< name of the activity processed last
+    int depth = 0;          ///< runs on the stack
+    bool closing = false;   ///< the program is about to end: finish the present file, then return
+    unsigned eventsRan = 0; ///< counts the times events could run: what was read before may be stale
+    QString lastProcessed;  ///< name of the activity processed last
     [[nodiscard]] bool Running() const { return depth > 0; }
 };

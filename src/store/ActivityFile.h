@@ -3,6 +3,7 @@
 // children); Save throws StoreError and then nothing was written.
 #pragma once
 
+#include "Locks.h"
 #include "OwnFiles.h"
 #include <QObject>
 #include <QString>
@@ -41,11 +42,15 @@ class ActivityFile final : public QObject {
     /// Offers to move a damaged file away and start an empty one. True when the file can be loaded again.
     bool OfferRepair();
 
+    /// Keeps every other process from running the activities of the current file; null when one does already.
+    [[nodiscard]] std::unique_ptr<HeldLock> LockForMonitoring(Locks& locks) const;
+
     /// Deletes the current file (when `confirmed` by the user's Yes), makes the default file current and ensures it.
     void ClearAll();
 
     /// Names of the activities in document order.
     [[nodiscard]] QStringList Names() const;
+    [[nodiscard]] bool Has(const QString& name) const;
     [[nodiscard]] QString Read(const QString& name, const char* field) const;
     void Write(const QString& name, const char* field, const QString& value);
 

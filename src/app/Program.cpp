@@ -1,0 +1,98 @@
+#include "Program.h"
+#include "ActionExecution.h"
+#include "ActivityLogs.h"
+#include "ChangeDetection.h"
+#include "DueMarks.h"
+#include "KeyState.h"
+#include "Prompter.h"
+#include "Reactions.h"
+#include "SafeExit.h"
+#include "Schedulers.h"
+#include "SurplusRemoval.h"
+#include "SyncTexts.h"
+
+namespace {
+const QString application = QStringLiteral("Kalvenor");
+const QString optionsSection = QStringLiteral("Options");
+const QString acceptedKey = QStringLiteral("Accepted");
+} // namespace
+
+/// The parts of the engine, each handed the ones above it.
+struct Program::Engine {
+    Engine(Program& program, const KeyState& keys)
+        : syncTexts(program.m_texts), logs({program.m_file, program.m_list, program.m_options,
+                                            *program.m_services.ownFiles, *program.m_services.clock, program.m_texts}),
+          reactions({program.m_file, logs, *program.m_services.process, program.m_prompter, program.m_texts,
+                     program.m_runState}),
+          safeExit({program.m_options, keys, *program.m_services.process, program.m_prompter, program.m_texts}),
+          surplus({program.m_file, logs, syncTexts}), dueMarks(program.m_file, program.m_list),
+          monitoring({program.m_file, program.m_list, logs, dueMarks, program.m_options, *program.m_services.locks,
+                      program.m_timers, *program.m_services.power, program.m_prompter, program.m_texts,
+                      program.m_runState}),
+          actions({program.m_file, logs, reactions, safeExit, surplus, monitoring, program.m_prompter, syncTexts}),
+          changes({program.m_file, program.m_list, logs, actions, monitoring, program.m_options, syncTexts,
+                   program.m_texts, *program.m_services.fileSystem, *program.m_services.eventPump,
+                   *program.m_services.clock, program.m_runState, nullptr}),
+          schedulers({program.m_file, program.m_list, logs, changes, dueMarks, monitoring, *program.m_services.clock,
+                      program.m_texts, program.m_runState, QLocale::system()}) {
+        schedulers.ConnectTo(program.m_timers);
+    }
+
+    SyncTexts syncTexts;
+    ActivityLogs logs;
+    Reactions reactions;
+    SafeExit safeExit;
+    SurplusRemoval surplus;
+    DueMarks dueMarks;
+    MonitoringController monitoring;
+    ActionExecution actions;
+    ChangeDetection changes;
+    Schedulers schedulers;
+};
+
+Program::Program(PlatformServices& services, Prompter& prompter, const KeyState& keys, const StringTable& texts)
+    : m_services(services), m_prompter(prompter), m_texts(texts), m_document(*services.ownFiles),
+      m_options(*services.settings), m_file(m_document, *services.ownFiles, prompter, texts, services.places),
+      m_list(m_file, texts), m_timers(*services.clock), m_engine(std::make_unique<Engine>(*this, keys)) {}
+
+Program::~Program() = default;
+
+MonitoringController& Program::Monitoring() {
+    return m_engine->monitoring;
+}
+
+QString Program::Title() {
+    const QStringList parts = QStringLiteral(KALVENOR_VERSION).split(u'.');
+    return u"Kalvenor Pro " + parts.value(0) + u'.' + parts.value(1);
+}
+
+QString Program::Caption() const {
+    return Title() + u"  [" + m_file.CurrentPath() + u']';
+}
+
+bool Program::IsNoticeAccepted() const {
+    return m_services.settings->Read(application, optionsSection, acceptedKey) == QStringLiteral("Yes");
+}
+
+std::error_code Program::AcceptNotice() {
+    return m_services.settings->Write(application, optionsSection, acceptedKey, QStringLiteral("Yes"));
+}
+
+RunOutcome Program::RunNow(const QString& name) {
+    m_engine->logs.SetActivityStatus(name, m_texts.Text(197));
+    const RunOutcome outcome = m_engine->changes.ProcessActivity(name);
+    m_engine->logs.SetActivityStatus(name, m_texts.Text(198));
+    return outcome;
+}
+
+void Program::OnLogLine(std::function<void(const QString& line)> listener) {
+    m_engine->logs.SetListener(std::move(listener));
+}
+
+std::unique_ptr<HeldLock> Program::LockFile() {
+    return m_file.LockForMonitoring(*m_services.locks);
+}
+
+void Program::AllowTicks() {
+    m_engine->schedulers.Allow();
+}

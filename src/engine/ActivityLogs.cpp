@@ -1,0 +1,62 @@
+#include "ActivityLogs.h"
+#include "ActivityFile.h"
+#include "ActivityList.h"
+#include "Clock.h"
+#include "EngineOptions.h"
+#include "OwnFiles.h"
+#include "StringTable.h"
+#include "modLogTime.h"
+#include "modNativePath.h"
+
+#include <tuple>
+
+namespace {
+const QString lineEnd = QStringLiteral("\r\n");
+
+// A line break in a file's name must not pass for an entry of its own.
+QString oneLine(QString text) {
+    return text.replace(u'\r', u' ').replace(u'\n', u' ');
+}
+
+QByteArray entry(const Clock& clock, const QString& text) {
+    return (u"-> [" + modLogTime::Text(clock.Now()) + u"] " + text + lineEnd).toUtf8();
+}
+} // namespace
+
+bool ActivityLogs::HasReader(const QString& name) const {
+    return m_listener || !m_parts.file.Read(name, "logfile").trimmed().isEmpty();
+}
+
+void ActivityLogs::SetActivityStatus(const QString& name, const QString& text) {
+    m_parts.list.SetText(name, ActivityList::Status, text);
+    WriteActionLine(name, text);
+}
+
+void ActivityLogs::WriteActionLine(const QString& name, const QString& text) {
+    WriteActivityLog(name, m_parts.texts.Text(268) + name + u"' - " + text, false);
+}
+
+void ActivityLogs::WriteActivityLog(const QString& name, const QString& text, bool blankLineFirst) {
+    const QString line = oneLine(text);
+    if (m_listener)
+        m_listener(line);
+    const QString path = m_parts.file.Read(name, "logfile");
+    if (path.trimmed().isEmpty())
+        return;
+    QByteArray bytes = entry(m_parts.clock, line);
+    if (blankLineFirst)
+        bytes.prepend(lineEnd.toUtf8());
+    std::ignore = m_parts.files.Append(modNativePath::FromText(path), bytes, true);
+}
+
+void ActivityLogs::WriteAppLog(const QString& text) {
+    const QString path = m_parts.options.ApplicationLog();
+    if (path.isEmpty())
+        return;
+    // Line ends that close the entry are its own and stay; they set the end of a session apart.
+    qsizetype length = text.size();
+    while (length > 0 && (text[length - 1] == u'\n' || text[length - 1] == u'\r'))
+        --length;
+    const QByteArray bytes = entry(m_parts.clock, oneLine(text.left(length)) + text.mid(length));
+    std::ignore = m_parts.files.Append(modNativePath::FromText(path), bytes, false);
+}

@@ -1,0 +1,48 @@
+// The engine's outputs in text: the status of an activity, its own log, and the application log. Owns nothing. A log
+// that cannot be written loses its entry; nothing else is affected.
+#pragma once
+
+#include <QString>
+#include <functional>
+
+class ActivityFile;
+class ActivityList;
+class Clock;
+class EngineOptions;
+class OwnFiles;
+class StringTable;
+
+class ActivityLogs final {
+  public:
+    struct Parts {
+        ActivityFile& file;
+        ActivityList& list;
+        const EngineOptions& options;
+        OwnFiles& files;
+        const Clock& clock;
+        const StringTable& texts;
+    };
+    explicit ActivityLogs(const Parts& parts) : m_parts(parts) {}
+
+    /// Shows the text in the activity's row and, when it has a log of its own, writes it there.
+    void SetActivityStatus(const QString& name, const QString& text);
+
+    /// Appends "-> [now] text" to the activity's own log, made when it is missing.
+    void WriteActivityLog(const QString& name, const QString& text, bool blankLineFirst);
+
+    /// The same with "Activity 'NAME' - " in front.
+    void WriteActionLine(const QString& name, const QString& text);
+
+    /// Appends to the application log when one is set and its file exists; it is never created here.
+    void WriteAppLog(const QString& text);
+
+    /// Whether anybody reads this activity's lines; spares composing them.
+    [[nodiscard]] bool HasReader(const QString& name) const;
+
+    /// Is told every entry of every activity, with or without a log file.
+    void SetListener(std::function<void(const QString& text)> listener) { m_listener = std::move(listener); }
+
+  private:
+    Parts m_parts;
+    std::function<void(const QString&)> m_listener;
+};

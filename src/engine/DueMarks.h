@@ -1,0 +1,36 @@
+// When interval activities are due next: the running counters and the marks in the activities' records. Owns the
+// counters. A mark or an interval that is no number leaves the record as it is.
+#pragma once
+
+#include <QString>
+#include <cstdint>
+#include <optional>
+
+class ActivityFile;
+class ActivityList;
+
+class DueMarks final {
+  public:
+    enum class Kind { Seconds, Minutes, Hours };
+
+    DueMarks(ActivityFile& file, const ActivityList& list) : m_file(file), m_list(list) {}
+
+    std::int32_t SecondCounter = 0;
+    std::int32_t MinuteCounter = 0;
+    std::int32_t HourCounter = 0;
+    std::int32_t HourSubCounter = 0;
+    void ResetCounters();
+
+    /// Writes the counter value at which the activity is next due. The three kinds wrap differently.
+    void ComputeDueMark(const QString& name, Kind kind, std::int32_t interval);
+    void ScheduleActivity(const QString& name);
+    void ScheduleCheckedActivities();
+    void ClearDueMarks();
+
+    /// A field as a whole number of 32 bits; nothing when it is empty or no number.
+    [[nodiscard]] std::optional<std::int32_t> Number(const QString& name, const char* field) const;
+
+  private:
+    ActivityFile& m_file;
+    const ActivityList& m_list;
+};

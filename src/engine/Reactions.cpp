@@ -1,0 +1,27 @@
+#include "Reactions.h"
+#include "ActivityFile.h"
+#include "ActivityLogs.h"
+#include "Process.h"
+#include "Prompter.h"
+#include "RunState.h"
+#include "StringTable.h"
+
+void Reactions::ReactToChange(const QString& name, const QString& path) {
+    const StringTable& texts = m_parts.texts;
+    if (m_parts.file.Read(name, "alert") == u"Y") {
+        m_parts.logs.SetActivityStatus(name, texts.Text(229) + u" " + path);
+        m_parts.prompter.Ask(
+            {texts.Text(230) + path + texts.Text(231), texts.Text(232), MessageIcon::Information, MessageButtons::Ok});
+        ++m_parts.runState.eventsRan;
+    }
+    const QString executable = m_parts.file.Read(name, "executeable");
+    if (!executable.isEmpty())
+        executeFile(name, executable);
+}
+
+void Reactions::executeFile(const QString& name, const QString& executable) {
+    const StringTable& texts = m_parts.texts;
+    m_parts.logs.SetActivityStatus(name, texts.Text(233) + executable + u"' ...");
+    if (!m_parts.process.Open(executable))
+        m_parts.logs.SetActivityStatus(name, texts.Text(234) + executable + texts.Text(235));
+}

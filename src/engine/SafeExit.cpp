@@ -1,0 +1,18 @@
+#include "SafeExit.h"
+#include "EngineOptions.h"
+#include "KeyState.h"
+#include "MonitoringSwitch.h"
+#include "Process.h"
+#include "Prompter.h"
+#include "StringTable.h"
+
+bool SafeExit::IsRequested() const {
+    return m_parts.options.SafeExit() && m_parts.keys.IsF8Down();
+}
+
+void SafeExit::End(MonitoringSwitch& monitoring) {
+    monitoring.StopMonitoring();
+    m_parts.prompter.Ask(
+        {m_parts.texts.Text(404), m_parts.texts.Text(403), MessageIcon::Exclamation, MessageButtons::Ok});
+    m_parts.process.EndNow(0);
+}

@@ -1,0 +1,147 @@
+#include "Schedulers.h"
+#include "ActivityFile.h"
+#include "ActivityList.h"
+#include "ActivityLogs.h"
+#include "ChangeDetection.h"
+#include "Clock.h"
+#include "MonitoringSwitch.h"
+#include "MonitoringTimers.h"
+#include "StoreError.h"
+#include "StringTable.h"
+#include "modLogTime.h"
+#include "modTriggerDate.h"
+
+void Schedulers::ConnectTo(MonitoringTimers& timers) {
+    connect(&timers.tmrMonitoring, &TimerEx::Timer, this, &Schedulers::OnSecond);
+    connect(&timers.tmrMinutes, &TimerEx::Timer, this, &Schedulers::OnMinute);
+    connect(&timers.tmrHours, &TimerEx::Timer, this, &Schedulers::OnHour);
+    connect(&timers.tmrTime, &TimerEx::Timer, this, &Schedulers::OnTimeOfDay);
+    connect(&timers.tmrDate, &TimerEx::Timer, this, &Schedulers::OnDate);
+}
+
+bool Schedulers::mayTick() const {
+    return m_allowed && !m_parts.list.ListBusy() && !m_parts.runState.closing;
+}
+
+bool Schedulers::isActive(const QString& name, const QString& type) const {
+    return m_parts.file.Read(name, "type") == type && m_parts.file.Read(name, "activ") == u"1" &&
+           !m_parts.list.IsTakenOut(name);
+}
+
+void Schedulers::runDue(const QString& name) {
+    if (m_parts.file.Read(name, "runningmode") == u"1") {
+        m_parts.list.TakeOut(name);
+        m_parts.logs.SetActivityStatus(name, m_parts.texts.Text(228));
+    }
+    m_parts.changes.ProcessActivity(name);
+    m_parts.dueMarks.ScheduleActivity(name);
+}
+
+void Schedulers::repairMark(const QString& name, std::int32_t mark) {
+    if (mark < 60)
+        return;
+    if (const std::optional<std::int32_t> interval = m_parts.dueMarks.Number(name, "intervall"))
+        m_parts.file.Write(name, "exceedtime", QString::number(*interval));
+}
+
+// Rows are walked by index against the present count: a run lets events in, and those can rebuild the list.
+void Schedulers::OnSecond() {
+    if (!mayTick())
+        return;
+    std::int32_t& counter = m_parts.dueMarks.SecondCounter;
+    if (counter >= 59)
+        counter = 0;
+    for (int row = 0; row < m_parts.list.Rows(); ++row) {
+        const QString name = m_parts.list.NameAt(row);
+        if (!m_parts.list.IsChecked(row) || m_parts.file.Read(name, "type") != u"0")
+            continue;
+        const std::optional<std::int32_t> mark = m_parts.dueMarks.Number(name, "exceedtime");
+        if (!mark)
+            continue;
+        if (*mark != counter)
+            repairMark(name, *mark);
+        else if (m_parts.file.Read(name, "activ") == u"1")
+            runDue(name);
+    }
+    ++counter;
+    m_parts.monitoring.CheckAllIdle();
+}
+
+void Schedulers::tickOfInterval(const QString& type, std::int32_t counter, bool dueFromMarkOn) {
+    for (int row = 0; row < m_parts.list.Rows(); ++row) {
+        const QString name = m_parts.list.NameAt(row);
+        if (!isActive(name, type))
+            continue;
+        const std::optional<std::int32_t> mark = m_parts.dueMarks.Number(name, "exceedtime");
+        if (!mark)
+            continue;
+        if (counter == *mark || (dueFromMarkOn && counter > *mark))
+            runDue(name);
+        else
+            repairMark(name, *mark);
+    }
+}
+
+void Schedulers::OnMinute() {
+    if (!mayTick())
+        return;
+    std::int32_t& counter = m_parts.dueMarks.MinuteCounter;
+    counter = counter < 60 ? counter + 1 : 0;
+    tickOfInterval(QStringLiteral("1"), counter, false);
+}
+
+void Schedulers::OnHour() {
+    if (!mayTick())
+        return;
+    std::int32_t& counter = m_parts.dueMarks.HourCounter;
+    counter = counter <= 23 ? counter + 1 : 0;
+    tickOfInterval(QStringLiteral("2"), counter, true);
+}
+
+void Schedulers::OnTimeOfDay() {
+    if (!mayTick())
+        return;
+    for (int row = 0; row < m_parts.list.Rows(); ++row) {
+        const QString name = m_parts.list.NameAt(row);
+        if (!isActive(name, QStringLiteral("4")) ||
+            modLogTime::HoursAndMinutes(m_parts.clock.Now()) != m_parts.file.Read(name, "triggertime"))
+            continue;
+        m_parts.changes.ProcessActivity(name);
+        if (m_parts.file.Read(name, "daily").toInt() == 0)
+            finishForGood(name);
+        m_parts.monitoring.CheckAllIdle();
+    }
+}
+
+void Schedulers::OnDate() {
+    if (!mayTick())
+        return;
+    for (int row = 0; row < m_parts.list.Rows(); ++row) {
+        const QString name = m_parts.list.NameAt(row);
+        if (!isActive(name, QStringLiteral("3")))
+            continue;
+        const std::chrono::system_clock::time_point now = m_parts.clock.Now();
+        const QDate today = QDateTime::fromSecsSinceEpoch(std::chrono::system_clock::to_time_t(now)).date();
+        if (modTriggerDate::Read(m_parts.file.Read(name, "triggerdate"), m_parts.locale) != today ||
+            modLogTime::HoursAndMinutes(now) != m_parts.file.Read(name, "triggerdatetime"))
+            continue;
+        m_parts.changes.ProcessActivity(name);
+        finishForGood(name);
+        m_parts.monitoring.CheckAllIdle();
+    }
+}
+
+void Schedulers::finishForGood(const QString& name) {
+    m_parts.logs.SetActivityStatus(name, m_parts.texts.Text(226) + name + u" " + m_parts.texts.Text(227));
+    m_parts.file.Write(name, "activ", QStringLiteral("0"));
+    m_parts.list.SetChecked(name, false);
+    try {
+        m_parts.file.Save();
+    } catch (const StoreError& error) {
+        // The document in memory still knows that this activity is done: nothing is loaded over it.
+        m_parts.logs.SetActivityStatus(name, error.Text());
+        m_parts.logs.WriteAppLog(error.Text());
+        return;
+    }
+    m_parts.list.Refill();
+}

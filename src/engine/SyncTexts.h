@@ -1,0 +1,40 @@
+// The lines and the question of the file work, put together from the string table. Owns nothing, cannot fail.
+#pragma once
+
+#include "FileFacts.h"
+#include "SyncRules.h"
+#include <QString>
+#include <system_error>
+
+class StringTable;
+struct Message;
+
+/// One of the two files of a pair.
+struct FileSide {
+    QString path;
+    FileFacts facts;
+};
+
+class SyncTexts final {
+  public:
+    explicit SyncTexts(const StringTable& texts) : m_texts(texts) {}
+
+    [[nodiscard]] QString NoAction(const QString& path) const;
+    [[nodiscard]] QString New(FileAction action, const FileSide& source, const QString& destination) const;
+    [[nodiscard]] QString Replacement(const FileRules& rules, const FileSide& source,
+                                      const FileSide& destination) const;
+    [[nodiscard]] QString NotNewer(const FileSide& source, const FileSide& destination) const;
+    [[nodiscard]] QString Declined(const QString& source) const;
+    [[nodiscard]] QString DeletingFile(const QString& path) const;
+    [[nodiscard]] QString DeletingFolder(const QString& path) const;
+    [[nodiscard]] QString TransferringFolder(const QString& source, const QString& destination) const;
+
+    /// A busy or shared file is told apart from every other error, which is named by the system's number.
+    [[nodiscard]] QString Failure(const QString& source, std::error_code error) const;
+
+    /// Asks before an older file replaces a newer one.
+    [[nodiscard]] Message OverwriteQuestion(const FileSide& source, const FileSide& destination) const;
+
+  private:
+    const StringTable& m_texts;
+};

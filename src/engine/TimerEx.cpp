@@ -1,0 +1,80 @@
+#include "TimerEx.h"
+#include "Clock.h"
+#include "EngineError.h"
+
+#include <array>
+#include <cstdlib>
+#include <limits>
+
+namespace {
+struct Unit {
+    std::int64_t seconds;
+    std::chrono::milliseconds poll;
+};
+constexpr std::array<Unit, 4> units{{{1, std::chrono::milliseconds(100)},
+                                     {60, std::chrono::milliseconds(1000)},
+                                     {3600, std::chrono::milliseconds(30000)},
+                                     {86400, std::chrono::milliseconds(60000)}}};
+
+std::int64_t wholeSeconds(std::chrono::system_clock::time_point time) {
+    return std::chrono::floor<std::chrono::seconds>(time.time_since_epoch()).count();
+}
+} // namespace
+
+TimerEx::TimerEx(const Clock& clock) : m_clock(clock), m_lastFiring(clock.Now()) {
+    connect(&m_tmr, &QTimer::timeout, this, &TimerEx::onInnerTick);
+}
+
+void TimerEx::SetEnabled(bool enabled) {
+    m_enabled = enabled;
+    if (!enabled)
+        m_tmr.stop();
+    restart();
+}
+
+void TimerEx::SetInterval(std::int32_t interval) {
+    if (interval < 0)
+        throw EngineError(380, "invalid property value");
+    m_interval = interval;
+    if (interval == 0)
+        m_tmr.stop();
+    restart();
+}
+
+void TimerEx::SetIntervalUnit(std::int32_t unit) {
+    if (unit < 0 || unit >= static_cast<std::int32_t>(units.size()))
+        throw EngineError(380, "invalid property value");
+    m_unit = unit;
+    restart();
+}
+
+void TimerEx::restart() {
+    if (!m_enabled || m_interval == 0)
+        return;
+    m_tmr.start(units[static_cast<std::size_t>(m_unit)].poll);
+    m_lastFiring = m_clock.Now();
+}
+
+void TimerEx::Poll() {
+    if (!m_enabled || m_interval == 0 || m_firing)
+        return;
+    const std::int64_t period = m_interval * units[static_cast<std::size_t>(m_unit)].seconds;
+    if (period > std::numeric_limits<std::int32_t>::max())
+        throw EngineError(6, "overflow");
+    // A clock that was set back counts as elapsed time too: better one tick too early than none for a year.
+    if (std::abs(wholeSeconds(m_clock.Now()) - wholeSeconds(m_lastFiring)) < period)
+        return;
+    m_firing = true;
+    Q_EMIT Timer();
+    m_firing = false;
+    m_lastFiring = m_clock.Now();
+}
+
+void TimerEx::onInnerTick() {
+    try {
+        Poll();
+    } catch (const EngineError&) {
+        // The period can never elapse; an exception must not pass through the event loop.
+        m_tmr.stop();
+    }
+}

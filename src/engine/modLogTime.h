@@ -1,0 +1,17 @@
+// Dates and times as text, in local time. Free functions, no failure.
+#pragma once
+
+#include "FileFacts.h"
+#include <QString>
+#include <chrono>
+
+namespace modLogTime {
+
+/// "dd.MM.yyyy HH:mm:ss", whatever the locale.
+[[nodiscard]] QString Text(std::chrono::system_clock::time_point time);
+[[nodiscard]] QString Text(const FileTime& time);
+
+/// "HH:mm", 24-hour clock with leading zeros.
+[[nodiscard]] QString HoursAndMinutes(std::chrono::system_clock::time_point time);
+
+} // namespace modLogTime

@@ -1,0 +1,29 @@
+#include "StringTable.h"
+
+#include <QByteArray>
+#include <QLocale>
+#include <QStringList>
+
+// The resource lies in a static library, where nothing refers to it: the linker would leave it out. The macro must
+// stand outside every namespace.
+static void registerTables() {
+    Q_INIT_RESOURCE(strings);
+}
+
+Language StringTable::PreferredLanguage() {
+    const QStringList languages = QLocale::system().uiLanguages();
+    const bool german = !languages.isEmpty() && languages.constFirst().startsWith(QLatin1String("de"));
+    return german ? Language::German : Language::English;
+}
+
+StringTable::StringTable(Language language) {
+    registerTables();
+    const QString table = language == Language::German ? QStringLiteral("de") : QStringLiteral("en");
+    const bool loaded = m_translator.load(QStringLiteral(":/strings/strings_%1.qm").arg(table));
+    Q_ASSERT_X(loaded, "StringTable", "the compiled-in table is unreadable");
+    static_cast<void>(loaded);
+}
+
+QString StringTable::Text(int id) const {
+    return m_translator.translate("", QByteArray::number(id).constData());
+}

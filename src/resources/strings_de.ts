@@ -1,0 +1,1118 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de">
+<context>
+    <name>Given texts</name>
+    <message id="103">
+        <source>Visit Orrindale in the world wide web ...</source>
+        <translation>Besuchen Sie Orrindale im World Wide Web ...</translation>
+    </message>
+    <message id="105">
+        <source>Systeminformations not available on this system at the moment!</source>
+        <translation>Die Systeminformationen sind auf diesem System zurzeit nicht verfügbar!</translation>
+    </message>
+    <message id="107">
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message id="109">
+        <source>If not used the right way, Kalvenor Pro can do harm to your computer system or cause data loss. Orrindale is not responsible for loss of data or caused damaged on your computer system. You use this software on your own risk. More you find in the license terms and conditions chapter in the manual. To use this program you MUST accept this notice and the license terms and conditions.</source>
+        <translation>Bei unsachgemäßer Verwendung kann Kalvenor Pro Ihr Computersystem schädigen oder zu Datenverlust führen. Orrindale haftet nicht für Datenverlust oder für Schäden an Ihrem Computersystem. Sie verwenden diese Software auf eigene Gefahr. Näheres finden Sie im Handbuch im Kapitel über die Lizenzbedingungen. Um dieses Programm zu verwenden, MÜSSEN Sie diesen Hinweis und die Lizenzbedingungen annehmen.</translation>
+    </message>
+    <message id="110">
+        <source>ATTENTION:</source>
+        <translation>ACHTUNG:</translation>
+    </message>
+    <message id="111">
+        <source>Accept</source>
+        <translation>Annehmen</translation>
+    </message>
+    <message id="112">
+        <source>Decline</source>
+        <translation>Ablehnen</translation>
+    </message>
+    <message id="117">
+        <source>General options</source>
+        <translation>Allgemeine Optionen</translation>
+    </message>
+    <message id="118">
+        <source>General settings</source>
+        <translation>Allgemeine Einstellungen</translation>
+    </message>
+    <message id="119">
+        <source>Start Kalvenor mimimized with Windows startup</source>
+        <translation>Kalvenor beim Start von Windows minimiert starten</translation>
+    </message>
+    <message id="120">
+        <source>After minimizing show in tray notification area</source>
+        <translation>Nach dem Minimieren im Infobereich der Taskleiste anzeigen</translation>
+    </message>
+    <message id="121">
+        <source>Shutdown computer when finished last action</source>
+        <translation>Computer nach der letzten Aktion herunterfahren</translation>
+    </message>
+    <message id="122">
+        <source>After start immediately start monitoring</source>
+        <translation>Nach dem Start sofort mit der Überwachung beginnen</translation>
+    </message>
+    <message id="123">
+        <source>Refresh logfile view every 10 seconds</source>
+        <translation>Anzeige der Protokolldatei alle 10 Sekunden aktualisieren</translation>
+    </message>
+    <message id="124">
+        <source>Logfile for Kalvenor</source>
+        <translation>Protokolldatei für Kalvenor</translation>
+    </message>
+    <message id="125">
+        <source>&amp;Save</source>
+        <translation>&amp;Speichern</translation>
+    </message>
+    <message id="126">
+        <source>C&amp;ancel</source>
+        <translation>&amp;Abbrechen</translation>
+    </message>
+    <message id="127">
+        <source>Help</source>
+        <translation>Hilfe</translation>
+    </message>
+    <message id="128">
+        <source>Select file</source>
+        <translation>Datei auswählen</translation>
+    </message>
+    <message id="129">
+        <source>Please select logging file</source>
+        <translation>Bitte wählen Sie die Protokolldatei aus</translation>
+    </message>
+    <message id="130">
+        <source>Log file</source>
+        <translation>Protokolldatei</translation>
+    </message>
+    <message id="131">
+        <source>All files</source>
+        <translation>Alle Dateien</translation>
+    </message>
+    <message id="132">
+        <source>The selected directory &apos;</source>
+        <translation>Das ausgewählte Verzeichnis &apos;</translation>
+    </message>
+    <message id="133">
+        <source>&apos; doesn&apos;t exist.</source>
+        <translation>&apos; existiert nicht.</translation>
+    </message>
+    <message id="134">
+        <source>Please select a valid directory.</source>
+        <translation>Bitte wählen Sie ein gültiges Verzeichnis aus.</translation>
+    </message>
+    <message id="135">
+        <source>Directory not found</source>
+        <translation>Verzeichnis nicht gefunden</translation>
+    </message>
+    <message id="136">
+        <source>The help from within Kalvenor works only with an installed Internet Explorer 5.x or higher!</source>
+        <translation>Die Hilfe innerhalb von Kalvenor funktioniert nur, wenn der Internet Explorer 5.x oder höher installiert ist!</translation>
+    </message>
+    <message id="137">
+        <source>Please use the help file located in the Kalvenor startmenu entry.</source>
+        <translation>Bitte verwenden Sie die Hilfedatei im Startmenü-Eintrag von Kalvenor.</translation>
+    </message>
+    <message id="138">
+        <source>Help can not be opened</source>
+        <translation>Die Hilfe kann nicht geöffnet werden</translation>
+    </message>
+    <message id="139">
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message id="140">
+        <source>Import action file</source>
+        <translation>Aktionsdatei importieren</translation>
+    </message>
+    <message id="141">
+        <source>Export action file</source>
+        <translation>Aktionsdatei exportieren</translation>
+    </message>
+    <message id="142">
+        <source>Start monitoring</source>
+        <translation>Überwachung starten</translation>
+    </message>
+    <message id="143">
+        <source>Delete all activities</source>
+        <translation>Alle Aktivitäten löschen</translation>
+    </message>
+    <message id="144">
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message id="145">
+        <source>Synchronize system clock</source>
+        <translation>Systemuhr synchronisieren</translation>
+    </message>
+    <message id="146">
+        <source>Show Kalvenor logfile</source>
+        <translation>Kalvenor-Protokolldatei anzeigen</translation>
+    </message>
+    <message id="147">
+        <source>Delete Kalvenor logfile</source>
+        <translation>Kalvenor-Protokolldatei löschen</translation>
+    </message>
+    <message id="148">
+        <source>Exit</source>
+        <translation>Beenden</translation>
+    </message>
+    <message id="150">
+        <source>About</source>
+        <translation>Info</translation>
+    </message>
+    <message id="151">
+        <source>Add activity</source>
+        <translation>Aktivität hinzufügen</translation>
+    </message>
+    <message id="152">
+        <source>Delete activity</source>
+        <translation>Aktivität löschen</translation>
+    </message>
+    <message id="153">
+        <source>Select all</source>
+        <translation>Alles auswählen</translation>
+    </message>
+    <message id="154">
+        <source>Deselect all</source>
+        <translation>Auswahl aufheben</translation>
+    </message>
+    <message id="155">
+        <source>Show logfile</source>
+        <translation>Protokolldatei anzeigen</translation>
+    </message>
+    <message id="156">
+        <source>Delete logfile</source>
+        <translation>Protokolldatei löschen</translation>
+    </message>
+    <message id="157">
+        <source>Start activity immediately</source>
+        <translation>Aktivität sofort starten</translation>
+    </message>
+    <message id="158">
+        <source>Properties</source>
+        <translation>Eigenschaften</translation>
+    </message>
+    <message id="159">
+        <source>The monitoring is still activ. Exit anyway?</source>
+        <translation>Die Überwachung ist noch aktiv. Trotzdem beenden?</translation>
+    </message>
+    <message id="160">
+        <source>Exit program</source>
+        <translation>Programm beenden</translation>
+    </message>
+    <message id="162">
+        <source>Select file to export</source>
+        <translation>Datei für den Export auswählen</translation>
+    </message>
+    <message id="163">
+        <source>Kalvenor action file</source>
+        <translation>Kalvenor-Aktionsdatei</translation>
+    </message>
+    <message id="164">
+        <source>Exporting &apos;</source>
+        <translation>Exportieren von &apos;</translation>
+    </message>
+    <message id="165">
+        <source>While exporting another action file you will lose all current activities.</source>
+        <translation>Beim Exportieren in eine andere Aktionsdatei gehen alle aktuellen Aktivitäten verloren.</translation>
+    </message>
+    <message id="166">
+        <source>Do you really want to proceed?</source>
+        <translation>Möchten Sie wirklich fortfahren?</translation>
+    </message>
+    <message id="167">
+        <source>Import action file</source>
+        <translation>Aktionsdatei importieren</translation>
+    </message>
+    <message id="168">
+        <source>Select file to import</source>
+        <translation>Datei für den Import auswählen</translation>
+    </message>
+    <message id="169">
+        <source>Importing &apos;</source>
+        <translation>Importieren von &apos;</translation>
+    </message>
+    <message id="172">
+        <source>Running instance of Kalvenor Pro found!</source>
+        <translation>Kalvenor Pro läuft bereits!</translation>
+    </message>
+    <message id="173">
+        <source>It&apos;s not possible to run multiple instances of Kalvenor Pro at the same time.</source>
+        <translation>Kalvenor Pro kann nicht mehrmals gleichzeitig ausgeführt werden.</translation>
+    </message>
+    <message id="174">
+        <source>File &apos;</source>
+        <translation>Die Datei &apos;</translation>
+    </message>
+    <message id="175">
+        <source>&apos; could not be started with Kalvenor.</source>
+        <translation>&apos; konnte mit Kalvenor nicht gestartet werden.</translation>
+    </message>
+    <message id="176">
+        <source>Invalid file</source>
+        <translation>Ungültige Datei</translation>
+    </message>
+    <message id="179">
+        <source>Name of activity</source>
+        <translation>Name der Aktivität</translation>
+    </message>
+    <message id="180">
+        <source>Source directory</source>
+        <translation>Quellverzeichnis</translation>
+    </message>
+    <message id="181">
+        <source>Destination directory</source>
+        <translation>Zielverzeichnis</translation>
+    </message>
+    <message id="182">
+        <source>Action</source>
+        <translation>Aktion</translation>
+    </message>
+    <message id="183">
+        <source>Initializing, please wait ...</source>
+        <translation>Initialisierung, bitte warten ...</translation>
+    </message>
+    <message id="195">
+        <source>Should the activity started at once?</source>
+        <translation>Soll die Aktivität jetzt sofort gestartet werden?</translation>
+    </message>
+    <message id="196">
+        <source>Start activity</source>
+        <translation>Aktivität starten</translation>
+    </message>
+    <message id="197">
+        <source>Monitoring in process ...</source>
+        <translation>Überwachung wird ausgeführt ...</translation>
+    </message>
+    <message id="198">
+        <source>idle</source>
+        <translation>bereit</translation>
+    </message>
+    <message id="199">
+        <source>For this feature you must be connected directly to the internet.</source>
+        <translation>Für diese Funktion müssen Sie direkt mit dem Internet verbunden sein.</translation>
+    </message>
+    <message id="200">
+        <source>Please establish an connection an try again.</source>
+        <translation>Bitte stellen Sie eine Verbindung her und versuchen Sie es erneut.</translation>
+    </message>
+    <message id="201">
+        <source>Can&apos;t find an active DFUE connection</source>
+        <translation>Keine aktive DFÜ-Verbindung gefunden</translation>
+    </message>
+    <message id="202">
+        <source>Really delete the Kalvenor logfile?</source>
+        <translation>Soll die Kalvenor-Protokolldatei wirklich gelöscht werden?</translation>
+    </message>
+    <message id="203">
+        <source>Delete Kalvenor logfile</source>
+        <translation>Kalvenor-Protokolldatei löschen</translation>
+    </message>
+    <message id="204">
+        <source>Should the logfile &apos;</source>
+        <translation>Soll die Protokolldatei &apos;</translation>
+    </message>
+    <message id="205">
+        <source>&apos; really be deleted?</source>
+        <translation>&apos; wirklich gelöscht werden?</translation>
+    </message>
+    <message id="206">
+        <source>Delete activity logfile</source>
+        <translation>Protokolldatei der Aktivität löschen</translation>
+    </message>
+    <message id="207">
+        <source>There is no logfile for this activity that can be deleted.</source>
+        <translation>Zu dieser Aktivität gibt es keine Protokolldatei, die gelöscht werden kann.</translation>
+    </message>
+    <message id="208">
+        <source>No logfile found</source>
+        <translation>Keine Protokolldatei gefunden</translation>
+    </message>
+    <message id="209">
+        <source>No logfile found for Kalvenor Pro.</source>
+        <translation>Für Kalvenor Pro wurde keine Protokolldatei gefunden.</translation>
+    </message>
+    <message id="210">
+        <source>No logfile found for this activity.</source>
+        <translation>Für diese Aktivität wurde keine Protokolldatei gefunden.</translation>
+    </message>
+    <message id="211">
+        <source>Should the activity &apos;</source>
+        <translation>Soll die Aktivität &apos;</translation>
+    </message>
+    <message id="212">
+        <source>Delete activity</source>
+        <translation>Aktivität löschen</translation>
+    </message>
+    <message id="215">
+        <source>You must add at least one activity to start monitoring.</source>
+        <translation>Sie müssen mindestens eine Aktivität hinzufügen, um die Überwachung zu starten.</translation>
+    </message>
+    <message id="216">
+        <source>Start monitoring</source>
+        <translation>Überwachung starten</translation>
+    </message>
+    <message id="217">
+        <source>You have not selected a directory to monitor. You can&apos;t start monitoring without a valid directory.</source>
+        <translation>Sie haben kein Verzeichnis zur Überwachung ausgewählt. Ohne gültiges Verzeichnis kann die Überwachung nicht gestartet werden.</translation>
+    </message>
+    <message id="218">
+        <source>Monitoring in progress for this activities: &apos;</source>
+        <translation>Die Überwachung läuft für diese Aktivitäten: &apos;</translation>
+    </message>
+    <message id="219">
+        <source>Stop monitoring</source>
+        <translation>Überwachung beenden</translation>
+    </message>
+    <message id="220">
+        <source>Start monitoring ...</source>
+        <translation>Überwachung wird gestartet ...</translation>
+    </message>
+    <message id="221">
+        <source>Monitoring finished! </source>
+        <translation>Überwachung beendet! </translation>
+    </message>
+    <message id="222">
+        <source>Activ ...</source>
+        <translation>Aktiv ...</translation>
+    </message>
+    <message id="223">
+        <source>Computer after last activity &apos;</source>
+        <translation>Computer nach der letzten Aktivität &apos;</translation>
+    </message>
+    <message id="224">
+        <source>&apos; shutted down.</source>
+        <translation>&apos; heruntergefahren.</translation>
+    </message>
+    <message id="225">
+        <source>All activities idle, finished monitoring.</source>
+        <translation>Alle Aktivitäten sind bereit, Überwachung beendet.</translation>
+    </message>
+    <message id="226">
+        <source>Monitoring &apos;</source>
+        <translation>Überwachung &apos;</translation>
+    </message>
+    <message id="227">
+        <source>stopped.</source>
+        <translation>beendet.</translation>
+    </message>
+    <message id="228">
+        <source>Stopped activity after once-only execution interval.</source>
+        <translation>Aktivität nach einmaligem Ausführungsintervall beendet.</translation>
+    </message>
+    <message id="229">
+        <source>Change detected - File/directory:</source>
+        <translation>Änderung erkannt - Datei/Verzeichnis:</translation>
+    </message>
+    <message id="230">
+        <source>New/changed file/directory &apos;</source>
+        <translation>Neue/geänderte Datei bzw. neues/geändertes Verzeichnis &apos;</translation>
+    </message>
+    <message id="231">
+        <source>&apos; found.</source>
+        <translation>&apos; gefunden.</translation>
+    </message>
+    <message id="232">
+        <source>Change detected</source>
+        <translation>Änderung erkannt</translation>
+    </message>
+    <message id="233">
+        <source>Executing file: &apos;</source>
+        <translation>Datei wird ausgeführt: &apos;</translation>
+    </message>
+    <message id="234">
+        <source>File &apos;</source>
+        <translation>Datei &apos;</translation>
+    </message>
+    <message id="235">
+        <source>&apos; could not executed ...</source>
+        <translation>&apos; konnte nicht ausgeführt werden ...</translation>
+    </message>
+    <message id="236">
+        <source>Checking starts ...</source>
+        <translation>Prüfung beginnt ...</translation>
+    </message>
+    <message id="237">
+        <source>Directory &apos;</source>
+        <translation>Verzeichnis &apos;</translation>
+    </message>
+    <message id="238">
+        <source>&apos; not found, monitoring stopped automatically.</source>
+        <translation>&apos; nicht gefunden, Überwachung automatisch beendet.</translation>
+    </message>
+    <message id="239">
+        <source>&apos; not found, monitoring &apos;</source>
+        <translation>&apos; nicht gefunden, Überwachung &apos;</translation>
+    </message>
+    <message id="240">
+        <source>&apos; automatically stopped.</source>
+        <translation>&apos; automatisch beendet.</translation>
+    </message>
+    <message id="241">
+        <source>E-Mail send to &apos;</source>
+        <translation>E-Mail gesendet an &apos;</translation>
+    </message>
+    <message id="242">
+        <source>Checking finished.</source>
+        <translation>Prüfung beendet.</translation>
+    </message>
+    <message id="243">
+        <source>Deleting directory &apos;</source>
+        <translation>Lösche Verzeichnis &apos;</translation>
+    </message>
+    <message id="244">
+        <source>- No action selected!</source>
+        <translation>- Keine Aktion ausgewählt!</translation>
+    </message>
+    <message id="245">
+        <source>Copying directory &apos;</source>
+        <translation>Kopiere Verzeichnis &apos;</translation>
+    </message>
+    <message id="246">
+        <source>&apos; to &apos;</source>
+        <translation>&apos; nach &apos;</translation>
+    </message>
+    <message id="247">
+        <source>Deleting file &apos;</source>
+        <translation>Lösche Datei &apos;</translation>
+    </message>
+    <message id="248">
+        <source>Should the file &apos;</source>
+        <translation>Soll die Datei &apos;</translation>
+    </message>
+    <message id="249">
+        <source>replace the file located in the destination directory &apos;</source>
+        <translation>die im Zielverzeichnis vorhandene Datei &apos;</translation>
+    </message>
+    <message id="250">
+        <source>?</source>
+        <translation>ersetzen?</translation>
+    </message>
+    <message id="251">
+        <source>File already exists</source>
+        <translation>Datei existiert bereits</translation>
+    </message>
+    <message id="252">
+        <source>Move &apos;</source>
+        <translation>Verschiebe &apos;</translation>
+    </message>
+    <message id="253">
+        <source>Copy &apos;</source>
+        <translation>Kopiere &apos;</translation>
+    </message>
+    <message id="254">
+        <source>and overwrite with newer file ...</source>
+        <translation>und überschreibe mit neuerer Datei ...</translation>
+    </message>
+    <message id="255">
+        <source>Overwrite from file &apos;</source>
+        <translation>Überschreiben durch die Datei &apos;</translation>
+    </message>
+    <message id="256">
+        <source>&apos; declined by user.</source>
+        <translation>&apos; vom Benutzer abgelehnt.</translation>
+    </message>
+    <message id="257">
+        <source>Move file &apos;</source>
+        <translation>Verschiebe Datei &apos;</translation>
+    </message>
+    <message id="258">
+        <source>Copy file &apos;</source>
+        <translation>Kopiere Datei &apos;</translation>
+    </message>
+    <message id="259">
+        <source>to</source>
+        <translation>nach</translation>
+    </message>
+    <message id="260">
+        <source>Overwrite &apos;</source>
+        <translation>Überschreibe &apos;</translation>
+    </message>
+    <message id="261">
+        <source>with &apos;</source>
+        <translation>mit &apos;</translation>
+    </message>
+    <message id="262">
+        <source>Move and overwrite with newer file &apos;</source>
+        <translation>Verschiebe und überschreibe mit neuerer Datei &apos;</translation>
+    </message>
+    <message id="263">
+        <source>Copy and overwrite with newer file &apos;</source>
+        <translation>Kopiere und überschreibe mit neuerer Datei &apos;</translation>
+    </message>
+    <message id="264">
+        <source>older/equal as/to file</source>
+        <translation>ist älter als oder gleich alt wie Datei</translation>
+    </message>
+    <message id="265">
+        <source>Copy/move from &apos;</source>
+        <translation>Kopieren/Verschieben von &apos;</translation>
+    </message>
+    <message id="266">
+        <source>&apos; failed, file is locked from another program!</source>
+        <translation>&apos; fehlgeschlagen, die Datei ist durch ein anderes Programm gesperrt!</translation>
+    </message>
+    <message id="267">
+        <source>&apos; failed - Error</source>
+        <translation>&apos; fehlgeschlagen - Fehler</translation>
+    </message>
+    <message id="268">
+        <source>Activity &apos;</source>
+        <translation>Aktivität &apos;</translation>
+    </message>
+    <message id="269">
+        <source>Clear whole list with all monitoring activities?</source>
+        <translation>Gesamte Liste mit allen Überwachungsaktivitäten löschen?</translation>
+    </message>
+    <message id="270">
+        <source>Clear all activities</source>
+        <translation>Alle Aktivitäten löschen</translation>
+    </message>
+    <message id="271">
+        <source>Default list successfully restored!</source>
+        <translation>Die Standardliste wurde wiederhergestellt!</translation>
+    </message>
+    <message id="272">
+        <source>Last accessed:</source>
+        <translation>Letzter Zugriff:</translation>
+    </message>
+    <message id="273">
+        <source>Date and time successfully synchronized!</source>
+        <translation>Datum und Uhrzeit wurden synchronisiert!</translation>
+    </message>
+    <message id="274">
+        <source>Synchronization of date &amp; time</source>
+        <translation>Synchronisierung von Datum und Uhrzeit</translation>
+    </message>
+    <message id="275">
+        <source>E-Mail Service not available (needs Outlook 97 or newer)</source>
+        <translation>Der E-Mail-Dienst ist nicht verfügbar (Outlook 97 oder neuer erforderlich)</translation>
+    </message>
+    <message id="281">
+        <source>The selected source directory &apos;</source>
+        <translation>Das ausgewählte Quellverzeichnis &apos;</translation>
+    </message>
+    <message id="282">
+        <source>The selected destination directory &apos;</source>
+        <translation>Das ausgewählte Zielverzeichnis &apos;</translation>
+    </message>
+    <message id="283">
+        <source>The name of an activity should not start with a number.</source>
+        <translation>Der Name einer Aktivität darf nicht mit einer Ziffer beginnen.</translation>
+    </message>
+    <message id="284">
+        <source>Name of the activity</source>
+        <translation>Name der Aktivität</translation>
+    </message>
+    <message id="285">
+        <source>You must enter a name for the activity.</source>
+        <translation>Sie müssen einen Namen für die Aktivität eingeben.</translation>
+    </message>
+    <message id="286">
+        <source>The time was entered in an invalid format. Please change to this format &apos;hh:mm&apos;.</source>
+        <translation>Die Uhrzeit wurde in einem ungültigen Format eingegeben. Bitte verwenden Sie das Format &apos;hh:mm&apos;.</translation>
+    </message>
+    <message id="287">
+        <source>Format of time invalid</source>
+        <translation>Format der Uhrzeit ungültig</translation>
+    </message>
+    <message id="288">
+        <source>Please enter file extensions without a point as postfix, e.g. exe;zip;dll.</source>
+        <translation>Bitte geben Sie die Dateiendungen ohne Punkt ein, z. B. exe;zip;dll.</translation>
+    </message>
+    <message id="289">
+        <source>File extensions</source>
+        <translation>Dateiendungen</translation>
+    </message>
+    <message id="290">
+        <source>Date invalid</source>
+        <translation>Datum ungültig</translation>
+    </message>
+    <message id="291">
+        <source>The entered date is invalid.</source>
+        <translation>Das eingegebene Datum ist ungültig.</translation>
+    </message>
+    <message id="292">
+        <source>The entered date is in the past.</source>
+        <translation>Das eingegebene Datum liegt in der Vergangenheit.</translation>
+    </message>
+    <message id="293">
+        <source>The entered time is in the past.</source>
+        <translation>Die eingegebene Uhrzeit liegt in der Vergangenheit.</translation>
+    </message>
+    <message id="294">
+        <source>You have selected the windows directory for monitoring.</source>
+        <translation>Sie haben das Windows-Verzeichnis zur Überwachung ausgewählt.</translation>
+    </message>
+    <message id="295">
+        <source>May your windows installation could be destroyed!</source>
+        <translation>Ihre Windows-Installation könnte dadurch zerstört werden!</translation>
+    </message>
+    <message id="296">
+        <source>Do you really want to proceed?</source>
+        <translation>Möchten Sie wirklich fortfahren?</translation>
+    </message>
+    <message id="297">
+        <source>Windows directory selected</source>
+        <translation>Windows-Verzeichnis ausgewählt</translation>
+    </message>
+    <message id="298">
+        <source>You have selected the windows system directory for monitoring.</source>
+        <translation>Sie haben das Windows-Systemverzeichnis zur Überwachung ausgewählt.</translation>
+    </message>
+    <message id="299">
+        <source>Windows system directory selected</source>
+        <translation>Windows-Systemverzeichnis ausgewählt</translation>
+    </message>
+    <message id="300">
+        <source>You have selected the windows installation root directory.</source>
+        <translation>Sie haben das Stammverzeichnis der Windows-Installation ausgewählt.</translation>
+    </message>
+    <message id="301">
+        <source>Windows root directory selected</source>
+        <translation>Windows-Stammverzeichnis ausgewählt</translation>
+    </message>
+    <message id="302">
+        <source>To send E-Mail you must select an recipient.</source>
+        <translation>Zum Senden einer E-Mail müssen Sie einen Empfänger angeben.</translation>
+    </message>
+    <message id="303">
+        <source>E-Mail adress invalid</source>
+        <translation>E-Mail-Adresse ungültig</translation>
+    </message>
+    <message id="304">
+        <source>You want to use the E-Mail notification but have not entered an subject.</source>
+        <translation>Sie möchten die E-Mail-Benachrichtigung verwenden, haben aber keinen Betreff eingegeben.</translation>
+    </message>
+    <message id="305">
+        <source>No subject entered</source>
+        <translation>Kein Betreff eingegeben</translation>
+    </message>
+    <message id="308">
+        <source>Could not read the Outlook contacts.</source>
+        <translation>Die Outlook-Kontakte konnten nicht gelesen werden.</translation>
+    </message>
+    <message id="309">
+        <source>You can enter an recipient manual in the textfield.</source>
+        <translation>Sie können einen Empfänger von Hand in das Textfeld eingeben.</translation>
+    </message>
+    <message id="310">
+        <source>Outlook contacts</source>
+        <translation>Outlook-Kontakte</translation>
+    </message>
+    <message id="317">
+        <source>To save the activity with new name select &apos;Yes&apos;, for creating a new activity press &quot;No&apos;:</source>
+        <translation>Um die Aktivität unter dem neuen Namen zu speichern, wählen Sie &apos;Ja&apos;; um eine neue Aktivität anzulegen, wählen Sie &apos;Nein&apos;:</translation>
+    </message>
+    <message id="318">
+        <source>Save activity</source>
+        <translation>Aktivität speichern</translation>
+    </message>
+    <message id="326">
+        <source>incl. last accessed info</source>
+        <translation>einschl. Angaben zum letzten Zugriff</translation>
+    </message>
+    <message id="328">
+        <source>incl. file from last access</source>
+        <translation>einschl. Datei des letzten Zugriffs</translation>
+    </message>
+    <message id="336">
+        <source>Interval settings</source>
+        <translation>Intervalleinstellungen</translation>
+    </message>
+    <message id="337">
+        <source>Seconds</source>
+        <translation>Sekunden</translation>
+    </message>
+    <message id="338">
+        <source>Minutes</source>
+        <translation>Minuten</translation>
+    </message>
+    <message id="339">
+        <source>Hours</source>
+        <translation>Stunden</translation>
+    </message>
+    <message id="340">
+        <source>Interval only once-time exectution, then stop activity</source>
+        <translation>Intervall nur einmal ausführen, dann Aktivität beenden</translation>
+    </message>
+    <message id="341">
+        <source>Comment to activity</source>
+        <translation>Kommentar zur Aktivität</translation>
+    </message>
+    <message id="342">
+        <source>Select date</source>
+        <translation>Datum auswählen</translation>
+    </message>
+    <message id="343">
+        <source>Daily</source>
+        <translation>Täglich</translation>
+    </message>
+    <message id="344">
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message id="345">
+        <source>Time</source>
+        <translation>Uhrzeit</translation>
+    </message>
+    <message id="347">
+        <source>Copy files</source>
+        <translation>Dateien kopieren</translation>
+    </message>
+    <message id="348">
+        <source>Move files</source>
+        <translation>Dateien verschieben</translation>
+    </message>
+    <message id="349">
+        <source>Mirror directory</source>
+        <translation>Verzeichnis spiegeln</translation>
+    </message>
+    <message id="350">
+        <source>No action</source>
+        <translation>Keine Aktion</translation>
+    </message>
+    <message id="351">
+        <source>Overwrite files without asking</source>
+        <translation>Dateien ohne Nachfrage überschreiben</translation>
+    </message>
+    <message id="352">
+        <source>Observe only newer files</source>
+        <translation>Nur neuere Dateien beachten</translation>
+    </message>
+    <message id="353">
+        <source>Message/PopUp by changes</source>
+        <translation>Meldung/Pop-up bei Änderungen</translation>
+    </message>
+    <message id="354">
+        <source>incl. subfolders</source>
+        <translation>einschl. Unterverzeichnisse</translation>
+    </message>
+    <message id="355">
+        <source>Execute by changes:</source>
+        <translation>Bei Änderungen ausführen:</translation>
+    </message>
+    <message id="356">
+        <source>Logfile of activity:</source>
+        <translation>Protokolldatei der Aktivität:</translation>
+    </message>
+    <message id="357">
+        <source>Select programs/scripts</source>
+        <translation>Programme/Skripte auswählen</translation>
+    </message>
+    <message id="358">
+        <source>Select logfile</source>
+        <translation>Protokolldatei auswählen</translation>
+    </message>
+    <message id="360">
+        <source>Observed file types:</source>
+        <translation>Überwachte Dateitypen:</translation>
+    </message>
+    <message id="361">
+        <source>All</source>
+        <translation>Alle</translation>
+    </message>
+    <message id="362">
+        <source>Only this:</source>
+        <translation>Nur diese:</translation>
+    </message>
+    <message id="364">
+        <source>Use SMTP host for mail sending:</source>
+        <translation>SMTP-Server zum Senden der E-Mail verwenden:</translation>
+    </message>
+    <message id="366">
+        <source>To send E-Mail you must select an sender.</source>
+        <translation>Zum Senden einer E-Mail müssen Sie einen Absender angeben.</translation>
+    </message>
+    <message id="368">
+        <source>incl. Computername in E-Mail message</source>
+        <translation>einschl. Computername in der E-Mail-Nachricht</translation>
+    </message>
+    <message id="369">
+        <source>from system (name)</source>
+        <translation>vom System (Name)</translation>
+    </message>
+    <message id="370">
+        <source>Please check the E-Mail address.</source>
+        <translation>Bitte prüfen Sie die E-Mail-Adresse.</translation>
+    </message>
+    <message id="371">
+        <source>Configuration file ist corrupted or invalid. Do you want to create a new empty file (the old file will not be deleted but get the extension .OLD)?</source>
+        <translation>Die Konfigurationsdatei ist beschädigt oder ungültig. Möchten Sie eine neue, leere Datei anlegen (die alte Datei wird nicht gelöscht, sondern erhält die Endung .OLD)?</translation>
+    </message>
+    <message id="372">
+        <source>The current file cannot be imported again!</source>
+        <translation>Die aktuelle Datei kann nicht erneut importiert werden!</translation>
+    </message>
+    <message id="373">
+        <source>The file is in use and can&apos;t be overwritten.</source>
+        <translation>Die Datei wird gerade verwendet und kann nicht überschrieben werden.</translation>
+    </message>
+    <message id="374">
+        <source>Text not found!</source>
+        <translation>Der Text wurde nicht gefunden!</translation>
+    </message>
+    <message id="375">
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message id="376">
+        <source>Text to search:</source>
+        <translation>Zu suchender Text:</translation>
+    </message>
+    <message id="377">
+        <source>Match ca&amp;se</source>
+        <translation>Groß-/&amp;Kleinschreibung beachten</translation>
+    </message>
+    <message id="378">
+        <source>Search again</source>
+        <translation>Weitersuchen</translation>
+    </message>
+    <message id="380">
+        <source>You have not entered any file types.</source>
+        <translation>Sie haben keine Dateitypen eingegeben.</translation>
+    </message>
+    <message id="381">
+        <source>Refresh</source>
+        <translation>Aktualisieren</translation>
+    </message>
+    <message id="383">
+        <source>Execute all selected activities</source>
+        <translation>Alle ausgewählten Aktivitäten ausführen</translation>
+    </message>
+    <message id="384">
+        <source>Should the marked activities started at once now?</source>
+        <translation>Sollen die markierten Aktivitäten jetzt sofort gestartet werden?</translation>
+    </message>
+    <message id="385">
+        <source>Start activities</source>
+        <translation>Aktivitäten starten</translation>
+    </message>
+    <message id="386">
+        <source>The action can&apos;t be saved because another action with the same name already exists! Please change the name of this activity!</source>
+        <translation>Die Aktivität kann nicht gespeichert werden, weil es bereits eine andere mit demselben Namen gibt! Bitte ändern Sie den Namen dieser Aktivität!</translation>
+    </message>
+    <message id="387">
+        <source>Count executions</source>
+        <translation>Anzahl Ausführungen</translation>
+    </message>
+    <message id="388">
+        <source>Write logfile</source>
+        <translation>Protokolldatei schreiben</translation>
+    </message>
+    <message id="389">
+        <source>Executable files</source>
+        <translation>Ausführbare Dateien</translation>
+    </message>
+    <message id="390">
+        <source>File extensions</source>
+        <translation>Dateiendungen</translation>
+    </message>
+    <message id="394">
+        <source>All</source>
+        <translation>Alle</translation>
+    </message>
+    <message id="395">
+        <source>Last execution</source>
+        <translation>Letzte Ausführung</translation>
+    </message>
+    <message id="396">
+        <source>Time</source>
+        <translation>Uhrzeit</translation>
+    </message>
+    <message id="397">
+        <source>Time format is invalid, please reenter!</source>
+        <translation>Das Format der Uhrzeit ist ungültig, bitte geben Sie sie erneut ein!</translation>
+    </message>
+    <message id="398">
+        <source>Open source dir. in Explorer</source>
+        <translation>Quellverz. im Explorer öffnen</translation>
+    </message>
+    <message id="399">
+        <source>Open target dir. in Explorer</source>
+        <translation>Zielverz. im Explorer öffnen</translation>
+    </message>
+    <message id="403">
+        <source>Abort</source>
+        <translation>Abbruch</translation>
+    </message>
+    <message id="404">
+        <source>Aborted by user while processing action!</source>
+        <translation>Abbruch durch den Benutzer während der Ausführung der Aktion!</translation>
+    </message>
+    <message id="405">
+        <source>Activate &quot;SafeExit&quot; while processing by &apos;F8&apos; key</source>
+        <translation>&quot;SafeExit&quot; während der Ausführung mit der Taste &apos;F8&apos; aktivieren</translation>
+    </message>
+    <message id="406">
+        <source>Check for update ...</source>
+        <translation>Nach Updates suchen ...</translation>
+    </message>
+    <message id="407">
+        <source>A new version (</source>
+        <translation>Eine neue Version (</translation>
+    </message>
+    <message id="408">
+        <source>) is available.</source>
+        <translation>) ist verfügbar.</translation>
+    </message>
+    <message id="409">
+        <source>Do you want to visit the download page?</source>
+        <translation>Möchten Sie die Download-Seite besuchen?</translation>
+    </message>
+    <message id="410">
+        <source>Update</source>
+        <translation>Update</translation>
+    </message>
+    <message id="411">
+        <source>The latest version of the application is installed, no update available.</source>
+        <translation>Die neueste Version des Programms ist installiert, es ist kein Update verfügbar.</translation>
+    </message>
+    <message id="412">
+        <source>Service installed successfull.</source>
+        <translation>Der Dienst wurde installiert.</translation>
+    </message>
+    <message id="413">
+        <source>Service installation failed.</source>
+        <translation>Die Installation des Dienstes ist fehlgeschlagen.</translation>
+    </message>
+    <message id="414">
+        <source>Service uninstalled successfull.</source>
+        <translation>Der Dienst wurde deinstalliert.</translation>
+    </message>
+    <message id="415">
+        <source>Service uninstall failed.</source>
+        <translation>Die Deinstallation des Dienstes ist fehlgeschlagen.</translation>
+    </message>
+    <message id="416">
+        <source>Unknown service parameter.</source>
+        <translation>Unbekannter Dienstparameter.</translation>
+    </message>
+    <message id="417">
+        <source>Kalvenor service configuration</source>
+        <translation>Konfiguration des Kalvenor-Dienstes</translation>
+    </message>
+    <message id="419">
+        <source>Service continued</source>
+        <translation>Dienst fortgesetzt</translation>
+    </message>
+    <message id="420">
+        <source>paused</source>
+        <translation>angehalten</translation>
+    </message>
+    <message id="421">
+        <source>Start service</source>
+        <translation>Dienst starten</translation>
+    </message>
+    <message id="422">
+        <source>Stop service</source>
+        <translation>Dienst beenden</translation>
+    </message>
+    <message id="423">
+        <source>Install service</source>
+        <translation>Dienst installieren</translation>
+    </message>
+    <message id="424">
+        <source>Uninstall service</source>
+        <translation>Dienst deinstallieren</translation>
+    </message>
+    <message id="425">
+        <source>Application will be closed to stop service.</source>
+        <translation>Das Programm wird beendet, um den Dienst zu beenden.</translation>
+    </message>
+    <message id="426">
+        <source>Application will be closed to start service.</source>
+        <translation>Das Programm wird beendet, um den Dienst zu starten.</translation>
+    </message>
+    <message id="427">
+        <source>Note: For further configuration of the service please read the manual.</source>
+        <translation>Hinweis: Zur weiteren Konfiguration des Dienstes lesen Sie bitte das Handbuch.</translation>
+    </message>
+    <message id="428">
+        <source>Service settings</source>
+        <translation>Diensteinstellungen</translation>
+    </message>
+    <message id="429">
+        <source>Stop action, if directory doesn&apos;t exist</source>
+        <translation>Aktion beenden, wenn ein Verzeichnis nicht existiert</translation>
+    </message>
+    <message id="430">
+        <source>&apos; not found, monitoring suspended for this interval.</source>
+        <translation>&apos; nicht gefunden, Überwachung für dieses Intervall ausgesetzt.</translation>
+    </message>
+    <message id="431">
+        <source>&apos; suspended for this interval.</source>
+        <translation>&apos; für dieses Intervall ausgesetzt.</translation>
+    </message>
+</context>
+<context>
+    <name>Own texts</name>
+    <message id="322">
+        <source>Recipient:</source>
+        <translation>Empfänger:</translation>
+    </message>
+    <message id="323">
+        <source>Subject:</source>
+        <translation>Betreff:</translation>
+    </message>
+    <message id="418">
+        <source>Service </source>
+        <translation>Dienst </translation>
+    </message>
+    <message id="432">
+        <source>The activity file was changed on disk by another program. Nothing was saved. Load it again (Refresh) and repeat the change.</source>
+        <translation>Die Aktivitätsdatei wurde von einem anderen Programm auf der Festplatte geändert. Es wurde nichts gespeichert. Laden Sie sie neu (Aktualisieren) und wiederholen Sie die Änderung.</translation>
+    </message>
+    <message id="433">
+        <source>The activity file could not be loaded, so nothing can be saved to it.</source>
+        <translation>Die Aktivitätsdatei konnte nicht geladen werden, deshalb kann nichts in ihr gespeichert werden.</translation>
+    </message>
+    <message id="434">
+        <source>The activity file could not be saved:</source>
+        <translation>Die Aktivitätsdatei konnte nicht gespeichert werden:</translation>
+    </message>
+    <message id="435">
+        <source>The damaged activity file could not be moved away:</source>
+        <translation>Die beschädigte Aktivitätsdatei konnte nicht verschoben werden:</translation>
+    </message>
+    <message id="436">
+        <source>The activity file could not be created:</source>
+        <translation>Die Aktivitätsdatei konnte nicht angelegt werden:</translation>
+    </message>
+    <message id="437">
+        <source>Another running Kalvenor Pro is already monitoring this activity file. Monitoring was not started.</source>
+        <translation>Ein anderes laufendes Kalvenor Pro überwacht diese Aktivitätsdatei bereits. Die Überwachung wurde nicht gestartet.</translation>
+    </message>
+    <message id="438">
+        <source>Activities: %1, active: %2</source>
+        <translation>Aktivitäten: %1, aktiv: %2</translation>
+    </message>
+    <message id="439">
+        <source>To accept this notice, start Kalvenor once with a window, or set Accepted=Yes under [Options] in the settings file</source>
+        <translation>Um diesen Hinweis anzunehmen, starten Sie Kalvenor einmal mit Fenster oder setzen Sie in der Einstellungsdatei unter [Options] Accepted=Yes</translation>
+    </message>
+    <message id="440">
+        <source>Monitoring is off: the option &quot;After start immediately start monitoring&quot; is not set.</source>
+        <translation>Die Überwachung ist ausgeschaltet: Die Option &quot;Nach dem Start sofort mit der Überwachung beginnen&quot; ist nicht gesetzt.</translation>
+    </message>
+    <message id="441">
+        <source>&amp;Monitoring</source>
+        <translation>&amp;Überwachung</translation>
+    </message>
+    <message id="442">
+        <source>Usage: kalvenor-run ACTIVITY-FILE</source>
+        <translation>Aufruf: kalvenor-run AKTIVITÄTSDATEI</translation>
+    </message>
+    <message id="443">
+        <source>The activity file could not be read:</source>
+        <translation>Die Aktivitätsdatei konnte nicht gelesen werden:</translation>
+    </message>
+    <message id="444">
+        <source>The lock for the activity file could not be made.</source>
+        <translation>Die Sperre für die Aktivitätsdatei konnte nicht angelegt werden.</translation>
+    </message>
+</context>
+</TS>
