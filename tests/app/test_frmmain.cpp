@@ -1,9 +1,10 @@
 // The real main window over a real program, driven through its commands.
 #include "ActivityListView.h"
+#include "AppFixture.h"
 #include "CommandLine.h"
-#include "ProgramFixture.h"
 #include "frmMain.h"
 #include <QAction>
+#include <QApplication>
 #include <QLabel>
 #include <QMenu>
 #include <QStatusBar>
@@ -14,7 +15,7 @@
 namespace {
 
 struct Window {
-    explicit Window(ProgramFixture& fixture)
+    explicit Window(AppFixture& fixture)
         : program(fixture.services, fixture.prompter, fixture.keys, fixture.texts), form(program) {
         QCOMPARE(form.Start({}), StartUpResult::Running);
     }
@@ -36,20 +37,20 @@ struct Window {
 class TestFrmMain : public QObject {
     Q_OBJECT
 
-    static void fill(ProgramFixture& fixture, const QString& name, const QStringList& files) {
+    static void fill(AppFixture& fixture, const QString& name, const QStringList& files) {
         for (const QString& file : files)
-            ProgramFixture::Write(fixture.Folder(name + u"-in"_qs) + u'/' + file, u"content of "_qs + file);
+            AppFixture::Write(fixture.Folder(name + u"-in"_qs) + u'/' + file, u"content of "_qs + file);
     }
-    static QStringList copies(ProgramFixture& fixture, const QString& name) {
+    static QStringList copies(AppFixture& fixture, const QString& name) {
         return QDir(fixture.Folder(name + u"-out"_qs)).entryList(QDir::Files);
     }
-    static QString setting(ProgramFixture& fixture, const char* key) {
+    static QString setting(AppFixture& fixture, const char* key) {
         return fixture.settings->values.value(u"Kalvenor/WindowPos/"_qs + QLatin1String(key));
     }
 
   private Q_SLOTS:
     void showsTheFileItOpened() {
-        ProgramFixture fixture;
+        AppFixture fixture;
         fixture.WriteActivities({fixture.Activity(u"A"_qs), fixture.Activity(u"B"_qs, false)});
         Window window(fixture);
         QCOMPARE(window.form.windowTitle(), u"Kalvenor Pro 2.1  ["_qs + fixture.DefaultFile() + u']');
@@ -60,7 +61,7 @@ class TestFrmMain : public QObject {
     }
 
     void startCommandShowsTheState() {
-        ProgramFixture fixture;
+        AppFixture fixture;
         fixture.WriteActivities({fixture.Activity(u"A"_qs)});
         Window window(fixture);
         QAction& start = window.Command("mnuStart");
@@ -89,7 +90,7 @@ class TestFrmMain : public QObject {
     }
 
     void refusedStartLeavesTheMarksOff() {
-        ProgramFixture fixture;
+        AppFixture fixture;
         fixture.WriteActivities({fixture.Activity(u"A"_qs, false)});
         Window window(fixture);
         window.Command("mnuStart").trigger();
@@ -119,7 +120,7 @@ class TestFrmMain : public QObject {
         QFETCH(QString, command);
         QFETCH(QStringList, selected);
         QFETCH(int, question);
-        ProgramFixture fixture;
+        AppFixture fixture;
         const QStringList names = {u"A"_qs, u"B"_qs, u"C"_qs};
         QStringList activities;
         for (const QString& name : names) {
@@ -150,7 +151,7 @@ class TestFrmMain : public QObject {
     }
 
     void runNowOnAnEmptyList() {
-        ProgramFixture fixture;
+        AppFixture fixture;
         Window window(fixture);
         for (const char* command : {"mnuStartActivityNow", "mnuExecuteAllMarkedActivities"}) {
             fixture.prompter.shown.clear();
@@ -162,7 +163,7 @@ class TestFrmMain : public QObject {
     }
 
     void closingAsksWhileMonitoring() {
-        ProgramFixture fixture;
+        AppFixture fixture;
         fixture.WriteActivities({fixture.Activity(u"A"_qs)});
         Window window(fixture);
         QSignalSpy closed(&window.form, &frmMain::Closed);
@@ -183,7 +184,7 @@ class TestFrmMain : public QObject {
     }
 
     void closingDuringARunWaitsForItsFile() {
-        ProgramFixture fixture;
+        AppFixture fixture;
         fixture.WriteActivities({fixture.Activity(u"A"_qs)});
         fill(fixture, u"A"_qs, {u"f1"_qs, u"f2"_qs, u"f3"_qs, u"f4"_qs});
         fixture.prompter.yes = true;
@@ -206,7 +207,7 @@ class TestFrmMain : public QObject {
     }
 
     void sessionEndAsksNothing() {
-        ProgramFixture fixture;
+        AppFixture fixture;
         fixture.WriteActivities({fixture.Activity(u"A"_qs)});
         Window window(fixture);
         QSignalSpy closed(&window.form, &frmMain::Closed);
@@ -219,7 +220,7 @@ class TestFrmMain : public QObject {
     }
 
     void endDuringTheNoticeSavesNothing() {
-        ProgramFixture fixture;
+        AppFixture fixture;
         fixture.settings->values.clear();
         Program program(fixture.services, fixture.prompter, fixture.keys, fixture.texts);
         frmMain form(program);
@@ -231,7 +232,7 @@ class TestFrmMain : public QObject {
     }
 
     void positionIsKept() {
-        ProgramFixture fixture;
+        AppFixture fixture;
         fixture.settings->values[u"Kalvenor/WindowPos/Top"_qs] = u"607"_qs; // 40.5 pixels
         {
             Window window(fixture);
@@ -248,7 +249,7 @@ class TestFrmMain : public QObject {
     }
 
     void minimisedWithoutATrayItStaysInTheTaskBar() {
-        ProgramFixture fixture;
+        AppFixture fixture;
         fixture.SetOption("ToTray", u"1"_qs);
         Window window(fixture);
         QVERIFY(!TrayIcon::IsAvailable());
@@ -259,7 +260,7 @@ class TestFrmMain : public QObject {
     }
 
     void refreshKeepsTheSelection() {
-        ProgramFixture fixture;
+        AppFixture fixture;
         fixture.WriteActivities({fixture.Activity(u"A"_qs), fixture.Activity(u"B"_qs), fixture.Activity(u"C"_qs)});
         Window window(fixture);
         window.Select({u"A"_qs, u"C"_qs});
@@ -271,7 +272,7 @@ class TestFrmMain : public QObject {
     }
 
     void doubleClickOnTheBoxOnlyToggles() {
-        ProgramFixture fixture;
+        AppFixture fixture;
         fixture.WriteActivities({fixture.Activity(u"A"_qs)});
         Window window(fixture);
         QSignalSpy opened(&window.View(), &ActivityListView::RowDoubleClicked);
@@ -287,7 +288,7 @@ class TestFrmMain : public QObject {
     }
 
     void spaceTogglesFromEveryColumn() {
-        ProgramFixture fixture;
+        AppFixture fixture;
         fixture.WriteActivities({fixture.Activity(u"A"_qs)});
         Window window(fixture);
         window.View().setCurrentIndex(window.program.List().index(0, ActivityList::Schedule));

@@ -1,9 +1,9 @@
 // The order of the start, with and without a window, and what must not have happened when it is broken off.
+#include "AppFixture.h"
 #include "CommandLine.h"
 #include "HeadlessHost.h"
 #include "HeadlessLog.h"
 #include "HeadlessPrompter.h"
-#include "ProgramFixture.h"
 #include "SingleInstance.h"
 #include "StartUp.h"
 #include <QtTest>
@@ -41,7 +41,7 @@ class TestStartUp : public QObject {
 
   private Q_SLOTS:
     void secondCopyIsRefusedBeforeAnythingIsTouched() {
-        ProgramFixture fixture;
+        AppFixture fixture;
         const auto settingsBefore = fixture.settings->values;
         const SingleInstance first(*fixture.locks, {}, fixture.prompter, fixture.texts);
         QVERIFY(first.MayRun());
@@ -59,7 +59,7 @@ class TestStartUp : public QObject {
     }
 
     void serviceNeitherTestsNorTakesTheLock() {
-        ProgramFixture fixture;
+        AppFixture fixture;
         const CommandLine service = ParseCommandLine({u"STARTSERVICE"_qs});
         const SingleInstance early(*fixture.locks, service, fixture.prompter, fixture.texts);
         QVERIFY(fixture.locks->held.empty());
@@ -69,7 +69,7 @@ class TestStartUp : public QObject {
     }
 
     void endedCopyLeavesTheWayFree() {
-        ProgramFixture fixture;
+        AppFixture fixture;
         { const SingleInstance first(*fixture.locks, {}, fixture.prompter, fixture.texts); }
         QVERIFY(SingleInstance(*fixture.locks, {}, fixture.prompter, fixture.texts).MayRun());
     }
@@ -86,10 +86,10 @@ class TestStartUp : public QObject {
     void argument() {
         QFETCH(QString, argument);
         QFETCH(bool, taken);
-        ProgramFixture fixture;
+        AppFixture fixture;
         argument.replace(u"%1"_qs, fixture.root.path());
-        ProgramFixture::Write(fixture.root.filePath(u"other.kvd"_qs),
-                              u"<?xml version=\"1.0\"?><items>"_qs + fixture.Activity(u"A"_qs) + u"</items>"_qs);
+        AppFixture::Write(fixture.root.filePath(u"other.kvd"_qs),
+                          u"<?xml version=\"1.0\"?><items>"_qs + fixture.Activity(u"A"_qs) + u"</items>"_qs);
         Program program(fixture.services, fixture.prompter, fixture.keys, fixture.texts);
         RecordingFace face;
         QCOMPARE(RunStartUp(program, fileArgument(argument), face), StartUpResult::Running);
@@ -120,7 +120,7 @@ class TestStartUp : public QObject {
     void steps() {
         QFETCH(bool, accepted);
         QFETCH(bool, minimised);
-        ProgramFixture fixture;
+        AppFixture fixture;
         if (!accepted)
             fixture.settings->values.clear();
         fixture.SetOption("ActivateWhileWindowsStarting", minimised ? u"1"_qs : u"0"_qs);
@@ -133,11 +133,11 @@ class TestStartUp : public QObject {
     }
 
     void nothingRunsBeforeTheNoticeIsAnswered() {
-        ProgramFixture fixture;
+        AppFixture fixture;
         fixture.settings->values.clear();
         fixture.SetOption("StartUp", u"1"_qs);
         fixture.WriteActivities({fixture.Activity(u"A"_qs)});
-        ProgramFixture::Write(fixture.Folder(u"A-in"_qs) + u"/f"_qs, u"data"_qs);
+        AppFixture::Write(fixture.Folder(u"A-in"_qs) + u"/f"_qs, u"data"_qs);
         const QString copy = fixture.Folder(u"A-out"_qs) + u"/f"_qs;
         Program program(fixture.services, fixture.prompter, fixture.keys, fixture.texts);
         const auto tick = [&] {
@@ -161,7 +161,7 @@ class TestStartUp : public QObject {
     }
 
     void declineSavesNothing() {
-        ProgramFixture fixture;
+        AppFixture fixture;
         fixture.settings->values.clear();
         Program program(fixture.services, fixture.prompter, fixture.keys, fixture.texts);
         RecordingFace face;
@@ -171,8 +171,8 @@ class TestStartUp : public QObject {
     }
 
     void damagedFileIsLeftAloneWithoutAYes() {
-        ProgramFixture fixture;
-        ProgramFixture::Write(fixture.DefaultFile(), u"no activity file"_qs);
+        AppFixture fixture;
+        AppFixture::Write(fixture.DefaultFile(), u"no activity file"_qs);
         Program program(fixture.services, fixture.prompter, fixture.keys, fixture.texts);
         RecordingFace face;
         QCOMPARE(RunStartUp(program, {}, face), StartUpResult::Running);
@@ -182,7 +182,7 @@ class TestStartUp : public QObject {
     }
 
     void headlessWithoutAcceptanceTouchesNothing() {
-        ProgramFixture fixture;
+        AppFixture fixture;
         fixture.settings->values.clear();
         std::ostringstream lines;
         HeadlessLog log(lines, false);
@@ -203,7 +203,7 @@ class TestStartUp : public QObject {
     }
     void headlessSaysWhyItIsIdle() {
         QFETCH(bool, startUp);
-        ProgramFixture fixture;
+        AppFixture fixture;
         fixture.WriteActivities({fixture.Activity(u"A"_qs)});
         fixture.SetOption("StartUp", startUp ? u"1"_qs : u"0"_qs);
         std::ostringstream lines;

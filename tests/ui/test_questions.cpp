@@ -2,6 +2,7 @@
 #include "MessageBoxPrompter.h"
 #include "StringTable.h"
 #include "frmDisclaimer.h"
+#include <QApplication>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>

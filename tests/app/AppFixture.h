@@ -8,9 +8,9 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-class ProgramFixture {
+class AppFixture {
   public:
-    ProgramFixture() {
+    AppFixture() {
         settings = replace<MemorySettings>(services.settings);
         locks = replace<FakeLocks>(services.locks);
         power = replace<FakePowerControl>(services.power);
