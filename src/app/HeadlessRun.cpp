@@ -22,8 +22,8 @@ int RunHeadless(int& argc, char** argv, const CommandLine& commandLine) {
     Program program(services, prompter, keys, texts);
     HeadlessHost host(program, log);
 
-    const auto termination = MakeTerminationSignal();
-    QObject::connect(termination.get(), &TerminationSignal::Requested, &host, &HeadlessHost::RequestStop);
+    const TerminationSignal termination;
+    QObject::connect(&termination, &TerminationSignal::Raised, &host, &HeadlessHost::RequestStop);
     QObject::connect(&host, &HeadlessHost::Closed, &application, [] { QCoreApplication::exit(0); });
     // From inside the event loop, so that a stop that comes during the start is not lost.
     const auto start = [&] {

@@ -40,8 +40,8 @@ int RunWindow(int& argc, char** argv, const CommandLine& commandLine) {
 
     QObject::connect(&window, &frmMain::Closing, &window, [&prompter] { prompter.StopAsking(); });
     QObject::connect(&window, &frmMain::Closed, &application, [] { QCoreApplication::exit(0); });
-    const auto termination = MakeTerminationSignal();
-    QObject::connect(termination.get(), &TerminationSignal::Requested, &window, &frmMain::CloseWithoutQuestion);
+    const TerminationSignal termination;
+    QObject::connect(&termination, &TerminationSignal::Raised, &window, &frmMain::CloseWithoutQuestion);
     const SessionEnd sessionEnd(application);
     QObject::connect(&sessionEnd, &SessionEnd::Requested, &window, &frmMain::CloseWithoutQuestion);
     // From inside the event loop, so that a close that comes during the start is not lost.

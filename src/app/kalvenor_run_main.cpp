@@ -48,8 +48,7 @@ int main(int argc, char* argv[]) {
     HeadlessPrompter prompter(log);
     const NoKeys keys;
     Program program(services, prompter, keys, texts);
-    const auto termination = MakeTerminationSignal();
-    QObject::connect(termination.get(), &TerminationSignal::Requested, &application,
-                     [&program] { program.RequestEnd(); });
+    const TerminationSignal termination;
+    QObject::connect(&termination, &TerminationSignal::Raised, &application, [&program] { program.RequestEnd(); });
     return RunCommand(program, std::cout, log).Execute({file, names});
 }

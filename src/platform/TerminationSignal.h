@@ -1,14 +1,24 @@
-// Tells that the process was asked to end (SIGTERM, SIGINT). Owns the handlers while it lives.
+// Hears the system's wish that this process ends (SIGTERM, SIGINT, SIGHUP) and tells it from the event loop, where
+// everything is allowed. Owns the signals' handlers while it lives; one at a time. Where the handlers cannot be set,
+// the system's default stays: the process ends at once.
 #pragma once
 
 #include <QObject>
 #include <memory>
 
-class TerminationSignal : public QObject {
+class TerminationSignal final : public QObject {
     Q_OBJECT
-  Q_SIGNALS:
-    /// Comes from the event loop.
-    void Requested();
-};
 
-[[nodiscard]] std::unique_ptr<TerminationSignal> MakeTerminationSignal();
+  public:
+    /// A QCoreApplication must exist. A signal that was ignored from outside (nohup) stays ignored.
+    explicit TerminationSignal(QObject* parent = nullptr);
+    ~TerminationSignal() override;
+
+  Q_SIGNALS:
+    /// Once for each burst of signals.
+    void Raised();
+
+  private:
+    class Handlers;
+    std::unique_ptr<Handlers> m_handlers;
+};

@@ -1,0 +1,7 @@
+#include "LinuxEventPump.h"
+
+#include <QCoreApplication>
+
+void LinuxEventPump::Yield() {
+    QCoreApplication::processEvents();
+}

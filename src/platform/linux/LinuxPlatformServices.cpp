@@ -1,0 +1,44 @@
+#include "PlatformServices.h"
+
+#include "IniSettingsStore.h"
+#include "LinuxClock.h"
+#include "LinuxEventPump.h"
+#include "LinuxFileSystem.h"
+#include "LinuxLocks.h"
+#include "LinuxOwnFiles.h"
+#include "LinuxPowerControl.h"
+#include "LinuxProcess.h"
+#include "XdgFolders.h"
+#include <QCoreApplication>
+#include <QFile>
+
+namespace {
+
+std::filesystem::path programFolder() {
+    std::error_code error;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+    if (!error)
+        return program.parent_path();
+    return QFile::encodeName(QCoreApplication::applicationDirPath()).toStdString();
+}
+
+std::filesystem::path userDataFolder() {
+    const auto base = XdgFolders::DataHome();
+    return base.empty() ? base : base / "Kalvenor";
+}
+
+} // namespace
+
+PlatformServices MakePlatformServices() {
+    PlatformServices services;
+    services.clock = std::make_unique<LinuxClock>();
+    services.eventPump = std::make_unique<LinuxEventPump>();
+    services.fileSystem = std::make_unique<LinuxFileSystem>();
+    services.ownFiles = std::make_unique<LinuxOwnFiles>();
+    services.settings = std::make_unique<IniSettingsStore>();
+    services.locks = std::make_unique<LinuxLocks>();
+    services.process = std::make_unique<LinuxProcess>();
+    services.power = std::make_unique<LinuxPowerControl>();
+    services.places = {programFolder(), userDataFolder()};
+    return services;
+}

@@ -1,0 +1,87 @@
+#include "LinuxProcess.h"
+
+#include "FileDescriptor.h"
+#include "OpenMethod.h"
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstdio>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/vfs.h>
+
+namespace {
+
+bool startDetached(const QString& program, const QStringList& arguments = {}) {
+    QProcess process;
+    process.setProgram(program);
+    process.setArguments(arguments);
+    process.setStandardInputFile(QProcess::nullDevice());
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.setStandardErrorFile(QProcess::nullDevice());
+    return process.startDetached();
+}
+
+bool hasDisplay() {
+    return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+}
+
+/// False on file systems where the executable bit comes from the mount, not from the file.
+bool permissionBitsMeanIt(int file) {
+    constexpr std::array<std::uint32_t, 8> without{
+        0x4d44,                            // FAT
+        0x2011bab0,                        // exFAT
+        0x5346544e, 0x7366746e,            // NTFS, by two drivers
+        0x65735546,                        // a user-space driver, NTFS-3G for one
+        0x517b,     0xff534d42, 0xfe534d42 // Windows shares
+    };
+    struct statfs facts {};
+    if (fstatfs(file, &facts) != 0)
+        return false;
+    const auto type = static_cast<std::uint32_t>(facts.f_type);
+    return std::find(without.begin(), without.end(), type) == without.end();
+}
+
+OpenMethod methodFor(const QByteArray& path) {
+    // Readable or not decides only about the look inside: a program may be executable alone.
+    const FileDescriptor file(open(path.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    std::array<char, 512> start{};
+    const ssize_t length = file.IsOpen() ? read(file.Get(), start.data(), start.size()) : -1;
+    if (length < 0)
+        return access(path.constData(), X_OK) == 0 ? OpenMethod::Start : OpenMethod::Desktop;
+    OpenFacts facts;
+    facts.executable = access(path.constData(), X_OK) == 0;
+    facts.bitsMeanIt = permissionBitsMeanIt(file.Get());
+    facts.name = std::string_view(path.constData(), static_cast<std::size_t>(path.size()));
+    facts.firstPart = std::string_view(start.data(), static_cast<std::size_t>(length));
+    return ChooseOpenMethod(facts);
+}
+
+} // namespace
+
+bool LinuxProcess::Open(const QString& path) {
+    // Absolute, so that nothing is looked up along PATH and no name is taken for an option.
+    const QString absolute = QFileInfo(path).absoluteFilePath();
+    const QByteArray native = QFile::encodeName(absolute);
+    struct stat facts {};
+    if (path.isEmpty() || stat(native.constData(), &facts) != 0)
+        return false;
+    const OpenMethod method = S_ISREG(facts.st_mode) ? methodFor(native) : OpenMethod::Desktop;
+    switch (method) {
+    case OpenMethod::Start:
+        return startDetached(absolute);
+    case OpenMethod::Shell:
+        return startDetached(QStringLiteral("/bin/sh"), {absolute});
+    case OpenMethod::Desktop:
+        break;
+    }
+    return hasDisplay() && startDetached(QStringLiteral("xdg-open"), {absolute});
+}
+
+void LinuxProcess::EndNow(int exitCode) {
+    std::fflush(nullptr);
+    _exit(exitCode);
+}

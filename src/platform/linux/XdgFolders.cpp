@@ -1,0 +1,53 @@
+#include "XdgFolders.h"
+
+#include <cstdlib>
+#include <pwd.h>
+#include <string>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+std::filesystem::path fromEnvironment(const char* variable) {
+    const char* const value = std::getenv(variable);
+    std::filesystem::path path(value == nullptr ? "" : value);
+    return path.is_absolute() ? path : std::filesystem::path();
+}
+
+std::filesystem::path home() {
+    if (auto path = fromEnvironment("HOME"); !path.empty())
+        return path;
+    const passwd* const user = getpwuid(getuid());
+    return user == nullptr || user->pw_dir == nullptr ? "" : user->pw_dir;
+}
+
+std::filesystem::path baseFolder(const char* variable, const char* belowHome) {
+    if (auto path = fromEnvironment(variable); !path.empty())
+        return path;
+    const auto user = home();
+    return user.empty() ? user : user / belowHome;
+}
+
+bool isOwnFolder(const std::filesystem::path& path) {
+    struct stat facts {};
+    return !path.empty() && stat(path.c_str(), &facts) == 0 && S_ISDIR(facts.st_mode) && facts.st_uid == geteuid();
+}
+
+} // namespace
+
+std::filesystem::path XdgFolders::DataHome() {
+    return baseFolder("XDG_DATA_HOME", ".local/share");
+}
+
+std::filesystem::path XdgFolders::StateHome() {
+    return baseFolder("XDG_STATE_HOME", ".local/state");
+}
+
+std::filesystem::path XdgFolders::RuntimeDir() {
+    // A session started through su or sudo can carry the variable of another user: a lock taken there would be seen by
+    // the wrong people.
+    if (auto path = fromEnvironment("XDG_RUNTIME_DIR"); isOwnFolder(path))
+        return path;
+    std::filesystem::path path = "/run/user/" + std::to_string(geteuid());
+    return isOwnFolder(path) ? path : std::filesystem::path();
+}

@@ -1,0 +1,19 @@
+// The user's base folders as the XDG base directory specification (0.8) names them. Read from the environment at each
+// call; owns nothing. A relative value in the environment is invalid there and counts as unset. Empty when even the
+// home folder is unknown.
+#pragma once
+
+#include <filesystem>
+
+namespace XdgFolders {
+
+/// $XDG_DATA_HOME, else ~/.local/share.
+[[nodiscard]] std::filesystem::path DataHome();
+
+/// $XDG_STATE_HOME, else ~/.local/state.
+[[nodiscard]] std::filesystem::path StateHome();
+
+/// $XDG_RUNTIME_DIR, else /run/user/<uid>; each only when it is a folder that belongs to this user. Else empty.
+[[nodiscard]] std::filesystem::path RuntimeDir();
+
+} // namespace XdgFolders
