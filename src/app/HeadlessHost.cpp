@@ -1,0 +1,36 @@
+#include "HeadlessHost.h"
+
+#include "HeadlessLog.h"
+#include "Program.h"
+
+HeadlessHost::HeadlessHost(Program& program, HeadlessLog& log) : m_program(program), m_log(log), m_waiter(program) {
+    connect(&m_waiter, &RunEndWaiter::Ended, this, &HeadlessHost::Closed);
+}
+
+std::optional<int> HeadlessHost::Start(const CommandLine& commandLine) {
+    const StringTable& texts = m_program.Texts();
+    if (!m_program.IsNoticeAccepted()) {
+        m_log.Line(HeadlessLog::Priority::Error, texts.Text(110) + QLatin1Char(' ') + texts.Text(109));
+        m_log.Line(HeadlessLog::Priority::Error, texts.Text(439));
+        return NoticeNotAccepted;
+    }
+    switch (RunStartUp(m_program, commandLine, *this)) {
+    case StartUpResult::Declined:
+        return NoticeNotAccepted;
+    case StartUpResult::Ended:
+        return std::nullopt; // RequestStop has begun; Closed follows
+    case StartUpResult::Running:
+        break;
+    }
+    if (!m_program.Monitoring().IsOn() && m_program.Options().StartUp != 1)
+        m_log.Line(HeadlessLog::Priority::Notice, texts.Text(440));
+    return std::nullopt;
+}
+
+void HeadlessHost::RequestStop() {
+    if (m_waiter.Waiting())
+        return;
+    m_waiter.Begin();
+    if (m_program.Monitoring().IsOn())
+        m_program.Monitoring().StopMonitoring();
+}

@@ -1,0 +1,16 @@
+#include "HeadlessLog.h"
+
+#include <QtGlobal>
+#include <iostream>
+
+HeadlessLog::HeadlessLog(std::ostream& stream, bool journal) : m_stream(stream), m_journal(journal) {}
+
+HeadlessLog HeadlessLog::OnStandardError() {
+    return {std::cerr, qEnvironmentVariableIsSet("JOURNAL_STREAM")};
+}
+
+void HeadlessLog::Line(Priority priority, const QString& text) {
+    if (m_journal)
+        m_stream << '<' << static_cast<int>(priority) << '>';
+    m_stream << text.simplified().toStdString() << '\n' << std::flush;
+}

@@ -1,0 +1,84 @@
+#include "RunCommand.h"
+
+#include "HeadlessLog.h"
+#include "Program.h"
+#include "modNativePath.h"
+#include <algorithm>
+#include <ostream>
+
+RunCommand::RunCommand(Program& program, std::ostream& output, HeadlessLog& log)
+    : m_program(program), m_output(output), m_log(log) {
+    m_program.OnLogLine([this](const QString& line) { m_output << line.toStdString() << '\n' << std::flush; });
+}
+
+RunCommand::~RunCommand() {
+    m_program.OnLogLine(nullptr);
+}
+
+void RunCommand::complain(int textId, const QString& value) {
+    m_log.Line(HeadlessLog::Priority::Error, m_program.Texts().Text(textId).arg(value));
+}
+
+RunCommand::ExitCode RunCommand::Execute(const Request& request) {
+    if (!m_program.IsNoticeAccepted()) {
+        const StringTable& texts = m_program.Texts();
+        m_log.Line(HeadlessLog::Priority::Error, texts.Text(110) + QLatin1Char(' ') + texts.Text(109));
+        m_log.Line(HeadlessLog::Priority::Error, texts.Text(439));
+        return NoticeNotAccepted;
+    }
+    const std::filesystem::path path = modNativePath::Absolute(request.file);
+    if (path.empty() || !m_program.Services().ownFiles->Stamp(path)) {
+        complain(453, request.file);
+        return Unusable;
+    }
+    m_program.File().SetCurrentPath(modNativePath::ToText(path));
+    m_lock = m_program.LockFile();
+    if (!m_lock) {
+        complain(455, request.file);
+        return MonitoredElsewhere;
+    }
+    QStringList names;
+    if (!open(request.file) || !choose(request.names, names))
+        return Unusable;
+    return runAll(names);
+}
+
+bool RunCommand::open(const QString& file) {
+    // Looked at first, so that the refill below finds nothing that it would offer to repair.
+    if (!m_program.File().Load()) {
+        complain(453, file);
+        return false;
+    }
+    m_program.Options().ReadRegistry();
+    m_program.List().Refill();
+    return true;
+}
+
+bool RunCommand::choose(const QStringList& wanted, QStringList& names) {
+    const QStringList known = m_program.File().Names();
+    if (wanted.isEmpty()) {
+        std::copy_if(known.begin(), known.end(), std::back_inserter(names), [this](const QString& name) {
+            return m_program.File().Read(name, "activ") == QLatin1String("1");
+        });
+        return true;
+    }
+    for (const QString& name : wanted) {
+        if (!known.contains(name)) {
+            complain(454, name);
+            return false;
+        }
+    }
+    names = wanted;
+    names.removeDuplicates();
+    return true;
+}
+
+RunCommand::ExitCode RunCommand::runAll(const QStringList& names) {
+    bool succeeded = true;
+    for (const QString& name : names) {
+        if (m_program.State().closing)
+            break;
+        succeeded = m_program.RunNow(name).Succeeded() && succeeded;
+    }
+    return succeeded && !m_program.State().closing ? Ran : SomethingFailed;
+}

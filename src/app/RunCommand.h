@@ -1,0 +1,43 @@
+// Runs activities of one file once, now, and says how it went: what the command kalvenor-run does. It creates and
+// writes nothing but what the activities themselves do; the activity file is only read.
+#pragma once
+
+#include <QStringList>
+#include <iosfwd>
+#include <memory>
+
+class HeadlessLog;
+class HeldLock;
+class Program;
+
+class RunCommand final {
+  public:
+    struct Request {
+        QString file;      ///< path of the activity file
+        QStringList names; ///< activities to run, in this order; empty = every active one
+    };
+    enum ExitCode {
+        Ran = 0,                ///< every activity ran without a failure
+        SomethingFailed = 1,    ///< a directory was missing, a file failed, or the run was ended early
+        Unusable = 2,           ///< wrong usage, unknown name, or a file that cannot be read
+        NoticeNotAccepted = 3,  ///< nobody has accepted the notice of possible data loss
+        MonitoredElsewhere = 4, ///< another process works on this file
+    };
+
+    /// Log lines of the activities go to `output`, everything else to `log`.
+    RunCommand(Program& program, std::ostream& output, HeadlessLog& log);
+    ~RunCommand();
+
+    [[nodiscard]] ExitCode Execute(const Request& request);
+
+  private:
+    [[nodiscard]] bool open(const QString& file);
+    [[nodiscard]] bool choose(const QStringList& wanted, QStringList& names);
+    [[nodiscard]] ExitCode runAll(const QStringList& names);
+    void complain(int textId, const QString& value);
+
+    Program& m_program;
+    std::ostream& m_output;
+    HeadlessLog& m_log;
+    std::unique_ptr<HeldLock> m_lock;
+};

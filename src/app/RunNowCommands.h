@@ -1,0 +1,25 @@
+// The two commands that run activities at once, outside their schedules. Owns nothing but the mark that one is going
+// on: a command that comes while another runs does nothing. It never throws.
+#pragma once
+
+#include <QStringList>
+
+class Program;
+
+class RunNowCommands final {
+  public:
+    explicit RunNowCommands(Program& program) : m_program(program) {}
+
+    /// mnuStartActivityNow: asks, then runs the activity. Does nothing for an empty name.
+    void StartActivity(const QString& name);
+
+    /// mnuExecuteAllMarkedActivities: asks once, then runs each of them in this order.
+    void ExecuteMarked(const QStringList& names);
+
+  private:
+    [[nodiscard]] bool refuseEmptyList();
+    void askAndRun(const QStringList& names, int questionId, int titleId);
+
+    Program& m_program;
+    bool m_running = false;
+};

@@ -1,0 +1,61 @@
+#include "StartUp.h"
+
+#include "CommandGuard.h"
+#include "CommandLine.h"
+#include "Program.h"
+#include "modNativePath.h"
+
+namespace {
+
+void openArgument(Program& program, const CommandLine& commandLine) {
+    if (commandLine.kind != CommandLine::Kind::File)
+        return;
+    if (!commandLine.file.isEmpty() &&
+        program.Services().ownFiles->Stamp(modNativePath::FromText(commandLine.file)).has_value()) {
+        program.File().SetCurrentPath(commandLine.file);
+        return;
+    }
+    const StringTable& texts = program.Texts();
+    program.Prompts().Ask({texts.Text(174) + commandLine.text + texts.Text(175), texts.Text(176), MessageIcon::Critical,
+                           MessageButtons::Ok});
+}
+
+bool passNotice(Program& program, StartUpFace& face) {
+    if (program.IsNoticeAccepted())
+        return true;
+    if (!face.AcceptsNotice())
+        return false;
+    if (const std::error_code error = program.AcceptNotice())
+        TellError(program, QString::fromStdString(error.message()));
+    return true;
+}
+
+} // namespace
+
+StartUpResult RunStartUp(Program& program, const CommandLine& commandLine, StartUpFace& face) {
+    const auto ended = [&] { return program.State().closing; };
+
+    program.File().EnsureDefaultExists();
+    openArgument(program, commandLine);
+    face.Appear();
+    program.Options().ReadRegistry();
+    Guarded(program, [&] { program.List().Refill(); });
+    if (ended())
+        return StartUpResult::Ended;
+    face.ShowState();
+
+    if (program.Options().StartUp == 1)
+        program.Monitoring().ToggleMonitoring();
+    if (ended())
+        return StartUpResult::Ended;
+    if (program.Options().ActivateWhileWindowsStarting == 1)
+        face.Minimise();
+
+    const bool accepted = passNotice(program, face);
+    if (ended())
+        return StartUpResult::Ended;
+    if (!accepted)
+        return StartUpResult::Declined;
+    program.AllowTicks();
+    return StartUpResult::Running;
+}

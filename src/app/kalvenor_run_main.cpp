@@ -1,0 +1,54 @@
+#include "HeadlessLog.h"
+#include "HeadlessPrompter.h"
+#include "NoKeys.h"
+#include "Program.h"
+#include "RunCommand.h"
+#include "TerminationSignal.h"
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <iostream>
+
+namespace {
+
+void describe(QCommandLineParser& parser, const StringTable& texts) {
+    parser.setApplicationDescription(texts.Text(450));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addPositionalArgument(QStringLiteral("file"), texts.Text(451), QStringLiteral("FILE.kvd"));
+    parser.addPositionalArgument(QStringLiteral("names"), texts.Text(452), QStringLiteral("[NAME ...]"));
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("kalvenor-run"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(KALVENOR_VERSION));
+    const StringTable texts(StringTable::PreferredLanguage());
+    HeadlessLog log = HeadlessLog::OnStandardError();
+
+    QCommandLineParser parser;
+    describe(parser, texts);
+    if (!parser.parse(QCoreApplication::arguments())) {
+        log.Line(HeadlessLog::Priority::Error, parser.errorText());
+        return RunCommand::Unusable;
+    }
+    if (parser.isSet(QStringLiteral("help")))
+        parser.showHelp(0);
+    if (parser.isSet(QStringLiteral("version")))
+        parser.showVersion();
+    QStringList names = parser.positionalArguments();
+    if (names.isEmpty()) {
+        std::cerr << parser.helpText().toStdString();
+        return RunCommand::Unusable;
+    }
+    const QString file = names.takeFirst();
+
+    PlatformServices services = MakePlatformServices();
+    HeadlessPrompter prompter(log);
+    const NoKeys keys;
+    Program program(services, prompter, keys, texts);
+    const TerminationSignal termination;
+    QObject::connect(&termination, &TerminationSignal::Raised, &application, [&program] { program.RequestEnd(); });
+    return RunCommand(program, std::cout, log).Execute({file, names});
+}

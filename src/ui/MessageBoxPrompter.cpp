@@ -1,0 +1,108 @@
+#include "MessageBoxPrompter.h"
+
+#include "StringTable.h"
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace {
+
+QMessageBox::Icon boxIcon(MessageIcon icon) {
+    switch (icon) {
+    case MessageIcon::Question:
+        return QMessageBox::Question;
+    case MessageIcon::Exclamation:
+        return QMessageBox::Warning;
+    case MessageIcon::Critical:
+        return QMessageBox::Critical;
+    case MessageIcon::Information:
+        break;
+    }
+    return QMessageBox::Information;
+}
+
+MessageAnswer safeAnswer(MessageButtons buttons) {
+    switch (buttons) {
+    case MessageButtons::YesNo:
+        return MessageAnswer::No;
+    case MessageButtons::OkCancel:
+        return MessageAnswer::Cancel;
+    case MessageButtons::Ok:
+        break;
+    }
+    return MessageAnswer::Ok;
+}
+
+} // namespace
+
+MessageBoxPrompter::MessageBoxPrompter(const StringTable& texts) : m_texts(texts) {}
+
+MessageBoxPrompter::~MessageBoxPrompter() = default;
+
+void MessageBoxPrompter::SetWindow(QWidget* window) {
+    m_window = window;
+}
+
+QWidget* MessageBoxPrompter::parentForBox() const {
+    if (QWidget* modal = QApplication::activeModalWidget(); modal != nullptr)
+        return modal;
+    // A box that belongs to a hidden or minimised window would stay out of sight with it.
+    if (m_window && m_window->isVisible() && !m_window->isMinimized())
+        return m_window;
+    return nullptr;
+}
+
+void MessageBoxPrompter::addButtons(QMessageBox& box, MessageButtons buttons) const {
+    const auto add = [&](QMessageBox::StandardButton which, int textId) {
+        QPushButton* button = box.addButton(which);
+        if (const QString text = m_texts.Text(textId); !text.isEmpty())
+            button->setText(text);
+        return button;
+    };
+    QPushButton* safe = nullptr;
+    switch (buttons) {
+    case MessageButtons::YesNo:
+        add(QMessageBox::Yes, 446);
+        safe = add(QMessageBox::No, 447);
+        break;
+    case MessageButtons::OkCancel:
+        add(QMessageBox::Ok, 448);
+        safe = add(QMessageBox::Cancel, 449);
+        break;
+    case MessageButtons::Ok:
+        safe = add(QMessageBox::Ok, 448);
+        break;
+    }
+    box.setDefaultButton(safe);
+    box.setEscapeButton(safe);
+}
+
+MessageAnswer MessageBoxPrompter::Ask(const Message& message) {
+    if (!m_asking)
+        return safeAnswer(message.buttons);
+    QMessageBox box(parentForBox());
+    box.setTextFormat(Qt::PlainText);
+    box.setText(message.text);
+    box.setWindowTitle(message.title);
+    box.setIcon(boxIcon(message.icon));
+    addButtons(box, message.buttons);
+
+    m_open.push_back(&box);
+    const int pressed = box.exec();
+    std::erase(m_open, &box);
+
+    switch (pressed) {
+    case QMessageBox::Yes:
+        return MessageAnswer::Yes;
+    case QMessageBox::Ok:
+        return MessageAnswer::Ok;
+    default:
+        return safeAnswer(message.buttons);
+    }
+}
+
+void MessageBoxPrompter::StopAsking() {
+    m_asking = false;
+    for (QMessageBox* box : std::vector(m_open))
+        box->done(QMessageBox::NoButton);
+}

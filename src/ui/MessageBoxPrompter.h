@@ -1,0 +1,34 @@
+// Asks through message boxes on the screen. Owns nothing but the box that is open. Once it has been told to stop asking
+// it gives the safe answer at once, so that nothing waits for a user who has left.
+#pragma once
+
+#include "Prompter.h"
+#include <QPointer>
+#include <vector>
+
+class QMessageBox;
+class QWidget;
+class StringTable;
+
+class MessageBoxPrompter final : public Prompter {
+  public:
+    explicit MessageBoxPrompter(const StringTable& texts);
+    ~MessageBoxPrompter() override;
+
+    /// Boxes stand in front of this window while it is visible; otherwise they stand alone.
+    void SetWindow(QWidget* window);
+
+    MessageAnswer Ask(const Message& message) override;
+
+    /// Closes every open box with its safe answer and opens no more.
+    void StopAsking();
+
+  private:
+    [[nodiscard]] QWidget* parentForBox() const;
+    void addButtons(QMessageBox& box, MessageButtons buttons) const;
+
+    const StringTable& m_texts;
+    QPointer<QWidget> m_window;
+    std::vector<QMessageBox*> m_open;
+    bool m_asking = true;
+};

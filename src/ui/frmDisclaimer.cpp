@@ -1,0 +1,65 @@
+#include "frmDisclaimer.h"
+
+#include "StringTable.h"
+#include <QDialogButtonBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QStyle>
+#include <QVBoxLayout>
+
+namespace {
+
+QLabel* plainLabel(const QString& text, const QString& objectName) {
+    auto* label = new QLabel(text);
+    label->setTextFormat(Qt::PlainText);
+    label->setObjectName(objectName);
+    return label;
+}
+
+} // namespace
+
+frmDisclaimer::frmDisclaimer(const StringTable& texts, QWidget* parent) : QDialog(parent) {
+    setObjectName(QStringLiteral("frmDisclaimer"));
+    setWindowTitle(QStringLiteral("Kalvenor Pro"));
+
+    auto* sign = new QLabel;
+    sign->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(48, 48));
+    sign->setAlignment(Qt::AlignTop);
+
+    QLabel* heading = plainLabel(texts.Text(110), QStringLiteral("lblHeading"));
+    QFont large = heading->font();
+    large.setBold(true);
+    large.setPointSizeF(large.pointSizeF() * 1.3);
+    heading->setFont(large);
+
+    QLabel* notice = plainLabel(texts.Text(109), QStringLiteral("lblNotice"));
+    notice->setWordWrap(true);
+    notice->setMinimumWidth(notice->fontMetrics().averageCharWidth() * 70);
+
+    auto* buttons = new QDialogButtonBox;
+    QPushButton* accept = buttons->addButton(texts.Text(111), QDialogButtonBox::AcceptRole);
+    QPushButton* decline = buttons->addButton(texts.Text(112), QDialogButtonBox::RejectRole);
+    accept->setObjectName(QStringLiteral("cmdAccept"));
+    decline->setObjectName(QStringLiteral("cmdDecline"));
+    // Enter must not accept what nobody has read.
+    accept->setAutoDefault(false);
+    decline->setDefault(true);
+    decline->setFocus();
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+
+    auto* words = new QVBoxLayout;
+    words->setSpacing(8);
+    words->addWidget(heading);
+    words->addWidget(notice, 1);
+    auto* top = new QHBoxLayout;
+    top->setSpacing(16);
+    top->addWidget(sign);
+    top->addLayout(words, 1);
+    auto* all = new QVBoxLayout(this);
+    all->setContentsMargins(16, 16, 16, 12);
+    all->setSpacing(16);
+    all->addLayout(top, 1);
+    all->addWidget(buttons);
+}

@@ -1,0 +1,74 @@
+// A whole program on temporary folders: real files, stand-ins for the user, the clock, the settings and the machine.
+#pragma once
+
+#include "Fakes.h"
+#include "Program.h"
+#include "modNativePath.h"
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+class AppFixture {
+  public:
+    AppFixture() {
+        settings = replace<MemorySettings>(services.settings);
+        locks = replace<FakeLocks>(services.locks);
+        power = replace<FakePowerControl>(services.power);
+        process = replace<FakeProcess>(services.process);
+        clock = replace<FakeClock>(services.clock);
+        events = replace<FakeEventPump>(services.eventPump);
+        services.places.programFolder = modNativePath::FromText(Folder(u"program"_qs));
+        services.places.userDataFolder = modNativePath::FromText(root.filePath(u"data"_qs));
+        AcceptNotice();
+    }
+
+    /// An existing folder below the temporary root.
+    QString Folder(const QString& name) {
+        QDir().mkpath(root.filePath(name));
+        return root.filePath(name);
+    }
+    QString DefaultFile() { return Folder(u"program"_qs) + u"/Kalvenor.kvd"_qs; }
+    void AcceptNotice() { settings->values[u"Kalvenor/Options/Accepted"_qs] = u"Yes"_qs; }
+    void SetOption(const char* key, const QString& value) {
+        settings->values[u"Kalvenor/Options/"_qs + QLatin1String(key)] = value;
+    }
+
+    /// An activity that copies every second from folder NAME-in to NAME-out.
+    QString Activity(const QString& name, bool active = true) {
+        return u"<%1><sourcedir>%2</sourcedir><targetdir>%3</targetdir><type>0</type><intervall>2</intervall>"
+               "<action>0</action><overwrite>Y</overwrite><onlynew>N</onlynew><alert>N</alert>"
+               "<includesubdirs>Y</includesubdirs><executeable/><allfiles>1</allfiles><extensions/><logfile/>"
+               "<comment/><activ>%4</activ><sendmail>0</sendmail><exceedtime/><runningmode>0</runningmode></%1>"_qs.arg(
+                   name, Folder(name + u"-in"_qs), Folder(name + u"-out"_qs), active ? u"1"_qs : u"0"_qs);
+    }
+    static void Write(const QString& path, const QString& content) {
+        QFile file(path);
+        if (!file.open(QIODevice::WriteOnly) || file.write(content.toLatin1()) != content.size())
+            qFatal("cannot write the test's file");
+    }
+    void WriteActivities(const QStringList& activities) {
+        Write(DefaultFile(), u"<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><items>"_qs + activities.join(QString()) +
+                                 u"</items>"_qs);
+    }
+
+    QTemporaryDir root;
+    PlatformServices services = MakePlatformServices();
+    MemorySettings* settings;
+    FakeLocks* locks;
+    FakePowerControl* power;
+    FakeProcess* process;
+    FakeClock* clock;
+    FakeEventPump* events;
+    FakePrompter prompter;
+    FakeKeyState keys;
+    StringTable texts{Language::English};
+
+  private:
+    template <typename Fake, typename Role>
+    static Fake* replace(std::unique_ptr<Role>& role) {
+        auto fake = std::make_unique<Fake>();
+        Fake* raw = fake.get();
+        role = std::move(fake);
+        return raw;
+    }
+};
