@@ -6,7 +6,7 @@ target_compile_options(kalvenor_flags INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor -Wold-style-cast
     -Woverloaded-virtual -Werror)
 target_compile_definitions(kalvenor_flags INTERFACE
-    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_CONTEXTLESS_CONNECT QT_NO_KEYWORDS
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_CONTEXTLESS_CONNECT QT_NO_KEYWORDS QT_USE_QSTRINGBUILDER
     QT_DISABLE_DEPRECATED_BEFORE=0x060400 _FILE_OFFSET_BITS=64 KALVENOR_VERSION="${PROJECT_VERSION}")
 if(KALVENOR_SANITIZE)
     target_compile_options(kalvenor_flags INTERFACE

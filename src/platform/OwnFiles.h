@@ -46,8 +46,8 @@ class OwnFiles {
     [[nodiscard]] virtual std::error_code Delete(const std::filesystem::path& file) = 0;
 
     /// An entry of the folder whose name equals `name` without regard to letter case; an exact match wins.
-    [[nodiscard]] virtual std::optional<std::filesystem::path> FindIgnoringCase(
-        const std::filesystem::path& folder, const std::filesystem::path& name) const = 0;
+    [[nodiscard]] virtual std::optional<std::filesystem::path>
+    FindIgnoringCase(const std::filesystem::path& folder, const std::filesystem::path& name) const = 0;
 
     /// True when new files can be made in the folder.
     [[nodiscard]] virtual bool IsWritableFolder(const std::filesystem::path& folder) const = 0;

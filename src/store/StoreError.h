@@ -1,5 +1,5 @@
-// The one exception of this floor: an operation on the activity document or its file that could not be done. Carries the
-// text for the user.
+// The one exception of this floor: an operation on the activity document or its file that could not be done. Carries
+// the text for the user.
 #pragma once
 
 #include <QString>
