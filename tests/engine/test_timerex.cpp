@@ -69,7 +69,7 @@ class TestTimerEx final : public QObject {
         timer.SetIntervalUnit(3);
         timer.SetInterval(24856);
         timer.SetEnabled(true);
-        QVERIFY_EXCEPTION_THROWN(timer.Poll(), EngineError);
+        QVERIFY_THROWS_EXCEPTION(EngineError, timer.Poll());
     }
     void changesRestartThePeriodAndAClockSetBackFires() {
         FakeClock clock;

@@ -22,7 +22,7 @@ class ProgramFixture {
         services.process = own(process);
         services.power = own(power);
         services.places.programFolder = dir.path().toStdString();
-        services.places.userDataFolder = (dir.path() + QStringLiteral("/data")).toStdString();
+        services.places.userDataFolder = dir.filePath(QStringLiteral("data")).toStdString();
     }
 
     QString Path(const QString& relative) const { return dir.filePath(relative); }
