@@ -1102,17 +1102,5 @@
         <source>&amp;Monitoring</source>
         <translation>&amp;Überwachung</translation>
     </message>
-    <message id="442">
-        <source>Usage: kalvenor-run ACTIVITY-FILE</source>
-        <translation>Aufruf: kalvenor-run AKTIVITÄTSDATEI</translation>
-    </message>
-    <message id="443">
-        <source>The activity file could not be read:</source>
-        <translation>Die Aktivitätsdatei konnte nicht gelesen werden:</translation>
-    </message>
-    <message id="444">
-        <source>The lock for the activity file could not be made.</source>
-        <translation>Die Sperre für die Aktivitätsdatei konnte nicht angelegt werden.</translation>
-    </message>
 </context>
 </TS>

@@ -1102,17 +1102,5 @@
         <source>&amp;Monitoring</source>
         <translation>&amp;Monitoring</translation>
     </message>
-    <message id="442">
-        <source>Usage: kalvenor-run ACTIVITY-FILE</source>
-        <translation>Usage: kalvenor-run ACTIVITY-FILE</translation>
-    </message>
-    <message id="443">
-        <source>The activity file could not be read:</source>
-        <translation>The activity file could not be read:</translation>
-    </message>
-    <message id="444">
-        <source>The lock for the activity file could not be made.</source>
-        <translation>The lock for the activity file could not be made.</translation>
-    </message>
 </context>
 </TS>
