@@ -60,15 +60,11 @@ void ActivityFile::tell(const QString& text) {
     m_prompter.Ask({text, m_texts.Text(107), MessageIcon::Critical, MessageButtons::Ok});
 }
 
-bool ActivityFile::createEmpty(const std::filesystem::path& file) {
-    const std::error_code error = m_files.CreateNew(file, emptyFile);
+bool ActivityFile::EnsureDefaultExists() {
+    const std::error_code error = m_files.CreateNew(modNativePath::FromText(DefaultPath()), emptyFile);
     if (error && error != std::errc::file_exists)
         tell(m_texts.Text(436) + u' ' + textOf(error));
     return !error || error == std::errc::file_exists;
-}
-
-bool ActivityFile::EnsureDefaultExists() {
-    return createEmpty(modNativePath::FromText(DefaultPath()));
 }
 
 bool ActivityFile::Load() {
@@ -115,11 +111,14 @@ bool ActivityFile::OfferRepair() {
         return true;
     const std::filesystem::path file = modNativePath::FromText(damaged);
     const std::error_code error = moveToOldName(m_files, file);
-    if (error && error != std::errc::no_such_file_or_directory) {
+    const bool isGone = error == std::errc::no_such_file_or_directory && !m_files.Stamp(file);
+    if (error && !isGone) {
         tell(m_texts.Text(435) + u' ' + textOf(error));
         return false;
     }
-    return createEmpty(file);
+    if (const std::error_code failed = m_files.CreateNew(file, emptyFile))
+        tell(m_texts.Text(436) + u' ' + textOf(failed));
+    return Load();
 }
 
 std::unique_ptr<HeldLock> ActivityFile::LockForMonitoring(Locks& locks) const {

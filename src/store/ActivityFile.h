@@ -66,7 +66,6 @@ class ActivityFile final : public QObject {
   private:
     void saveTo(const QString& path);
     void tell(const QString& text);
-    bool createEmpty(const std::filesystem::path& file);
 
     clsXML& m_document;
     OwnFiles& m_files;

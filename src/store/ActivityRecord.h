@@ -11,10 +11,39 @@
 
 class ActivityFile;
 
-enum class ActivityField : std::size_t {
-    SourceDir, TargetDir, Type, Interval, TriggerDate, TriggerDateTime, TriggerTime, Action, Overwrite, OnlyNew, Alert,
-    IncludeSubdirs, Executable, AllFiles, Extensions, LogFile, Comment, Active, SendMail, AttachLogFile, AttachAction,
-    Sender, Recipient, Cc, Subject, Message, ExceedTime, SendLastFile, Daily, RunningMode, UseSmtp, SmtpHost,
+enum class ActivityField {
+    SourceDir,
+    TargetDir,
+    Type,
+    Interval,
+    TriggerDate,
+    TriggerDateTime,
+    TriggerTime,
+    Action,
+    Overwrite,
+    OnlyNew,
+    Alert,
+    IncludeSubdirs,
+    Executable,
+    AllFiles,
+    Extensions,
+    LogFile,
+    Comment,
+    Active,
+    SendMail,
+    AttachLogFile,
+    AttachAction,
+    Sender,
+    Recipient,
+    Cc,
+    Subject,
+    Message,
+    ExceedTime,
+    SendLastFile,
+    Daily,
+    RunningMode,
+    UseSmtp,
+    SmtpHost,
     ComputerName
 };
 

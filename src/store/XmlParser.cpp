@@ -43,9 +43,8 @@ XmlDocument XmlParser::Parse(const QByteArray& bytes) {
     parser->_private = &hasDoctype;
     parser->sax->internalSubset = refuseDoctype;
     parser->sax->serror = [](void*, auto*) {};
-    XmlDocument document(
-        xmlCtxtReadMemory(parser.get(), bytes.constData(), static_cast<int>(bytes.size()), nullptr, nullptr,
-                          XML_PARSE_NONET));
+    XmlDocument document(xmlCtxtReadMemory(parser.get(), bytes.constData(), static_cast<int>(bytes.size()), nullptr,
+                                           nullptr, XML_PARSE_NONET));
     if (hasDoctype || !document || xmlDocGetRootElement(document.get()) == nullptr)
         return nullptr;
     return document;

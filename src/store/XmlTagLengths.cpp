@@ -15,7 +15,7 @@ bool startsWithAny(std::string_view bytes, const auto& prefixes) {
 
 constexpr std::array littleEndian16 = {"\xFF\xFE"sv, "<\0?\0"sv, "<\0!\0"sv};
 constexpr std::array bigEndian16 = {"\xFE\xFF"sv, "\0<\0?"sv, "\0<\0!"sv};
-constexpr std::array notScannable = {"\0\0\0<"sv, "<\0\0\0"sv,         "\0\0<\0"sv,        "\0<\0\0"sv,
+constexpr std::array notScannable = {"\0\0\0<"sv,          "<\0\0\0"sv,      "\0\0<\0"sv,     "\0<\0\0"sv,
                                      "\x4C\x6F\xA7\x94"sv, "\xFF\xFE\0\0"sv, "\0\0\xFE\xFF"sv};
 
 /// Behind the end mark, or at the end of the markup.

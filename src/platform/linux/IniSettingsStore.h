@@ -1,5 +1,6 @@
 // The user's settings as one INI file per application: <config folder>/<application>/<application>.ini, UTF-8, meant to
-// be edited by hand too. Owns the folder's name only; every call reads the file afresh. The first write creates the file.
+// be edited by hand too. Owns the folder's name only; every call reads the file afresh. The first write creates the
+// file.
 #pragma once
 
 #include "SettingsStore.h"

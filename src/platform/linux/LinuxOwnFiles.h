@@ -16,7 +16,7 @@ class LinuxOwnFiles final : public OwnFiles {
     [[nodiscard]] std::error_code MoveAway(const std::filesystem::path& file,
                                            const std::filesystem::path& target) override;
     [[nodiscard]] std::error_code Delete(const std::filesystem::path& file) override;
-    [[nodiscard]] std::optional<std::filesystem::path> FindIgnoringCase(
-        const std::filesystem::path& folder, const std::filesystem::path& name) const override;
+    [[nodiscard]] std::optional<std::filesystem::path>
+    FindIgnoringCase(const std::filesystem::path& folder, const std::filesystem::path& name) const override;
     [[nodiscard]] bool IsWritableFolder(const std::filesystem::path& folder) const override;
 };
