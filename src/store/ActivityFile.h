@@ -22,6 +22,7 @@ class ActivityFile final : public QObject {
 
     /// Absolute path of the file in use; the default file at first.
     [[nodiscard]] const QString& CurrentPath() const { return m_currentPath; }
+    /// Another file is in use from now on. Load follows: until then Save does not touch a file that exists there.
     void SetCurrentPath(const QString& absolutePath);
     [[nodiscard]] bool IsDefault() const;
 
@@ -36,8 +37,12 @@ class ActivityFile final : public QObject {
     bool Load();
 
     /// Saves the document to the current file. Refused when the document has no "items" root or the file changed on
-    /// disk since it was loaded.
+    /// disk since it was loaded. A file that has gone is written anew.
     void Save();
+
+    /// Saves the document to another file, whatever is there now, and makes it current. When it throws, the former
+    /// file is still current.
+    void SaveAs(const QString& absolutePath);
 
     /// Offers to move a damaged file away and start an empty one. True when the file can be loaded again.
     bool OfferRepair();
@@ -45,7 +50,8 @@ class ActivityFile final : public QObject {
     /// Keeps every other process from running the activities of the current file; null when one does already.
     [[nodiscard]] std::unique_ptr<HeldLock> LockForMonitoring(Locks& locks) const;
 
-    /// Deletes the current file (when `confirmed` by the user's Yes), makes the default file current and ensures it.
+    /// Asks, deletes the current file, makes the default file current and loads it, created empty when it is missing.
+    /// A file that cannot be deleted stays current and is told of.
     void ClearAll();
 
     /// Names of the activities in document order.
@@ -58,11 +64,16 @@ class ActivityFile final : public QObject {
     void CurrentPathChanged(const QString& path);
 
   private:
+    void saveTo(const QString& path);
+    void tell(const QString& text);
+    bool createEmpty(const std::filesystem::path& file);
+
     clsXML& m_document;
     OwnFiles& m_files;
     Prompter& m_prompter;
     const StringTable& m_texts;
     const ProgramPlaces& m_places;
     QString m_currentPath;
+    QString m_loadedPath;
     std::optional<FileStamp> m_loadedStamp;
 };

@@ -31,6 +31,8 @@ class ActivityList final : public QAbstractTableModel {
     [[nodiscard]] bool IsChecked(int row) const;
     [[nodiscard]] std::optional<int> RowOf(const QString& name) const;
     [[nodiscard]] QString Text(const QString& name, Column column) const;
+    /// The comment as it was entered (the tooltip shows it escaped).
+    [[nodiscard]] QString CommentAt(int row) const;
 
     /// Changes by the program; none of them counts as a user's toggle.
     void SetText(const QString& name, Column column, const QString& text);
@@ -62,7 +64,10 @@ class ActivityList final : public QAbstractTableModel {
         bool checked = false;
     };
     [[nodiscard]] Row makeRow(const QString& name) const;
-    void emitChanged(int row, int column);
+    void fill(const QStringList& names);
+    [[nodiscard]] const Row* rowAt(int row) const;
+    [[nodiscard]] bool toggle(const QString& name, bool checked);
+    void emitChanged(int row, int column, int role);
 
     ActivityFile& m_file;
     const StringTable& m_texts;

@@ -3,11 +3,13 @@
 // ReadNodeXML, GetChildName, DeleteAttribute and XMLDocumentInfo throw StoreError.
 #pragma once
 
+#include <QList>
 #include <QString>
 #include <QStringList>
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <utility>
 
 class OwnFiles;
 
@@ -60,8 +62,15 @@ class clsXML final {
     /// Whether MakeNode would take this as an element name.
     [[nodiscard]] bool IsUsableName(const QString& name) const;
 
+    /// Builds an element with one child for each (name, text), and only when that is complete removes the first
+    /// `oldName` below the parent (unless empty) and appends the new one. Throws with the document unchanged.
+    void ReplaceElement(const QString& parentPath, const QString& oldName, const QString& newName,
+                        const QList<std::pair<QString, QString>>& children);
+
   private:
     class Document;
+    void requireUsableName(const QString& name) const;
+    void shift(const QString& path, int by);
     OwnFiles& m_files;
     std::unique_ptr<Document> m_document;
 };

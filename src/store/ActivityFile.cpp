@@ -1,0 +1,169 @@
+#include "ActivityFile.h"
+#include "ProgramPlaces.h"
+#include "Prompter.h"
+#include "StoreError.h"
+#include "StringTable.h"
+#include "XmlNames.h"
+#include "clsXML.h"
+#include "modNativePath.h"
+
+namespace {
+
+const QString items = QStringLiteral("/items");
+const QByteArray emptyFile = QByteArrayLiteral("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><items></items>\r\n");
+constexpr const char* defaultName = "Kalvenor.kvd";
+constexpr int mostOldFiles = 10'000;
+
+QString textOf(std::error_code error) {
+    return QString::fromLocal8Bit(error.message().c_str());
+}
+
+/// "" for a name that is none: such a path could match another activity.
+QString pathOf(const QString& name) {
+    return XmlNames::IsNcName(name) ? QString(items + u'/' + name) : QString();
+}
+
+/// Gives the file the first free name of BASE.OLD, BASE.OLD1, BASE.OLD2 ... in the current directory.
+std::error_code moveToOldName(OwnFiles& files, const std::filesystem::path& file) {
+    const std::string base = file.stem().string() + ".OLD";
+    std::error_code error = files.MoveAway(file, base);
+    for (int number = 1; error == std::errc::file_exists && number <= mostOldFiles; ++number)
+        error = files.MoveAway(file, base + std::to_string(number));
+    return error;
+}
+
+} // namespace
+
+ActivityFile::ActivityFile(clsXML& document, OwnFiles& files, Prompter& prompter, const StringTable& texts,
+                           const ProgramPlaces& places)
+    : m_document(document), m_files(files), m_prompter(prompter), m_texts(texts), m_places(places),
+      m_currentPath(DefaultPath()) {}
+
+void ActivityFile::SetCurrentPath(const QString& absolutePath) {
+    if (m_currentPath == absolutePath)
+        return;
+    m_currentPath = absolutePath;
+    Q_EMIT CurrentPathChanged(m_currentPath);
+}
+
+bool ActivityFile::IsDefault() const {
+    return m_currentPath.compare(DefaultPath(), Qt::CaseInsensitive) == 0;
+}
+
+QString ActivityFile::DefaultPath() const {
+    const std::filesystem::path& folder =
+        m_files.IsWritableFolder(m_places.programFolder) ? m_places.programFolder : m_places.userDataFolder;
+    return modNativePath::ToText(folder / m_files.FindIgnoringCase(folder, defaultName).value_or(defaultName));
+}
+
+void ActivityFile::tell(const QString& text) {
+    m_prompter.Ask({text, m_texts.Text(107), MessageIcon::Critical, MessageButtons::Ok});
+}
+
+bool ActivityFile::createEmpty(const std::filesystem::path& file) {
+    const std::error_code error = m_files.CreateNew(file, emptyFile);
+    if (error && error != std::errc::file_exists)
+        tell(m_texts.Text(436) + u' ' + textOf(error));
+    return !error || error == std::errc::file_exists;
+}
+
+bool ActivityFile::EnsureDefaultExists() {
+    return createEmpty(modNativePath::FromText(DefaultPath()));
+}
+
+bool ActivityFile::Load() {
+    // The stamp is taken first: a change that comes while the file is read is then seen by the next save.
+    m_loadedPath = m_currentPath;
+    m_loadedStamp = m_files.Stamp(modNativePath::FromText(m_currentPath));
+    m_document.OpenXML(m_currentPath, 0);
+    return m_document.NodeCount(items) >= 0;
+}
+
+void ActivityFile::Save() {
+    const auto present = m_files.Stamp(modNativePath::FromText(m_currentPath));
+    const auto expected = m_loadedPath == m_currentPath ? m_loadedStamp : std::nullopt;
+    if (m_document.NodeCount(items) >= 0 && present && present != expected)
+        throw StoreError(m_texts.Text(432));
+    saveTo(m_currentPath);
+}
+
+void ActivityFile::SaveAs(const QString& absolutePath) {
+    saveTo(absolutePath);
+    SetCurrentPath(absolutePath);
+}
+
+void ActivityFile::saveTo(const QString& path) {
+    if (m_document.NodeCount(items) < 0)
+        throw StoreError(m_texts.Text(433));
+    try {
+        m_document.Save(path);
+    } catch (const StoreError& error) {
+        throw StoreError(m_texts.Text(434) + u' ' + error.Text());
+    }
+    m_loadedPath = path;
+    m_loadedStamp = m_files.Stamp(modNativePath::FromText(path));
+}
+
+bool ActivityFile::OfferRepair() {
+    const QString damaged = m_currentPath;
+    const MessageAnswer answer =
+        m_prompter.Ask({m_texts.Text(371), m_texts.Text(107), MessageIcon::Critical, MessageButtons::YesNo});
+    if (answer != MessageAnswer::Yes)
+        return false;
+    // Events ran while the box was open: only a file that is damaged still may be moved.
+    if (m_currentPath != damaged || Load())
+        return true;
+    const std::filesystem::path file = modNativePath::FromText(damaged);
+    const std::error_code error = moveToOldName(m_files, file);
+    if (error && error != std::errc::no_such_file_or_directory) {
+        tell(m_texts.Text(435) + u' ' + textOf(error));
+        return false;
+    }
+    return createEmpty(file);
+}
+
+std::unique_ptr<HeldLock> ActivityFile::LockForMonitoring(Locks& locks) const {
+    std::error_code error;
+    const std::filesystem::path file = modNativePath::FromText(m_currentPath);
+    const std::filesystem::path canonical = std::filesystem::weakly_canonical(file, error);
+    return locks.TryAcquire(u"activity file " + modNativePath::ToText(error ? file : canonical));
+}
+
+void ActivityFile::ClearAll() {
+    const MessageAnswer answer =
+        m_prompter.Ask({m_texts.Text(269), m_texts.Text(270), MessageIcon::Question, MessageButtons::YesNo});
+    if (answer != MessageAnswer::Yes)
+        return;
+    const bool wasDefault = IsDefault();
+    const std::error_code error = m_files.Delete(modNativePath::FromText(m_currentPath));
+    if (error && error != std::errc::no_such_file_or_directory)
+        return tell(textOf(error));
+    EnsureDefaultExists();
+    SetCurrentPath(DefaultPath());
+    Load();
+    if (!wasDefault)
+        m_prompter.Ask(
+            {m_texts.Text(271), QStringLiteral("Kalvenor Pro"), MessageIcon::Information, MessageButtons::Ok});
+}
+
+QStringList ActivityFile::Names() const {
+    QStringList names;
+    const int count = m_document.NodeCount(items);
+    for (int i = 0; i < count; ++i)
+        names.append(m_document.GetChildName(items, i));
+    return names;
+}
+
+bool ActivityFile::Has(const QString& name) const {
+    return m_document.NodeCount(pathOf(name)) >= 0;
+}
+
+QString ActivityFile::Read(const QString& name, const char* field) const {
+    const QString path = pathOf(name);
+    return path.isEmpty() ? QString() : m_document.ReadNode(path + u'/' + QLatin1String(field));
+}
+
+void ActivityFile::Write(const QString& name, const char* field, const QString& value) {
+    if (const QString path = pathOf(name); !path.isEmpty())
+        m_document.WriteNode(path + u'/' + QLatin1String(field), value);
+}

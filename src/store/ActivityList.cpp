@@ -1,0 +1,186 @@
+#include "ActivityList.h"
+#include "ActivityFile.h"
+#include "ActivityRecord.h"
+#include "ActivityTexts.h"
+#include "StoreError.h"
+#include "StringTable.h"
+
+#include <QScopedValueRollback>
+
+namespace {
+
+constexpr int headers[ActivityList::ColumnCount] = {179, 180, 181, 336, 182, 387, 388, 389, 390, 395};
+
+QString orDash(const QString& text) {
+    return text.isEmpty() ? QStringLiteral("-") : text;
+}
+
+} // namespace
+
+ActivityList::ActivityList(ActivityFile& file, const StringTable& texts) : m_file(file), m_texts(texts) {}
+
+void ActivityList::Refill() {
+    if (m_listBusy)
+        return; // asked for from inside the repair question: the refill that asks it goes on anyway
+    const QScopedValueRollback<bool> busy(m_listBusy, true);
+    bool isLoaded = m_file.Load();
+    if (!isLoaded) {
+        fill({});
+        isLoaded = m_file.OfferRepair() && m_file.Load();
+    }
+    fill(isLoaded ? m_file.Names() : QStringList());
+    m_listBusy = false;
+    Q_EMIT Refilled();
+}
+
+void ActivityList::fill(const QStringList& names) {
+    beginResetModel();
+    m_rows.clear();
+    m_rowOfName.clear();
+    m_rows.reserve(static_cast<std::size_t>(names.size()));
+    for (const QString& name : names) {
+        if (!m_rowOfName.contains(name))
+            m_rowOfName.insert(name, Rows());
+        m_rows.push_back(makeRow(name));
+    }
+    endResetModel();
+}
+
+ActivityList::Row ActivityList::makeRow(const QString& name) const {
+    const ActivityRecord record = ActivityRecord::Read(m_file, name);
+    Row row;
+    row.texts[Name] = name;
+    row.texts[Source] = record.Text(ActivityField::SourceDir);
+    row.texts[Destination] = record.Text(ActivityField::TargetDir);
+    row.texts[Schedule] = ActivityTexts::Schedule(record, m_texts);
+    row.texts[Count] = QStringLiteral("0");
+    row.texts[LogFile] = orDash(record.Text(ActivityField::LogFile));
+    row.texts[Executable] = orDash(record.Text(ActivityField::Executable));
+    row.texts[Extensions] =
+        record.IsOn(ActivityField::AllFiles) ? m_texts.Text(394) : record.Text(ActivityField::Extensions);
+    row.texts[LastRun] = QStringLiteral("-");
+    row.comment = record.Text(ActivityField::Comment);
+    row.checked = record.Text(ActivityField::Active) == u"1" && !m_takenOut.contains(name);
+    return row;
+}
+
+const ActivityList::Row* ActivityList::rowAt(int row) const {
+    return row >= 0 && row < Rows() ? &m_rows[static_cast<std::size_t>(row)] : nullptr;
+}
+
+QString ActivityList::NameAt(int row) const {
+    const Row* found = rowAt(row);
+    return found == nullptr ? QString() : found->texts[Name];
+}
+
+QString ActivityList::CommentAt(int row) const {
+    const Row* found = rowAt(row);
+    return found == nullptr ? QString() : found->comment;
+}
+
+bool ActivityList::IsChecked(int row) const {
+    const Row* found = rowAt(row);
+    return found != nullptr && found->checked;
+}
+
+std::optional<int> ActivityList::RowOf(const QString& name) const {
+    const auto found = m_rowOfName.constFind(name);
+    return found == m_rowOfName.constEnd() ? std::nullopt : std::optional<int>(*found);
+}
+
+QString ActivityList::Text(const QString& name, Column column) const {
+    const auto row = RowOf(name);
+    return row ? m_rows[static_cast<std::size_t>(*row)].texts[column] : QString();
+}
+
+void ActivityList::SetText(const QString& name, Column column, const QString& text) {
+    const auto row = RowOf(name);
+    if (!row || m_rows[static_cast<std::size_t>(*row)].texts[column] == text)
+        return;
+    m_rows[static_cast<std::size_t>(*row)].texts[column] = text;
+    emitChanged(*row, column, Qt::DisplayRole);
+}
+
+void ActivityList::SetChecked(const QString& name, bool checked) {
+    const auto row = RowOf(name);
+    if (!row || m_rows[static_cast<std::size_t>(*row)].checked == checked)
+        return;
+    m_rows[static_cast<std::size_t>(*row)].checked = checked;
+    emitChanged(*row, Name, Qt::CheckStateRole);
+}
+
+void ActivityList::TakeOut(const QString& name) {
+    m_takenOut.insert(name);
+    SetChecked(name, false);
+}
+
+void ActivityList::ForgetTakenOut() {
+    m_takenOut.clear();
+}
+
+void ActivityList::ForgetTakenOut(const QString& name) {
+    m_takenOut.remove(name);
+}
+
+void ActivityList::emitChanged(int row, int column, int role) {
+    const QModelIndex changed = index(row, column);
+    Q_EMIT dataChanged(changed, changed, {role});
+}
+
+int ActivityList::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : Rows();
+}
+
+int ActivityList::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : ColumnCount;
+}
+
+QVariant ActivityList::data(const QModelIndex& index, int role) const {
+    const Row* row = index.isValid() ? rowAt(index.row()) : nullptr;
+    if (row == nullptr || index.column() >= ColumnCount)
+        return {};
+    if (role == Qt::DisplayRole)
+        return row->texts[index.column()];
+    if (role == Qt::CheckStateRole && index.column() == Name)
+        return row->checked ? Qt::Checked : Qt::Unchecked;
+    // Tooltips guess whether a text is HTML. Marked up and escaped, a comment shows as it was entered.
+    if (role == Qt::ToolTipRole && !row->comment.isEmpty())
+        return QString(u"<span style=\"white-space:pre-wrap\">" + row->comment.toHtmlEscaped() + u"</span>");
+    return {};
+}
+
+QVariant ActivityList::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 || section >= ColumnCount)
+        return {};
+    return m_texts.Text(headers[section]);
+}
+
+Qt::ItemFlags ActivityList::flags(const QModelIndex& index) const {
+    const Qt::ItemFlags common = QAbstractTableModel::flags(index);
+    return index.isValid() && index.column() == Name ? common | Qt::ItemIsUserCheckable : common;
+}
+
+bool ActivityList::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (!index.isValid() || index.column() != Name || role != Qt::CheckStateRole)
+        return false;
+    return toggle(NameAt(index.row()), value.toInt() == Qt::Checked);
+}
+
+bool ActivityList::toggle(const QString& name, bool checked) {
+    if (!RowOf(name))
+        return false;
+    const QString before = m_file.Read(name, "activ");
+    m_file.Write(name, "activ", checked ? QStringLiteral("1") : QStringLiteral("0"));
+    try {
+        m_file.Save();
+    } catch (const StoreError& error) {
+        m_file.Write(name, "activ", before);
+        Q_EMIT ToggleFailed(error.Text());
+        return false;
+    }
+    m_file.Load();
+    ForgetTakenOut(name);
+    // Shown is what the file holds: a record without the field cannot be switched on.
+    SetChecked(name, m_file.Read(name, "activ") == u"1");
+    return true;
+}

@@ -1,0 +1,44 @@
+#include "ActivityTexts.h"
+#include "ActivityRecord.h"
+#include "StringTable.h"
+
+#include <array>
+
+namespace {
+
+struct CodeText {
+    const char* code;
+    int text;
+};
+
+constexpr std::array intervals = {CodeText{"0", 337}, CodeText{"1", 338}, CodeText{"2", 339}};
+constexpr std::array actions = {CodeText{"0", 347}, CodeText{"1", 348}, CodeText{"3", 349}, CodeText{"2", 350}};
+
+QString lookUp(const auto& table, const QString& code, const StringTable& texts) {
+    for (const CodeText& row : table)
+        if (code == QLatin1String(row.code))
+            return texts.Text(row.text);
+    return {};
+}
+
+QString description(const ActivityRecord& record, const StringTable& texts) {
+    const QString type = record.Text(ActivityField::Type);
+    const QString separator = QStringLiteral(": ");
+    if (type == u"3")
+        return texts.Text(344) + separator + record.Text(ActivityField::TriggerDate) + QStringLiteral(" / ") +
+               texts.Text(345) + separator + record.Text(ActivityField::TriggerDateTime);
+    if (type == u"4") {
+        const QString time = texts.Text(345) + separator + record.Text(ActivityField::TriggerTime);
+        const bool isDaily = record.Text(ActivityField::Daily) == u"1";
+        return isDaily ? QString(time + QStringLiteral(" (") + texts.Text(343) + u')') : time;
+    }
+    const QString unit = lookUp(intervals, type, texts);
+    return unit.isEmpty() ? QString() : QString(record.Text(ActivityField::Interval) + u' ' + unit);
+}
+
+} // namespace
+
+QString ActivityTexts::Schedule(const ActivityRecord& record, const StringTable& texts) {
+    return description(record, texts) + QStringLiteral(" - ") +
+           lookUp(actions, record.Text(ActivityField::Action), texts);
+}

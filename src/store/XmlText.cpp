@@ -1,0 +1,69 @@
+#include "XmlText.h"
+
+namespace {
+
+void gather(const xmlNode* node, QByteArray& utf8) {
+    if (node->type == XML_TEXT_NODE || node->type == XML_CDATA_SECTION_NODE) {
+        if (node->content != nullptr)
+            utf8.append(reinterpret_cast<const char*>(node->content));
+        return;
+    }
+    if (node->type != XML_ELEMENT_NODE && node->type != XML_ATTRIBUTE_NODE && node->type != XML_DOCUMENT_NODE)
+        return;
+    for (const xmlNode* child = node->children; child != nullptr; child = child->next)
+        gather(child, utf8);
+}
+
+} // namespace
+
+QString XmlText::FromXml(const xmlChar* text) {
+    return text == nullptr ? QString() : QString::fromUtf8(reinterpret_cast<const char*>(text));
+}
+
+bool XmlText::IsXmlCharacter(char32_t character) {
+    return character == 0x9 || character == 0xA || character == 0xD || (character >= 0x20 && character <= 0xD7FF) ||
+           (character >= 0xE000 && character <= 0xFFFD) || (character >= 0x10000 && character <= 0x10FFFF);
+}
+
+QString XmlText::Storable(const QString& text) {
+    QString kept;
+    kept.reserve(text.size());
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        const QChar unit = text[at];
+        if (unit.isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate())
+            kept.append(unit).append(text[++at]);
+        else if (IsXmlCharacter(unit.unicode()))
+            kept.append(unit);
+    }
+    return kept;
+}
+
+QString XmlText::Of(const xmlNode* node) {
+    QByteArray utf8;
+    gather(node, utf8);
+    return QString::fromUtf8(utf8);
+}
+
+bool XmlText::Set(xmlNode* node, const QString& text) {
+    const QByteArray utf8 = Storable(text).toUtf8();
+    if (node->type == XML_TEXT_NODE || node->type == XML_CDATA_SECTION_NODE) {
+        xmlNodeSetContentLen(node, ToXml(utf8), static_cast<int>(utf8.size()));
+        return true;
+    }
+    if (node->type != XML_ELEMENT_NODE && node->type != XML_ATTRIBUTE_NODE)
+        return false;
+    // A text node of its own: the library's own setters would read "&" as the start of an entity.
+    XmlLooseNode content(xmlNewDocTextLen(node->doc, ToXml(utf8), static_cast<int>(utf8.size())));
+    if (!content)
+        return false;
+    xmlNode* old = node->children;
+    node->children = nullptr;
+    node->last = nullptr;
+    xmlFreeNodeList(old);
+    if (utf8.isEmpty() && node->type == XML_ELEMENT_NODE)
+        return true;
+    content->parent = node;
+    node->children = content.get();
+    node->last = content.release();
+    return true;
+}

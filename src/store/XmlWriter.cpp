@@ -1,0 +1,59 @@
+#include "XmlWriter.h"
+#include "XmlQuiet.h"
+#include "XmlText.h"
+
+#include <libxml/xmlsave.h>
+
+namespace {
+
+constexpr int undeclared = -1;
+
+/// Saves through `save`, which gets the context; nullopt on any error.
+template <typename Save>
+std::optional<QByteArray> saved(const char* encoding, int options, const Save& save) {
+    const XmlQuiet quiet;
+    const XmlBuffer buffer(xmlBufferCreate());
+    if (!buffer)
+        return std::nullopt;
+    xmlSaveCtxt* context = xmlSaveToBuffer(buffer.get(), encoding, options);
+    if (context == nullptr)
+        return std::nullopt;
+    const bool isSaved = save(context) >= 0;
+    if (xmlSaveClose(context) < 0 || !isSaved)
+        return std::nullopt;
+    return QByteArray(reinterpret_cast<const char*>(xmlBufferContent(buffer.get())), xmlBufferLength(buffer.get()));
+}
+
+QString declaration(const xmlDoc& document) {
+    if (document.standalone == undeclared)
+        return {};
+    QString text = QStringLiteral("<?xml version=\"%1\"").arg(XmlText::FromXml(document.version));
+    if (document.encoding != nullptr)
+        text += QStringLiteral(" encoding=\"%1\"").arg(XmlText::FromXml(document.encoding));
+    if (document.standalone >= 0)
+        text += document.standalone == 1 ? QStringLiteral(" standalone=\"yes\"") : QStringLiteral(" standalone=\"no\"");
+    return text + QStringLiteral("?>\n");
+}
+
+} // namespace
+
+std::optional<QByteArray> XmlWriter::Bytes(xmlDoc& document) {
+    const bool isDeclared = document.standalone != undeclared;
+    const auto* encoding = reinterpret_cast<const char*>(document.encoding);
+    if (encoding == nullptr && !isDeclared)
+        encoding = "UTF-8";
+    return saved(encoding, isDeclared ? 0 : XML_SAVE_NO_DECL,
+                 [&](xmlSaveCtxt* context) { return xmlSaveDoc(context, &document); });
+}
+
+QString XmlWriter::Markup(xmlDoc& document) {
+    const auto bytes =
+        saved("UTF-8", XML_SAVE_NO_DECL, [&](xmlSaveCtxt* context) { return xmlSaveDoc(context, &document); });
+    return bytes ? declaration(document) + QString::fromUtf8(*bytes) : QString();
+}
+
+QString XmlWriter::Markup(xmlNode& node) {
+    const auto bytes =
+        saved("UTF-8", XML_SAVE_NO_DECL, [&](xmlSaveCtxt* context) { return xmlSaveTree(context, &node); });
+    return bytes ? QString::fromUtf8(*bytes) : QString();
+}
