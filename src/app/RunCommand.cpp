@@ -15,8 +15,8 @@ RunCommand::~RunCommand() {
     m_program.OnLogLine(nullptr);
 }
 
-void RunCommand::complain(int textId, const QString& value) {
-    m_log.Line(HeadlessLog::Priority::Error, m_program.Texts().Text(textId).arg(value));
+void RunCommand::complain(const QString& text) {
+    m_log.Line(HeadlessLog::Priority::Error, text);
 }
 
 RunCommand::ExitCode RunCommand::Execute(const Request& request) {
@@ -28,13 +28,13 @@ RunCommand::ExitCode RunCommand::Execute(const Request& request) {
     }
     const std::filesystem::path path = modNativePath::Absolute(request.file);
     if (path.empty() || !m_program.Services().ownFiles->Stamp(path)) {
-        complain(453, request.file);
+        complain(m_program.Texts().Text(443) + QLatin1Char(' ') + request.file);
         return Unusable;
     }
     m_program.File().SetCurrentPath(modNativePath::ToText(path));
     m_lock = m_program.LockFile();
     if (!m_lock) {
-        complain(455, request.file);
+        complain(m_program.Texts().Text(454).arg(request.file));
         return MonitoredElsewhere;
     }
     QStringList names;
@@ -46,7 +46,7 @@ RunCommand::ExitCode RunCommand::Execute(const Request& request) {
 bool RunCommand::open(const QString& file) {
     // Looked at first, so that the refill below finds nothing that it would offer to repair.
     if (!m_program.File().Load()) {
-        complain(453, file);
+        complain(m_program.Texts().Text(443) + QLatin1Char(' ') + file);
         return false;
     }
     m_program.Options().ReadRegistry();
@@ -64,7 +64,7 @@ bool RunCommand::choose(const QStringList& wanted, QStringList& names) {
     }
     for (const QString& name : wanted) {
         if (!known.contains(name)) {
-            complain(454, name);
+            complain(m_program.Texts().Text(453).arg(m_program.File().CurrentPath(), name));
             return false;
         }
     }

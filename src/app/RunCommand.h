@@ -34,7 +34,7 @@ class RunCommand final {
     [[nodiscard]] bool open(const QString& file);
     [[nodiscard]] bool choose(const QStringList& wanted, QStringList& names);
     [[nodiscard]] ExitCode runAll(const QStringList& names);
-    void complain(int textId, const QString& value);
+    void complain(const QString& text);
 
     Program& m_program;
     std::ostream& m_output;

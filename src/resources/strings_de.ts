@@ -1098,9 +1098,49 @@
         <source>Monitoring is off: the option &quot;After start immediately start monitoring&quot; is not set.</source>
         <translation>Die Überwachung ist ausgeschaltet: Die Option &quot;Nach dem Start sofort mit der Überwachung beginnen&quot; ist nicht gesetzt.</translation>
     </message>
-    <message id="441">
-        <source>&amp;Monitoring</source>
-        <translation>&amp;Überwachung</translation>
+    <message id="443">
+        <source>The activity file could not be read:</source>
+        <translation>Die Aktivitätsdatei konnte nicht gelesen werden:</translation>
+    </message>
+    <message id="445">
+        <source>&amp;Activity</source>
+        <translation>&amp;Aktivität</translation>
+    </message>
+    <message id="446">
+        <source>&amp;Yes</source>
+        <translation>&amp;Ja</translation>
+    </message>
+    <message id="447">
+        <source>&amp;No</source>
+        <translation>&amp;Nein</translation>
+    </message>
+    <message id="448">
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message id="449">
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message id="450">
+        <source>Runs activities of an activity file once, now.</source>
+        <translation>Führt Aktivitäten einer Aktivitätsdatei einmal sofort aus.</translation>
+    </message>
+    <message id="451">
+        <source>Path of the activity file.</source>
+        <translation>Pfad der Aktivitätsdatei.</translation>
+    </message>
+    <message id="452">
+        <source>Names of the activities to run, in this order; without a name every active one.</source>
+        <translation>Namen der auszuführenden Aktivitäten in dieser Reihenfolge; ohne Namen alle aktiven.</translation>
+    </message>
+    <message id="453">
+        <source>The activity file '%1' has no activity '%2'.</source>
+        <translation>Die Aktivitätsdatei '%1' enthält keine Aktivität '%2'.</translation>
+    </message>
+    <message id="454">
+        <source>Another process works on the activity file '%1'. Nothing was run.</source>
+        <translation>Ein anderer Prozess arbeitet mit der Aktivitätsdatei '%1'. Nichts wurde ausgeführt.</translation>
     </message>
 </context>
 </TS>

@@ -1098,9 +1098,49 @@
         <source>Monitoring is off: the option &quot;After start immediately start monitoring&quot; is not set.</source>
         <translation>Monitoring is off: the option &quot;After start immediately start monitoring&quot; is not set.</translation>
     </message>
-    <message id="441">
-        <source>&amp;Monitoring</source>
-        <translation>&amp;Monitoring</translation>
+    <message id="443">
+        <source>The activity file could not be read:</source>
+        <translation>The activity file could not be read:</translation>
+    </message>
+    <message id="445">
+        <source>&amp;Activity</source>
+        <translation>&amp;Activity</translation>
+    </message>
+    <message id="446">
+        <source>&amp;Yes</source>
+        <translation>&amp;Yes</translation>
+    </message>
+    <message id="447">
+        <source>&amp;No</source>
+        <translation>&amp;No</translation>
+    </message>
+    <message id="448">
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message id="449">
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message id="450">
+        <source>Runs activities of an activity file once, now.</source>
+        <translation>Runs activities of an activity file once, now.</translation>
+    </message>
+    <message id="451">
+        <source>Path of the activity file.</source>
+        <translation>Path of the activity file.</translation>
+    </message>
+    <message id="452">
+        <source>Names of the activities to run, in this order; without a name every active one.</source>
+        <translation>Names of the activities to run, in this order; without a name every active one.</translation>
+    </message>
+    <message id="453">
+        <source>The activity file '%1' has no activity '%2'.</source>
+        <translation>The activity file '%1' has no activity '%2'.</translation>
+    </message>
+    <message id="454">
+        <source>Another process works on the activity file '%1'. Nothing was run.</source>
+        <translation>Another process works on the activity file '%1'. Nothing was run.</translation>
     </message>
 </context>
 </TS>

@@ -4,12 +4,38 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QStyledItemDelegate>
 #include <algorithm>
 
 namespace {
 
 // In average characters of the view's font.
-constexpr int ColumnCharacters[ActivityList::ColumnCount] = {22, 30, 30, 30, 28, 10, 22, 22, 14, 20};
+constexpr int ColumnCharacters[ActivityList::ColumnCount] = {22, 30, 30, 36, 28, 10, 22, 22, 14, 20};
+
+/// Gives the rows some air and shortens paths in their middle, where they tell least.
+class RowDelegate final : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, 4);
+    }
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        switch (index.column()) {
+        case ActivityList::Source:
+        case ActivityList::Destination:
+        case ActivityList::LogFile:
+        case ActivityList::Executable:
+            option->textElideMode = Qt::ElideMiddle;
+            break;
+        default:
+            break;
+        }
+    }
+};
 
 } // namespace
 
@@ -23,7 +49,7 @@ ActivityListView::ActivityListView(ActivityList& list, QWidget* parent) : QTreeV
     setSelectionBehavior(SelectRows);
     setSelectionMode(ExtendedSelection);
     setEditTriggers(NoEditTriggers);
-    setTextElideMode(Qt::ElideMiddle);
+    setItemDelegate(new RowDelegate(this));
     setContextMenuPolicy(Qt::CustomContextMenu);
     setModel(&list);
     setColumnWidths();
