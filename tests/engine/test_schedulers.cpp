@@ -131,7 +131,11 @@ class TestSchedulers final : public QObject {
             if (index.column() == ActivityList::LastRun)
                 ++runs;
         });
-        fixture.Pass(48h);
+        for (int day = 0; day < 2; ++day) {
+            fixture.clock->Advance(11h + 58min);
+            fixture.Pass(5min);
+            fixture.clock->Advance(11h + 57min);
+        }
         QTEST(runs, "runs");
         const bool finished = runs == 1;
         QCOMPARE(program.File().Read(A, "activ"), text(finished ? "0" : "1"));
@@ -152,9 +156,11 @@ class TestSchedulers final : public QObject {
         fixture.Write(text("src/f"), "x");
         Program& program = fixture.Start();
         program.Monitoring().ToggleMonitoring();
-        fixture.Pass(24h);
+        fixture.clock->Advance(6h + 29min);
+        fixture.Pass(3min);
         QVERIFY(!fixture.Exists(text("dst/f")));
-        fixture.Pass(24h);
+        fixture.clock->Advance(24h - 3min);
+        fixture.Pass(3min);
         QVERIFY(fixture.Exists(text("dst/f")));
         QCOMPARE(program.File().Read(A, "activ"), text("0"));
         QCOMPARE(program.File().Read(text("Past"), "activ"), text("1"));
