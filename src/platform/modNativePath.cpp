@@ -22,7 +22,7 @@ qsizetype sequenceLength(const QByteArray& bytes, qsizetype at) {
 
 QString modNativePath::ToText(const std::filesystem::path& path) {
     const QByteArray bytes = QByteArray::fromStdString(path.string());
-    const QString text = QString::fromUtf8(bytes);
+    QString text = QString::fromUtf8(bytes);
     if (!text.contains(QChar(replacementCharacter)))
         return text;
     QString escaped;

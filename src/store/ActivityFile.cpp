@@ -77,8 +77,8 @@ bool ActivityFile::Load() {
 
 void ActivityFile::Save() {
     const auto present = m_files.Stamp(modNativePath::FromText(m_currentPath));
-    const auto expected = m_loadedPath == m_currentPath ? m_loadedStamp : std::nullopt;
-    if (m_document.NodeCount(items) >= 0 && present && present != expected)
+    const bool isAsLoaded = m_loadedPath == m_currentPath && present == m_loadedStamp;
+    if (m_document.NodeCount(items) >= 0 && present && !isAsLoaded)
         throw StoreError(m_texts.Text(432));
     saveTo(m_currentPath);
 }

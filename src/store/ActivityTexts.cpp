@@ -22,7 +22,7 @@ QString lookUp(const auto& table, const QString& code, const StringTable& texts)
 }
 
 QString description(const ActivityRecord& record, const StringTable& texts) {
-    const QString type = record.Text(ActivityField::Type);
+    const QString& type = record.Text(ActivityField::Type);
     const QString separator = QStringLiteral(": ");
     if (type == u"3")
         return texts.Text(344) + separator + record.Text(ActivityField::TriggerDate) + QStringLiteral(" / ") +

@@ -12,7 +12,8 @@ namespace {
 using Steps = QVarLengthArray<std::string_view, 8>;
 
 bool isElement(const xmlNode& node, std::string_view name) {
-    return node.type == XML_ELEMENT_NODE && node.ns == nullptr && name == reinterpret_cast<const char*>(node.name);
+    const auto* own = reinterpret_cast<const char*>(node.name);
+    return node.type == XML_ELEMENT_NODE && node.ns == nullptr && name.front() == own[0] && name == own;
 }
 
 xmlNode* walk(xmlNode* node, std::span<const std::string_view> steps) {

@@ -39,6 +39,10 @@ QString XmlText::Storable(const QString& text) {
 }
 
 QString XmlText::Of(const xmlNode* node) {
+    // Nearly every value is one piece of text.
+    const xmlNode* only = node->type == XML_ELEMENT_NODE ? node->children : nullptr;
+    if (only != nullptr && only->type == XML_TEXT_NODE && only->next == nullptr)
+        return FromXml(only->content);
     QByteArray utf8;
     gather(node, utf8);
     return QString::fromUtf8(utf8);
