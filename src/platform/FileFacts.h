@@ -1,9 +1,8 @@
 // What is known of one directory entry at one moment. Plain values.
 #pragma once
 
-#include <compare>
 #include <cstdint>
-#include <filesystem>
+#include <filesystem> // with it comes <compare>, which the moc of Qt 6.4 cannot read by itself
 
 /// A modification time. `granularity` is the coarsest step the file system is known to store beyond what the digits
 /// show (2 s on FAT), 1 where nothing is known.
