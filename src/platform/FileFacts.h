@@ -2,7 +2,8 @@
 #pragma once
 
 #include <cstdint>
-#include <filesystem> // with it comes <compare>, which the moc of Qt 6.4 cannot read by itself
+#include <filesystem>
+#include <tuple>
 
 /// A modification time. `granularity` is the coarsest step the file system is known to store beyond what the digits
 /// show (2 s on FAT), 1 where nothing is known.
@@ -15,7 +16,8 @@ struct FileTime {
 struct FileId {
     std::uint64_t device = 0;
     std::uint64_t inode = 0;
-    auto operator<=>(const FileId&) const = default;
+    bool operator==(const FileId&) const = default;
+    bool operator<(const FileId& other) const { return std::tie(device, inode) < std::tie(other.device, other.inode); }
 };
 
 enum class EntryKind {

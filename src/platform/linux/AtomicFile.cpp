@@ -1,8 +1,7 @@
 #include "AtomicFile.h"
 #include "FileDescriptor.h"
+#include "TemporaryName.h"
 
-#include <QRandomGenerator>
-#include <QString>
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
@@ -34,8 +33,7 @@ class Temporary final {
 
     std::error_code Open(const fs::path& folder, mode_t mode) {
         for (int i = 0; i < mostNames; ++i) {
-            const auto random = QString::number(QRandomGenerator::system()->generate64(), 16).toStdString();
-            const fs::path path = folder / (".kalvenor-" + random + ".tmp");
+            const fs::path path = folder / MakeTemporaryName(ProcessMark::OfThisProcess());
             m_file = FileDescriptor(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode));
             if (m_file.IsOpen()) {
                 m_path = path;
