@@ -41,6 +41,7 @@ void TestFolder::listsKindsInByteOrder() {
         {"dangling", EntryKind::Special}, {"fifo", EntryKind::Special},
         {"filelink", EntryKind::File},    {"folderlink", EntryKind::FolderLink}};
     std::vector<std::pair<std::string, EntryKind>> found;
+    found.reserve(entries.size());
     for (const FolderEntry& entry : entries)
         found.emplace_back(entry.name.native(), entry.facts.kind);
     QVERIFY(found == expected);

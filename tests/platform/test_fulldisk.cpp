@@ -4,6 +4,16 @@
 #include <sched.h>
 #include <sys/mount.h>
 
+namespace {
+
+constexpr std::size_t kKilobyte = 1024;
+
+std::string text(std::size_t kilobytes, char character) {
+    return std::string(kilobytes * kKilobyte, character);
+}
+
+} // namespace
+
 // A disk of one megabyte that fills up under the transfer.
 class TestFullDisk final : public QObject {
     Q_OBJECT
@@ -19,13 +29,7 @@ class TestFullDisk final : public QObject {
     void goesOnBehindAFileThatDoesNotFit();
     void needsNoRoomForHoles();
 
-  private:
-    static constexpr std::size_t kKilobyte = 1024;
-
-    static std::string text(std::size_t kilobytes, char character) {
-        return std::string(kilobytes * kKilobyte, character);
-    }
-
+  private: // NOLINT(readability-redundant-access-specifiers): the slots above are private by a macro
     std::unique_ptr<FileWorld> m_world;
 };
 

@@ -19,6 +19,36 @@ constexpr std::uint32_t kUnnamed = O_TMPFILE & ~O_DIRECTORY;
 const std::string kOld = "old";
 const std::string kLarge(6'000'000, 'x');
 
+enum Exit { Fine, WithFailures, NoFilter };
+
+void fill(FileWorld& world) {
+    for (const char* name : {"copied", "replacing", "moved", "movedover", "tree/1", "tree/2", "tree/sub/3"})
+        FileWorld::Write(world.source / name, name);
+    FileWorld::Write(world.source / "large", kLarge);
+    FileWorld::Write(world.destination / "replacing", kOld);
+    FileWorld::Write(world.destination / "movedover", kOld);
+}
+
+int runUnder(FileWorld& world, const Faults& faults) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+        if (!SystemCallFault::Install(faults))
+            ::_exit(NoFilter);
+        {
+            const auto transfer = world.system.NewTransfer(world.observer);
+            for (const char* name : {"copied", "replacing", "large"})
+                transfer->Copy(world.File(name));
+            for (const char* name : {"moved", "movedover"})
+                transfer->Move(world.File(name));
+            transfer->MoveTree(world.from, world.to, "tree", {});
+        }
+        ::_exit(world.observer.failures.empty() ? Fine : WithFailures);
+    }
+    int status = -1;
+    ::waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
 } // namespace
 
 class TestTransferFaults final : public QObject {
@@ -29,37 +59,6 @@ class TestTransferFaults final : public QObject {
     void goesAnotherWay();
     void losesNothing_data();
     void losesNothing();
-
-  private:
-    enum Exit { Fine, WithFailures, NoFilter };
-
-    static void fill(FileWorld& world) {
-        for (const char* name : {"copied", "replacing", "moved", "movedover", "tree/1", "tree/2", "tree/sub/3"})
-            FileWorld::Write(world.source / name, name);
-        FileWorld::Write(world.source / "large", kLarge);
-        FileWorld::Write(world.destination / "replacing", kOld);
-        FileWorld::Write(world.destination / "movedover", kOld);
-    }
-
-    static int runUnder(FileWorld& world, const Faults& faults) {
-        const pid_t child = ::fork();
-        if (child == 0) {
-            if (!SystemCallFault::Install(faults))
-                ::_exit(NoFilter);
-            {
-                const auto transfer = world.system.NewTransfer(world.observer);
-                for (const char* name : {"copied", "replacing", "large"})
-                    transfer->Copy(world.File(name));
-                for (const char* name : {"moved", "movedover"})
-                    transfer->Move(world.File(name));
-                transfer->MoveTree(world.from, world.to, "tree", {});
-            }
-            ::_exit(world.observer.failures.empty() ? Fine : WithFailures);
-        }
-        int status = -1;
-        ::waitpid(child, &status, 0);
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    }
 };
 
 void TestTransferFaults::goesAnotherWay_data() {

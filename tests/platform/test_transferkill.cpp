@@ -10,6 +10,76 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+namespace {
+
+constexpr int kRounds = 30;
+constexpr int kNeverKilled = 1'000'000;
+
+void fill(FileWorld& world) {
+    for (int number = 0; number < 12; ++number) {
+        const std::string name = std::to_string(number);
+        FileWorld::Write(world.source / ("copy" + name), "new" + name + std::string(2000, 'n'));
+        FileWorld::Write(world.source / ("move" + name), "new" + name + std::string(100, 'n'));
+        FileWorld::Write(world.source / "tree" / (number % 2 == 0 ? "a" : "b") / name, "new" + name);
+        if (number % 2 == 0) {
+            FileWorld::Write(world.destination / ("copy" + name), "old");
+            FileWorld::Write(world.destination / ("move" + name), "old");
+        }
+    }
+    FileWorld::Write(world.source / "copy_large", std::string(5'000'000, 'n'));
+    FileWorld::Write(world.destination / "copy_large", "old");
+}
+
+/// One pass over a pair of folders, as a walk makes it: a missing folder goes as a whole.
+void transferAll(FileTransfer& transfer, const std::shared_ptr<Folder>& from, const std::shared_ptr<Folder>& to) {
+    to->RemoveLeftovers();
+    std::vector<FolderEntry> entries;
+    std::error_code error = from->List(entries);
+    for (const FolderEntry& entry : entries) {
+        const TransferFile file{from, to, entry.name, entry.facts};
+        if (entry.facts.kind == EntryKind::Folder && to->Stat(entry.name, error))
+            transferAll(transfer, from->OpenChild(entry.name, error), to->OpenChild(entry.name, error));
+        else if (entry.facts.kind == EntryKind::Folder)
+            transfer.MoveTree(from, to, entry.name, {});
+        else if (entry.name.native().starts_with("copy"))
+            transfer.Copy(file);
+        else
+            transfer.Move(file);
+    }
+}
+
+void run(FileWorld& world) {
+    const auto transfer = world.system.NewTransfer(world.observer);
+    transferAll(*transfer, world.from, world.to);
+}
+
+bool isTemporary(const fs::path& path) {
+    return MakerOfTemporary(path.filename().native()).has_value();
+}
+
+/// Calls made until the end or the kill; 0 when the system lets nobody trace.
+int runUntilCall(FileWorld& world, const std::vector<SystemCallFault>& faults, int call) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const bool isTraced = ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) == 0;
+        if (!isTraced || !SystemCallFault::Install(faults) || ::raise(SIGSTOP) != 0)
+            ::_exit(1);
+        run(world);
+        ::_exit(0);
+    }
+    int status = 0;
+    int calls = 0;
+    while (::waitpid(child, &status, 0) == child && WIFSTOPPED(status)) {
+        if (++calls >= call)
+            ::kill(child, SIGKILL);
+        else
+            ::ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
+    }
+    return WIFEXITED(status) && WEXITSTATUS(status) != 0 ? 0 : calls;
+}
+
+} // namespace
+
 // A run is killed at one of its system calls, each time at another one. Whatever it left, every file is whole, and the
 // next run finishes the work and leaves nothing of the killed one behind.
 class TestTransferKill final : public QObject {
@@ -18,72 +88,6 @@ class TestTransferKill final : public QObject {
   private Q_SLOTS:
     void aKilledRunLosesNothing_data();
     void aKilledRunLosesNothing();
-
-  private:
-    static constexpr int kRounds = 30;
-    static constexpr int kNeverKilled = 1'000'000;
-
-    static void fill(FileWorld& world) {
-        for (int number = 0; number < 12; ++number) {
-            const std::string name = std::to_string(number);
-            FileWorld::Write(world.source / ("copy" + name), "new" + name + std::string(2000, 'n'));
-            FileWorld::Write(world.source / ("move" + name), "new" + name + std::string(100, 'n'));
-            FileWorld::Write(world.source / "tree" / (number % 2 == 0 ? "a" : "b") / name, "new" + name);
-            if (number % 2 == 0) {
-                FileWorld::Write(world.destination / ("copy" + name), "old");
-                FileWorld::Write(world.destination / ("move" + name), "old");
-            }
-        }
-        FileWorld::Write(world.source / "copy_large", std::string(5'000'000, 'n'));
-        FileWorld::Write(world.destination / "copy_large", "old");
-    }
-
-    /// One pass over a pair of folders, as a walk makes it: a missing folder goes as a whole.
-    static void transferAll(FileTransfer& transfer, const std::shared_ptr<Folder>& from,
-                            const std::shared_ptr<Folder>& to) {
-        to->RemoveLeftovers();
-        std::vector<FolderEntry> entries;
-        std::error_code error = from->List(entries);
-        for (const FolderEntry& entry : entries) {
-            const TransferFile file{from, to, entry.name, entry.facts};
-            if (entry.facts.kind == EntryKind::Folder && to->Stat(entry.name, error))
-                transferAll(transfer, from->OpenChild(entry.name, error), to->OpenChild(entry.name, error));
-            else if (entry.facts.kind == EntryKind::Folder)
-                transfer.MoveTree(from, to, entry.name, {});
-            else if (entry.name.native().starts_with("copy"))
-                transfer.Copy(file);
-            else
-                transfer.Move(file);
-        }
-    }
-
-    static void run(FileWorld& world) {
-        const auto transfer = world.system.NewTransfer(world.observer);
-        transferAll(*transfer, world.from, world.to);
-    }
-
-    static bool isTemporary(const fs::path& path) { return MakerOfTemporary(path.filename().native()).has_value(); }
-
-    /// Calls made until the end or the kill; 0 when the system lets nobody trace.
-    static int runUntilCall(FileWorld& world, const std::vector<SystemCallFault>& faults, int call) {
-        const pid_t child = ::fork();
-        if (child == 0) {
-            const bool isTraced = ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) == 0;
-            if (!isTraced || !SystemCallFault::Install(faults) || ::raise(SIGSTOP) != 0)
-                ::_exit(1);
-            run(world);
-            ::_exit(0);
-        }
-        int status = 0;
-        int calls = 0;
-        while (::waitpid(child, &status, 0) == child && WIFSTOPPED(status)) {
-            if (++calls >= call)
-                ::kill(child, SIGKILL);
-            else
-                ::ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
-        }
-        return WIFEXITED(status) && WEXITSTATUS(status) != 0 ? 0 : calls;
-    }
 };
 
 void TestTransferKill::aKilledRunLosesNothing_data() {

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr std::size_t kLargestValue = 64 * 1024; // of the kernel, for a value as for the list of names
+constexpr std::size_t kLargestValue = std::size_t{64} * 1024; // of the kernel, for a value as for the list of names
 
 /// Bound to the machine's policy, to the inode itself or to another mount: wrong on any copy.
 bool staysBehind(std::string_view name) {

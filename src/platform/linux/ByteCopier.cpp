@@ -10,10 +10,10 @@
 
 namespace {
 
-constexpr std::uint64_t kChunk = 4 * 1024 * 1024;
-constexpr std::size_t kReadBuffer = 256 * 1024;
-constexpr std::uint64_t kWorthCloning = 64 * 1024;
-constexpr std::uint64_t kWorthEarlyWriting = 8 * 1024 * 1024;
+constexpr std::uint64_t kChunk = std::uint64_t{4} * 1024 * 1024;
+constexpr std::size_t kReadBuffer = std::size_t{256} * 1024;
+constexpr std::uint64_t kWorthCloning = std::uint64_t{64} * 1024;
+constexpr std::uint64_t kWorthEarlyWriting = std::uint64_t{8} * 1024 * 1024;
 
 /// Errors that reading and writing would meet as well.
 bool isFinal(int error) {

@@ -8,7 +8,7 @@
 namespace {
 
 /// Smaller files are looked at once, after the copy; this look before it spares reading a large file in vain.
-constexpr std::uint64_t kWorthALookBefore = 64 * 1024;
+constexpr std::uint64_t kWorthALookBefore = std::uint64_t{64} * 1024;
 constexpr std::int64_t kBlock = 512;
 
 } // namespace

@@ -14,8 +14,8 @@
 
 namespace {
 
-constexpr std::size_t kListingBuffer = 64 * 1024;
-constexpr std::time_t kOneDay = 24 * 60 * 60;
+constexpr std::size_t kListingBuffer = std::size_t{64} * 1024;
+constexpr std::time_t kOneDay = std::time_t{24} * 60 * 60;
 constexpr int kMaximumAncestors = 4096;
 
 } // namespace

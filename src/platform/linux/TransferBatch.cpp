@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr std::uint64_t kByteLimit = 128 * 1024 * 1024;
+constexpr std::uint64_t kByteLimit = std::uint64_t{128} * 1024 * 1024;
 
 /// Looks once more, right before the source goes: what was written since would be lost with it.
 std::error_code removeSource(const FileJob& job) {
