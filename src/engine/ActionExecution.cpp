@@ -47,8 +47,10 @@ void ActionExecution::SyncFiles(RunContext& run, FolderPair& pair) {
 }
 
 bool ActionExecution::listPair(RunContext& run, FolderPair& pair) {
-    pair.destination.Handle()->RemoveLeftovers();
-    const bool mirror = rulesOf(run).action == FileAction::Mirror;
+    const FileAction action = rulesOf(run).action;
+    const bool mirror = action == FileAction::Mirror;
+    if (action != FileAction::None)
+        pair.destination.Handle()->RemoveLeftovers();
     if (const std::error_code error = pair.source.List()) {
         run.Failed(pair.source.Handle()->Path(), error);
         // Half a listing makes everything else look surplus.

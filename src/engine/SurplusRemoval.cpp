@@ -48,6 +48,7 @@ void SurplusRemoval::emptyFolder(RunContext& run, Folder& parent, const FolderEn
     // A folder that another file system is mounted on is not ours to empty.
     if (folder->Id().device != parent.Id().device || run.IsProtected(folder->Id()))
         return;
+    folder->RemoveLeftovers(); // listings show none of them, and they would keep the folder from going
     for (const FolderEntry& inner : entries) {
         if (!MayDelete(run))
             return;

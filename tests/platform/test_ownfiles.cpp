@@ -249,6 +249,8 @@ class TestOwnFiles : public QObject {
             const QByteArray found = bytesOf(file);
             QVERIFY(found == contents[0] || found == contents[1]);
         }
+        QVERIFY(!m_files.ReplaceAll(file, contents[0]));
+        QCOMPARE(entriesOf(file.parent_path()), QStringList{QStringLiteral("own")}); // nothing of the killed ones
     }
 
     void moveNeverOverwrites_data() {

@@ -2,10 +2,10 @@
 // over the file system; a failure leaves the old file as it was and no temporary behind.
 #pragma once
 
+#include "LinuxFolder.h"
+
 #include <QByteArray>
-#include <filesystem>
-#include <sys/types.h>
-#include <system_error>
+#include <fcntl.h>
 
 namespace AtomicFile {
 
@@ -16,13 +16,8 @@ namespace AtomicFile {
 /// Creates the file; std::errc::file_exists when the name is taken, even by a dangling link.
 [[nodiscard]] std::error_code Create(const std::filesystem::path& file, const QByteArray& bytes, mode_t newMode);
 
-/// Gives a file another name on the same device, never over an existing one. std::errc::cross_device_link elsewhere.
-[[nodiscard]] std::error_code RenameToFreeName(const std::filesystem::path& from, const std::filesystem::path& to);
-
-/// Brings a folder's entries to disk; file systems that cannot sync a folder count as done.
-[[nodiscard]] std::error_code SyncFolder(const std::filesystem::path& folder);
-
 /// The folder a file lies in; "." for a bare name.
 [[nodiscard]] std::filesystem::path FolderOf(const std::filesystem::path& file);
+[[nodiscard]] std::shared_ptr<LinuxFolder> OpenFolderOf(const std::filesystem::path& file, std::error_code& error);
 
 } // namespace AtomicFile

@@ -1,6 +1,6 @@
 #include "EntryFacts.h"
+#include "FileDescriptor.h"
 #include "SystemError.h"
-#include "UniqueFd.h"
 
 #include <fcntl.h>
 #include <limits>
@@ -30,7 +30,7 @@ FileFacts factsOf(const struct stat& status, bool isLink, std::int64_t timeStep)
 
 /// A link may lead to another file system, whose times are stored in other steps.
 std::int64_t timeStepOfTarget(int folder, const char* name) {
-    const UniqueFd target(::openat(folder, name, O_PATH | O_CLOEXEC));
+    const FileDescriptor target(::openat(folder, name, O_PATH | O_CLOEXEC));
     return target.IsOpen() ? TimeStepOf(target.Get()) : 1;
 }
 

@@ -1,4 +1,4 @@
-// Owns one open file descriptor and closes it. Cannot fail.
+// Owns one open file descriptor and closes it with its end.
 #pragma once
 
 #include <unistd.h>
@@ -6,22 +6,26 @@
 
 class FileDescriptor final {
   public:
-    explicit FileDescriptor(int fd = -1) : m_fd(fd) {}
-    ~FileDescriptor() { Close(); }
-    FileDescriptor(FileDescriptor&& other) noexcept : m_fd(std::exchange(other.m_fd, -1)) {}
+    FileDescriptor() = default;
+    explicit FileDescriptor(int descriptor) : m_descriptor(descriptor) {}
+    FileDescriptor(FileDescriptor&& other) noexcept : m_descriptor(std::exchange(other.m_descriptor, -1)) {}
     FileDescriptor& operator=(FileDescriptor&& other) noexcept {
-        std::swap(m_fd, other.m_fd);
+        if (this != &other) {
+            Close();
+            m_descriptor = std::exchange(other.m_descriptor, -1);
+        }
         return *this;
     }
     FileDescriptor(const FileDescriptor&) = delete;
     FileDescriptor& operator=(const FileDescriptor&) = delete;
+    ~FileDescriptor() { Close(); }
 
-    [[nodiscard]] bool IsOpen() const { return m_fd >= 0; }
-    [[nodiscard]] int Get() const { return m_fd; }
+    [[nodiscard]] bool IsOpen() const { return m_descriptor >= 0; }
+    [[nodiscard]] int Get() const { return m_descriptor; }
 
     /// Closes now; false with errno set when the system reported a late write error.
-    bool Close() { return m_fd < 0 || ::close(std::exchange(m_fd, -1)) == 0; }
+    bool Close() { return m_descriptor < 0 || ::close(std::exchange(m_descriptor, -1)) == 0; }
 
   private:
-    int m_fd;
+    int m_descriptor = -1;
 };

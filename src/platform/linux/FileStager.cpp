@@ -15,8 +15,8 @@ constexpr std::int64_t kBlock = 512;
 
 std::error_code FileStager::Stage(const FileJob& job, StagedFile& staged) {
     const int followLink = job.facts.isLink ? 0 : O_NOFOLLOW;
-    const UniqueFd source(::openat(job.source->Descriptor(), job.name.c_str(),
-                                   O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC | followLink));
+    const FileDescriptor source(::openat(job.source->Descriptor(), job.name.c_str(),
+                                         O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC | followLink));
     if (!source.IsOpen())
         return LastError();
     bool mayHaveHoles = false;

@@ -2,9 +2,9 @@
 #include "AtomicFile.h"
 #include "IniFile.h"
 #include "LinuxOwnFiles.h"
+#include "SystemError.h"
 
 #include <QDir>
-#include <cerrno>
 #include <sys/stat.h>
 
 namespace {
@@ -31,7 +31,7 @@ std::error_code makeFolder(const fs::path& folder) {
         return {};
     fs::create_directories(folder.parent_path(), error);
     if (!error && ::mkdir(folder.c_str(), privateFolder) != 0)
-        error = {errno, std::generic_category()};
+        error = LastError();
     return error;
 }
 

@@ -30,7 +30,7 @@ bool mayBeUnwritten(const struct stat& status) {
 
 /// Before a file takes the place of another one: after a power cut the old bytes would be gone and the new ones too.
 std::error_code bringToDisk(const FileJob& job) {
-    const UniqueFd file(
+    const FileDescriptor file(
         ::openat(job.source->Descriptor(), job.name.c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));
     if (!file.IsOpen())
         return {}; // not readable for us: a rename is allowed all the same

@@ -24,7 +24,7 @@ std::shared_ptr<LinuxFolder> LinuxFolder::Open(int at, const char* name, std::fi
                                                std::error_code& error) {
     error.clear();
     const int flags = O_RDONLY | O_DIRECTORY | O_CLOEXEC | (followLink ? 0 : O_NOFOLLOW);
-    UniqueFd descriptor(::openat(at, name, flags));
+    FileDescriptor descriptor(::openat(at, name, flags));
     struct stat status {};
     if (!descriptor.IsOpen() || ::fstat(descriptor.Get(), &status) != 0) {
         error = LastError();
@@ -33,7 +33,7 @@ std::shared_ptr<LinuxFolder> LinuxFolder::Open(int at, const char* name, std::fi
     return std::make_shared<LinuxFolder>(std::move(descriptor), std::move(path), IdOf(status));
 }
 
-LinuxFolder::LinuxFolder(UniqueFd descriptor, std::filesystem::path path, FileId id)
+LinuxFolder::LinuxFolder(FileDescriptor descriptor, std::filesystem::path path, FileId id)
     : m_descriptor(std::move(descriptor)), m_path(std::move(path)), m_id(id),
       m_timeStep(TimeStepOf(m_descriptor.Get())) {}
 
@@ -122,13 +122,13 @@ std::error_code LinuxFolder::DeleteEmptyFolder(const std::filesystem::path& name
 
 std::vector<FileId> LinuxFolder::Ancestors() const {
     std::vector<FileId> ids{m_id};
-    UniqueFd parent(::openat(Descriptor(), "..", O_PATH | O_DIRECTORY | O_CLOEXEC));
+    FileDescriptor parent(::openat(Descriptor(), "..", O_PATH | O_DIRECTORY | O_CLOEXEC));
     struct stat status {};
     for (int level = 0; level < kMaximumAncestors; ++level) {
         if (!parent.IsOpen() || ::fstat(parent.Get(), &status) != 0 || IdOf(status) == ids.back())
             break; // the root is its own parent
         ids.push_back(IdOf(status));
-        parent = UniqueFd(::openat(parent.Get(), "..", O_PATH | O_DIRECTORY | O_CLOEXEC));
+        parent = FileDescriptor(::openat(parent.Get(), "..", O_PATH | O_DIRECTORY | O_CLOEXEC));
     }
     return ids;
 }

@@ -2,8 +2,8 @@
 // it elsewhere. Failures are error codes; names that are not one plain component are refused.
 #pragma once
 
+#include "FileDescriptor.h"
 #include "Folder.h"
-#include "UniqueFd.h"
 
 #include <string>
 
@@ -12,7 +12,7 @@ class LinuxFolder final : public Folder {
     /// Opens `name` in the folder of the descriptor `at` (AT_FDCWD for a path). Null with the reason.
     [[nodiscard]] static std::shared_ptr<LinuxFolder> Open(int at, const char* name, std::filesystem::path path,
                                                            bool followLink, std::error_code& error);
-    LinuxFolder(UniqueFd descriptor, std::filesystem::path path, FileId id);
+    LinuxFolder(FileDescriptor descriptor, std::filesystem::path path, FileId id);
 
     const std::filesystem::path& Path() const override { return m_path; }
     FileId Id() const override { return m_id; }
@@ -37,7 +37,7 @@ class LinuxFolder final : public Folder {
     [[nodiscard]] std::error_code forEachName(const std::function<std::error_code(const char*)>& visit) const;
     void removeIfLeftover(const std::string& name) const;
 
-    UniqueFd m_descriptor;
+    FileDescriptor m_descriptor;
     std::filesystem::path m_path;
     FileId m_id;
     std::int64_t m_timeStep;

@@ -1,10 +1,11 @@
 #include "LinuxOwnFiles.h"
 #include "AtomicFile.h"
-#include "FileDescriptor.h"
+#include "Destination.h"
+#include "DiskSync.h"
+#include "SystemError.h"
 
 #include <QString>
 #include <algorithm>
-#include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
 
@@ -16,10 +17,6 @@ constexpr mode_t ordinaryMode = 0644;
 constexpr std::int64_t mostMovedBytes = std::int64_t{4} << 30;
 constexpr qsizetype readStep = 1 << 20;
 
-std::error_code lastError() {
-    return {errno, std::generic_category()};
-}
-
 std::error_code notRegular(mode_t mode) {
     return std::make_error_code(S_ISDIR(mode) ? std::errc::is_a_directory : std::errc::invalid_argument);
 }
@@ -28,8 +25,17 @@ std::error_code notRegular(mode_t mode) {
 std::error_code openRegular(const fs::path& file, int flags, FileDescriptor& opened, struct stat& status) {
     opened = FileDescriptor(::open(file.c_str(), flags | O_NONBLOCK | O_CLOEXEC | O_NOCTTY, ordinaryMode));
     if (!opened.IsOpen() || ::fstat(opened.Get(), &status) != 0)
-        return lastError();
+        return LastError();
     return S_ISREG(status.st_mode) ? std::error_code() : notRegular(status.st_mode);
+}
+
+std::error_code renameToFreeName(const fs::path& file, const fs::path& target) {
+    std::error_code error;
+    const auto from = AtomicFile::OpenFolderOf(file, error);
+    const auto to = from ? AtomicFile::OpenFolderOf(target, error) : nullptr;
+    if (to)
+        error = RenameToFreeName(*from, file.filename().c_str(), *to, target.filename());
+    return error ? error : SyncNames({to, from});
 }
 
 } // namespace
@@ -67,7 +73,7 @@ std::error_code LinuxOwnFiles::ReadAll(const fs::path& file, std::int64_t limit,
         const int failure = errno;
         read.resize(before + std::max<ssize_t>(got, 0));
         if (got < 0 && failure != EINTR)
-            return {failure, std::generic_category()};
+            return ErrorOf(failure);
         if (read.size() > limit)
             return std::make_error_code(std::errc::file_too_large);
         if (got == 0)
@@ -98,7 +104,7 @@ std::error_code LinuxOwnFiles::Append(const fs::path& file, const QByteArray& by
         if (written < 0 && errno == EINTR)
             continue;
         if (written <= 0) {
-            const std::error_code error = written < 0 ? lastError() : std::make_error_code(std::errc::io_error);
+            const std::error_code error = written < 0 ? LastError() : std::make_error_code(std::errc::io_error);
             // Take a half line back, unless somebody else has appended behind it.
             struct stat now {};
             if (done > 0 && ::fstat(opened.Get(), &now) == 0 && now.st_size == status.st_size + done)
@@ -107,39 +113,39 @@ std::error_code LinuxOwnFiles::Append(const fs::path& file, const QByteArray& by
         }
         done += written;
     }
-    return opened.Close() ? std::error_code() : lastError();
+    return opened.Close() ? std::error_code() : LastError();
 }
 
 std::error_code LinuxOwnFiles::MoveAway(const fs::path& file, const fs::path& target) {
     struct stat status {};
     if (::lstat(file.c_str(), &status) != 0)
-        return lastError();
+        return LastError();
     // A link is copied, not renamed: its target could lead astray from another folder.
     if (!S_ISLNK(status.st_mode)) {
         if (!S_ISREG(status.st_mode))
             return notRegular(status.st_mode);
-        const std::error_code error = AtomicFile::RenameToFreeName(file, target);
+        const std::error_code error = renameToFreeName(file, target);
         if (error != std::errc::cross_device_link)
             return error;
     }
     QByteArray bytes;
     std::error_code error = ReadAll(file, mostMovedBytes, bytes);
     if (!error && ::stat(file.c_str(), &status) != 0)
-        error = lastError();
+        error = LastError();
     if (!error)
         error = AtomicFile::Create(target, bytes, status.st_mode & 0777);
     if (!error && ::unlink(file.c_str()) != 0)
-        error = lastError();
-    return error ? error : AtomicFile::SyncFolder(AtomicFile::FolderOf(file));
+        error = LastError();
+    return error;
 }
 
 std::error_code LinuxOwnFiles::Delete(const fs::path& file) {
     struct stat status {};
     if (::stat(file.c_str(), &status) != 0)
-        return lastError();
+        return LastError();
     if (!S_ISREG(status.st_mode))
         return notRegular(status.st_mode);
-    return ::unlink(file.c_str()) == 0 ? std::error_code() : lastError();
+    return ::unlink(file.c_str()) == 0 ? std::error_code() : LastError();
 }
 
 std::optional<fs::path> LinuxOwnFiles::FindIgnoringCase(const fs::path& folder, const fs::path& name) const {

@@ -1,5 +1,5 @@
 #include "ProcessMark.h"
-#include "UniqueFd.h"
+#include "FileDescriptor.h"
 
 #include <array>
 #include <cerrno>
@@ -13,7 +13,7 @@
 namespace {
 
 std::string readSmallFile(const char* path) {
-    const UniqueFd file(::open(path, O_RDONLY | O_CLOEXEC));
+    const FileDescriptor file(::open(path, O_RDONLY | O_CLOEXEC));
     std::array<char, 1024> buffer{};
     const ssize_t length = file.IsOpen() ? ::read(file.Get(), buffer.data(), buffer.size()) : 0;
     return {buffer.data(), static_cast<std::size_t>(length > 0 ? length : 0)};

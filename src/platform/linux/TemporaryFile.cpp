@@ -2,7 +2,8 @@
 
 #include <fcntl.h>
 
-TemporaryFile::TemporaryFile(std::shared_ptr<LinuxFolder> folder, UniqueFd file, std::string name, bool hasFinalMode)
+TemporaryFile::TemporaryFile(std::shared_ptr<LinuxFolder> folder, FileDescriptor file, std::string name,
+                             bool hasFinalMode)
     : m_folder(std::move(folder)), m_file(std::move(file)), m_name(std::move(name)), m_hasFinalMode(hasFinalMode) {}
 
 TemporaryFile::TemporaryFile(TemporaryFile&& other) noexcept
@@ -28,6 +29,6 @@ void TemporaryFile::Discard() {
 
 void TemporaryFile::Release() {
     m_name.clear();
-    m_file.Reset();
+    m_file.Close();
     m_folder.reset();
 }

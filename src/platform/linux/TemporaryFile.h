@@ -9,7 +9,7 @@ class TemporaryFile final {
     TemporaryFile() = default;
 
     /// `name` is empty for a file without a name. `hasFinalMode`: made with the permission bits that were asked for.
-    TemporaryFile(std::shared_ptr<LinuxFolder> folder, UniqueFd file, std::string name, bool hasFinalMode);
+    TemporaryFile(std::shared_ptr<LinuxFolder> folder, FileDescriptor file, std::string name, bool hasFinalMode);
     TemporaryFile(TemporaryFile&& other) noexcept;
     TemporaryFile& operator=(TemporaryFile&& other) noexcept;
     TemporaryFile(const TemporaryFile&) = delete;
@@ -29,7 +29,7 @@ class TemporaryFile final {
 
   private:
     std::shared_ptr<LinuxFolder> m_folder;
-    UniqueFd m_file;
+    FileDescriptor m_file;
     std::string m_name;
     bool m_hasFinalMode = false;
 };

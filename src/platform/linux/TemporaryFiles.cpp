@@ -15,7 +15,7 @@ constexpr int kNameAttempts = 8;
 
 /// Read without changing it: umask() itself could only be asked by setting it, for all threads.
 std::uint32_t creationMask() {
-    const UniqueFd file(::open("/proc/self/status", O_RDONLY | O_CLOEXEC));
+    const FileDescriptor file(::open("/proc/self/status", O_RDONLY | O_CLOEXEC));
     std::array<char, 4096> buffer{};
     const ssize_t length = file.IsOpen() ? ::read(file.Get(), buffer.data(), buffer.size()) : 0;
     const std::string_view text(buffer.data(), static_cast<std::size_t>(length > 0 ? length : 0));
@@ -37,8 +37,8 @@ bool meansNoRoom(const std::error_code& error) {
     return error == ErrorOf(ENOSPC) || error == ErrorOf(EDQUOT) || error == ErrorOf(EIO) || error == ErrorOf(EROFS);
 }
 
-UniqueFd openUnnamed(const LinuxFolder& folder, std::uint32_t mode) {
-    return UniqueFd(::openat(folder.Descriptor(), ".", O_TMPFILE | O_RDWR | O_CLOEXEC, mode));
+FileDescriptor openUnnamed(const LinuxFolder& folder, std::uint32_t mode) {
+    return FileDescriptor(::openat(folder.Descriptor(), ".", O_TMPFILE | O_RDWR | O_CLOEXEC, mode));
 }
 
 } // namespace
@@ -53,7 +53,7 @@ std::error_code TemporaryFiles::Create(const std::shared_ptr<LinuxFolder>& folde
     if (!isUnnamed)
         return createNamed(folder, file);
     const bool hasFinalMode = mayCreateWith(mode, *folder);
-    UniqueFd descriptor = openUnnamed(*folder, hasFinalMode ? mode : kOwnerMayWrite);
+    FileDescriptor descriptor = openUnnamed(*folder, hasFinalMode ? mode : kOwnerMayWrite);
     if (!descriptor.IsOpen())
         return LastError();
     file = TemporaryFile(folder, std::move(descriptor), {}, hasFinalMode);
@@ -73,7 +73,7 @@ std::error_code TemporaryFiles::supportsUnnamed(const LinuxFolder& folder, bool&
         return {};
     }
     supported = false;
-    const UniqueFd probe = openUnnamed(folder, kOwnerMayWrite);
+    const FileDescriptor probe = openUnnamed(folder, kOwnerMayWrite);
     if (!probe.IsOpen()) {
         const std::error_code error = LastError();
         if (!meansUnsupported(error))
@@ -94,8 +94,8 @@ std::error_code TemporaryFiles::supportsUnnamed(const LinuxFolder& folder, bool&
 std::error_code TemporaryFiles::createNamed(const std::shared_ptr<LinuxFolder>& folder, TemporaryFile& file) const {
     for (int attempt = 0; attempt < kNameAttempts; ++attempt) {
         std::string name = MakeTemporaryName(m_process);
-        UniqueFd descriptor(::openat(folder->Descriptor(), name.c_str(),
-                                     O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, kOwnerMayWrite));
+        FileDescriptor descriptor(::openat(folder->Descriptor(), name.c_str(),
+                                           O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, kOwnerMayWrite));
         if (descriptor.IsOpen()) {
             file = TemporaryFile(folder, std::move(descriptor), std::move(name), false);
             return {};
@@ -119,33 +119,46 @@ std::error_code TemporaryFiles::link(int file, const LinuxFolder& folder, const 
                                                                                                : LastError();
 }
 
+std::error_code TemporaryFiles::PlaceAtFreeName(TemporaryFile& file, const std::filesystem::path& name) {
+    const LinuxFolder& folder = *file.Parent();
+    const std::error_code error = file.Name().empty() ? link(file.Descriptor(), folder, name.c_str())
+                                                      : RenameToFreeName(folder, file.Name().c_str(), folder, name);
+    if (!error)
+        file.Release();
+    return error;
+}
+
 std::error_code TemporaryFiles::Place(TemporaryFile& file, const std::filesystem::path& name, const FileId& source,
                                       bool& placed) {
-    placed = false;
-    const LinuxFolder& folder = *file.Parent();
-    const bool isNamed = !file.Name().empty();
-    std::error_code error = isNamed ? RenameToFreeName(folder, file.Name().c_str(), folder, name)
-                                    : link(file.Descriptor(), folder, name.c_str());
+    std::error_code error = PlaceAtFreeName(file, name);
+    placed = !error;
     if (error == ErrorOf(EEXIST)) {
         DestinationState state{};
-        error = CheckDestination(folder, name, source, state);
-        if (error || state == DestinationState::IsSource) {
-            file.Discard();
-            return error;
-        }
-        // A file without a name cannot replace one: it takes a temporary name first.
-        const std::string oldName = isNamed ? file.Name() : MakeTemporaryName(m_process);
-        if (!isNamed)
-            error = link(file.Descriptor(), folder, oldName.c_str());
-        if (!error && ::renameat(folder.Descriptor(), oldName.c_str(), folder.Descriptor(), name.c_str()) != 0) {
-            error = LastError();
-            ::unlinkat(folder.Descriptor(), oldName.c_str(), 0);
+        error = CheckDestination(*file.Parent(), name, source, state);
+        if (!error && state != DestinationState::IsSource) {
+            error = replace(file, name);
+            placed = !error;
         }
     }
-    placed = !error;
-    if (placed)
-        file.Release();
-    else
+    if (!placed)
         file.Discard();
     return error;
+}
+
+std::error_code TemporaryFiles::replace(TemporaryFile& file, const std::filesystem::path& name) {
+    const LinuxFolder& folder = *file.Parent();
+    const bool isNamed = !file.Name().empty();
+    // A file without a name cannot replace one: it takes a temporary name first.
+    const std::string oldName = isNamed ? file.Name() : MakeTemporaryName(m_process);
+    if (!isNamed) {
+        if (const std::error_code error = link(file.Descriptor(), folder, oldName.c_str()))
+            return error;
+    }
+    if (::renameat(folder.Descriptor(), oldName.c_str(), folder.Descriptor(), name.c_str()) != 0) {
+        const std::error_code error = LastError();
+        ::unlinkat(folder.Descriptor(), oldName.c_str(), 0);
+        return error;
+    }
+    file.Release();
+    return {};
 }

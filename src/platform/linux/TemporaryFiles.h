@@ -16,20 +16,27 @@ class TemporaryFiles final {
     [[nodiscard]] std::error_code Create(const std::shared_ptr<LinuxFolder>& folder, std::uint32_t mode,
                                          TemporaryFile& file);
 
+    /// Gives the file its name; std::errc::file_exists when anything has it already.
+    [[nodiscard]] std::error_code PlaceAtFreeName(TemporaryFile& file, const std::filesystem::path& name);
+
     /// Gives the file its name, in one step, over a file or a link to one. `placed` stays false, without an error, when
     /// the destination is the file `source` itself; std::errc::is_a_directory or file_exists when something stands
     /// there that no file may replace.
     [[nodiscard]] std::error_code Place(TemporaryFile& file, const std::filesystem::path& name, const FileId& source,
                                         bool& placed);
 
+    /// The permission bits that the system takes off new files (umask).
+    [[nodiscard]] std::uint32_t CreationMask() const { return m_creationMask; }
+
   private:
     [[nodiscard]] std::error_code supportsUnnamed(const LinuxFolder& folder, bool& supported);
     [[nodiscard]] std::error_code createNamed(const std::shared_ptr<LinuxFolder>& folder, TemporaryFile& file) const;
     [[nodiscard]] std::error_code link(int file, const LinuxFolder& folder, const char* name);
+    [[nodiscard]] std::error_code replace(TemporaryFile& file, const std::filesystem::path& name);
     [[nodiscard]] bool mayCreateWith(std::uint32_t mode, const LinuxFolder& folder) const;
 
     ProcessMark m_process;
-    std::uint32_t m_creationMask; ///< permission bits the system takes off new files
+    std::uint32_t m_creationMask;
     bool m_linksByDescriptor = true;
     std::map<std::uint64_t, bool> m_unnamed; ///< by device
 };
