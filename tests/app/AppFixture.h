@@ -1,31 +1,19 @@
 // A whole program on temporary folders: real files, stand-ins for the user, the clock, the settings and the machine.
 #pragma once
 
-#include "Fakes.h"
-#include "Program.h"
-#include "modNativePath.h"
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
+#include "FakeWorld.h"
 
-class AppFixture {
+class AppFixture : public FakeWorld {
   public:
     AppFixture() {
-        settings = replace<MemorySettings>(services.settings);
-        locks = replace<FakeLocks>(services.locks);
-        power = replace<FakePowerControl>(services.power);
-        process = replace<FakeProcess>(services.process);
-        clock = replace<FakeClock>(services.clock);
-        events = replace<FakeEventPump>(services.eventPump);
-        services.places.programFolder = modNativePath::FromText(Folder(u"program"_qs));
-        services.places.userDataFolder = modNativePath::FromText(root.filePath(u"data"_qs));
+        services.places.programFolder = Folder(u"program"_qs).toStdString();
         AcceptNotice();
     }
 
     /// An existing folder below the temporary root.
     QString Folder(const QString& name) {
-        QDir().mkpath(root.filePath(name));
-        return root.filePath(name);
+        QDir().mkpath(dir.filePath(name));
+        return dir.filePath(name);
     }
     QString DefaultFile() { return Folder(u"program"_qs) + u"/Kalvenor.kvd"_qs; }
     void AcceptNotice() { settings->values[u"Kalvenor/Options/Accepted"_qs] = u"Yes"_qs; }
@@ -49,26 +37,5 @@ class AppFixture {
     void WriteActivities(const QStringList& activities) {
         Write(DefaultFile(), u"<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><items>"_qs + activities.join(QString()) +
                                  u"</items>"_qs);
-    }
-
-    QTemporaryDir root;
-    PlatformServices services = MakePlatformServices();
-    MemorySettings* settings;
-    FakeLocks* locks;
-    FakePowerControl* power;
-    FakeProcess* process;
-    FakeClock* clock;
-    FakeEventPump* events;
-    FakePrompter prompter;
-    FakeKeyState keys;
-    StringTable texts{Language::English};
-
-  private:
-    template <typename Fake, typename Role>
-    static Fake* replace(std::unique_ptr<Role>& role) {
-        auto fake = std::make_unique<Fake>();
-        Fake* raw = fake.get();
-        role = std::move(fake);
-        return raw;
     }
 };

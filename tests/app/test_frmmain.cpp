@@ -191,7 +191,7 @@ class TestFrmMain : public QObject {
         window.Select({u"A"_qs});
         QSignalSpy closed(&window.form, &frmMain::Closed);
         int closedDuringTheRun = -1;
-        fixture.events->onYield = [&] {
+        fixture.pump->onYield = [&] {
             if (!window.program.State().Running())
                 return;
             window.form.close();

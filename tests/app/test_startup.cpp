@@ -87,8 +87,8 @@ class TestStartUp : public QObject {
         QFETCH(QString, argument);
         QFETCH(bool, taken);
         AppFixture fixture;
-        argument.replace(u"%1"_qs, fixture.root.path());
-        AppFixture::Write(fixture.root.filePath(u"other.kvd"_qs),
+        argument.replace(u"%1"_qs, fixture.dir.path());
+        AppFixture::Write(fixture.dir.filePath(u"other.kvd"_qs),
                           u"<?xml version=\"1.0\"?><items>"_qs + fixture.Activity(u"A"_qs) + u"</items>"_qs);
         Program program(fixture.services, fixture.prompter, fixture.keys, fixture.texts);
         RecordingFace face;

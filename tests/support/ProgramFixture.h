@@ -1,29 +1,13 @@
 // A whole program on folders of its own: real files, everything else steered by the test.
 #pragma once
 
-#include "Fakes.h"
-#include "Program.h"
+#include "FakeWorld.h"
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QTest>
 
-class ProgramFixture {
+class ProgramFixture : public FakeWorld {
   public:
     using Fields = QMap<QString, QString>;
-
-    ProgramFixture() {
-        services = MakePlatformServices();
-        services.clock = own(clock);
-        services.eventPump = own(pump);
-        services.settings = own(settings);
-        services.locks = own(locks);
-        services.process = own(process);
-        services.power = own(power);
-        services.places.programFolder = dir.path().toStdString();
-        services.places.userDataFolder = dir.filePath(QStringLiteral("data")).toStdString();
-    }
 
     QString Path(const QString& relative) const { return dir.filePath(relative); }
 
@@ -108,25 +92,8 @@ class ProgramFixture {
         return lines;
     }
 
-    QTemporaryDir dir;
-    FakeClock* clock = nullptr;
-    FakeEventPump* pump = nullptr;
-    MemorySettings* settings = nullptr;
-    FakeLocks* locks = nullptr;
-    FakeProcess* process = nullptr;
-    FakePowerControl* power = nullptr;
-    PlatformServices services;
-    FakePrompter prompter;
-    FakeKeyState keys;
-    StringTable texts{Language::English};
     std::unique_ptr<Program> program;
 
   private:
-    template <typename Fake>
-    static std::unique_ptr<Fake> own(Fake*& pointer) {
-        auto fake = std::make_unique<Fake>();
-        pointer = fake.get();
-        return fake;
-    }
     QString m_xml;
 };

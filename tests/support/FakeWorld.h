@@ -1,0 +1,44 @@
+// The world a whole program lives in: real files in a temporary folder, everything else steered by the test.
+#pragma once
+
+#include "Fakes.h"
+#include "Program.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+class FakeWorld {
+  public:
+    FakeWorld() {
+        services = MakePlatformServices();
+        services.clock = own(clock);
+        services.eventPump = own(pump);
+        services.settings = own(settings);
+        services.locks = own(locks);
+        services.process = own(process);
+        services.power = own(power);
+        services.places.programFolder = dir.path().toStdString();
+        services.places.userDataFolder = dir.filePath(QStringLiteral("data")).toStdString();
+    }
+
+    QTemporaryDir dir;
+    FakeClock* clock = nullptr;
+    FakeEventPump* pump = nullptr;
+    MemorySettings* settings = nullptr;
+    FakeLocks* locks = nullptr;
+    FakeProcess* process = nullptr;
+    FakePowerControl* power = nullptr;
+    PlatformServices services;
+    FakePrompter prompter;
+    FakeKeyState keys;
+    StringTable texts{Language::English};
+
+  private:
+    template <typename Fake>
+    static std::unique_ptr<Fake> own(Fake*& pointer) {
+        auto fake = std::make_unique<Fake>();
+        pointer = fake.get();
+        return fake;
+    }
+};
