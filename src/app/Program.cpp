@@ -29,7 +29,7 @@ struct Program::Engine {
           monitoring({program.m_file, program.m_list, logs, dueMarks, program.m_options, *program.m_services.locks,
                       program.m_timers, *program.m_services.power, program.m_prompter, program.m_texts,
                       program.m_runState}),
-          actions({program.m_file, logs, reactions, safeExit, surplus, monitoring, program.m_prompter, syncTexts}),
+          actions({logs, reactions, safeExit, surplus, monitoring, program.m_prompter, syncTexts}),
           changes({program.m_file, program.m_list, logs, actions, monitoring, program.m_options, syncTexts,
                    program.m_texts, *program.m_services.fileSystem, *program.m_services.eventPump,
                    *program.m_services.clock, program.m_runState, nullptr}),

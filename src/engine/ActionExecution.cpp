@@ -1,7 +1,5 @@
 #include "ActionExecution.h"
-#include "ActivityFile.h"
 #include "ActivityLogs.h"
-#include "FileTypeFilter.h"
 #include "Prompter.h"
 #include "Reactions.h"
 #include "RunContext.h"
@@ -17,16 +15,12 @@ namespace {
 QString pathIn(const FolderView& view, const std::filesystem::path& name) {
     return ToText(view.Handle()->Path() / name);
 }
+
+bool takesPart(RunContext& run, const FolderView& view, const FolderEntry& entry) {
+    return entry.facts.kind == EntryKind::File &&
+           (!run.Filter().IsActive() || run.Filter().Passes(pathIn(view, entry.name)));
+}
 } // namespace
-
-FileRules ActionExecution::rulesOf(const RunContext& run) const {
-    const auto read = [this, &run](const char* field) { return m_parts.file.Read(run.Name(), field); };
-    return SyncRules::RulesOf(read("action"), read("overwrite"), read("onlynew"));
-}
-
-FileTypeFilter ActionExecution::filterOf(const RunContext& run) const {
-    return FileTypeFilter(m_parts.file.Read(run.Name(), "extensions"));
-}
 
 void ActionExecution::AbortTest(RunContext& run) {
     if (!m_parts.safeExit.IsRequested())
@@ -41,13 +35,13 @@ void ActionExecution::SyncFiles(RunContext& run, FolderPair& pair) {
     run.Yield();
     if (run.Over() || !listPair(run, pair))
         return;
-    if (rulesOf(run).action == FileAction::Mirror)
+    if (run.Rules().action == FileAction::Mirror)
         mirrorPass(run, pair);
     mainPass(run, pair);
 }
 
 bool ActionExecution::listPair(RunContext& run, FolderPair& pair) {
-    const FileAction action = rulesOf(run).action;
+    const FileAction action = run.Rules().action;
     const bool mirror = action == FileAction::Mirror;
     if (action != FileAction::None)
         pair.destination.Handle()->RemoveLeftovers();
@@ -72,7 +66,7 @@ void ActionExecution::mirrorPass(RunContext& run, FolderPair& pair) {
     for (const FolderEntry& entry : pair.destination.Entries()) {
         if (run.Over())
             return;
-        if (entry.facts.kind != EntryKind::File || !filterOf(run).Passes(pathIn(pair.destination, entry.name)))
+        if (!takesPart(run, pair.destination, entry))
             continue;
         const std::optional<FileFacts> destination = pair.destination.Facts(entry.name);
         const std::optional<FileFacts> source = pair.source.Facts(entry.name);
@@ -91,7 +85,7 @@ void ActionExecution::mirrorPass(RunContext& run, FolderPair& pair) {
 
 void ActionExecution::syncSurplus(RunContext& run, FolderPair& pair, const std::filesystem::path& name) {
     const QString path = pathIn(pair.destination, name);
-    const bool reportOnly = rulesOf(run).action == FileAction::None;
+    const bool reportOnly = run.Rules().action == FileAction::None;
     if (!reportOnly && !m_parts.surplus.MayDelete(run))
         return;
     m_parts.logs.WriteActionLine(run.Name(),
@@ -105,7 +99,7 @@ void ActionExecution::mainPass(RunContext& run, FolderPair& pair) {
     for (const FolderEntry& entry : pair.source.Entries()) {
         if (run.Over())
             return;
-        if (entry.facts.kind != EntryKind::File || !filterOf(run).Passes(pathIn(pair.source, entry.name)))
+        if (!takesPart(run, pair.source, entry))
             continue;
         const std::optional<FileFacts> source = pair.source.Facts(entry.name);
         if (!source || source->kind != EntryKind::File)
@@ -126,7 +120,7 @@ void ActionExecution::mainPass(RunContext& run, FolderPair& pair) {
 
 void ActionExecution::syncExisting(RunContext& run, FolderPair& pair, const std::filesystem::path& name,
                                    const FileFacts& source, const FileFacts& destination) {
-    const FileRules rules = rulesOf(run);
+    const FileRules rules = run.Rules();
     const FileSide from{pathIn(pair.source, name), source};
     const FileSide to{pathIn(pair.destination, name), destination};
     FileDecision decision =
@@ -167,7 +161,7 @@ void ActionExecution::syncNew(RunContext& run, FolderPair& pair, const std::file
     m_parts.reactions.ReactToChange(run.Name(), path);
     if (run.Over())
         return;
-    const FileAction action = rulesOf(run).action;
+    const FileAction action = run.Rules().action;
     if (action == FileAction::None) {
         m_parts.logs.WriteActionLine(run.Name(), m_parts.texts.NoAction(path));
         return;
@@ -200,7 +194,7 @@ void ActionExecution::SyncFolders(RunContext& run, FolderPair& pair, const Walk&
         syncFolder(run, pair, entry, walk);
         AbortTest(run);
     }
-    if (!run.Over() && rulesOf(run).action == FileAction::Mirror)
+    if (!run.Over() && run.Rules().action == FileAction::Mirror)
         deleteSurplusFolders(run, pair);
 }
 
@@ -216,7 +210,7 @@ void ActionExecution::syncFolder(RunContext& run, FolderPair& pair, const Folder
         m_parts.reactions.ReactToChange(run.Name(), ToText(path));
         if (run.Over())
             return;
-        const FileAction action = rulesOf(run).action;
+        const FileAction action = run.Rules().action;
         if (action == FileAction::None) {
             m_parts.logs.WriteActionLine(run.Name(), m_parts.texts.NoAction(ToText(path)));
             return;
@@ -245,7 +239,7 @@ void ActionExecution::deleteSurplusFolders(RunContext& run, FolderPair& pair) {
             return;
         if (entry.facts.kind != EntryKind::Folder || pair.source.Has(entry.name) || pair.source.Facts(entry.name))
             continue;
-        m_parts.surplus.DeleteTree(run, *pair.destination.Handle(), entry, filterOf(run));
+        m_parts.surplus.DeleteTree(run, *pair.destination.Handle(), entry, run.Filter());
         AbortTest(run);
     }
 }

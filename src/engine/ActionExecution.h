@@ -6,9 +6,7 @@
 #include "SyncRules.h"
 #include <functional>
 
-class ActivityFile;
 class ActivityLogs;
-class FileTypeFilter;
 class MonitoringSwitch;
 class Prompter;
 class Reactions;
@@ -30,7 +28,6 @@ struct FolderPair {
 class ActionExecution final {
   public:
     struct Parts {
-        ActivityFile& file;
         ActivityLogs& logs;
         Reactions& reactions;
         SafeExit& safeExit;
@@ -55,8 +52,6 @@ class ActionExecution final {
     void AbortTest(RunContext& run);
 
   private:
-    [[nodiscard]] FileRules rulesOf(const RunContext& run) const;
-    [[nodiscard]] FileTypeFilter filterOf(const RunContext& run) const;
     [[nodiscard]] bool listPair(RunContext& run, FolderPair& pair);
     void mirrorPass(RunContext& run, FolderPair& pair);
     void mainPass(RunContext& run, FolderPair& pair);

@@ -6,6 +6,9 @@
 
 class FileTypeFilter final {
   public:
+    /// Every file passes.
+    FileTypeFilter() = default;
+
     /// `extensions`: suffixes separated by ";", without dots. Empty: every file passes.
     explicit FileTypeFilter(const QString& extensions);
 
@@ -18,5 +21,5 @@ class FileTypeFilter final {
         QString suffix;   ///< trimmed, upper case
     };
     QList<Entry> m_entries;
-    bool m_active;
+    bool m_active = false;
 };

@@ -14,21 +14,37 @@ constexpr std::chrono::milliseconds yieldInterval{50};
 RunContext::RunContext(const Parts& parts, QString name, std::shared_ptr<Folder> source,
                        std::shared_ptr<Folder> destination)
     : m_parts(parts), m_name(std::move(name)), m_source(std::move(source)), m_destination(std::move(destination)),
-      m_lastYield(parts.clock.MonotonicNow()), m_recordSeenAt(parts.runState.eventsRan - 1),
+      m_lastYield(parts.clock.MonotonicNow()), m_recordReadAt(parts.runState.eventsRan - 1),
       m_transfer(parts.fileSystem.NewTransfer(*this)) {
     for (const auto& root : {m_source, m_destination})
         for (const FileId id : root->Ancestors())
             m_protected.insert(id);
 }
 
+/// Only events can change the record, so between them it need not be read for every file.
+void RunContext::readRecord() {
+    if (m_recordReadAt == m_parts.runState.eventsRan)
+        return;
+    m_recordReadAt = m_parts.runState.eventsRan;
+    m_ended = m_ended || !m_parts.file.Has(m_name);
+    const auto read = [this](const char* field) { return m_parts.file.Read(m_name, field); };
+    m_rules = SyncRules::RulesOf(read("action"), read("overwrite"), read("onlynew"));
+    m_filter = FileTypeFilter(read("extensions"));
+}
+
 bool RunContext::Over() {
-    if (StopRequested())
-        return true;
-    if (m_recordSeenAt != m_parts.runState.eventsRan) {
-        m_recordSeenAt = m_parts.runState.eventsRan;
-        m_ended = !m_parts.file.Has(m_name);
-    }
-    return m_ended;
+    readRecord();
+    return StopRequested();
+}
+
+const FileRules& RunContext::Rules() {
+    readRecord();
+    return m_rules;
+}
+
+const FileTypeFilter& RunContext::Filter() {
+    readRecord();
+    return m_filter;
 }
 
 void RunContext::Yield() {

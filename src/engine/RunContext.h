@@ -3,7 +3,9 @@
 #pragma once
 
 #include "FileSystem.h"
+#include "FileTypeFilter.h"
 #include "RunState.h"
+#include "SyncRules.h"
 #include <QString>
 #include <chrono>
 #include <set>
@@ -40,6 +42,10 @@ class RunContext final : public TransferObserver {
     /// True when the run must not go on: it was ended, the program closes, or the record has gone from the document
     /// (missing fields would read as "copy, overwrite, ignore dates").
     [[nodiscard]] bool Over();
+
+    /// The fields of the record that rule over files, as they are now.
+    [[nodiscard]] const FileRules& Rules();
+    [[nodiscard]] const FileTypeFilter& Filter();
     void End() { m_ended = true; }
 
     /// Lets pending events run.
@@ -52,13 +58,17 @@ class RunContext final : public TransferObserver {
     [[nodiscard]] RunOutcome Outcome() const { return {false, m_failures, StopRequested()}; }
 
   private:
+    void readRecord();
+
     Parts m_parts;
     QString m_name;
     std::shared_ptr<Folder> m_source;
     std::shared_ptr<Folder> m_destination;
     std::set<FileId> m_protected;
     std::chrono::steady_clock::time_point m_lastYield;
-    unsigned m_recordSeenAt;
+    unsigned m_recordReadAt;
+    FileRules m_rules;
+    FileTypeFilter m_filter;
     int m_failures = 0;
     bool m_ended = false;
     std::unique_ptr<FileTransfer> m_transfer;
