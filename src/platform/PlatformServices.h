@@ -5,6 +5,7 @@
 #include "EventPump.h"
 #include "FileSystem.h"
 #include "Locks.h"
+#include "NameService.h"
 #include "OwnFiles.h"
 #include "PowerControl.h"
 #include "Process.h"
@@ -20,6 +21,7 @@ struct PlatformServices {
     std::unique_ptr<Locks> locks;
     std::unique_ptr<Process> process;
     std::unique_ptr<PowerControl> power;
+    std::unique_ptr<NameService> nameService;
     ProgramPlaces places;
 };
 

@@ -18,6 +18,7 @@ class FakeWorld {
         services.locks = own(locks);
         services.process = own(process);
         services.power = own(power);
+        services.nameService = own(names);
         services.places.programFolder = dir.path().toStdString();
         services.places.userDataFolder = dir.filePath(QStringLiteral("data")).toStdString();
     }
@@ -29,6 +30,7 @@ class FakeWorld {
     FakeLocks* locks = nullptr;
     FakeProcess* process = nullptr;
     FakePowerControl* power = nullptr;
+    FakeNameService* names = nullptr;
     PlatformServices services;
     FakePrompter prompter;
     FakeKeyState keys;

@@ -5,6 +5,7 @@
 #include "EventPump.h"
 #include "KeyState.h"
 #include "Locks.h"
+#include "NameService.h"
 #include "PowerControl.h"
 #include "Process.h"
 #include "Prompter.h"
@@ -91,6 +92,16 @@ class FakeLocks final : public Locks {
         FakeLocks& m_locks;
         QString m_name;
     };
+};
+
+class FakeNameService final : public NameService {
+  public:
+    NameServers Discover() const override {
+        ++discoveries;
+        return known;
+    }
+    NameServers known;
+    mutable int discoveries = 0;
 };
 
 class FakeProcess final : public Process {

@@ -1,10 +1,12 @@
 #include "PlatformServices.h"
 
+#include "CachedNameService.h"
 #include "IniSettingsStore.h"
 #include "LinuxClock.h"
 #include "LinuxEventPump.h"
 #include "LinuxFileSystem.h"
 #include "LinuxLocks.h"
+#include "LinuxNameService.h"
 #include "LinuxOwnFiles.h"
 #include "LinuxPowerControl.h"
 #include "LinuxProcess.h"
@@ -39,6 +41,7 @@ PlatformServices MakePlatformServices() {
     services.locks = std::make_unique<LinuxLocks>();
     services.process = std::make_unique<LinuxProcess>();
     services.power = std::make_unique<LinuxPowerControl>();
+    services.nameService = std::make_unique<CachedNameService>(std::make_unique<LinuxNameService>());
     services.places = {programFolder(), userDataFolder()};
     return services;
 }

@@ -1,0 +1,48 @@
+// Asks the first name server for the preferred mail host of a domain, without holding up the event loop. Owns the
+// socket and the timer of one lookup at a time; everything that goes wrong is told by Failed().
+#pragma once
+
+#include <QHostAddress>
+#include <QObject>
+#include <QTimer>
+#include <QUdpSocket>
+#include <chrono>
+
+class NameService;
+
+class MailHostLookup final : public QObject {
+    Q_OBJECT
+  public:
+    /// `timeout` counts from each query sent; `names` must outlive the lookup.
+    explicit MailHostLookup(const NameService& names, std::chrono::milliseconds timeout = std::chrono::seconds(5));
+
+    /// Starts a lookup; an empty domain stands for the local one. One of the signals follows, never from inside of this
+    /// call. A lookup still under way is dropped and stays silent.
+    void Begin(const QString& domain);
+
+    /// Drops the lookup, if there is one; no signal follows.
+    void Cancel();
+
+  Q_SIGNALS:
+    /// The host with the lowest preference; empty when the domain has none.
+    void Found(const QString& host);
+    void Failed(const QString& text);
+
+  private:
+    void ask();
+    void onReadyRead();
+    void readReplies();
+    void takeReply(const QByteArray& packet);
+    [[nodiscard]] bool shortenDomain();
+    void finish(void (MailHostLookup::*outcome)(const QString&), const QString& text);
+
+    const NameService& m_names;
+    QUdpSocket m_socket;
+    QTimer m_timeout;
+    QHostAddress m_server;
+    quint16 m_port = 0;
+    QString m_localDomain;
+    QString m_domain;
+    QByteArray m_query;
+    quint64 m_lookup = 0; ///< counts the lookups, so that an outcome still queued is told from the present one
+};
