@@ -13,6 +13,11 @@ if(KALVENOR_SANITIZE)
         -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(kalvenor_flags INTERFACE -fsanitize=address,undefined)
 endif()
+if(KALVENOR_FUZZ)
+    target_compile_options(kalvenor_flags INTERFACE
+        -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(kalvenor_flags INTERFACE -fsanitize=address,undefined)
+endif()
 
 function(kalvenor_library name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS;INCLUDES")

@@ -157,6 +157,18 @@ class TestMXQuery final : public QObject {
             QCOMPARE(read(QByteArray(whole.constData(), length)), expected);
         }
     }
+    void keepsTheOrderOfManyEqualOnes() {
+        constexpr int hosts = 60; // a short list stays in order with any way of sorting
+        QByteArray records;
+        QStringList expected;
+        for (int host = 0; host < hosts; ++host) {
+            const QByteArray name = QByteArray::number(host) + ".org";
+            records += MX(host < hosts / 2 ? 20 : 10, Name(name));
+            expected.append(QString::fromLatin1((host < hosts / 2 ? "20 " : "10 ") + name));
+        }
+        expected = expected.mid(hosts / 2) + expected.mid(0, hosts / 2);
+        QCOMPARE(read(reply(hosts, records)), expected.join(QStringLiteral(", ")));
+    }
     void countsAnswersOfEveryKind() {
         const QByteArray query = modMXQuery::BuildQuery(QString::fromLatin1(domain)).value();
         const auto alias = modMXQuery::ParseReply(reply(1, Record(Pointer(12), 5, Name("alias.org"))), query);
