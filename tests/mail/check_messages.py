@@ -111,7 +111,7 @@ class Messages(unittest.TestCase):
         self.assertEqual(message.get_body().get_content(), "x\r\nX-Evil: 1\r\n\r\n.\r\nQUIT\r\n")
         self.assertEqual(attachments(message), {
             'x"__X-Evil: 1____.txt': b"1", 'a\\b";name=c.txt': b"2", "ä\"\\_€'%.txt": b"3",
-            "\\xE4\\xF6\\xFC.txt": b"4"})
+            "\\xe4\\xf6\\xfc.txt": b"4"})
         names = [decoded(part.get_param("name")) for part in message.iter_attachments()]
         self.assertEqual(names[2], "ä\"\\_?'%.txt")
 
