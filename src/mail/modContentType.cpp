@@ -3,7 +3,7 @@
 #include <QMimeDatabase>
 
 QByteArray modContentType::GetContentType(const QString& fileName) {
-    const QByteArray unknown = QByteArrayLiteral("application/octet-stream");
+    QByteArray unknown = QByteArrayLiteral("application/octet-stream");
     const qsizetype name = fileName.lastIndexOf(u'/') + 1;
     const qsizetype dot = fileName.lastIndexOf(u'.');
     if (dot < name || dot + 1 == fileName.size())

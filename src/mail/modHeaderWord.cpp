@@ -115,10 +115,10 @@ QByteArray modHeaderWord::Encode(const QString& text, bool quoted) {
         if (const std::optional<QByteArray> lines = folded(quoted ? inQuotes(plain) : plain))
             return *lines;
     }
-    const QByteArray inB = bForm(bytes);
+    QByteArray inB = bForm(bytes);
     if (quoted && holdsDelimiter(bytes))
         return inB;
-    const QByteArray inQ = qForm(bytes);
+    QByteArray inQ = qForm(bytes);
     return inQ.size() < inB.size() ? inQ : inB;
 }
 

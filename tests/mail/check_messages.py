@@ -1,0 +1,134 @@
+"""Reads mails as they went out after DATA with decoders that know nothing of the program which wrote them."""
+import binascii
+import email
+import email.header
+import email.policy
+import sys
+import unittest
+from pathlib import Path
+
+FOLDER = Path(sys.argv.pop(1))
+END = b"\r\n.\r\n"
+
+
+def received(name):
+    """What a server makes of it: the end mark cut off, dot-stuffing undone (RFC 5321)."""
+    data = (FOLDER / name).read_bytes()
+    assert data.endswith(END)
+    lines = data[: -len(END)].split(b"\r\n")
+    for line in lines:
+        assert len(line) <= 999 and b"\r" not in line and b"\n" not in line, line
+        assert line != b"."
+    return b"\r\n".join(line[1:] if line.startswith(b".") else line for line in lines)
+
+
+def parsed(name, strict=True):
+    message = email.message_from_bytes(received(name), policy=email.policy.default)
+    for part in message.walk():
+        assert not part.defects, part.defects
+        for header in part.values() if strict else ():
+            assert not getattr(header, "defects", None), (header, header.defects)
+    return message
+
+
+def decoded(text):
+    return str(email.header.make_header(email.header.decode_header(text)))
+
+
+def attachments(message):
+    return {part.get_filename(): part.get_payload(decode=True) for part in message.iter_attachments()}
+
+
+class Messages(unittest.TestCase):
+    def test_plain(self):
+        message = parsed("plain.mail")
+        self.assertEqual(list(message.keys()), ["From", "To", "Cc", "Subject", "Date", "MIME-Version", "Content-Type",
+                                                "Content-Transfer-Encoding"])
+        sender = message["From"].addresses
+        self.assertEqual([(one.display_name, one.addr_spec) for one in sender],
+                         [('Jörg "der" Müller, genannt <Öhm>', "me@example.org")])
+        self.assertEqual([(one.display_name, one.addr_spec) for one in message["To"].addresses],
+                         [('Doe, "J\\ohn"', "you@example.org"), ("Zoë", "her@example.org")])
+        self.assertEqual(message["Cc"], "copy@example.org")
+        self.assertNotIn(b"secret", received("plain.mail"))
+        self.assertEqual(message["Subject"], "Grüße für 5 ?: " + "äöü und mehr " * 20)
+        self.assertEqual(message["Date"].datetime.isoformat(), "2003-01-05T14:07:09+01:00")
+        self.assertEqual(message["Content-Transfer-Encoding"], "8bit")
+        self.assertEqual(message.get_content(), ".Punkt\r\n..\r\n.\r\n\r\nÄÖÜß ? ? Ende\r\n")
+
+    def test_html(self):
+        message = parsed("html.mail")
+        self.assertEqual(message.get_content_type(), "multipart/related")
+        body, logo, text = message.iter_parts()
+        self.assertEqual(body.get_content_type(), "text/html")
+        self.assertEqual(body.get_content(), '<p>Über <img src="cid:logo.png"></p>')
+        self.assertEqual(body["Content-Base"], '"http://example.org/\\"  X-Evil: 1"')
+        self.assertEqual(logo["Content-ID"], "<logo.png>")
+        self.assertEqual(logo.get_content_type(), "image/png")
+        self.assertEqual(logo.get_content(), (FOLDER / "logo.png").read_bytes())
+        self.assertIsNone(text["Content-ID"])
+        self.assertEqual(text.get_payload(decode=True), b"one\n")
+
+    def test_attachments(self):
+        message = parsed("mime.mail")
+        self.assertEqual(message.get_content_type(), "multipart/mixed")
+        self.assertEqual(message.get_body().get_content(), "see below")
+        found = attachments(message)
+        self.assertEqual(len(found), 8)
+        for name, content in found.items():
+            self.assertEqual(content, (FOLDER / name).read_bytes(), name)
+
+    def test_uuencode(self):
+        message = parsed("uuencode.mail")
+        self.assertEqual(list(message.keys()), ["From", "To", "Subject", "Date"])
+        lines = message.get_payload().splitlines()
+        self.assertEqual(lines.pop(0), "see below")
+        found = 0
+        while lines:
+            begin, mode, name = lines.pop(0).split(" ")
+            self.assertEqual((begin, mode), ("begin", "600"))
+            content = b""
+            while (line := lines.pop(0)) != "`":
+                content += binascii.a2b_uu(line)
+            self.assertEqual(lines.pop(0), "end")
+            self.assertEqual(content, (FOLDER / name).read_bytes(), name)
+            found += 1
+        self.assertEqual(found, 8)
+
+    def test_attached_mail(self):
+        self.assertEqual(attachments(parsed("eml.mail")), {"inner.eml": b"From: a@b\r\n\r\ntext"})
+
+    def test_hostile(self):
+        flat = "x  X-Evil: 1    .  QUIT  "
+        message = parsed("hostile.mail", strict=False)
+        self.assertEqual(message["Subject"], flat)
+        self.assertEqual(message["From"].addresses[0].display_name, flat + '"')
+        # This reader joins blanks inside encoded words.
+        self.assertEqual(message["To"].addresses[0].display_name.split(), ('ä"' + flat).split())
+        self.assertEqual(len(message["To"].addresses), 1)
+        for part in message.walk():
+            self.assertNotIn("X-Evil", part)
+        self.assertEqual(message.get_body().get_content(), "x\r\nX-Evil: 1\r\n\r\n.\r\nQUIT\r\n")
+        self.assertEqual(attachments(message), {
+            'x"__X-Evil: 1____.txt': b"1", 'a\\b";name=c.txt': b"2", "ä\"\\_€'%.txt": b"3",
+            "\\xe4\\xf6\\xfc.txt": b"4"})
+        names = [decoded(part.get_param("name")) for part in message.iter_attachments()]
+        self.assertEqual(names[2], "ä\"\\_?'%.txt")
+
+    def test_hostile_uuencode(self):
+        message = parsed("hostile-uu.mail", strict=False)
+        self.assertNotIn("X-Evil", message)
+        self.assertEqual(message.get_payload().count("\nbegin 600 "), 4)
+
+    def test_long(self):
+        message = parsed("long.mail", strict=False)
+        self.assertNotIn("X-Evil", message)
+        attack = "a" * 985 + "X-Evil:1" * 300
+        self.assertEqual(message["Subject"], attack)
+        self.assertEqual(message.get_content(), "\r\n".join(["." * 998] * 3))
+        self.assertEqual(list(message.keys())[:5], ["From", "To", "Subject", "Reply-to", "Date"])
+        self.assertEqual(parsed("words.mail")["Subject"], "word and word " * 500)
+
+
+if __name__ == "__main__":
+    unittest.main()
