@@ -1,6 +1,7 @@
 #include "Program.h"
 #include "ActionExecution.h"
 #include "ActivityLogs.h"
+#include "ActivityMail.h"
 #include "ChangeDetection.h"
 #include "DueMarks.h"
 #include "KeyState.h"
@@ -14,6 +15,7 @@
 namespace {
 const QString application = QStringLiteral("Kalvenor");
 const QString optionsSection = QStringLiteral("Options");
+constexpr std::chrono::seconds mailGrace{5};
 const QString acceptedKey = QStringLiteral("Accepted");
 } // namespace
 
@@ -24,6 +26,8 @@ struct Program::Engine {
                                             *program.m_services.ownFiles, *program.m_services.clock, program.m_texts}),
           reactions({program.m_file, logs, *program.m_services.process, program.m_prompter, program.m_texts,
                      program.m_runState}),
+          mail({program.m_file, logs, *program.m_services.settings, *program.m_services.nameService,
+                *program.m_services.clock, *program.m_services.desktopMail, program.m_texts, program.m_runState}),
           safeExit({program.m_options, keys, *program.m_services.process, program.m_prompter, program.m_texts}),
           surplus({program.m_file, logs, syncTexts}), dueMarks(program.m_file, program.m_list),
           monitoring({program.m_file, program.m_list, logs, dueMarks, program.m_options, *program.m_services.locks,
@@ -32,7 +36,7 @@ struct Program::Engine {
           actions({logs, reactions, safeExit, surplus, monitoring, program.m_prompter, syncTexts}),
           changes({program.m_file, program.m_list, logs, actions, monitoring, program.m_options, syncTexts,
                    program.m_texts, *program.m_services.fileSystem, *program.m_services.eventPump,
-                   *program.m_services.clock, program.m_runState, nullptr}),
+                   *program.m_services.clock, program.m_runState, mail}),
           schedulers({program.m_file, program.m_list, logs, changes, dueMarks, monitoring, *program.m_services.clock,
                       program.m_texts, program.m_runState, QLocale::system()}) {
         schedulers.ConnectTo(program.m_timers);
@@ -41,6 +45,7 @@ struct Program::Engine {
     SyncTexts syncTexts;
     ActivityLogs logs;
     Reactions reactions;
+    ActivityMail mail;
     SafeExit safeExit;
     SurplusRemoval surplus;
     DueMarks dueMarks;
@@ -91,6 +96,11 @@ void Program::OnLogLine(std::function<void(const QString& line)> listener) {
 
 std::unique_ptr<HeldLock> Program::LockFile() {
     return m_file.LockForMonitoring(*m_services.locks);
+}
+
+void Program::RequestEnd() {
+    m_runState.closing = true;
+    m_engine->mail.GiveUpAfter(mailGrace);
 }
 
 void Program::AllowTicks() {

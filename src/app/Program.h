@@ -59,8 +59,9 @@ class Program final {
     /// Schedulers do nothing until this is called: no activity runs before the notice is answered.
     void AllowTicks();
 
-    /// Ends a run after its present file. The host calls it before it closes, then waits until no run is on the stack.
-    void RequestEnd() { m_runState.closing = true; }
+    /// Ends a run after its present file, and a mail on its way after a few seconds. The host calls it before it
+    /// closes, then waits until nothing is running any more.
+    void RequestEnd();
 
   private:
     struct Engine;

@@ -103,9 +103,8 @@ void ChangeDetection::sendMail(const QString& name, const Folder& source, const 
     if (m_parts.file.Read(name, "sendmail") != u"1")
         return;
     m_parts.logs.SetActivityStatus(name, m_parts.texts.Text(241) + m_parts.file.Read(name, "recipient") + u"'");
-    if (m_parts.mailer)
-        m_parts.mailer->SendActivityMail(name, modNativePath::ToText(source.Path()),
-                                         modNativePath::ToText(destination.Path()));
+    m_parts.mailer.SendActivityMail(name, modNativePath::ToText(source.Path()),
+                                    modNativePath::ToText(destination.Path()));
 }
 
 void ChangeDetection::handleMissing(const QString& name, const QString& directory) {

@@ -25,7 +25,7 @@ class ChangeDetection final {
         EventPump& pump;
         const Clock& clock;
         RunState& runState;
-        ActivityMailer* mailer; ///< null: no mail can be sent
+        ActivityMailer& mailer;
     };
     explicit ChangeDetection(const Parts& parts) : m_parts(parts) {}
 

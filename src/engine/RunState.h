@@ -13,8 +13,10 @@ struct RunOutcome {
 
 struct RunState {
     int depth = 0;          ///< runs on the stack
+    int mails = 0;          ///< notifications on their way
     bool closing = false;   ///< the program is about to end: finish the present file, then return
     unsigned eventsRan = 0; ///< counts the times events could run: what was read before may be stale
     QString lastProcessed;  ///< name of the activity processed last
-    [[nodiscard]] bool Running() const { return depth > 0; }
+    /// Something is under way that must not be cut off, by switching the machine off say.
+    [[nodiscard]] bool Running() const { return depth > 0 || mails > 0; }
 };

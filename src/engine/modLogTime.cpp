@@ -4,10 +4,15 @@
 #include <ctime>
 
 namespace {
-// strftime instead of QDateTime: a long run writes two of these for every file.
-QString format(std::time_t seconds, const char* pattern) {
+std::tm localParts(std::time_t seconds) {
     std::tm parts{};
     localtime_r(&seconds, &parts);
+    return parts;
+}
+
+// strftime instead of QDateTime: a long run writes two of these for every file.
+QString format(std::time_t seconds, const char* pattern) {
+    const std::tm parts = localParts(seconds);
     std::array<char, 64> text{};
     const std::size_t length = std::strftime(text.data(), text.size(), pattern, &parts);
     return QString::fromLatin1(text.data(), static_cast<qsizetype>(length));
@@ -29,4 +34,9 @@ QString modLogTime::Text(const FileTime& time) {
 
 QString modLogTime::HoursAndMinutes(std::chrono::system_clock::time_point time) {
     return format(toSeconds(time), "%H:%M");
+}
+
+int modLogTime::SecondsOfDay(std::chrono::system_clock::time_point time) {
+    const std::tm parts = localParts(toSeconds(time));
+    return (parts.tm_hour * 60 + parts.tm_min) * 60 + parts.tm_sec;
 }

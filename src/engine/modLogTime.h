@@ -14,4 +14,7 @@ namespace modLogTime {
 /// "HH:mm", 24-hour clock with leading zeros.
 [[nodiscard]] QString HoursAndMinutes(std::chrono::system_clock::time_point time);
 
+/// Since midnight, 0 to 86400.
+[[nodiscard]] int SecondsOfDay(std::chrono::system_clock::time_point time);
+
 } // namespace modLogTime

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Clock.h"
+#include "DesktopMailClient.h"
 #include "EventPump.h"
 #include "FileSystem.h"
 #include "Locks.h"
@@ -22,6 +23,7 @@ struct PlatformServices {
     std::unique_ptr<Process> process;
     std::unique_ptr<PowerControl> power;
     std::unique_ptr<NameService> nameService;
+    std::unique_ptr<DesktopMailClient> desktopMail;
     ProgramPlaces places;
 };
 

@@ -3,62 +3,12 @@ import os
 import shutil
 import signal
 import subprocess
-import sys
-import tempfile
 import unittest
-from pathlib import Path
 
-PROGRAM = sys.argv.pop(1)
+from RunFixture import PROGRAM, RunFixture
 
 
-class KalvenorRun(unittest.TestCase):
-    def setUp(self):
-        self.root = Path(tempfile.mkdtemp(prefix="kalvenor-run-"))
-        self.addCleanup(shutil.rmtree, self.root, True)
-        for name in ("config", "data", "run", "home"):
-            (self.root / name).mkdir(mode=0o700)
-        self.environment = {
-            **os.environ,
-            "HOME": str(self.root / "home"),
-            "XDG_CONFIG_HOME": str(self.root / "config"),
-            "XDG_DATA_HOME": str(self.root / "data"),
-            "XDG_STATE_HOME": str(self.root / "data"),
-            "XDG_RUNTIME_DIR": str(self.root / "run"),
-            "LANG": "C.UTF-8",
-            "LANGUAGE": "en",
-        }
-        self.accept()
-        self.file = self.root / "jobs.kvd"
-
-    def accept(self):
-        folder = self.root / "config" / "Kalvenor"
-        folder.mkdir()
-        (folder / "Kalvenor.ini").write_text("[Options]\nAccepted=Yes\n")
-
-    def activity(self, name, activ="1", action="0", source=None):
-        source = source or self.root / f"{name}-in"
-        target = self.root / f"{name}-out"
-        for folder in (self.root / f"{name}-in", target):
-            folder.mkdir(exist_ok=True)
-        (self.root / f"{name}-in" / "file.txt").write_text(f"content of {name}")
-        return (
-            f"<{name}><sourcedir>{source}</sourcedir><targetdir>{target}</targetdir><type>0</type>"
-            f"<intervall>10</intervall><action>{action}</action><overwrite>Y</overwrite><onlynew>N</onlynew>"
-            f"<alert>N</alert><includesubdirs>Y</includesubdirs><allfiles>1</allfiles><activ>{activ}</activ></{name}>"
-        )
-
-    def write(self, *activities):
-        text = '<?xml version="1.0" encoding="ISO-8859-1"?><items>' + "".join(activities) + "</items>\r\n"
-        self.file.write_text(text, encoding="latin-1")
-
-    def run_program(self, *words):
-        return subprocess.run(
-            [PROGRAM, *map(str, words)], env=self.environment, capture_output=True, text=True, timeout=60,
-            stdin=subprocess.DEVNULL)
-
-    def copied(self, name):
-        return sorted(path.name for path in (self.root / f"{name}-out").iterdir())
-
+class KalvenorRun(RunFixture):
     def test_runs_active_activities(self):
         self.write(self.activity("A"), self.activity("B", activ="0"), self.activity("C", action="1"))
         before = self.file.read_bytes()

@@ -224,7 +224,7 @@ class TestMessageStream final : public QObject {
         writeLong();
         QProcess python;
         python.setProcessChannelMode(QProcess::MergedChannels);
-        python.start(QStringLiteral(PYTHON), {QStringLiteral(CHECK_SCRIPT), m_folder->path()});
+        python.start(QStringLiteral(SYSTEM_PYTHON), {QStringLiteral(CHECK_SCRIPT), m_folder->path()});
         QVERIFY(python.waitForFinished(60'000));
         const bool agreed = python.exitStatus() == QProcess::NormalExit && python.exitCode() == 0;
         if (!agreed)

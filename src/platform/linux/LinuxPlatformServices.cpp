@@ -42,6 +42,7 @@ PlatformServices MakePlatformServices() {
     services.process = std::make_unique<LinuxProcess>();
     services.power = std::make_unique<LinuxPowerControl>();
     services.nameService = std::make_unique<CachedNameService>(std::make_unique<LinuxNameService>());
+    services.desktopMail = std::make_unique<NoDesktopMailClient>();
     services.places = {programFolder(), userDataFolder()};
     return services;
 }

@@ -1,0 +1,42 @@
+// The mail client's own settings, kept for the user when persistence is switched on. Owns their values; a value that
+// cannot be read takes its default, one that cannot be written is lost without a word.
+#pragma once
+
+#include <QString>
+
+class SettingsStore;
+
+class MailSettings final {
+  public:
+    explicit MailSettings(SettingsStore& store);
+
+    struct Values {
+        QString from;
+        QString fromDisplayName;
+        QString popHost;
+        QString smtpHost;
+        int smtpPort = 25;
+        int hostValidation = 3;  ///< 0 accepts every host name
+        int emailValidation = 1; ///< 0 accepts every address
+        int connectTimeout = 30; ///< seconds
+        int messageTimeout = 60; ///< seconds
+        int connectRetry = 4;    ///< attempts
+        int encodeType = 0;      ///< 0 MIME, 1 uuencode
+        QString username;
+        int useAuthentication = 0;
+        int usePopAuthentication = 0;
+    };
+    [[nodiscard]] const Values& Get() const { return m_values; }
+
+    /// Sets one value, and writes it when persistence is on.
+    void Set(QString Values::*field, const QString& value);
+    void Set(int Values::*field, int value);
+
+    [[nodiscard]] bool IsPersistent() const { return m_persistent; }
+    void SetPersistent(bool persistent);
+
+  private:
+    SettingsStore& m_store;
+    Values m_values;
+    bool m_persistent = false;
+};

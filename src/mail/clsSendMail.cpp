@@ -1,0 +1,228 @@
+#include "clsSendMail.h"
+#include "Clock.h"
+#include "modNativePath.h"
+#include "modValidEMail.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+#include <algorithm>
+
+namespace {
+const QString missingHost = QStringLiteral("Invalid or Missing SMTP Host Name");
+
+bool isHostName(const QString& host) {
+    return !host.isEmpty() && std::none_of(host.begin(), host.end(),
+                                           [](QChar c) { return c.isSpace() || c.category() == QChar::Other_Control; });
+}
+} // namespace
+
+clsSendMail::clsSendMail(SettingsStore& settings, const NameService& names, const Clock& clock)
+    : m_settings(settings), m_clock(clock), m_lookup(names), m_connection(clock, *this) {
+    connect(&m_lookup, &MailHostLookup::Found, this, [this](const QString& host) {
+        if (std::exchange(m_lookingUp, false))
+            host.isEmpty() ? refuseConnection(missingHost) : open(host);
+    });
+    connect(&m_lookup, &MailHostLookup::Failed, this, [this](const QString& text) {
+        if (std::exchange(m_lookingUp, false))
+            refuseConnection(text);
+    });
+}
+
+clsSendMail::~clsSendMail() = default;
+
+QStringList clsSendMail::split(const QString& list) const {
+    QStringList entries;
+    for (const QString& entry : list.split(Delimiter, Qt::SkipEmptyParts))
+        if (const QString trimmed = entry.trimmed(); !trimmed.isEmpty())
+            entries.append(trimmed);
+    return entries;
+}
+
+bool clsSendMail::areValid(const QStringList& addresses) const {
+    return m_settings.Get().emailValidation == 0 ||
+           std::all_of(addresses.begin(), addresses.end(), modValidEMail::IsValidEmailAddress);
+}
+
+void clsSendMail::SetFrom(const QString& address) {
+    const QString trimmed = address.trimmed();
+    if (trimmed.isEmpty() || !areValid({trimmed}))
+        Q_EMIT SendFailed(QStringLiteral("Missing or Invalid Sender E-mail Address"));
+    else
+        m_settings.Set(&MailSettings::Values::from, trimmed);
+}
+
+void clsSendMail::SetRecipient(const QString& addresses) {
+    const QStringList entries = split(addresses);
+    if (entries.isEmpty() || !areValid(entries))
+        Q_EMIT SendFailed(QStringLiteral("Missing or Invalid Recipient E-mail Address"));
+    else
+        m_recipients = entries;
+}
+
+void clsSendMail::SetCcRecipient(const QString& addresses) {
+    const QStringList entries = split(addresses);
+    if (areValid(entries))
+        m_copies = entries;
+    else
+        Q_EMIT SendFailed(QStringLiteral("Invalid Cc: Recipient E-mail Address"));
+}
+
+void clsSendMail::SetBccRecipient(const QString& addresses) {
+    const QStringList entries = split(addresses);
+    if (areValid(entries))
+        m_blindCopies = entries;
+    else
+        Q_EMIT SendFailed(QStringLiteral("Invalid Bcc: Recipient E-mail Address"));
+}
+
+void clsSendMail::SetAttachment(const QString& paths) {
+    for (const QString& path : split(paths)) {
+        std::error_code error;
+        if (!std::filesystem::is_regular_file(modNativePath::FromText(path), error)) {
+            Q_EMIT SendFailed(QStringLiteral("The file you tried to attach does not exist"));
+            return;
+        }
+    }
+    m_attachment = paths;
+}
+
+void clsSendMail::SetPriority(int priority) {
+    m_priority = priority;
+    if (priority == 1)
+        m_priorityWord = QStringLiteral("High");
+    else if (priority == 3)
+        m_priorityWord = QStringLiteral("Normal");
+    else if (priority == 5)
+        m_priorityWord = QStringLiteral("Low");
+}
+
+void clsSendMail::setHost(QString MailSettings::Values::*field, const QString& host, const char* error) {
+    if (m_settings.Get().hostValidation == 0 || isHostName(host))
+        m_settings.Set(field, host);
+    else
+        Q_EMIT SendFailed(QLatin1String(error));
+}
+
+void clsSendMail::SetSMTPHost(const QString& host) {
+    setHost(&MailSettings::Values::smtpHost, host, "Invalid or Missing SMTP Host Name");
+}
+
+void clsSendMail::SetPOP3Host(const QString& host) {
+    setHost(&MailSettings::Values::popHost, host, "Invalid or Missing POP3 Host Name");
+}
+
+void clsSendMail::SetSMTPPort(int port) {
+    if (port >= 1 && port <= 65535)
+        m_settings.Set(&MailSettings::Values::smtpPort, port);
+    else
+        Q_EMIT SendFailed(QStringLiteral("Invalid Remote Port"));
+}
+
+void clsSendMail::Connect() {
+    const MailSettings::Values& settings = m_settings.Get();
+    if (!settings.smtpHost.isEmpty())
+        return open(settings.smtpHost);
+    const QString address = m_recipients.value(0);
+    const QString domain = address.mid(address.indexOf(u'@') + 1);
+    Q_EMIT Status(u"Performing MX Query, Domain: " + domain);
+    m_lookingUp = true;
+    m_lookup.Begin(domain);
+}
+
+void clsSendMail::open(const QString& host) {
+    const MailSettings::Values& settings = m_settings.Get();
+    // The stored number was not checked by anybody yet.
+    if (settings.smtpPort < 1 || settings.smtpPort > 65535)
+        return refuseConnection(QStringLiteral("Invalid Remote Port"));
+    m_connection.Connect({.smtpHost = host,
+                          .smtpPort = settings.smtpPort,
+                          .popHost = settings.popHost,
+                          .popPort = POP3Port,
+                          .username = settings.username,
+                          .password = Password,
+                          .useAuthentication = settings.useAuthentication != 0,
+                          .usePopAuthentication = settings.usePopAuthentication != 0,
+                          .connectRetry = settings.connectRetry,
+                          .connectTimeout = settings.connectTimeout,
+                          .messageTimeout = settings.messageTimeout},
+                         settings.from);
+}
+
+void clsSendMail::refuseConnection(const QString& text) {
+    OnFailed(text);
+    OnConnectEnded(false);
+}
+
+void clsSendMail::OnConnectEnded(bool ready) {
+    const auto answer = [this, ready] {
+        if (!std::exchange(m_sendWhenReady, false)) {
+            Q_EMIT ConnectEnded(ready);
+        } else if (ready) {
+            m_closeAfterSend = true;
+            transmit();
+        } else {
+            Q_EMIT SendEnded(false);
+        }
+    };
+    QMetaObject::invokeMethod(this, answer, Qt::QueuedConnection);
+}
+
+void clsSendMail::Send() {
+    const QString error = MessageStream::Check(message());
+    if (!error.isEmpty()) {
+        OnFailed(error);
+        return OnSendEnded(false);
+    }
+    if (m_connection.IsReady())
+        return transmit();
+    m_sendWhenReady = true;
+    Connect();
+}
+
+void clsSendMail::transmit() {
+    const QDateTime now =
+        QDateTime::fromSecsSinceEpoch(std::chrono::system_clock::to_time_t(m_clock.Now()), Qt::LocalTime);
+    m_connection.Send(m_settings.Get().from, m_recipients + m_copies + m_blindCopies,
+                      std::make_unique<MessageStream>(message(), now));
+}
+
+MailMessage clsSendMail::message() const {
+    const MailSettings::Values& settings = m_settings.Get();
+    MailMessage mail{.from = settings.from,
+                     .fromDisplayName = settings.fromDisplayName,
+                     .recipients = m_recipients,
+                     .recipientDisplayNames = RecipientDisplayName.split(Delimiter),
+                     .copies = m_copies,
+                     .copyDisplayNames = CcDisplayName.split(Delimiter),
+                     .blindCopies = m_blindCopies,
+                     .replyTo = ReplyToAddress,
+                     .subject = Subject,
+                     .text = Message,
+                     .contentBase = ContentBase,
+                     .asHtml = AsHTML,
+                     .receipt = Receipt,
+                     .priority = m_priority,
+                     .priorityWord = m_priorityWord,
+                     .encoding = settings.encodeType == 1 ? MailEncoding::UuEncode : MailEncoding::Mime,
+                     .attachments = {}};
+    for (const QString& path : split(m_attachment))
+        mail.attachments.push_back(modNativePath::FromText(path));
+    return mail;
+}
+
+void clsSendMail::OnSendEnded(bool accepted) {
+    if (accepted)
+        Q_EMIT SendSuccesful();
+    const auto answer = [this, accepted] {
+        if (std::exchange(m_closeAfterSend, false))
+            Disconnect();
+        Q_EMIT SendEnded(accepted);
+    };
+    QMetaObject::invokeMethod(this, answer, Qt::QueuedConnection);
+}
+
+void clsSendMail::Shutdown() {
+    if (std::exchange(m_lookingUp, false))
+        refuseConnection(QStringLiteral("Socket not Open"));
+    m_connection.Shutdown();
+}

@@ -1,0 +1,101 @@
+// The program's own mail client: what is to be sent, through which server, and the operations on it. Owns the
+// connection. Operations begin here and end with an event; a refused value keeps the old one. Errors come as
+// SendFailed.
+#pragma once
+
+#include "MailConnection.h"
+#include "MailHostLookup.h"
+#include "MailMessage.h"
+#include "MailSettings.h"
+
+class clsSendMail final : public QObject, private MailSessionEvents {
+    Q_OBJECT
+  public:
+    clsSendMail(SettingsStore& settings, const NameService& names, const Clock& clock);
+    ~clsSendMail() override;
+
+    QString Delimiter = QStringLiteral(";"); ///< between the entries of a list
+    QString RecipientDisplayName;
+    QString CcDisplayName;
+    QString ReplyToAddress;
+    QString Subject;
+    QString Message;
+    QString ContentBase;
+    QString Password; ///< never stored
+    bool AsHTML = false;
+    bool Receipt = false;
+    int POP3Port = 110;
+
+    void SetFrom(const QString& address);
+    void SetFromDisplayName(const QString& name) { m_settings.Set(&MailSettings::Values::fromDisplayName, name); }
+    void SetRecipient(const QString& addresses);
+    void SetCcRecipient(const QString& addresses);
+    void SetBccRecipient(const QString& addresses);
+    /// A list of paths of regular files. One that does not exist refuses the whole list.
+    void SetAttachment(const QString& paths);
+    [[nodiscard]] const QString& Attachment() const { return m_attachment; }
+    /// 1 high, 3 normal, 5 low; any other number is kept too, but no word goes with it.
+    void SetPriority(int priority);
+
+    void SetSMTPHost(const QString& host);
+    /// 1 to 65535.
+    void SetSMTPPort(int port);
+    void SetPOP3Host(const QString& host);
+    void SetUsername(const QString& name) { m_settings.Set(&MailSettings::Values::username, name); }
+    void SetUseAuthentication(bool on) { m_settings.Set(&MailSettings::Values::useAuthentication, on ? 1 : 0); }
+    void SetUsePopAuthentication(bool on) { m_settings.Set(&MailSettings::Values::usePopAuthentication, on ? 1 : 0); }
+    void SetConnectRetry(int attempts) { m_settings.Set(&MailSettings::Values::connectRetry, attempts); }
+    void SetConnectTimeout(int seconds) { m_settings.Set(&MailSettings::Values::connectTimeout, seconds); }
+    void SetMessageTimeout(int seconds) { m_settings.Set(&MailSettings::Values::messageTimeout, seconds); }
+    /// 0 MIME, 1 uuencode.
+    void SetEncodeType(int type) { m_settings.Set(&MailSettings::Values::encodeType, type); }
+    void SetEmailAddressValidation(int level) { m_settings.Set(&MailSettings::Values::emailValidation, level); }
+    void SetSMTPHostValidation(int level) { m_settings.Set(&MailSettings::Values::hostValidation, level); }
+    void SetPersistentSettings(bool on) { m_settings.SetPersistent(on); }
+    [[nodiscard]] const MailSettings& Settings() const { return m_settings; }
+
+    /// Makes the session ready for a mail. Without a host, that of the first recipient's domain is asked for.
+    void Connect();
+    /// Sends the mail; connects first when needed, and then closes again.
+    void Send();
+    void Disconnect() { m_connection.Disconnect(); }
+    /// Ends whatever is under way.
+    void Shutdown();
+
+  Q_SIGNALS:
+    void Status(const QString& text);
+    void SendSuccesful();
+    void SendFailed(const QString& text);
+
+    /// The end of Connect and of Send; they come from the event loop, so that the next operation may begin at once.
+    void ConnectEnded(bool ready);
+    void SendEnded(bool accepted);
+
+  private:
+    void OnStatus(const QString& text) override { Q_EMIT Status(text); }
+    void OnFailed(const QString& text) override { Q_EMIT SendFailed(text); }
+    void OnConnectEnded(bool ready) override;
+    void OnSendEnded(bool accepted) override;
+
+    void open(const QString& host);
+    void transmit();
+    void refuseConnection(const QString& text);
+    [[nodiscard]] MailMessage message() const;
+    [[nodiscard]] QStringList split(const QString& list) const;
+    [[nodiscard]] bool areValid(const QStringList& addresses) const;
+    void setHost(QString MailSettings::Values::*field, const QString& host, const char* error);
+
+    MailSettings m_settings;
+    const Clock& m_clock;
+    QStringList m_recipients;
+    QStringList m_copies;
+    QStringList m_blindCopies;
+    QString m_attachment;
+    int m_priority = 3;
+    QString m_priorityWord = QStringLiteral("Normal");
+    bool m_sendWhenReady = false;  ///< Send waits for a session of its own
+    bool m_closeAfterSend = false; ///< and closes it again
+    bool m_lookingUp = false;
+    MailHostLookup m_lookup;
+    MailConnection m_connection;
+};

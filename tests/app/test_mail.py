@@ -1,0 +1,176 @@
+"""Activities that notify, run by the real program against a real SMTP server; an independent parser reads the mails."""
+import email
+import email.policy
+import socket
+import threading
+import unittest
+
+from aiosmtpd.controller import Controller
+from aiosmtpd.smtp import AuthResult
+
+from RunFixture import RunFixture
+from smtp_server import LoginSmtp
+
+
+class Server(Controller):
+    def factory(self):
+        return LoginSmtp(self.handler, **self.SMTP_kwargs)
+
+
+class Mailbox:
+    """What an SMTP server was given."""
+
+    def __init__(self):
+        self.envelopes = []
+        self.logins = []
+
+    async def handle_DATA(self, server, session, envelope):
+        self.envelopes.append(envelope)
+        return "250 Taken"
+
+    def authenticate(self, server, session, envelope, mechanism, data):
+        self.logins.append((mechanism, data.login.decode(), data.password.decode()))
+        return AuthResult(success=data.login == b"kalvenor")
+
+    def mails(self):
+        return [email.message_from_bytes(envelope.content, policy=email.policy.default) for envelope in self.envelopes]
+
+
+class ClosingServer:
+    """Says its lines, one for each line it hears, and is then gone."""
+
+    def __init__(self, lines):
+        self.lines = lines
+        self.listener = socket.create_server(("127.0.0.1", 0))
+        self.port = self.listener.getsockname()[1]
+        self.heard = []
+        threading.Thread(target=self.serve, daemon=True).start()
+
+    def serve(self):
+        while True:
+            try:
+                connection, _ = self.listener.accept()
+            except OSError:
+                return
+            with connection, connection.makefile("rb") as reader:
+                for line in self.lines:
+                    connection.sendall(line)
+                    heard = reader.readline()
+                    while line.startswith(b"354") and heard not in (b".\r\n", b""):
+                        heard = reader.readline()
+                    self.heard.append(heard)
+
+
+class Mail(RunFixture):
+    def serve(self, **options):
+        box = Mailbox()
+        with socket.create_server(("127.0.0.1", 0)) as free:
+            port = free.getsockname()[1]
+        controller = Server(
+            box, hostname="127.0.0.1", port=port, authenticator=box.authenticate, auth_require_tls=False, **options)
+        controller.start()
+        self.addCleanup(controller.stop)
+        box.port = port
+        self.mail_settings(port)
+        return box
+
+    def mail_settings(self, port, **more):
+        values = {"PersistentSettings": 1, "RemotePort": port, "ConnectTimeout": 5, "MessageTimeout": 5, **more}
+        self.settings("Postrelle", "[Settings]\n" + "".join(f"{key}={value}\n" for key, value in values.items()))
+
+    def notifying(self, name="Akten", **fields):
+        return self.activity(name, **{
+            "sendmail": "1", "UseSMTP": "1", "SMTPHost": "127.0.0.1", "sender": "kalvenor@hier.de",
+            "recipient": "anna@dort.de", "subject": "Neue Akten", "message": "Es gibt etwas.", "attachaction": "1",
+            "logfile": self.root / f"{name}.log", **fields})
+
+    def run_once(self, *activities):
+        self.write(*activities)
+        result = self.run_program(self.file)
+        self.assertEqual(result.returncode, 0, result.stderr)
+        return result.stdout
+
+    def test_plain(self):
+        box = self.serve()
+        output = self.run_once(self.notifying())
+        self.assertIn("E-Mail send to 'anna@dort.de'\n", output)
+        [mail] = box.mails()
+        self.assertEqual(box.envelopes[0].mail_from, "kalvenor@hier.de")
+        self.assertEqual(box.envelopes[0].rcpt_tos, ["anna@dort.de"])
+        self.assertTrue(box.envelopes[0].content.startswith(b'From: "Kalvenor Pro" <kalvenor@hier.de>\r\n'))
+        self.assertEqual(mail["To"].addresses[0].addr_spec, "anna@dort.de")
+        self.assertEqual(mail["Subject"], "Neue Akten")
+        self.assertIsNotNone(mail["Date"].datetime.tzinfo)
+        self.assertEqual(mail.get_content().strip(), "Es gibt etwas.")
+
+    def test_umlauts_recipients_and_details(self):
+        box = self.serve()
+        self.run_once(self.notifying(
+            subject="Überraschung für 5 €", message="Größe: 5 €\n.\nEnde\n", recipient="anna@dort.de;bert@dort.de",
+            attachaction="0", computername="1"))
+        [mail] = box.mails()
+        self.assertEqual(box.envelopes[0].rcpt_tos, ["anna@dort.de", "bert@dort.de"])
+        self.assertEqual([one.addr_spec for one in mail["To"].addresses], ["anna@dort.de", "bert@dort.de"])
+        self.assertEqual(mail["Subject"], "Überraschung für 5 ?")
+        lines = mail.get_content().splitlines()
+        self.assertEqual(lines[0], f"from system (name): {socket.gethostname()}")
+        self.assertEqual(lines[2:5], ["Größe: 5 ?", ".", "Ende"])
+        self.assertEqual(lines[-1], f"Last accessed:{self.root}/Akten-out -> {self.root}/Akten-in")
+
+    def test_attached_log(self):
+        box = self.serve()
+        self.run_once(self.notifying(attachlogfile="1", sendlastfile="1"))
+        [mail] = box.mails()
+        [attachment] = mail.iter_attachments()
+        self.assertEqual(attachment.get_filename(), "Akten.log")
+        log = (self.root / "Akten.log").read_bytes()
+        self.assertIn(b"E-Mail send to 'anna@dort.de'\r\n", log)
+        self.assertTrue(log.startswith(attachment.get_payload(decode=True)))
+        self.assertIn(b"Copy file", attachment.get_payload(decode=True))
+
+    def test_login(self):
+        box = self.serve()
+        self.mail_settings(box.port, UseAuthentication=1, Username="kalvenor")
+        self.run_once(self.notifying())
+        self.assertEqual(box.logins, [("LOGIN", "kalvenor", "")])
+        self.assertEqual(len(box.envelopes), 1)
+
+    def test_server_gone_at_each_step(self):
+        dialogue = [b"220 hi\r\n", b"250 hello\r\n", b"250 sender\r\n", b"250 recipient\r\n", b"354 go\r\n", b""]
+        for step in range(len(dialogue)):
+            with self.subTest(said=dialogue[:step]):
+                server = ClosingServer(dialogue[:step])
+                self.addCleanup(server.listener.close)
+                self.mail_settings(server.port)
+                output = self.run_once(self.notifying())
+                self.assertRegex(output, "E-Mail send to 'anna@dort.de' - (Timeout occurred: .*|Socket not Open)\n")
+                self.assertIn("Socket not Open" if step else "Timeout occurred",
+                              (self.root / "Akten.log").read_text())
+                self.assertEqual(self.copied("Akten"), ["file.txt"])
+                (self.root / "Akten.log").unlink()
+
+    def test_a_silent_server_holds_up_nobody_else(self):
+        box = self.serve()
+        self.mail_settings(box.port, ConnectTimeout=3, ConnectRetry=1)
+        with socket.create_server(("127.0.0.2", box.port)):
+            output = self.run_once(
+                self.notifying("Stumm", SMTPHost="127.0.0.2", recipient="stumm@dort.de"), self.notifying())
+        self.assertEqual([envelope.rcpt_tos for envelope in box.envelopes], [["anna@dort.de"]])
+        self.assertIn("E-Mail send to 'stumm@dort.de' - Timeout occurred: ", output)
+        self.assertNotIn("E-Mail send to 'anna@dort.de' - ", output)
+
+    def test_refused_values(self):
+        box = self.serve()
+        cases = {
+            "Missing or Invalid Sender E-mail Address": {"sender": "nobody"},
+            "No Recipient E-mail Address Specified": {"recipient": "anna@dort"},
+        }
+        for reason, fields in cases.items():
+            with self.subTest(reason):
+                output = self.run_once(self.notifying(**fields))
+                self.assertIn(f" - {reason}\n", output)
+        self.assertEqual(box.envelopes, [])
+
+
+if __name__ == "__main__":
+    unittest.main()

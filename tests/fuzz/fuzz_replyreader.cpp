@@ -1,0 +1,32 @@
+// Whatever a server sends, in whatever pieces: the same replies come out, within bounds.
+#include "ReplyReader.h"
+
+#include <cstdint>
+#include <cstdlib>
+
+namespace {
+
+QByteArray replies(const QByteArray& bytes, qsizetype piece) {
+    ReplyReader reader;
+    QByteArray all;
+    for (qsizetype at = 0; at < bytes.size(); at += piece) {
+        reader.Feed(bytes.mid(at, piece));
+        while (const auto reply = reader.Next()) {
+            if (reply->code.size() > 3 || reply->text.size() > 2 * ReplyReader::kLongestReply)
+                std::abort();
+            all += reply->code + reply->text + '\0';
+        }
+    }
+    return all;
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    if (size == 0)
+        return 0;
+    const QByteArray bytes(reinterpret_cast<const char*>(data) + 1, static_cast<qsizetype>(size - 1));
+    if (replies(bytes, data[0] + 1) != replies(bytes, bytes.size() + 1))
+        std::abort();
+    return 0;
+}

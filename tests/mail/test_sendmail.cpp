@@ -1,0 +1,262 @@
+// The mail client against real servers on this machine, and its properties.
+#include "Fakes.h"
+#include "NameService.h"
+#include "PlatformServices.h"
+#include "clsSendMail.h"
+
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QSignalSpy>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTemporaryDir>
+#include <QTest>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+class FixedNames final : public NameService {
+  public:
+    NameServers Discover() const override { return found; }
+    NameServers found;
+};
+
+quint16 freePort() {
+    QTcpServer server;
+    server.listen(QHostAddress::LocalHost);
+    return server.serverPort();
+}
+
+class SmtpServer final {
+  public:
+    SmtpServer() {
+        process.start(QStringLiteral(SYSTEM_PYTHON), {QStringLiteral(TEST_SUPPORT "/smtp_server.py")});
+        while (!process.canReadLine() && process.waitForReadyRead()) {
+        }
+        port = process.readLine().trimmed().toInt();
+    }
+    ~SmtpServer() {
+        process.closeWriteChannel();
+        process.waitForFinished();
+    }
+    QJsonObject Next() {
+        while (!process.canReadLine() && process.waitForReadyRead()) {
+        }
+        return QJsonDocument::fromJson(process.readLine()).object();
+    }
+    QProcess process;
+    int port = 0;
+};
+
+class PopServer final {
+  public:
+    PopServer() {
+        const uid_t user = ::geteuid() == 0 ? 65534 : ::geteuid(); // mail of root is refused
+        QDir(folder.path()).mkpath(u"mail"_qs);
+        const QByteArray home = folder.path().toUtf8();
+        const QByteArray maildir = home + "/mail";
+        if (::chown(maildir.constData(), user, static_cast<gid_t>(-1)) != 0 || ::chmod(home.constData(), 0755) != 0)
+            return;
+        QFile file(folder.filePath(u"dovecot.conf"_qs));
+        if (!file.open(QIODevice::WriteOnly))
+            return;
+        QByteArray text = "base_dir = HOME/run\nstate_dir = HOME/run\nlog_path = HOME/log\nssl = no\n"
+                          "disable_plaintext_auth = no\nprotocols = pop3\nmail_location = maildir:HOME/mail\n"
+                          "passdb {\n driver = static\n args = password=secret\n}\n"
+                          "userdb {\n driver = static\n args = uid=USER gid=USER home=HOME/mail\n}\n"
+                          "service pop3-login {\n chroot =\n inet_listener pop3 {\n  address = 127.0.0.1\n"
+                          "  port = PORT\n }\n inet_listener pop3s {\n  port = 0\n }\n}\n"
+                          "service anvil {\n chroot =\n}\n";
+        if (::geteuid() != 0) {
+            const QByteArray name = qgetenv("USER");
+            text += "default_internal_user = " + name + "\ndefault_login_user = " + name + "\n";
+        }
+        text.replace("HOME", home).replace("USER", QByteArray::number(user)).replace("PORT", QByteArray::number(port));
+        file.write(text);
+        file.close();
+        process.start(u"/usr/sbin/dovecot"_qs, {u"-F"_qs, u"-c"_qs, file.fileName()});
+        // It listens before it is ready, so the greeting is waited for.
+        for (int attempt = 0; attempt < 200 && !isGreeting; ++attempt) {
+            QTcpSocket socket;
+            socket.connectToHost(QHostAddress(QHostAddress::LocalHost), port);
+            isGreeting = socket.waitForConnected(1000) && socket.waitForReadyRead(10'000);
+            if (!isGreeting)
+                QTest::qWait(50);
+        }
+    }
+    ~PopServer() {
+        process.terminate();
+        process.waitForFinished();
+    }
+    QTemporaryDir folder;
+    QProcess process;
+    quint16 port = freePort();
+    bool isGreeting = false;
+};
+
+struct Client {
+    Client() {
+        QObject::connect(&mail, &clsSendMail::Status, &mail, [this](const QString& text) { statuses += text; });
+        QObject::connect(&mail, &clsSendMail::SendFailed, &mail, [this](const QString& text) { failures += text; });
+    }
+    /// Fills in what every mail needs.
+    void Prepare(int port) {
+        mail.SetSMTPPort(port);
+        mail.SetFrom(u"kalvenor@hier.de"_qs);
+        mail.SetRecipient(u"anna@dort.de"_qs);
+        mail.Message = u"Guten Tag"_qs;
+    }
+    bool Send() {
+        QSignalSpy ended(&mail, &clsSendMail::SendEnded);
+        mail.Send();
+        return (ended.size() == 1 || ended.wait(30'000)) && ended.first().first().toBool();
+    }
+    MemorySettings settings;
+    FixedNames names;
+    PlatformServices services = MakePlatformServices();
+    clsSendMail mail{settings, names, *services.clock};
+    QStringList statuses;
+    QStringList failures;
+};
+
+} // namespace
+
+class TestSendMail final : public QObject {
+    Q_OBJECT
+  private Q_SLOTS:
+    void logsInByPop3AndSmtp_data() {
+        QTest::addColumn<QString>("password");
+        QTest::addColumn<QString>("failure");
+        QTest::newRow("right") << u"secret"_qs << QString();
+        QTest::newRow("wrong") << u"wrong"_qs << u"-ERR [AUTH] Authentication failed."_qs;
+    }
+    void logsInByPop3AndSmtp() {
+        QFETCH(QString, password);
+        QFETCH(QString, failure);
+        SmtpServer smtp;
+        const PopServer pop;
+        QVERIFY2(pop.isGreeting, "no POP3 server");
+        Client client;
+        client.Prepare(smtp.port);
+        client.mail.SetSMTPHost(u"127.0.0.1"_qs);
+        client.mail.SetPOP3Host(u"127.0.0.1"_qs);
+        client.mail.POP3Port = pop.port;
+        client.mail.SetUsername(u"kalvenor"_qs);
+        client.mail.Password = password;
+        client.mail.SetUsePopAuthentication(true);
+        client.mail.SetUseAuthentication(true);
+        QCOMPARE(client.Send(), failure.isEmpty());
+        QCOMPARE(client.failures.join(u'|'), failure);
+        if (!failure.isEmpty())
+            return;
+        const QJsonObject login = smtp.Next();
+        QCOMPARE(login[u"mechanism"], QJsonValue(u"LOGIN"_qs));
+        QCOMPARE(login[u"password"], QJsonValue(u"secret"_qs));
+        const QJsonObject mail = smtp.Next();
+        QCOMPARE(mail[u"options"].toArray().first().toString().toLower(), u"auth=kalvenor@hier.de"_qs);
+        QVERIFY(mail[u"content"].toString().contains(u"\r\n\r\nGuten Tag\r\n"));
+        const QStringList last{
+            u"Host Login OK!"_qs,     u"Sending Sender Information..."_qs, u"Sending Recipient Information..."_qs,
+            u"Sending Message..."_qs, u"Transmission Complete..."_qs,      u"Closing Connection..."_qs};
+        QCOMPARE(client.statuses.mid(client.statuses.size() - last.size()), last);
+    }
+
+    void asksForTheMailHost() {
+        SmtpServer smtp;
+        QProcess dns;
+        Client client;
+        const quint16 port = freePort();
+        client.names.found = {{{u"127.0.0.1"_qs, port}}, QString()};
+        dns.start(u"/usr/sbin/dnsmasq"_qs,
+                  {u"--no-daemon"_qs, u"--conf-file=/dev/null"_qs, u"--port=%1"_qs.arg(port),
+                   u"--listen-address=127.0.0.1"_qs, u"--bind-interfaces"_qs, u"--no-resolv"_qs, u"--no-hosts"_qs,
+                   u"--log-facility=-"_qs, u"--mx-host=dort.de,localhost,10"_qs,
+                   u"--mx-host=dort.de,backup.invalid,20"_qs});
+        QVERIFY(dns.waitForStarted());
+        dns.setReadChannel(QProcess::StandardError);
+        QVERIFY(dns.waitForReadyRead());
+        client.Prepare(smtp.port);
+        QVERIFY2(client.Send(), qPrintable(client.failures.join(u'|')));
+        QCOMPARE(client.statuses.first(), u"Performing MX Query, Domain: dort.de"_qs);
+        client.mail.SetRecipient(u"anna@anders.de"_qs);
+        QVERIFY(!client.Send());
+        QCOMPARE(client.failures.last(), u"Invalid or Missing SMTP Host Name"_qs);
+        dns.terminate();
+        dns.waitForFinished();
+    }
+
+    void keepsASessionThatWasOpened() {
+        SmtpServer smtp;
+        Client client;
+        client.Prepare(smtp.port);
+        client.mail.SetSMTPHost(u"127.0.0.1"_qs);
+        QSignalSpy connected(&client.mail, &clsSendMail::ConnectEnded);
+        client.mail.Connect();
+        QVERIFY(connected.wait(30'000) && connected.first().first().toBool());
+        QVERIFY(client.Send());
+        QVERIFY(client.Send());
+        QVERIFY(!client.statuses.contains(u"Closing Connection..."_qs));
+        client.mail.Disconnect();
+        client.mail.Disconnect();
+        QCOMPARE(client.statuses.count(u"Closing Connection..."_qs), 1);
+        QVERIFY(client.failures.isEmpty());
+    }
+
+    void refusesValues() {
+        QTemporaryDir folder;
+        Client client;
+        client.mail.SetFrom(u"nobody"_qs);
+        client.mail.SetRecipient(u"a@x.de; b@x"_qs);
+        client.mail.SetCcRecipient(u"@x.de"_qs);
+        client.mail.SetBccRecipient(u"a b@x.de"_qs);
+        client.mail.SetSMTPHost(u"a host"_qs);
+        client.mail.SetPOP3Host(QString());
+        client.mail.SetSMTPPort(65536);
+        client.mail.SetAttachment(u"; "_qs + folder.path());
+        QCOMPARE(client.failures,
+                 (QStringList{u"Missing or Invalid Sender E-mail Address"_qs,
+                              u"Missing or Invalid Recipient E-mail Address"_qs,
+                              u"Invalid Cc: Recipient E-mail Address"_qs, u"Invalid Bcc: Recipient E-mail Address"_qs,
+                              u"Invalid or Missing SMTP Host Name"_qs, u"Invalid or Missing POP3 Host Name"_qs,
+                              u"Invalid Remote Port"_qs, u"The file you tried to attach does not exist"_qs}));
+        QVERIFY(!client.Send());
+        QCOMPARE(client.failures.last(), u"Missing or Invalid Sender E-mail Address"_qs);
+        client.mail.SetEmailAddressValidation(0);
+        client.mail.SetSMTPHostValidation(0);
+        client.failures.clear();
+        client.mail.SetFrom(u"nobody"_qs);
+        client.mail.SetSMTPHost(u"a host"_qs);
+        QVERIFY(client.failures.isEmpty());
+    }
+
+    void keepsSettings() {
+        Client client;
+        client.mail.SetUsername(u"one"_qs);
+        QVERIFY(client.settings.values.isEmpty());
+        client.mail.SetPersistentSettings(true);
+        client.mail.Password = u"secret"_qs;
+        client.mail.SetUsername(u"two"_qs);
+        client.mail.SetSMTPPort(2525);
+        client.mail.SetUseAuthentication(true);
+        const QString base = u"Postrelle/Settings/"_qs;
+        const QMap<QString, QString> stored{{base + u"PersistentSettings", u"1"_qs},
+                                            {base + u"Username", u"two"_qs},
+                                            {base + u"RemotePort", u"2525"_qs},
+                                            {base + u"UseAuthentication", u"1"_qs}};
+        QCOMPARE(client.settings.values, stored);
+        client.settings.values[base + u"ConnectRetry"] = u"many"_qs;
+        const MailSettings again(client.settings);
+        QCOMPARE(again.Get().username, u"two"_qs);
+        QCOMPARE(again.Get().smtpPort, 2525);
+        QCOMPARE(again.Get().connectRetry, 4);
+        client.settings.values[base + u"PersistentSettings"] = u"0"_qs;
+        QCOMPARE(MailSettings(client.settings).Get().username, QString());
+    }
+};
+
+QTEST_GUILESS_MAIN(TestSendMail)
+#include "test_sendmail.moc"
