@@ -65,7 +65,7 @@ void MailSession::fail(const QString& text) {
     if (m_failed)
         return;
     m_failed = true;
-    Shutdown();
+    close();
     m_events.OnFailed(text);
 }
 
@@ -266,15 +266,19 @@ void MailSession::Disconnect() {
         return;
     m_events.OnStatus(QStringLiteral("Closing Connection..."));
     m_wire.Send("QUIT\r\n");
-    Shutdown();
+    close();
 }
 
 void MailSession::Shutdown() {
+    if (m_phase != Phase::None)
+        fail(notOpenText); // the wait under way ends at the next look
+    close();
+}
+
+void MailSession::close() {
     m_ready = false;
     if (std::exchange(m_open, false))
         m_wire.Close();
-    if (m_phase != Phase::None && !m_failed)
-        m_dropped = true; // the wait under way ends at the next look
 }
 
 void MailSession::OnConnected() {

@@ -77,6 +77,7 @@ class MailSession final {
     void setDeadline();
     void command(const QByteArray& line);
     void fail(const QString& text);
+    void close();
     void giveUp();
     void endPhase(bool ok);
 
