@@ -14,7 +14,7 @@ QByteArray replies(const QByteArray& bytes, qsizetype piece) {
         while (const auto reply = reader.Next()) {
             if (reply->code.size() > 3 || reply->text.size() > 2 * ReplyReader::kLongestReply)
                 std::abort();
-            all += reply->code + reply->text + '\0';
+            all.append(reply->code).append(reply->text).append('\0');
         }
     }
     return all;
