@@ -1,0 +1,43 @@
+#include "DialogFilePicker.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QFileInfo>
+
+namespace {
+
+std::optional<QString> ask(QFileDialog& dialog, const FileRequest& request) {
+    dialog.setNameFilters(request.filters);
+    if (!request.folder.isEmpty())
+        dialog.setDirectory(request.folder);
+    if (!request.file.isEmpty()) {
+        dialog.setDirectory(QFileInfo(request.file).path());
+        dialog.selectFile(request.file);
+    }
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    const QStringList chosen = dialog.selectedFiles();
+    return chosen.isEmpty() ? std::nullopt : std::optional(chosen.first());
+}
+
+} // namespace
+
+std::optional<QString> DialogFilePicker::OpenFile(const FileRequest& request) {
+    QFileDialog dialog(QApplication::activeWindow(), request.title);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    return ask(dialog, request);
+}
+
+std::optional<QString> DialogFilePicker::SaveFile(const FileRequest& request, bool asksToReplace) {
+    QFileDialog dialog(QApplication::activeWindow(), request.title);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, !asksToReplace);
+    return ask(dialog, request);
+}
+
+std::optional<QString> DialogFilePicker::PickFolder(const FileRequest& request) {
+    QFileDialog dialog(QApplication::activeWindow(), request.title);
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    return ask(dialog, request);
+}
