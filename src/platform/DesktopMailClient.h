@@ -4,6 +4,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <optional>
 
 struct DesktopMail {
     QString to;
@@ -20,10 +21,19 @@ class DesktopMailClient {
 
     /// Hands the mail over to be sent at once.
     virtual void Send(const DesktopMail& mail) = 0;
+
+    /// Whether it is the program that this desktop writes its mails with.
+    [[nodiscard]] virtual bool IsMailHandler() = 0;
+
+    /// The addresses of its contacts, in its own order, a contact without an address as ""; nullopt when they cannot be
+    /// read.
+    [[nodiscard]] virtual std::optional<QStringList> Contacts() = 0;
 };
 
 /// Stands in where no mail program can be driven.
 class NoDesktopMailClient final : public DesktopMailClient {
   public:
     void Send(const DesktopMail& /*mail*/) override {}
+    bool IsMailHandler() override { return false; }
+    std::optional<QStringList> Contacts() override { return std::nullopt; }
 };

@@ -12,6 +12,7 @@
 #include "Process.h"
 #include "ProgramPlaces.h"
 #include "SettingsStore.h"
+#include "clsGetSystemDirectoryPaths.h"
 
 struct PlatformServices {
     std::unique_ptr<Clock> clock;
@@ -25,6 +26,7 @@ struct PlatformServices {
     std::unique_ptr<NameService> nameService;
     std::unique_ptr<DesktopMailClient> desktopMail;
     ProgramPlaces places;
+    clsGetSystemDirectoryPaths systemDirectories;
 };
 
 /// The services of the operating system this was built for. A QCoreApplication must exist.

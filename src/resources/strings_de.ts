@@ -1142,5 +1142,113 @@
         <source>Another process works on the activity file '%1'. Nothing was run.</source>
         <translation>Ein anderer Prozess arbeitet mit der Aktivitätsdatei '%1'. Nichts wurde ausgeführt.</translation>
     </message>
+    <message id="460">
+        <source>New activity</source>
+        <translation>Neue Aktivität</translation>
+    </message>
+    <message id="461">
+        <source>Properties of &apos;%1&apos;</source>
+        <translation>Eigenschaften von &apos;%1&apos;</translation>
+    </message>
+    <message id="462">
+        <source>&amp;Directories</source>
+        <translation>&amp;Verzeichnisse</translation>
+    </message>
+    <message id="463">
+        <source>&amp;Schedule</source>
+        <translation>&amp;Zeitplan</translation>
+    </message>
+    <message id="464">
+        <source>&amp;Action</source>
+        <translation>A&amp;ktion</translation>
+    </message>
+    <message id="465">
+        <source>E-&amp;mail</source>
+        <translation>E-&amp;Mail</translation>
+    </message>
+    <message id="466">
+        <source>Activity is &amp;enabled</source>
+        <translation>Aktivität ist aktivi&amp;ert</translation>
+    </message>
+    <message id="467">
+        <source>Select source directory</source>
+        <translation>Quellverzeichnis auswählen</translation>
+    </message>
+    <message id="468">
+        <source>Select destination directory</source>
+        <translation>Zielverzeichnis auswählen</translation>
+    </message>
+    <message id="469">
+        <source>Source directories used before</source>
+        <translation>Zuletzt verwendete Quellverzeichnisse</translation>
+    </message>
+    <message id="470">
+        <source>Destination directories used before</source>
+        <translation>Zuletzt verwendete Zielverzeichnisse</translation>
+    </message>
+    <message id="472">
+        <source>Fixed time</source>
+        <translation>Fester Zeitpunkt</translation>
+    </message>
+    <message id="473">
+        <source>On&amp;ce, on this date:</source>
+        <translation>&amp;Einmalig, an diesem Datum:</translation>
+    </message>
+    <message id="474">
+        <source>At this &amp;time of day:</source>
+        <translation>Zu dieser &amp;Uhrzeit:</translation>
+    </message>
+    <message id="475">
+        <source>DMY</source>
+        <translation>TMJ</translation>
+    </message>
+    <message id="476">
+        <source>Reactions</source>
+        <translation>Reaktionen</translation>
+    </message>
+    <message id="477">
+        <source>e.g. exe;zip;dll</source>
+        <translation>z. B. exe;zip;dll</translation>
+    </message>
+    <message id="478">
+        <source>&amp;Notify by e-mail after each run</source>
+        <translation>Nach jedem Lauf per E-Mail &amp;benachrichtigen</translation>
+    </message>
+    <message id="479">
+        <source>S&amp;ender:</source>
+        <translation>&amp;Absender:</translation>
+    </message>
+    <message id="480">
+        <source>Co&amp;py to:</source>
+        <translation>Ko&amp;pie an:</translation>
+    </message>
+    <message id="481">
+        <source>Message te&amp;xt:</source>
+        <translation>Nachrichten&amp;text:</translation>
+    </message>
+    <message id="482">
+        <source>attach the &amp;logfile</source>
+        <translation>Protokoll&amp;datei anhängen</translation>
+    </message>
+    <message id="483">
+        <source>Load &amp;contacts</source>
+        <translation>Kontakte &amp;laden</translation>
+    </message>
+    <message id="484">
+        <source>This name cannot be used. A name begins with a letter or &quot;_&quot; and holds only letters, digits, &quot;-&quot;, &quot;_&quot; and &quot;.&quot;; blanks are not possible. Letters must exist in the character set of the activity file.</source>
+        <translation>Dieser Name kann nicht verwendet werden. Ein Name beginnt mit einem Buchstaben oder &quot;_&quot; und enthält nur Buchstaben, Ziffern, &quot;-&quot;, &quot;_&quot; und &quot;.&quot;; Leerzeichen sind nicht möglich. Die Buchstaben müssen im Zeichensatz der Aktivitätsdatei vorkommen.</translation>
+    </message>
+    <message id="485">
+        <source>No mail program was found whose contacts can be read.</source>
+        <translation>Es wurde kein E-Mail-Programm gefunden, dessen Kontakte gelesen werden können.</translation>
+    </message>
+    <message id="486">
+        <source>No mail program was found that could send the mail. Without the SMTP host no mail is sent.</source>
+        <translation>Es wurde kein E-Mail-Programm gefunden, das die E-Mail senden könnte. Ohne den SMTP-Server wird keine E-Mail gesendet.</translation>
+    </message>
+    <message id="487">
+        <source>empty: the mail host of the recipient</source>
+        <translation>leer: Mailserver des Empfängers</translation>
+    </message>
 </context>
 </TS>

@@ -1142,5 +1142,113 @@
         <source>Another process works on the activity file '%1'. Nothing was run.</source>
         <translation>Another process works on the activity file '%1'. Nothing was run.</translation>
     </message>
+    <message id="460">
+        <source>New activity</source>
+        <translation>New activity</translation>
+    </message>
+    <message id="461">
+        <source>Properties of &apos;%1&apos;</source>
+        <translation>Properties of &apos;%1&apos;</translation>
+    </message>
+    <message id="462">
+        <source>&amp;Directories</source>
+        <translation>&amp;Directories</translation>
+    </message>
+    <message id="463">
+        <source>&amp;Schedule</source>
+        <translation>&amp;Schedule</translation>
+    </message>
+    <message id="464">
+        <source>&amp;Action</source>
+        <translation>&amp;Action</translation>
+    </message>
+    <message id="465">
+        <source>E-&amp;mail</source>
+        <translation>E-&amp;mail</translation>
+    </message>
+    <message id="466">
+        <source>Activity is &amp;enabled</source>
+        <translation>Activity is &amp;enabled</translation>
+    </message>
+    <message id="467">
+        <source>Select source directory</source>
+        <translation>Select source directory</translation>
+    </message>
+    <message id="468">
+        <source>Select destination directory</source>
+        <translation>Select destination directory</translation>
+    </message>
+    <message id="469">
+        <source>Source directories used before</source>
+        <translation>Source directories used before</translation>
+    </message>
+    <message id="470">
+        <source>Destination directories used before</source>
+        <translation>Destination directories used before</translation>
+    </message>
+    <message id="472">
+        <source>Fixed time</source>
+        <translation>Fixed time</translation>
+    </message>
+    <message id="473">
+        <source>On&amp;ce, on this date:</source>
+        <translation>On&amp;ce, on this date:</translation>
+    </message>
+    <message id="474">
+        <source>At this &amp;time of day:</source>
+        <translation>At this &amp;time of day:</translation>
+    </message>
+    <message id="475">
+        <source>DMY</source>
+        <translation>DMY</translation>
+    </message>
+    <message id="476">
+        <source>Reactions</source>
+        <translation>Reactions</translation>
+    </message>
+    <message id="477">
+        <source>e.g. exe;zip;dll</source>
+        <translation>e.g. exe;zip;dll</translation>
+    </message>
+    <message id="478">
+        <source>&amp;Notify by e-mail after each run</source>
+        <translation>&amp;Notify by e-mail after each run</translation>
+    </message>
+    <message id="479">
+        <source>S&amp;ender:</source>
+        <translation>S&amp;ender:</translation>
+    </message>
+    <message id="480">
+        <source>Co&amp;py to:</source>
+        <translation>Co&amp;py to:</translation>
+    </message>
+    <message id="481">
+        <source>Message te&amp;xt:</source>
+        <translation>Message te&amp;xt:</translation>
+    </message>
+    <message id="482">
+        <source>attach the &amp;logfile</source>
+        <translation>attach the &amp;logfile</translation>
+    </message>
+    <message id="483">
+        <source>Load &amp;contacts</source>
+        <translation>Load &amp;contacts</translation>
+    </message>
+    <message id="484">
+        <source>This name cannot be used. A name begins with a letter or &quot;_&quot; and holds only letters, digits, &quot;-&quot;, &quot;_&quot; and &quot;.&quot;; blanks are not possible. Letters must exist in the character set of the activity file.</source>
+        <translation>This name cannot be used. A name begins with a letter or &quot;_&quot; and holds only letters, digits, &quot;-&quot;, &quot;_&quot; and &quot;.&quot;; blanks are not possible. Letters must exist in the character set of the activity file.</translation>
+    </message>
+    <message id="485">
+        <source>No mail program was found whose contacts can be read.</source>
+        <translation>No mail program was found whose contacts can be read.</translation>
+    </message>
+    <message id="486">
+        <source>No mail program was found that could send the mail. Without the SMTP host no mail is sent.</source>
+        <translation>No mail program was found that could send the mail. Without the SMTP host no mail is sent.</translation>
+    </message>
+    <message id="487">
+        <source>empty: the mail host of the recipient</source>
+        <translation>empty: the mail host of the recipient</translation>
+    </message>
 </context>
 </TS>

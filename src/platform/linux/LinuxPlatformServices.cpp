@@ -44,5 +44,6 @@ PlatformServices MakePlatformServices() {
     services.nameService = std::make_unique<CachedNameService>(std::make_unique<LinuxNameService>());
     services.desktopMail = std::make_unique<NoDesktopMailClient>();
     services.places = {programFolder(), userDataFolder()};
+    services.systemDirectories = {"/usr", "/etc", "/"};
     return services;
 }

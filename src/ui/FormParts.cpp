@@ -1,0 +1,51 @@
+#include "FormParts.h"
+
+#include <QRegularExpression>
+
+QString FormParts::Spoken(const QString& caption) {
+    static const QRegularExpression mnemonic(QStringLiteral("&(.)"));
+    QString spoken = QString(caption).replace(mnemonic, QStringLiteral("\\1"));
+    if (spoken.endsWith(u':'))
+        spoken.chop(1);
+    return spoken;
+}
+
+void FormParts::Name(QWidget& widget, const char* objectName, const QString& caption) {
+    widget.setObjectName(QLatin1String(objectName));
+    widget.setAccessibleName(Spoken(caption));
+}
+
+QLabel* FormParts::Label(const QString& caption, QWidget& field) {
+    auto* label = new QLabel(caption.endsWith(u':') ? caption : QString(caption + u':'));
+    label->setTextFormat(Qt::PlainText);
+    label->setBuddy(&field);
+    field.setAccessibleName(Spoken(caption));
+    return label;
+}
+
+QCheckBox* FormParts::CheckBox(const char* objectName, const QString& caption) {
+    auto* box = new QCheckBox(caption);
+    Name(*box, objectName, caption);
+    return box;
+}
+
+QRadioButton* FormParts::Option(const char* objectName, const QString& caption) {
+    auto* option = new QRadioButton(caption);
+    Name(*option, objectName, caption);
+    return option;
+}
+
+QGroupBox* FormParts::Group(const QString& caption) {
+    auto* group = new QGroupBox(caption);
+    group->setAccessibleName(Spoken(caption));
+    return group;
+}
+
+QToolButton* FormParts::SignButton(const char* objectName, const QString& sign, const QString& caption) {
+    auto* button = new QToolButton;
+    Name(*button, objectName, caption);
+    button->setText(sign);
+    button->setToolTip(Spoken(caption).toHtmlEscaped());
+    button->setFocusPolicy(Qt::StrongFocus);
+    return button;
+}

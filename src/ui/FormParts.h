@@ -1,0 +1,30 @@
+// The small parts that forms are put together from: everything gets its object name, its caption as plain text, and an
+// accessible name that follows the caption. Free functions; the caller's layout takes the widgets over.
+#pragma once
+
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QRadioButton>
+#include <QString>
+#include <QToolButton>
+
+namespace FormParts {
+
+/// The caption as it is read out: without mnemonic and closing colon.
+[[nodiscard]] QString Spoken(const QString& caption);
+
+/// Names a widget for the program and for people who hear it.
+void Name(QWidget& widget, const char* objectName, const QString& caption);
+
+/// A label that leads to its field and names it. A missing colon is added.
+[[nodiscard]] QLabel* Label(const QString& caption, QWidget& field);
+
+[[nodiscard]] QCheckBox* CheckBox(const char* objectName, const QString& caption);
+[[nodiscard]] QRadioButton* Option(const char* objectName, const QString& caption);
+[[nodiscard]] QGroupBox* Group(const QString& caption);
+
+/// A button with a sign instead of a caption, which shows the caption as its tooltip.
+[[nodiscard]] QToolButton* SignButton(const char* objectName, const QString& sign, const QString& caption);
+
+} // namespace FormParts

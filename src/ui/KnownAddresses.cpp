@@ -1,0 +1,18 @@
+#include "KnownAddresses.h"
+
+#include "ActivityFile.h"
+
+KnownAddresses KnownAddresses::Of(const ActivityFile& file) {
+    KnownAddresses known;
+    for (const QString& name : file.Names()) {
+        known.senders.append(file.Read(name, "sender"));
+        known.recipients.append(file.Read(name, "recipient"));
+        known.copies.append(file.Read(name, "CC"));
+    }
+    for (QStringList* list : {&known.senders, &known.recipients, &known.copies}) {
+        list->removeAll(QString());
+        list->removeDuplicates();
+        list->sort(Qt::CaseInsensitive);
+    }
+    return known;
+}

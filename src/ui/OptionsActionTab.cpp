@@ -1,0 +1,150 @@
+#include "OptionsActionTab.h"
+
+#include "EditorServices.h"
+#include "FilePicker.h"
+#include "FormParts.h"
+#include "OwnFiles.h"
+#include "PathRow.h"
+#include "StringTable.h"
+#include "modNativePath.h"
+#include <QButtonGroup>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+#include <array>
+
+namespace {
+
+enum Action { Copy, Move, None, Mirror };
+
+struct ActionRow {
+    Action code;
+    const char* name;
+    int text;
+};
+constexpr std::array actionRows{ActionRow{Copy, "optCopy", 347}, ActionRow{Move, "optMove", 348},
+                                ActionRow{Mirror, "optMirror", 349}, ActionRow{None, "optNoAction", 350}};
+
+struct SwitchRow {
+    ActivityField field;
+    const char* name;
+    int text;
+};
+constexpr std::array switchRows{SwitchRow{ActivityField::Overwrite, "chkOverwrite", 351},
+                                SwitchRow{ActivityField::OnlyNew, "chkOnlyNew", 352},
+                                SwitchRow{ActivityField::IncludeSubdirs, "chkIncludeSubdirs", 354}};
+
+QString withPattern(const QString& description, const char* pattern) {
+    return description + QStringLiteral(" (") + QLatin1String(pattern) + u')';
+}
+
+} // namespace
+
+OptionsActionTab::OptionsActionTab(const EditorServices& services)
+    : m_services(services), m_actions(new QButtonGroup(this)),
+      optOnlyThis(FormParts::Option("optOnlyThis", services.texts.Text(362))), txtExtensions(new QLineEdit),
+      m_extensions(*txtExtensions) {
+    auto* all = new QVBoxLayout(this);
+    all->addWidget(buildAction());
+    all->addWidget(buildFileTypes());
+    all->addWidget(buildReactions());
+    all->addStretch(1);
+    connect(m_actions, &QButtonGroup::idToggled, this, &OptionsActionTab::ActionChosen);
+    connect(optOnlyThis, &QRadioButton::toggled, this, [this](bool on) { m_extensions.SetWanted(on); });
+    m_extensions.SetWanted(false);
+}
+
+QGroupBox* OptionsActionTab::buildAction() {
+    QGroupBox* group = FormParts::Group(m_services.texts.Text(182));
+    auto* options = new QVBoxLayout;
+    for (const ActionRow& row : actionRows) {
+        QRadioButton* option = FormParts::Option(row.name, m_services.texts.Text(row.text));
+        m_actions->addButton(option, row.code);
+        options->addWidget(option);
+    }
+    auto* switches = new QVBoxLayout;
+    for (const SwitchRow& row : switchRows) {
+        QCheckBox* box = FormParts::CheckBox(row.name, m_services.texts.Text(row.text));
+        m_bindings.Switch(*box, row.field);
+        switches->addWidget(box);
+    }
+    switches->addStretch(1);
+    m_bindings.Choice(*m_actions, ActivityField::Action);
+    auto* halves = new QHBoxLayout(group);
+    halves->addLayout(options, 1);
+    halves->addLayout(switches, 1);
+    return group;
+}
+
+QGroupBox* OptionsActionTab::buildFileTypes() {
+    const StringTable& texts = m_services.texts;
+    QGroupBox* group = FormParts::Group(FormParts::Spoken(texts.Text(360)));
+    QRadioButton* optAll = FormParts::Option("optAll", texts.Text(361));
+    FormParts::Name(*txtExtensions, "txtExtensions", texts.Text(390));
+    txtExtensions->setPlaceholderText(texts.Text(477));
+    auto* line = new QHBoxLayout(group);
+    line->setSpacing(12);
+    line->addWidget(optAll);
+    line->addSpacing(12);
+    line->addWidget(optOnlyThis);
+    line->addWidget(txtExtensions, 1);
+    m_bindings.Text(*txtExtensions, ActivityField::Extensions);
+    m_bindings.Switch(*optAll, *optOnlyThis, ActivityField::AllFiles);
+    return group;
+}
+
+QGroupBox* OptionsActionTab::buildReactions() {
+    const StringTable& texts = m_services.texts;
+    QGroupBox* group = FormParts::Group(texts.Text(476));
+    QCheckBox* chkAlert = FormParts::CheckBox("chkAlert", texts.Text(353));
+    PathRow* program = programRow();
+    PathRow* logFile = logFileRow();
+    auto* grid = new QGridLayout(group);
+    grid->setHorizontalSpacing(12);
+    grid->addWidget(chkAlert, 0, 0, 1, 2);
+    grid->addWidget(FormParts::Label(texts.Text(355), program->Line()), 1, 0);
+    grid->addWidget(program, 1, 1);
+    grid->addWidget(FormParts::Label(texts.Text(356), logFile->Line()), 2, 0);
+    grid->addWidget(logFile, 2, 1);
+    m_bindings.Switch(*chkAlert, ActivityField::Alert);
+    m_bindings.Text(program->Line(), ActivityField::Executable);
+    m_bindings.Text(logFile->Line(), ActivityField::LogFile);
+    return group;
+}
+
+PathRow* OptionsActionTab::programRow() {
+    auto* line = new QLineEdit;
+    line->setObjectName(QStringLiteral("txtExecutable"));
+    const StringTable& texts = m_services.texts;
+    const QStringList filters{withPattern(texts.Text(131), "*"),
+                              withPattern(texts.Text(389), "*.exe *.com *.bat *.cmd *.sh *.py *.pl")};
+    return new PathRow(line, {"cmdExecutable", texts.Text(357)}, [this, filters](const QString& present) {
+        return m_services.picker.OpenFile({m_services.texts.Text(357), filters, {}, present});
+    });
+}
+
+PathRow* OptionsActionTab::logFileRow() {
+    auto* line = new QLineEdit;
+    line->setObjectName(QStringLiteral("txtLogFile"));
+    const StringTable& texts = m_services.texts;
+    const QStringList filters{withPattern(texts.Text(130), "*.log"), withPattern(texts.Text(131), "*")};
+    return new PathRow(line, {"cmdLogFile", texts.Text(358)}, [this, filters](const QString& present) {
+        const FileRequest request{m_services.texts.Text(358), filters, {}, present};
+        const std::optional<QString> picked = m_services.picker.SaveFile(request, false);
+        // An existing log is left alone. A file that cannot be made is told of when the activity is saved.
+        if (picked)
+            static_cast<void>(m_services.files.CreateNew(modNativePath::Absolute(*picked), {}));
+        return picked;
+    });
+}
+
+void OptionsActionTab::Show(const ActivityRecord& record) {
+    // Shown first and switched off then, so that the kept text comes back with "Only this:".
+    m_extensions.SetWanted(true);
+    m_bindings.Show(record);
+    m_extensions.SetWanted(optOnlyThis->isChecked());
+}
+
+bool OptionsActionTab::IsDestinationWanted() const {
+    return m_actions->checkedId() != None;
+}

@@ -1,0 +1,71 @@
+#include "OptionsGeneralTab.h"
+
+#include "EditorServices.h"
+#include "FilePicker.h"
+#include "FolderEdit.h"
+#include "FormParts.h"
+#include "PathRow.h"
+#include "StringTable.h"
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QPlainTextEdit>
+
+OptionsGeneralTab::OptionsGeneralTab(const EditorServices& services)
+    : m_services(services), txtName(new QLineEdit), txtSourceDir(new FolderEdit), txtTargetDir(new FolderEdit),
+      m_recentSources(services.settings, QStringLiteral("SourceDirs")),
+      m_recentTargets(services.settings, QStringLiteral("TargetDirs")), m_target(*txtTargetDir) {
+    const StringTable& texts = services.texts;
+    QCheckBox* chkActiv = FormParts::CheckBox("chkActiv", texts.Text(466));
+    auto* txtComment = new QPlainTextEdit;
+    txtComment->setTabChangesFocus(true);
+    txtName->setObjectName(QStringLiteral("txtName"));
+    txtSourceDir->setObjectName(QStringLiteral("txtSourceDir"));
+    txtTargetDir->setObjectName(QStringLiteral("txtTargetDir"));
+    txtComment->setObjectName(QStringLiteral("txtComment"));
+
+    auto* grid = new QGridLayout(this);
+    grid->setHorizontalSpacing(12);
+    grid->addWidget(FormParts::Label(texts.Text(284), *txtName), 0, 0);
+    grid->addWidget(txtName, 0, 1);
+    grid->addWidget(chkActiv, 1, 1);
+    grid->addWidget(FormParts::Label(texts.Text(180), *txtSourceDir), 2, 0);
+    grid->addWidget(folderRow(txtSourceDir, true), 2, 1);
+    grid->addWidget(FormParts::Label(texts.Text(181), *txtTargetDir), 3, 0);
+    grid->addWidget(folderRow(txtTargetDir, false), 3, 1);
+    grid->addWidget(FormParts::Label(texts.Text(341), *txtComment), 4, 0, Qt::AlignTop);
+    grid->addWidget(txtComment, 4, 1);
+    grid->setRowStretch(4, 1);
+
+    m_bindings.Text(*txtSourceDir, ActivityField::SourceDir);
+    m_bindings.Text(*txtTargetDir, ActivityField::TargetDir);
+    m_bindings.Text(*txtComment, ActivityField::Comment);
+    m_bindings.Switch(*chkActiv, ActivityField::Active);
+}
+
+PathRow* OptionsGeneralTab::folderRow(FolderEdit* edit, bool isSource) {
+    const StringTable& texts = m_services.texts;
+    const QString caption = texts.Text(isSource ? 467 : 468);
+    const RecentFolders& recent = isSource ? m_recentSources : m_recentTargets;
+    const auto pick = [this, caption, &recent](const QString& present) {
+        const QString begin = QFileInfo(present).isDir() ? present : recent.Folders().value(0);
+        return m_services.picker.PickFolder({caption, {}, begin, {}});
+    };
+    auto* row = new PathRow(edit, {isSource ? "cmdSourceDir" : "cmdTargetDir", caption}, pick);
+    row->AddRecent({isSource ? "cmdRecentSourceDirs" : "cmdRecentTargetDirs", texts.Text(isSource ? 469 : 470)},
+                   recent);
+    return row;
+}
+
+void OptionsGeneralTab::Show(const QString& name, const ActivityRecord& record) {
+    txtName->setText(name);
+    m_bindings.Show(record);
+}
+
+QString OptionsGeneralTab::Name() const {
+    return txtName->text().trimmed();
+}
+
+void OptionsGeneralTab::RememberFolders() {
+    m_recentSources.Remember(txtSourceDir->text());
+    m_recentTargets.Remember(txtTargetDir->text());
+}

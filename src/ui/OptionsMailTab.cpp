@@ -1,0 +1,154 @@
+#include "OptionsMailTab.h"
+
+#include "DesktopMailClient.h"
+#include "EditorServices.h"
+#include "FormParts.h"
+#include "KnownAddresses.h"
+#include "Prompter.h"
+#include "StringTable.h"
+#include "ctlAutoCompleteCombo.h"
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <array>
+
+namespace {
+
+struct SwitchRow {
+    ActivityField field;
+    const char* name;
+    int text;
+};
+constexpr std::array contents{SwitchRow{ActivityField::AttachAction, "chkAttachAction", 326},
+                              SwitchRow{ActivityField::SendLastFile, "chkSendLastFile", 328},
+                              SwitchRow{ActivityField::ComputerName, "chkComputerName", 368},
+                              SwitchRow{ActivityField::AttachLogFile, "chkAttachLogFile", 482}};
+
+enum Row { Sender, Recipient, Copies, Subject, Text, Contents, Host, Note };
+
+} // namespace
+
+OptionsMailTab::OptionsMailTab(const EditorServices& services, const KnownAddresses& known)
+    : m_services(services), m_hasMailProgram(services.desktopMail.IsMailHandler()),
+      chkMail(FormParts::CheckBox("chkMail", services.texts.Text(478))),
+      cmdLoadMailFromOutlook(new QPushButton(services.texts.Text(483))), m_mail(new QWidget),
+      m_grid(new QGridLayout(m_mail)), cboSender(new ctlAutoCompleteCombo), cboRecipient(new ctlAutoCompleteCombo),
+      cboCC(new ctlAutoCompleteCombo), chkUseSMTP(FormParts::CheckBox("chkUseSMTP", services.texts.Text(364))),
+      txtSMTPHost(new QLineEdit), lblNoMailProgram(new QLabel(services.texts.Text(486))) {
+    FormParts::Name(*cmdLoadMailFromOutlook, "cmdLoadMailFromOutlook", services.texts.Text(483));
+    if (!m_hasMailProgram)
+        cmdLoadMailFromOutlook->setToolTip(services.texts.Text(485));
+    auto* top = new QHBoxLayout;
+    top->addWidget(chkMail, 1);
+    top->addWidget(cmdLoadMailFromOutlook);
+    auto* all = new QVBoxLayout(this);
+    all->addLayout(top);
+    all->addWidget(m_mail, 1);
+    m_grid->setContentsMargins(0, 0, 0, 0);
+    m_grid->setHorizontalSpacing(12);
+    m_bindings.Switch(*chkMail, ActivityField::SendMail);
+    buildAddresses(known);
+    buildText();
+    buildContents();
+    buildHost();
+    connect(chkMail, &QCheckBox::toggled, this, &OptionsMailTab::followSwitches);
+    connect(chkUseSMTP, &QCheckBox::toggled, this, &OptionsMailTab::followSwitches);
+    connect(cmdLoadMailFromOutlook, &QPushButton::clicked, this, &OptionsMailTab::loadContacts);
+    followSwitches();
+}
+
+void OptionsMailTab::buildAddresses(const KnownAddresses& known) {
+    const auto add = [this](ctlAutoCompleteCombo& combo, const char* name, int text, Row row, ActivityField field,
+                            const QStringList& offers) {
+        combo.setObjectName(QLatin1String(name));
+        combo.Offer(offers);
+        m_grid->addWidget(FormParts::Label(m_services.texts.Text(text), combo), row, 0);
+        m_grid->addWidget(&combo, row, 1);
+        m_bindings.Text(combo, field);
+    };
+    add(*cboSender, "cboSender", 479, Sender, ActivityField::Sender, known.senders);
+    add(*cboRecipient, "cboRecipient", 322, Recipient, ActivityField::Recipient, known.recipients);
+    add(*cboCC, "cboCC", 480, Copies, ActivityField::Cc, known.copies);
+}
+
+void OptionsMailTab::buildText() {
+    auto* txtSubject = new QLineEdit;
+    auto* txtMessage = new QPlainTextEdit;
+    txtSubject->setObjectName(QStringLiteral("txtSubject"));
+    txtMessage->setObjectName(QStringLiteral("txtMessage"));
+    txtMessage->setTabChangesFocus(true);
+    txtMessage->setMinimumHeight(4 * txtMessage->fontMetrics().lineSpacing());
+    m_grid->addWidget(FormParts::Label(m_services.texts.Text(323), *txtSubject), Subject, 0);
+    m_grid->addWidget(txtSubject, Subject, 1);
+    m_grid->addWidget(FormParts::Label(m_services.texts.Text(481), *txtMessage), Text, 0, Qt::AlignTop);
+    m_grid->addWidget(txtMessage, Text, 1);
+    m_grid->setRowStretch(Text, 1);
+    m_bindings.Text(*txtSubject, ActivityField::Subject);
+    m_bindings.Text(*txtMessage, ActivityField::Message);
+}
+
+void OptionsMailTab::buildContents() {
+    auto* boxes = new QGridLayout;
+    boxes->setHorizontalSpacing(24);
+    int at = 0;
+    for (const SwitchRow& row : contents) {
+        QCheckBox* box = FormParts::CheckBox(row.name, m_services.texts.Text(row.text));
+        boxes->addWidget(box, at / 2, at % 2);
+        ++at;
+        m_bindings.Switch(*box, row.field);
+    }
+    boxes->setColumnStretch(1, 1);
+    m_grid->addLayout(boxes, Contents, 1);
+}
+
+void OptionsMailTab::buildHost() {
+    FormParts::Name(*txtSMTPHost, "txtSMTPHost", m_services.texts.Text(364));
+    txtSMTPHost->setPlaceholderText(m_services.texts.Text(487));
+    lblNoMailProgram->setObjectName(QStringLiteral("lblNoMailProgram"));
+    lblNoMailProgram->setTextFormat(Qt::PlainText);
+    lblNoMailProgram->setWordWrap(true);
+    // Takes its place even while it is hidden, so that nothing jumps.
+    QSizePolicy policy = lblNoMailProgram->sizePolicy();
+    policy.setRetainSizeWhenHidden(!m_hasMailProgram);
+    lblNoMailProgram->setSizePolicy(policy);
+    auto* host = new QHBoxLayout;
+    host->setSpacing(12);
+    host->addWidget(chkUseSMTP);
+    host->addWidget(txtSMTPHost, 1);
+    m_grid->addLayout(host, Host, 0, 1, 2);
+    m_grid->addWidget(lblNoMailProgram, Note, 0, 1, 2);
+    m_bindings.Switch(*chkUseSMTP, ActivityField::UseSmtp);
+    m_bindings.Text(*txtSMTPHost, ActivityField::SmtpHost);
+}
+
+void OptionsMailTab::Show(const ActivityRecord& record) {
+    m_bindings.Show(record);
+    followSwitches();
+}
+
+void OptionsMailTab::loadContacts() {
+    const std::optional<QStringList> contacts = m_services.desktopMail.Contacts();
+    if (!contacts) {
+        const StringTable& texts = m_services.texts;
+        m_services.prompter.Ask({texts.Text(308) + QStringLiteral("\n\n") + texts.Text(309), texts.Text(310),
+                                 MessageIcon::Critical, MessageButtons::Ok});
+        return;
+    }
+    for (ctlAutoCompleteCombo* combo : {cboRecipient, cboCC}) {
+        combo->Forget();
+        combo->Offer({QString()});
+    }
+    for (ctlAutoCompleteCombo* combo : {cboSender, cboRecipient, cboCC})
+        combo->Offer(*contacts);
+}
+
+void OptionsMailTab::followSwitches() {
+    const bool mails = chkMail->isChecked();
+    m_mail->setEnabled(mails);
+    cmdLoadMailFromOutlook->setEnabled(mails && m_hasMailProgram);
+    txtSMTPHost->setEnabled(chkUseSMTP->isChecked());
+    lblNoMailProgram->setVisible(mails && !chkUseSMTP->isChecked() && !m_hasMailProgram);
+}

@@ -1,0 +1,217 @@
+#include "OptionsScheduleTab.h"
+
+#include "DateOrder.h"
+#include "EditorServices.h"
+#include "FormParts.h"
+#include "MaskedField.h"
+#include "StringTable.h"
+#include "modTriggerDate.h"
+#include <QButtonGroup>
+#include <QCalendarWidget>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QScreen>
+#include <QSlider>
+#include <QSpinBox>
+#include <QVBoxLayout>
+#include <algorithm>
+
+namespace {
+
+enum Type { Seconds, Minutes, Hours, AtDate, AtTime };
+
+constexpr int firstUnitText = 337;
+constexpr int longestInterval = 120;
+
+const QString timeFormat = QStringLiteral("hh:mm");
+
+/// A time as the mask shows it: two digits each, right or wrong.
+QString spelledTime(const QString& stored) {
+    const QStringList parts = stored.trimmed().split(u':');
+    if (parts.size() != 2)
+        return {};
+    QString spelled;
+    for (const QString& part : parts) {
+        bool isNumber = false;
+        const uint number = part.toUInt(&isNumber);
+        if (!isNumber || number > 99)
+            return {};
+        spelled += (spelled.isEmpty() ? QString() : QString(u':')) + QString::number(number).rightJustified(2, u'0');
+    }
+    return spelled;
+}
+
+/// A partly filled field of another schedule would be objected to where nobody can mend it.
+void setWanted(MaskedField& field, bool wanted) {
+    if (!wanted && !field.IsFull())
+        field.clear();
+    field.setEnabled(wanted);
+}
+
+} // namespace
+
+OptionsScheduleTab::OptionsScheduleTab(const EditorServices& services)
+    : m_texts(services.texts), m_locale(services.locale), m_dateFormat(DateOrder::Format(services.locale)),
+      m_types(new QButtonGroup(this)), sldInterval(new QSlider(Qt::Horizontal)), spnInterval(new QSpinBox),
+      chkRunningMode(FormParts::CheckBox("chkRunningMode", m_texts.Text(340))), txtDate(new MaskedField(m_dateFormat)),
+      txtDateTime(new MaskedField(timeFormat)), cmdSelectDate(new QPushButton(m_texts.Text(342) + u" ...")),
+      txtTime(new MaskedField(timeFormat)), chkDaily(FormParts::CheckBox("chkDaily", m_texts.Text(343))) {
+    auto* all = new QVBoxLayout(this);
+    all->addWidget(buildInterval());
+    all->addWidget(buildFixedTimes());
+    all->addStretch(1);
+    bindFields();
+    connect(m_types, &QButtonGroup::idToggled, this, &OptionsScheduleTab::followSchedule);
+    connect(cmdSelectDate, &QPushButton::clicked, this, &OptionsScheduleTab::pickDate);
+    followSchedule();
+}
+
+QGroupBox* OptionsScheduleTab::buildInterval() {
+    QGroupBox* group = FormParts::Group(m_texts.Text(336));
+    auto* units = new QHBoxLayout;
+    units->setSpacing(24);
+    int type = Seconds;
+    for (const char* name : {"optSeconds", "optMinutes", "optHours"}) {
+        QRadioButton* option = FormParts::Option(name, m_texts.Text(firstUnitText + type));
+        m_types->addButton(option, type++);
+        units->addWidget(option);
+    }
+    units->addStretch(1);
+
+    FormParts::Name(*sldInterval, "sldInterval", m_texts.Text(336));
+    FormParts::Name(*spnInterval, "spnInterval", m_texts.Text(336));
+    sldInterval->setRange(1, longestInterval);
+    sldInterval->setPageStep(10);
+    sldInterval->setTickPosition(QSlider::TicksBelow);
+    sldInterval->setTickInterval(10);
+    spnInterval->setRange(1, longestInterval);
+    connect(spnInterval, &QSpinBox::valueChanged, sldInterval, &QSlider::setValue);
+    connect(sldInterval, &QSlider::valueChanged, spnInterval, &QSpinBox::setValue);
+    auto* interval = new QHBoxLayout;
+    interval->setSpacing(16);
+    interval->addWidget(sldInterval, 1);
+    interval->addWidget(spnInterval);
+
+    auto* rows = new QVBoxLayout(group);
+    rows->setSpacing(12);
+    rows->addLayout(units);
+    rows->addLayout(interval);
+    rows->addWidget(chkRunningMode);
+    return group;
+}
+
+QGroupBox* OptionsScheduleTab::buildFixedTimes() {
+    QGroupBox* group = FormParts::Group(m_texts.Text(472));
+    QRadioButton* optDate = FormParts::Option("optDate", m_texts.Text(473));
+    QRadioButton* optTime = FormParts::Option("optTime", m_texts.Text(474));
+    m_types->addButton(optDate, AtDate);
+    m_types->addButton(optTime, AtTime);
+    FormParts::Name(*txtDate, "txtDate", m_texts.Text(344));
+    FormParts::Name(*txtTime, "txtTime", m_texts.Text(345));
+    FormParts::Name(*cmdSelectDate, "cmdSelectDate", m_texts.Text(342));
+    txtDateTime->setObjectName(QStringLiteral("txtDateTime"));
+    auto* order = new QLabel(DateOrder::Spelled(m_dateFormat, m_texts.Text(475)));
+    order->setTextFormat(Qt::PlainText);
+    txtDate->setAccessibleDescription(order->text());
+
+    // Both options begin their own line; their fields stand below each other.
+    auto* dateFields = new QHBoxLayout;
+    dateFields->addWidget(txtDate);
+    dateFields->addWidget(order);
+    dateFields->addWidget(cmdSelectDate);
+    dateFields->addSpacing(16);
+    dateFields->addWidget(FormParts::Label(m_texts.Text(345), *txtDateTime));
+    dateFields->addWidget(txtDateTime);
+    dateFields->addStretch(1);
+    auto* timeFields = new QHBoxLayout;
+    timeFields->addWidget(txtTime);
+    timeFields->addSpacing(16);
+    timeFields->addWidget(chkDaily);
+    timeFields->addStretch(1);
+    auto* grid = new QGridLayout(group);
+    grid->setHorizontalSpacing(12);
+    grid->setVerticalSpacing(12);
+    grid->addWidget(optDate, 0, 0);
+    grid->addLayout(dateFields, 0, 1);
+    grid->addWidget(optTime, 1, 0);
+    grid->addLayout(timeFields, 1, 1);
+    return group;
+}
+
+void OptionsScheduleTab::bindFields() {
+    // Digits in another order would fill the mask with another date.
+    const auto spelledDate = [this](const QString& stored) {
+        const QDate date = modTriggerDate::Read(stored, m_locale);
+        return date.isValid() ? date.toString(m_dateFormat) : QString();
+    };
+    m_bindings.Choice(*m_types, ActivityField::Type);
+    m_bindings.Number(*spnInterval, ActivityField::Interval);
+    m_bindings.Masked(*txtDate, ActivityField::TriggerDate, spelledDate);
+    m_bindings.Masked(*txtDateTime, ActivityField::TriggerDateTime, spelledTime);
+    m_bindings.Masked(*txtTime, ActivityField::TriggerTime, spelledTime);
+    m_bindings.Switch(*chkDaily, ActivityField::Daily);
+    m_bindings.Switch(*chkRunningMode, ActivityField::RunningMode);
+}
+
+void OptionsScheduleTab::Show(const ActivityRecord& record) {
+    // A longer interval must not shrink by being looked at.
+    const int longest = std::max(longestInterval, record.Number(ActivityField::Interval));
+    sldInterval->setMaximum(longest);
+    spnInterval->setMaximum(longest);
+    m_bindings.Show(record);
+    followSchedule();
+}
+
+void OptionsScheduleTab::followSchedule() {
+    const int type = m_types->checkedId();
+    const bool isInterval = type >= Seconds && type <= Hours;
+    for (QWidget* widget : {static_cast<QWidget*>(sldInterval), static_cast<QWidget*>(spnInterval),
+                            static_cast<QWidget*>(chkRunningMode)})
+        widget->setEnabled(isInterval);
+    spnInterval->setSuffix(isInterval ? u' ' + m_texts.Text(firstUnitText + type) : QString());
+    setWanted(*txtDate, type == AtDate);
+    setWanted(*txtDateTime, type == AtDate);
+    cmdSelectDate->setEnabled(type == AtDate);
+    setWanted(*txtTime, type == AtTime);
+    chkDaily->setEnabled(type == AtTime);
+}
+
+void OptionsScheduleTab::pickDate() {
+    auto* popup = new QFrame(this, Qt::Popup);
+    popup->setObjectName(QStringLiteral("popDate"));
+    popup->setAttribute(Qt::WA_DeleteOnClose);
+    popup->setFrameShape(QFrame::StyledPanel);
+    auto* calendar = new QCalendarWidget;
+    FormParts::Name(*calendar, "calDate", m_texts.Text(342));
+    calendar->setLocale(m_locale);
+    calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    if (const QDate date = modTriggerDate::Read(ShownDate(), m_locale); date.isValid())
+        calendar->setSelectedDate(date);
+    auto* layout = new QVBoxLayout(popup);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(calendar);
+    const auto take = [this, popup](QDate date) {
+        txtDate->setText(date.toString(m_dateFormat));
+        popup->close();
+    };
+    connect(calendar, &QCalendarWidget::clicked, this, take);
+    connect(calendar, &QCalendarWidget::activated, this, take);
+    popup->adjustSize();
+    const QPoint below = cmdSelectDate->mapToGlobal(QPoint(0, cmdSelectDate->height()));
+    const QRect room = screen()->availableGeometry();
+    popup->move(std::max(room.left(), std::min(below.x(), room.right() - popup->width())),
+                std::max(room.top(), std::min(below.y(), room.bottom() - popup->height())));
+    popup->show();
+    calendar->setFocus();
+}
+
+QString OptionsScheduleTab::ShownDate() const {
+    return txtDate->Shown();
+}
+QString OptionsScheduleTab::ShownDateTime() const {
+    return txtDateTime->Shown();
+}
+QString OptionsScheduleTab::ShownTime() const {
+    return txtTime->Shown();
+}

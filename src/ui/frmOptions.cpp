@@ -1,0 +1,124 @@
+#include "frmOptions.h"
+
+#include "FormParts.h"
+#include "OptionsActionTab.h"
+#include "OptionsGeneralTab.h"
+#include "OptionsMailTab.h"
+#include "OptionsScheduleTab.h"
+#include "StoreError.h"
+#include "StringTable.h"
+#include <QDialogButtonBox>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QVBoxLayout>
+#include <utility>
+
+frmOptions::frmOptions(const EditorServices& services, Request request, QWidget* parent)
+    : QDialog(parent), m_services(services), m_request(std::move(request)), m_tabs(new QTabWidget),
+      m_general(new OptionsGeneralTab(m_services)), m_schedule(new OptionsScheduleTab(m_services)),
+      m_action(new OptionsActionTab(m_services)), m_mail(new OptionsMailTab(m_services, m_request.known)) {
+    const StringTable& texts = m_services.texts;
+    setObjectName(QStringLiteral("frmOptions"));
+    setWindowTitle(m_request.name.isEmpty() ? texts.Text(460) : texts.Text(461).arg(m_request.name));
+    buildTabs();
+
+    auto* buttons = new QDialogButtonBox;
+    QPushButton* ok = buttons->addButton(texts.Text(448), QDialogButtonBox::AcceptRole);
+    QPushButton* cancel = buttons->addButton(texts.Text(449), QDialogButtonBox::RejectRole);
+    FormParts::Name(*ok, "cmdOK", texts.Text(448));
+    FormParts::Name(*cancel, "cmdCancel", texts.Text(449));
+    ok->setDefault(true);
+    connect(buttons, &QDialogButtonBox::accepted, this, &frmOptions::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &frmOptions::reject);
+    // Enter in a field means OK and no other button.
+    for (QPushButton* button : findChildren<QPushButton*>())
+        button->setAutoDefault(button == ok || button == cancel);
+
+    auto* all = new QVBoxLayout(this);
+    all->addWidget(m_tabs, 1);
+    all->addWidget(buttons);
+
+    connect(m_action, &OptionsActionTab::ActionChosen, m_general,
+            [this] { m_general->SetDestinationWanted(m_action->IsDestinationWanted()); });
+    m_general->Show(m_request.name, m_request.record);
+    m_schedule->Show(m_request.record);
+    m_action->Show(m_request.record);
+    m_mail->Show(m_request.record);
+}
+
+void frmOptions::buildTabs() {
+    m_tabs->setObjectName(QStringLiteral("tabOptions"));
+    const auto add = [this](EditorChecks::Tab tab, QWidget* page, const char* name, int text) {
+        const QString caption = m_services.texts.Text(text);
+        FormParts::Name(*page, name, caption);
+        m_tabs->insertTab(static_cast<int>(tab), page, caption);
+    };
+    add(EditorChecks::Tab::Directories, m_general, "tabGeneral", 462);
+    add(EditorChecks::Tab::Schedule, m_schedule, "tabSchedule", 463);
+    add(EditorChecks::Tab::Action, m_action, "tabAction", 464);
+    add(EditorChecks::Tab::Mail, m_mail, "tabMail", 465);
+}
+
+QString frmOptions::Name() const {
+    return m_general->Name();
+}
+
+ActivityRecord frmOptions::Record() const {
+    ActivityRecord record = m_request.record;
+    m_general->Store(record);
+    m_schedule->Store(record);
+    m_action->Store(record);
+    m_mail->Store(record);
+    return record;
+}
+
+void frmOptions::accept() {
+    // Boxes let events run, and the program may have closed this form meanwhile.
+    if (!passesChecks() || m_over || !write() || m_over)
+        return;
+    m_general->RememberFolders();
+    QDialog::accept();
+}
+
+void frmOptions::done(int result) {
+    m_over = true;
+    QDialog::done(result);
+}
+
+bool frmOptions::passesChecks() {
+    const EditorChecks::Input input{Name(), Record(), m_schedule->ShownDate(), m_schedule->ShownDateTime(),
+                                    m_schedule->ShownTime()};
+    const EditorChecks::Environment environment{m_services.files,  m_services.system, m_services.clock,
+                                                m_services.locale, m_services.texts,  m_request.isUsableName};
+    return EditorChecks::Pass(input, environment,
+                              [this](const EditorChecks::Problem& problem) { return wavesThrough(problem); });
+}
+
+bool frmOptions::wavesThrough(const EditorChecks::Problem& problem) {
+    lead(problem.tab, problem.control);
+    const MessageAnswer answer = m_services.prompter.Ask(problem.message);
+    return problem.message.buttons == MessageButtons::YesNo && answer == MessageAnswer::Yes;
+}
+
+bool frmOptions::write() {
+    // What the writer may ask about or refuse is the name.
+    if (Name() != m_request.name)
+        lead(EditorChecks::Tab::Directories, "txtName");
+    const auto tell = [this](const QString& text) {
+        m_services.prompter.Ask({text, m_services.texts.Text(107), MessageIcon::Exclamation, MessageButtons::Ok});
+    };
+    try {
+        return m_request.write(Name(), Record());
+    } catch (const StoreError& error) {
+        tell(error.Text());
+    } catch (const std::exception& error) {
+        tell(QString::fromLocal8Bit(error.what()));
+    }
+    return false;
+}
+
+void frmOptions::lead(EditorChecks::Tab tab, const char* control) {
+    m_tabs->setCurrentIndex(static_cast<int>(tab));
+    if (auto* field = findChild<QWidget*>(QLatin1String(control)))
+        field->setFocus();
+}

@@ -1,0 +1,59 @@
+// The activity editor: takes one activity as a value and gives one back. Owns its tabs. It checks what was entered,
+// lets its caller write it, and stays open until both have succeeded or the user gives up; it never sees the document.
+#pragma once
+
+#include "ActivityRecord.h"
+#include "EditorChecks.h"
+#include "EditorServices.h"
+#include "KnownAddresses.h"
+
+#include <QDialog>
+#include <functional>
+
+class OptionsActionTab;
+class OptionsGeneralTab;
+class OptionsMailTab;
+class OptionsScheduleTab;
+class QTabWidget;
+
+class frmOptions final : public QDialog {
+    Q_OBJECT
+  public:
+    struct Request {
+        QString name; ///< "" for a new activity
+        ActivityRecord record;
+        KnownAddresses known;
+        /// Whether an activity of this name can be stored.
+        std::function<bool(const QString& name)> isUsableName;
+        /// Writes the activity. False when it was refused and the user knows; an exception is shown here. Either way
+        /// the editor stays open.
+        std::function<bool(const QString& name, const ActivityRecord& record)> write;
+    };
+
+    /// What the services refer to must outlive the editor.
+    frmOptions(const EditorServices& services, Request request, QWidget* parent = nullptr);
+
+    /// The activity as it is entered now; the name is trimmed.
+    [[nodiscard]] QString Name() const;
+    [[nodiscard]] ActivityRecord Record() const;
+
+  public Q_SLOTS:
+    void accept() override;
+    void done(int result) override;
+
+  private:
+    void buildTabs();
+    [[nodiscard]] bool passesChecks();
+    [[nodiscard]] bool wavesThrough(const EditorChecks::Problem& problem);
+    [[nodiscard]] bool write();
+    void lead(EditorChecks::Tab tab, const char* control);
+
+    EditorServices m_services;
+    Request m_request;
+    QTabWidget* m_tabs;
+    OptionsGeneralTab* m_general;
+    OptionsScheduleTab* m_schedule;
+    OptionsActionTab* m_action;
+    OptionsMailTab* m_mail;
+    bool m_over = false;
+};
