@@ -1,30 +1,33 @@
-// The main window's commands: menu bar, context menu of the list and toolbar, with captions from the string table. The
+// The main window's menu bar, the context menu of its list and its toolbar, with captions from the string table. The
 // window owns the widgets; this only knows them by name.
 #pragma once
+
+#include "Command.h"
+#include <functional>
 
 class QAction;
 class QMainWindow;
 class QMenu;
-class QString;
+class QPoint;
 class StringTable;
 
 class MainMenu final {
   public:
-    MainMenu(QMainWindow& window, const StringTable& texts);
+    /// Every entry and button hands its command to `run`, which must outlive the window's widgets.
+    MainMenu(QMainWindow& window, const StringTable& texts, std::function<void(Command)> run);
 
     /// mnuStart and the toolbar's start button follow the monitoring.
     void ShowMonitoring(bool on);
     void SetRunNowEnabled(bool enabled);
-
-    QAction* mnuStart;
-    QAction* mnuExit;
-    QAction* mnuStartActivityNow;
-    QAction* mnuExecuteAllMarkedActivities;
-    QAction* mnuRefreshList;
-    QMenu* mnuEdit; ///< in the menu bar and at the pointer over the list
+    void SetSearchAgainEnabled(bool enabled);
+    void PopUp(const QPoint& position);
 
   private:
     void buildToolbar(QMainWindow& window);
+    [[nodiscard]] QAction* find(const char* name) const;
 
+    QMainWindow& m_window;
     const StringTable& m_texts;
+    std::function<void(Command)> m_run;
+    QMenu* m_edit; ///< in the menu bar and at the pointer over the list
 };

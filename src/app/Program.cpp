@@ -95,7 +95,7 @@ void Program::OnLogLine(std::function<void(const QString& line)> listener) {
 }
 
 std::unique_ptr<HeldLock> Program::LockFile() {
-    return m_file.LockForMonitoring(*m_services.locks);
+    return ActivityFile::LockForMonitoring(*m_services.locks, m_file.CurrentPath());
 }
 
 void Program::RequestEnd() {

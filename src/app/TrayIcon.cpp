@@ -1,32 +1,43 @@
 #include "TrayIcon.h"
 
 #include "Icons.h"
+#include "MenuEntry.h"
 #include "StringTable.h"
+#include <array>
 
-TrayIcon::TrayIcon(const StringTable& texts, const QString& toolTip)
-    : m_texts(texts), m_idle(Icons::Icon(Icons::Picture::Idle)), m_monitoring(Icons::Icon(Icons::Picture::Monitoring)) {
+using Icons::Picture;
+
+namespace {
+
+constexpr MenuEntry separator{};
+
+constexpr std::array entries{MenuEntry{"mnuResizeTray", 0, Command::Restore, Picture::Idle},
+                             separator,
+                             MenuEntry{"mnuPreferencesTray", 144, Command::Preferences, Picture::Settings},
+                             separator,
+                             MenuEntry{"mnuStartTray", 142, Command::StartStop},
+                             separator,
+                             MenuEntry{"mnuViewLogfileTray", 146, Command::ShowAppLog, Picture::Log},
+                             MenuEntry{"mnuDeleteLogfileTray", 147, Command::DeleteAppLog},
+                             separator,
+                             MenuEntry{"mnuExitTray", 148, Command::Exit, Picture::Exit},
+                             separator,
+                             MenuEntry{"mnuAboutTray", 150, Command::About, Picture::Help}};
+
+} // namespace
+
+TrayIcon::TrayIcon(const StringTable& texts, const QString& title, const std::function<void(Command)>& run)
+    : m_texts(texts), m_title(title) {
     m_menu.setObjectName(QStringLiteral("mnuPopUpTray"));
-    QAction* resize = m_menu.addAction(QStringLiteral("Kalvenor"));
-    resize->setObjectName(QStringLiteral("mnuResizeTray"));
-    m_menu.setDefaultAction(resize);
-    m_menu.addSeparator();
-    m_start = m_menu.addAction(QString());
-    m_start->setObjectName(QStringLiteral("mnuStartTray"));
-    m_start->setCheckable(true);
-    m_menu.addSeparator();
-    QAction* exit = m_menu.addAction(Icons::Icon(Icons::Picture::Exit), texts.Text(148));
-    exit->setObjectName(QStringLiteral("mnuExitTray"));
-
-    m_icon.setToolTip(toolTip);
+    FillMenu(m_menu, entries, texts, run);
+    m_menu.setDefaultAction(m_menu.findChild<QAction*>(QStringLiteral("mnuResizeTray")));
+    m_menu.findChild<QAction*>(QStringLiteral("mnuStartTray"))->setCheckable(true);
     m_icon.setContextMenu(&m_menu);
     ShowMonitoring(false);
-
-    connect(resize, &QAction::triggered, this, &TrayIcon::RestoreWanted);
-    connect(m_start, &QAction::triggered, this, &TrayIcon::StartStopWanted);
-    connect(exit, &QAction::triggered, this, &TrayIcon::ExitWanted);
-    connect(&m_icon, &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
+    ShowState(TrayState::Idle);
+    connect(&m_icon, &QSystemTrayIcon::activated, this, [run](QSystemTrayIcon::ActivationReason reason) {
         if (reason == QSystemTrayIcon::DoubleClick)
-            Q_EMIT RestoreWanted();
+            run(Command::Restore);
     });
 }
 
@@ -35,7 +46,22 @@ bool TrayIcon::IsAvailable() {
 }
 
 void TrayIcon::ShowMonitoring(bool on) {
-    m_icon.setIcon(on ? m_monitoring : m_idle);
-    m_start->setChecked(on);
-    m_start->setText(m_texts.Text(on ? 219 : 142));
+    QAction* start = m_menu.findChild<QAction*>(QStringLiteral("mnuStartTray"));
+    start->setChecked(on);
+    start->setText(m_texts.Text(on ? 219 : 142));
+}
+
+void TrayIcon::ShowState(TrayState state) {
+    switch (state) {
+    case TrayState::Idle:
+        m_icon.setIcon(Icons::Icon(Picture::Idle));
+        break;
+    case TrayState::Monitoring:
+        m_icon.setIcon(Icons::Icon(Picture::Monitoring));
+        break;
+    case TrayState::Failed:
+        m_icon.setIcon(Icons::Icon(Picture::Failed));
+        break;
+    }
+    m_icon.setToolTip(state == TrayState::Failed ? m_title + u" - " + m_texts.Text(600) : m_title);
 }

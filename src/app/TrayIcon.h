@@ -2,35 +2,36 @@
 // unseen and IsAvailable says so.
 #pragma once
 
+#include "Command.h"
 #include <QIcon>
 #include <QMenu>
 #include <QObject>
 #include <QSystemTrayIcon>
+#include <functional>
 
 class StringTable;
+
+enum class TrayState { Idle, Monitoring, Failed };
 
 class TrayIcon final : public QObject {
     Q_OBJECT
   public:
-    explicit TrayIcon(const StringTable& texts, const QString& toolTip);
+    /// Every entry hands its command to `run`; a double click is Restore.
+    TrayIcon(const StringTable& texts, const QString& title, const std::function<void(Command)>& run);
 
     [[nodiscard]] static bool IsAvailable();
     void Show() { m_icon.show(); }
     void Hide() { m_icon.hide(); }
 
-    /// The image and the start command follow the monitoring.
+    /// The start command follows the monitoring.
     void ShowMonitoring(bool on);
 
-  Q_SIGNALS:
-    void RestoreWanted();
-    void StartStopWanted();
-    void ExitWanted();
+    /// The image, and a word about it in the tooltip.
+    void ShowState(TrayState state);
 
   private:
     const StringTable& m_texts;
-    QIcon m_idle;
-    QIcon m_monitoring;
+    QString m_title;
     QMenu m_menu;
-    QAction* m_start = nullptr;
     QSystemTrayIcon m_icon;
 };

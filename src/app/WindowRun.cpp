@@ -1,9 +1,12 @@
 #include "WindowRun.h"
 
 #include "DesktopKeyState.h"
+#include "DialogFilePicker.h"
+#include "EditorDialog.h"
 #include "Icons.h"
 #include "MessageBoxPrompter.h"
 #include "Program.h"
+#include "QtTexts.h"
 #include "SessionEnd.h"
 #include "SingleInstance.h"
 #include "TerminationSignal.h"
@@ -29,13 +32,16 @@ int RunWindow(int& argc, char** argv, const CommandLine& commandLine) {
     setUpApplication();
     PlatformServices services = MakePlatformServices();
     const StringTable texts(StringTable::PreferredLanguage());
+    const QtTexts qtTexts(StringTable::PreferredLanguage());
     MessageBoxPrompter prompter(texts);
     const SingleInstance instance(*services.locks, commandLine, prompter, texts);
     if (!instance.MayRun())
         return 1;
     const auto keys = MakeDesktopKeyState(application);
     Program program(services, prompter, *keys, texts);
-    frmMain window(program);
+    DialogFilePicker picker;
+    EditorDialog editor(program, picker);
+    frmMain window(program, {picker, editor});
     prompter.SetWindow(&window);
 
     QObject::connect(&window, &frmMain::Closing, &window, [&prompter] { prompter.StopAsking(); });

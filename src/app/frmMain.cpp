@@ -4,64 +4,59 @@
 #include "CommandGuard.h"
 #include "Icons.h"
 #include "frmDisclaimer.h"
-#include <QAction>
-#include <QApplication>
 #include <QCloseEvent>
-#include <QLabel>
-#include <QMenu>
+#include <QDragEnterEvent>
+#include <QFileInfo>
+#include <QMimeData>
 #include <QScopedValueRollback>
-#include <QStatusBar>
 
-frmMain::frmMain(Program& program)
-    : m_program(program), m_menu(*this, program.Texts()), m_view(new ActivityListView(program.List(), this)),
-      m_tray(program.Texts(), Program::Title()), m_placement(*this, *program.Services().settings), m_runNow(program),
-      m_waiter(program) {
+namespace {
+
+const QString application = QStringLiteral("Kalvenor");
+const QString listSection = QStringLiteral("ActivityList");
+const QString layoutKey = QStringLiteral("Columns");
+
+QString layoutOf(Program& program) {
+    return program.Services().settings->Read(application, listSection, layoutKey).value_or(QString());
+}
+
+/// The one file or folder that is dragged; "" for anything else.
+QString draggedPath(const QMimeData* data) {
+    const QList<QUrl> urls = data->urls();
+    return urls.size() == 1 ? urls.first().toLocalFile() : QString();
+}
+
+bool isActivityFile(const QString& path) {
+    return QFileInfo(path).isFile() && path.endsWith(QStringLiteral(".kvd"), Qt::CaseInsensitive);
+}
+
+} // namespace
+
+frmMain::frmMain(Program& program, const Tools& tools)
+    : m_program(program), m_menu(*this, program.Texts(), [this](Command command) { run(command); }),
+      m_view(new ActivityListView(program.List(), this)), m_status(*statusBar(), program),
+      m_tray(program.Texts(), Program::Title(), [this](Command command) { run(command); }),
+      m_placement(*this, *program.Services().settings), m_runNow(program), m_activities(program, *m_view, tools.editor),
+      m_files(program, tools.picker), m_waiter(program) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(Program::Title());
+    setAcceptDrops(true);
     m_view->setFrameShape(QFrame::NoFrame);
     setCentralWidget(m_view);
-    buildStatusBar();
-    connectCommands();
+    connect(m_view, &QWidget::customContextMenuRequested, this,
+            [this](const QPoint& at) { m_menu.PopUp(m_view->viewport()->mapToGlobal(at)); });
+    connect(m_view, &ActivityListView::RowOpened, this, [this](const QString& name) { m_activities.Properties(name); });
+    connect(&m_files, &ActivityFileCommands::Progress, &m_status, &StatusPanel::Say);
     connectProgram();
 }
 
 frmMain::~frmMain() = default;
 
-void frmMain::buildStatusBar() {
-    statusBar()->setObjectName(QStringLiteral("stbMain"));
-    m_count = new QLabel(this);
-    m_count->setObjectName(QStringLiteral("lblCount"));
-    m_count->setTextFormat(Qt::PlainText);
-    m_count->setContentsMargins(6, 0, 6, 0);
-    statusBar()->addPermanentWidget(m_count);
-}
-
-void frmMain::connectCommands() {
-    connect(m_menu.mnuStart, &QAction::triggered, this, &frmMain::toggleMonitoring);
-    connect(m_menu.mnuExit, &QAction::triggered, this, &QWidget::close);
-    connect(m_menu.mnuRefreshList, &QAction::triggered, this, &frmMain::refreshList);
-    connect(m_menu.mnuStartActivityNow, &QAction::triggered, this, [this] {
-        m_menu.SetRunNowEnabled(false);
-        m_runNow.StartActivity(m_view->CurrentName());
-        m_menu.SetRunNowEnabled(true);
-    });
-    connect(m_menu.mnuExecuteAllMarkedActivities, &QAction::triggered, this, [this] {
-        m_menu.SetRunNowEnabled(false);
-        m_runNow.ExecuteMarked(m_view->SelectedNames());
-        m_menu.SetRunNowEnabled(true);
-    });
-    connect(m_view, &QWidget::customContextMenuRequested, this,
-            [this](const QPoint& at) { m_menu.mnuEdit->popup(m_view->viewport()->mapToGlobal(at)); });
-    connect(&m_tray, &TrayIcon::RestoreWanted, this, &frmMain::restoreFromTray);
-    connect(&m_tray, &TrayIcon::StartStopWanted, this, &frmMain::toggleMonitoring);
-    connect(&m_tray, &TrayIcon::ExitWanted, this, &QWidget::close);
-}
-
 void frmMain::connectProgram() {
     connect(&m_program.Monitoring(), &MonitoringController::StateChanged, this, &frmMain::showMonitoring);
     connect(&m_program.List(), &ActivityList::Refilled, this, [this] {
         setWindowTitle(m_program.Caption());
-        showCount();
+        m_status.ShowCount();
     });
     // Comes out of the middle of the user's click, which must be over before a box opens.
     connect(
@@ -69,7 +64,8 @@ void frmMain::connectProgram() {
         [this](const QString& text) { TellError(m_program, text); }, Qt::QueuedConnection);
     connect(&m_program.Timers().tmrStatusbar, &TimerEx::Timer, this, [this] {
         if (!m_program.List().ListBusy())
-            showCount();
+            m_status.ShowCount();
+        showTrayState();
         // The panel with the tray went away under a hidden window: bring it back within reach.
         if (m_started && !m_waiter.Waiting() && !isVisible() && !TrayIcon::IsAvailable())
             showMinimized();
@@ -77,11 +73,60 @@ void frmMain::connectProgram() {
     connect(&m_waiter, &RunEndWaiter::Ended, this, &frmMain::Closed);
 }
 
+void frmMain::run(Command command) {
+    switch (command) {
+    case Command::StartStop:
+        return toggleMonitoring();
+    case Command::Restore:
+        return restoreFromTray();
+    case Command::Exit:
+        close();
+        return;
+    case Command::Import:
+        return m_files.Import();
+    case Command::Export:
+        return m_files.Export();
+    case Command::StartNow:
+        return runNow([this] { m_runNow.StartActivity(m_view->CurrentName()); });
+    case Command::ExecuteMarked:
+        return runNow([this] { m_runNow.ExecuteMarked(m_view->SelectedNames()); });
+    default:
+        return runList(command);
+    }
+}
+
+void frmMain::runList(Command command) {
+    switch (command) {
+    case Command::AddActivity:
+        return m_activities.Add();
+    case Command::DeleteActivity:
+        return m_activities.Delete(m_view->CurrentName());
+    case Command::DeleteAll:
+        return m_activities.ClearAll();
+    case Command::Properties:
+        return m_activities.Properties(m_view->CurrentName());
+    case Command::SelectAll:
+        return m_view->selectAll();
+    case Command::DeselectAll:
+        return m_view->clearSelection();
+    case Command::Refresh:
+        return refreshList();
+    default:
+        return;
+    }
+}
+
+void frmMain::runNow(const std::function<void()>& work) {
+    m_menu.SetRunNowEnabled(false);
+    work();
+    m_menu.SetRunNowEnabled(true);
+}
+
 StartUpResult frmMain::Start(const CommandLine& commandLine) {
     const StartUpResult result = RunStartUp(m_program, commandLine, *this);
     if (result == StartUpResult::Running) {
         m_started = true;
-        statusBar()->clearMessage();
+        m_status.Say(QString());
     }
     return result;
 }
@@ -89,12 +134,12 @@ StartUpResult frmMain::Start(const CommandLine& commandLine) {
 void frmMain::Appear() {
     m_tray.Show();
     m_placement.Restore();
-    statusBar()->showMessage(m_program.Texts().Text(183));
+    m_view->RestoreLayout(layoutOf(m_program));
+    m_status.Say(m_program.Texts().Text(183));
 }
 
 void frmMain::ShowState() {
     showMonitoring(m_program.Monitoring().IsOn());
-    showCount();
     hideInTray(); // the stored state may be "minimised"
 }
 
@@ -112,15 +157,16 @@ void frmMain::showMonitoring(bool on) {
     m_menu.ShowMonitoring(on);
     m_tray.ShowMonitoring(on);
     setWindowIcon(Icons::Icon(on ? Icons::Picture::Monitoring : Icons::Picture::Idle));
-    showCount();
+    m_status.ShowCount();
+    showTrayState();
 }
 
-void frmMain::showCount() {
-    const ActivityList& list = m_program.List();
-    int active = 0;
-    for (int row = 0; row < list.Rows(); ++row)
-        active += list.IsChecked(row) ? 1 : 0;
-    m_count->setText(m_program.Texts().Text(438).arg(list.Rows()).arg(active));
+/// A failure is shown until somebody has had the window before them, even when later runs went well.
+void frmMain::showTrayState() {
+    bool& failed = m_program.State().anyFailed;
+    failed = failed && !isActiveWindow();
+    const bool on = m_program.Monitoring().IsOn();
+    m_tray.ShowState(failed ? TrayState::Failed : on ? TrayState::Monitoring : TrayState::Idle);
 }
 
 void frmMain::toggleMonitoring() {
@@ -180,8 +226,30 @@ void frmMain::beginClosing() {
     Q_EMIT Closing();
     if (m_program.Monitoring().IsOn())
         m_program.Monitoring().StopMonitoring();
-    if (m_started)
-        static_cast<void>(m_placement.Save()); // nobody is left to tell; the old position stays stored then
+    if (m_started) {
+        // Nobody is left to tell; what was stored before stays stored then.
+        static_cast<void>(m_placement.Save());
+        static_cast<void>(m_program.Services().settings->Write(application, listSection, layoutKey, m_view->Layout()));
+    }
     m_tray.Hide();
     hide();
+}
+
+void frmMain::dragEnterEvent(QDragEnterEvent* event) {
+    const QString path = draggedPath(event->mimeData());
+    if (QFileInfo(path).isDir() || isActivityFile(path))
+        event->acceptProposedAction();
+}
+
+void frmMain::dropEvent(QDropEvent* event) {
+    const QString path = draggedPath(event->mimeData());
+    event->acceptProposedAction();
+    // The program that is dragged from waits for its answer: what asks the user comes after it.
+    const auto take = [this, path] {
+        if (QFileInfo(path).isDir())
+            m_activities.Add(path);
+        else if (isActivityFile(path))
+            m_files.ImportFile(path);
+    };
+    QMetaObject::invokeMethod(this, take, Qt::QueuedConnection);
 }

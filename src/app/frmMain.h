@@ -3,21 +3,30 @@
 // Closed, when no run is on the stack.
 #pragma once
 
+#include "ActivityCommands.h"
+#include "ActivityFileCommands.h"
 #include "MainMenu.h"
 #include "RunEndWaiter.h"
 #include "RunNowCommands.h"
 #include "StartUp.h"
+#include "StatusPanel.h"
 #include "TrayIcon.h"
 #include "WindowPlacement.h"
 #include <QMainWindow>
+#include <functional>
 
 class ActivityListView;
-class QLabel;
+class FilePicker;
 
 class frmMain final : public QMainWindow, private StartUpFace {
     Q_OBJECT
   public:
-    explicit frmMain(Program& program);
+    /// What lets the user choose and edit; tests answer in its place.
+    struct Tools {
+        FilePicker& picker;
+        ActivityEditor& editor;
+    };
+    frmMain(Program& program, const Tools& tools);
     ~frmMain() override;
 
     /// The start in its fixed order; returns when the window is ready, was declined or has been closed.
@@ -35,6 +44,8 @@ class frmMain final : public QMainWindow, private StartUpFace {
   protected:
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
   private:
     void Appear() override;
@@ -42,11 +53,12 @@ class frmMain final : public QMainWindow, private StartUpFace {
     void Minimise() override;
     bool AcceptsNotice() override;
 
-    void buildStatusBar();
-    void connectCommands();
     void connectProgram();
+    void run(Command command);
+    void runList(Command command);
+    void runNow(const std::function<void()>& work);
     void showMonitoring(bool on);
-    void showCount();
+    void showTrayState();
     void toggleMonitoring();
     void refreshList();
     void hideInTray();
@@ -56,10 +68,12 @@ class frmMain final : public QMainWindow, private StartUpFace {
     Program& m_program;
     MainMenu m_menu;
     ActivityListView* m_view;
-    QLabel* m_count = nullptr;
+    StatusPanel m_status;
     TrayIcon m_tray;
     WindowPlacement m_placement;
     RunNowCommands m_runNow;
+    ActivityCommands m_activities;
+    ActivityFileCommands m_files;
     RunEndWaiter m_waiter;
     bool m_started = false;
     bool m_askingToClose = false;

@@ -28,6 +28,12 @@ class DepthGuard final {
 
 RunOutcome ChangeDetection::ProcessActivity(const QString& name) {
     const DepthGuard guard(m_parts.runState);
+    const RunOutcome outcome = process(name);
+    m_parts.runState.anyFailed |= outcome.directoryMissing || outcome.failures > 0;
+    return outcome;
+}
+
+RunOutcome ChangeDetection::process(const QString& name) {
     m_parts.pump.Yield();
     ++m_parts.runState.eventsRan;
     if (m_parts.runState.closing || !m_parts.file.Has(name))

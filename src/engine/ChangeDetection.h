@@ -36,6 +36,7 @@ class ChangeDetection final {
     void SyncFilesAndFolders(RunContext& run, std::shared_ptr<Folder> source, std::shared_ptr<Folder> destination);
 
   private:
+    RunOutcome process(const QString& name);
     /// Null when the directory of this text cannot be used.
     [[nodiscard]] std::shared_ptr<Folder> openDirectory(const QString& text) const;
     void handleMissing(const QString& name, const QString& directory);

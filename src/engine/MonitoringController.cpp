@@ -53,7 +53,7 @@ void MonitoringController::StartMonitoring() {
         return refuseStart(217);
     // Two engines on one file would each move and mirror what the other just wrote.
     if (!m_fileLock)
-        m_fileLock = m_parts.file.LockForMonitoring(m_parts.locks);
+        m_fileLock = ActivityFile::LockForMonitoring(m_parts.locks, m_parts.file.CurrentPath());
     if (!m_fileLock)
         return refuseStart(437);
     m_parts.list.ForgetTakenOut();
@@ -93,6 +93,16 @@ void MonitoringController::StopMonitoring() {
     for (int row = 0; row < m_parts.list.Rows(); ++row)
         m_parts.list.SetText(m_parts.list.NameAt(row), ActivityList::Status, m_parts.texts.Text(198));
     m_fileLock.reset();
+}
+
+bool MonitoringController::MoveTo(const QString& path) {
+    std::unique_ptr<HeldLock> lock = ActivityFile::LockForMonitoring(m_parts.locks, path);
+    if (!lock)
+        return false;
+    m_parts.file.SaveAs(path);
+    if (m_on)
+        m_fileLock = std::move(lock);
+    return true;
 }
 
 void MonitoringController::writeSessionLine(int textId, bool blankLineFirst) {

@@ -46,6 +46,10 @@ class MonitoringController final : public QObject, public MonitoringSwitch {
     void StopMonitoring() override;
     void CheckAllIdle() override;
 
+    /// Saves the activities to another file, which is current from then on. False when another process monitors that
+    /// file; StoreError when it cannot be saved. Either leaves everything as it was.
+    [[nodiscard]] bool MoveTo(const QString& path);
+
     /// The one flag that says monitoring is on.
     [[nodiscard]] bool IsOn() const { return m_on; }
 

@@ -15,6 +15,7 @@ RunContext::RunContext(const Parts& parts, QString name, std::shared_ptr<Folder>
                        std::shared_ptr<Folder> destination)
     : m_parts(parts), m_name(std::move(name)), m_source(std::move(source)), m_destination(std::move(destination)),
       m_lastYield(parts.clock.MonotonicNow()), m_recordReadAt(parts.runState.eventsRan - 1),
+      m_interrupted(std::exchange(parts.runState.progress, {m_name})),
       m_transfer(parts.fileSystem.NewTransfer(*this)) {
     for (const auto& root : {m_source, m_destination})
         for (const FileId id : root->Ancestors())
@@ -30,6 +31,11 @@ void RunContext::readRecord() {
     const auto read = [this](const char* field) { return m_parts.file.Read(m_name, field); };
     m_rules = SyncRules::RulesOf(read("action"), read("overwrite"), read("onlynew"));
     m_filter = FileTypeFilter(read("extensions"));
+}
+
+RunContext::~RunContext() {
+    m_transfer.reset();
+    m_parts.runState.progress = m_interrupted;
 }
 
 bool RunContext::Over() {
@@ -58,7 +64,8 @@ void RunContext::Failed(const std::filesystem::path& source, std::error_code err
     m_parts.logs.WriteActionLine(m_name, m_parts.texts.Failure(modNativePath::ToText(source), error));
 }
 
-void RunContext::Progress(std::uint64_t /*bytes*/) {
+void RunContext::Progress(std::uint64_t bytes) {
+    m_parts.runState.progress.bytes += bytes;
     if (m_parts.clock.MonotonicNow() - m_lastYield >= yieldInterval)
         Yield();
 }

@@ -28,6 +28,9 @@ class RunContext final : public TransferObserver {
         RunState& runState;
     };
     RunContext(const Parts& parts, QString name, std::shared_ptr<Folder> source, std::shared_ptr<Folder> destination);
+    ~RunContext() override;
+    RunContext(const RunContext&) = delete;
+    RunContext& operator=(const RunContext&) = delete;
 
     [[nodiscard]] const QString& Name() const { return m_name; }
     [[nodiscard]] const std::shared_ptr<Folder>& SourceRoot() const { return m_source; }
@@ -52,6 +55,7 @@ class RunContext final : public TransferObserver {
     void Yield();
 
     void Failed(const std::filesystem::path& source, std::error_code error) override;
+    void Transferred() override { ++m_parts.runState.progress.files; }
     void Progress(std::uint64_t bytes) override;
     [[nodiscard]] bool StopRequested() const override { return m_ended || m_parts.runState.closing; }
 
@@ -67,6 +71,7 @@ class RunContext final : public TransferObserver {
     std::set<FileId> m_protected;
     std::chrono::steady_clock::time_point m_lastYield;
     unsigned m_recordReadAt;
+    RunProgress m_interrupted; ///< that of the run which this one runs inside of
     FileRules m_rules;
     FileTypeFilter m_filter;
     int m_failures = 0;

@@ -1250,5 +1250,13 @@
         <source>empty: the mail host of the recipient</source>
         <translation>leer: Mailserver des Empfängers</translation>
     </message>
+    <message id="600">
+        <source>a run failed</source>
+        <translation>ein Lauf ist fehlgeschlagen</translation>
+    </message>
+    <message id="601">
+        <source>%1: %2 files, %3</source>
+        <translation>%1: %2 Dateien, %3</translation>
+    </message>
 </context>
 </TS>

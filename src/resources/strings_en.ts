@@ -1250,5 +1250,13 @@
         <source>empty: the mail host of the recipient</source>
         <translation>empty: the mail host of the recipient</translation>
     </message>
+    <message id="600">
+        <source>a run failed</source>
+        <translation>a run failed</translation>
+    </message>
+    <message id="601">
+        <source>%1: %2 files, %3</source>
+        <translation>%1: %2 files, %3</translation>
+    </message>
 </context>
 </TS>

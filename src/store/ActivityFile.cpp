@@ -121,9 +121,9 @@ bool ActivityFile::OfferRepair() {
     return Load();
 }
 
-std::unique_ptr<HeldLock> ActivityFile::LockForMonitoring(Locks& locks) const {
+std::unique_ptr<HeldLock> ActivityFile::LockForMonitoring(Locks& locks, const QString& path) {
     std::error_code error;
-    const std::filesystem::path file = modNativePath::FromText(m_currentPath);
+    const std::filesystem::path file = modNativePath::FromText(path);
     const std::filesystem::path canonical = std::filesystem::weakly_canonical(file, error);
     return locks.TryAcquire(u"activity file " + modNativePath::ToText(error ? file : canonical));
 }

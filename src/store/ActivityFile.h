@@ -47,8 +47,8 @@ class ActivityFile final : public QObject {
     /// Offers to move a damaged file away and start an empty one. True when the file can be loaded again.
     bool OfferRepair();
 
-    /// Keeps every other process from running the activities of the current file; null when one does already.
-    [[nodiscard]] std::unique_ptr<HeldLock> LockForMonitoring(Locks& locks) const;
+    /// Keeps every other process from running the activities of the file; null when one does already.
+    [[nodiscard]] static std::unique_ptr<HeldLock> LockForMonitoring(Locks& locks, const QString& path);
 
     /// Asks, deletes the current file, makes the default file current and loads it, created empty when it is missing.
     /// A file that cannot be deleted stays current and is told of.

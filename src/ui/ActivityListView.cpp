@@ -9,6 +9,8 @@
 
 namespace {
 
+constexpr int mostColumnWidth = 4000; // pixels
+
 // In average characters of the view's font.
 constexpr int ColumnCharacters[ActivityList::ColumnCount] = {22, 30, 30, 36, 28, 10, 22, 22, 14, 20};
 
@@ -51,10 +53,16 @@ ActivityListView::ActivityListView(ActivityList& list, QWidget* parent) : QTreeV
     setEditTriggers(NoEditTriggers);
     setItemDelegate(new RowDelegate(this));
     setContextMenuPolicy(Qt::CustomContextMenu);
-    setModel(&list);
+    setAccessibleName(list.headerData(ActivityList::Name, Qt::Horizontal, Qt::DisplayRole).toString());
+    m_order.setSourceModel(&list);
+    m_order.setDynamicSortFilter(true);
+    setModel(&m_order);
+    header()->setSortIndicatorClearable(true); // back to the order of the file
+    header()->setSortIndicator(-1, Qt::AscendingOrder);
+    setSortingEnabled(true);
     setColumnWidths();
-    connect(&list, &QAbstractItemModel::modelAboutToBeReset, this, &ActivityListView::keepSelection);
-    connect(&list, &QAbstractItemModel::modelReset, this, &ActivityListView::restoreSelection);
+    connect(&m_order, &QAbstractItemModel::modelAboutToBeReset, this, &ActivityListView::keepSelection);
+    connect(&m_order, &QAbstractItemModel::modelReset, this, &ActivityListView::restoreSelection);
 }
 
 void ActivityListView::setColumnWidths() {
@@ -65,33 +73,72 @@ void ActivityListView::setColumnWidths() {
         setColumnWidth(column, std::max(ColumnCharacters[column] * character, header()->sectionSizeHint(column)));
 }
 
+QString ActivityListView::nameAt(const QModelIndex& shown) const {
+    return m_list.NameAt(m_order.mapToSource(shown).row());
+}
+
+QModelIndex ActivityListView::indexOf(const QString& name) const {
+    const std::optional<int> row = m_list.RowOf(name);
+    return row ? m_order.mapFromSource(m_list.index(*row, 0)) : QModelIndex();
+}
+
 QString ActivityListView::CurrentName() const {
     const QModelIndex current = currentIndex();
     if (current.isValid() && selectionModel()->isRowSelected(current.row()))
-        return m_list.NameAt(current.row());
+        return nameAt(current);
     const QStringList selected = SelectedNames();
     return selected.isEmpty() ? QString() : selected.first();
 }
 
 QStringList ActivityListView::SelectedNames() const {
-    QModelIndexList rows = selectionModel()->selectedRows();
+    std::vector<int> rows;
+    for (const QModelIndex& shown : selectionModel()->selectedRows())
+        rows.push_back(m_order.mapToSource(shown).row());
     std::sort(rows.begin(), rows.end());
     QStringList names;
-    for (const QModelIndex& row : rows)
-        names.append(m_list.NameAt(row.row()));
+    for (const int row : rows)
+        names.append(m_list.NameAt(row));
     return names;
+}
+
+void ActivityListView::Select(const QString& name) {
+    const QModelIndex index = indexOf(name);
+    if (!index.isValid())
+        return;
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    scrollTo(index);
+}
+
+QString ActivityListView::Layout() const {
+    QStringList parts;
+    for (int column = 0; column < ActivityList::ColumnCount; ++column)
+        parts.append(QString::number(columnWidth(column)));
+    parts.append(QString::number(header()->sortIndicatorSection()));
+    parts.append(QString::number(static_cast<int>(header()->sortIndicatorOrder())));
+    return parts.join(u',');
+}
+
+void ActivityListView::RestoreLayout(const QString& layout) {
+    const QStringList parts = layout.split(u',');
+    if (parts.size() != ActivityList::ColumnCount + 2)
+        return;
+    for (int column = 0; column < ActivityList::ColumnCount; ++column) {
+        const int width = parts[column].toInt();
+        if (width >= header()->minimumSectionSize() && width <= mostColumnWidth)
+            setColumnWidth(column, width);
+    }
+    bool isNumber = false;
+    const int sorted = parts[ActivityList::ColumnCount].toInt(&isNumber);
+    if (isNumber && sorted >= -1 && sorted < ActivityList::ColumnCount)
+        sortByColumn(sorted, parts.last() == u"1" ? Qt::DescendingOrder : Qt::AscendingOrder);
 }
 
 void ActivityListView::keepSelection() {
     m_keptSelection = SelectedNames();
-    m_keptCurrent = currentIndex().isValid() ? m_list.NameAt(currentIndex().row()) : QString();
+    m_keptCurrent = currentIndex().isValid() ? nameAt(currentIndex()) : QString();
 }
 
 void ActivityListView::restoreSelection() {
-    const auto indexOf = [this](const QString& name) {
-        const std::optional<int> row = m_list.RowOf(name);
-        return row ? m_list.index(*row, 0) : QModelIndex();
-    };
     if (const QModelIndex current = indexOf(m_keptCurrent); current.isValid()) {
         selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
         scrollTo(current);
@@ -118,13 +165,18 @@ void ActivityListView::mouseDoubleClickEvent(QMouseEvent* event) {
     const QModelIndex index = indexAt(event->position().toPoint());
     const bool opens =
         event->button() == Qt::LeftButton && index.isValid() && !isOnCheckBox(index, event->position().toPoint());
-    const QString name = opens ? m_list.NameAt(index.row()) : QString();
+    const QString name = opens ? nameAt(index) : QString();
     QTreeView::mouseDoubleClickEvent(event);
     if (opens)
-        Q_EMIT RowDoubleClicked(name);
+        Q_EMIT RowOpened(name);
 }
 
 void ActivityListView::keyPressEvent(QKeyEvent* event) {
+    if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && event->modifiers() == Qt::NoModifier &&
+        currentIndex().isValid()) {
+        Q_EMIT RowOpened(nameAt(currentIndex()));
+        return;
+    }
     // The box belongs to the row: it follows the space bar wherever in the row the last click was.
     if (event->key() == Qt::Key_Space && currentIndex().column() > 0)
         selectionModel()->setCurrentIndex(currentIndex().siblingAtColumn(0), QItemSelectionModel::NoUpdate);

@@ -1,7 +1,8 @@
-// Shows the list of activities as rows with check boxes and ten columns. Owns only the selection, which it carries over
-// a refill by name. It never fails.
+// Shows the list of activities as rows with check boxes and ten columns. Owns the order in which they are shown and the
+// selection, which it carries over a refill by name. It never fails.
 #pragma once
 
+#include "ActivityOrder.h"
 #include <QStringList>
 #include <QTreeView>
 
@@ -16,12 +17,20 @@ class ActivityListView final : public QTreeView {
     /// row; "" when no row is selected.
     [[nodiscard]] QString CurrentName() const;
 
-    /// The highlighted activities, in list order.
+    /// The highlighted activities, in the order of the list, whatever the order on the screen.
     [[nodiscard]] QStringList SelectedNames() const;
 
+    /// Highlights this activity alone and brings it into view. An unknown name changes nothing.
+    void Select(const QString& name);
+
+    /// Widths of the columns and the order, as a text for the settings.
+    [[nodiscard]] QString Layout() const;
+    /// Takes over what Layout gave; a text that is none of those changes nothing.
+    void RestoreLayout(const QString& layout);
+
   Q_SIGNALS:
-    /// A double click on a row, outside its check box.
-    void RowDoubleClicked(const QString& name);
+    /// A double click on a row, outside its check box, or Enter on it.
+    void RowOpened(const QString& name);
 
   protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -33,7 +42,11 @@ class ActivityListView final : public QTreeView {
     void restoreSelection();
     [[nodiscard]] bool isOnCheckBox(const QModelIndex& index, const QPoint& position) const;
 
+    [[nodiscard]] QModelIndex indexOf(const QString& name) const;
+    [[nodiscard]] QString nameAt(const QModelIndex& shown) const;
+
     ActivityList& m_list;
+    ActivityOrder m_order;
     QStringList m_keptSelection;
     QString m_keptCurrent;
 };

@@ -1,11 +1,34 @@
-// The program's pictures, drawn at every size they are asked in, so that they stay sharp. Free functions, no failure.
+// The program's pictures, drawn at every size they are asked in, so that they stay sharp. Their colours are readable on
+// light and on dark panels. Free functions, no failure.
 #pragma once
 
 #include <QIcon>
 
 namespace Icons {
 
-enum class Picture { Idle, Monitoring, Start, Stop, RunNow, RunMarked, Refresh, Exit };
+enum class Picture {
+    None,
+    Idle,
+    Monitoring,
+    Failed,
+    Start,
+    Stop,
+    RunNow,
+    RunMarked,
+    Refresh,
+    Exit,
+    Add,
+    Delete,
+    Import,
+    Export,
+    Settings,
+    Log,
+    Search,
+    Folder,
+    Properties,
+    Help,
+    SystemInfo
+};
 
 [[nodiscard]] QIcon Icon(Picture picture);
 

@@ -1,9 +1,5 @@
 // The real main window over a real program, driven through its commands.
-#include "ActivityListView.h"
-#include "AppFixture.h"
-#include "CommandLine.h"
-#include "frmMain.h"
-#include <QAction>
+#include "WindowFixture.h"
 #include <QApplication>
 #include <QLabel>
 #include <QMenu>
@@ -11,28 +7,6 @@
 #include <QToolBar>
 #include <QToolButton>
 #include <QtTest>
-
-namespace {
-
-struct Window {
-    explicit Window(AppFixture& fixture)
-        : program(fixture.services, fixture.prompter, fixture.keys, fixture.texts), form(program) {
-        QCOMPARE(form.Start({}), StartUpResult::Running);
-    }
-    QAction& Command(const char* name) { return *form.findChild<QAction*>(QLatin1String(name)); }
-    ActivityListView& View() { return *form.findChild<ActivityListView*>(QStringLiteral("lvwActivities")); }
-    void Select(const QStringList& names) {
-        View().clearSelection();
-        for (const QString& name : names) {
-            const QModelIndex index = program.List().index(program.List().RowOf(name).value_or(-1), 0);
-            View().selectionModel()->setCurrentIndex(index, QItemSelectionModel::Select | QItemSelectionModel::Rows);
-        }
-    }
-    Program program;
-    frmMain form;
-};
-
-} // namespace
 
 class TestFrmMain : public QObject {
     Q_OBJECT
@@ -222,7 +196,9 @@ class TestFrmMain : public QObject {
         AppFixture fixture;
         fixture.settings->values.clear();
         Program program(fixture.services, fixture.prompter, fixture.keys, fixture.texts);
-        frmMain form(program);
+        FakeFilePicker picker;
+        FakeEditor editor;
+        frmMain form(program, {picker, editor});
         QSignalSpy closed(&form, &frmMain::Closed);
         QTimer::singleShot(0, &form, [&] { form.CloseWithoutQuestion(); });
         QCOMPARE(form.Start({}), StartUpResult::Ended);
@@ -274,8 +250,8 @@ class TestFrmMain : public QObject {
         AppFixture fixture;
         fixture.WriteActivities({fixture.Activity(u"A"_qs)});
         Window window(fixture);
-        QSignalSpy opened(&window.View(), &ActivityListView::RowDoubleClicked);
-        const QRect row = window.View().visualRect(window.program.List().index(0, 0));
+        QSignalSpy opened(&window.View(), &ActivityListView::RowOpened);
+        const QRect row = window.View().visualRect(window.View().model()->index(0, 0));
         const QPoint box(row.left() + 10, row.center().y());
         QTest::mouseClick(window.View().viewport(), Qt::LeftButton, {}, box);
         QVERIFY(!window.program.List().IsChecked(0));
@@ -290,7 +266,7 @@ class TestFrmMain : public QObject {
         AppFixture fixture;
         fixture.WriteActivities({fixture.Activity(u"A"_qs)});
         Window window(fixture);
-        window.View().setCurrentIndex(window.program.List().index(0, ActivityList::Schedule));
+        window.View().setCurrentIndex(window.View().model()->index(0, ActivityList::Schedule));
         QTest::keyClick(&window.View(), Qt::Key_Space);
         QVERIFY(!window.program.List().IsChecked(0));
     }

@@ -344,12 +344,12 @@ class TestActivityFile : public QObject {
         QVERIFY(ScratchStore::Put(store.Path("a.kvd"), oneActivity));
         QVERIFY(QFile::link(store.Path("a.kvd"), store.Path("link.kvd")));
         const auto file = openAt(store, store.Path("a.kvd"));
-        const auto held = file->LockForMonitoring(locks);
+        const auto held = ActivityFile::LockForMonitoring(locks, file->CurrentPath());
         QVERIFY(held);
         file->SetCurrentPath(store.Path("link.kvd"));
-        QVERIFY(!file->LockForMonitoring(locks));
+        QVERIFY(!ActivityFile::LockForMonitoring(locks, file->CurrentPath()));
         file->SetCurrentPath(store.Path("other.kvd"));
-        QVERIFY(file->LockForMonitoring(locks));
+        QVERIFY(ActivityFile::LockForMonitoring(locks, file->CurrentPath()));
     }
 };
 

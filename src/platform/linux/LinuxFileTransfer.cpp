@@ -68,6 +68,8 @@ void LinuxFileTransfer::stage(const FileJob& job) {
         m_observer.Failed(job.SourcePath(), error);
     else
         m_queue.Add(std::move(staged));
+    if (!error)
+        m_observer.Transferred();
 }
 
 void LinuxFileTransfer::Move(const TransferFile& file) {
@@ -87,6 +89,8 @@ void LinuxFileTransfer::move(const FileJob& job) {
         stage(job); // a link is read as the file it leads to, and only the link goes
     else if (error)
         m_observer.Failed(job.SourcePath(), error);
+    else
+        m_observer.Transferred();
 }
 
 std::error_code LinuxFileTransfer::moveByRename(const FileJob& job, bool& isElsewhere) {

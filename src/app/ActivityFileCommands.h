@@ -1,0 +1,37 @@
+// Import and export: another activity file becomes the current one. Owns nothing; a cancelled or failed command leaves
+// the file that was in use in use, and the user is told of a failure.
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+class FilePicker;
+class Program;
+
+class ActivityFileCommands final : public QObject {
+    Q_OBJECT
+  public:
+    ActivityFileCommands(Program& program, FilePicker& picker) : m_program(program), m_picker(picker) {}
+
+    /// mnuImportActivities: asks, lets a file be chosen and works on it from then on.
+    void Import();
+    /// The same for a file that was chosen already.
+    void ImportFile(const QString& path);
+
+    /// mnuExportActivities: saves the activities under another name and works on that file from then on.
+    void Export();
+
+  Q_SIGNALS:
+    /// For the status bar; "" ends it.
+    void Progress(const QString& text);
+
+  private:
+    [[nodiscard]] bool mayLoseActivities();
+    void open(const QString& path);
+    [[nodiscard]] QString lastFolder() const;
+    void remember(const QString& path);
+    void tell(int textId, int titleId);
+
+    Program& m_program;
+    FilePicker& m_picker;
+};

@@ -1,0 +1,23 @@
+// One line of a menu as a table holds it, and the making of menus from such tables. A line without a name separates.
+#pragma once
+
+#include "Command.h"
+#include "Icons.h"
+#include <QAction>
+#include <functional>
+#include <span>
+
+class QMenu;
+class StringTable;
+
+struct MenuEntry {
+    const char* name = nullptr;
+    int textId = 0; ///< 0: the caption is the product's name
+    Command command = Command::Exit;
+    Icons::Picture picture = Icons::Picture::None;
+    const char* shortcut = "";
+};
+
+/// Adds the lines; each hands its command to `run`, within the life of `menu`.
+void FillMenu(QMenu& menu, std::span<const MenuEntry> entries, const StringTable& texts,
+              const std::function<void(Command)>& run);

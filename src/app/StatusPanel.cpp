@@ -1,0 +1,65 @@
+#include "StatusPanel.h"
+
+#include "Program.h"
+#include <QLabel>
+#include <QLocale>
+#include <QProgressBar>
+#include <QStatusBar>
+
+namespace {
+
+constexpr std::chrono::milliseconds kLook{200};
+constexpr int kBarWidth = 90; // pixels
+
+QLabel* addLabel(QStatusBar& bar, const char* name) {
+    auto* label = new QLabel(&bar);
+    label->setObjectName(QLatin1String(name));
+    label->setTextFormat(Qt::PlainText);
+    label->setContentsMargins(6, 0, 6, 0);
+    bar.addPermanentWidget(label);
+    return label;
+}
+
+} // namespace
+
+StatusPanel::StatusPanel(QStatusBar& bar, Program& program)
+    : m_bar(bar), m_program(program), m_running(addLabel(bar, "lblRunning")), m_progress(new QProgressBar(&bar)),
+      m_count(nullptr) {
+    bar.setObjectName(QStringLiteral("stbMain"));
+    // How much there is to do is known only when it is done: the bar shows that work goes on.
+    m_progress->setObjectName(QStringLiteral("prgRun"));
+    m_progress->setRange(0, 0);
+    m_progress->setTextVisible(false);
+    m_progress->setFixedWidth(kBarWidth);
+    m_progress->setMaximumHeight(m_running->sizeHint().height());
+    m_progress->setAccessibleName(program.Texts().Text(197));
+    bar.addPermanentWidget(m_progress);
+    m_count = addLabel(bar, "lblCount");
+    connect(&m_timer, &QTimer::timeout, this, &StatusPanel::look);
+    m_timer.start(kLook);
+    look();
+}
+
+void StatusPanel::Say(const QString& text) {
+    text.isEmpty() ? m_bar.clearMessage() : m_bar.showMessage(text);
+}
+
+void StatusPanel::ShowCount() {
+    const ActivityList& list = m_program.List();
+    int active = 0;
+    for (int row = 0; row < list.Rows(); ++row)
+        active += list.IsChecked(row) ? 1 : 0;
+    m_count->setText(m_program.Texts().Text(438).arg(list.Rows()).arg(active));
+}
+
+void StatusPanel::look() {
+    const RunProgress& progress = m_program.State().progress;
+    const bool isRunning = !progress.activity.isEmpty();
+    m_progress->setVisible(isRunning);
+    m_running->setVisible(isRunning);
+    if (!isRunning)
+        return;
+    const QLocale locale;
+    m_running->setText(m_program.Texts().Text(601).arg(progress.activity, locale.toString(progress.files),
+                                                       locale.formattedDataSize(static_cast<qint64>(progress.bytes))));
+}
