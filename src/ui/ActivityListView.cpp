@@ -82,6 +82,14 @@ QStringList ActivityListView::SelectedNames() const {
     return names;
 }
 
+void ActivityListView::SelectRow(int row) {
+    const QModelIndex index = m_list.index(row, ActivityList::Name);
+    if (!index.isValid())
+        return;
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    scrollTo(index);
+}
+
 void ActivityListView::keepSelection() {
     m_keptSelection = SelectedNames();
     m_keptCurrent = currentIndex().isValid() ? m_list.NameAt(currentIndex().row()) : QString();

@@ -19,6 +19,9 @@ class ActivityListView final : public QTreeView {
     /// The highlighted activities, in list order.
     [[nodiscard]] QStringList SelectedNames() const;
 
+    /// Highlights this row alone and brings it into sight. A row that does not exist changes nothing.
+    void SelectRow(int row);
+
   Q_SIGNALS:
     /// A double click on a row, outside its check box.
     void RowDoubleClicked(const QString& name);
