@@ -1,10 +1,12 @@
 #include "EditorDialog.h"
 
+#include "DialogHost.h"
 #include "Program.h"
 #include "frmOptions.h"
-#include <QApplication>
 
 bool EditorDialog::Edit(const QString& name, const ActivityRecord& record, const Writer& write) {
+    if (m_dialogs.RaiseOpen())
+        return false;
     PlatformServices& services = m_program.Services();
     const EditorServices needed{m_program.Texts(),     m_program.Prompts(),        m_picker,
                                 *services.ownFiles,    *services.settings,         *services.clock,
@@ -16,6 +18,6 @@ bool EditorDialog::Edit(const QString& name, const ActivityRecord& record, const
          .known = KnownAddresses::Of(m_program.File()),
          .isUsableName = [this](const QString& wanted) { return m_program.Document().IsUsableName(wanted); },
          .write = write},
-        QApplication::activeWindow());
-    return editor.exec() == QDialog::Accepted;
+        m_dialogs.Parent());
+    return m_dialogs.Run(editor) == QDialog::Accepted;
 }

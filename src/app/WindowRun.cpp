@@ -2,6 +2,7 @@
 
 #include "DesktopKeyState.h"
 #include "DialogFilePicker.h"
+#include "DialogHost.h"
 #include "EditorDialog.h"
 #include "Icons.h"
 #include "MessageBoxPrompter.h"
@@ -39,9 +40,10 @@ int RunWindow(int& argc, char** argv, const CommandLine& commandLine) {
         return 1;
     const auto keys = MakeDesktopKeyState(application);
     Program program(services, prompter, *keys, texts);
+    DialogHost dialogs;
     DialogFilePicker picker;
-    EditorDialog editor(program, picker);
-    frmMain window(program, {picker, editor});
+    EditorDialog editor(program, dialogs, picker);
+    frmMain window(program, {dialogs, picker, editor});
     prompter.SetWindow(&window);
 
     QObject::connect(&window, &frmMain::Closing, &window, [&prompter] { prompter.StopAsking(); });

@@ -2,8 +2,10 @@
 
 #include "ActivityListView.h"
 #include "CommandGuard.h"
+#include "DialogHost.h"
 #include "Icons.h"
 #include "frmDisclaimer.h"
+#include "modOpenExplorer.h"
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QFileInfo>
@@ -37,7 +39,9 @@ frmMain::frmMain(Program& program, const Tools& tools)
       m_view(new ActivityListView(program.List(), this)), m_status(*statusBar(), program),
       m_tray(program.Texts(), Program::Title(), [this](Command command) { run(command); }),
       m_placement(*this, *program.Services().settings), m_runNow(program), m_activities(program, *m_view, tools.editor),
-      m_files(program, tools.picker), m_waiter(program) {
+      m_files(program, tools.picker), m_help(program, tools.dialogs),
+      m_options(program, tools.dialogs, tools.picker, m_help), m_logs(program, tools.dialogs),
+      m_search(program, tools.dialogs, *m_view), m_waiter(program) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(Program::Title());
     setAcceptDrops(true);
@@ -47,6 +51,10 @@ frmMain::frmMain(Program& program, const Tools& tools)
             [this](const QPoint& at) { m_menu.PopUp(m_view->viewport()->mapToGlobal(at)); });
     connect(m_view, &ActivityListView::RowOpened, this, [this](const QString& name) { m_activities.Properties(name); });
     connect(&m_files, &ActivityFileCommands::Progress, &m_status, &StatusPanel::Say);
+    connect(&m_search, &SearchCommands::SearchAgainEnabled, this,
+            [this](bool enabled) { m_menu.SetSearchAgainEnabled(enabled); });
+    tools.dialogs.SetWindow(this);
+    connect(this, &frmMain::Closing, this, [&dialogs = tools.dialogs] { dialogs.StopWaiting(); });
     connectProgram();
 }
 
@@ -91,11 +99,12 @@ void frmMain::run(Command command) {
     case Command::ExecuteMarked:
         return runNow([this] { m_runNow.ExecuteMarked(m_view->SelectedNames()); });
     default:
-        return runList(command);
+        runOnActivities(command);
+        return runDialog(command);
     }
 }
 
-void frmMain::runList(Command command) {
+void frmMain::runOnActivities(Command command) {
     switch (command) {
     case Command::AddActivity:
         return m_activities.Add();
@@ -111,6 +120,37 @@ void frmMain::runList(Command command) {
         return m_view->clearSelection();
     case Command::Refresh:
         return refreshList();
+    case Command::OpenSource:
+        return modOpenExplorer::OpenSource(m_program, m_view->CurrentName());
+    case Command::OpenTarget:
+        return modOpenExplorer::OpenTarget(m_program, m_view->CurrentName());
+    default:
+        return;
+    }
+}
+
+void frmMain::runDialog(Command command) {
+    switch (command) {
+    case Command::Preferences:
+        return m_options.ShowOptions();
+    case Command::ShowAppLog:
+        return m_logs.ShowApplicationLog();
+    case Command::DeleteAppLog:
+        return m_logs.DeleteApplicationLog();
+    case Command::ShowLog:
+        return m_logs.ShowActivityLogs(m_view->SelectedNames());
+    case Command::DeleteLog:
+        return m_logs.DeleteActivityLog(m_view->CurrentName());
+    case Command::Search:
+        return m_search.Search();
+    case Command::SearchAgain:
+        return m_search.SearchAgain();
+    case Command::Help:
+        return m_help.OpenManual();
+    case Command::SystemInfo:
+        return m_help.ShowSystemInformation();
+    case Command::About:
+        return m_help.ShowAbout();
     default:
         return;
     }

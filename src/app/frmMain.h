@@ -5,9 +5,13 @@
 
 #include "ActivityCommands.h"
 #include "ActivityFileCommands.h"
+#include "HelpCommands.h"
+#include "LogCommands.h"
 #include "MainMenu.h"
+#include "OptionsCommand.h"
 #include "RunEndWaiter.h"
 #include "RunNowCommands.h"
+#include "SearchCommands.h"
 #include "StartUp.h"
 #include "StatusPanel.h"
 #include "TrayIcon.h"
@@ -23,6 +27,7 @@ class frmMain final : public QMainWindow, private StartUpFace {
   public:
     /// What lets the user choose and edit; tests answer in its place.
     struct Tools {
+        DialogHost& dialogs;
         FilePicker& picker;
         ActivityEditor& editor;
     };
@@ -55,7 +60,8 @@ class frmMain final : public QMainWindow, private StartUpFace {
 
     void connectProgram();
     void run(Command command);
-    void runList(Command command);
+    void runOnActivities(Command command);
+    void runDialog(Command command);
     void runNow(const std::function<void()>& work);
     void showMonitoring(bool on);
     void showTrayState();
@@ -74,6 +80,10 @@ class frmMain final : public QMainWindow, private StartUpFace {
     RunNowCommands m_runNow;
     ActivityCommands m_activities;
     ActivityFileCommands m_files;
+    HelpCommands m_help;
+    OptionsCommand m_options;
+    LogCommands m_logs;
+    SearchCommands m_search;
     RunEndWaiter m_waiter;
     bool m_started = false;
     bool m_askingToClose = false;

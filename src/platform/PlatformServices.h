@@ -1,6 +1,7 @@
 // Everything the world outside gives, made once at start and handed down by reference. Owns the services.
 #pragma once
 
+#include "Autostart.h"
 #include "Clock.h"
 #include "DesktopMailClient.h"
 #include "EventPump.h"
@@ -12,6 +13,7 @@
 #include "Process.h"
 #include "ProgramPlaces.h"
 #include "SettingsStore.h"
+#include "SystemInformation.h"
 #include "clsGetSystemDirectoryPaths.h"
 
 struct PlatformServices {
@@ -25,6 +27,8 @@ struct PlatformServices {
     std::unique_ptr<PowerControl> power;
     std::unique_ptr<NameService> nameService;
     std::unique_ptr<DesktopMailClient> desktopMail;
+    std::unique_ptr<Autostart> autostart;
+    std::unique_ptr<SystemInformation> systemInformation;
     ProgramPlaces places;
     clsGetSystemDirectoryPaths systemDirectories;
 };

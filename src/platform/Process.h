@@ -12,6 +12,14 @@ class Process {
     /// False when it could not be started.
     [[nodiscard]] virtual bool Open(const QString& path) = 0;
 
+    /// Shows a folder in the desktop's file manager. False when it is no folder or nothing could be started: no other
+    /// file is ever opened, let alone run.
+    [[nodiscard]] virtual bool OpenFolder(const QString& path) = 0;
+
+    /// Shows a web page in the desktop's browser. Takes absolute http and https addresses only; false for any other and
+    /// when nothing could be started.
+    [[nodiscard]] virtual bool OpenWebPage(const QString& address) = 0;
+
     /// Ends this process at once. Nothing is saved, no destructor runs. In a test this returns.
     virtual void EndNow(int exitCode) = 0;
 };

@@ -1258,5 +1258,113 @@
         <source>%1: %2 files, %3</source>
         <translation>%1: %2 Dateien, %3</translation>
     </message>
+    <message id="520">
+        <source>The entry that starts Kalvenor with your session could not be changed:</source>
+        <translation>Der Eintrag, der Kalvenor mit Ihrer Sitzung startet, konnte nicht geändert werden:</translation>
+    </message>
+    <message id="521">
+        <source>Only the last %1 MiB of this logfile are shown.</source>
+        <translation>Von dieser Protokolldatei werden nur die letzten %1 MiB angezeigt.</translation>
+    </message>
+    <message id="522">
+        <source>The logfile could not be read:</source>
+        <translation>Die Protokolldatei konnte nicht gelesen werden:</translation>
+    </message>
+    <message id="523">
+        <source>The logfile could not be deleted:</source>
+        <translation>Die Protokolldatei konnte nicht gelöscht werden:</translation>
+    </message>
+    <message id="524">
+        <source>The options could not be stored:</source>
+        <translation>Die Optionen konnten nicht gespeichert werden:</translation>
+    </message>
+    <message id="525">
+        <source>&amp;Cancel</source>
+        <translation>&amp;Abbrechen</translation>
+    </message>
+    <message id="526">
+        <source>The web page %1 could not be opened.</source>
+        <translation>Die Internetseite %1 konnte nicht geöffnet werden.</translation>
+    </message>
+    <message id="527">
+        <source>About Kalvenor Pro</source>
+        <translation>Info über Kalvenor Pro</translation>
+    </message>
+    <message id="528">
+        <source>Version %1</source>
+        <translation>Version %1</translation>
+    </message>
+    <message id="529">
+        <source>This program comes without any warranty. Its use is subject to the license terms and conditions in the manual.
+
+It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 under the MIT License.</source>
+        <translation>Dieses Programm wird ohne jede Gewährleistung bereitgestellt. Für seine Verwendung gelten die Lizenzbedingungen im Handbuch.
+
+Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libxml2 unter der MIT-Lizenz.</translation>
+    </message>
+    <message id="530">
+        <source>&amp;System information ...</source>
+        <translation>&amp;Systeminformationen ...</translation>
+    </message>
+    <message id="531">
+        <source>C&amp;lose</source>
+        <translation>S&amp;chließen</translation>
+    </message>
+    <message id="532">
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message id="533">
+        <source>Program</source>
+        <translation>Programm</translation>
+    </message>
+    <message id="534">
+        <source>Qt</source>
+        <translation>Qt</translation>
+    </message>
+    <message id="535">
+        <source>Operating system</source>
+        <translation>Betriebssystem</translation>
+    </message>
+    <message id="536">
+        <source>Kernel</source>
+        <translation>Kernel</translation>
+    </message>
+    <message id="537">
+        <source>Architecture</source>
+        <translation>Architektur</translation>
+    </message>
+    <message id="538">
+        <source>Processors</source>
+        <translation>Prozessoren</translation>
+    </message>
+    <message id="539">
+        <source>Memory</source>
+        <translation>Arbeitsspeicher</translation>
+    </message>
+    <message id="540">
+        <source>Display</source>
+        <translation>Bildschirm</translation>
+    </message>
+    <message id="541">
+        <source>Program folder</source>
+        <translation>Programmordner</translation>
+    </message>
+    <message id="542">
+        <source>Data folder</source>
+        <translation>Datenordner</translation>
+    </message>
+    <message id="543">
+        <source>Activity file</source>
+        <translation>Aktivitätsdatei</translation>
+    </message>
+    <message id="544">
+        <source>Logfile</source>
+        <translation>Protokolldatei</translation>
+    </message>
+    <message id="545">
+        <source>The folder &apos;%1&apos; could not be opened.</source>
+        <translation>Der Ordner &apos;%1&apos; konnte nicht geöffnet werden.</translation>
+    </message>
 </context>
 </TS>

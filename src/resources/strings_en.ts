@@ -1258,5 +1258,113 @@
         <source>%1: %2 files, %3</source>
         <translation>%1: %2 files, %3</translation>
     </message>
+    <message id="520">
+        <source>The entry that starts Kalvenor with your session could not be changed:</source>
+        <translation>The entry that starts Kalvenor with your session could not be changed:</translation>
+    </message>
+    <message id="521">
+        <source>Only the last %1 MiB of this logfile are shown.</source>
+        <translation>Only the last %1 MiB of this logfile are shown.</translation>
+    </message>
+    <message id="522">
+        <source>The logfile could not be read:</source>
+        <translation>The logfile could not be read:</translation>
+    </message>
+    <message id="523">
+        <source>The logfile could not be deleted:</source>
+        <translation>The logfile could not be deleted:</translation>
+    </message>
+    <message id="524">
+        <source>The options could not be stored:</source>
+        <translation>The options could not be stored:</translation>
+    </message>
+    <message id="525">
+        <source>&amp;Cancel</source>
+        <translation>&amp;Cancel</translation>
+    </message>
+    <message id="526">
+        <source>The web page %1 could not be opened.</source>
+        <translation>The web page %1 could not be opened.</translation>
+    </message>
+    <message id="527">
+        <source>About Kalvenor Pro</source>
+        <translation>About Kalvenor Pro</translation>
+    </message>
+    <message id="528">
+        <source>Version %1</source>
+        <translation>Version %1</translation>
+    </message>
+    <message id="529">
+        <source>This program comes without any warranty. Its use is subject to the license terms and conditions in the manual.
+
+It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 under the MIT License.</source>
+        <translation>This program comes without any warranty. Its use is subject to the license terms and conditions in the manual.
+
+It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 under the MIT License.</translation>
+    </message>
+    <message id="530">
+        <source>&amp;System information ...</source>
+        <translation>&amp;System information ...</translation>
+    </message>
+    <message id="531">
+        <source>C&amp;lose</source>
+        <translation>C&amp;lose</translation>
+    </message>
+    <message id="532">
+        <source>&amp;Copy</source>
+        <translation>&amp;Copy</translation>
+    </message>
+    <message id="533">
+        <source>Program</source>
+        <translation>Program</translation>
+    </message>
+    <message id="534">
+        <source>Qt</source>
+        <translation>Qt</translation>
+    </message>
+    <message id="535">
+        <source>Operating system</source>
+        <translation>Operating system</translation>
+    </message>
+    <message id="536">
+        <source>Kernel</source>
+        <translation>Kernel</translation>
+    </message>
+    <message id="537">
+        <source>Architecture</source>
+        <translation>Architecture</translation>
+    </message>
+    <message id="538">
+        <source>Processors</source>
+        <translation>Processors</translation>
+    </message>
+    <message id="539">
+        <source>Memory</source>
+        <translation>Memory</translation>
+    </message>
+    <message id="540">
+        <source>Display</source>
+        <translation>Display</translation>
+    </message>
+    <message id="541">
+        <source>Program folder</source>
+        <translation>Program folder</translation>
+    </message>
+    <message id="542">
+        <source>Data folder</source>
+        <translation>Data folder</translation>
+    </message>
+    <message id="543">
+        <source>Activity file</source>
+        <translation>Activity file</translation>
+    </message>
+    <message id="544">
+        <source>Logfile</source>
+        <translation>Logfile</translation>
+    </message>
+    <message id="545">
+        <source>The folder &apos;%1&apos; could not be opened.</source>
+        <translation>The folder &apos;%1&apos; could not be opened.</translation>
+    </message>
 </context>
 </TS>

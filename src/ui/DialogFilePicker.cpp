@@ -6,8 +6,20 @@
 
 namespace {
 
+/// Each filter is shown as it was written, in front of a pattern of its own: "*.*" stands for every file, and most
+/// names here have no dot.
+QStringList withPatterns(const QStringList& filters) {
+    QStringList result;
+    for (const QString& filter : filters) {
+        const QString pattern = filter.mid(filter.lastIndexOf(u'('));
+        result.append(filter + u' ' + (pattern == u"(*.*)" ? QStringLiteral("(*)") : pattern));
+    }
+    return result;
+}
+
 std::optional<QString> ask(QFileDialog& dialog, const FileRequest& request) {
-    dialog.setNameFilters(request.filters);
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    dialog.setNameFilters(withPatterns(request.filters));
     if (!request.folder.isEmpty())
         dialog.setDirectory(request.folder);
     if (!request.file.isEmpty()) {

@@ -1,7 +1,7 @@
 #include "MessageBoxPrompter.h"
 
 #include "StringTable.h"
-#include <QApplication>
+#include "modDialogParent.h"
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -43,15 +43,6 @@ void MessageBoxPrompter::SetWindow(QWidget* window) {
     m_window = window;
 }
 
-QWidget* MessageBoxPrompter::parentForBox() const {
-    if (QWidget* modal = QApplication::activeModalWidget(); modal != nullptr)
-        return modal;
-    // A box that belongs to a hidden or minimised window would stay out of sight with it.
-    if (m_window && m_window->isVisible() && !m_window->isMinimized())
-        return m_window;
-    return nullptr;
-}
-
 void MessageBoxPrompter::addButtons(QMessageBox& box, MessageButtons buttons) const {
     const auto add = [&](QMessageBox::StandardButton which, int textId) {
         QPushButton* button = box.addButton(which);
@@ -80,7 +71,7 @@ void MessageBoxPrompter::addButtons(QMessageBox& box, MessageButtons buttons) co
 MessageAnswer MessageBoxPrompter::Ask(const Message& message) {
     if (!m_asking)
         return safeAnswer(message.buttons);
-    QMessageBox box(parentForBox());
+    QMessageBox box(modDialogParent::Choose(m_window));
     box.setTextFormat(Qt::PlainText);
     box.setText(message.text);
     box.setWindowTitle(message.title);

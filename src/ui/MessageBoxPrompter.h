@@ -24,7 +24,6 @@ class MessageBoxPrompter final : public Prompter {
     void StopAsking();
 
   private:
-    [[nodiscard]] QWidget* parentForBox() const;
     void addButtons(QMessageBox& box, MessageButtons buttons) const;
 
     const StringTable& m_texts;

@@ -5,6 +5,7 @@
 #include "ActivityListView.h"
 #include "AppFixture.h"
 #include "CommandLine.h"
+#include "DialogHost.h"
 #include "FakeFilePicker.h"
 #include "frmMain.h"
 
@@ -25,7 +26,7 @@ class FakeEditor final : public ActivityEditor {
 
 struct Window {
     explicit Window(AppFixture& fixture)
-        : program(fixture.services, fixture.prompter, fixture.keys, fixture.texts), form(program, {picker, editor}) {
+        : program(fixture.services, fixture.prompter, fixture.keys, fixture.texts), form(program, {dialogs, picker, editor}) {
         QCOMPARE(form.Start({}), StartUpResult::Running);
     }
     QAction& Command(const char* name) { return *form.findChild<QAction*>(QLatin1String(name)); }
@@ -45,6 +46,7 @@ struct Window {
             names.append(program.List().NameAt(row));
         return names;
     }
+    DialogHost dialogs;
     FakeFilePicker picker;
     FakeEditor editor;
     Program program;

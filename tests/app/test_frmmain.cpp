@@ -196,9 +196,10 @@ class TestFrmMain : public QObject {
         AppFixture fixture;
         fixture.settings->values.clear();
         Program program(fixture.services, fixture.prompter, fixture.keys, fixture.texts);
+        DialogHost dialogs;
         FakeFilePicker picker;
         FakeEditor editor;
-        frmMain form(program, {picker, editor});
+        frmMain form(program, {dialogs, picker, editor});
         QSignalSpy closed(&form, &frmMain::Closed);
         QTimer::singleShot(0, &form, [&] { form.CloseWithoutQuestion(); });
         QCOMPARE(form.Start({}), StartUpResult::Ended);

@@ -56,8 +56,27 @@ class ProcessTest final : public QObject {
     }
 
     void FolderGoesToTheDesktop() {
-        QVERIFY(LinuxProcess().Open(m_folder->path()));
+        QVERIFY(LinuxProcess().OpenFolder(m_folder->path()));
         QTRY_COMPARE(read(mark()), QByteArray("desktop " + QFile::encodeName(m_folder->path())));
+        QVERIFY(write(QStringLiteral("program"), "#!/bin/sh\n", true));
+        QVERIFY(!LinuxProcess().OpenFolder(m_folder->filePath(QStringLiteral("program"))));
+        QVERIFY(!LinuxProcess().OpenFolder(QString()));
+    }
+
+    void WebPage_data() {
+        QTest::addColumn<QString>("address");
+        QTest::addColumn<bool>("taken");
+        QTest::newRow("page") << "https://example.org/a?b=c" << true;
+        QTest::newRow("file") << "file:///etc/passwd" << false;
+        QTest::newRow("option") << "--help" << false;
+        QTest::newRow("no host") << "https:///a" << false;
+    }
+    void WebPage() {
+        QFETCH(QString, address);
+        QFETCH(bool, taken);
+        QCOMPARE(LinuxProcess().OpenWebPage(address), taken);
+        if (taken)
+            QTRY_COMPARE(read(mark()), QByteArray("desktop " + address.toLatin1()));
     }
 
     void Refuses_data() {

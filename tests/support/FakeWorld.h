@@ -19,6 +19,8 @@ class FakeWorld {
         services.process = own(process);
         services.power = own(power);
         services.nameService = own(names);
+        services.autostart = own(autostart);
+        services.systemInformation = own(systemInformation);
         services.places.programFolder = dir.path().toStdString();
         services.places.userDataFolder = dir.filePath(QStringLiteral("data")).toStdString();
     }
@@ -31,6 +33,8 @@ class FakeWorld {
     FakeProcess* process = nullptr;
     FakePowerControl* power = nullptr;
     FakeNameService* names = nullptr;
+    FakeAutostart* autostart = nullptr;
+    FakeSystemInformation* systemInformation = nullptr;
     PlatformServices services;
     FakePrompter prompter;
     FakeKeyState keys;

@@ -1,6 +1,7 @@
 // Stand-ins for the world outside, for tests that need to steer it. Each remembers what was asked of it.
 #pragma once
 
+#include "Autostart.h"
 #include "Clock.h"
 #include "EventPump.h"
 #include "KeyState.h"
@@ -10,6 +11,7 @@
 #include "Process.h"
 #include "Prompter.h"
 #include "SettingsStore.h"
+#include "SystemInformation.h"
 
 #include <QMap>
 #include <QStringList>
@@ -110,8 +112,18 @@ class FakeProcess final : public Process {
         opened.append(path);
         return succeeds;
     }
+    bool OpenFolder(const QString& path) override {
+        folders.append(path);
+        return succeeds;
+    }
+    bool OpenWebPage(const QString& address) override {
+        webPages.append(address);
+        return succeeds;
+    }
     void EndNow(int exitCode) override { endedWith = exitCode; }
     QStringList opened;
+    QStringList folders;
+    QStringList webPages;
     bool succeeds = true;
     std::optional<int> endedWith;
 };
@@ -123,4 +135,28 @@ class FakePowerControl final : public PowerControl {
         return true;
     }
     int requests = 0;
+};
+
+class FakeAutostart final : public Autostart {
+  public:
+    bool Exists(const QString& name) const override { return entries.contains(name); }
+    std::error_code Create(const QString& name, const std::filesystem::path& program) override {
+        if (!failure)
+            entries[name] = QString::fromStdString(program.string());
+        return failure;
+    }
+    std::error_code Remove(const QString& name) override {
+        if (!failure)
+            entries.remove(name);
+        return failure;
+    }
+    QMap<QString, QString> entries;
+    std::error_code failure;
+};
+
+class FakeSystemInformation final : public SystemInformation {
+  public:
+    std::optional<SystemFacts> Read() const override { return facts; }
+    std::optional<SystemFacts> facts = SystemFacts{QStringLiteral("Some System 12"), QStringLiteral("kernel 6.1"),
+                                                   QStringLiteral("x86_64"), 4, qint64{8} << 30};
 };

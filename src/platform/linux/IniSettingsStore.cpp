@@ -3,8 +3,8 @@
 #include "IniFile.h"
 #include "LinuxOwnFiles.h"
 #include "SystemError.h"
+#include "XdgFolders.h"
 
-#include <QDir>
 #include <sys/stat.h>
 
 namespace {
@@ -19,12 +19,6 @@ fs::path nativePath(const QString& text) {
     return {text.toUtf8().toStdString()};
 }
 
-fs::path userConfigFolder() {
-    const QByteArray set = qgetenv("XDG_CONFIG_HOME");
-    const fs::path folder(set.toStdString());
-    return folder.is_absolute() ? folder : nativePath(QDir::homePath()) / ".config";
-}
-
 std::error_code makeFolder(const fs::path& folder) {
     std::error_code error;
     if (fs::is_directory(folder, error))
@@ -37,11 +31,11 @@ std::error_code makeFolder(const fs::path& folder) {
 
 } // namespace
 
-IniSettingsStore::IniSettingsStore() : m_configFolder(userConfigFolder()) {}
+IniSettingsStore::IniSettingsStore() : m_configFolder(XdgFolders::ConfigHome()) {}
 
 fs::path IniSettingsStore::fileOf(const QString& application) const {
-    if (application.isEmpty() || application.startsWith(QLatin1Char('.')) || application.contains(QLatin1Char('/')) ||
-        application.contains(QChar(u'\0')))
+    if (m_configFolder.empty() || application.isEmpty() || application.startsWith(QLatin1Char('.')) ||
+        application.contains(QLatin1Char('/')) || application.contains(QChar(u'\0')))
         return {};
     return m_configFolder / nativePath(application) / nativePath(application + QStringLiteral(".ini"));
 }

@@ -2,6 +2,7 @@
 
 #include "CachedNameService.h"
 #include "IniSettingsStore.h"
+#include "LinuxAutostart.h"
 #include "LinuxClock.h"
 #include "LinuxEventPump.h"
 #include "LinuxFileSystem.h"
@@ -10,6 +11,7 @@
 #include "LinuxOwnFiles.h"
 #include "LinuxPowerControl.h"
 #include "LinuxProcess.h"
+#include "LinuxSystemInformation.h"
 #include "XdgFolders.h"
 #include <QCoreApplication>
 #include <QFile>
@@ -43,6 +45,8 @@ PlatformServices MakePlatformServices() {
     services.power = std::make_unique<LinuxPowerControl>();
     services.nameService = std::make_unique<CachedNameService>(std::make_unique<LinuxNameService>());
     services.desktopMail = std::make_unique<NoDesktopMailClient>();
+    services.autostart = std::make_unique<LinuxAutostart>();
+    services.systemInformation = std::make_unique<LinuxSystemInformation>();
     services.places = {programFolder(), userDataFolder()};
     services.systemDirectories = {"/usr", "/etc", "/"};
     return services;

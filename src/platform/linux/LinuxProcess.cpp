@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
+#include <QUrl>
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -27,6 +28,10 @@ bool startDetached(const QString& program, const QStringList& arguments = {}) {
 
 bool hasDisplay() {
     return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+}
+
+bool openWithDesktop(const QString& target) {
+    return hasDisplay() && startDetached(QStringLiteral("xdg-open"), {target});
 }
 
 /// False on file systems where the executable bit comes from the mount, not from the file.
@@ -78,7 +83,19 @@ bool LinuxProcess::Open(const QString& path) {
     case OpenMethod::Desktop:
         break;
     }
-    return hasDisplay() && startDetached(QStringLiteral("xdg-open"), {absolute});
+    return openWithDesktop(absolute);
+}
+
+bool LinuxProcess::OpenFolder(const QString& path) {
+    // An empty text would be the current directory.
+    const QFileInfo folder(path);
+    return !path.isEmpty() && folder.isDir() && openWithDesktop(folder.absoluteFilePath());
+}
+
+bool LinuxProcess::OpenWebPage(const QString& address) {
+    const QUrl page(address, QUrl::StrictMode);
+    const bool isWeb = page.scheme() == u"https" || page.scheme() == u"http";
+    return page.isValid() && isWeb && !page.host().isEmpty() && openWithDesktop(page.toString(QUrl::FullyEncoded));
 }
 
 void LinuxProcess::EndNow(int exitCode) {

@@ -9,6 +9,9 @@ class LinuxProcess final : public Process {
     /// Documents go to xdg-open; without a display there is no desktop, and the answer is false.
     [[nodiscard]] bool Open(const QString& path) override;
 
+    [[nodiscard]] bool OpenFolder(const QString& path) override;
+    [[nodiscard]] bool OpenWebPage(const QString& address) override;
+
     /// Flushes the standard streams, then _exit.
     void EndNow(int exitCode) override;
 };

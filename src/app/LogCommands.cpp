@@ -1,0 +1,70 @@
+#include "LogCommands.h"
+
+#include "CommandGuard.h"
+#include "DialogHost.h"
+#include "frmLogFile.h"
+#include "modNativePath.h"
+
+bool LogCommands::isThere(const QString& path, int textIfMissing) {
+    const bool isFile =
+        !path.trimmed().isEmpty() && m_program.Services().ownFiles->Stamp(modNativePath::FromText(path)).has_value();
+    if (!isFile) {
+        const StringTable& texts = m_program.Texts();
+        m_program.Prompts().Ask(
+            {texts.Text(textIfMissing), texts.Text(208), MessageIcon::Information, MessageButtons::Ok});
+    }
+    return isFile;
+}
+
+bool LogCommands::isYes(const QString& text, int titleId) {
+    const Message question{text, m_program.Texts().Text(titleId), MessageIcon::Question, MessageButtons::YesNo};
+    return m_program.Prompts().Ask(question) == MessageAnswer::Yes;
+}
+
+void LogCommands::remove(const QString& path) {
+    if (const auto error = m_program.Services().ownFiles->Delete(modNativePath::FromText(path)))
+        TellError(m_program, m_program.Texts().Text(523) + u'\n' + QString::fromLocal8Bit(error.message()));
+}
+
+void LogCommands::ShowApplicationLog() {
+    const QString path = m_program.Options().LoggingPath;
+    if (m_dialogs.RaiseOpen() || !isThere(path, 209))
+        return;
+    frmLogFile viewer(m_program.Texts(), m_dialogs.Parent());
+    viewer.SetFileName(path);
+    m_dialogs.Run(viewer);
+}
+
+void LogCommands::ShowActivityLogs(const QStringList& names) {
+    if (m_dialogs.RaiseOpen())
+        return;
+    for (const QString& name : names) {
+        if (!m_dialogs.IsWaiting())
+            return;
+        if (!m_program.List().RowOf(name).has_value()) // it went while the window before was open
+            continue;
+        const QString path = m_program.File().Read(name, "logfile");
+        if (!isThere(path, 210))
+            return;
+        frmLogFile viewer(m_program.Texts(), m_dialogs.Parent());
+        viewer.SetFileName(path);
+        if (m_program.Options().LogfileRefresh == 1 && m_program.Monitoring().IsOn())
+            viewer.StartTimer();
+        m_dialogs.Run(viewer);
+    }
+}
+
+void LogCommands::DeleteApplicationLog() {
+    const QString path = m_program.Options().LoggingPath;
+    if (isThere(path, 209) && isYes(m_program.Texts().Text(202), 203))
+        remove(path);
+}
+
+void LogCommands::DeleteActivityLog(const QString& name) {
+    if (name.isEmpty())
+        return;
+    const QString path = m_program.File().Read(name, "logfile");
+    const StringTable& texts = m_program.Texts();
+    if (isThere(path, 207) && isYes(texts.Text(204) + path + texts.Text(205), 206))
+        remove(path);
+}

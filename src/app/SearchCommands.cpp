@@ -1,0 +1,30 @@
+#include "SearchCommands.h"
+
+#include "ActivityListView.h"
+#include "DialogHost.h"
+#include "Program.h"
+#include "Prompter.h"
+#include "frmSearch.h"
+
+void SearchCommands::Search() {
+    if (m_dialogs.RaiseOpen())
+        return;
+    frmSearch form(m_program.Texts(), m_search.Text(), m_search.MatchCase(), m_dialogs.Parent());
+    if (m_dialogs.Run(form) == QDialog::Accepted && !form.SearchText().isEmpty())
+        show(m_search.Search(m_program.List(), form.SearchText(), form.MatchCase()));
+}
+
+void SearchCommands::SearchAgain() {
+    if (m_search.CanSearchAgain())
+        show(m_search.SearchAgain(m_program.List(), m_program.List().RowOf(m_view.CurrentName()).value_or(-1)));
+}
+
+void SearchCommands::show(std::optional<int> row) {
+    Q_EMIT SearchAgainEnabled(row.has_value());
+    if (row) {
+        m_view.Select(m_program.List().NameAt(*row));
+        return;
+    }
+    const StringTable& texts = m_program.Texts();
+    m_program.Prompts().Ask({texts.Text(374), texts.Text(375), MessageIcon::Information, MessageButtons::Ok});
+}

@@ -1,0 +1,81 @@
+#include "frmAbout.h"
+
+#include "Icons.h"
+#include "StringTable.h"
+#include <QDialogButtonBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace {
+
+QLabel* plainLabel(const QString& text, const QString& objectName) {
+    auto* label = new QLabel(text);
+    label->setTextFormat(Qt::PlainText);
+    label->setObjectName(objectName);
+    return label;
+}
+
+QLabel* nameLabel() {
+    QLabel* name = plainLabel(QStringLiteral("Kalvenor Pro"), QStringLiteral("lblName"));
+    QFont large = name->font();
+    large.setBold(true);
+    large.setPointSizeF(large.pointSizeF() * 1.5);
+    name->setFont(large);
+    return name;
+}
+
+/// A link that the keyboard reaches too. Where it leads is not its own affair.
+QLabel* linkLabel(const QString& caption) {
+    auto* link = new QLabel(u"<a href=\"home\">" + caption.toHtmlEscaped() + u"</a>");
+    link->setObjectName(QStringLiteral("lblLink"));
+    link->setAccessibleName(caption);
+    link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+    return link;
+}
+
+} // namespace
+
+frmAbout::frmAbout(const StringTable& texts, QWidget* parent) : QDialog(parent) {
+    setObjectName(QStringLiteral("frmAbout"));
+    setWindowTitle(texts.Text(527));
+
+    auto* picture = new QLabel;
+    picture->setPixmap(Icons::Icon(Icons::Picture::Monitoring).pixmap(64, 64));
+    picture->setAlignment(Qt::AlignTop);
+    QLabel* version = plainLabel(texts.Text(528).arg(QStringLiteral(KALVENOR_VERSION)), QStringLiteral("lblVersion"));
+    QLabel* notice = plainLabel(texts.Text(529), QStringLiteral("lblNotice"));
+    notice->setWordWrap(true);
+    notice->setMinimumWidth(notice->fontMetrics().averageCharWidth() * 60);
+    QLabel* link = linkLabel(texts.Text(103));
+    connect(link, &QLabel::linkActivated, this, &frmAbout::HomePageWanted);
+
+    auto* buttons = new QDialogButtonBox;
+    QPushButton* system = buttons->addButton(texts.Text(530), QDialogButtonBox::ActionRole);
+    QPushButton* ok = buttons->addButton(texts.Text(448), QDialogButtonBox::AcceptRole);
+    system->setObjectName(QStringLiteral("cmdSysInfo"));
+    system->setAutoDefault(false);
+    ok->setObjectName(QStringLiteral("cmdOK"));
+    ok->setDefault(true);
+    connect(system, &QPushButton::clicked, this, &frmAbout::SystemInformationWanted);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+
+    auto* words = new QVBoxLayout;
+    words->addWidget(nameLabel());
+    words->addWidget(version);
+    words->addSpacing(8);
+    words->addWidget(notice, 1);
+    words->addSpacing(8);
+    words->addWidget(link);
+    auto* top = new QHBoxLayout;
+    top->setSpacing(16);
+    top->addWidget(picture);
+    top->addLayout(words, 1);
+    auto* all = new QVBoxLayout(this);
+    all->setContentsMargins(16, 16, 16, 12);
+    all->setSpacing(16);
+    all->addLayout(top, 1);
+    all->addWidget(buttons);
+    ok->setFocus();
+}

@@ -1,0 +1,51 @@
+#include "frmSearch.h"
+
+#include "StringTable.h"
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+frmSearch::frmSearch(const StringTable& texts, const QString& text, bool matchCase, QWidget* parent)
+    : QDialog(parent), m_text(new QLineEdit(text)), m_matchCase(new QCheckBox(texts.Text(377))) {
+    setObjectName(QStringLiteral("frmSearch"));
+    setWindowTitle(texts.Text(375));
+
+    auto* label = new QLabel(texts.Text(376));
+    label->setBuddy(m_text);
+    m_text->setObjectName(QStringLiteral("txtSearchText"));
+    m_text->setAccessibleName(texts.Text(376));
+    m_text->setMinimumWidth(m_text->fontMetrics().averageCharWidth() * 45);
+    m_text->selectAll();
+    m_matchCase->setObjectName(QStringLiteral("chkMatchCase"));
+    m_matchCase->setChecked(matchCase);
+
+    auto* buttons = new QDialogButtonBox;
+    QPushButton* ok = buttons->addButton(texts.Text(448), QDialogButtonBox::AcceptRole);
+    QPushButton* cancel = buttons->addButton(texts.Text(525), QDialogButtonBox::RejectRole);
+    ok->setObjectName(QStringLiteral("cmdOK"));
+    ok->setDefault(true);
+    ok->setEnabled(!text.isEmpty());
+    cancel->setObjectName(QStringLiteral("cmdCancel"));
+    connect(m_text, &QLineEdit::textChanged, ok, [ok](const QString& now) { ok->setEnabled(!now.isEmpty()); });
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+
+    auto* all = new QVBoxLayout(this);
+    all->addWidget(label);
+    all->addWidget(m_text);
+    all->addWidget(m_matchCase);
+    all->addSpacing(8);
+    all->addStretch();
+    all->addWidget(buttons);
+}
+
+QString frmSearch::SearchText() const {
+    return m_text->text();
+}
+
+bool frmSearch::MatchCase() const {
+    return m_matchCase->isChecked();
+}

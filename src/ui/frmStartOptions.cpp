@@ -1,0 +1,189 @@
+#include "frmStartOptions.h"
+
+#include "Autostart.h"
+#include "FilePicker.h"
+#include "OwnFiles.h"
+#include "Prompter.h"
+#include "SettingsStore.h"
+#include "StringTable.h"
+#include "modNativePath.h"
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QFileInfo>
+#include <QFocusEvent>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <array>
+#include <tuple>
+
+namespace {
+
+using Options = frmStartOptions::Options;
+
+struct Switch {
+    const char* control;
+    int caption;
+    bool Options::*value;
+};
+
+constexpr std::array<Switch, 7> switches{{
+    {"chkStartWithWindows", 119, &Options::startWithWindows},
+    {"chkMinToTray", 120, &Options::minToTray},
+    {"chkShutdown", 121, &Options::shutdown},
+    {"chkStartUp", 122, &Options::startUp},
+    {"chkLogfileRefresh", 123, &Options::logfileRefresh},
+    {"chkExitAlert", 405, &Options::exitAlert},
+    {"chkStopIfFolderNotExist", 429, &Options::stopIfFolderNotExist},
+}};
+constexpr std::size_t startWithWindows = 0;
+
+const QString application = QStringLiteral("Kalvenor");
+const QString lastFileSection = QStringLiteral("LastFile");
+const QString lastLogKey = QStringLiteral("AppLogfilePath");
+
+/// Selects its whole text when it gets the focus, by a click too. A menu or another window only borrows the focus.
+class PathEdit final : public QLineEdit {
+  public:
+    using QLineEdit::QLineEdit;
+
+  protected:
+    void focusInEvent(QFocusEvent* event) override {
+        QLineEdit::focusInEvent(event);
+        if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason)
+            return;
+        selectAll();
+        if (event->reason() == Qt::MouseFocusReason) // the click itself is still to set the caret
+            QMetaObject::invokeMethod(this, &QLineEdit::selectAll, Qt::QueuedConnection);
+    }
+};
+
+/// Creates the log, empty, when nothing has its name. A failure is silent: the test of its folder tells the usual one.
+void createMissing(OwnFiles& files, const std::filesystem::path& log) {
+    if (files.FolderExists(log.parent_path()))
+        std::ignore = files.CreateNew(log, {});
+}
+
+} // namespace
+
+frmStartOptions::frmStartOptions(const Parts& parts, const Options& options, QWidget* parent)
+    : QDialog(parent), m_parts(parts) {
+    setObjectName(QStringLiteral("frmStartOptions"));
+    setWindowTitle(parts.texts.Text(117));
+    auto* all = new QVBoxLayout(this);
+    all->setSpacing(12);
+    all->addWidget(buildSwitches(options));
+    all->addWidget(buildLogFile(options));
+    all->addStretch();
+    all->addWidget(buildButtons());
+    m_switches.front()->setFocus();
+}
+
+QGroupBox* frmStartOptions::buildSwitches(const Options& options) {
+    auto* frame = new QGroupBox(m_parts.texts.Text(118));
+    auto* rows = new QVBoxLayout(frame);
+    for (const Switch& row : switches) {
+        auto* box = new QCheckBox(m_parts.texts.Text(row.caption));
+        box->setObjectName(QLatin1String(row.control));
+        box->setChecked(options.*row.value);
+        rows->addWidget(box);
+        m_switches.push_back(box);
+    }
+    if (m_parts.autostart.Exists(application))
+        m_switches[startWithWindows]->setChecked(true);
+    return frame;
+}
+
+QGroupBox* frmStartOptions::buildLogFile(const Options& options) {
+    auto* frame = new QGroupBox(m_parts.texts.Text(124));
+    m_loggingPath = new PathEdit(options.loggingPath);
+    m_loggingPath->setObjectName(QStringLiteral("txtLoggingPath"));
+    m_loggingPath->setAccessibleName(m_parts.texts.Text(124));
+    m_loggingPath->setMinimumWidth(m_loggingPath->fontMetrics().averageCharWidth() * 50);
+    auto* select = new QPushButton(m_parts.texts.Text(128));
+    select->setObjectName(QStringLiteral("cmdSelectFile"));
+    select->setAutoDefault(false);
+    connect(select, &QPushButton::clicked, this, &frmStartOptions::selectFile);
+    auto* row = new QHBoxLayout(frame);
+    row->addWidget(m_loggingPath, 1);
+    row->addWidget(select);
+    return frame;
+}
+
+QDialogButtonBox* frmStartOptions::buildButtons() {
+    auto* buttons = new QDialogButtonBox;
+    QPushButton* save = buttons->addButton(m_parts.texts.Text(125), QDialogButtonBox::AcceptRole);
+    QPushButton* cancel = buttons->addButton(m_parts.texts.Text(126), QDialogButtonBox::RejectRole);
+    QPushButton* help = buttons->addButton(m_parts.texts.Text(127), QDialogButtonBox::HelpRole);
+    save->setObjectName(QStringLiteral("cmdSave"));
+    save->setDefault(true);
+    cancel->setObjectName(QStringLiteral("cmdCancel"));
+    help->setObjectName(QStringLiteral("cmdHelp"));
+    connect(buttons, &QDialogButtonBox::accepted, this, &frmStartOptions::save);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    connect(buttons, &QDialogButtonBox::helpRequested, this, &frmStartOptions::HelpWanted);
+    return buttons;
+}
+
+Options frmStartOptions::Values() const {
+    Options options;
+    for (std::size_t row = 0; row < switches.size(); ++row)
+        options.*switches[row].value = m_switches[row]->isChecked();
+    options.loggingPath = m_loggingPath->text();
+    return options;
+}
+
+bool frmStartOptions::acceptsLogPath() {
+    const QString text = m_loggingPath->text();
+    const std::filesystem::path log = modNativePath::Absolute(text);
+    if (log.empty()) { // blanks name no file
+        m_loggingPath->clear();
+        return true;
+    }
+    if (!m_parts.files.Stamp(log)) {
+        m_loggingPath->setText(modNativePath::ToText(log));
+        createMissing(m_parts.files, log);
+    }
+    if (m_parts.files.FolderExists(log.parent_path()))
+        return true;
+    const StringTable& texts = m_parts.texts;
+    m_parts.prompter.Ask({texts.Text(132) + modNativePath::ToText(log.parent_path()) + texts.Text(133) +
+                              QStringLiteral("\n\n") + texts.Text(134),
+                          texts.Text(135), MessageIcon::Exclamation, MessageButtons::Ok});
+    m_loggingPath->setFocus();
+    return false;
+}
+
+void frmStartOptions::save() {
+    if (!acceptsLogPath())
+        return;
+    CreateAutoStart();
+    accept();
+}
+
+void frmStartOptions::CreateAutoStart() {
+    const bool wanted = m_switches[startWithWindows]->isChecked();
+    const std::error_code error =
+        wanted ? m_parts.autostart.Create(application, m_parts.program) : m_parts.autostart.Remove(application);
+    if (error)
+        m_parts.prompter.Ask({m_parts.texts.Text(520) + u'\n' + QString::fromLocal8Bit(error.message()),
+                              m_parts.texts.Text(107), MessageIcon::Exclamation, MessageButtons::Ok});
+}
+
+void frmStartOptions::selectFile() {
+    const QString last = m_parts.settings.Read(application, lastFileSection, lastLogKey).value_or(QString());
+    FileRequest request;
+    request.title = m_parts.texts.Text(129);
+    request.filters = {m_parts.texts.Text(130) + QStringLiteral(" (*.log)"),
+                       m_parts.texts.Text(131) + QStringLiteral(" (*.*)")};
+    request.folder = last.isEmpty() ? QString() : QFileInfo(last).path();
+    request.file = m_loggingPath->text();
+    const std::optional<QString> chosen = m_parts.picker.SaveFile(request, false);
+    if (!chosen)
+        return;
+    m_loggingPath->setText(*chosen);
+    createMissing(m_parts.files, modNativePath::Absolute(*chosen));
+    std::ignore = m_parts.settings.Write(application, lastFileSection, lastLogKey, *chosen);
+}
