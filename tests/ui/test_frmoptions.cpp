@@ -6,6 +6,7 @@
 
 #include <QAbstractButton>
 #include <QCalendarWidget>
+#include <QCompleter>
 #include <QDropEvent>
 #include <QLineEdit>
 #include <QMenu>
@@ -283,6 +284,21 @@ class TestFrmOptions : public QObject {
         former.prepend(world.store.Path("cwd"));
         QCOMPARE(world.settings.values[q("Kalvenor/LastFile/SourceDirs")], former.mid(0, 10).join(u'|'));
         QCOMPARE(world.settings.values[q("Kalvenor/LastFile/TargetDirs")], folder);
+    }
+
+    void typingOffersFolders() {
+        EditorWorld world;
+        QVERIFY(ScratchStore::Put(world.store.Path("cfile"), "no folder"));
+        frmOptions form(world.Services(), world.Request(q("A"), world.Usable()));
+        form.show();
+        form.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        auto& source = find<FolderEdit>(form, "txtSourceDir");
+        source.setText(world.store.folder.path() + u'/');
+        source.setFocus();
+        QTest::keyClicks(&source, q("c"));
+        QTRY_COMPARE(source.completer()->completionCount(), 1);
+        QCOMPARE(source.completer()->currentCompletion(), world.store.Path("cwd"));
     }
 
     void pickedLogIsCreatedButNeverEmptied() {
