@@ -1240,11 +1240,11 @@
     </message>
     <message id="485">
         <source>No mail program was found whose contacts can be read.</source>
-        <translation>Es wurde kein E-Mail-Programm gefunden, dessen Kontakte gelesen werden können.</translation>
+        <translation>Es wurde kein Mailprogramm gefunden, dessen Kontakte gelesen werden können.</translation>
     </message>
     <message id="486">
         <source>No mail program was found that could send the mail. Without the SMTP host no mail is sent.</source>
-        <translation>Es wurde kein E-Mail-Programm gefunden, das die E-Mail senden könnte. Ohne den SMTP-Server wird keine E-Mail gesendet.</translation>
+        <translation>Es wurde kein Mailprogramm gefunden, das die Nachricht senden könnte. Ohne den SMTP-Server wird nichts gesendet.</translation>
     </message>
     <message id="487">
         <source>empty: the mail host of the recipient</source>

@@ -32,16 +32,17 @@ FolderEdit::FolderEdit(QWidget* parent) : QLineEdit(parent) {
     connect(this, &QLineEdit::textEdited, this, &FolderEdit::offerFolders);
 }
 
-void FolderEdit::offerFolders() {
-    if (m_offers)
-        return;
-    m_offers = true;
-    auto* folders = new QFileSystemModel(this);
-    folders->setOptions(QFileSystemModel::DontUseCustomDirectoryIcons | QFileSystemModel::DontWatchForChanges);
-    folders->setFilter(QDir::AllDirs | QDir::NoDotAndDotDot);
-    folders->setRootPath(QString());
-    auto* offers = new QCompleter(folders, this);
-    setCompleter(offers);
+void FolderEdit::offerFolders(const QString& typed) {
+    if (m_folders == nullptr) {
+        m_folders = new QFileSystemModel(this);
+        m_folders->setOptions(QFileSystemModel::DontUseCustomDirectoryIcons | QFileSystemModel::DontWatchForChanges);
+        m_folders->setFilter(QDir::AllDirs | QDir::NoDotAndDotDot);
+        setCompleter(new QCompleter(m_folders, this));
+    }
+    // Left to itself the model reads folder by folder from the root, one with each key that is typed.
+    const QFileInfo path(typed);
+    if (path.isAbsolute())
+        m_folders->setRootPath(path.path());
 }
 
 void FolderEdit::dragEnterEvent(QDragEnterEvent* event) {

@@ -4,6 +4,8 @@
 
 #include <QLineEdit>
 
+class QFileSystemModel;
+
 class FolderEdit final : public QLineEdit {
     Q_OBJECT
   public:
@@ -15,6 +17,6 @@ class FolderEdit final : public QLineEdit {
     void dropEvent(QDropEvent* event) override;
 
   private:
-    void offerFolders();
-    bool m_offers = false;
+    void offerFolders(const QString& typed);
+    QFileSystemModel* m_folders = nullptr;
 };

@@ -130,7 +130,7 @@ PathRow* OptionsActionTab::logFileRow() {
     const QStringList filters{withPattern(texts.Text(130), "*.log"), withPattern(texts.Text(131), "*")};
     return new PathRow(line, {"cmdLogFile", texts.Text(358)}, [this, filters](const QString& present) {
         const FileRequest request{m_services.texts.Text(358), filters, {}, present};
-        const std::optional<QString> picked = m_services.picker.SaveFile(request, false);
+        std::optional<QString> picked = m_services.picker.SaveFile(request, false);
         // An existing log is left alone. A file that cannot be made is told of when the activity is saved.
         if (picked)
             static_cast<void>(m_services.files.CreateNew(modNativePath::Absolute(*picked), {}));

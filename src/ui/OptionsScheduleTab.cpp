@@ -86,6 +86,13 @@ QGroupBox* OptionsScheduleTab::buildInterval() {
     sldInterval->setTickPosition(QSlider::TicksBelow);
     sldInterval->setTickInterval(10);
     spnInterval->setRange(1, longestInterval);
+    // Wide enough for every unit, so that nothing jumps.
+    int widest = 0;
+    for (const int unit : {Seconds, Minutes, Hours}) {
+        spnInterval->setSuffix(u' ' + m_texts.Text(firstUnitText + unit));
+        widest = std::max(widest, spnInterval->sizeHint().width());
+    }
+    spnInterval->setMinimumWidth(widest);
     connect(spnInterval, &QSpinBox::valueChanged, sldInterval, &QSlider::setValue);
     connect(sldInterval, &QSlider::valueChanged, spnInterval, &QSpinBox::setValue);
     auto* interval = new QHBoxLayout;
@@ -111,17 +118,19 @@ QGroupBox* OptionsScheduleTab::buildFixedTimes() {
     FormParts::Name(*txtTime, "txtTime", m_texts.Text(345));
     FormParts::Name(*cmdSelectDate, "cmdSelectDate", m_texts.Text(342));
     txtDateTime->setObjectName(QStringLiteral("txtDateTime"));
-    auto* order = new QLabel(DateOrder::Spelled(m_dateFormat, m_texts.Text(475)));
-    order->setTextFormat(Qt::PlainText);
-    txtDate->setAccessibleDescription(order->text());
+    m_order = new QLabel(DateOrder::Spelled(m_dateFormat, m_texts.Text(475)));
+    m_order->setTextFormat(Qt::PlainText);
+    txtDate->setAccessibleDescription(m_order->text());
+
+    m_timeLabel = FormParts::Label(m_texts.Text(345), *txtDateTime);
 
     // Both options begin their own line; their fields stand below each other.
     auto* dateFields = new QHBoxLayout;
     dateFields->addWidget(txtDate);
-    dateFields->addWidget(order);
+    dateFields->addWidget(m_order);
     dateFields->addWidget(cmdSelectDate);
     dateFields->addSpacing(16);
-    dateFields->addWidget(FormParts::Label(m_texts.Text(345), *txtDateTime));
+    dateFields->addWidget(m_timeLabel);
     dateFields->addWidget(txtDateTime);
     dateFields->addStretch(1);
     auto* timeFields = new QHBoxLayout;
@@ -172,7 +181,9 @@ void OptionsScheduleTab::followSchedule() {
     spnInterval->setSuffix(isInterval ? u' ' + m_texts.Text(firstUnitText + type) : QString());
     setWanted(*txtDate, type == AtDate);
     setWanted(*txtDateTime, type == AtDate);
-    cmdSelectDate->setEnabled(type == AtDate);
+    for (QWidget* widget :
+         {static_cast<QWidget*>(cmdSelectDate), static_cast<QWidget*>(m_order), static_cast<QWidget*>(m_timeLabel)})
+        widget->setEnabled(type == AtDate);
     setWanted(*txtTime, type == AtTime);
     chkDaily->setEnabled(type == AtTime);
 }

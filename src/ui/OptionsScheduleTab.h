@@ -10,6 +10,7 @@ class MaskedField;
 class QButtonGroup;
 class QCheckBox;
 class QGroupBox;
+class QLabel;
 class QPushButton;
 class QSlider;
 class QSpinBox;
@@ -44,6 +45,8 @@ class OptionsScheduleTab final : public QWidget {
     QSpinBox* spnInterval;
     QCheckBox* chkRunningMode;
     MaskedField* txtDate;
+    QLabel* m_order = nullptr;
+    QLabel* m_timeLabel = nullptr;
     MaskedField* txtDateTime;
     QPushButton* cmdSelectDate;
     MaskedField* txtTime;

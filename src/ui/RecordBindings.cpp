@@ -44,10 +44,12 @@ void RecordBindings::Masked(MaskedField& line, ActivityField field,
                           [=, &line](ActivityRecord& record) {
                               // What the mask cannot show must not be lost by looking at it.
                               const QString stored = record.Text(field);
+                              const QString shown = line.Shown();
+                              const QString spelled = spell(shown);
                               if (line.IsBlank())
                                   record.SetText(field, spell(stored).isEmpty() ? stored : QString());
                               else
-                                  record.SetText(field, line.IsFull() ? spell(line.Shown()) : line.Shown());
+                                  record.SetText(field, spelled.isEmpty() ? shown : spelled);
                           }});
 }
 

@@ -1,0 +1,57 @@
+// What the activity editor needs around it: real files in a folder of its own, everything else steered by the test.
+#pragma once
+
+#include "DesktopMailClient.h"
+#include "FakeFilePicker.h"
+#include "NewActivity.h"
+#include "ScratchStore.h"
+#include "clsGetSystemDirectoryPaths.h"
+#include "frmOptions.h"
+
+class FakeMailClient final : public DesktopMailClient {
+  public:
+    void Send(const DesktopMail& /*mail*/) override {}
+    bool IsMailHandler() override { return true; }
+    std::optional<QStringList> Contacts() override { return contacts; }
+    std::optional<QStringList> contacts;
+};
+
+struct EditorWorld {
+    ScratchStore store;
+    FakeFilePicker picker;
+    MemorySettings settings;
+    FakeClock clock;
+    FakeMailClient mailClient;
+    NoDesktopMailClient noMailClient;
+    clsGetSystemDirectoryPaths system{"/usr", "/etc", "/"};
+    int writes = 0;
+    QString writtenName;
+    ActivityRecord written;
+
+    EditorServices Services(bool hasMailClient = true, Language language = Language::English) {
+        static const StringTable german(Language::German);
+        DesktopMailClient& mail = hasMailClient ? static_cast<DesktopMailClient&>(mailClient) : noMailClient;
+        const StringTable& texts = language == Language::German ? german : store.texts;
+        const QLocale locale(QLocale::German, QLocale::Germany);
+        return {texts, store.prompter, picker, store.files, settings, clock, mail, system, locale};
+    }
+    frmOptions::Request Request(const QString& name, const ActivityRecord& record) {
+        return {name,
+                record,
+                {},
+                [](const QString&) { return true; },
+                [this](const QString& given, const ActivityRecord& value) {
+                    ++writes;
+                    writtenName = given;
+                    written = value;
+                    return true;
+                }};
+    }
+    /// An activity that can be saved as it is.
+    ActivityRecord Usable() {
+        ActivityRecord record = NewActivity();
+        record.SetText(ActivityField::SourceDir, store.Path("cwd"));
+        record.SetText(ActivityField::TargetDir, store.Path("program"));
+        return record;
+    }
+};

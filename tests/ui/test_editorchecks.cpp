@@ -1,0 +1,271 @@
+// What the activity editor objects to: one table of edited values, without any window.
+#include "DateOrder.h"
+#include "EditorChecks.h"
+#include "Fakes.h"
+#include "ScratchStore.h"
+#include "clsGetSystemDirectoryPaths.h"
+#include "modTriggerDate.h"
+
+#include <QTest>
+
+namespace {
+
+using Changes = QMap<ActivityField, QString>;
+using F = ActivityField;
+
+struct Row {
+    const char* name;
+    QStringList problems{}; ///< "title @ control", each question waved through
+    Changes changes{};
+    QString date{};     ///< as shown, "" for a blank field
+    QString dateTime{}; ///< beside the date
+    QString time{};     ///< of day
+    QString activity = QStringLiteral("Backup");
+};
+
+const QString noTime = QStringLiteral("  :  ");
+QString q(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(EditorChecks::Input)
+
+class TestEditorChecks : public QObject {
+    Q_OBJECT
+
+    ScratchStore m_store;
+    FakeClock m_clock;
+    QLocale m_locale{QLocale::German, QLocale::Germany};
+    clsGetSystemDirectoryPaths m_system;
+    std::function<bool(const QString&)> m_isUsableName = [](const QString& name) {
+        return !name.contains(u' ') && !name.contains(u'€');
+    };
+
+    EditorChecks::Input valid() const {
+        EditorChecks::Input input;
+        input.name = q("Backup");
+        input.record.SetText(F::SourceDir, m_store.Path("cwd"));
+        input.record.SetText(F::TargetDir, m_store.Path("cwd"));
+        input.record.SetText(F::Type, q("0"));
+        input.record.SetText(F::Action, q("0"));
+        input.record.SetText(F::AllFiles, q("1"));
+        input.shownDate = q("  .  .    ");
+        input.shownDateTime = noTime;
+        input.shownTime = noTime;
+        return input;
+    }
+
+    std::vector<EditorChecks::Problem> problems(const EditorChecks::Input& input) {
+        std::vector<EditorChecks::Problem> found;
+        const EditorChecks::Environment environment{m_store.files, m_system,      m_clock,
+                                                    m_locale,      m_store.texts, m_isUsableName};
+        const bool passed = EditorChecks::Pass(input, environment, [&](const EditorChecks::Problem& problem) {
+            found.push_back(problem);
+            return problem.message.buttons == MessageButtons::YesNo;
+        });
+        if (passed != (found.empty() || found.back().message.buttons == MessageButtons::YesNo))
+            qFatal("the walk went on after a refusal, or stopped for none");
+        return found;
+    }
+
+    std::vector<Row> pathRows() const {
+        const QString missing = m_store.Path("missing");
+        return {
+            {"nothing to object to"},
+            {"program is missing", {q("Directory not found @ txtExecutable")}, {{F::Executable, missing}}},
+            {"program is a folder", {q("Directory not found @ txtExecutable")}, {{F::Executable, m_store.Path("cwd")}}},
+            {"log file is missing", {q("Directory not found @ txtLogFile")}, {{F::LogFile, missing}}},
+            {"log file of blanks is none", {}, {{F::LogFile, q("  ")}}},
+            {"source is missing", {q("Directory not found @ txtSourceDir")}, {{F::SourceDir, missing}}},
+            {"source is empty", {q("Directory not found @ txtSourceDir")}, {{F::SourceDir, {}}}},
+            {"source is blank", {q("Directory not found @ txtSourceDir")}, {{F::SourceDir, q(" ")}}},
+            {"destination is empty", {q("Directory not found @ txtTargetDir")}, {{F::TargetDir, {}}}},
+            {"no action needs none", {}, {{F::TargetDir, {}}, {F::Action, q("2")}}},
+            {"no action with a missing one",
+             {q("Directory not found @ txtTargetDir")},
+             {{F::TargetDir, missing}, {F::Action, q("2")}}},
+            {"both protected",
+             {q("Windows directory selected @ txtSourceDir"), q("Windows system directory selected @ txtTargetDir")},
+             {{F::SourceDir, m_store.Path("windows/")}, {F::TargetDir, m_store.Path("link")}}},
+            {"the root comes last",
+             {q("Windows directory selected @ txtTargetDir"), q("Windows root directory selected @ txtSourceDir")},
+             {{F::SourceDir, m_store.Path("cwd/..")}, {F::TargetDir, m_store.Path("windows")}}},
+            {"below a protected one", {}, {{F::SourceDir, m_store.Path("windows/below")}}},
+            {"no action has no destination to protect",
+             {q("Windows directory selected @ txtSourceDir")},
+             {{F::SourceDir, m_store.Path("windows")}, {F::TargetDir, {}}, {F::Action, q("2")}}},
+        };
+    }
+
+    static std::vector<Row> nameAndTypeRows() {
+        const QStringList name{q("Name of the activity @ txtName")};
+        const QStringList types{q("File extensions @ txtExtensions")};
+        const auto only = [](const char* extensions) {
+            return Changes{{F::AllFiles, q("0")}, {F::Extensions, q(extensions)}};
+        };
+        return {
+            {"a digit in front", name, {}, {}, {}, {}, q("1abc")},
+            {"no name", name, {}, {}, {}, {}, QString()},
+            {"a blank inside", name, {}, {}, {}, {}, q("My Backup")},
+            {"a letter the file cannot hold", name, {}, {}, {}, {}, q("A€")},
+            {"no types", types, only("")},
+            {"types with a point", types, only("exe;.zip")},
+            {"good types", {}, only("exe;zip")},
+            {"all files ask for no types", {}, {{F::Extensions, q(".exe")}}},
+        };
+    }
+
+    /// It is 10 May 2026, 14:30.
+    static std::vector<Row> timeRows() {
+        const Changes atDate{{F::Type, q("3")}};
+        const Changes atTime{{F::Type, q("4")}};
+        const Changes daily{{F::Type, q("4")}, {F::Daily, q("1")}};
+        const QString today = q("10.05.2026");
+        const QStringList partial{q("Format of time invalid @ txtTime")};
+        const QStringList badDate{q("Date invalid @ txtDate")};
+        return {
+            {"partial time of day, any schedule", partial, {}, {}, {}, q("1 :30")},
+            {"partial time beside the date",
+             {q("Format of time invalid @ txtDateTime")},
+             atTime,
+             {},
+             q("  :30"),
+             q("15:00")},
+            {"impossible time of another schedule", {}, {}, {}, q("99:99"), q("99:99")},
+            {"no date", badDate, atDate, {}, q("15:00")},
+            {"no such date", badDate, atDate, q("31.02.2027"), q("15:00")},
+            {"yesterday", badDate, atDate, q("09.05.2026"), q("15:00")},
+            {"today, a minute ago", {q("Date invalid @ txtDateTime")}, atDate, today, q("14:29")},
+            {"today, this minute", {}, atDate, today, q("14:30")},
+            {"tomorrow, earlier", {}, atDate, q("11.05.2026"), q("00:00")},
+            {"a date typed with single digits", {}, atDate, q("1 .6 .2026"), q("15:00")},
+            {"today, no time", {q("Time @ txtDateTime")}, atDate, today},
+            {"today, impossible time", {q("Time @ txtDateTime")}, atDate, today, q("99:99")},
+            {"time of day is over", {q("Date invalid @ txtTime")}, atTime, {}, {}, q("14:29")},
+            {"but comes again tomorrow", {}, daily, {}, {}, q("14:29")},
+            {"time of day, this minute", {}, atTime, {}, {}, q("14:30")},
+            {"no time of day", {q("Time @ txtTime")}, atTime},
+            {"impossible time of day", {q("Time @ txtTime")}, daily, {}, {}, q("24:00")},
+        };
+    }
+
+    static std::vector<Row> mailRows() {
+        const auto mail = [](const char* sender, const char* recipient, const char* subject) {
+            return Changes{
+                {F::SendMail, q("1")}, {F::Sender, q(sender)}, {F::Recipient, q(recipient)}, {F::Subject, q(subject)}};
+        };
+        const QString noSubject = q("No subject entered @ txtSubject");
+        const QString badSender = q("E-Mail adress invalid @ cboSender");
+        const QString badRecipient = q("E-Mail adress invalid @ cboRecipient");
+        return {
+            {"mail is off", {}, {{F::Sender, q("nobody")}}},
+            {"no sender", {badSender}, mail("", "", "")},
+            {"no recipient", {badRecipient}, mail("a@b.de", " ", "")},
+            {"no subject, bad sender", {noSubject, badSender}, mail("a", "b", "")},
+            {"bad recipient", {badRecipient}, mail("a@b.de", "a@b.de;c@d.de", "S")},
+            {"all is well", {}, mail("a@b.de", "c@d.com", "S")},
+        };
+    }
+
+  private Q_SLOTS:
+    void initTestCase() {
+        for (const char* folder : {"windows/below", "system"})
+            QDir().mkpath(m_store.Path(folder));
+        QVERIFY(QFile::link(m_store.Path("system"), m_store.Path("link")));
+        m_system = {m_store.Path("windows").toStdString(), m_store.Path("system").toStdString(),
+                    m_store.folder.path().toStdString()};
+        const QDateTime now(QDate(2026, 5, 10), QTime(14, 30, 59));
+        m_clock.now = std::chrono::system_clock::from_time_t(now.toSecsSinceEpoch());
+    }
+
+    void objections_data() {
+        QTest::addColumn<EditorChecks::Input>("input");
+        QTest::addColumn<QStringList>("expected");
+        for (const auto& rows : {pathRows(), nameAndTypeRows(), timeRows(), mailRows()}) {
+            for (const Row& row : rows) {
+                EditorChecks::Input input = valid();
+                input.name = row.activity;
+                for (auto change = row.changes.begin(); change != row.changes.end(); ++change)
+                    input.record.SetText(change.key(), change.value());
+                if (!row.date.isEmpty())
+                    input.shownDate = row.date;
+                if (!row.dateTime.isEmpty())
+                    input.shownDateTime = row.dateTime;
+                if (!row.time.isEmpty())
+                    input.shownTime = row.time;
+                QTest::newRow(row.name) << input << row.problems;
+            }
+        }
+    }
+    void objections() {
+        QFETCH(EditorChecks::Input, input);
+        QStringList found;
+        for (const EditorChecks::Problem& problem : problems(input))
+            found.append(problem.message.title + q(" @ ") + q(problem.control));
+        QTEST(found, "expected");
+    }
+
+    void theyComeInTheirOrder() {
+        // Everything is wrong at once; each mended fault uncovers the next.
+        EditorChecks::Input input = valid();
+        const QString missing = m_store.Path("missing");
+        for (const F field : {F::Executable, F::LogFile, F::SourceDir, F::TargetDir})
+            input.record.SetText(field, missing);
+        input.name = q("1 a");
+        input.shownTime = q("1 :  ");
+        input.shownDateTime = q("1 :  ");
+        input.record.SetText(F::AllFiles, {});
+        input.record.SetText(F::Type, q("3"));
+        input.record.SetText(F::SendMail, q("1"));
+        const QString windows = m_store.Path("windows");
+        const std::vector<std::pair<const char*, std::function<void()>>> mendings{
+            {"txtExecutable", [&] { input.record.SetText(F::Executable, {}); }},
+            {"txtLogFile", [&] { input.record.SetText(F::LogFile, {}); }},
+            {"txtSourceDir", [&] { input.record.SetText(F::SourceDir, m_store.Path("cwd")); }},
+            {"txtTargetDir", [&] { input.record.SetText(F::TargetDir, windows); }},
+            {"txtName", [&] { input.name = q("a"); }},
+            {"txtTime", [&] { input.shownTime = noTime; }},
+            {"txtDateTime", [&] { input.shownDateTime = q("15:00"); }},
+            {"txtExtensions", [&] { input.record.SetText(F::Extensions, q("txt")); }},
+            {"txtDate", [&] { input.shownDate = q("10.05.2026"); }},
+            {"txtTargetDir", [&] { input.record.SetText(F::TargetDir, m_store.Path("cwd")); }},
+            {"cboSender", [&] { input.record.SetText(F::SendMail, q("0")); }},
+        };
+        for (const auto& [control, mend] : mendings) {
+            const auto found = problems(input);
+            QVERIFY2(!found.empty(), control);
+            QCOMPARE(found.front().control, control);
+            mend();
+        }
+        QVERIFY(problems(input).empty());
+    }
+
+    void datesAreStoredAsTheSchedulersReadThem() {
+        const QDate date(2026, 3, 14);
+        for (const QLocale& locale :
+             QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory))
+            QVERIFY2(modTriggerDate::Read(date.toString(DateOrder::Format(locale)), locale) == date,
+                     qPrintable(locale.name()));
+        QCOMPARE(DateOrder::Format(QLocale(QLocale::English, QLocale::UnitedStates)), q("MM/dd/yyyy"));
+        QCOMPARE(DateOrder::Format(QLocale(QLocale::English, QLocale::UnitedKingdom)), q("dd/MM/yyyy"));
+        QCOMPARE(DateOrder::Format(QLocale(QLocale::Swedish, QLocale::Sweden)), q("yyyy-MM-dd"));
+    }
+
+    void messagesAreWholeTexts() {
+        EditorChecks::Input input = valid();
+        input.record.SetText(F::SourceDir, q("/no/such"));
+        QCOMPARE(problems(input).front().message.text,
+                 q("The selected source directory '/no/such' doesn't exist.\n\nPlease select a valid directory."));
+        input = valid();
+        input.record.SetText(F::SourceDir, m_store.folder.path());
+        const Message question = problems(input).front().message;
+        QCOMPARE(question.text, q("ATTENTION:\nYou have selected the windows installation root directory.\nMay your "
+                                  "windows installation could be destroyed!\nDo you really want to proceed?"));
+        QCOMPARE(question.icon, MessageIcon::Exclamation);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestEditorChecks)
+#include "test_editorchecks.moc"
