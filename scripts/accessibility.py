@@ -62,9 +62,7 @@ def press(keys):
 def main():
     program = subprocess.Popen(sys.argv[1:])
     root = application("Kalvenor")
-    subprocess.run(["xdotool", "search", "--sync", "--onlyvisible", "--name", "Kalvenor Pro", "windowactivate", "--sync"],
-                   check=True, stdout=subprocess.DEVNULL)
-    time.sleep(1)
+    time.sleep(2)
     press("Down")
     failed = False
     for window, opens, turns in WINDOWS:

@@ -1,5 +1,7 @@
 #include "FormParts.h"
 
+#include <QComboBox>
+#include <QLineEdit>
 #include <QRegularExpression>
 
 QString FormParts::Spoken(const QString& caption) {
@@ -20,6 +22,9 @@ QLabel* FormParts::Label(const QString& caption, QWidget& field) {
     label->setTextFormat(Qt::PlainText);
     label->setBuddy(&field);
     field.setAccessibleName(Spoken(caption));
+    // The text field within an editable box is a control of its own to whoever reads the screen aloud.
+    if (auto* box = qobject_cast<QComboBox*>(&field); box != nullptr && box->isEditable())
+        box->lineEdit()->setAccessibleName(Spoken(caption));
     return label;
 }
 
