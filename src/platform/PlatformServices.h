@@ -3,15 +3,19 @@
 
 #include "Clock.h"
 #include "DesktopMailClient.h"
+#include "DialUp.h"
 #include "EventPump.h"
 #include "FileSystem.h"
+#include "FileTypes.h"
 #include "Locks.h"
 #include "NameService.h"
 #include "OwnFiles.h"
 #include "PowerControl.h"
 #include "Process.h"
 #include "ProgramPlaces.h"
+#include "ServiceManager.h"
 #include "SettingsStore.h"
+#include "SystemClock.h"
 
 struct PlatformServices {
     std::unique_ptr<Clock> clock;
@@ -24,6 +28,10 @@ struct PlatformServices {
     std::unique_ptr<PowerControl> power;
     std::unique_ptr<NameService> nameService;
     std::unique_ptr<DesktopMailClient> desktopMail;
+    std::unique_ptr<ServiceManager> serviceManager;
+    std::unique_ptr<SystemClock> systemClock;
+    std::unique_ptr<DialUp> dialUp;
+    std::unique_ptr<FileTypes> fileTypes;
     ProgramPlaces places;
 };
 

@@ -19,6 +19,10 @@ class FakeWorld {
         services.process = own(process);
         services.power = own(power);
         services.nameService = own(names);
+        services.serviceManager = own(serviceManager);
+        services.systemClock = own(systemClock);
+        services.dialUp = own(dialUp);
+        services.fileTypes = own(fileTypes);
         services.places.programFolder = dir.path().toStdString();
         services.places.userDataFolder = dir.filePath(QStringLiteral("data")).toStdString();
     }
@@ -31,6 +35,10 @@ class FakeWorld {
     FakeProcess* process = nullptr;
     FakePowerControl* power = nullptr;
     FakeNameService* names = nullptr;
+    FakeServiceManager* serviceManager = nullptr;
+    FakeSystemClock* systemClock = nullptr;
+    FakeDialUp* dialUp = nullptr;
+    FakeFileTypes* fileTypes = nullptr;
     PlatformServices services;
     FakePrompter prompter;
     FakeKeyState keys;

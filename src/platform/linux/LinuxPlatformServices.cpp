@@ -3,13 +3,17 @@
 #include "CachedNameService.h"
 #include "IniSettingsStore.h"
 #include "LinuxClock.h"
+#include "LinuxDialUp.h"
 #include "LinuxEventPump.h"
 #include "LinuxFileSystem.h"
+#include "LinuxFileTypes.h"
 #include "LinuxLocks.h"
 #include "LinuxNameService.h"
 #include "LinuxOwnFiles.h"
 #include "LinuxPowerControl.h"
 #include "LinuxProcess.h"
+#include "LinuxServiceManager.h"
+#include "LinuxSystemClock.h"
 #include "XdgFolders.h"
 #include <QCoreApplication>
 #include <QFile>
@@ -44,5 +48,11 @@ PlatformServices MakePlatformServices() {
     services.nameService = std::make_unique<CachedNameService>(std::make_unique<LinuxNameService>());
     services.desktopMail = std::make_unique<NoDesktopMailClient>();
     services.places = {programFolder(), userDataFolder()};
+    // Not the path of this process: a tool beside the program may ask too.
+    services.serviceManager = std::make_unique<LinuxServiceManager>(
+        services.places.programFolder / "Kalvenor", XdgFolders::ConfigHome(), ServiceNotifier::FromEnvironment());
+    services.systemClock = std::make_unique<LinuxSystemClock>();
+    services.dialUp = std::make_unique<LinuxDialUp>();
+    services.fileTypes = std::make_unique<LinuxFileTypes>(XdgFolders::DataHome(), XdgFolders::ConfigHome());
     return services;
 }

@@ -39,6 +39,10 @@ std::filesystem::path XdgFolders::DataHome() {
     return baseFolder("XDG_DATA_HOME", ".local/share");
 }
 
+std::filesystem::path XdgFolders::ConfigHome() {
+    return baseFolder("XDG_CONFIG_HOME", ".config");
+}
+
 std::filesystem::path XdgFolders::StateHome() {
     return baseFolder("XDG_STATE_HOME", ".local/state");
 }

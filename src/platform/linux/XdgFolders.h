@@ -10,6 +10,9 @@ namespace XdgFolders {
 /// $XDG_DATA_HOME, else ~/.local/share.
 [[nodiscard]] std::filesystem::path DataHome();
 
+/// $XDG_CONFIG_HOME, else ~/.config.
+[[nodiscard]] std::filesystem::path ConfigHome();
+
 /// $XDG_STATE_HOME, else ~/.local/state.
 [[nodiscard]] std::filesystem::path StateHome();
 
