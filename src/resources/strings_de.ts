@@ -1047,6 +1047,22 @@
         <source>&apos; suspended for this interval.</source>
         <translation>&apos; für dieses Intervall ausgesetzt.</translation>
     </message>
+    <message id="580">
+        <source>The service manager could not be started.</source>
+        <translation>Die Dienstverwaltung konnte nicht gestartet werden.</translation>
+    </message>
+    <message id="581">
+        <source>The time server did not answer in time.</source>
+        <translation>Der Zeitserver hat nicht rechtzeitig geantwortet.</translation>
+    </message>
+    <message id="582">
+        <source>The answer of the time server is no time.</source>
+        <translation>Die Antwort des Zeitservers ist keine Uhrzeit.</translation>
+    </message>
+    <message id="583">
+        <source>Kalvenor activities</source>
+        <translation>Kalvenor-Aktivitäten</translation>
+    </message>
 </context>
 <context>
     <name>Own texts</name>
@@ -1141,6 +1157,22 @@
     <message id="454">
         <source>Another process works on the activity file '%1'. Nothing was run.</source>
         <translation>Ein anderer Prozess arbeitet mit der Aktivitätsdatei '%1'. Nichts wurde ausgeführt.</translation>
+    </message>
+    <message id="580">
+        <source>The service manager could not be started.</source>
+        <translation>Die Dienstverwaltung konnte nicht gestartet werden.</translation>
+    </message>
+    <message id="581">
+        <source>The time server did not answer in time.</source>
+        <translation>Der Zeitserver hat nicht rechtzeitig geantwortet.</translation>
+    </message>
+    <message id="582">
+        <source>The answer of the time server is no time.</source>
+        <translation>Die Antwort des Zeitservers ist keine Uhrzeit.</translation>
+    </message>
+    <message id="583">
+        <source>Kalvenor activities</source>
+        <translation>Kalvenor-Aktivitäten</translation>
     </message>
 </context>
 </TS>

@@ -1047,6 +1047,22 @@
         <source>&apos; suspended for this interval.</source>
         <translation>&apos; suspended for this interval.</translation>
     </message>
+    <message id="580">
+        <source>The service manager could not be started.</source>
+        <translation>The service manager could not be started.</translation>
+    </message>
+    <message id="581">
+        <source>The time server did not answer in time.</source>
+        <translation>The time server did not answer in time.</translation>
+    </message>
+    <message id="582">
+        <source>The answer of the time server is no time.</source>
+        <translation>The answer of the time server is no time.</translation>
+    </message>
+    <message id="583">
+        <source>Kalvenor activities</source>
+        <translation>Kalvenor activities</translation>
+    </message>
 </context>
 <context>
     <name>Own texts</name>
@@ -1141,6 +1157,22 @@
     <message id="454">
         <source>Another process works on the activity file '%1'. Nothing was run.</source>
         <translation>Another process works on the activity file '%1'. Nothing was run.</translation>
+    </message>
+    <message id="580">
+        <source>The service manager could not be started.</source>
+        <translation>The service manager could not be started.</translation>
+    </message>
+    <message id="581">
+        <source>The time server did not answer in time.</source>
+        <translation>The time server did not answer in time.</translation>
+    </message>
+    <message id="582">
+        <source>The answer of the time server is no time.</source>
+        <translation>The answer of the time server is no time.</translation>
+    </message>
+    <message id="583">
+        <source>Kalvenor activities</source>
+        <translation>Kalvenor activities</translation>
     </message>
 </context>
 </TS>
