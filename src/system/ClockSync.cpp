@@ -24,7 +24,6 @@ void ClockSync::Begin() {
     drop();
     m_attempt = std::make_shared<const int>();
     m_answer.clear();
-    m_connected = m_clock.MonotonicNow();
     m_socket = std::make_unique<QTcpSocket>();
     m_socket->setReadBufferSize(mostBytes + 1);
     connectSocket();
