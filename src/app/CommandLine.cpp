@@ -1,5 +1,6 @@
 #include "CommandLine.h"
 
+#include "ServiceMode.h"
 #include "modNativePath.h"
 #include <array>
 
@@ -65,6 +66,10 @@ CommandLine ParseCommandLine(const QStringList& words) {
         return result;
     if (result.text == QLatin1String("STARTSERVICE")) {
         result.kind = CommandLine::Kind::StartService;
+        return result;
+    }
+    if (ServiceMode::IsWord(result.text)) {
+        result.kind = CommandLine::Kind::ServiceWord;
         return result;
     }
     result.kind = CommandLine::Kind::File;

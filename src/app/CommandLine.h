@@ -8,6 +8,7 @@ struct CommandLine {
     enum class Kind {
         Nothing,      ///< no argument: the default file
         StartService, ///< started by the service manager
+        ServiceWord,  ///< a word that manages the service
         File          ///< the path of an activity file
     };
     Kind kind = Kind::Nothing;

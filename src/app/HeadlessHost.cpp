@@ -22,6 +22,7 @@ std::optional<int> HeadlessHost::Start(const CommandLine& commandLine) {
     case StartUpResult::Running:
         break;
     }
+    m_program.Services().serviceManager->NotifyReady();
     if (!m_program.Monitoring().IsOn() && m_program.Options().StartUp != 1)
         m_log.Line(HeadlessLog::Priority::Notice, texts.Text(440));
     return std::nullopt;
@@ -30,6 +31,7 @@ std::optional<int> HeadlessHost::Start(const CommandLine& commandLine) {
 void HeadlessHost::RequestStop() {
     if (m_waiter.Waiting())
         return;
+    m_program.Services().serviceManager->NotifyStopping();
     m_waiter.Begin();
     if (m_program.Monitoring().IsOn())
         m_program.Monitoring().StopMonitoring();

@@ -27,6 +27,8 @@ constexpr std::array file{MenuEntry{"mnuAddDirMain", 151, Command::AddActivity, 
                           MenuEntry{"mnuDeleteAllActivities", 143, Command::DeleteAll},
                           separator,
                           MenuEntry{"mnuPreferences", 144, Command::Preferences, Picture::Settings, "Ctrl+,"},
+                          MenuEntry{"mnuServiceOptions", 428, Command::ServiceOptions},
+                          MenuEntry{"mnuTimeSync", 145, Command::SynchroniseClock},
                           separator,
                           MenuEntry{"mnuViewLogfile", 146, Command::ShowAppLog, Picture::Log},
                           MenuEntry{"mnuDeleteLogfile", 147, Command::DeleteAppLog},
@@ -58,8 +60,12 @@ constexpr std::array edit{
     separator,
     MenuEntry{"mnuProperties", 158, Command::Properties, Picture::Properties, "Alt+Return"}};
 
-constexpr std::array help{MenuEntry{"mnuHelpDoc", 127, Command::Help, Picture::Help, "F1"}, separator,
-                          MenuEntry{"mnuSysInfo", 0, Command::SystemInfo, Picture::SystemInfo}, separator,
+constexpr std::array help{MenuEntry{"mnuHelpDoc", 127, Command::Help, Picture::Help, "F1"},
+                          separator,
+                          MenuEntry{"mnuCheckForUpdates", 406, Command::CheckForUpdates},
+                          separator,
+                          MenuEntry{"mnuSysInfo", 0, Command::SystemInfo, Picture::SystemInfo},
+                          separator,
                           MenuEntry{"mnuAbout", 150, Command::About, Picture::Idle}};
 
 struct Button {

@@ -10,6 +10,7 @@
 #include "MonitoringTimers.h"
 #include "PlatformServices.h"
 #include "RunState.h"
+#include "ServiceMode.h"
 #include "StringTable.h"
 #include "clsWatcher.h"
 #include "clsXML.h"
@@ -36,6 +37,7 @@ class Program final {
     [[nodiscard]] ActivityList& List() { return m_list; }
     [[nodiscard]] MonitoringTimers& Timers() { return m_timers; }
     [[nodiscard]] MonitoringController& Monitoring();
+    [[nodiscard]] ServiceMode& Service() { return m_service; }
     [[nodiscard]] RunState& State() { return m_runState; }
 
     /// "Kalvenor Pro 2.1".
@@ -74,5 +76,6 @@ class Program final {
     ActivityList m_list;
     MonitoringTimers m_timers;
     RunState m_runState;
+    ServiceMode m_service;
     std::unique_ptr<Engine> m_engine;
 };

@@ -3,6 +3,7 @@
 #include "CommandGuard.h"
 #include "CommandLine.h"
 #include "Program.h"
+#include "clsAssocFile.h"
 #include "modNativePath.h"
 
 namespace {
@@ -20,6 +21,14 @@ void openArgument(Program& program, const CommandLine& commandLine) {
                            MessageButtons::Ok});
 }
 
+/// True when the word ends the program; in a test this returns.
+bool obeys(Program& program, const QString& word) {
+    const std::optional<int> code = program.Service().ServiceConfiguration(word, ServiceCaller::CommandLine);
+    if (code)
+        program.Services().process->EndNow(*code);
+    return code.has_value();
+}
+
 bool passNotice(Program& program, StartUpFace& face) {
     if (program.IsNoticeAccepted())
         return true;
@@ -35,7 +44,11 @@ bool passNotice(Program& program, StartUpFace& face) {
 StartUpResult RunStartUp(Program& program, const CommandLine& commandLine, StartUpFace& face) {
     const auto ended = [&] { return program.State().closing; };
 
+    PlatformServices& services = program.Services();
+    clsAssocFile(*services.fileTypes, *services.settings, program.Texts()).RegisterOnce(services.places);
     program.File().EnsureDefaultExists();
+    if (commandLine.kind == CommandLine::Kind::ServiceWord && obeys(program, commandLine.text))
+        return StartUpResult::Ended;
     openArgument(program, commandLine);
     face.Appear();
     program.Options().ReadRegistry();
@@ -57,5 +70,6 @@ StartUpResult RunStartUp(Program& program, const CommandLine& commandLine, Start
     if (!accepted)
         return StartUpResult::Declined;
     program.AllowTicks();
+    static_cast<void>(program.Service().ServiceConfiguration(QStringLiteral("initialize"), ServiceCaller::CommandLine));
     return StartUpResult::Running;
 }

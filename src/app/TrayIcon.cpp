@@ -14,6 +14,7 @@ constexpr MenuEntry separator{};
 constexpr std::array entries{MenuEntry{"mnuResizeTray", 0, Command::Restore, Picture::Idle},
                              separator,
                              MenuEntry{"mnuPreferencesTray", 144, Command::Preferences, Picture::Settings},
+                             MenuEntry{"mnuSyncTray", 145, Command::SynchroniseFromTray},
                              separator,
                              MenuEntry{"mnuStartTray", 142, Command::StartStop},
                              separator,

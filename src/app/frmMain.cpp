@@ -41,7 +41,7 @@ frmMain::frmMain(Program& program, const Tools& tools)
       m_placement(*this, *program.Services().settings), m_runNow(program), m_activities(program, *m_view, tools.editor),
       m_files(program, tools.picker), m_help(program, tools.dialogs),
       m_options(program, tools.dialogs, tools.picker, m_help), m_logs(program, tools.dialogs),
-      m_search(program, tools.dialogs, *m_view), m_waiter(program) {
+      m_search(program, tools.dialogs, *m_view), m_system(program, tools.dialogs), m_waiter(program) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(Program::Title());
     setAcceptDrops(true);
@@ -53,6 +53,7 @@ frmMain::frmMain(Program& program, const Tools& tools)
     connect(&m_files, &ActivityFileCommands::Progress, &m_status, &StatusPanel::Say);
     connect(&m_search, &SearchCommands::SearchAgainEnabled, this,
             [this](bool enabled) { m_menu.SetSearchAgainEnabled(enabled); });
+    connect(&m_system, &SystemCommands::EndWanted, this, &frmMain::CloseWithoutQuestion);
     tools.dialogs.SetWindow(this);
     connect(this, &frmMain::Closing, this, [&dialogs = tools.dialogs] { dialogs.StopWaiting(); });
     connectProgram();
@@ -100,7 +101,8 @@ void frmMain::run(Command command) {
         return runNow([this] { m_runNow.ExecuteMarked(m_view->SelectedNames()); });
     default:
         runOnActivities(command);
-        return runDialog(command);
+        runDialog(command);
+        return runSystem(command);
     }
 }
 
@@ -156,6 +158,21 @@ void frmMain::runDialog(Command command) {
     }
 }
 
+void frmMain::runSystem(Command command) {
+    switch (command) {
+    case Command::ServiceOptions:
+        return m_system.ShowServiceOptions();
+    case Command::SynchroniseClock:
+        return m_system.SynchroniseClock();
+    case Command::SynchroniseFromTray:
+        return m_system.SynchroniseClockOverDialUp();
+    case Command::CheckForUpdates:
+        return m_system.CheckForUpdates();
+    default:
+        return;
+    }
+}
+
 void frmMain::runNow(const std::function<void()>& work) {
     m_menu.SetRunNowEnabled(false);
     work();
@@ -167,6 +184,7 @@ StartUpResult frmMain::Start(const CommandLine& commandLine) {
     if (result == StartUpResult::Running) {
         m_started = true;
         m_status.Say(QString());
+        m_system.CheckForUpdatesOfTheDay();
     }
     return result;
 }

@@ -14,6 +14,7 @@
 #include "SearchCommands.h"
 #include "StartUp.h"
 #include "StatusPanel.h"
+#include "SystemCommands.h"
 #include "TrayIcon.h"
 #include "WindowPlacement.h"
 #include <QMainWindow>
@@ -62,6 +63,7 @@ class frmMain final : public QMainWindow, private StartUpFace {
     void run(Command command);
     void runOnActivities(Command command);
     void runDialog(Command command);
+    void runSystem(Command command);
     void runNow(const std::function<void()>& work);
     void showMonitoring(bool on);
     void showTrayState();
@@ -84,6 +86,7 @@ class frmMain final : public QMainWindow, private StartUpFace {
     OptionsCommand m_options;
     LogCommands m_logs;
     SearchCommands m_search;
+    SystemCommands m_system;
     RunEndWaiter m_waiter;
     bool m_started = false;
     bool m_askingToClose = false;

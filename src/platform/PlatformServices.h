@@ -4,15 +4,19 @@
 #include "Autostart.h"
 #include "Clock.h"
 #include "DesktopMailClient.h"
+#include "DialUp.h"
 #include "EventPump.h"
 #include "FileSystem.h"
+#include "FileTypes.h"
 #include "Locks.h"
 #include "NameService.h"
 #include "OwnFiles.h"
 #include "PowerControl.h"
 #include "Process.h"
 #include "ProgramPlaces.h"
+#include "ServiceManager.h"
 #include "SettingsStore.h"
+#include "SystemClock.h"
 #include "SystemInformation.h"
 #include "clsGetSystemDirectoryPaths.h"
 
@@ -29,6 +33,10 @@ struct PlatformServices {
     std::unique_ptr<DesktopMailClient> desktopMail;
     std::unique_ptr<Autostart> autostart;
     std::unique_ptr<SystemInformation> systemInformation;
+    std::unique_ptr<ServiceManager> serviceManager;
+    std::unique_ptr<SystemClock> systemClock;
+    std::unique_ptr<DialUp> dialUp;
+    std::unique_ptr<FileTypes> fileTypes;
     ProgramPlaces places;
     clsGetSystemDirectoryPaths systemDirectories;
 };

@@ -1366,5 +1366,21 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <source>The folder &apos;%1&apos; could not be opened.</source>
         <translation>Der Ordner &apos;%1&apos; konnte nicht geöffnet werden.</translation>
     </message>
+    <message id="580">
+        <source>The service manager could not be started.</source>
+        <translation>Die Dienstverwaltung konnte nicht gestartet werden.</translation>
+    </message>
+    <message id="581">
+        <source>The time server did not answer in time.</source>
+        <translation>Der Zeitserver hat nicht rechtzeitig geantwortet.</translation>
+    </message>
+    <message id="582">
+        <source>The answer of the time server is no time.</source>
+        <translation>Die Antwort des Zeitservers ist keine Uhrzeit.</translation>
+    </message>
+    <message id="583">
+        <source>Kalvenor activities</source>
+        <translation>Kalvenor-Aktivitäten</translation>
+    </message>
 </context>
 </TS>

@@ -1366,5 +1366,21 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <source>The folder &apos;%1&apos; could not be opened.</source>
         <translation>The folder &apos;%1&apos; could not be opened.</translation>
     </message>
+    <message id="580">
+        <source>The service manager could not be started.</source>
+        <translation>The service manager could not be started.</translation>
+    </message>
+    <message id="581">
+        <source>The time server did not answer in time.</source>
+        <translation>The time server did not answer in time.</translation>
+    </message>
+    <message id="582">
+        <source>The answer of the time server is no time.</source>
+        <translation>The answer of the time server is no time.</translation>
+    </message>
+    <message id="583">
+        <source>Kalvenor activities</source>
+        <translation>Kalvenor activities</translation>
+    </message>
 </context>
 </TS>

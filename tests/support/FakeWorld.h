@@ -21,6 +21,10 @@ class FakeWorld {
         services.nameService = own(names);
         services.autostart = own(autostart);
         services.systemInformation = own(systemInformation);
+        services.serviceManager = own(serviceManager);
+        services.systemClock = own(systemClock);
+        services.dialUp = own(dialUp);
+        services.fileTypes = own(fileTypes);
         services.places.programFolder = dir.path().toStdString();
         services.places.userDataFolder = dir.filePath(QStringLiteral("data")).toStdString();
     }
@@ -35,6 +39,10 @@ class FakeWorld {
     FakeNameService* names = nullptr;
     FakeAutostart* autostart = nullptr;
     FakeSystemInformation* systemInformation = nullptr;
+    FakeServiceManager* serviceManager = nullptr;
+    FakeSystemClock* systemClock = nullptr;
+    FakeDialUp* dialUp = nullptr;
+    FakeFileTypes* fileTypes = nullptr;
     PlatformServices services;
     FakePrompter prompter;
     FakeKeyState keys;

@@ -3,14 +3,18 @@
 
 #include "Autostart.h"
 #include "Clock.h"
+#include "DialUp.h"
 #include "EventPump.h"
+#include "FileTypes.h"
 #include "KeyState.h"
 #include "Locks.h"
 #include "NameService.h"
 #include "PowerControl.h"
 #include "Process.h"
 #include "Prompter.h"
+#include "ServiceManager.h"
 #include "SettingsStore.h"
+#include "SystemClock.h"
 #include "SystemInformation.h"
 
 #include <QMap>
@@ -159,4 +163,54 @@ class FakeSystemInformation final : public SystemInformation {
     std::optional<SystemFacts> Read() const override { return facts; }
     std::optional<SystemFacts> facts = SystemFacts{QStringLiteral("Some System 12"), QStringLiteral("kernel 6.1"),
                                                    QStringLiteral("x86_64"), 4, qint64{8} << 30};
+};
+
+class FakeServiceManager final : public ServiceManager {
+  public:
+    bool Install() override { return did(u"install"_qs); }
+    bool Uninstall() override { return did(u"uninstall"_qs); }
+    bool Start(const QString& service) override { return did(u"start "_qs + service); }
+    bool Stop(const QString& service) override { return did(u"stop "_qs + service); }
+    bool RunsThisProcess() const override { return runsThisProcess; }
+    void NotifyReady() override { did(u"ready"_qs); }
+    void NotifyStopping() override { did(u"stopping"_qs); }
+    void NotifyStatus(const QString& text) override { did(u"status "_qs + text); }
+    void LogEvent(ServiceEvent type, int id, const QString& text) override {
+        did(u"event %1 %2 %3"_qs.arg(static_cast<int>(type)).arg(id).arg(text));
+    }
+    QStringList asked;
+    bool succeeds = true;
+    bool runsThisProcess = false;
+
+  private:
+    bool did(const QString& what) {
+        asked.append(what);
+        return succeeds;
+    }
+};
+
+class FakeSystemClock final : public SystemClock {
+  public:
+    void Set(std::chrono::system_clock::time_point time, Outcome outcome) override {
+        set.push_back(time);
+        outcome(reason);
+    }
+    std::vector<std::chrono::system_clock::time_point> set;
+    QString reason;
+};
+
+class FakeDialUp final : public DialUp {
+  public:
+    bool IsActive() const override { return active; }
+    bool active = false;
+};
+
+class FakeFileTypes final : public FileTypes {
+  public:
+    std::error_code Register(const FileType& type) override {
+        registered.push_back(type);
+        return error;
+    }
+    std::vector<FileType> registered;
+    std::error_code error;
 };

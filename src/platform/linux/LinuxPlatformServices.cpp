@@ -4,13 +4,17 @@
 #include "IniSettingsStore.h"
 #include "LinuxAutostart.h"
 #include "LinuxClock.h"
+#include "LinuxDialUp.h"
 #include "LinuxEventPump.h"
 #include "LinuxFileSystem.h"
+#include "LinuxFileTypes.h"
 #include "LinuxLocks.h"
 #include "LinuxNameService.h"
 #include "LinuxOwnFiles.h"
 #include "LinuxPowerControl.h"
 #include "LinuxProcess.h"
+#include "LinuxServiceManager.h"
+#include "LinuxSystemClock.h"
 #include "LinuxSystemInformation.h"
 #include "XdgFolders.h"
 #include <QCoreApplication>
@@ -49,5 +53,11 @@ PlatformServices MakePlatformServices() {
     services.systemInformation = std::make_unique<LinuxSystemInformation>();
     services.places = {programFolder(), userDataFolder()};
     services.systemDirectories = {"/usr", "/etc", "/"};
+    // Not the path of this process: a tool beside the program may ask too.
+    services.serviceManager = std::make_unique<LinuxServiceManager>(
+        services.places.programFolder / "Kalvenor", XdgFolders::ConfigHome(), ServiceNotifier::FromEnvironment());
+    services.systemClock = std::make_unique<LinuxSystemClock>();
+    services.dialUp = std::make_unique<LinuxDialUp>();
+    services.fileTypes = std::make_unique<LinuxFileTypes>(XdgFolders::DataHome(), XdgFolders::ConfigHome());
     return services;
 }

@@ -2,9 +2,9 @@
 
 #include "FileDescriptor.h"
 #include "OpenMethod.h"
+#include "Tool.h"
 #include <QFile>
 #include <QFileInfo>
-#include <QProcess>
 #include <QUrl>
 #include <algorithm>
 #include <array>
@@ -16,22 +16,12 @@
 
 namespace {
 
-bool startDetached(const QString& program, const QStringList& arguments = {}) {
-    QProcess process;
-    process.setProgram(program);
-    process.setArguments(arguments);
-    process.setStandardInputFile(QProcess::nullDevice());
-    process.setStandardOutputFile(QProcess::nullDevice());
-    process.setStandardErrorFile(QProcess::nullDevice());
-    return process.startDetached();
-}
-
 bool hasDisplay() {
     return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
 }
 
 bool openWithDesktop(const QString& target) {
-    return hasDisplay() && startDetached(QStringLiteral("xdg-open"), {target});
+    return hasDisplay() && Tool::StartDetached(QStringLiteral("xdg-open"), {target});
 }
 
 /// False on file systems where the executable bit comes from the mount, not from the file.
@@ -77,9 +67,9 @@ bool LinuxProcess::Open(const QString& path) {
     const OpenMethod method = S_ISREG(facts.st_mode) ? methodFor(native) : OpenMethod::Desktop;
     switch (method) {
     case OpenMethod::Start:
-        return startDetached(absolute);
+        return Tool::StartDetached(absolute, {});
     case OpenMethod::Shell:
-        return startDetached(QStringLiteral("/bin/sh"), {absolute});
+        return Tool::StartDetached(QStringLiteral("/bin/sh"), {absolute});
     case OpenMethod::Desktop:
         break;
     }

@@ -1,0 +1,65 @@
+#include "SystemCommands.h"
+
+#include "DialogHost.h"
+#include "Program.h"
+#include "Prompter.h"
+#include "ServiceMode.h"
+#include "frmServiceOptions.h"
+
+SystemCommands::SystemCommands(Program& program, DialogHost& dialogs)
+    : m_program(program), m_dialogs(dialogs),
+      m_clock(*program.Services().systemClock, *program.Services().clock, program.Texts()),
+      m_update(*program.Services().settings, *program.Services().clock, [&program](const QUrl& address) {
+          static_cast<void>(program.Services().process->OpenWebPage(address.toString()));
+      }) {
+    m_update.Configure(UpdateConfiguration::OfThisProgram());
+    connect(&m_clock, &ClockSync::Synchronised, this, [this] { tell(m_program.Texts().Text(273), 274, false); });
+    connect(&m_clock, &ClockSync::Failed, this, [this](const QString& reason) { tell(reason, 274, true); });
+    connect(&m_update, &ctlAutoUpdate::Checked, this, &SystemCommands::offerVersion);
+}
+
+void SystemCommands::tell(const QString& text, int titleId, bool isProblem) {
+    m_program.Prompts().Ask({text, m_program.Texts().Text(titleId),
+                             isProblem ? MessageIcon::Exclamation : MessageIcon::Information, MessageButtons::Ok});
+}
+
+void SystemCommands::SynchroniseClockOverDialUp() {
+    const StringTable& texts = m_program.Texts();
+    if (m_program.Services().dialUp->IsActive())
+        m_clock.Begin();
+    else
+        tell(texts.Text(199) + u"\r\n" + texts.Text(200), 201, true);
+}
+
+void SystemCommands::CheckForUpdatesOfTheDay() {
+    static_cast<void>(m_update.CheckOncePerDay());
+}
+
+void SystemCommands::offerVersion(ctlAutoUpdate::Check check) {
+    const StringTable& texts = m_program.Texts();
+    if (!m_update.IsOtherVersion()) {
+        if (check == ctlAutoUpdate::Check::Manual)
+            tell(texts.Text(411), 410, false);
+        return;
+    }
+    const Message question{texts.Text(407) + m_update.GetNewVersion() + texts.Text(408) + u"\r\n\r\n" + texts.Text(409),
+                           texts.Text(410), MessageIcon::Information, MessageButtons::YesNo};
+    if (m_program.Prompts().Ask(question) == MessageAnswer::Yes)
+        m_update.OpenURL(UpdateConfiguration::DownloadPage());
+}
+
+void SystemCommands::ShowServiceOptions() {
+    if (m_dialogs.RaiseOpen())
+        return;
+    frmServiceOptions form(m_program.Texts(), m_dialogs.Parent());
+    bool mustEnd = false;
+    connect(&form, &frmServiceOptions::Chosen, this, [&](const QString& word) {
+        if (m_program.Service().ServiceConfiguration(word, ServiceCaller::Dialog)) {
+            mustEnd = true;
+            form.accept();
+        }
+    });
+    static_cast<void>(m_dialogs.Run(form));
+    if (mustEnd)
+        Q_EMIT EndWanted();
+}

@@ -1,0 +1,41 @@
+// The commands that reach into the system: setting the clock, asking for a newer version, the service. Owns what is
+// under way of each; outcomes are told in boxes.
+#pragma once
+
+#include "ClockSync.h"
+#include "ctlAutoUpdate.h"
+
+class DialogHost;
+class Program;
+
+class SystemCommands final : public QObject {
+    Q_OBJECT
+  public:
+    SystemCommands(Program& program, DialogHost& dialogs);
+
+    /// mnuTimeSync.
+    void SynchroniseClock() { m_clock.Begin(); }
+    /// mnuSyncTray: over a dial-up line only.
+    void SynchroniseClockOverDialUp();
+
+    /// mnuCheckForUpdates.
+    void CheckForUpdates() { m_update.CheckForNewVersion(); }
+    /// At the start: if the user wants it, once a day. Only a newer version is told of.
+    void CheckForUpdatesOfTheDay();
+
+    /// mnuServiceOptions.
+    void ShowServiceOptions();
+
+  Q_SIGNALS:
+    /// The service takes over: the program is to end.
+    void EndWanted();
+
+  private:
+    void tell(const QString& text, int titleId, bool isProblem);
+    void offerVersion(ctlAutoUpdate::Check check);
+
+    Program& m_program;
+    DialogHost& m_dialogs;
+    ClockSync m_clock;
+    ctlAutoUpdate m_update;
+};

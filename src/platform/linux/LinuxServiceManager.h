@@ -1,0 +1,36 @@
+// The user's own systemd: the service is a unit file below $XDG_CONFIG_HOME/systemd/user, which `systemctl --user`
+// enables, starts and stops. Owns the name of the socket for notices. Entries for the event log are lines on standard
+// error, with the priority in front when that is the journal (sd-daemon(3)).
+#pragma once
+
+#include "ServiceManager.h"
+#include "ServiceNotifier.h"
+#include <filesystem>
+
+class LinuxServiceManager final : public ServiceManager {
+  public:
+    /// `configHome` may be empty: then nothing can be installed.
+    LinuxServiceManager(std::filesystem::path program, std::filesystem::path configHome, ServiceNotifier notifier);
+
+    /// Both wait up to ten seconds for each call of systemctl.
+    [[nodiscard]] bool Install() override;
+    [[nodiscard]] bool Uninstall() override;
+
+    /// Through the command interpreter that $COMSPEC names, where it is set.
+    [[nodiscard]] bool Start(const QString& service) override;
+    [[nodiscard]] bool Stop(const QString& service) override;
+
+    [[nodiscard]] bool RunsThisProcess() const override { return m_notifier.HasListener(); }
+    void NotifyReady() override;
+    void NotifyStopping() override;
+    void NotifyStatus(const QString& text) override;
+    void LogEvent(ServiceEvent type, int id, const QString& text) override;
+
+  private:
+    std::filesystem::path m_program;
+    std::filesystem::path m_unit; ///< empty when there is no place for it
+    ServiceNotifier m_notifier;
+};
+
+/// One line for the event log; `journal`: it begins with its priority.
+[[nodiscard]] QByteArray EventLine(ServiceEvent type, int id, const QString& text, bool journal);

@@ -1,0 +1,97 @@
+#include "ClockSync.h"
+
+#include "Clock.h"
+#include "StringTable.h"
+#include "TimeAnswer.h"
+
+namespace {
+constexpr qsizetype mostBytes = 64; // a server that says more is none for the time
+}
+
+ClockSync::ClockSync(SystemClock& systemClock, const Clock& clock, const StringTable& texts, TimeServer server,
+                     std::chrono::milliseconds timeout)
+    : m_systemClock(systemClock), m_clock(clock), m_texts(texts), m_server(std::move(server)) {
+    m_timeout.setSingleShot(true);
+    m_timeout.setInterval(timeout);
+    connect(&m_timeout, &QTimer::timeout, this, [this] { fail(m_texts.Text(581)); });
+}
+
+ClockSync::~ClockSync() {
+    drop();
+}
+
+void ClockSync::Begin() {
+    drop();
+    m_attempt = std::make_shared<const int>();
+    m_answer.clear();
+    m_socket = std::make_unique<QTcpSocket>();
+    m_socket->setReadBufferSize(mostBytes + 1);
+    connectSocket();
+    m_timeout.start();
+    m_socket->connectToHost(m_server.host, m_server.port);
+}
+
+void ClockSync::connectSocket() {
+    // Queued, since each may end the socket; an outcome that still waits for a former one is dropped with it.
+    connect(m_socket.get(), &QTcpSocket::connected, this, [this] { m_connected = m_clock.MonotonicNow(); });
+    connect(m_socket.get(), &QTcpSocket::readyRead, this, &ClockSync::read, Qt::QueuedConnection);
+    const auto unlessDropped = [this](auto action) {
+        return [this, action, attempt = std::weak_ptr<const int>(m_attempt)] {
+            if (!attempt.expired() && m_socket)
+                action();
+        };
+    };
+    connect(m_socket.get(), &QTcpSocket::disconnected, this, unlessDropped([this] { onClosed(); }),
+            Qt::QueuedConnection);
+    const auto onError = unlessDropped([this] {
+        if (m_socket->error() != QAbstractSocket::RemoteHostClosedError) // that is the end of an answer
+            fail(m_socket->errorString());
+    });
+    connect(m_socket.get(), &QTcpSocket::errorOccurred, this, onError, Qt::QueuedConnection);
+}
+
+void ClockSync::read() {
+    if (!m_socket)
+        return;
+    m_answer += m_socket->read(mostBytes + 1);
+    if (m_answer.size() > mostBytes)
+        fail(m_texts.Text(582));
+}
+
+void ClockSync::onClosed() {
+    read();
+    if (!m_socket)
+        return;
+    const auto roundTrip = m_clock.MonotonicNow() - m_connected;
+    m_timeout.stop();
+    m_socket.reset();
+    const auto time = TimeAnswer::Convert(m_answer, roundTrip);
+    if (time)
+        set(*time);
+    else
+        Q_EMIT Ignored();
+}
+
+void ClockSync::set(std::chrono::system_clock::time_point time) {
+    m_systemClock.Set(time, [this, attempt = std::weak_ptr<const int>(m_attempt)](const QString& reason) {
+        if (attempt.expired())
+            return;
+        if (reason.isEmpty())
+            Q_EMIT Synchronised();
+        else
+            Q_EMIT Failed(reason);
+    });
+}
+
+void ClockSync::drop() {
+    m_attempt.reset();
+    m_timeout.stop();
+    if (m_socket)
+        m_socket->disconnect(this);
+    m_socket.reset();
+}
+
+void ClockSync::fail(const QString& reason) {
+    drop();
+    Q_EMIT Failed(reason);
+}

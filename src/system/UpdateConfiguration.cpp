@@ -1,0 +1,11 @@
+#include "UpdateConfiguration.h"
+
+UpdateConfiguration UpdateConfiguration::OfThisProgram() {
+    const QString site = QStringLiteral(KALVENOR_UPDATE_SITE);
+    return {QStringLiteral("Kalvenor"),    QStringLiteral(KALVENOR_VERSION), site,
+            QStringLiteral("Version.inf"), site + u"/Kalvenor.exe",          QStringLiteral("Kalvenor Pro AutoUpdate")};
+}
+
+QUrl UpdateConfiguration::DownloadPage() {
+    return QUrl(QStringLiteral(KALVENOR_DOWNLOAD_PAGE));
+}

@@ -1,0 +1,31 @@
+#include "clsAssocFile.h"
+
+#include "ProgramPlaces.h"
+#include "SettingsStore.h"
+#include "StringTable.h"
+
+namespace {
+
+const QString application = QStringLiteral("Kalvenor");
+const QString section = QStringLiteral("Options");
+const QString key = QStringLiteral("Done");
+
+bool isTrue(const QString& value) {
+    const QString plain = value.trimmed();
+    return plain == QLatin1String("1") || plain.compare(QLatin1String("True"), Qt::CaseInsensitive) == 0;
+}
+
+} // namespace
+
+void clsAssocFile::SetFileAssoc(const std::filesystem::path& program, const QString& extension,
+                                const std::filesystem::path& icon, const QString& description) {
+    static_cast<void>(m_types.Register({program, extension, icon, description}));
+}
+
+void clsAssocFile::RegisterOnce(const ProgramPlaces& places) {
+    if (isTrue(m_settings.Read(application, section, key).value_or(QString())))
+        return;
+    SetFileAssoc(places.programFolder / "Kalvenor", QStringLiteral(".kvd"), places.programFolder / "kvd.ico",
+                 m_texts.Text(583));
+    static_cast<void>(m_settings.Write(application, section, key, QStringLiteral("1")));
+}

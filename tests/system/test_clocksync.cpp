@@ -1,0 +1,198 @@
+// The number that a time server sends, and servers that do not behave. No clock is set.
+#include "ClockSync.h"
+#include "Fakes.h"
+#include "ServerProcess.h"
+#include "StringTable.h"
+#include "TimeAnswer.h"
+
+#include <QDateTime>
+#include <QTcpServer>
+#include <QTest>
+#include <QTimeZone>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+QString asText(std::chrono::system_clock::time_point time) {
+    return QDateTime::fromMSecsSinceEpoch(
+               std::chrono::duration_cast<std::chrono::milliseconds>(time.time_since_epoch()).count(), Qt::UTC)
+        .toString(Qt::ISODate);
+}
+
+/// Every look at it finds it 1.2 seconds on: a round trip takes two.
+class SteppingClock final : public Clock {
+  public:
+    std::chrono::system_clock::time_point Now() const override { return {}; }
+    std::chrono::steady_clock::time_point MonotonicNow() const override { return m_now += 1200ms; }
+
+  private:
+    mutable std::chrono::steady_clock::time_point m_now;
+};
+
+/// Sends what the test says to whoever connects.
+struct ScriptedServer {
+    ScriptedServer() {
+        listening = server.listen(QHostAddress::LocalHost);
+        QObject::connect(&server, &QTcpServer::newConnection, &server, [this] {
+            socket = server.nextPendingConnection();
+            if (onConnection)
+                onConnection();
+        });
+    }
+    [[nodiscard]] TimeServer Address() const { return {u"127.0.0.1"_qs, server.serverPort()}; }
+    QTcpServer server;
+    bool listening = false;
+    QTcpSocket* socket = nullptr;
+    std::function<void()> onConnection;
+};
+
+/// Everything that a synchronisation said.
+struct Outcomes {
+    explicit Outcomes(ClockSync& sync) {
+        QObject::connect(&sync, &ClockSync::Synchronised, &sync, [this] { said.append(u"set"_qs); });
+        QObject::connect(&sync, &ClockSync::Ignored, &sync, [this] { said.append(u"ignored"_qs); });
+        QObject::connect(&sync, &ClockSync::Failed, &sync, [this](const QString& reason) { said.append(reason); });
+    }
+    QStringList said;
+};
+
+} // namespace
+
+class TestClockSync final : public QObject {
+    Q_OBJECT
+  private Q_SLOTS:
+    void convertsAnAnswer_data() {
+        QTest::addColumn<QByteArray>("answer");
+        QTest::addColumn<int>("roundTripMilliseconds");
+        QTest::addColumn<QString>("time"); // "": none
+        const auto row = [](const char* name, const char* hex, int roundTrip, const QString& time) {
+            QTest::newRow(name) << QByteArray::fromHex(hex) << roundTrip << time;
+        };
+        row("2019", "e0000000", 0, u"2019-02-02T11:39:44Z"_qs);
+        row("0.4 s on the way", "e0000000", 800, u"2019-02-02T11:39:44Z"_qs);
+        row("0.6 s on the way", "e0000000", 1200, u"2019-02-02T11:39:45Z"_qs);
+        row("more than four bytes", "e0000000ff", 0, u"2019-02-02T11:39:44Z"_qs);
+        row("the base", "a9491c00", 0, u"1990-01-01T00:00:00Z"_qs);
+        row("the last", "ffffffff", 0, u"2036-02-07T06:28:15Z"_qs);
+        row("the first in range", "29491c00", 0, u"1921-12-13T20:45:52Z"_qs);
+        row("below it", "29491bff", 0, {});
+        row("three bytes", "e00000", 0, {});
+        row("nothing", "", 0, {});
+    }
+    void convertsAnAnswer() {
+        QFETCH(QByteArray, answer);
+        QFETCH(int, roundTripMilliseconds);
+        const auto time = TimeAnswer::Convert(answer, std::chrono::milliseconds(roundTripMilliseconds));
+        QTEST(time ? asText(*time) : QString(), "time");
+    }
+
+    void setsTheTimeOfARealServer() {
+        ServerProcess server;
+        QVERIFY(server.Start(u"time_server.py"_qs));
+        ClockSync sync(m_systemClock, m_clock, m_texts, {u"localhost"_qs, server.port});
+        Outcomes outcomes(sync);
+        sync.Begin();
+        QTRY_COMPARE_WITH_TIMEOUT(outcomes.said, QStringList(u"set"_qs), 20000);
+        const auto error = std::chrono::abs(m_systemClock.set.back() - std::chrono::system_clock::now());
+        QVERIFY(error < 60s);
+    }
+
+    void bearsWithServers_data() {
+        QTest::addColumn<QList<QByteArray>>("parts");
+        QTest::addColumn<bool>("closes");
+        QTest::addColumn<QString>("outcome");
+        const auto row = [](const char* name, const QList<QByteArray>& parts, bool closes, const QString& outcome) {
+            QTest::newRow(name) << parts << closes << outcome;
+        };
+        const QByteArray half("\xe0\0", 2);
+        const QByteArray rest("\0\0", 2);
+        row("in two parts", {half, rest}, true, u"2019-02-02T11:39:45Z"_qs);
+        row("short", {half}, true, u"ignored"_qs);
+        row("empty", {}, true, u"ignored"_qs);
+        row("silent", {}, false, m_texts.Text(581));
+        row("no end", {half, rest}, false, m_texts.Text(581));
+        row("endless", QList<QByteArray>(100, QByteArray(1000, '\xe0')), false, m_texts.Text(582));
+        row("too long, with an end", {QByteArray(65, '\xe0')}, true, m_texts.Text(582));
+    }
+    void bearsWithServers() {
+        QFETCH(QList<QByteArray>, parts);
+        QFETCH(bool, closes);
+        QFETCH(QString, outcome);
+        ScriptedServer server;
+        QVERIFY(server.listening);
+        ClockSync sync(m_systemClock, m_clock, m_texts, server.Address(), 1s);
+        Outcomes outcomes(sync);
+        server.onConnection = [&] {
+            for (const QByteArray& part : parts) {
+                server.socket->write(part);
+                server.socket->flush();
+            }
+            if (closes)
+                server.socket->disconnectFromHost();
+        };
+        const bool sets = outcome.endsWith(u'Z');
+        sync.Begin();
+        QVERIFY(outcomes.said.isEmpty());
+        QTRY_COMPARE_WITH_TIMEOUT(outcomes.said, QStringList(sets ? u"set"_qs : outcome), 20000);
+        QCOMPARE(m_systemClock.set.size(), std::size_t(sets ? 1 : 0));
+        // The next one begins with nothing of this one, whatever is still on its way.
+        server.onConnection = [&] {
+            server.socket->write("\xf0\0\0\0", 4);
+            server.socket->disconnectFromHost();
+        };
+        sync.Begin();
+        QTRY_COMPARE_WITH_TIMEOUT(outcomes.said.size(), 2, 20000);
+        QCOMPARE(outcomes.said.last(), u"set"_qs);
+        QCOMPARE(asText(m_systemClock.set.back()), u"2027-08-06T09:04:01Z"_qs);
+    }
+
+    void tellsWhyTheClockIsNotSet() {
+        ScriptedServer server;
+        server.onConnection = [&] {
+            server.socket->write("\xe0\0\0\0", 4);
+            server.socket->disconnectFromHost();
+        };
+        m_systemClock.reason = u"Operation not permitted"_qs;
+        ClockSync sync(m_systemClock, m_clock, m_texts, server.Address());
+        Outcomes outcomes(sync);
+        sync.Begin();
+        QTRY_COMPARE(outcomes.said, QStringList(m_systemClock.reason));
+        const TimeServer gone = server.Address();
+        server.server.close();
+        ClockSync refused(m_systemClock, m_clock, m_texts, gone);
+        Outcomes refusal(refused);
+        refused.Begin();
+        QTRY_COMPARE(refusal.said, QStringList(u"Connection refused"_qs));
+    }
+
+    void dropsTheOneUnderWay() {
+        ScriptedServer server;
+        int connections = 0;
+        auto sync = std::make_unique<ClockSync>(m_systemClock, m_clock, m_texts, server.Address());
+        Outcomes outcomes(*sync);
+        server.onConnection = [&] {
+            server.socket->write("\xe0\0\0\0", 4);
+            if (++connections == 2)
+                server.socket->disconnectFromHost();
+        };
+        sync->Begin();
+        QTRY_COMPARE(connections, 1);
+        sync->Begin();
+        QTRY_COMPARE(outcomes.said, QStringList(u"set"_qs));
+        sync->Begin();
+        sync.reset();
+        QTest::qWait(50); // whatever was on its way must find nobody
+        QCOMPARE(outcomes.said.size(), 1);
+    }
+
+    void cleanup() { m_systemClock = FakeSystemClock(); }
+
+  private:
+    FakeSystemClock m_systemClock;
+    SteppingClock m_clock;
+    StringTable m_texts{Language::English};
+};
+
+QTEST_GUILESS_MAIN(TestClockSync)
+#include "test_clocksync.moc"
