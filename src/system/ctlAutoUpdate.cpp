@@ -69,7 +69,7 @@ void ctlAutoUpdate::check(Check kind) {
     });
 }
 
-void ctlAutoUpdate::Download(const QUrl& url, const QString& file, std::function<void(bool)> done) {
+void ctlAutoUpdate::Download(const QUrl& url, const QString& file, const std::function<void(bool written)>& done) {
     m_fetch.Begin(url, m_configuration.agent,
                   [file, done](const std::optional<QByteArray>& body) { done(body && write(file, *body)); });
 }

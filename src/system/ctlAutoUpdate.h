@@ -48,7 +48,7 @@ class ctlAutoUpdate final : public QObject {
 
     /// Fetches a file of at most HttpFetch::MostBytes; `done` is told, never from inside of this call, whether it was
     /// written. A download under way is dropped.
-    void Download(const QUrl& url, const QString& file, std::function<void(bool written)> done);
+    void Download(const QUrl& url, const QString& file, const std::function<void(bool written)>& done);
 
     /// A new file in the user's temporary folder that goes with its object; null when there is no room for it.
     [[nodiscard]] static std::unique_ptr<QTemporaryFile> CreateTempFile();

@@ -38,6 +38,29 @@ class FakeTimedated final : public QDBusVirtualObject {
     QString refusal;
 };
 
+/// A bus of the test's own in the place of the system's, for as long as it lives.
+struct ScratchBus {
+    ScratchBus() {
+        bus.start(u"dbus-daemon"_qs, {u"--session"_qs, u"--nofork"_qs, u"--print-address"_qs});
+        bus.waitForReadyRead();
+        address = QString::fromUtf8(bus.readLine().trimmed());
+        // Never the real one, even when there is none of ours: its clock is not for tests.
+        qputenv("DBUS_SYSTEM_BUS_ADDRESS", address.isEmpty() ? "unix:path=/nowhere" : address.toUtf8());
+    }
+    ~ScratchBus() {
+        QDBusConnection::disconnectFromBus(u"timedated"_qs);
+        bus.kill();
+        bus.waitForFinished();
+    }
+    [[nodiscard]] bool Offer(QDBusVirtualObject& timedated) const {
+        QDBusConnection service = QDBusConnection::connectToBus(address, u"timedated"_qs);
+        return service.registerVirtualObject(u"/org/freedesktop/timedate1"_qs, &timedated) &&
+               service.registerService(u"org.freedesktop.timedate1"_qs);
+    }
+    QProcess bus;
+    QString address;
+};
+
 int settimeRefused(clockid_t, const timespec*) {
     errno = EPERM;
     return -1;
@@ -171,12 +194,9 @@ class TestDesktop final : public QObject {
     }
 
     void asksTimedatedWhereItMayNot() {
-        QProcess bus;
-        bus.start(u"dbus-daemon"_qs, {u"--session"_qs, u"--nofork"_qs, u"--print-address"_qs});
-        QVERIFY(bus.waitForReadyRead());
-        const QString address = QString::fromUtf8(bus.readLine().trimmed());
-        qputenv("DBUS_SYSTEM_BUS_ADDRESS", address.toUtf8());
         FakeTimedated timedated;
+        const ScratchBus bus;
+        QVERIFY(!bus.address.isEmpty());
         LinuxSystemClock clock(&settimeRefused);
         QStringList outcomes;
         const auto outcome = [&](const QString& reason) { outcomes.append(reason); };
@@ -186,9 +206,7 @@ class TestDesktop final : public QObject {
         QTRY_COMPARE(outcomes.size(), 1);
         QVERIFY2(outcomes.last().startsWith(u"Operation not permitted: "_qs), qPrintable(outcomes.last()));
 
-        QDBusConnection service = QDBusConnection::connectToBus(address, u"timedated"_qs);
-        QVERIFY(service.registerVirtualObject(u"/org/freedesktop/timedate1"_qs, &timedated));
-        QVERIFY(service.registerService(u"org.freedesktop.timedate1"_qs));
+        QVERIFY(bus.Offer(timedated));
         clock.Set(time, outcome);
         QTRY_COMPARE(outcomes.size(), 2);
         QCOMPARE(outcomes.last(), QString());
@@ -210,9 +228,6 @@ class TestDesktop final : public QObject {
         QTRY_COMPARE(timedated.calls.size(), 3);
         QTest::qWait(50); // the answer must find nobody
         QCOMPARE(outcomes.size(), 3);
-        QDBusConnection::disconnectFromBus(u"timedated"_qs);
-        bus.kill();
-        bus.waitForFinished();
     }
 };
 

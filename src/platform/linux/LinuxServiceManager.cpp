@@ -46,7 +46,7 @@ QByteArray EventLine(ServiceEvent type, int id, const QString& text, bool journa
     return (journal ? priorityOf(type) : QByteArray()) + line.toUtf8() + '\n';
 }
 
-LinuxServiceManager::LinuxServiceManager(fs::path program, fs::path configHome, ServiceNotifier notifier)
+LinuxServiceManager::LinuxServiceManager(fs::path program, const fs::path& configHome, ServiceNotifier notifier)
     : m_program(std::move(program)),
       m_unit(configHome.empty() ? fs::path() : configHome / "systemd/user" / ServiceUnit::FileName),
       m_notifier(std::move(notifier)) {}

@@ -10,7 +10,8 @@
 class LinuxServiceManager final : public ServiceManager {
   public:
     /// `configHome` may be empty: then nothing can be installed.
-    LinuxServiceManager(std::filesystem::path program, std::filesystem::path configHome, ServiceNotifier notifier);
+    LinuxServiceManager(std::filesystem::path program, const std::filesystem::path& configHome,
+                        ServiceNotifier notifier);
 
     /// Both wait up to ten seconds for each call of systemctl.
     [[nodiscard]] bool Install() override;
