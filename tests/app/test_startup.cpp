@@ -80,7 +80,7 @@ class TestStartUp : public QObject {
         QTest::newRow("a file") << u"%1/other.kvd"_qs << true;
         QTest::newRow("no such file") << u"%1/none.kvd"_qs << false;
         QTest::newRow("a folder") << u"%1/program"_qs << false;
-        QTest::newRow("a command word of a service") << u"install"_qs << false;
+        QTest::newRow("nearly a command word") << u"Install"_qs << false;
         QTest::newRow("blanks") << u"   "_qs << false;
     }
     void argument() {
@@ -106,6 +106,29 @@ class TestStartUp : public QObject {
         QCOMPARE(box.title, u"Invalid file"_qs);
         QCOMPARE(box.icon, MessageIcon::Critical);
         QCOMPARE(program.File().CurrentPath(), fixture.DefaultFile());
+    }
+
+    void wordsOfTheServiceEndTheStart() {
+        AppFixture fixture;
+        fixture.WriteActivities({fixture.Activity(u"A"_qs)});
+        Program program(fixture.services, fixture.prompter, fixture.keys, fixture.texts);
+        RecordingFace face;
+        QCOMPARE(RunStartUp(program, ParseCommandLine({u"install"_qs}), face), StartUpResult::Ended);
+        QCOMPARE(fixture.serviceManager->asked, QStringList{u"install"_qs});
+        QCOMPARE(fixture.prompter.shown.front().text, fixture.texts.Text(412));
+        QCOMPARE(fixture.process->endedWith, std::optional<int>(0));
+        QVERIFY(face.steps.isEmpty());
+    }
+
+    void theFileTypeIsRegisteredOnce() {
+        AppFixture fixture;
+        for (int start = 0; start < 2; ++start) {
+            Program program(fixture.services, fixture.prompter, fixture.keys, fixture.texts);
+            RecordingFace face;
+            QCOMPARE(RunStartUp(program, {}, face), StartUpResult::Running);
+        }
+        QCOMPARE(fixture.fileTypes->registered.size(), std::size_t(1));
+        QCOMPARE(fixture.settings->values.value(u"Kalvenor/Options/Done"_qs), u"1"_qs);
     }
 
     void steps_data() {
@@ -166,7 +189,7 @@ class TestStartUp : public QObject {
         Program program(fixture.services, fixture.prompter, fixture.keys, fixture.texts);
         RecordingFace face;
         QCOMPARE(RunStartUp(program, {}, face), StartUpResult::Declined);
-        QVERIFY(fixture.settings->values.isEmpty());
+        QCOMPARE(fixture.settings->values.keys(), QStringList{u"Kalvenor/Options/Done"_qs}); // of the file type
         QVERIFY(!program.IsNoticeAccepted());
     }
 
@@ -194,6 +217,7 @@ class TestStartUp : public QObject {
         QVERIFY(said.contains(fixture.texts.Text(439)));
         QVERIFY(fixture.settings->values.isEmpty());
         QVERIFY(!QFile::exists(fixture.DefaultFile()));
+        QVERIFY(fixture.fileTypes->registered.empty() && fixture.serviceManager->asked.isEmpty());
     }
 
     void headlessSaysWhyItIsIdle_data() {
@@ -221,6 +245,7 @@ class TestStartUp : public QObject {
         QVERIFY(closed.wait());
         QVERIFY(!program.Monitoring().IsOn());
         QVERIFY(program.State().closing);
+        QCOMPARE(fixture.serviceManager->asked, (QStringList{u"ready"_qs, u"stopping"_qs}));
     }
 
     void questionsWithoutAUser_data() {
