@@ -15,8 +15,7 @@ RunContext::RunContext(const Parts& parts, QString name, std::shared_ptr<Folder>
                        std::shared_ptr<Folder> destination)
     : m_parts(parts), m_name(std::move(name)), m_source(std::move(source)), m_destination(std::move(destination)),
       m_lastYield(parts.clock.MonotonicNow()), m_recordReadAt(parts.runState.eventsRan - 1),
-      m_interrupted(std::exchange(parts.runState.progress, {m_name})),
-      m_transfer(parts.fileSystem.NewTransfer(*this)) {
+      m_interrupted(std::exchange(parts.runState.progress, {m_name})), m_transfer(parts.fileSystem.NewTransfer(*this)) {
     for (const auto& root : {m_source, m_destination})
         for (const FileId id : root->Ancestors())
             m_protected.insert(id);

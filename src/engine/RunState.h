@@ -25,7 +25,7 @@ struct RunState {
     bool closing = false;   ///< the program is about to end: finish the present file, then return
     unsigned eventsRan = 0; ///< counts the times events could run: what was read before may be stale
     QString lastProcessed;  ///< name of the activity processed last
-    bool anyFailed = false;  ///< a run had a missing directory or a failure; cleared by whoever has shown it
+    bool anyFailed = false; ///< a run had a missing directory or a failure; cleared by whoever has shown it
     RunProgress progress;
     /// Something is under way that must not be cut off, by switching the machine off say.
     [[nodiscard]] bool Running() const { return depth > 0 || mails > 0; }

@@ -26,7 +26,8 @@ class FakeEditor final : public ActivityEditor {
 
 struct Window {
     explicit Window(AppFixture& fixture)
-        : program(fixture.services, fixture.prompter, fixture.keys, fixture.texts), form(program, {dialogs, picker, editor}) {
+        : program(fixture.services, fixture.prompter, fixture.keys, fixture.texts),
+          form(program, {dialogs, picker, editor}) {
         QCOMPARE(form.Start({}), StartUpResult::Running);
     }
     QAction& Command(const char* name) { return *form.findChild<QAction*>(QLatin1String(name)); }
