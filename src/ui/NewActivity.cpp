@@ -7,6 +7,7 @@ ActivityRecord NewActivity() {
     record.SetNumber(ActivityField::Type, 1);
     record.SetNumber(ActivityField::Interval, 10);
     record.SetNumber(ActivityField::Action, 0);
+    record.SetOn(ActivityField::Alert, false);
     record.SetOn(ActivityField::AllFiles, true);
     record.SetOn(ActivityField::Active, true);
     record.SetOn(ActivityField::UseSmtp, true);

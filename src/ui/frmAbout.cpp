@@ -51,7 +51,7 @@ frmAbout::frmAbout(const StringTable& texts, QWidget* parent) : QDialog(parent) 
     QLabel* link = linkLabel(texts.Text(103));
     connect(link, &QLabel::linkActivated, this, &frmAbout::HomePageWanted);
 
-    auto* buttons = new QDialogButtonBox;
+    auto* buttons = new QDialogButtonBox(this);
     QPushButton* system = buttons->addButton(texts.Text(530), QDialogButtonBox::ActionRole);
     QPushButton* ok = buttons->addButton(texts.Text(448), QDialogButtonBox::AcceptRole);
     system->setObjectName(QStringLiteral("cmdSysInfo"));

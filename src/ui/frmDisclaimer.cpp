@@ -37,7 +37,7 @@ frmDisclaimer::frmDisclaimer(const StringTable& texts, QWidget* parent) : QDialo
     notice->setWordWrap(true);
     notice->setMinimumWidth(notice->fontMetrics().averageCharWidth() * 70);
 
-    auto* buttons = new QDialogButtonBox;
+    auto* buttons = new QDialogButtonBox(this);
     QPushButton* accept = buttons->addButton(texts.Text(111), QDialogButtonBox::AcceptRole);
     QPushButton* decline = buttons->addButton(texts.Text(112), QDialogButtonBox::RejectRole);
     accept->setObjectName(QStringLiteral("cmdAccept"));

@@ -22,7 +22,7 @@ frmOptions::frmOptions(const EditorServices& services, Request request, QWidget*
     setWindowTitle(m_request.name.isEmpty() ? texts.Text(460) : texts.Text(461).arg(m_request.name));
     buildTabs();
 
-    auto* buttons = new QDialogButtonBox;
+    auto* buttons = new QDialogButtonBox(this);
     QPushButton* ok = buttons->addButton(texts.Text(448), QDialogButtonBox::AcceptRole);
     QPushButton* cancel = buttons->addButton(texts.Text(449), QDialogButtonBox::RejectRole);
     FormParts::Name(*ok, "cmdOK", texts.Text(448));
@@ -44,6 +44,8 @@ frmOptions::frmOptions(const EditorServices& services, Request request, QWidget*
     m_schedule->Show(m_request.record);
     m_action->Show(m_request.record);
     m_mail->Show(m_request.record);
+    if (m_request.name.isEmpty())
+        lead(EditorChecks::Tab::Directories, "txtName");
 }
 
 void frmOptions::buildTabs() {

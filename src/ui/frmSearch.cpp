@@ -22,14 +22,14 @@ frmSearch::frmSearch(const StringTable& texts, const QString& text, bool matchCa
     m_matchCase->setObjectName(QStringLiteral("chkMatchCase"));
     m_matchCase->setChecked(matchCase);
 
-    auto* buttons = new QDialogButtonBox;
+    auto* buttons = new QDialogButtonBox(this);
     QPushButton* ok = buttons->addButton(texts.Text(448), QDialogButtonBox::AcceptRole);
     QPushButton* cancel = buttons->addButton(texts.Text(525), QDialogButtonBox::RejectRole);
     ok->setObjectName(QStringLiteral("cmdOK"));
-    ok->setDefault(true);
     ok->setEnabled(!text.isEmpty());
     cancel->setObjectName(QStringLiteral("cmdCancel"));
     connect(m_text, &QLineEdit::textChanged, ok, [ok](const QString& now) { ok->setEnabled(!now.isEmpty()); });
+    ok->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 

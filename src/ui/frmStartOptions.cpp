@@ -113,7 +113,7 @@ QGroupBox* frmStartOptions::buildLogFile(const Options& options) {
 }
 
 QDialogButtonBox* frmStartOptions::buildButtons() {
-    auto* buttons = new QDialogButtonBox;
+    auto* buttons = new QDialogButtonBox(this);
     QPushButton* save = buttons->addButton(m_parts.texts.Text(125), QDialogButtonBox::AcceptRole);
     QPushButton* cancel = buttons->addButton(m_parts.texts.Text(126), QDialogButtonBox::RejectRole);
     QPushButton* help = buttons->addButton(m_parts.texts.Text(127), QDialogButtonBox::HelpRole);

@@ -17,7 +17,7 @@ frmText::frmText(const StringTable& texts, const QString& title, const QString& 
     QPlainTextEdit* box = modTextBox::Make(QStringLiteral("txtText"), title);
     box->setPlainText(text);
 
-    auto* buttons = new QDialogButtonBox;
+    auto* buttons = new QDialogButtonBox(this);
     QPushButton* copy = buttons->addButton(texts.Text(532), QDialogButtonBox::ActionRole);
     QPushButton* close = buttons->addButton(texts.Text(531), QDialogButtonBox::RejectRole);
     copy->setObjectName(QStringLiteral("cmdCopy"));

@@ -227,6 +227,18 @@ class TestFrmOptions : public QObject {
         QCOMPARE(world.store.prompter.shown[0].title, q("Error"));
     }
 
+    void aNewActivityBeginsWithItsNameAndEnterEndsIt() {
+        EditorWorld world;
+        frmOptions form(world.Services(), world.Request(QString(), world.Usable()));
+        form.show();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        QCOMPARE(form.focusWidget()->objectName(), q("txtName"));
+        QTest::keyClicks(form.focusWidget(), q("Photos"));
+        QTest::keyClick(form.focusWidget(), Qt::Key_Return);
+        QCOMPARE(world.writtenName, q("Photos"));
+        QVERIFY(!form.isVisible());
+    }
+
     void formThatWasClosedMeanwhileWritesNothing() {
         EditorWorld world;
         world.system = {world.store.Path("cwd").toStdString(), "/etc", "/"};
