@@ -307,11 +307,21 @@ void MailSession::OnProgress() {
 }
 
 void MailSession::OnReply(const ServerReply& reply) {
-    if (m_inPop && reply.code == "+OK") {
-        answerPop();
-    } else if (m_inPop || reply.code == "-ER" || reply.code == "+OK") {
+    const bool isTaken = m_inPop ? takePop(reply) : takeSmtp(reply);
+    if (!isTaken)
         fail(shown(reply.text));
-    } else if (reply.code == "220") {
+    Poll();
+}
+
+bool MailSession::takePop(const ServerReply& reply) {
+    if (reply.code != "+OK")
+        return false;
+    answerPop();
+    return true;
+}
+
+bool MailSession::takeSmtp(const ServerReply& reply) {
+    if (reply.code == "220") {
         m_flags |= Greeted;
     } else if (reply.code == "250" || reply.code == "251") {
         m_flags |= Accepted;
@@ -324,10 +334,10 @@ void MailSession::OnReply(const ServerReply& reply) {
         answerLogin(reply);
     } else if (reply.code == "354") {
         m_flags |= GoAhead;
-    } else if (reply.code != "221" && reply.code != "211" && reply.code != "214") {
-        fail(shown(reply.text));
+    } else {
+        return reply.code == "221" || reply.code == "211" || reply.code == "214";
     }
-    Poll();
+    return true;
 }
 
 void MailSession::answerLogin(const ServerReply& reply) {

@@ -97,6 +97,9 @@ class MailSession final {
     void sendContent(bool ok);
     void contentAnswered(bool ok);
 
+    /// False for a reply that has no place in the dialogue.
+    [[nodiscard]] bool takePop(const ServerReply& reply);
+    [[nodiscard]] bool takeSmtp(const ServerReply& reply);
     void answerLogin(const ServerReply& reply);
     void answerPop();
 
