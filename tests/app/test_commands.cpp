@@ -4,8 +4,10 @@
 #include <QDropEvent>
 #include <QHeaderView>
 #include <QLabel>
+#include <QMenu>
 #include <QMimeData>
 #include <QProgressBar>
+#include <QToolButton>
 
 namespace {
 
@@ -37,6 +39,71 @@ class TestCommands final : public QObject {
     }
 
   private Q_SLOTS:
+    void everyEntryReadsAsItShould_data() {
+        QTest::addColumn<int>("language");
+        QTest::newRow("English") << static_cast<int>(Language::English);
+        QTest::newRow("German") << static_cast<int>(Language::German);
+    }
+    void everyEntryReadsAsItShould() {
+        QFETCH(int, language);
+        const QMap<QString, int> entries{{u"mnuAddDirMain"_qs, 151},
+                                         {u"mnuDelDirMain"_qs, 152},
+                                         {u"mnuImportActivities"_qs, 140},
+                                         {u"mnuExportActivities"_qs, 141},
+                                         {u"mnuStart"_qs, 142},
+                                         {u"mnuDeleteAllActivities"_qs, 143},
+                                         {u"mnuPreferences"_qs, 144},
+                                         {u"mnuServiceOptions"_qs, 428},
+                                         {u"mnuTimeSync"_qs, 145},
+                                         {u"mnuViewLogfile"_qs, 146},
+                                         {u"mnuDeleteLogfile"_qs, 147},
+                                         {u"mnuExit"_qs, 148},
+                                         {u"mnuHelpDoc"_qs, 127},
+                                         {u"mnuCheckForUpdates"_qs, 406},
+                                         {u"mnuAbout"_qs, 150},
+                                         {u"mnuAddDir"_qs, 151},
+                                         {u"mnuDelDir"_qs, 152},
+                                         {u"mnuSelectAll"_qs, 153},
+                                         {u"mnuDeselectAll"_qs, 154},
+                                         {u"mnuShowLogfile"_qs, 155},
+                                         {u"mnuDeleteActivityLog"_qs, 156},
+                                         {u"mnuClearAll"_qs, 143},
+                                         {u"mnuStartActivityNow"_qs, 157},
+                                         {u"mnuExecuteAllMarkedActivities"_qs, 383},
+                                         {u"mnuSearch"_qs, 375},
+                                         {u"mnuSearchAgain"_qs, 378},
+                                         {u"mnuRefreshList"_qs, 381},
+                                         {u"mnuOpenSourceDir"_qs, 398},
+                                         {u"mnuOpenTargetDir"_qs, 399},
+                                         {u"mnuProperties"_qs, 158},
+                                         {u"mnuPreferencesTray"_qs, 144},
+                                         {u"mnuSyncTray"_qs, 145},
+                                         {u"mnuStartTray"_qs, 142},
+                                         {u"mnuViewLogfileTray"_qs, 146},
+                                         {u"mnuDeleteLogfileTray"_qs, 147},
+                                         {u"mnuExitTray"_qs, 148},
+                                         {u"mnuAboutTray"_qs, 150}};
+        AppFixture fixture;
+        const StringTable texts(static_cast<Language>(language));
+        DialogHost dialogs;
+        FakeFilePicker picker;
+        FakeEditor editor;
+        Program program(fixture.services, fixture.prompter, fixture.keys, texts);
+        frmMain form(program, {dialogs, picker, editor});
+        QMap<QString, QString> found;
+        for (QWidget* window : QApplication::topLevelWidgets())
+            for (const QAction* action : window->findChildren<QAction*>())
+                if (entries.contains(action->objectName()))
+                    found[action->objectName()] = action->text();
+        for (auto entry = entries.begin(); entry != entries.end(); ++entry)
+            QCOMPARE(entry.key() + found.value(entry.key()), entry.key() + texts.Text(entry.value()));
+        QCOMPARE(form.findChild<QAction*>(u"mnuSysInfo"_qs)->text(), u"Systeminfo"_qs);
+        const QMap<QString, int> buttons{{u"StartStop"_qs, 142}, {u"ViewLog"_qs, 155}, {u"AddDir"_qs, 151},
+                                         {u"DelDir"_qs, 152},    {u"Options"_qs, 144}, {u"Help"_qs, 127}};
+        for (auto button = buttons.begin(); button != buttons.end(); ++button)
+            QCOMPARE(form.findChild<QToolButton*>(button.key())->toolTip(), texts.Text(button.value()));
+    }
+
     void deletes_data() {
         QTest::addColumn<QString>("selected");
         QTest::addColumn<bool>("yes");
