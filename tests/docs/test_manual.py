@@ -15,8 +15,8 @@ ROOT = Path(__file__).resolve().parents[2]
 # File, the text to replace in it (None deletes the file), its replacement, and what the complaint must name.
 FAULTS = {
     "broken link": ("en/06-schedules.html", 'href="#command-line-run"', 'href="#nowhere"', "#nowhere"),
-    "missing picture": ("de/03-first-activity.html", "main-window.png", "lost.png", "lost.png"),
-    "picture outside": ("de/03-first-activity.html", "../images/", "../../../", "main-window.png"),
+    "missing picture": ("de/03-first-activity.html", "de-monitoring.png", "lost.png", "lost.png"),
+    "picture outside": ("de/03-first-activity.html", "../images/", "../../../", "de-monitoring.png"),
     "not well-formed": ("de/07-actions.html", "</table>", "", "07-actions.html"),
     "script": ("en/01-about.html", "<p>", "<script>1</script><p>", "script"),
     "outward link": ("en/02-first-start.html", 'href="#licence"', 'href="http://host.invalid/"', "host.invalid"),
@@ -74,7 +74,7 @@ class ManualTest(unittest.TestCase):
         parts = {part["Content-Location"]: part.get_payload(decode=True) for part in others}
         self.assertEqual(len(others), len(parts))
         self.assertEqual(set(page.pictures), set(parts))
-        self.assertIn((ROOT / "docs" / "images" / "main-window.png").read_bytes(), parts.values())
+        self.assertIn((ROOT / "docs" / "images" / "de-monitoring.png").read_bytes(), parts.values())
 
     def test_same_sources_give_the_same_bytes(self):
         again = self.folder / "again.mht"
