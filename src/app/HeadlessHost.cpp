@@ -5,6 +5,7 @@
 
 HeadlessHost::HeadlessHost(Program& program, HeadlessLog& log) : m_program(program), m_log(log), m_waiter(program) {
     connect(&m_waiter, &RunEndWaiter::Ended, this, &HeadlessHost::Closed);
+    connect(&program.Service(), &ServiceMode::StopWanted, this, &HeadlessHost::RequestStop);
 }
 
 std::optional<int> HeadlessHost::Start(const CommandLine& commandLine) {

@@ -54,6 +54,7 @@ frmMain::frmMain(Program& program, const Tools& tools)
     connect(&m_search, &SearchCommands::SearchAgainEnabled, this,
             [this](bool enabled) { m_menu.SetSearchAgainEnabled(enabled); });
     connect(&m_system, &SystemCommands::EndWanted, this, &frmMain::CloseWithoutQuestion);
+    connect(&program.Service(), &ServiceMode::StopWanted, this, &frmMain::CloseWithoutQuestion);
     tools.dialogs.SetWindow(this);
     connect(this, &frmMain::Closing, this, [&dialogs = tools.dialogs] { dialogs.StopWaiting(); });
     connectProgram();

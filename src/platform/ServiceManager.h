@@ -3,6 +3,10 @@
 #pragma once
 
 #include <QString>
+#include <functional>
+
+/// What the service manager wants of the process. That it ends may also come as the system's TerminationSignal.
+enum class ServiceControl { Pause, Continue, Stop };
 
 /// Kinds of entries in the event log; the numbers are fixed.
 enum class ServiceEvent { Error = 1, Warning = 2, Information = 4 };
@@ -22,13 +26,17 @@ class ServiceManager {
     [[nodiscard]] virtual bool Start(const QString& service) = 0;
     [[nodiscard]] virtual bool Stop(const QString& service) = 0;
 
-    /// True in a process that the service manager started and listens to.
-    [[nodiscard]] virtual bool RunsThisProcess() const = 0;
+    /// Told from the event loop, in the order in which they came, until the manager is destroyed.
+    using ControlListener = std::function<void(ServiceControl control)>;
 
-    /// Notices to the service manager: the start is complete; the end has begun; what is going on, in one line.
+    /// From now on this process answers the service manager. False, with nothing changed, in one that no service
+    /// manager started; `debug`: such a one too listens, as far as the system has a way to reach it. A
+    /// QCoreApplication must exist; the second call in a process is refused.
+    [[nodiscard]] virtual bool AcceptControls(bool debug, ControlListener listener) = 0;
+
+    /// Notices to the service manager: the start is complete; the end has begun.
     virtual void NotifyReady() = 0;
     virtual void NotifyStopping() = 0;
-    virtual void NotifyStatus(const QString& text) = 0;
 
     /// One entry in the event log.
     virtual void LogEvent(ServiceEvent type, int id, const QString& text) = 0;

@@ -1,6 +1,5 @@
 #include "ServiceMode.h"
 
-#include "PauseSignals.h"
 #include "Prompter.h"
 #include "StringTable.h"
 #include <QStringList>
@@ -16,11 +15,6 @@ QString serviceName(ServiceCaller caller) {
 }
 
 } // namespace
-
-ServiceMode::ServiceMode(ServiceManager& manager, Prompter& prompter, const StringTable& texts)
-    : m_manager(manager), m_prompter(prompter), m_texts(texts) {}
-
-ServiceMode::~ServiceMode() = default;
 
 bool ServiceMode::IsWord(const QString& text) {
     static const QStringList words{QStringLiteral("install"),      QStringLiteral("uninstall"),
@@ -41,7 +35,8 @@ std::optional<int> ServiceMode::ServiceConfiguration(const QString& word, Servic
     if (word == QLatin1String("debug"))
         m_debug = true;
     else if (word == QLatin1String("initialize"))
-        initialize();
+        // Refused in a window that nobody manages, which goes on as a window.
+        static_cast<void>(m_manager.AcceptControls(m_debug, [this](ServiceControl control) { obey(control); }));
     else if (!word.isEmpty())
         tell(416, true);
     return std::nullopt;
@@ -65,14 +60,15 @@ std::optional<int> ServiceMode::control(bool start, ServiceCaller caller) {
     return caller == ServiceCaller::Dialog ? std::nullopt : std::optional<int>(EXIT_FAILURE);
 }
 
-void ServiceMode::initialize() {
-    if (m_signals || !(m_debug || m_manager.RunsThisProcess()))
-        return;
-    m_signals = std::make_unique<PauseSignals>();
-    connect(m_signals.get(), &PauseSignals::Paused, this,
-            [this] { m_manager.LogEvent(ServiceEvent::Error, pausedEvent, m_texts.Text(418) + m_texts.Text(420)); });
-    connect(m_signals.get(), &PauseSignals::Continued, this,
-            [this] { m_manager.LogEvent(ServiceEvent::Information, continuedEvent, m_texts.Text(419)); });
+void ServiceMode::obey(ServiceControl control) {
+    switch (control) {
+    case ServiceControl::Pause:
+        return m_manager.LogEvent(ServiceEvent::Error, pausedEvent, m_texts.Text(418) + m_texts.Text(420));
+    case ServiceControl::Continue:
+        return m_manager.LogEvent(ServiceEvent::Information, continuedEvent, m_texts.Text(419));
+    case ServiceControl::Stop:
+        Q_EMIT StopWanted();
+    }
 }
 
 void ServiceMode::tell(int text, bool isProblem) {

@@ -1,13 +1,11 @@
-// The words that manage this program as a service, and the service's own events. Owns whether this process acts as a
-// service. Outcomes are told in message boxes.
+// The words that manage this program as a service, and the service's own events. Owns the wish for debug mode.
+// Outcomes are told in message boxes.
 #pragma once
 
 #include "ServiceManager.h"
 #include <QObject>
-#include <memory>
 #include <optional>
 
-class PauseSignals;
 class Prompter;
 class StringTable;
 
@@ -18,8 +16,8 @@ class ServiceMode final : public QObject {
     Q_OBJECT
   public:
     /// Everything handed in must outlive this object.
-    ServiceMode(ServiceManager& manager, Prompter& prompter, const StringTable& texts);
-    ~ServiceMode() override;
+    ServiceMode(ServiceManager& manager, Prompter& prompter, const StringTable& texts)
+        : m_manager(manager), m_prompter(prompter), m_texts(texts) {}
 
     /// True for the six words, spelt exactly.
     [[nodiscard]] static bool IsWord(const QString& text);
@@ -27,19 +25,18 @@ class ServiceMode final : public QObject {
     /// Does what the word says; "" does nothing. The exit code when the program has to end now, otherwise nullopt.
     [[nodiscard]] std::optional<int> ServiceConfiguration(const QString& word, ServiceCaller caller);
 
-    /// Whether the process hears the service's Pause and Continue: from "initialize" on, if a service manager started
-    /// it or after "debug".
-    [[nodiscard]] bool ActsAsService() const { return m_signals != nullptr; }
+  Q_SIGNALS:
+    /// The service manager ends the service: the program is to take its closing path.
+    void StopWanted();
 
   private:
     [[nodiscard]] std::optional<int> tellInstallation(bool succeeded, int success, int failure, ServiceCaller caller);
     [[nodiscard]] std::optional<int> control(bool start, ServiceCaller caller);
-    void initialize();
+    void obey(ServiceControl control);
     void tell(int text, bool isProblem);
 
     ServiceManager& m_manager;
     Prompter& m_prompter;
     const StringTable& m_texts;
     bool m_debug = false;
-    std::unique_ptr<PauseSignals> m_signals;
 };

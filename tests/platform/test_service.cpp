@@ -8,6 +8,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <array>
+#include <csignal>
 #include <cstddef>
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -90,9 +91,9 @@ class TestService final : public QObject {
                             const QByteArray& calls) {
             QTest::newRow(name) << QByteArray(refuse) << uninstalls << succeeds << unitStays << calls;
         };
-        const QByteArray reload = "--user daemon-reload\n";
-        const QByteArray enable = "--user enable KalvenorPro.service\n";
-        const QByteArray disable = "--user disable KalvenorPro.service\n";
+        const QByteArray reload = "--user --quiet daemon-reload\n";
+        const QByteArray enable = "--user --quiet enable KalvenorPro.service\n";
+        const QByteArray disable = "--user --quiet disable KalvenorPro.service\n";
         row("install", "nothing", false, true, true, reload + enable);
         row("no service manager", "--user", false, false, false, reload + reload);
         row("not enabled", "enable", false, false, false, reload + enable + reload);
@@ -128,7 +129,7 @@ class TestService final : public QObject {
         QVERIFY(!scratch.Manager("/opt/it's/Kalvenor").Install());
         scratch.Refuse("enable");
         QVERIFY(!scratch.Manager("/opt/new/Kalvenor").Install());
-        QCOMPARE(scratch.Unit(), ServiceUnit::Text("/opt/new/Kalvenor").value());
+        QCOMPARE(scratch.Unit(), ServiceUnit::Text("/opt/old/Kalvenor").value());
     }
 
     void startsThroughTheInterpreter_data() {
@@ -175,11 +176,9 @@ class TestService final : public QObject {
         qputenv("NOTIFY_SOCKET", name);
         LinuxServiceManager manager({}, {}, ServiceNotifier::FromEnvironment());
         QVERIFY(!qEnvironmentVariableIsSet("NOTIFY_SOCKET"));
-        QVERIFY(manager.RunsThisProcess());
         manager.NotifyReady();
-        manager.NotifyStatus(u"Copies\nfiles"_qs);
         manager.NotifyStopping();
-        for (const char* expected : {"READY=1", "STATUS=Copies files", "STOPPING=1"}) {
+        for (const char* expected : {"READY=1", "STOPPING=1"}) {
             std::array<char, 100> received{};
             const ssize_t size = recv(receiver.Get(), received.data(), received.size(), 0);
             QCOMPARE(QByteArray(received.data(), std::max<ssize_t>(size, 0)), QByteArray(expected));
@@ -196,8 +195,32 @@ class TestService final : public QObject {
     void bearsWithNobodyToNotify() {
         QFETCH(QByteArray, name);
         LinuxServiceManager manager({}, {}, ServiceNotifier(name));
-        QCOMPARE(manager.RunsThisProcess(), !name.isEmpty());
         manager.NotifyReady();
+    }
+
+    void hearsPauseAndContinue_data() {
+        QTest::addColumn<QByteArray>("socket");
+        QTest::addColumn<bool>("debug");
+        QTest::addColumn<bool>("hears");
+        QTest::newRow("a window") << QByteArray() << false << false;
+        QTest::newRow("started by systemd") << QByteArray("/nowhere/notify") << false << true;
+        QTest::newRow("debug mode") << QByteArray() << true << true;
+    }
+    void hearsPauseAndContinue() {
+        QFETCH(QByteArray, socket);
+        QFETCH(bool, debug);
+        QFETCH(bool, hears);
+        LinuxServiceManager manager({}, {}, ServiceNotifier(socket));
+        QList<ServiceControl> heard;
+        QCOMPARE(manager.AcceptControls(debug, [&](ServiceControl control) { heard.append(control); }), hears);
+        if (!hears)
+            return;
+        QVERIFY(!manager.AcceptControls(debug, {}));
+        for (const int number : {SIGUSR1, SIGUSR2, SIGUSR1})
+            std::raise(number);
+        QVERIFY(heard.isEmpty()); // nothing happens inside the signal's handler
+        const QList expected{ServiceControl::Pause, ServiceControl::Continue, ServiceControl::Pause};
+        QTRY_COMPARE(heard, expected);
     }
 
     void writesEventsForTheJournal_data() {

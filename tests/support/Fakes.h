@@ -171,16 +171,21 @@ class FakeServiceManager final : public ServiceManager {
     bool Uninstall() override { return did(u"uninstall"_qs); }
     bool Start(const QString& service) override { return did(u"start "_qs + service); }
     bool Stop(const QString& service) override { return did(u"stop "_qs + service); }
-    bool RunsThisProcess() const override { return runsThisProcess; }
+    bool AcceptControls(bool debug, ControlListener newListener) override {
+        if (!debug && !runsThisProcess)
+            return false;
+        listener = std::move(newListener);
+        return true;
+    }
     void NotifyReady() override { did(u"ready"_qs); }
     void NotifyStopping() override { did(u"stopping"_qs); }
-    void NotifyStatus(const QString& text) override { did(u"status "_qs + text); }
     void LogEvent(ServiceEvent type, int id, const QString& text) override {
         did(u"event %1 %2 %3"_qs.arg(static_cast<int>(type)).arg(id).arg(text));
     }
     QStringList asked;
     bool succeeds = true;
     bool runsThisProcess = false;
+    ControlListener listener;
 
   private:
     bool did(const QString& what) {

@@ -5,8 +5,8 @@
 #include "StringTable.h"
 #include "clsAssocFile.h"
 
+#include <QSignalSpy>
 #include <QTest>
-#include <csignal>
 
 class TestServiceMode final : public QObject {
     Q_OBJECT
@@ -66,37 +66,34 @@ class TestServiceMode final : public QObject {
             QCOMPARE(box.title, u"Kalvenor service configuration"_qs);
             QCOMPARE(box.icon, isProblem ? MessageIcon::Exclamation : MessageIcon::Information);
         }
-        QVERIFY(!mode.ActsAsService());
+        QVERIFY(!manager.listener);
     }
 
-    void hearsPauseAndContinueAsAService_data() {
+    void obeysTheServiceManager_data() {
         QTest::addColumn<bool>("managed");
         QTest::addColumn<bool>("debug");
         QTest::newRow("a window") << false << false;
         QTest::newRow("started by the manager") << true << false;
         QTest::newRow("debug mode") << false << true;
     }
-    void hearsPauseAndContinueAsAService() {
+    void obeysTheServiceManager() {
         QFETCH(bool, managed);
         QFETCH(bool, debug);
         FakeServiceManager manager;
         FakePrompter prompter;
         ServiceMode mode(manager, prompter, m_texts);
         manager.runsThisProcess = managed;
-        const bool isService = manager.runsThisProcess || debug;
         if (debug)
             QVERIFY(!mode.ServiceConfiguration(u"debug"_qs, ServiceCaller::CommandLine));
-        for (int i = 0; i < 2; ++i)
-            QVERIFY(!mode.ServiceConfiguration(u"initialize"_qs, ServiceCaller::CommandLine));
-        QCOMPARE(mode.ActsAsService(), isService);
-        if (!isService)
+        QVERIFY(!mode.ServiceConfiguration(u"initialize"_qs, ServiceCaller::CommandLine));
+        QCOMPARE(manager.listener != nullptr, managed || debug);
+        if (!manager.listener)
             return;
-        for (const int number : {SIGUSR1, SIGUSR2, SIGUSR1})
-            std::raise(number);
-        QVERIFY(manager.asked.isEmpty());
-        const QStringList events{u"event 1 109 Service paused"_qs, u"event 4 110 Service continued"_qs,
-                                 u"event 1 109 Service paused"_qs};
-        QTRY_COMPARE(manager.asked, events);
+        QSignalSpy stopWanted(&mode, &ServiceMode::StopWanted);
+        for (const auto control : {ServiceControl::Pause, ServiceControl::Continue, ServiceControl::Stop})
+            manager.listener(control);
+        QCOMPARE(manager.asked, (QStringList{u"event 1 109 Service paused"_qs, u"event 4 110 Service continued"_qs}));
+        QCOMPARE(stopWanted.size(), 1);
     }
 
     void registersTheFileTypeOnce_data() {

@@ -1,6 +1,7 @@
 #include "LinuxServiceManager.h"
 
 #include "AtomicFile.h"
+#include "LinuxOwnFiles.h"
 #include "ServiceUnit.h"
 #include "Tool.h"
 #include <iostream>
@@ -10,10 +11,12 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr mode_t unitMode = 0644;
+constexpr std::int64_t mostBytes = 1 << 20;
 constexpr std::chrono::seconds patience{10};
 
 bool systemctl(const QStringList& words) {
-    return Tool::Run(QStringLiteral("systemctl"), QStringList{QStringLiteral("--user")} + words, patience);
+    return Tool::Run(QStringLiteral("systemctl"),
+                     QStringList{QStringLiteral("--user"), QStringLiteral("--quiet")} + words, patience);
 }
 
 bool reload() {
@@ -56,17 +59,21 @@ bool LinuxServiceManager::Install() {
     if (!text || m_unit.empty())
         return false;
     std::error_code error;
-    const bool wasThere = fs::exists(fs::symlink_status(m_unit, error));
     fs::create_directories(m_unit.parent_path(), error);
+    QByteArray former;
+    const std::error_code noFormer = LinuxOwnFiles().ReadAll(m_unit, mostBytes, former);
+    if (noFormer && noFormer != std::errc::no_such_file_or_directory)
+        return false;
     if (AtomicFile::Replace(m_unit, *text, unitMode))
         return false;
     if (reload() && systemctl({QStringLiteral("enable"), QString::fromLatin1(ServiceUnit::FileName)}))
         return true;
-    // A unit that nobody enabled would look installed. One that stood here before may well be in use.
-    if (!wasThere) {
+    // A unit that nobody enabled would look installed.
+    if (noFormer)
         fs::remove(m_unit, error);
-        static_cast<void>(reload());
-    }
+    else
+        static_cast<void>(AtomicFile::Replace(m_unit, former, unitMode));
+    static_cast<void>(reload());
     return false;
 }
 
@@ -91,16 +98,23 @@ bool LinuxServiceManager::Stop(const QString& service) {
     return command(QStringLiteral("stop"), service);
 }
 
+bool LinuxServiceManager::AcceptControls(bool debug, ControlListener listener) {
+    if (m_controls || !(debug || m_notifier.HasListener()))
+        return false;
+    m_controls = std::make_unique<SignalPipe>(
+        std::initializer_list<int>{SIGUSR1, SIGUSR2}, [tell = std::move(listener)](const std::vector<int>& numbers) {
+            for (const int number : numbers)
+                tell(number == SIGUSR1 ? ServiceControl::Pause : ServiceControl::Continue);
+        });
+    return true;
+}
+
 void LinuxServiceManager::NotifyReady() {
     m_notifier.Send("READY=1");
 }
 
 void LinuxServiceManager::NotifyStopping() {
     m_notifier.Send("STOPPING=1");
-}
-
-void LinuxServiceManager::NotifyStatus(const QString& text) {
-    m_notifier.Send("STATUS=" + text.simplified().toUtf8());
 }
 
 void LinuxServiceManager::LogEvent(ServiceEvent type, int id, const QString& text) {

@@ -1,11 +1,14 @@
 // The user's own systemd: the service is a unit file below $XDG_CONFIG_HOME/systemd/user, which `systemctl --user`
-// enables, starts and stops. Owns the name of the socket for notices. Entries for the event log are lines on standard
+// enables, starts and stops. Owns the name of the socket for notices and the handlers of SIGUSR1 and SIGUSR2, which are
+// Pause and Continue here. Entries for the event log are lines on standard
 // error, with the priority in front when that is the journal (sd-daemon(3)).
 #pragma once
 
 #include "ServiceManager.h"
 #include "ServiceNotifier.h"
+#include "SignalPipe.h"
 #include <filesystem>
+#include <memory>
 
 class LinuxServiceManager final : public ServiceManager {
   public:
@@ -21,16 +24,16 @@ class LinuxServiceManager final : public ServiceManager {
     [[nodiscard]] bool Start(const QString& service) override;
     [[nodiscard]] bool Stop(const QString& service) override;
 
-    [[nodiscard]] bool RunsThisProcess() const override { return m_notifier.HasListener(); }
+    [[nodiscard]] bool AcceptControls(bool debug, ControlListener listener) override;
     void NotifyReady() override;
     void NotifyStopping() override;
-    void NotifyStatus(const QString& text) override;
     void LogEvent(ServiceEvent type, int id, const QString& text) override;
 
   private:
     std::filesystem::path m_program;
     std::filesystem::path m_unit; ///< empty when there is no place for it
     ServiceNotifier m_notifier;
+    std::unique_ptr<SignalPipe> m_controls;
 };
 
 /// One line for the event log; `journal`: it begins with its priority.
