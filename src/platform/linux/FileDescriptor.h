@@ -23,6 +23,9 @@ class FileDescriptor final {
     [[nodiscard]] bool IsOpen() const { return m_descriptor >= 0; }
     [[nodiscard]] int Get() const { return m_descriptor; }
 
+    /// From here on the caller closes it.
+    [[nodiscard]] int Release() { return std::exchange(m_descriptor, -1); }
+
     /// Closes now; false with errno set when the system reported a late write error.
     bool Close() { return m_descriptor < 0 || ::close(std::exchange(m_descriptor, -1)) == 0; }
 

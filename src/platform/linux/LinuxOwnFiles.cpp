@@ -2,12 +2,12 @@
 #include "AtomicFile.h"
 #include "Destination.h"
 #include "DiskSync.h"
+#include "LinuxRegularFile.h"
 #include "SystemError.h"
 
 #include <QString>
 #include <algorithm>
 #include <fcntl.h>
-#include <sys/stat.h>
 
 namespace {
 
@@ -16,18 +16,6 @@ namespace fs = std::filesystem;
 constexpr mode_t ordinaryMode = 0644;
 constexpr std::int64_t mostMovedBytes = std::int64_t{4} << 30;
 constexpr qsizetype readStep = 1 << 20;
-
-std::error_code notRegular(mode_t mode) {
-    return std::make_error_code(S_ISDIR(mode) ? std::errc::is_a_directory : std::errc::invalid_argument);
-}
-
-/// Opens a regular file only. O_NONBLOCK keeps the open of a FIFO from waiting for its other end.
-std::error_code openRegular(const fs::path& file, int flags, FileDescriptor& opened, struct stat& status) {
-    opened = FileDescriptor(::open(file.c_str(), flags | O_NONBLOCK | O_CLOEXEC | O_NOCTTY, ordinaryMode));
-    if (!opened.IsOpen() || ::fstat(opened.Get(), &status) != 0)
-        return LastError();
-    return S_ISREG(status.st_mode) ? std::error_code() : notRegular(status.st_mode);
-}
 
 std::error_code renameToFreeName(const fs::path& file, const fs::path& target) {
     std::error_code error;
@@ -59,7 +47,7 @@ std::error_code LinuxOwnFiles::ReadAll(const fs::path& file, std::int64_t limit,
     bytes.clear();
     FileDescriptor opened;
     struct stat status {};
-    if (const std::error_code error = openRegular(file, O_RDONLY, opened, status))
+    if (const std::error_code error = OpenRegular(file, O_RDONLY, opened, status))
         return error;
     if (status.st_size > limit)
         return std::make_error_code(std::errc::file_too_large);
@@ -96,7 +84,7 @@ std::error_code LinuxOwnFiles::CreateNew(const fs::path& file, const QByteArray&
 std::error_code LinuxOwnFiles::Append(const fs::path& file, const QByteArray& bytes, bool create) {
     FileDescriptor opened;
     struct stat status {};
-    if (const std::error_code error = openRegular(file, O_WRONLY | O_APPEND | (create ? O_CREAT : 0), opened, status))
+    if (const std::error_code error = OpenRegular(file, O_WRONLY | O_APPEND | (create ? O_CREAT : 0), opened, status))
         return error;
     for (qsizetype done = 0; done < bytes.size();) {
         const ssize_t written =
@@ -123,7 +111,7 @@ std::error_code LinuxOwnFiles::MoveAway(const fs::path& file, const fs::path& ta
     // A link is copied, not renamed: its target could lead astray from another folder.
     if (!S_ISLNK(status.st_mode)) {
         if (!S_ISREG(status.st_mode))
-            return notRegular(status.st_mode);
+            return NotRegular(status.st_mode);
         const std::error_code error = renameToFreeName(file, target);
         if (error != std::errc::cross_device_link)
             return error;
@@ -144,7 +132,7 @@ std::error_code LinuxOwnFiles::Delete(const fs::path& file) {
     if (::stat(file.c_str(), &status) != 0)
         return LastError();
     if (!S_ISREG(status.st_mode))
-        return notRegular(status.st_mode);
+        return NotRegular(status.st_mode);
     return ::unlink(file.c_str()) == 0 ? std::error_code() : LastError();
 }
 

@@ -1,25 +1,30 @@
+#include "LinuxRegularFile.h"
+
 #include "SystemError.h"
 #include "modRegularFile.h"
-
+#include <cerrno>
 #include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
+
+std::error_code NotRegular(mode_t mode) {
+    return std::make_error_code(S_ISDIR(mode) ? std::errc::is_a_directory : std::errc::invalid_argument);
+}
+
+std::error_code OpenRegular(const std::filesystem::path& path, int flags, FileDescriptor& file, struct stat& status) {
+    constexpr mode_t ordinaryMode = 0644;
+    // O_NONBLOCK keeps the open of a FIFO from waiting for its other end.
+    file = FileDescriptor(::open(path.c_str(), flags | O_NONBLOCK | O_CLOEXEC | O_NOCTTY, ordinaryMode));
+    if (!file.IsOpen() || ::fstat(file.Get(), &status) != 0)
+        return LastError();
+    return S_ISREG(status.st_mode) ? std::error_code() : NotRegular(status.st_mode);
+}
 
 std::error_code modRegularFile::Open(const std::filesystem::path& path, QFile& file) {
-    // O_NONBLOCK keeps the open of a FIFO from waiting for its other end.
-    const int descriptor = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
-    if (descriptor < 0)
-        return LastError();
-    std::error_code error;
+    FileDescriptor opened;
     struct stat status {};
-    if (::fstat(descriptor, &status) != 0)
-        error = LastError();
-    else if (!S_ISREG(status.st_mode))
-        error = std::make_error_code(S_ISDIR(status.st_mode) ? std::errc::is_a_directory : std::errc::invalid_argument);
-    else if (file.open(descriptor, QIODevice::ReadOnly | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle))
-        return {};
-    else
-        error = ErrorOf(EIO);
-    ::close(descriptor);
-    return error;
+    if (const std::error_code error = OpenRegular(path, O_RDONLY, opened, status))
+        return error;
+    if (!file.open(opened.Get(), QIODevice::ReadOnly | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle))
+        return ErrorOf(EIO);
+    static_cast<void>(opened.Release()); // the file has taken it over
+    return {};
 }
