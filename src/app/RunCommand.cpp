@@ -2,10 +2,8 @@
 
 #include "HeadlessLog.h"
 #include "Program.h"
+#include "RunEndWaiter.h"
 #include "modNativePath.h"
-
-#include <QEventLoop>
-#include <QTimer>
 #include <algorithm>
 #include <ostream>
 
@@ -83,18 +81,6 @@ RunCommand::ExitCode RunCommand::runAll(const QStringList& names) {
             break;
         succeeded = m_program.RunNow(name).Succeeded() && succeeded;
     }
-    waitForMail();
+    RunEndWaiter(m_program).WaitOut(); // the mails
     return succeeded && !m_program.State().closing ? Ran : SomethingFailed;
-}
-
-void RunCommand::waitForMail() {
-    QEventLoop loop;
-    QTimer look;
-    QObject::connect(&look, &QTimer::timeout, &loop, [&] {
-        if (!m_program.State().Running())
-            loop.quit();
-    });
-    look.start(10);
-    if (m_program.State().Running())
-        loop.exec();
 }

@@ -34,7 +34,6 @@ class RunCommand final {
     [[nodiscard]] bool open(const QString& file);
     [[nodiscard]] bool choose(const QStringList& wanted, QStringList& names);
     [[nodiscard]] ExitCode runAll(const QStringList& names);
-    void waitForMail();
     void complain(const QString& text);
 
     Program& m_program;

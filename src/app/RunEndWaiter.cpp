@@ -1,6 +1,11 @@
 #include "RunEndWaiter.h"
 
 #include "Program.h"
+#include <QEventLoop>
+
+namespace {
+constexpr std::chrono::milliseconds lookInterval{20};
+} // namespace
 
 RunEndWaiter::RunEndWaiter(Program& program) : m_program(program) {
     connect(&m_timer, &QTimer::timeout, this, &RunEndWaiter::look);
@@ -11,7 +16,16 @@ void RunEndWaiter::Begin() {
         return;
     m_begun = true;
     m_program.RequestEnd();
-    m_timer.start(20);
+    m_timer.start(lookInterval);
+}
+
+void RunEndWaiter::WaitOut() {
+    if (!m_program.State().Running())
+        return;
+    QEventLoop loop;
+    connect(this, &RunEndWaiter::Ended, &loop, &QEventLoop::quit);
+    m_timer.start(lookInterval);
+    loop.exec();
 }
 
 void RunEndWaiter::look() {

@@ -1,4 +1,4 @@
-// Tells when no run is on the stack any more, after the program was asked to end. Owns a timer; never fails.
+// Tells when nothing is under way any more: no run on the stack, no mail. Owns a timer; never fails.
 #pragma once
 
 #include <QObject>
@@ -14,6 +14,9 @@ class RunEndWaiter final : public QObject {
     /// Asks a run to end after its present file and starts to wait. A second call changes nothing.
     void Begin();
     [[nodiscard]] bool Waiting() const { return m_begun; }
+
+    /// Waits until everything has ended by itself; events run meanwhile.
+    void WaitOut();
 
   Q_SIGNALS:
     /// Comes from the event loop, never from inside Begin.
