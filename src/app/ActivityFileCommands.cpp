@@ -7,7 +7,6 @@
 
 namespace {
 
-const QString application = QStringLiteral("Kalvenor");
 const QString section = QStringLiteral("LastFile");
 const QString key = QStringLiteral("DBPath");
 
@@ -18,12 +17,12 @@ QString twoLineBreaks() {
 } // namespace
 
 QString ActivityFileCommands::lastFolder() const {
-    const auto last = m_program.Services().settings->Read(application, section, key);
+    const auto last = m_program.Services().settings->Read(SettingsStore::OwnApplication, section, key);
     return last && !last->isEmpty() ? QFileInfo(*last).path() : QString();
 }
 
 void ActivityFileCommands::remember(const QString& path) {
-    std::ignore = m_program.Services().settings->Write(application, section, key, path);
+    std::ignore = m_program.Services().settings->Write(SettingsStore::OwnApplication, section, key, path);
 }
 
 void ActivityFileCommands::tell(int textId, int titleId) {

@@ -13,7 +13,6 @@
 #include "SyncTexts.h"
 
 namespace {
-const QString application = QStringLiteral("Kalvenor");
 const QString optionsSection = QStringLiteral("Options");
 constexpr std::chrono::seconds mailGrace{5};
 const QString acceptedKey = QStringLiteral("Accepted");
@@ -77,11 +76,13 @@ QString Program::Caption() const {
 }
 
 bool Program::IsNoticeAccepted() const {
-    return m_services.settings->Read(application, optionsSection, acceptedKey) == QStringLiteral("Yes");
+    return m_services.settings->Read(SettingsStore::OwnApplication, optionsSection, acceptedKey) ==
+           QStringLiteral("Yes");
 }
 
 std::error_code Program::AcceptNotice() {
-    return m_services.settings->Write(application, optionsSection, acceptedKey, QStringLiteral("Yes"));
+    return m_services.settings->Write(SettingsStore::OwnApplication, optionsSection, acceptedKey,
+                                      QStringLiteral("Yes"));
 }
 
 RunOutcome Program::RunNow(const QString& name) {

@@ -18,7 +18,6 @@ struct Value {
 constexpr std::array<Value, 4> Values = {Value{"Top", 200, false}, Value{"Left", 200, false},
                                          Value{"Width", 9375, true}, Value{"Height", 6960, true}};
 
-const QString Application = QStringLiteral("Kalvenor");
 const QString Section = QStringLiteral("WindowPos");
 
 std::optional<double> readNumber(QString text) {
@@ -48,12 +47,14 @@ WindowPosition::WindowPosition() {
 void WindowPosition::Load(const SettingsStore& settings) {
     *this = WindowPosition();
     for (std::size_t i = 0; i < Values.size(); ++i) {
-        const auto text = settings.Read(Application, Section, QString::fromLatin1(Values[i].key));
+        const auto text = settings.Read(SettingsStore::OwnApplication, Section, QString::fromLatin1(Values[i].key));
         const auto number = text ? readNumber(*text) : std::nullopt;
         if (number && (!Values[i].mustBePositive || *number > 0))
             m_texts[i] = *text;
     }
-    const int state = settings.Read(Application, Section, QStringLiteral("WindowState")).value_or(QString()).toInt();
+    const int state = settings.Read(SettingsStore::OwnApplication, Section, QStringLiteral("WindowState"))
+                          .value_or(QString())
+                          .toInt();
     if (state >= 0 && state <= 2)
         m_state = static_cast<State>(state);
     m_restored = Rectangle();
@@ -69,7 +70,8 @@ std::error_code WindowPosition::Save(SettingsStore& settings, const QRect& recta
     const std::array<int, 4> before = parts(m_restored);
     std::error_code first;
     const auto write = [&](const char* key, const QString& value) {
-        const std::error_code error = settings.Write(Application, Section, QString::fromLatin1(key), value);
+        const std::error_code error =
+            settings.Write(SettingsStore::OwnApplication, Section, QString::fromLatin1(key), value);
         first = first ? first : error;
     };
     for (std::size_t i = 0; i < Values.size(); ++i)

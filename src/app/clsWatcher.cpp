@@ -27,9 +27,6 @@ constexpr std::array<Option, 8> options{{
     {"StopIfFolderNotExist", &clsWatcher::StopIfFolderNotExist, 1},
 }};
 
-QString application() {
-    return QStringLiteral("Kalvenor");
-}
 QString section() {
     return QStringLiteral("Options");
 }
@@ -47,7 +44,7 @@ clsWatcher::clsWatcher(SettingsStore& settings) : m_settings(settings) {}
 
 void clsWatcher::ReadRegistry() {
     for (const Option& option : options) {
-        const auto text = m_settings.Read(application(), section(), QLatin1String(option.key));
+        const auto text = m_settings.Read(SettingsStore::OwnApplication, section(), QLatin1String(option.key));
         if (option.value == nullptr)
             LoggingPath = text.value_or(QString());
         else
@@ -59,7 +56,7 @@ std::error_code clsWatcher::WriteRegistry() {
     std::error_code first;
     for (const Option& option : options) {
         const QString text = option.value == nullptr ? LoggingPath : QString::number(this->*option.value);
-        const auto error = m_settings.Write(application(), section(), QLatin1String(option.key), text);
+        const auto error = m_settings.Write(SettingsStore::OwnApplication, section(), QLatin1String(option.key), text);
         if (!first)
             first = error;
     }

@@ -8,6 +8,9 @@
 
 class SettingsStore {
   public:
+    /// The application name of this program's own entries.
+    static inline const QString OwnApplication = QStringLiteral("Kalvenor");
+
     virtual ~SettingsStore() = default;
 
     /// The stored text, exactly as written; nullopt when the key is absent.

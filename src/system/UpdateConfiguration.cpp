@@ -1,8 +1,10 @@
 #include "UpdateConfiguration.h"
 
+#include "SettingsStore.h"
+
 UpdateConfiguration UpdateConfiguration::OfThisProgram() {
     const QString site = QStringLiteral(KALVENOR_UPDATE_SITE);
-    return {QStringLiteral("Kalvenor"),    QStringLiteral(KALVENOR_VERSION), site,
+    return {SettingsStore::OwnApplication, QStringLiteral(KALVENOR_VERSION), site,
             QStringLiteral("Version.inf"), site + u"/Kalvenor.exe",          QStringLiteral("Kalvenor Pro AutoUpdate")};
 }
 

@@ -6,7 +6,6 @@
 
 namespace {
 
-const QString application = QStringLiteral("Kalvenor");
 const QString section = QStringLiteral("Options");
 const QString key = QStringLiteral("Done");
 
@@ -23,9 +22,9 @@ void clsAssocFile::SetFileAssoc(const std::filesystem::path& program, const QStr
 }
 
 void clsAssocFile::RegisterOnce(const ProgramPlaces& places) {
-    if (isTrue(m_settings.Read(application, section, key).value_or(QString())))
+    if (isTrue(m_settings.Read(SettingsStore::OwnApplication, section, key).value_or(QString())))
         return;
     SetFileAssoc(places.programFolder / "Kalvenor", QStringLiteral(".kvd"), places.programFolder / "kvd.ico",
                  m_texts.Text(583));
-    static_cast<void>(m_settings.Write(application, section, key, QStringLiteral("1")));
+    static_cast<void>(m_settings.Write(SettingsStore::OwnApplication, section, key, QStringLiteral("1")));
 }

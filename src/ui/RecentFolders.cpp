@@ -7,9 +7,6 @@ namespace {
 constexpr qsizetype most = 10;
 constexpr QChar separator = u'|';
 
-QString application() {
-    return QStringLiteral("Kalvenor");
-}
 QString section() {
     return QStringLiteral("LastFile");
 }
@@ -18,7 +15,7 @@ QString section() {
 RecentFolders::RecentFolders(SettingsStore& settings, QString key) : m_settings(settings), m_key(std::move(key)) {}
 
 QStringList RecentFolders::Folders() const {
-    const QString joined = m_settings.Read(application(), section(), m_key).value_or(QString());
+    const QString joined = m_settings.Read(SettingsStore::OwnApplication, section(), m_key).value_or(QString());
     return joined.split(separator, Qt::SkipEmptyParts).mid(0, most);
 }
 
@@ -29,5 +26,6 @@ void RecentFolders::Remember(const QString& folder) {
     QStringList folders = Folders();
     folders.removeAll(folder);
     folders.prepend(folder);
-    static_cast<void>(m_settings.Write(application(), section(), m_key, folders.mid(0, most).join(separator)));
+    static_cast<void>(
+        m_settings.Write(SettingsStore::OwnApplication, section(), m_key, folders.mid(0, most).join(separator)));
 }

@@ -40,7 +40,7 @@ constexpr std::array<Switch, 7> switches{{
 }};
 constexpr std::size_t startWithWindows = 0;
 
-const QString application = QStringLiteral("Kalvenor");
+const QString autostartName = QStringLiteral("Kalvenor");
 const QString lastFileSection = QStringLiteral("LastFile");
 const QString lastLogKey = QStringLiteral("AppLogfilePath");
 
@@ -91,7 +91,7 @@ QGroupBox* frmStartOptions::buildSwitches(const Options& options) {
         rows->addWidget(box);
         m_switches.push_back(box);
     }
-    if (m_parts.autostart.Exists(application))
+    if (m_parts.autostart.Exists(autostartName))
         m_switches[startWithWindows]->setChecked(true);
     return frame;
 }
@@ -166,14 +166,15 @@ void frmStartOptions::save() {
 void frmStartOptions::CreateAutoStart() {
     const bool wanted = m_switches[startWithWindows]->isChecked();
     const std::error_code error =
-        wanted ? m_parts.autostart.Create(application, m_parts.program) : m_parts.autostart.Remove(application);
+        wanted ? m_parts.autostart.Create(autostartName, m_parts.program) : m_parts.autostart.Remove(autostartName);
     if (error)
         m_parts.prompter.Ask({m_parts.texts.Text(520) + u'\n' + QString::fromLocal8Bit(error.message()),
                               m_parts.texts.Text(107), MessageIcon::Exclamation, MessageButtons::Ok});
 }
 
 void frmStartOptions::selectFile() {
-    const QString last = m_parts.settings.Read(application, lastFileSection, lastLogKey).value_or(QString());
+    const QString last =
+        m_parts.settings.Read(SettingsStore::OwnApplication, lastFileSection, lastLogKey).value_or(QString());
     FileRequest request;
     request.title = m_parts.texts.Text(129);
     request.filters = {m_parts.texts.Text(130) + QStringLiteral(" (*.log)"),
@@ -185,5 +186,5 @@ void frmStartOptions::selectFile() {
         return;
     m_loggingPath->setText(*chosen);
     createMissing(m_parts.files, modNativePath::Absolute(*chosen));
-    std::ignore = m_parts.settings.Write(application, lastFileSection, lastLogKey, *chosen);
+    std::ignore = m_parts.settings.Write(SettingsStore::OwnApplication, lastFileSection, lastLogKey, *chosen);
 }
