@@ -14,12 +14,11 @@
 
 namespace {
 
-const QString application = QStringLiteral("Kalvenor");
 const QString listSection = QStringLiteral("ActivityList");
 const QString layoutKey = QStringLiteral("Columns");
 
 QString layoutOf(Program& program) {
-    return program.Services().settings->Read(application, listSection, layoutKey).value_or(QString());
+    return program.Services().settings->Read(SettingsStore::OwnApplication, listSection, layoutKey).value_or(QString());
 }
 
 /// The one file or folder that is dragged; "" for anything else.
@@ -41,7 +40,8 @@ frmMain::frmMain(Program& program, const Tools& tools)
       m_placement(*this, *program.Services().settings), m_runNow(program), m_activities(program, *m_view, tools.editor),
       m_files(program, tools.picker), m_help(program, tools.dialogs),
       m_options(program, tools.dialogs, tools.picker, m_help), m_logs(program, tools.dialogs),
-      m_search(program, tools.dialogs, *m_view), m_system(program, tools.dialogs), m_waiter(program) {
+      m_search(program, tools.dialogs, *m_view), m_system(program, tools.dialogs), m_waiter(program),
+      m_commands(commandTable()) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(Program::Title());
     setAcceptDrops(true);
@@ -83,95 +83,48 @@ void frmMain::connectProgram() {
     connect(&m_waiter, &RunEndWaiter::Ended, this, &frmMain::Closed);
 }
 
+std::map<Command, std::function<void()>> frmMain::commandTable() {
+    return {
+        {Command::StartStop, [this] { toggleMonitoring(); }},
+        {Command::StartNow, [this] { runNow([this] { m_runNow.StartActivity(m_view->CurrentName()); }); }},
+        {Command::ExecuteMarked, [this] { runNow([this] { m_runNow.ExecuteMarked(m_view->SelectedNames()); }); }},
+        {Command::Restore, [this] { restoreFromTray(); }},
+        {Command::Exit, [this] { close(); }},
+
+        {Command::AddActivity, [this] { m_activities.Add(); }},
+        {Command::DeleteActivity, [this] { m_activities.Delete(m_view->CurrentName()); }},
+        {Command::DeleteAll, [this] { m_activities.ClearAll(); }},
+        {Command::Properties, [this] { m_activities.Properties(m_view->CurrentName()); }},
+        {Command::SelectAll, [this] { m_view->selectAll(); }},
+        {Command::DeselectAll, [this] { m_view->clearSelection(); }},
+        {Command::Refresh, [this] { refreshList(); }},
+        {Command::OpenSource, [this] { modOpenExplorer::OpenSource(m_program, m_view->CurrentName()); }},
+        {Command::OpenTarget, [this] { modOpenExplorer::OpenTarget(m_program, m_view->CurrentName()); }},
+        {Command::Import, [this] { m_files.Import(); }},
+        {Command::Export, [this] { m_files.Export(); }},
+
+        {Command::Preferences, [this] { m_options.ShowOptions(); }},
+        {Command::ShowAppLog, [this] { m_logs.ShowApplicationLog(); }},
+        {Command::DeleteAppLog, [this] { m_logs.DeleteApplicationLog(); }},
+        {Command::ShowLog, [this] { m_logs.ShowActivityLogs(m_view->SelectedNames()); }},
+        {Command::DeleteLog, [this] { m_logs.DeleteActivityLog(m_view->CurrentName()); }},
+        {Command::Search, [this] { m_search.Search(); }},
+        {Command::SearchAgain, [this] { m_search.SearchAgain(); }},
+        {Command::Help, [this] { m_help.OpenManual(); }},
+        {Command::SystemInfo, [this] { m_help.ShowSystemInformation(); }},
+        {Command::About, [this] { m_help.ShowAbout(); }},
+
+        {Command::ServiceOptions, [this] { m_system.ShowServiceOptions(); }},
+        {Command::SynchroniseClock, [this] { m_system.SynchroniseClock(); }},
+        {Command::SynchroniseFromTray, [this] { m_system.SynchroniseClockOverDialUp(); }},
+        {Command::CheckForUpdates, [this] { m_system.CheckForUpdates(); }},
+    };
+}
+
 void frmMain::run(Command command) {
-    switch (command) {
-    case Command::StartStop:
-        return toggleMonitoring();
-    case Command::Restore:
-        return restoreFromTray();
-    case Command::Exit:
-        close();
-        return;
-    case Command::Import:
-        return m_files.Import();
-    case Command::Export:
-        return m_files.Export();
-    case Command::StartNow:
-        return runNow([this] { m_runNow.StartActivity(m_view->CurrentName()); });
-    case Command::ExecuteMarked:
-        return runNow([this] { m_runNow.ExecuteMarked(m_view->SelectedNames()); });
-    default:
-        runOnActivities(command);
-        runDialog(command);
-        return runSystem(command);
-    }
-}
-
-void frmMain::runOnActivities(Command command) {
-    switch (command) {
-    case Command::AddActivity:
-        return m_activities.Add();
-    case Command::DeleteActivity:
-        return m_activities.Delete(m_view->CurrentName());
-    case Command::DeleteAll:
-        return m_activities.ClearAll();
-    case Command::Properties:
-        return m_activities.Properties(m_view->CurrentName());
-    case Command::SelectAll:
-        return m_view->selectAll();
-    case Command::DeselectAll:
-        return m_view->clearSelection();
-    case Command::Refresh:
-        return refreshList();
-    case Command::OpenSource:
-        return modOpenExplorer::OpenSource(m_program, m_view->CurrentName());
-    case Command::OpenTarget:
-        return modOpenExplorer::OpenTarget(m_program, m_view->CurrentName());
-    default:
-        return;
-    }
-}
-
-void frmMain::runDialog(Command command) {
-    switch (command) {
-    case Command::Preferences:
-        return m_options.ShowOptions();
-    case Command::ShowAppLog:
-        return m_logs.ShowApplicationLog();
-    case Command::DeleteAppLog:
-        return m_logs.DeleteApplicationLog();
-    case Command::ShowLog:
-        return m_logs.ShowActivityLogs(m_view->SelectedNames());
-    case Command::DeleteLog:
-        return m_logs.DeleteActivityLog(m_view->CurrentName());
-    case Command::Search:
-        return m_search.Search();
-    case Command::SearchAgain:
-        return m_search.SearchAgain();
-    case Command::Help:
-        return m_help.OpenManual();
-    case Command::SystemInfo:
-        return m_help.ShowSystemInformation();
-    case Command::About:
-        return m_help.ShowAbout();
-    default:
-        return;
-    }
-}
-
-void frmMain::runSystem(Command command) {
-    switch (command) {
-    case Command::ServiceOptions:
-        return m_system.ShowServiceOptions();
-    case Command::SynchroniseClock:
-        return m_system.SynchroniseClock();
-    case Command::SynchroniseFromTray:
-        return m_system.SynchroniseClockOverDialUp();
-    case Command::CheckForUpdates:
-        return m_system.CheckForUpdates();
-    default:
-        return;
-    }
+    const auto entry = m_commands.find(command);
+    if (entry != m_commands.end())
+        entry->second();
 }
 
 void frmMain::runNow(const std::function<void()>& work) {
@@ -288,7 +241,8 @@ void frmMain::beginClosing() {
     if (m_started) {
         // Nobody is left to tell; what was stored before stays stored then.
         static_cast<void>(m_placement.Save());
-        static_cast<void>(m_program.Services().settings->Write(application, listSection, layoutKey, m_view->Layout()));
+        static_cast<void>(m_program.Services().settings->Write(SettingsStore::OwnApplication, listSection, layoutKey,
+                                                               m_view->Layout()));
     }
     m_tray.Hide();
     hide();

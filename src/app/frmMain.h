@@ -19,6 +19,7 @@
 #include "WindowPlacement.h"
 #include <QMainWindow>
 #include <functional>
+#include <map>
 
 class ActivityListView;
 class FilePicker;
@@ -60,10 +61,8 @@ class frmMain final : public QMainWindow, private StartUpFace {
     bool AcceptsNotice() override;
 
     void connectProgram();
+    [[nodiscard]] std::map<Command, std::function<void()>> commandTable();
     void run(Command command);
-    void runOnActivities(Command command);
-    void runDialog(Command command);
-    void runSystem(Command command);
     void runNow(const std::function<void()>& work);
     void showMonitoring(bool on);
     void showTrayState();
@@ -88,6 +87,7 @@ class frmMain final : public QMainWindow, private StartUpFace {
     SearchCommands m_search;
     SystemCommands m_system;
     RunEndWaiter m_waiter;
+    const std::map<Command, std::function<void()>> m_commands; ///< every command that there is
     bool m_started = false;
     bool m_askingToClose = false;
 };
