@@ -1,0 +1,89 @@
+#include "WindowsServiceManager.h"
+
+namespace {
+
+const wchar_t* const serviceName = L"KalvenorPro";
+const wchar_t* const displayName = L"Kalvenor Pro";
+
+struct ServiceCloser {
+    using pointer = SC_HANDLE;
+    void operator()(SC_HANDLE handle) const { CloseServiceHandle(handle); }
+};
+using ServiceHandle = std::unique_ptr<SC_HANDLE, ServiceCloser>;
+
+struct EventSourceCloser {
+    using pointer = HANDLE;
+    void operator()(HANDLE handle) const { DeregisterEventSource(handle); }
+};
+using EventSource = std::unique_ptr<HANDLE, EventSourceCloser>;
+
+/// Runs "net VERB SERVICE" without a window and does not wait for it.
+bool net(const QString& verb, const QString& service) {
+    const std::wstring interpreter = qEnvironmentVariable("COMSPEC").toStdWString();
+    if (interpreter.empty())
+        return false;
+    std::wstring line = L'"' + interpreter + L"\" /c net " + verb.toStdWString() + L' ' + service.toStdWString();
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESHOWWINDOW;
+    startup.wShowWindow = SW_HIDE;
+    PROCESS_INFORMATION process{};
+    if (CreateProcessW(interpreter.c_str(), line.data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr, nullptr,
+                       &startup, &process) == FALSE)
+        return false;
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+    return true;
+}
+
+} // namespace
+
+bool WindowsServiceManager::Install() {
+    const ServiceHandle manager(OpenSCManagerW(nullptr, nullptr, SC_MANAGER_CREATE_SERVICE));
+    if (!manager)
+        return false;
+    const std::wstring line = L'"' + m_program.wstring() + L"\" STARTSERVICE";
+    const ServiceHandle service(CreateServiceW(manager.get(), serviceName, displayName, SERVICE_QUERY_STATUS,
+                                               SERVICE_WIN32_OWN_PROCESS, SERVICE_AUTO_START, SERVICE_ERROR_NORMAL,
+                                               line.c_str(), nullptr, nullptr, nullptr, nullptr, nullptr));
+    return service != nullptr;
+}
+
+bool WindowsServiceManager::Uninstall() {
+    const ServiceHandle manager(OpenSCManagerW(nullptr, nullptr, SC_MANAGER_CONNECT));
+    if (!manager)
+        return false;
+    const ServiceHandle service(OpenServiceW(manager.get(), serviceName, DELETE));
+    return service && DeleteService(service.get()) != FALSE;
+}
+
+bool WindowsServiceManager::Start(const QString& service) {
+    return net(QStringLiteral("start"), service);
+}
+
+bool WindowsServiceManager::Stop(const QString& service) {
+    return net(QStringLiteral("stop"), service);
+}
+
+bool WindowsServiceManager::AcceptControls(bool debug, ControlListener listener) {
+    if (m_dispatcher || debug)
+        return false;
+    m_dispatcher = ServiceDispatcher::Connect(serviceName, std::move(listener));
+    return m_dispatcher != nullptr;
+}
+
+void WindowsServiceManager::LogEvent(ServiceEvent type, int id, const QString& text) {
+    const EventSource source(RegisterEventSourceW(nullptr, serviceName));
+    if (!source)
+        return;
+    const std::wstring line = text.toStdWString();
+    const wchar_t* lines = line.c_str();
+    constexpr WORD noCategory = 0;
+    ReportEventW(source.get(), static_cast<WORD>(type), noCategory, static_cast<DWORD>(id), nullptr, 1, 0, &lines,
+                 nullptr);
+}
+
+void WindowsServiceManager::report(DWORD state) {
+    if (m_dispatcher)
+        m_dispatcher->Report(state);
+}

@@ -1,0 +1,23 @@
+#include "WindowsSystemClock.h"
+
+#include <system_error>
+
+void WindowsSystemClock::Set(std::chrono::system_clock::time_point time, Outcome outcome) {
+    using namespace std::chrono;
+    const auto day = floor<days>(time);
+    const year_month_day date(day);
+    const hh_mm_ss clock(floor<seconds>(time - day));
+    SYSTEMTIME utc{};
+    utc.wYear = static_cast<WORD>(static_cast<int>(date.year()));
+    utc.wMonth = static_cast<WORD>(static_cast<unsigned>(date.month()));
+    utc.wDay = static_cast<WORD>(static_cast<unsigned>(date.day()));
+    utc.wHour = static_cast<WORD>(clock.hours().count());
+    utc.wMinute = static_cast<WORD>(clock.minutes().count());
+    utc.wSecond = static_cast<WORD>(clock.seconds().count());
+    if (m_setTime(&utc) != FALSE) {
+        outcome({});
+        return;
+    }
+    const std::error_code refusal(static_cast<int>(GetLastError()), std::system_category());
+    outcome(QString::fromLocal8Bit(refusal.message().c_str()));
+}
