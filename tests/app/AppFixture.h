@@ -34,6 +34,16 @@ class AppFixture : public FakeWorld {
         if (!file.open(QIODevice::WriteOnly) || file.write(content.toLatin1()) != content.size())
             qFatal("cannot write the test's file");
     }
+    /// Activities of these names, each with these files to copy.
+    void Fill(const QStringList& activityNames, const QStringList& files = {u"f"_qs}) {
+        QStringList activities;
+        for (const QString& name : activityNames) {
+            activities.append(Activity(name));
+            for (const QString& file : files)
+                Write(Folder(name + u"-in"_qs) + u'/' + file, u"content of "_qs + file);
+        }
+        WriteActivities(activities);
+    }
     void WriteActivities(const QStringList& activities) {
         Write(DefaultFile(), u"<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><items>"_qs + activities.join(QString()) +
                                  u"</items>"_qs);

@@ -22,19 +22,23 @@ class SlowServer final {
     int connections = 0;
 };
 
-void notify(ProgramFixture& fixture, const SlowServer& server, const ProgramFixture::Fields& more = {}) {
-    ProgramFixture::Fields fields{{u"sendmail"_qs, u"1"_qs},
-                                  {u"UseSMTP"_qs, u"1"_qs},
-                                  {u"SMTPHost"_qs, u"127.0.0.1"_qs},
-                                  {u"sender"_qs, u"me@here.de"_qs},
-                                  {u"recipient"_qs, u"you@there.de"_qs}};
-    fields.insert(more);
-    fixture.Add(u"A"_qs, fields);
-    const QString base = u"Postrelle/Settings/"_qs;
-    fixture.settings->values[base + u"PersistentSettings"] = u"1"_qs;
-    fixture.settings->values[base + u"RemotePort"] = QString::number(server.server.serverPort());
-    fixture.settings->values[base + u"ConnectRetry"] = u"1"_qs;
-}
+struct World : ProgramFixture {
+    explicit World(const Fields& more = {}) {
+        Fields fields{{u"sendmail"_qs, u"1"_qs},
+                      {u"UseSMTP"_qs, u"1"_qs},
+                      {u"SMTPHost"_qs, u"127.0.0.1"_qs},
+                      {u"sender"_qs, u"me@here.de"_qs},
+                      {u"recipient"_qs, u"you@there.de"_qs}};
+        fields.insert(more);
+        Add(u"A"_qs, fields);
+        const QString base = u"Postrelle/Settings/"_qs;
+        settings->values[base + u"PersistentSettings"] = u"1"_qs;
+        settings->values[base + u"RemotePort"] = QString::number(server.server.serverPort());
+        settings->values[base + u"ConnectRetry"] = u"1"_qs;
+        Start();
+    }
+    SlowServer server;
+};
 
 const QString failure =
     u"E-Mail send to 'you@there.de' - Timeout occurred: The SMTP Host did not respond to the request"_qs;
@@ -45,55 +49,46 @@ class TestActivityMail final : public QObject {
     Q_OBJECT
   private Q_SLOTS:
     void oneMailOnItsWayAndOneWaiting() {
-        SlowServer server;
-        ProgramFixture fixture;
-        notify(fixture, server);
-        Program& program = fixture.Start();
+        World world;
         for (int run = 0; run < 4; ++run)
-            QVERIFY(program.RunNow(u"A"_qs).Succeeded());
-        QTRY_VERIFY(server.present != nullptr);
-        QTest::qWait(50);
-        QCOMPARE(server.connections, 1);
-        server.HangUp();
-        QTRY_COMPARE(server.connections, 2);
-        QTRY_VERIFY(server.present != nullptr);
-        server.HangUp();
-        QTRY_VERIFY(!program.State().Running());
-        QCOMPARE(server.connections, 2);
-        QCOMPARE(fixture.Log(u"A"_qs).count(failure), 2);
-        QCOMPARE(fixture.Log(u"A"_qs).count(u"E-Mail send to 'you@there.de'"_qs), 4);
+            QVERIFY(world.program->RunNow(u"A"_qs).Succeeded());
+        for (const int connections : {1, 2}) {
+            QTRY_VERIFY(world.server.present != nullptr);
+            QTest::qWait(50);
+            QCOMPARE(world.server.connections, connections);
+            world.server.HangUp();
+        }
+        QTRY_VERIFY(!world.program->State().Running());
+        QCOMPARE(world.server.connections, 2);
+        QCOMPARE(world.Log(u"A"_qs).count(failure), 2);
+        QCOMPARE(world.Log(u"A"_qs).count(u"E-Mail send to 'you@there.de'"_qs), 4);
     }
 
     void theMachineStaysOnUntilTheMailHasGone() {
-        SlowServer server;
-        ProgramFixture fixture;
-        notify(fixture, server, {{u"runningmode"_qs, u"1"_qs}});
-        Program& program = fixture.Start();
+        World world({{u"runningmode"_qs, u"1"_qs}});
+        Program& program = *world.program;
         program.Options().Shutdown = 1;
         program.Monitoring().ToggleMonitoring();
-        fixture.Pass(std::chrono::seconds(15));
-        QCOMPARE(fixture.Runs(u"A"_qs), 1);
-        QTRY_VERIFY(server.present != nullptr);
+        world.Pass(std::chrono::seconds(15));
+        QCOMPARE(world.Runs(u"A"_qs), 1);
+        QTRY_VERIFY(world.server.present != nullptr);
         QVERIFY(program.Monitoring().IsOn());
-        QCOMPARE(fixture.power->requests, 0);
-        server.HangUp();
+        QCOMPARE(world.power->requests, 0);
+        world.server.HangUp();
         QTRY_VERIFY(!program.State().Running());
-        fixture.Pass(std::chrono::seconds(1));
+        world.Pass(std::chrono::seconds(1));
         QVERIFY(!program.Monitoring().IsOn());
-        QCOMPARE(fixture.power->requests, 1);
+        QCOMPARE(world.power->requests, 1);
     }
 
     void theEndOfTheProgramDoesNotWaitForLong() {
-        SlowServer server;
-        ProgramFixture fixture;
-        notify(fixture, server);
-        Program& program = fixture.Start();
-        QVERIFY(program.RunNow(u"A"_qs).Succeeded());
-        QTRY_VERIFY(server.present != nullptr);
-        program.RequestEnd();
-        QVERIFY(program.State().Running());
-        QTRY_VERIFY_WITH_TIMEOUT(!program.State().Running(), 20'000);
-        QCOMPARE(fixture.Log(u"A"_qs).last(), failure.section(u" - "_qs, 0, 0) + u" - Socket not Open");
+        World world;
+        QVERIFY(world.program->RunNow(u"A"_qs).Succeeded());
+        QTRY_VERIFY(world.server.present != nullptr);
+        world.program->RequestEnd();
+        QVERIFY(world.program->State().Running());
+        QTRY_VERIFY_WITH_TIMEOUT(!world.program->State().Running(), 20'000);
+        QCOMPARE(world.Log(u"A"_qs).last(), u"E-Mail send to 'you@there.de' - Socket not Open"_qs);
     }
 };
 

@@ -12,17 +12,18 @@ from RunFixture import RunFixture
 from smtp_server import LoginSmtp
 
 
-class Server(Controller):
-    def factory(self):
-        return LoginSmtp(self.handler, **self.SMTP_kwargs)
-
-
-class Mailbox:
-    """What an SMTP server was given."""
+class Mailbox(Controller):
+    """A real SMTP server that keeps what it is given."""
 
     def __init__(self):
+        with socket.create_server(("127.0.0.1", 0)) as free:
+            port = free.getsockname()[1]
+        super().__init__(self, hostname="127.0.0.1", port=port)
         self.envelopes = []
         self.logins = []
+
+    def factory(self):
+        return LoginSmtp(self, authenticator=self.authenticate, auth_require_tls=False)
 
     async def handle_DATA(self, server, session, envelope):
         self.envelopes.append(envelope)
@@ -32,9 +33,6 @@ class Mailbox:
         self.logins.append((mechanism, data.login.decode(), data.password.decode()))
         return AuthResult(success=data.login == b"kalvenor")
 
-    def mails(self):
-        return [email.message_from_bytes(envelope.content, policy=email.policy.default) for envelope in self.envelopes]
-
 
 class ClosingServer:
     """Says its lines, one for each line it hears, and is then gone."""
@@ -43,7 +41,6 @@ class ClosingServer:
         self.lines = lines
         self.listener = socket.create_server(("127.0.0.1", 0))
         self.port = self.listener.getsockname()[1]
-        self.heard = []
         threading.Thread(target=self.serve, daemon=True).start()
 
     def serve(self):
@@ -58,21 +55,14 @@ class ClosingServer:
                     heard = reader.readline()
                     while line.startswith(b"354") and heard not in (b".\r\n", b""):
                         heard = reader.readline()
-                    self.heard.append(heard)
 
 
 class Mail(RunFixture):
-    def serve(self, **options):
-        box = Mailbox()
-        with socket.create_server(("127.0.0.1", 0)) as free:
-            port = free.getsockname()[1]
-        controller = Server(
-            box, hostname="127.0.0.1", port=port, authenticator=box.authenticate, auth_require_tls=False, **options)
-        controller.start()
-        self.addCleanup(controller.stop)
-        box.port = port
-        self.mail_settings(port)
-        return box
+    def serve(self):
+        self.box = Mailbox()
+        self.box.start()
+        self.addCleanup(self.box.stop)
+        self.mail_settings(self.box.port)
 
     def mail_settings(self, port, **more):
         values = {"PersistentSettings": 1, "RemotePort": port, "ConnectTimeout": 5, "MessageTimeout": 5, **more}
@@ -90,50 +80,41 @@ class Mail(RunFixture):
         self.assertEqual(result.returncode, 0, result.stderr)
         return result.stdout
 
-    def test_plain(self):
-        box = self.serve()
-        output = self.run_once(self.notifying())
-        self.assertIn("E-Mail send to 'anna@dort.de'\n", output)
-        [mail] = box.mails()
-        self.assertEqual(box.envelopes[0].mail_from, "kalvenor@hier.de")
-        self.assertEqual(box.envelopes[0].rcpt_tos, ["anna@dort.de"])
-        self.assertTrue(box.envelopes[0].content.startswith(b'From: "Kalvenor Pro" <kalvenor@hier.de>\r\n'))
-        self.assertEqual(mail["To"].addresses[0].addr_spec, "anna@dort.de")
-        self.assertEqual(mail["Subject"], "Neue Akten")
-        self.assertIsNotNone(mail["Date"].datetime.tzinfo)
-        self.assertEqual(mail.get_content().strip(), "Es gibt etwas.")
+    def the_mail(self):
+        [envelope] = self.box.envelopes
+        return email.message_from_bytes(envelope.content, policy=email.policy.default)
 
     def test_umlauts_recipients_and_details(self):
-        box = self.serve()
-        self.run_once(self.notifying(
+        self.serve()
+        output = self.run_once(self.notifying(
             subject="Überraschung für 5 €", message="Größe: 5 €\n.\nEnde\n", recipient="anna@dort.de;bert@dort.de",
             attachaction="0", computername="1"))
-        [mail] = box.mails()
-        self.assertEqual(box.envelopes[0].rcpt_tos, ["anna@dort.de", "bert@dort.de"])
-        self.assertEqual([one.addr_spec for one in mail["To"].addresses], ["anna@dort.de", "bert@dort.de"])
+        self.assertIn("E-Mail send to 'anna@dort.de;bert@dort.de'\n", output)
+        mail, envelope = self.the_mail(), self.box.envelopes[0]
+        self.assertEqual(envelope.mail_from, "kalvenor@hier.de")
+        self.assertEqual(envelope.rcpt_tos, ["anna@dort.de", "bert@dort.de"])
+        self.assertTrue(envelope.content.startswith(b'From: "Kalvenor Pro" <kalvenor@hier.de>\r\n'))
+        self.assertEqual([one.addr_spec for one in mail["To"].addresses], envelope.rcpt_tos)
         self.assertEqual(mail["Subject"], "Überraschung für 5 ?")
+        self.assertIsNotNone(mail["Date"].datetime.tzinfo)
         lines = mail.get_content().splitlines()
         self.assertEqual(lines[0], f"from system (name): {socket.gethostname()}")
         self.assertEqual(lines[2:5], ["Größe: 5 ?", ".", "Ende"])
         self.assertEqual(lines[-1], f"Last accessed:{self.root}/Akten-out -> {self.root}/Akten-in")
 
-    def test_attached_log(self):
-        box = self.serve()
+    def test_attached_log_and_login(self):
+        self.serve()
+        self.mail_settings(self.box.port, UseAuthentication=1, Username="kalvenor")
         self.run_once(self.notifying(attachlogfile="1", sendlastfile="1"))
-        [mail] = box.mails()
+        self.assertEqual(self.box.logins, [("LOGIN", "kalvenor", "")])
+        mail = self.the_mail()
+        self.assertEqual(mail.get_body().get_content().strip(), "Es gibt etwas.")
         [attachment] = mail.iter_attachments()
         self.assertEqual(attachment.get_filename(), "Akten.log")
         log = (self.root / "Akten.log").read_bytes()
         self.assertIn(b"E-Mail send to 'anna@dort.de'\r\n", log)
         self.assertTrue(log.startswith(attachment.get_payload(decode=True)))
         self.assertIn(b"Copy file", attachment.get_payload(decode=True))
-
-    def test_login(self):
-        box = self.serve()
-        self.mail_settings(box.port, UseAuthentication=1, Username="kalvenor")
-        self.run_once(self.notifying())
-        self.assertEqual(box.logins, [("LOGIN", "kalvenor", "")])
-        self.assertEqual(len(box.envelopes), 1)
 
     def test_server_gone_at_each_step(self):
         dialogue = [b"220 hi\r\n", b"250 hello\r\n", b"250 sender\r\n", b"250 recipient\r\n", b"354 go\r\n", b""]
@@ -150,26 +131,22 @@ class Mail(RunFixture):
                 (self.root / "Akten.log").unlink()
 
     def test_a_silent_server_holds_up_nobody_else(self):
-        box = self.serve()
-        self.mail_settings(box.port, ConnectTimeout=3, ConnectRetry=1)
-        with socket.create_server(("127.0.0.2", box.port)):
+        self.serve()
+        self.mail_settings(self.box.port, ConnectTimeout=3, ConnectRetry=1)
+        with socket.create_server(("127.0.0.2", self.box.port)):
             output = self.run_once(
                 self.notifying("Stumm", SMTPHost="127.0.0.2", recipient="stumm@dort.de"), self.notifying())
-        self.assertEqual([envelope.rcpt_tos for envelope in box.envelopes], [["anna@dort.de"]])
+        self.assertEqual([envelope.rcpt_tos for envelope in self.box.envelopes], [["anna@dort.de"]])
         self.assertIn("E-Mail send to 'stumm@dort.de' - Timeout occurred: ", output)
         self.assertNotIn("E-Mail send to 'anna@dort.de' - ", output)
 
     def test_refused_values(self):
-        box = self.serve()
-        cases = {
-            "Missing or Invalid Sender E-mail Address": {"sender": "nobody"},
-            "No Recipient E-mail Address Specified": {"recipient": "anna@dort"},
-        }
-        for reason, fields in cases.items():
+        self.serve()
+        for reason, fields in {"Missing or Invalid Sender E-mail Address": {"sender": "nobody"},
+                               "No Recipient E-mail Address Specified": {"recipient": "anna@dort"}}.items():
             with self.subTest(reason):
-                output = self.run_once(self.notifying(**fields))
-                self.assertIn(f" - {reason}\n", output)
-        self.assertEqual(box.envelopes, [])
+                self.assertIn(f" - {reason}\n", self.run_once(self.notifying(**fields)))
+        self.assertEqual(self.box.envelopes, [])
 
 
 if __name__ == "__main__":

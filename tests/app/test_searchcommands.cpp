@@ -10,99 +10,84 @@
 #include <QPushButton>
 #include <QSignalSpy>
 
+namespace {
+
+struct World : ProgramFixture {
+    World() {
+        Add(u"Alpha"_qs, {{u"sourcedir"_qs, u"/in/Photos"_qs}, {u"targetdir"_qs, u"/out/one"_qs}});
+        Add(u"Beta"_qs, {{u"comment"_qs, u"xABCx <b>"_qs}, {u"extensions"_qs, u"hidden"_qs}});
+        Add(u"Gamma"_qs, {{u"sourcedir"_qs, u"/in/photos"_qs}, {u"action"_qs, u"1"_qs}});
+        Start();
+        program->List().SetText(u"Gamma"_qs, ActivityList::Status, u"Stra\u00dfe"_qs);
+    }
+};
+
+} // namespace
+
 class TestSearchCommands : public QObject {
     Q_OBJECT
 
-    static void fill(ProgramFixture& fixture) {
-        const auto text = [](const char* latin) { return QString::fromUtf8(latin); };
-        fixture.Add(text("Alpha"), {{text("sourcedir"), text("/in/Photos")}, {text("targetdir"), text("/out/one")}});
-        fixture.Add(text("Beta"), {{text("comment"), text("xABCx <b>")},
-                                   {text("extensions"), text("hidden")},
-                                   {text("logfile"), text("/logs/hidden.log")}});
-        fixture.Add(text("Gamma"), {{text("sourcedir"), text("/in/photos")}, {text("action"), text("1")}});
-        fixture.Start();
-        fixture.program->List().SetText(text("Gamma"), ActivityList::Status, text("Stra\u00dfe"));
-    }
-
   private Q_SLOTS:
-    void finds_data() {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<bool>("matchCase");
-        QTest::addColumn<QList<int>>("rows");
-        using Rows = QList<int>;
-        QTest::newRow("name") << "alph" << false << Rows{0};
-        QTest::newRow("source") << "PHOTOS" << false << Rows{0, 2};
-        QTest::newRow("source, case") << "photos" << true << Rows{2};
-        QTest::newRow("destination") << "out/one" << true << Rows{0};
-        QTest::newRow("schedule") << "Move files" << true << Rows{2};
-        QTest::newRow("status") << "STRASSE" << false << Rows{2};
-        QTest::newRow("status, case") << "STRASSE" << true << Rows{};
-        QTest::newRow("comment") << "abc" << false << Rows{1};
-        QTest::newRow("comment, case") << "abc" << true << Rows{};
-        QTest::newRow("comment as entered") << "<b>" << true << Rows{1};
-        QTest::newRow("markup of the tooltip") << "span" << false << Rows{};
-        QTest::newRow("columns behind the fourth") << "hidden" << false << Rows{};
-        QTest::newRow("every row") << "a" << false << Rows{0, 1, 2};
-        QTest::newRow("nothing") << "" << false << Rows{};
-    }
     void finds() {
-        QFETCH(QString, text);
-        QFETCH(bool, matchCase);
-        ProgramFixture fixture;
-        fill(fixture);
-        ListSearch search;
-        QList<int> rows;
-        std::optional<int> row = search.Search(fixture.program->List(), text, matchCase);
-        while (row) {
-            QVERIFY(search.CanSearchAgain());
-            rows.append(*row);
-            row = search.SearchAgain(fixture.program->List(), *row);
-        }
-        QVERIFY(!search.CanSearchAgain());
-        QTEST(rows, "rows");
+        World world;
+        const auto rowsWith = [&](const QString& text, bool matchCase) {
+            ListSearch search;
+            QString rows;
+            for (auto row = search.Search(world.program->List(), text, matchCase); row;
+                 row = search.SearchAgain(world.program->List(), *row))
+                rows += QString::number(*row) + (search.CanSearchAgain() ? u"" : u" but says there is nothing");
+            return rows;
+        };
+        QCOMPARE(rowsWith(u"A"_qs, false), u"012"_qs);     // names
+        QCOMPARE(rowsWith(u"PHOTOS"_qs, false), u"02"_qs); // sources
+        QCOMPARE(rowsWith(u"photos"_qs, true), u"2"_qs);
+        QCOMPARE(rowsWith(u"out/one"_qs, true), u"0"_qs);    // destination
+        QCOMPARE(rowsWith(u"Move files"_qs, true), u"2"_qs); // schedule
+        QCOMPARE(rowsWith(u"STRASSE"_qs, false), u"2"_qs);   // status
+        QCOMPARE(rowsWith(u"STRASSE"_qs, true), QString());
+        QCOMPARE(rowsWith(u"abc"_qs, false), u"1"_qs); // comment
+        QCOMPARE(rowsWith(u"<b>"_qs, true), u"1"_qs);
+        QCOMPARE(rowsWith(u"span"_qs, false), QString());   // markup of the tooltip
+        QCOMPARE(rowsWith(u"hidden"_qs, false), QString()); // columns behind the fourth
+        QCOMPARE(rowsWith(QString(), false), QString());
     }
 
     void walk() {
-        ProgramFixture fixture;
-        fill(fixture);
-        ActivityListView view(fixture.program->List());
+        World world;
+        ActivityListView view(world.program->List());
         DialogHost dialogs;
-        SearchCommands commands(*fixture.program, dialogs, view);
-        QList<bool> enabled;
-        connect(&commands, &SearchCommands::SearchAgainEnabled, this, [&](bool now) { enabled.append(now); });
-
+        SearchCommands commands(*world.program, dialogs, view);
+        QSignalSpy enabled(&commands, &SearchCommands::SearchAgainEnabled);
+        const auto search = [&](const char* button, const QString& shown, const QString& typed, bool switchesCase) {
+            WhenOpen<frmSearch>([&](frmSearch& form) {
+                auto& line = Find<QLineEdit>(form, "txtSearchText");
+                QCOMPARE(line.text(), shown);
+                QCOMPARE(Find<QPushButton>(form, "cmdOK").isEnabled(), !shown.isEmpty());
+                line.setText(typed);
+                if (switchesCase)
+                    Find<QCheckBox>(form, "chkMatchCase").click();
+                Find<QPushButton>(form, button).click();
+            });
+            commands.Search();
+        };
         commands.SearchAgain(); // before the first search
-        WhenOpen<frmSearch>([](frmSearch& form) {
-            QVERIFY(!Find<QPushButton>(form, "cmdOK").isEnabled());
-            Find<QLineEdit>(form, "txtSearchText").setText(QStringLiteral("photos"));
-            Find<QPushButton>(form, "cmdOK").click();
-        });
-        commands.Search();
-        QCOMPARE(view.SelectedNames(), QStringList{QStringLiteral("Alpha")});
+        search("cmdOK", {}, u"photos"_qs, false);
+        QCOMPARE(view.SelectedNames(), QStringList{u"Alpha"_qs});
         commands.SearchAgain();
-        QCOMPARE(view.SelectedNames(), QStringList{QStringLiteral("Gamma")});
-        QVERIFY(fixture.prompter.shown.empty());
+        QCOMPARE(view.SelectedNames(), QStringList{u"Gamma"_qs});
+        QVERIFY(world.prompter.shown.empty());
         commands.SearchAgain();
-        QCOMPARE(view.SelectedNames(), QStringList{QStringLiteral("Gamma")});
-        QCOMPARE(fixture.prompter.shown.size(), std::size_t(1));
-        QCOMPARE(fixture.prompter.shown.front().text, QStringLiteral("Text not found!"));
-        QCOMPARE(enabled, (QList<bool>{true, true, false}));
+        QCOMPARE(view.SelectedNames(), QStringList{u"Gamma"_qs});
+        QCOMPARE(world.prompter.shown.size(), 1U);
+        QCOMPARE(world.prompter.shown.front().text, u"Text not found!"_qs);
+        QCOMPARE(enabled, (QList<QVariantList>{{true}, {true}, {false}}));
 
         // The dialog begins with the last search; cancelled, it leaves everything as it is.
-        WhenOpen<frmSearch>([](frmSearch& form) {
-            QCOMPARE(Find<QLineEdit>(form, "txtSearchText").text(), QStringLiteral("photos"));
-            Find<QCheckBox>(form, "chkMatchCase").click();
-            Find<QPushButton>(form, "cmdCancel").click();
-        });
-        commands.Search();
+        search("cmdCancel", u"photos"_qs, u"Alpha"_qs, true);
         QCOMPARE(enabled.size(), 3);
-        WhenOpen<frmSearch>([](frmSearch& form) {
-            Find<QCheckBox>(form, "chkMatchCase").click();
-            Find<QPushButton>(form, "cmdOK").click();
-        });
-        commands.Search();
-        QCOMPARE(view.SelectedNames(), QStringList{QStringLiteral("Gamma")});
-        QCOMPARE(enabled.last(), true);
+        search("cmdOK", u"photos"_qs, u"photos"_qs, true);
+        QCOMPARE(view.SelectedNames(), QStringList{u"Gamma"_qs});
+        QCOMPARE(enabled.last(), QVariantList{true});
     }
 };
 

@@ -9,9 +9,6 @@
 #include <QtTest>
 #include <sstream>
 
-Q_DECLARE_METATYPE(Message)
-Q_DECLARE_METATYPE(MessageAnswer)
-
 namespace {
 
 /// Writes down what the start asks of it.
@@ -30,9 +27,22 @@ struct RecordingFace final : StartUpFace {
     std::function<void()> onNotice;
 };
 
-CommandLine fileArgument(const QString& path) {
-    return ParseCommandLine({path});
-}
+/// A program that has not started yet, without a window.
+struct World : AppFixture {
+    explicit World(bool isAccepted = true) {
+        if (!isAccepted)
+            settings->values.clear();
+    }
+    StartUpResult Start(const QStringList& words = {}) { return RunStartUp(program, ParseCommandLine(words), face); }
+    void Tick() {
+        for (int second = 0; second < 10; ++second) {
+            clock->Advance(std::chrono::seconds(1));
+            program.Timers().tmrMonitoring.Poll();
+        }
+    }
+    Program program{services, prompter, keys, texts};
+    RecordingFace face;
+};
 
 } // namespace
 
@@ -40,72 +50,42 @@ class TestStartUp : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
-    void secondCopyIsRefusedBeforeAnythingIsTouched() {
+    void secondCopyIsRefused() {
         AppFixture fixture;
-        const auto settingsBefore = fixture.settings->values;
-        const SingleInstance first(*fixture.locks, {}, fixture.prompter, fixture.texts);
-        QVERIFY(first.MayRun());
-        QVERIFY(fixture.prompter.shown.empty());
-
-        const SingleInstance second(*fixture.locks, {}, fixture.prompter, fixture.texts);
-        QVERIFY(!second.MayRun());
-        QCOMPARE(fixture.prompter.shown.size(), std::size_t(1));
-        const Message& box = fixture.prompter.shown.front();
-        QCOMPARE(box.text, fixture.texts.Text(172) + u"\n\n"_qs + fixture.texts.Text(173));
-        QCOMPARE(box.title, u"Kalvenor Pro"_qs);
-        QCOMPARE(box.icon, MessageIcon::Exclamation);
-        QVERIFY(!QFile::exists(fixture.DefaultFile()));
-        QCOMPARE(fixture.settings->values, settingsBefore);
-    }
-
-    void serviceNeitherTestsNorTakesTheLock() {
-        AppFixture fixture;
-        const CommandLine service = ParseCommandLine({u"STARTSERVICE"_qs});
-        const SingleInstance early(*fixture.locks, service, fixture.prompter, fixture.texts);
+        const auto start = [&](const QStringList& words = {}) {
+            return std::make_unique<SingleInstance>(*fixture.locks, ParseCommandLine(words), fixture.prompter,
+                                                    fixture.texts);
+        };
+        const QStringList service{u"STARTSERVICE"_qs};
+        QVERIFY(start(service)->MayRun()); // the service neither tests nor takes the lock
         QVERIFY(fixture.locks->held.empty());
-        const SingleInstance window(*fixture.locks, {}, fixture.prompter, fixture.texts);
-        const SingleInstance late(*fixture.locks, service, fixture.prompter, fixture.texts);
-        QVERIFY(early.MayRun() && window.MayRun() && late.MayRun());
-    }
-
-    void endedCopyLeavesTheWayFree() {
-        AppFixture fixture;
-        { const SingleInstance first(*fixture.locks, {}, fixture.prompter, fixture.texts); }
-        QVERIFY(SingleInstance(*fixture.locks, {}, fixture.prompter, fixture.texts).MayRun());
-    }
-
-    void argument_data() {
-        QTest::addColumn<QString>("argument"); // "%1" is the temporary folder
-        QTest::addColumn<bool>("taken");
-        QTest::newRow("a file") << u"%1/other.kvd"_qs << true;
-        QTest::newRow("no such file") << u"%1/none.kvd"_qs << false;
-        QTest::newRow("a folder") << u"%1/program"_qs << false;
-        QTest::newRow("nearly a command word") << u"Install"_qs << false;
-        QTest::newRow("blanks") << u"   "_qs << false;
-    }
-    void argument() {
-        QFETCH(QString, argument);
-        QFETCH(bool, taken);
-        AppFixture fixture;
-        argument.replace(u"%1"_qs, fixture.dir.path());
-        AppFixture::Write(fixture.dir.filePath(u"other.kvd"_qs),
-                          u"<?xml version=\"1.0\"?><items>"_qs + fixture.Activity(u"A"_qs) + u"</items>"_qs);
-        Program program(fixture.services, fixture.prompter, fixture.keys, fixture.texts);
-        RecordingFace face;
-        QCOMPARE(RunStartUp(program, fileArgument(argument), face), StartUpResult::Running);
-        QVERIFY(QFile::exists(fixture.DefaultFile())); // ensured in any case
-        if (taken) {
+        {
+            const auto first = start();
+            QVERIFY(first->MayRun() && start(service)->MayRun());
             QVERIFY(fixture.prompter.shown.empty());
-            QCOMPARE(program.File().CurrentPath(), argument);
-            QCOMPARE(program.List().Rows(), 1);
-            return;
+            QVERIFY(!start()->MayRun());
+            QCOMPARE(fixture.prompter.Told(), QStringList{u"Kalvenor Pro: "_qs + fixture.texts.Text(172) + u"\n\n"_qs +
+                                                          fixture.texts.Text(173)});
+            QVERIFY(!start()->MayRun()); // the refused one has not let the lock go
         }
-        QCOMPARE(fixture.prompter.shown.size(), std::size_t(1));
-        const Message& box = fixture.prompter.shown.front();
-        QCOMPARE(box.text, u"File '"_qs + argument + u"' could not be started with Kalvenor."_qs);
-        QCOMPARE(box.title, u"Invalid file"_qs);
-        QCOMPARE(box.icon, MessageIcon::Critical);
-        QCOMPARE(program.File().CurrentPath(), fixture.DefaultFile());
+        QVERIFY(start()->MayRun());
+    }
+
+    void takesAFileThatIsThere() {
+        for (const QString& argument :
+             {u"%1/other.kvd"_qs, u"%1/none.kvd"_qs, u"%1/program"_qs, u"Install"_qs, u"   "_qs}) {
+            World world;
+            const QString path = QString(argument).replace(u"%1"_qs, world.dir.path());
+            const bool taken = argument == u"%1/other.kvd";
+            AppFixture::Write(world.dir.filePath(u"other.kvd"_qs),
+                              u"<?xml version=\"1.0\"?><items>"_qs + world.Activity(u"A"_qs) + u"</items>"_qs);
+            QCOMPARE(world.Start({path}), StartUpResult::Running);
+            QVERIFY(QFile::exists(world.DefaultFile())); // ensured in any case
+            QCOMPARE(world.program.File().CurrentPath(), taken ? path : world.DefaultFile());
+            QCOMPARE(world.program.List().Rows(), taken ? 1 : 0);
+            const QString box = u"Invalid file: File '"_qs + path + u"' could not be started with Kalvenor."_qs;
+            QCOMPARE(world.prompter.Told(), taken ? QStringList() : QStringList{box});
+        }
     }
 
     void wordsOfTheServiceEndTheStart() {
@@ -121,159 +101,109 @@ class TestStartUp : public QObject {
     }
 
     void theFileTypeIsRegisteredOnce() {
-        AppFixture fixture;
-        for (int start = 0; start < 2; ++start) {
-            Program program(fixture.services, fixture.prompter, fixture.keys, fixture.texts);
-            RecordingFace face;
-            QCOMPARE(RunStartUp(program, {}, face), StartUpResult::Running);
-        }
-        QCOMPARE(fixture.fileTypes->registered.size(), std::size_t(1));
-        QCOMPARE(fixture.settings->values.value(u"Kalvenor/Options/Done"_qs), u"1"_qs);
+        World world;
+        for (int start = 0; start < 2; ++start)
+            QCOMPARE(world.Start(), StartUpResult::Running);
+        QCOMPARE(world.fileTypes->registered.size(), 1U);
+        QCOMPARE(world.settings->values.value(u"Kalvenor/Options/Done"_qs), u"1"_qs);
     }
 
-    void steps_data() {
-        QTest::addColumn<bool>("accepted");
-        QTest::addColumn<bool>("minimised");
-        QTest::addColumn<QStringList>("steps");
-        QTest::newRow("accepted before") << true << false << QStringList{u"appear"_qs, u"state"_qs};
-        QTest::newRow("minimised") << true << true << QStringList{u"appear"_qs, u"state"_qs, u"minimise"_qs};
-        QTest::newRow("first start") << false << true
-                                     << QStringList{u"appear"_qs, u"state"_qs, u"minimise"_qs, u"notice"_qs};
-    }
     void steps() {
-        QFETCH(bool, accepted);
-        QFETCH(bool, minimised);
-        AppFixture fixture;
-        if (!accepted)
-            fixture.settings->values.clear();
-        fixture.SetOption("ActivateWhileWindowsStarting", minimised ? u"1"_qs : u"0"_qs);
-        Program program(fixture.services, fixture.prompter, fixture.keys, fixture.texts);
-        RecordingFace face;
-        face.accepts = true;
-        QCOMPARE(RunStartUp(program, {}, face), StartUpResult::Running);
-        QTEST(face.steps, "steps");
-        QVERIFY(program.IsNoticeAccepted());
+        const auto steps = [](bool isAccepted, const QString& minimised) {
+            World world(isAccepted);
+            world.SetOption("ActivateWhileWindowsStarting", minimised);
+            world.face.accepts = true;
+            if (world.Start() != StartUpResult::Running || !world.program.IsNoticeAccepted())
+                return u"not running"_qs;
+            return world.face.steps.join(u' ');
+        };
+        QCOMPARE(steps(true, u"0"_qs), u"appear state"_qs);
+        QCOMPARE(steps(true, u"1"_qs), u"appear state minimise"_qs);
+        QCOMPARE(steps(false, u"1"_qs), u"appear state minimise notice"_qs);
     }
 
     void nothingRunsBeforeTheNoticeIsAnswered() {
-        AppFixture fixture;
-        fixture.settings->values.clear();
-        fixture.SetOption("StartUp", u"1"_qs);
-        fixture.WriteActivities({fixture.Activity(u"A"_qs)});
-        AppFixture::Write(fixture.Folder(u"A-in"_qs) + u"/f"_qs, u"data"_qs);
-        const QString copy = fixture.Folder(u"A-out"_qs) + u"/f"_qs;
-        Program program(fixture.services, fixture.prompter, fixture.keys, fixture.texts);
-        const auto tick = [&] {
-            for (int second = 0; second < 10; ++second) {
-                fixture.clock->Advance(std::chrono::seconds(1));
-                program.Timers().tmrMonitoring.Poll();
-            }
-        };
-        RecordingFace face;
-        face.accepts = true;
+        World world(false);
+        world.SetOption("StartUp", u"1"_qs);
+        world.Fill({u"A"_qs});
+        const QString copy = world.Folder(u"A-out"_qs) + u"/f"_qs;
+        world.face.accepts = true;
         bool monitoredMeanwhile = false;
-        face.onNotice = [&] {
-            monitoredMeanwhile = program.Monitoring().IsOn();
-            tick();
+        world.face.onNotice = [&] {
+            monitoredMeanwhile = world.program.Monitoring().IsOn();
+            world.Tick();
             QVERIFY(!QFile::exists(copy));
         };
-        QCOMPARE(RunStartUp(program, {}, face), StartUpResult::Running);
+        QCOMPARE(world.Start(), StartUpResult::Running);
         QVERIFY(monitoredMeanwhile);
-        tick();
+        world.Tick();
         QVERIFY(QFile::exists(copy));
     }
 
     void declineSavesNothing() {
-        AppFixture fixture;
-        fixture.settings->values.clear();
-        Program program(fixture.services, fixture.prompter, fixture.keys, fixture.texts);
-        RecordingFace face;
-        QCOMPARE(RunStartUp(program, {}, face), StartUpResult::Declined);
-        QCOMPARE(fixture.settings->values.keys(), QStringList{u"Kalvenor/Options/Done"_qs}); // of the file type
-        QVERIFY(!program.IsNoticeAccepted());
+        World world(false);
+        QCOMPARE(world.Start(), StartUpResult::Declined);
+        QCOMPARE(world.settings->values.keys(), QStringList{u"Kalvenor/Options/Done"_qs}); // of the file type
+        QVERIFY(!world.program.IsNoticeAccepted());
     }
 
     void damagedFileIsLeftAloneWithoutAYes() {
-        AppFixture fixture;
-        AppFixture::Write(fixture.DefaultFile(), u"no activity file"_qs);
-        Program program(fixture.services, fixture.prompter, fixture.keys, fixture.texts);
-        RecordingFace face;
-        QCOMPARE(RunStartUp(program, {}, face), StartUpResult::Running);
-        QFile file(fixture.DefaultFile());
+        World world;
+        AppFixture::Write(world.DefaultFile(), u"no activity file"_qs);
+        QCOMPARE(world.Start(), StartUpResult::Running);
+        QFile file(world.DefaultFile());
         QVERIFY(file.open(QIODevice::ReadOnly));
         QCOMPARE(file.readAll(), QByteArray("no activity file"));
     }
 
     void headlessWithoutAcceptanceTouchesNothing() {
-        AppFixture fixture;
-        fixture.settings->values.clear();
+        World world(false);
         std::ostringstream lines;
         HeadlessLog log(lines, false);
-        Program program(fixture.services, fixture.prompter, fixture.keys, fixture.texts);
-        HeadlessHost host(program, log);
+        HeadlessHost host(world.program, log);
         QCOMPARE(host.Start({}), std::optional<int>(3));
         const QString said = QString::fromStdString(lines.str());
-        QVERIFY(said.contains(fixture.texts.Text(109)));
-        QVERIFY(said.contains(fixture.texts.Text(439)));
-        QVERIFY(fixture.settings->values.isEmpty());
-        QVERIFY(!QFile::exists(fixture.DefaultFile()));
-        QVERIFY(fixture.fileTypes->registered.empty() && fixture.serviceManager->asked.isEmpty());
+        QVERIFY(said.contains(world.texts.Text(109)) && said.contains(world.texts.Text(439)));
+        QVERIFY(world.settings->values.isEmpty());
+        QVERIFY(!QFile::exists(world.DefaultFile()));
+        QVERIFY(world.fileTypes->registered.empty() && world.serviceManager->asked.isEmpty());
     }
 
-    void headlessSaysWhyItIsIdle_data() {
-        QTest::addColumn<bool>("startUp");
-        QTest::newRow("option off") << false;
-        QTest::newRow("option on") << true;
-    }
     void headlessSaysWhyItIsIdle() {
-        QFETCH(bool, startUp);
-        AppFixture fixture;
-        fixture.WriteActivities({fixture.Activity(u"A"_qs)});
-        fixture.SetOption("StartUp", startUp ? u"1"_qs : u"0"_qs);
+        for (const bool startUp : {false, true}) {
+            World world;
+            world.Fill({u"A"_qs});
+            world.SetOption("StartUp", startUp ? u"1"_qs : u"0"_qs);
+            std::ostringstream lines;
+            HeadlessLog log(lines, true);
+            HeadlessHost host(world.program, log);
+            QCOMPARE(host.Start({}), std::nullopt);
+            QCOMPARE(world.program.Monitoring().IsOn(), startUp);
+            QVERIFY(world.prompter.shown.empty());
+            QCOMPARE(QString::fromStdString(lines.str()),
+                     startUp ? QString() : u"<5>"_qs + world.texts.Text(440) + u'\n');
+
+            QSignalSpy closed(&host, &HeadlessHost::Closed);
+            host.RequestStop();
+            QVERIFY(closed.wait());
+            QVERIFY(!world.program.Monitoring().IsOn() && world.program.State().closing);
+            QCOMPARE(world.serviceManager->asked, (QStringList{u"ready"_qs, u"stopping"_qs}));
+        }
+    }
+
+    void questionsWithoutAUser() {
         std::ostringstream lines;
         HeadlessLog log(lines, true);
         HeadlessPrompter prompter(log);
-        Program program(fixture.services, prompter, fixture.keys, fixture.texts);
-        HeadlessHost host(program, log);
-        QCOMPARE(host.Start({}), std::nullopt);
-        QCOMPARE(program.Monitoring().IsOn(), startUp);
+        const QString title = u"T"_qs;
+        QCOMPARE(prompter.Ask({u"Replace\n'a'?"_qs, title, MessageIcon::Question, MessageButtons::YesNo}),
+                 MessageAnswer::No);
+        QCOMPARE(prompter.Ask({u"New?"_qs, title, MessageIcon::Critical, MessageButtons::YesNo}), MessageAnswer::No);
+        QCOMPARE(prompter.Ask({u"Gone"_qs, title, MessageIcon::Exclamation, MessageButtons::Ok}), MessageAnswer::Ok);
+        QCOMPARE(prompter.Ask({u"Do?"_qs, title, MessageIcon::Information, MessageButtons::OkCancel}),
+                 MessageAnswer::Cancel);
         QCOMPARE(QString::fromStdString(lines.str()),
-                 startUp ? QString() : u"<5>"_qs + fixture.texts.Text(440) + u'\n');
-
-        QSignalSpy closed(&host, &HeadlessHost::Closed);
-        host.RequestStop();
-        QVERIFY(closed.wait());
-        QVERIFY(!program.Monitoring().IsOn());
-        QVERIFY(program.State().closing);
-        QCOMPARE(fixture.serviceManager->asked, (QStringList{u"ready"_qs, u"stopping"_qs}));
-    }
-
-    void questionsWithoutAUser_data() {
-        QTest::addColumn<bool>("journal");
-        QTest::addColumn<Message>("message");
-        QTest::addColumn<MessageAnswer>("answer");
-        QTest::addColumn<QString>("line");
-        QTest::newRow("question") << false
-                                  << Message{u"Replace\n'a'?"_qs, u"Exists"_qs, MessageIcon::Question,
-                                             MessageButtons::YesNo}
-                                  << MessageAnswer::No << u"Exists: Replace 'a'? -> No\n"_qs;
-        QTest::newRow("damaged file") << true
-                                      << Message{u"New?"_qs, u"Error"_qs, MessageIcon::Critical, MessageButtons::YesNo}
-                                      << MessageAnswer::No << u"<3>Error: New? -> No\n"_qs;
-        QTest::newRow("warning") << true << Message{u"Gone"_qs, u"T"_qs, MessageIcon::Exclamation, MessageButtons::Ok}
-                                 << MessageAnswer::Ok << u"<4>T: Gone\n"_qs;
-        QTest::newRow("cancel") << true
-                                << Message{u"Do?"_qs, u"T"_qs, MessageIcon::Information, MessageButtons::OkCancel}
-                                << MessageAnswer::Cancel << u"<5>T: Do? -> Cancel\n"_qs;
-    }
-    void questionsWithoutAUser() {
-        QFETCH(bool, journal);
-        QFETCH(Message, message);
-        std::ostringstream lines;
-        HeadlessLog log(lines, journal);
-        HeadlessPrompter prompter(log);
-        QTEST(prompter.Ask(message), "answer");
-        QTEST(QString::fromStdString(lines.str()), "line");
+                 u"<5>T: Replace 'a'? -> No\n<3>T: New? -> No\n<4>T: Gone\n<5>T: Do? -> Cancel\n"_qs);
     }
 };
 

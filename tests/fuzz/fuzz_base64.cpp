@@ -1,33 +1,26 @@
 // Base64 in both directions: what was encoded reads back, and any text decodes as another decoder does it.
+#include "Require.h"
 #include "modBase64.h"
 
 #include <QList>
 #include <QStringBuilder>
 #include <cstdint>
-#include <cstdlib>
-
-namespace {
-void require(bool holds) {
-    if (!holds)
-        std::abort();
-}
-} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const QByteArray input(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
     const QByteArray code = modBase64::Encode(input);
-    require(modBase64::DecodeBase64String(code) == input);
-    require(QByteArray::fromBase64(QByteArray(code).replace("\r\n", ""), QByteArray::AbortOnBase64DecodingErrors) ==
+    Require(modBase64::DecodeBase64String(code) == input);
+    Require(QByteArray::fromBase64(QByteArray(code).replace("\r\n", ""), QByteArray::AbortOnBase64DecodingErrors) ==
             input);
     for (const QByteArray& line : QByteArray(code).replace("\r\n", "\n").split('\n'))
-        require(line.size() <= 76 && !line.contains('\r') && (!line.isEmpty() || input.isEmpty()));
+        Require(line.size() <= 76 && !line.contains('\r') && (!line.isEmpty() || input.isEmpty()));
 
     // Whole lines may be encoded one by one.
     const qsizetype cut = modBase64::bytesPerLine;
     if (input.size() > cut)
-        require(modBase64::Encode(input.left(cut)) + "\r\n" + modBase64::Encode(input.mid(cut)) == code);
+        Require(modBase64::Encode(input.left(cut)) + "\r\n" + modBase64::Encode(input.mid(cut)) == code);
 
     const qsizetype end = input.indexOf('=');
-    require(modBase64::DecodeBase64String(input) == QByteArray::fromBase64(end < 0 ? input : input.left(end)));
+    Require(modBase64::DecodeBase64String(input) == QByteArray::fromBase64(end < 0 ? input : input.left(end)));
     return 0;
 }

@@ -1,18 +1,13 @@
 // Whatever a name server, or somebody in its name, sends: reading it ends, stays inside of the packet, and gives
 // nothing but sorted names that may go into a log and a command.
+#include "Require.h"
 #include "modMXQuery.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 namespace {
 
 constexpr qsizetype longestText = 253; // 255 bytes on the wire
-
-void require(bool kept) {
-    if (!kept)
-        std::abort();
-}
 
 bool isHost(const QString& host) {
     return !host.isEmpty() && host.size() <= longestText &&
@@ -29,9 +24,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (!reply)
         return 0;
     const auto& hosts = reply->hosts;
-    require(hosts.size() <= reply->answers);
-    require(std::all_of(hosts.begin(), hosts.end(), [](const auto& each) { return isHost(each.host); }));
-    require(std::is_sorted(hosts.begin(), hosts.end(),
+    Require(hosts.size() <= reply->answers);
+    Require(std::all_of(hosts.begin(), hosts.end(), [](const auto& each) { return isHost(each.host); }));
+    Require(std::is_sorted(hosts.begin(), hosts.end(),
                            [](const auto& left, const auto& right) { return left.preference < right.preference; }));
     return 0;
 }

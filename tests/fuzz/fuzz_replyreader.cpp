@@ -1,8 +1,8 @@
 // Whatever a server sends, in whatever pieces: the same replies come out, within bounds.
 #include "ReplyReader.h"
+#include "Require.h"
 
 #include <cstdint>
-#include <cstdlib>
 
 namespace {
 
@@ -12,8 +12,7 @@ QByteArray replies(const QByteArray& bytes, qsizetype piece) {
     for (qsizetype at = 0; at < bytes.size(); at += piece) {
         reader.Feed(bytes.mid(at, piece));
         while (const auto reply = reader.Next()) {
-            if (reply->code.size() > 3 || reply->text.size() > 2 * ReplyReader::kLongestReply)
-                std::abort();
+            Require(reply->code.size() <= 3 && reply->text.size() <= 2 * ReplyReader::kLongestReply);
             all.append(reply->code).append(reply->text).append('\0');
         }
     }
@@ -26,7 +25,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (size == 0)
         return 0;
     const QByteArray bytes(reinterpret_cast<const char*>(data) + 1, static_cast<qsizetype>(size - 1));
-    if (replies(bytes, data[0] + 1) != replies(bytes, bytes.size() + 1))
-        std::abort();
+    Require(replies(bytes, data[0] + 1) == replies(bytes, bytes.size() + 1));
     return 0;
 }

@@ -15,26 +15,19 @@ const QDateTime when(QDate(2003, 1, 5), QTime(14, 7, 9), Qt::OffsetFromUTC, 3600
 
 MailMessage letter() {
     MailMessage message;
-    message.from = QStringLiteral("me@example.org");
-    message.recipients = {QStringLiteral("you@example.org")};
+    message.from = u"me@example.org"_qs;
+    message.recipients = {u"you@example.org"_qs};
     return message;
 }
 
-QStringList addresses(int count) {
-    QStringList list;
-    for (int i = 0; i < count; ++i)
-        list << QStringLiteral("a%1@example.org").arg(i);
-    return list;
-}
-
-QByteArray compose(const MailMessage& message, QStringList* statuses = nullptr) {
+QByteArray compose(const MailMessage& message) {
     MessageStream stream(message, when);
-    QByteArray text;
+    QByteArray text = stream.Next().bytes; // the header may be long
     while (!stream.AtEnd()) {
-        const MessageStream::Block block = stream.Next();
-        text += block.bytes;
-        if (statuses != nullptr && !block.status.isEmpty())
-            statuses->append(block.status);
+        const QByteArray piece = stream.Next().bytes;
+        if (piece.size() > 4500)
+            qFatal("a large mail would be held in memory");
+        text += piece;
     }
     return stream.Error() ? QByteArray() : text;
 }
@@ -61,158 +54,68 @@ class TestMessageStream final : public QObject {
     // Qt cannot remove names that are no text.
     void cleanup() { fs::remove_all(root()); }
 
-    void check_data() {
-        QTest::addColumn<QString>("from");
-        QTest::addColumn<bool>("htmlInUuencode");
-        QTest::addColumn<QList<int>>("counts");
-        QTest::addColumn<QString>("error");
-        const auto row = [](const char* name, const char* from, bool html, const QList<int>& counts,
-                            const char* error) {
-            QTest::newRow(name) << QString::fromLatin1(from) << html << counts << QString::fromLatin1(error);
-        };
-        row("the sender comes first", "", true, {0, 0, 0}, "Missing or Invalid Sender E-mail Address");
-        row("then HTML", "me@example.org", true, {0, 0, 0}, "Sending HTML requires MIME encoding");
-        row("nobody", "me@example.org", false, {0, 0, 0}, "No Recipient E-mail Address Specified");
-        row("a blind copy will do", "me@example.org", false, {0, 0, 1}, "");
-        row("100", "me@example.org", false, {34, 33, 33}, "");
-        row("101", "me@example.org", false, {34, 33, 34}, "Too many recipients");
-    }
     void check() {
-        QFETCH(QString, from);
-        QFETCH(bool, htmlInUuencode);
-        QFETCH(QList<int>, counts);
-        MailMessage message;
-        message.from = from;
-        message.asHtml = htmlInUuencode;
+        const auto check = [](qsizetype recipients, qsizetype copies, qsizetype blindCopies) {
+            MailMessage message = letter();
+            message.recipients = QStringList(recipients, u"a@example.org"_qs);
+            message.copies = QStringList(copies, u"a@example.org"_qs);
+            message.blindCopies = QStringList(blindCopies, u"a@example.org"_qs);
+            return MessageStream::Check(message);
+        };
+        QCOMPARE(check(0, 0, 1), QString());
+        QCOMPARE(check(34, 33, 33), QString());
+        QCOMPARE(check(34, 33, 34), u"Too many recipients"_qs);
+        MailMessage message = letter();
+        message.asHtml = true;
         message.encoding = MailEncoding::UuEncode;
-        message.recipients = addresses(counts[0]);
-        message.copies = addresses(counts[1]);
-        message.blindCopies = addresses(counts[2]);
-        QTEST(MessageStream::Check(message), "error");
-    }
-
-    void simpleText() {
-        MailMessage message = letter();
-        message.fromDisplayName = QStringLiteral("Kalvenor Pro");
-        message.recipients << QStringLiteral("her@example.org");
-        message.recipientDisplayNames << QStringLiteral(" ") << QStringLiteral("Her");
-        message.blindCopies << QStringLiteral("secret@example.org");
-        message.replyTo = QStringLiteral("re@example.org");
-        message.receipt = true;
-        message.priority = 1;
-        message.priorityWord = QStringLiteral("High");
-        message.text = QStringLiteral("a\n.b");
-        QCOMPARE(compose(message), QByteArray("From: \"Kalvenor Pro\" <me@example.org>\r\n"
-                                              "To: you@example.org,\r\n\t\"Her\" <her@example.org>\r\n"
-                                              "Subject: \r\n"
-                                              "Reply-to: <re@example.org>\r\n"
-                                              "Date: Sun, 5 Jan 2003 14:07:09 +0100\r\n"
-                                              "MIME-Version: 1.0\r\n"
-                                              "X-Priority: 1\r\n"
-                                              "X-MSMail-Priority: High\r\n"
-                                              "Disposition-Notification-To: \"Kalvenor Pro\" <me@example.org>\r\n"
-                                              "Content-Type: text/plain;\r\n\tcharset=\"iso-8859-1\"\r\n"
-                                              "Content-Transfer-Encoding: 7bit\r\n"
-                                              "\r\n"
-                                              "a\r\n..b\r\n.\r\n"));
-    }
-
-    void embedded_data() {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<bool>("isHtml");
-        QTest::addColumn<bool>("embedded");
-        QTest::newRow("referenced") << QStringLiteral("<img src=\"cid:a.b\">") << true << true;
-        QTest::newRow("at the end") << QStringLiteral("cid:a.bc cid:a.b") << true << true;
-        QTest::newRow("a longer name") << QStringLiteral("<img src='cid:a.bc'>") << true << false;
-        QTest::newRow("no HTML") << QStringLiteral("<img src=\"cid:a.b\">") << false << false;
-    }
-    void embedded() {
-        QFETCH(QString, text);
-        QFETCH(bool, isHtml);
-        QFETCH(bool, embedded);
-        MailMessage message = letter();
-        message.text = text;
-        message.asHtml = isHtml;
-        message.attachments = {file("a.b", "x"), {}};
-        QStringList statuses;
-        const QByteArray sent = compose(message, &statuses);
-        QCOMPARE(sent.contains("Content-ID: <a.b>\r\n"), embedded);
-        QCOMPARE(sent.contains(embedded ? "multipart/related;" : "multipart/mixed;"), true);
-        QCOMPARE(statuses, QStringList((embedded ? QStringLiteral("Sending Embedded File, ")
-                                                 : QStringLiteral("Sending Attachment, ")) +
-                                       QStringLiteral("a.b...")));
+        QCOMPARE(MessageStream::Check(message), u"Sending HTML requires MIME encoding"_qs);
     }
 
     void textCutBetweenSurrogates() {
         MailMessage message = letter();
-        message.text = QString(4095, u'\n') + QStringLiteral(u"\U0001F600") + QString(5000, u'\n');
+        message.text = QString(4095, u'a') + u"\U0001F600"_qs + QString(100'000, u'a');
         QCOMPARE(compose(message).count('?'), 1);
     }
 
     void unreadableAttachment_data() {
-        QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("reason");
-        QTest::newRow("missing") << QStringLiteral("none")
-                                 << QStringLiteral("The file you tried to attach does not exist");
-        QTest::newRow("folder") << QStringLiteral("folder") << QStringLiteral("Is a directory");
-        QTest::newRow("fifo") << QStringLiteral("fifo") << QStringLiteral("Invalid argument");
+        QTest::newRow("missing") << u"missing: The file you tried to attach does not exist"_qs;
+        QTest::newRow("folder") << u"folder: Is a directory"_qs;
+        QTest::newRow("fifo") << u"fifo: Invalid argument"_qs;
     }
     void unreadableAttachment() {
-        QFETCH(QString, name);
-        QFETCH(QString, reason);
         fs::create_directory(root() / "folder");
         QCOMPARE(::mkfifo((root() / "fifo").c_str(), 0600), 0);
         MailMessage message = letter();
-        message.attachments = {file("good", "good"), root() / name.toStdString()};
+        message.attachments = {file("good", "good"), root() / QTest::currentDataTag()};
         MessageStream stream(message, when);
         QByteArray text;
         while (!stream.AtEnd())
             text += stream.Next().bytes;
-        QCOMPARE(stream.Error().value_or(QString()), name + QStringLiteral(": ") + reason);
+        QTEST(stream.Error().value_or(QString()), "reason");
         QVERIFY(text.contains("good") && !text.contains("\r\n.\r\n"));
         QVERIFY(stream.Next().bytes.isEmpty());
     }
 
-    void attachmentChangesMeanwhile_data() {
-        QTest::addColumn<int>("newSize");
-        QTest::addColumn<bool>("fails");
-        QTest::newRow("shrinks") << 9'999 << true;
-        QTest::newRow("grows") << 50'000 << false;
-    }
     void attachmentChangesMeanwhile() {
-        QFETCH(int, newSize);
-        QFETCH(bool, fails);
-        for (const MailEncoding encoding : {MailEncoding::Mime, MailEncoding::UuEncode}) {
-            MailMessage message = letter();
-            message.encoding = encoding;
-            message.attachments = {file("data", noise(10'000))};
-            const QByteArray whole = compose(message);
-            MessageStream stream(message, when);
-            QByteArray text;
-            while (!stream.AtEnd()) {
-                const MessageStream::Block block = stream.Next();
-                text += block.bytes;
-                if (!block.status.isEmpty())
-                    fs::resize_file(message.attachments[0], static_cast<std::uintmax_t>(newSize));
+        for (const MailEncoding encoding : {MailEncoding::Mime, MailEncoding::UuEncode})
+            for (const unsigned newSize : {9'999U, 50'000U}) { // shrinks, grows
+                MailMessage message = letter();
+                message.encoding = encoding;
+                message.attachments = {file("data", noise(10'000))};
+                const QByteArray whole = compose(message);
+                MessageStream stream(message, when);
+                QByteArray text;
+                while (!stream.AtEnd()) {
+                    const MessageStream::Block block = stream.Next();
+                    text += block.bytes;
+                    if (!block.status.isEmpty())
+                        fs::resize_file(message.attachments[0], newSize);
+                }
+                QCOMPARE(stream.Error().has_value(), newSize < 10'000U);
+                QCOMPARE(text == whole, newSize > 10'000U);
+                QCOMPARE(text.contains("\r\n.\r\n"), newSize > 10'000U);
             }
-            QCOMPARE(stream.Error().has_value(), fails);
-            if (fails)
-                QVERIFY(!text.contains("\r\n.\r\n"));
-            else
-                QCOMPARE(text, whole);
-        }
-    }
-
-    void smallBlocks() {
-        for (const MailEncoding encoding : {MailEncoding::Mime, MailEncoding::UuEncode}) {
-            MailMessage message = letter();
-            message.encoding = encoding;
-            message.text = QString(100'000, u'a');
-            message.attachments = {file("data", noise(100'000))};
-            MessageStream stream(message, when);
-            while (!stream.AtEnd())
-                QVERIFY(stream.Next().bytes.size() <= 4500);
-        }
     }
 
     /// Another program reads what was written: names of the messages and expectations are in the script.
@@ -251,28 +154,32 @@ class TestMessageStream final : public QObject {
 
     void writePlain() {
         MailMessage message = letter();
-        message.fromDisplayName = QStringLiteral(u"Jörg \"der\" Müller, genannt <Öhm>");
-        message.recipients << QStringLiteral("her@example.org");
-        message.recipientDisplayNames = {QStringLiteral("Doe, \"J\\ohn\""), QStringLiteral(u"Zoë")};
-        message.copies << QStringLiteral("copy@example.org");
-        message.blindCopies << QStringLiteral("secret@example.org");
-        message.subject = QStringLiteral(u"Grüße für 5 €: ") + QStringLiteral(u"äöü und mehr ").repeated(20);
-        message.text = QStringLiteral(u".Punkt\r\n..\n.\r\rÄÖÜß € \U0001F600 Ende\n");
+        message.fromDisplayName = u"Jörg \"der\" Müller, genannt <Öhm>"_qs;
+        message.recipients << u"her@example.org"_qs << u"plain@example.org"_qs;
+        message.recipientDisplayNames = {u"Doe, \"J\\ohn\""_qs, u"Zoë"_qs, u" "_qs};
+        message.replyTo = u"re@example.org"_qs;
+        message.receipt = true;
+        message.priority = 1;
+        message.priorityWord = u"High"_qs;
+        message.copies << u"copy@example.org"_qs;
+        message.blindCopies << u"secret@example.org"_qs;
+        message.subject = u"Grüße für 5 €: "_qs + u"äöü und mehr "_qs.repeated(20);
+        message.text = u".Punkt\r\n..\n.\r\rÄÖÜß € \U0001F600 Ende\n"_qs;
         write("plain.mail", message);
     }
 
     void writeHtml() {
         MailMessage message = letter();
         message.asHtml = true;
-        message.contentBase = QStringLiteral("http://example.org/\"\r\nX-Evil: 1");
-        message.text = QStringLiteral(u"<p>Über <img src=\"cid:logo.png\"></p>");
-        message.attachments = {file("logo.png", noise(500)), file("list.txt", "one\n")};
+        message.contentBase = u"http://example.org/\"\r\nX-Evil: 1"_qs;
+        message.text = u"<p>Über <img src=\"cid:logo.png\"></p> cid:list.txt2"_qs;
+        message.attachments = {file("logo.png", noise(500)), {}, file("list.txt", "one\n")};
         write("html.mail", message);
     }
 
     void writeAttachments() {
         MailMessage message = letter();
-        message.text = QStringLiteral("see below");
+        message.text = u"cid:size0.bin"_qs; // is no reference outside of HTML
         // 14 bytes: a line of uuencoded text that begins with a ".".
         for (const int size : {0, 1, 2, 3, 14, 45, 57, 100 * 1024})
             message.attachments.push_back(file("size" + std::to_string(size) + ".bin", noise(size)));
@@ -285,12 +192,12 @@ class TestMessageStream final : public QObject {
     }
 
     void writeHostile() {
-        const QString attack = QStringLiteral("x\r\nX-Evil: 1\r\n\r\n.\r\nQUIT\r\n");
+        const QString attack = u"x\r\nX-Evil: 1\r\n\r\n.\r\nQUIT\r\n"_qs;
         MailMessage message = letter();
         message.subject = attack;
         message.fromDisplayName = attack + u'"';
-        message.recipientDisplayNames << QStringLiteral(u"ä\"") + attack;
-        message.replyTo = QStringLiteral("re@example.org") + attack;
+        message.recipientDisplayNames << u"ä\""_qs + attack;
+        message.replyTo = u"re@example.org"_qs + attack;
         message.priority = 1;
         message.priorityWord = attack;
         message.text = attack;
@@ -306,16 +213,16 @@ class TestMessageStream final : public QObject {
     }
 
     void writeLong() {
-        const QString attack = QString(985, u'a') + QStringLiteral("X-Evil:1").repeated(300);
+        const QString attack = QString(985, u'a') + u"X-Evil:1"_qs.repeated(300);
         MailMessage message = letter();
-        message.from = attack + QStringLiteral("@example.org");
+        message.from = attack + u"@example.org"_qs;
         message.fromDisplayName = attack;
         message.replyTo = attack;
         message.subject = attack;
         message.text = QString(998 * 3, u'.');
         write("long.mail", message);
         message = letter();
-        message.subject = QStringLiteral("word and word ").repeated(500);
+        message.subject = u"word and word "_qs.repeated(500);
         write("words.mail", message);
     }
 

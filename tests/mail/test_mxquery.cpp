@@ -36,34 +36,29 @@ class TestMXQuery final : public QObject {
     Q_OBJECT
   private Q_SLOTS:
     void asks() {
-        const auto query = modMXQuery::BuildQuery(QStringLiteral("mail.example.de"));
+        const auto query = modMXQuery::BuildQuery(u"mail.example.de"_qs);
         QCOMPARE(query.value_or(QByteArray()).toHex(' '),
                  QByteArray("11 df 01 00 00 01 00 00 00 00 00 00 04 6d 61 69 6c 07 65 78 61 6d 70 6c 65 02 64 65 00 "
                             "00 0f 00 01"));
-        const auto umlaut = modMXQuery::BuildQuery(QString::fromUtf8("b\xC3\xBC"
-                                                                     "cher.de"));
-        QVERIFY(umlaut.value_or(QByteArray()).contains("\x0dxn--bcher-kva\x02"));
+        QVERIFY(modMXQuery::BuildQuery(u"b\u00fccher.de"_qs).value_or(QByteArray()).contains("\x0dxn--bcher-kva\x02"));
     }
 
-    void asksForNamesOnly_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<bool>("possible");
-        QTest::newRow("empty") << QString() << false;
-        QTest::newRow("dot in front") << QStringLiteral(".example.de") << false;
-        QTest::newRow("two dots") << QStringLiteral("example..de") << false;
-        QTest::newRow("dot at the end") << QStringLiteral("example.de.") << false;
-        QTest::newRow("blank") << QStringLiteral("exam ple.de") << false;
-        QTest::newRow("line end") << QStringLiteral("example\r\n.de") << false;
-        QTest::newRow("label of 63") << QString(63, u'a') + QStringLiteral(".de") << true;
-        QTest::newRow("label of 64") << QString(64, u'a') + QStringLiteral(".de") << false;
-        QTest::newRow("255 in all") << repeated(QStringLiteral("a"), 127) << true;
-        QTest::newRow("256 in all") << QStringLiteral("a") + repeated(QStringLiteral("a"), 127) << false;
-        QTest::newRow("no name in any script") << QString(QChar(0x202E)) + QStringLiteral(".example.de") << false;
-        QTest::newRow("long in another script") << QString(60, QChar(0xFC)) + QStringLiteral(".de") << false;
-    }
     void asksForNamesOnly() {
-        QFETCH(QString, name);
-        QTEST(modMXQuery::BuildQuery(name).has_value(), "possible");
+        const QString longest = repeated(u"a"_qs, 127); // 255 bytes
+        const QStringList possible{QString(63, u'a') + u".de"_qs, longest};
+        const QStringList impossible{QString(),
+                                     u".example.de"_qs,
+                                     u"example..de"_qs,
+                                     u"example.de."_qs,
+                                     u"exam ple.de"_qs,
+                                     u"example\r\n.de"_qs,
+                                     u'a' + longest,
+                                     QString(64, u'a') + u".de"_qs,
+                                     u"\u202e.example.de"_qs,
+                                     QString(60, QChar(0xFC)) + u".de"_qs};
+        for (const QString& name : possible + impossible)
+            QCOMPARE(name + QString::number(modMXQuery::BuildQuery(name).has_value()),
+                     name + QString::number(possible.contains(name)));
     }
 
     void reads_data() {
@@ -73,31 +68,22 @@ class TestMXQuery final : public QObject {
             QTest::newRow(name) << packet << QString::fromLatin1(hosts);
         };
         const QByteArray mail = MX(10, Name("mail.example.org"));
-        row("whole names", reply(1, Record(Name(domain), 15, Short(10) + Name("mail.example.org"))),
-            "10 mail.example.org");
-        row("pointers", reply(1, MX(10, Labels("mail") + Pointer(12))), "10 mail.example.org");
+        const char* const found = "10 mail.example.org";
+        row("whole names", reply(1, Record(Name(domain), 15, Short(10) + Name("mail.example.org"))), found);
         // The second exchange points into the first, which points on to the question.
         row("pointer to a pointer",
             reply(2, MX(10, Labels("mail") + Pointer(12)) + MX(5, Labels("in") + Pointer(questionEnd + 14))),
             "5 in.mail.example.org, 10 mail.example.org");
-        row("sorted, equal ones in their order",
-            reply(5, MX(20, Name("a.org")) + MX(10, Name("z.org")) + MX(10, Name("b.org")) + MX(65535, Name("c.org")) +
-                         MX(10, Name("a.org"))),
-            "10 z.org, 10 b.org, 10 a.org, 20 a.org, 65535 c.org");
         row("other records between",
             reply(3, Record(Pointer(12), 5, Name("alias.org")) + Record(Pointer(12), 1, "\x7f\x01\x01\x01") + mail),
-            "10 mail.example.org");
-        row("question in capitals", Header(1) + Question("EXAMPLE.ORG") + mail, "10 mail.example.org");
+            found);
+        row("question in capitals", Header(1) + Question("EXAMPLE.ORG") + mail, found);
         row("no answers", reply(0, {}), "");
         row("takes no mail", reply(1, MX(0, QByteArray(1, '\0'))), "");
-        row("control characters", reply(2, MX(1, Name("a\r\nQUIT.org")) + mail), "10 mail.example.org");
-        row("blank, dot and byte above ASCII in a label",
-            reply(4, MX(1, Name("a b.org")) +
-                         MX(2, "\x03"
-                               "a.b" +
-                                   Name("org")) +
-                         MX(3, Name("\xFC.org")) + mail),
-            "10 mail.example.org");
+        row("characters no host has",
+            reply(5, MX(1, Name("a\r\nQUIT.org")) + MX(2, Name("a b.org")) +
+                         MX(3, QByteArray("\x03").append("a.b") + Name("org")) + MX(4, Name("\xFC.org")) + mail),
+            found);
 
         row("wrong identifier", Header(1, 4576) + Question(domain) + mail, "none");
         row("a question", Header(1, 4575, 0x0100) + Question(domain) + mail, "none");
@@ -105,34 +91,26 @@ class TestMXQuery final : public QObject {
         row("two questions", Header(1, 4575, 0x8180, 2) + Question(domain) + Question(domain) + mail, "none");
         row("other domain", Header(1) + Question("example.com") + mail, "none");
         row("other type", Header(1) + Question(domain, 1) + mail, "none");
-        row("empty", {}, "none");
-        row("half a header", Header(1).left(7), "none");
-        row("header only", Header(1), "none");
 
-        row("more answers told than there are", reply(65535, mail), "10 mail.example.org");
-        row("fewer answers told than there are", reply(1, mail + mail), "10 mail.example.org");
-        row("data length beyond the end", reply(2, mail + Record(Pointer(12), 15, Short(1) + Name("b.org"), 4000)),
-            "10 mail.example.org");
-        row("data length shorter than the name", reply(2, mail + Record(Pointer(12), 15, Short(1) + Name("b.org"), 4)),
-            "10 mail.example.org");
-        row("data length without room for a preference", reply(2, mail + Record(Pointer(12), 15, "\x01")),
-            "10 mail.example.org");
-        row("label beyond the end",
-            reply(2, mail + MX(1, "\x3f"
-                                  "b")),
-            "10 mail.example.org");
-        row("label of a reserved kind",
-            reply(2, mail + MX(1, "\x41"
-                                  "b" +
-                                      Name("org"))),
-            "10 mail.example.org");
-        row("half a pointer", reply(2, mail + MX(1, "\xC0")), "10 mail.example.org");
-        row("pointer forward", reply(2, MX(1, Pointer(questionEnd + 16)) + mail), "");
-        row("pointer to itself", reply(1, MX(1, Pointer(questionEnd + 14))), "");
-        row("circle with a label in it", reply(1, MX(1, Labels("a") + Pointer(questionEnd + 14))), "");
-        row("pointer into the header", reply(1, MX(1, Pointer(4))), "");
-        const QByteArray label = '\x3f' + QByteArray(63, 'a');
-        row("name of more than 255", reply(1, MX(1, label + label + label + label + '\0')), "");
+        row("more answers told than there are", reply(65535, mail), found);
+        row("fewer answers told than there are", reply(1, mail + mail), found);
+        const auto brokenBehind = [&](const char* name, const QByteArray& record) {
+            row(name, reply(2, mail + record), found);
+        };
+        brokenBehind("data beyond the end", Record(Pointer(12), 15, Short(1) + Name("b.org"), 4000));
+        brokenBehind("data shorter than the name", Record(Pointer(12), 15, Short(1) + Name("b.org"), 4));
+        brokenBehind("no room for a preference", Record(Pointer(12), 15, "\x01"));
+        brokenBehind("label beyond the end", MX(1, QByteArray("\x3f").append('b')));
+        brokenBehind("label of a reserved kind", MX(1, QByteArray("\x41").append('b') + Name("org")));
+        brokenBehind("half a pointer", MX(1, "\xC0"));
+        const auto noName = [&](const char* name, const QByteArray& exchange) {
+            row(name, reply(2, MX(1, exchange) + mail), "");
+        };
+        noName("pointer forward", Pointer(questionEnd + 16));
+        noName("pointer to itself", Pointer(questionEnd + 14));
+        noName("circle with a label in it", Labels("a") + Pointer(questionEnd + 14));
+        noName("pointer into the header", Pointer(4));
+        noName("name of more than 255", QByteArray('\x3f' + QByteArray(63, 'a')).repeated(4) + '\0');
         // 20 pieces, each one a label and a pointer to the piece before: a name that only grows by pointers.
         QByteArray pieces = Record(Pointer(12), 16, Labels("a123456789b123") + Pointer(12));
         for (int piece = 1; piece < 20; ++piece)
@@ -157,6 +135,11 @@ class TestMXQuery final : public QObject {
             QCOMPARE(read(QByteArray(whole.constData(), length)), expected);
         }
     }
+    void countsAnswersOfEveryKind() {
+        const auto alias = modMXQuery::ParseReply(reply(1, Record(Pointer(12), 5, Name("alias.org"))),
+                                                  modMXQuery::BuildQuery(QString::fromLatin1(domain)).value());
+        QVERIFY(alias && alias->answers == 1 && alias->hosts.empty());
+    }
     void keepsTheOrderOfManyEqualOnes() {
         constexpr int hosts = 60; // a short list stays in order with any way of sorting
         QByteArray records;
@@ -168,13 +151,6 @@ class TestMXQuery final : public QObject {
         }
         expected = expected.mid(hosts / 2) + expected.mid(0, hosts / 2);
         QCOMPARE(read(reply(hosts, records)), expected.join(QStringLiteral(", ")));
-    }
-    void countsAnswersOfEveryKind() {
-        const QByteArray query = modMXQuery::BuildQuery(QString::fromLatin1(domain)).value();
-        const auto alias = modMXQuery::ParseReply(reply(1, Record(Pointer(12), 5, Name("alias.org"))), query);
-        QVERIFY(alias.has_value());
-        QCOMPARE(alias->answers, quint16(1));
-        QVERIFY(alias->hosts.empty());
     }
 };
 

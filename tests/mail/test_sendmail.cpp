@@ -1,6 +1,6 @@
 // The mail client against real servers on this machine, and its properties.
 #include "Fakes.h"
-#include "NameService.h"
+#include "NameServerProcess.h"
 #include "PlatformServices.h"
 #include "clsSendMail.h"
 
@@ -18,12 +18,6 @@
 #include <unistd.h>
 
 namespace {
-
-class FixedNames final : public NameService {
-  public:
-    NameServers Discover() const override { return found; }
-    NameServers found;
-};
 
 quint16 freePort() {
     QTcpServer server;
@@ -116,7 +110,7 @@ struct Client {
         return (ended.size() == 1 || ended.wait(30'000)) && ended.first().first().toBool();
     }
     MemorySettings settings;
-    FixedNames names;
+    FakeNameService names;
     PlatformServices services = MakePlatformServices();
     clsSendMail mail{settings, names, *services.clock};
     QStringList statuses;
@@ -128,15 +122,7 @@ struct Client {
 class TestSendMail final : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void logsInByPop3AndSmtp_data() {
-        QTest::addColumn<QString>("password");
-        QTest::addColumn<QString>("failure");
-        QTest::newRow("right") << u"secret"_qs << QString();
-        QTest::newRow("wrong") << u"wrong"_qs << u"-ERR [AUTH] Authentication failed."_qs;
-    }
     void logsInByPop3AndSmtp() {
-        QFETCH(QString, password);
-        QFETCH(QString, failure);
         SmtpServer smtp;
         const PopServer pop;
         QVERIFY2(pop.isGreeting, "no POP3 server");
@@ -146,90 +132,62 @@ class TestSendMail final : public QObject {
         client.mail.SetPOP3Host(u"127.0.0.1"_qs);
         client.mail.POP3Port = pop.port;
         client.mail.SetUsername(u"kalvenor"_qs);
-        client.mail.Password = password;
+        client.mail.Password = u"wrong"_qs;
         client.mail.SetUsePopAuthentication(true);
         client.mail.SetUseAuthentication(true);
-        QCOMPARE(client.Send(), failure.isEmpty());
-        QCOMPARE(client.failures.join(u'|'), failure);
-        if (!failure.isEmpty())
-            return;
+        QVERIFY(!client.Send());
+        QCOMPARE(client.failures, QStringList{u"-ERR [AUTH] Authentication failed."_qs});
+        client.mail.Password = u"secret"_qs;
+        QVERIFY2(client.Send(), qPrintable(client.failures.join(u'|')));
         const QJsonObject login = smtp.Next();
         QCOMPARE(login[u"mechanism"], QJsonValue(u"LOGIN"_qs));
         QCOMPARE(login[u"password"], QJsonValue(u"secret"_qs));
         const QJsonObject mail = smtp.Next();
         QCOMPARE(mail[u"options"].toArray().first().toString().toLower(), u"auth=kalvenor@hier.de"_qs);
         QVERIFY(mail[u"content"].toString().contains(u"\r\n\r\nGuten Tag\r\n"));
-        const QStringList last{
-            u"Host Login OK!"_qs,     u"Sending Sender Information..."_qs, u"Sending Recipient Information..."_qs,
-            u"Sending Message..."_qs, u"Transmission Complete..."_qs,      u"Closing Connection..."_qs};
-        QCOMPARE(client.statuses.mid(client.statuses.size() - last.size()), last);
+        QCOMPARE(client.statuses.mid(client.statuses.size() - 2),
+                 (QStringList{u"Transmission Complete..."_qs, u"Closing Connection..."_qs}));
     }
 
     void asksForTheMailHost() {
         SmtpServer smtp;
-        QProcess dns;
+        NameServerProcess dns;
+        QVERIFY(dns.Start());
         Client client;
-        const quint16 port = freePort();
-        client.names.found = {{{u"127.0.0.1"_qs, port}}, QString()};
-        dns.start(u"/usr/sbin/dnsmasq"_qs,
-                  {u"--no-daemon"_qs, u"--conf-file=/dev/null"_qs, u"--port=%1"_qs.arg(port),
-                   u"--listen-address=127.0.0.1"_qs, u"--bind-interfaces"_qs, u"--no-resolv"_qs, u"--no-hosts"_qs,
-                   u"--log-facility=-"_qs, u"--mx-host=dort.de,localhost,10"_qs,
-                   u"--mx-host=dort.de,backup.invalid,20"_qs});
-        QVERIFY(dns.waitForStarted());
-        dns.setReadChannel(QProcess::StandardError);
-        QVERIFY(dns.waitForReadyRead());
+        client.names.known = {{{u"127.0.0.1"_qs, dns.port}}, QString()};
         client.Prepare(smtp.port);
         QVERIFY2(client.Send(), qPrintable(client.failures.join(u'|')));
         QCOMPARE(client.statuses.first(), u"Performing MX Query, Domain: dort.de"_qs);
         client.mail.SetRecipient(u"anna@anders.de"_qs);
         QVERIFY(!client.Send());
         QCOMPARE(client.failures.last(), u"Invalid or Missing SMTP Host Name"_qs);
-        dns.terminate();
-        dns.waitForFinished();
-    }
-
-    void keepsASessionThatWasOpened() {
-        SmtpServer smtp;
-        Client client;
-        client.Prepare(smtp.port);
-        client.mail.SetSMTPHost(u"127.0.0.1"_qs);
-        QSignalSpy connected(&client.mail, &clsSendMail::ConnectEnded);
-        client.mail.Connect();
-        QVERIFY(connected.wait(30'000) && connected.first().first().toBool());
-        QVERIFY(client.Send());
-        QVERIFY(client.Send());
-        QVERIFY(!client.statuses.contains(u"Closing Connection..."_qs));
-        client.mail.Disconnect();
-        client.mail.Disconnect();
-        QCOMPARE(client.statuses.count(u"Closing Connection..."_qs), 1);
-        QVERIFY(client.failures.isEmpty());
     }
 
     void refusesValues() {
         QTemporaryDir folder;
         Client client;
-        client.mail.SetFrom(u"nobody"_qs);
+        const auto setSender = [&] { client.mail.SetFrom(u"nobody"_qs); };
+        const auto setHost = [&] { client.mail.SetSMTPHost(u"a host"_qs); };
+        setSender();
         client.mail.SetRecipient(u"a@x.de; b@x"_qs);
         client.mail.SetCcRecipient(u"@x.de"_qs);
         client.mail.SetBccRecipient(u"a b@x.de"_qs);
-        client.mail.SetSMTPHost(u"a host"_qs);
+        setHost();
         client.mail.SetPOP3Host(QString());
         client.mail.SetSMTPPort(65536);
         client.mail.SetAttachment(u"; "_qs + folder.path());
-        QCOMPARE(client.failures,
-                 (QStringList{u"Missing or Invalid Sender E-mail Address"_qs,
-                              u"Missing or Invalid Recipient E-mail Address"_qs,
-                              u"Invalid Cc: Recipient E-mail Address"_qs, u"Invalid Bcc: Recipient E-mail Address"_qs,
-                              u"Invalid or Missing SMTP Host Name"_qs, u"Invalid or Missing POP3 Host Name"_qs,
-                              u"Invalid Remote Port"_qs, u"The file you tried to attach does not exist"_qs}));
+        QCOMPARE(client.failures.join(u'|'),
+                 u"Missing or Invalid Sender E-mail Address|Missing or Invalid Recipient E-mail Address|"
+                 "Invalid Cc: Recipient E-mail Address|Invalid Bcc: Recipient E-mail Address|"
+                 "Invalid or Missing SMTP Host Name|Invalid or Missing POP3 Host Name|Invalid Remote Port|"
+                 "The file you tried to attach does not exist"_qs);
         QVERIFY(!client.Send());
         QCOMPARE(client.failures.last(), u"Missing or Invalid Sender E-mail Address"_qs);
         client.mail.SetEmailAddressValidation(0);
         client.mail.SetSMTPHostValidation(0);
         client.failures.clear();
-        client.mail.SetFrom(u"nobody"_qs);
-        client.mail.SetSMTPHost(u"a host"_qs);
+        setSender();
+        setHost();
         QVERIFY(client.failures.isEmpty());
     }
 
@@ -238,7 +196,7 @@ class TestSendMail final : public QObject {
         client.mail.SetUsername(u"one"_qs);
         QVERIFY(client.settings.values.isEmpty());
         client.mail.SetPersistentSettings(true);
-        client.mail.Password = u"secret"_qs;
+        client.mail.Password = u"secret"_qs; // is never stored
         client.mail.SetUsername(u"two"_qs);
         client.mail.SetSMTPPort(2525);
         client.mail.SetUseAuthentication(true);

@@ -33,6 +33,13 @@ class FakePrompter final : public Prompter {
             return yes ? MessageAnswer::Yes : MessageAnswer::No;
         return MessageAnswer::Ok;
     }
+    /// What was shown, each as "title: text".
+    QStringList Told() const {
+        QStringList told;
+        for (const Message& message : shown)
+            told.append(message.title + u": "_qs + message.text);
+        return told;
+    }
     std::vector<Message> shown;
     bool yes = false;
     std::function<void(const Message&)> onAsk;
@@ -73,10 +80,13 @@ class MemorySettings final : public SettingsStore {
     }
     std::error_code Write(const QString& application, const QString& section, const QString& key,
                           const QString& value) override {
+        if (key == failing)
+            return std::make_error_code(std::errc::no_space_on_device);
         values[application + u'/' + section + u'/' + key] = value;
         return {};
     }
     QMap<QString, QString> values;
+    QString failing; ///< the key that cannot be written
 };
 
 class FakeLocks final : public Locks {

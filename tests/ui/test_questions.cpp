@@ -1,31 +1,24 @@
 // The boxes that ask the user: what they show and which answer each way of closing them gives.
 #include "MessageBoxPrompter.h"
+#include "ModalForm.h"
 #include "StringTable.h"
 #include "frmDisclaimer.h"
-#include <QApplication>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTimer>
 #include <QtTest>
 
 Q_DECLARE_METATYPE(MessageButtons)
 Q_DECLARE_METATYPE(MessageAnswer)
+Q_DECLARE_METATYPE(std::function<void(frmDisclaimer&)>)
 
 class TestQuestions : public QObject {
     Q_OBJECT
 
     StringTable m_texts{Language::English};
 
-    /// Does something to the box as soon as it is open.
-    template <typename Act>
-    static void whenOpen(Act act) {
-        QTimer::singleShot(0, qApp, [act] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            if (box == nullptr)
-                QFAIL("no box is open");
-            act(*box);
-        });
+    static Message message(MessageButtons buttons) {
+        return {u"<b>file</b><img src='x'>"_qs, u"T"_qs, MessageIcon::Question, buttons};
     }
 
   private Q_SLOTS:
@@ -35,94 +28,62 @@ class TestQuestions : public QObject {
         QTest::addColumn<MessageAnswer>("answer");
         QTest::newRow("Escape is No") << MessageButtons::YesNo << int(Qt::Key_Escape) << MessageAnswer::No;
         QTest::newRow("Enter is the safe answer") << MessageButtons::YesNo << int(Qt::Key_Return) << MessageAnswer::No;
+        QTest::newRow("Yes is Yes") << MessageButtons::YesNo << int(Qt::Key_Y) << MessageAnswer::Yes;
         QTest::newRow("Escape is Cancel") << MessageButtons::OkCancel << int(Qt::Key_Escape) << MessageAnswer::Cancel;
         QTest::newRow("Escape is OK") << MessageButtons::Ok << int(Qt::Key_Escape) << MessageAnswer::Ok;
     }
     void answers() {
         QFETCH(MessageButtons, buttons);
         QFETCH(int, key);
+        QWidget hidden;
         MessageBoxPrompter prompter(m_texts);
-        whenOpen([key](QMessageBox& box) { QTest::keyClick(&box, static_cast<Qt::Key>(key)); });
-        QTEST(prompter.Ask({QStringLiteral("?"), QStringLiteral("T"), MessageIcon::Question, buttons}), "answer");
-    }
-
-    void yesIsYes() {
-        MessageBoxPrompter prompter(m_texts);
-        whenOpen([](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); });
-        QCOMPARE(prompter.Ask({QStringLiteral("?"), {}, MessageIcon::Question, MessageButtons::YesNo}),
-                 MessageAnswer::Yes);
-    }
-
-    void markupInFileNamesIsShownAsWritten() {
-        MessageBoxPrompter prompter(m_texts);
-        const QString text = QStringLiteral("<b>file</b><img src='x'>");
-        QString shown;
-        Qt::TextFormat format = Qt::AutoText;
-        whenOpen([&](QMessageBox& box) {
-            shown = box.text();
-            format = box.textFormat();
-            box.reject();
+        prompter.SetWindow(&hidden);
+        WhenOpen<QMessageBox>([&](QMessageBox& box) {
+            QCOMPARE(box.text(), message(buttons).text); // of file names, which may hold anything
+            QCOMPARE(box.textFormat(), Qt::PlainText);
+            QVERIFY(box.parentWidget() == nullptr); // or it would be hidden too
+            if (key == Qt::Key_Y)
+                box.button(QMessageBox::Yes)->click();
+            else
+                QTest::keyClick(&box, static_cast<Qt::Key>(key));
         });
-        prompter.Ask({text, QStringLiteral("T"), MessageIcon::Information, MessageButtons::Ok});
-        QCOMPARE(shown, text);
-        QCOMPARE(format, Qt::PlainText);
-    }
-
-    void boxOfAHiddenWindowStandsAlone() {
-        QWidget window;
-        MessageBoxPrompter prompter(m_texts);
-        prompter.SetWindow(&window);
-        QWidget* parent = &window;
-        whenOpen([&](QMessageBox& box) {
-            parent = box.parentWidget();
-            box.reject();
-        });
-        prompter.Ask({QStringLiteral("text"), {}, MessageIcon::Information, MessageButtons::Ok});
-        QVERIFY(parent == nullptr);
+        QTEST(prompter.Ask(message(buttons)), "answer");
     }
 
     void afterTheUserHasLeftNothingWaits() {
         MessageBoxPrompter prompter(m_texts);
-        const Message question{QStringLiteral("?"), {}, MessageIcon::Question, MessageButtons::YesNo};
-        whenOpen([&](QMessageBox&) { prompter.StopAsking(); });
-        QCOMPARE(prompter.Ask(question), MessageAnswer::No);
-        QCOMPARE(prompter.Ask(question), MessageAnswer::No); // hangs if it still opens a box
+        WhenOpen<QMessageBox>([&](QMessageBox&) { prompter.StopAsking(); });
+        QCOMPARE(prompter.Ask(message(MessageButtons::YesNo)), MessageAnswer::No);
+        QCOMPARE(prompter.Ask(message(MessageButtons::YesNo)), MessageAnswer::No); // hangs if it still opens a box
     }
 
     void noticeIsAcceptedByItsButtonOnly_data() {
-        QTest::addColumn<QString>("button");
-        QTest::addColumn<int>("key");
+        QTest::addColumn<std::function<void(frmDisclaimer&)>>("act");
         QTest::addColumn<int>("result");
-        const int accepted = QDialog::Accepted;
-        const int rejected = QDialog::Rejected;
-        QTest::newRow("Accept") << QStringLiteral("cmdAccept") << 0 << accepted;
-        QTest::newRow("Decline") << QStringLiteral("cmdDecline") << 0 << rejected;
-        QTest::newRow("Enter") << QString() << int(Qt::Key_Return) << rejected;
-        QTest::newRow("Escape") << QString() << int(Qt::Key_Escape) << rejected;
-        QTest::newRow("close box") << QString() << 0 << rejected;
+        using Act = std::function<void(frmDisclaimer&)>;
+        const auto press = [](const char* button) {
+            return Act([button](frmDisclaimer& notice) { Find<QPushButton>(notice, button).click(); });
+        };
+        const auto type = [](Qt::Key key) {
+            return Act([key](frmDisclaimer& notice) { QTest::keyClick(&notice, key); });
+        };
+        QTest::newRow("Accept") << press("cmdAccept") << int(QDialog::Accepted);
+        QTest::newRow("Decline") << press("cmdDecline") << int(QDialog::Rejected);
+        QTest::newRow("Enter") << type(Qt::Key_Return) << int(QDialog::Rejected);
+        QTest::newRow("Escape") << type(Qt::Key_Escape) << int(QDialog::Rejected);
+        QTest::newRow("close box") << Act([](frmDisclaimer& notice) { notice.close(); }) << int(QDialog::Rejected);
     }
     void noticeIsAcceptedByItsButtonOnly() {
-        QFETCH(QString, button);
-        QFETCH(int, key);
+        QFETCH(std::function<void(frmDisclaimer&)>, act);
         frmDisclaimer notice(m_texts);
         notice.show();
+        const auto& label = Find<QLabel>(notice, "lblNotice");
+        QCOMPARE(label.text(), m_texts.Text(109));
+        QVERIFY(label.height() >= label.heightForWidth(label.width())); // all of it
         QSignalSpy finished(&notice, &QDialog::finished);
-        if (!button.isEmpty())
-            notice.findChild<QPushButton*>(button)->click();
-        else if (key != 0)
-            QTest::keyClick(&notice, static_cast<Qt::Key>(key));
-        else
-            notice.close();
+        act(notice);
         QCOMPARE(finished.size(), 1);
         QTEST(notice.result(), "result");
-    }
-
-    void noticeShowsItsWholeText() {
-        frmDisclaimer notice(m_texts);
-        notice.show();
-        const auto* label = notice.findChild<QLabel*>(QStringLiteral("lblNotice"));
-        QCOMPARE(label->text(), m_texts.Text(109));
-        QVERIFY(label->height() >= label->heightForWidth(label->width()));
     }
 };
 
