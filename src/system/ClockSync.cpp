@@ -5,8 +5,14 @@
 #include "TimeAnswer.h"
 
 namespace {
+
 constexpr qsizetype mostBytes = 64; // a server that says more is none for the time
-}
+
+/// A server that lives in the past has lost its battery. On its word every file would look newer than what is copied
+/// from now on.
+constexpr std::chrono::sys_days earliest{std::chrono::year{2020} / std::chrono::January / 1};
+
+} // namespace
 
 ClockSync::ClockSync(SystemClock& systemClock, const Clock& clock, const StringTable& texts, TimeServer server,
                      std::chrono::milliseconds timeout)
@@ -66,10 +72,12 @@ void ClockSync::onClosed() {
     m_timeout.stop();
     m_socket.reset();
     const auto time = TimeAnswer::Convert(m_answer, roundTrip);
-    if (time)
-        set(*time);
-    else
+    if (!time)
         Q_EMIT Ignored();
+    else if (*time < earliest)
+        fail(m_texts.Text(582));
+    else
+        set(*time);
 }
 
 void ClockSync::set(std::chrono::system_clock::time_point time) {

@@ -27,7 +27,7 @@ class ClockSync final : public QObject {
     /// The clock was set.
     void Synchronised();
 
-    /// It was not, for this reason of the network's or the system's.
+    /// It was not, for this reason of the network's or the system's; or the answer lies before 2020.
     void Failed(const QString& reason);
 
     /// It was not, and there is nothing to say: the server's answer was too short or out of range.
