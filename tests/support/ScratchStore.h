@@ -5,35 +5,29 @@
 #include "Fakes.h"
 #include "LinuxOwnFiles.h"
 #include "ProgramPlaces.h"
+#include "ScratchFolder.h"
 #include "StringTable.h"
 #include "clsXML.h"
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-
-struct ScratchStore {
-    ScratchStore() {
-        QDir().mkpath(folder.filePath(QStringLiteral("program")));
-        QDir().mkpath(folder.filePath(QStringLiteral("cwd")));
-        places.programFolder = Path("program").toStdString();
-        places.userDataFolder = Path("data").toStdString();
-    }
-    [[nodiscard]] QString Path(const char* name) const { return folder.filePath(QLatin1String(name)); }
-
-    static QByteArray Bytes(const QString& file) {
-        QFile opened(file);
-        return opened.open(QIODevice::ReadOnly) ? opened.readAll() : QByteArray("<unreadable>");
-    }
-    static bool Put(const QString& file, const QByteArray& bytes) {
-        QFile opened(file);
-        return opened.open(QIODevice::WriteOnly) && opened.write(bytes) == bytes.size();
+struct ScratchStore : ScratchFolder {
+    ScratchStore() = default;
+    /// The current file is "a.kvd" with these bytes.
+    explicit ScratchStore(const QByteArray& bytes) {
+        Put(u"a.kvd"_qs, bytes);
+        file.SetCurrentPath(Path(u"a.kvd"_qs));
     }
 
-    QTemporaryDir folder;
     LinuxOwnFiles files;
     clsXML document{files};
     FakePrompter prompter;
     StringTable texts{Language::English};
-    ProgramPlaces places;
+    ProgramPlaces places = makePlaces();
+    ActivityFile file{document, files, prompter, texts, places};
+
+  private:
+    [[nodiscard]] ProgramPlaces makePlaces() const {
+        QDir(Path()).mkdir(u"program"_qs);
+        QDir(Path()).mkdir(u"cwd"_qs);
+        return {.programFolder = Native(u"program"_qs), .userDataFolder = Native(u"data"_qs)};
+    }
 };
