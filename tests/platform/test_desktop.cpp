@@ -159,9 +159,11 @@ class TestDesktop final : public QObject {
     }
 
     void leavesAListItCannotRead() {
-        QVERIFY(QDir().mkpath(m_home->Path(u"config/mimeapps.list"_qs))); // a folder, where the list should be
+        const QByteArray tooMuch((1 << 20) + 1, '#');
+        QVERIFY(m_home->Put(u"config/mimeapps.list"_qs, tooMuch));
         LinuxFileTypes types(m_home->Native(u"data"_qs), m_home->Native(u"config"_qs));
         QVERIFY(types.Register({"/opt/Kalvenor", u".kvd"_qs, {}, u"A list"_qs}));
+        QVERIFY(m_home->Bytes(u"config/mimeapps.list"_qs) == tooMuch);
         QVERIFY(LinuxFileTypes({}, {}).Register({"/opt/Kalvenor", u".kvd"_qs, {}, u"A list"_qs}));
     }
 

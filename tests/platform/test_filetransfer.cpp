@@ -70,7 +70,8 @@ class TestFileTransfer final : public QObject {
                 FileWorld::Write(world.source / "file", text);
                 transfer->Copy(world.File("file"));
             }
-            FileWorld::Write(world.source / "file", "moved");
+            FileWorld::Write(world.source / "another", "moved");
+            fs::rename(world.source / "another", world.source / "file");
             if (move)
                 transfer->Move(world.File("file")); // the only one left: no staged copy may come later
             transfer->Commit();
