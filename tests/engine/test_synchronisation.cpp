@@ -4,6 +4,9 @@
 #include <QRandomGenerator>
 #include <filesystem>
 #include <sys/stat.h>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
 
 namespace {
 const QString A = u"A"_qs;
@@ -137,6 +140,26 @@ class TestSynchronisation final : public QObject {
         QVERIFY(fixture.Exists(u"dst/b"_qs));
     }
 
+    void mirrorDeletesNothingForAFolderItCannotList() {
+        ProgramFixture fixture;
+        fixture.Add(A, {{u"action"_qs, u"3"_qs}});
+        fixture.Write(u"src/sub/folder/f"_qs, "1");
+        fixture.Write(u"dst/sub/folder/f"_qs, "2");
+        Program& program = fixture.Start();
+        const fs::path root = fixture.dir.path().toStdString();
+        for (const auto& entry : fs::recursive_directory_iterator(root))
+            fs::permissions(entry.path(), fs::perms::all);
+        fs::permissions(root, fs::perms::all);
+        fs::permissions(root / "src/sub", fs::perms(0444)); // names, and no more
+        const uid_t user = geteuid();
+        QVERIFY(user != 0 || seteuid(65534) == 0); // an administrator can list everything
+        const RunOutcome outcome = program.RunNow(A);
+        QVERIFY(user != 0 || seteuid(0) == 0);
+        fs::permissions(root / "src/sub", fs::perms::all);
+        QVERIFY(outcome.failures > 0 && outcome.interrupted);
+        QCOMPARE(fixture.Read(u"dst/sub/folder/f"_qs), QByteArray("2"));
+    }
+
     void nestedAndEqualDirectoriesLoseNothing_data() {
         QTest::addColumn<QString>("source");
         QTest::addColumn<QString>("destination");
@@ -156,7 +179,7 @@ class TestSynchronisation final : public QObject {
             fixture.Write(u"src/f"_qs, "1");
             fixture.Write(u"src/x/g"_qs, "2");
             fixture.Write(u"src/x/y/h"_qs, "3");
-            std::filesystem::create_symlink("src", fixture.Path(u"link"_qs).toStdString());
+            fs::create_symlink("src", fixture.Path(u"link"_qs).toStdString());
             fixture.Add(A, {{u"sourcedir"_qs, fixture.Path(source)},
                             {u"targetdir"_qs, fixture.Path(destination)},
                             {u"action"_qs, action}});
@@ -180,11 +203,11 @@ class TestSynchronisation final : public QObject {
         fixture.Write(u"dst/folderOverFile"_qs, "4");
         fixture.Write(u"src/good"_qs, "5");
         fixture.Write(u"elsewhere/e"_qs, "6");
-        const std::filesystem::path root = fixture.dir.path().toStdString();
+        const fs::path root = fixture.dir.path().toStdString();
         QCOMPARE(mkfifo((root / "src/fifo").c_str(), 0600), 0);
-        std::filesystem::create_symlink("nowhere", root / "src/dangling");
-        std::filesystem::create_directory_symlink(root / "elsewhere", root / "src/folderLink");
-        std::filesystem::create_directory_symlink(root / "elsewhere", root / "dst/surplusLink");
+        fs::create_symlink("nowhere", root / "src/dangling");
+        fs::create_directory_symlink(root / "elsewhere", root / "src/folderLink");
+        fs::create_directory_symlink(root / "elsewhere", root / "dst/surplusLink");
         const RunOutcome outcome = fixture.Start().RunNow(A);
         QCOMPARE(outcome.failures, 2);
         QVERIFY(!outcome.interrupted);
