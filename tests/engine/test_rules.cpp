@@ -1,6 +1,5 @@
-// What is decided without a file at hand: by the record's fields, the dates, the file types and the day.
+// What is decided without a file at hand: by the dates, the file types and the day.
 #include "FileTypeFilter.h"
-#include "SyncRules.h"
 #include "modDateCompare.h"
 #include "modTriggerDate.h"
 
@@ -10,32 +9,6 @@
 class TestRules final : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void decision_data() {
-        using enum FileDecision;
-        QTest::addColumn<QStringList>("fields"); // action, overwrite, onlynew
-        QTest::addColumn<QList<FileDecision>>("olderEqualNewer");
-        const auto row = [](const char* name, const char* fields, const QList<FileDecision>& decisions) {
-            QTest::newRow(name) << QString::fromLatin1(fields).split(u'/') << decisions;
-        };
-        row("copy, silently, newer only", "0/Y/Y", {LeaveAlone, LeaveAlone, Replace});
-        row("copy, silently, always", "0/Y/N", {Replace, Replace, Replace});
-        row("copy, asking, newer only", "0/N/Y", {Ask, LeaveAlone, Replace});
-        row("copy, asking, always", "0/N/N", {Ask, Replace, Replace});
-        row("move, asking, always", "1/N/N", {Ask, Replace, Replace});
-        row("mirror, newer only", "3/Y/Y", {LeaveAlone, LeaveAlone, Replace});
-        row("report", "2/Y/Y", {ReportOnly, ReportOnly, ReportOnly});
-        row("report, asking", "2/N/Y", {Ask, ReportOnly, ReportOnly});
-        row("missing fields", "//", {Replace, Replace, Replace});
-        row("lower-case flags are no flags", "0/n/y", {Replace, Replace, Replace});
-    }
-    void decision() {
-        QFETCH(QStringList, fields);
-        QFETCH(QList<FileDecision>, olderEqualNewer);
-        const FileRules rules = SyncRules::RulesOf(fields[0], fields[1], fields[2]);
-        for (int comparison = -1; comparison <= 1; ++comparison)
-            QCOMPARE(SyncRules::DecideExisting(rules, comparison), olderEqualNewer[comparison + 1]);
-    }
-
     void filter() {
         const auto passes = [](const QString& extensions, const QString& path) {
             return FileTypeFilter(extensions).Passes(path);
@@ -50,31 +23,20 @@ class TestRules final : public QObject {
         QVERIFY(passes(u"ma\u00DF"_qs, u"/a/x.ma\u00DF"_qs));
     }
 
-    void dates_data() {
-        QTest::addColumn<qint64>("a");
-        QTest::addColumn<qint64>("b");
-        QTest::addColumn<qint64>("granularity"); // of b
-        QTest::addColumn<int>("result");
-        const qint64 s = 1'000'000'000;
-        const auto row = [](const char* name, qint64 a, qint64 b, qint64 granularity, int result) {
-            QTest::newRow(name) << a << b << granularity << result;
-        };
-        row("same", 5 * s + 7, 5 * s + 7, 1, 0);
-        row("one nanosecond apart", 5 * s + 7, 5 * s + 8, 1, -1);
-        row("microseconds kept", 5 * s + 1'234'567, 5 * s + 1'234'000, 1, 0);
-        row("whole seconds kept", 5 * s + 999'999'999, 5 * s, 1, 0);
-        row("a second later", 6 * s, 5 * s + 999'999'999, 1, 1);
-        row("FAT rounds down", 5 * s + 5, 4 * s, 2 * s, 0);
-        row("FAT, older", 3 * s + 5, 4 * s, 2 * s, -1);
-        row("before 1970", -s / 2, -2 * s, 1, 1);
-    }
     void dates() {
-        QFETCH(qint64, a);
-        QFETCH(qint64, b);
-        QFETCH(qint64, granularity);
-        QFETCH(int, result);
-        QCOMPARE(modDateCompare::Compare({a, 1}, {b, granularity}), result);
-        QCOMPARE(modDateCompare::Compare({b, granularity}, {a, 1}), -result);
+        constexpr qint64 s = 1'000'000'000;
+        const auto compare = [](qint64 a, qint64 b, qint64 granularity = 1) {
+            const int result = modDateCompare::Compare({a, 1}, {b, granularity});
+            return modDateCompare::Compare({b, granularity}, {a, 1}) == -result ? result : 2;
+        };
+        QCOMPARE(compare(5 * s + 7, 5 * s + 7), 0);
+        QCOMPARE(compare(5 * s + 7, 5 * s + 8), -1);
+        QCOMPARE(compare(5 * s + 1'234'567, 5 * s + 1'234'000), 0); // only microseconds were kept
+        QCOMPARE(compare(5 * s + 999'999'999, 5 * s), 0);           // whole seconds
+        QCOMPARE(compare(6 * s, 5 * s + 999'999'999), 1);
+        QCOMPARE(compare(5 * s + 5, 4 * s, 2 * s), 0); // FAT rounds down
+        QCOMPARE(compare(3 * s + 5, 4 * s, 2 * s), -1);
+        QCOMPARE(compare(-s / 2, -2 * s), 1); // before 1970
     }
 
     void triggerDates() {

@@ -50,17 +50,6 @@ class TestSchedulers final : public QObject {
         QTEST(fixture.Runs(A), "runs");
     }
 
-    void aRecordWithoutMarkIsNeverDue() {
-        ProgramFixture fixture;
-        fixture.Add(A, {{u"activ"_qs, u"0"_qs}});
-        fixture.Add(u"B"_qs);
-        fixture.Start().Monitoring().ToggleMonitoring();
-        fixture.program->List().SetChecked(A, true); // too late for a first mark
-        fixture.Pass(120s);
-        QCOMPARE(fixture.Runs(A), 0);
-        QVERIFY(fixture.Runs(u"B"_qs) > 5);
-    }
-
     void onceOnlyRunsOnceAndEndsMonitoring_data() {
         QTest::addColumn<QString>("type");
         QTest::addColumn<bool>("shutdown");

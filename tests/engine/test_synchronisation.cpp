@@ -13,6 +13,7 @@ const QString A = u"A"_qs;
 const QString src = u"src"_qs;
 const QString dst = u"dst"_qs;
 constexpr qint64 early = 1'600'000'000;
+constexpr qint64 same = 1'650'000'000;
 constexpr qint64 late = 1'700'000'000;
 } // namespace
 
@@ -23,47 +24,53 @@ class TestSynchronisation final : public QObject {
 
     // One file on both sides: what the rules make of it, with the lines that say so.
     void overwriteRules_data() {
-        QTest::addColumn<QString>("flags"); // action, overwrite, onlynew
+        QTest::addColumn<QStringList>("fields"); // action, overwrite, onlynew
         QTest::addColumn<qint64>("sourceTime");
         QTest::addColumn<QString>("answer"); // "": nothing is asked
         QTest::addColumn<bool>("replaced");
         QTest::addColumn<QString>("line"); // the last action line; S and D: the files with their dates
-        const auto row = [](const char* flags, qint64 time, const char* answer, bool replaced, const char* line) {
-            QTest::addRow("%s, %s source %s", flags, time == late ? "newer" : "older", answer)
-                << QString::fromLatin1(flags) << time << QString::fromLatin1(answer) << replaced
+        const auto row = [](const char* fields, qint64 time, const char* answer, bool replaced, const char* line) {
+            QTest::addRow("%s at %lld %s", fields, time, answer)
+                << QString::fromLatin1(fields).split(u'/') << time << QString::fromLatin1(answer) << replaced
                 << QString::fromLatin1(line);
         };
-        row("0YY", late, "", true, "Copy S to D and overwrite with newer file ...");
-        row("0YY", early, "", false, "File S older/equal as/to file D");
-        row("0YN", early, "", true, "Copy S to D and overwrite with newer file ...");
-        row("0NY", early, "No", false, "Overwrite from file '~/src/f' declined by user.");
-        row("0NY", early, "Yes", true, "Overwrite D with S");
-        row("0NY", late, "", true, "Overwrite D with S");
-        row("0NN", late, "", true, "Copy and overwrite with newer file S to D");
-        row("1NN", early, "Yes", true, "Move and overwrite with newer file S to D");
-        row("1NN", early, "No", false, "Overwrite from file '~/src/f' declined by user.");
-        row("1YY", late, "", true, "Move S to D and overwrite with newer file ...");
-        row("2YY", late, "", false, "Change detected - - No action selected! (~/src/f) ");
-        row("2NY", early, "Yes", false, "Change detected - - No action selected! (~/src/f) ");
-        row("3YN", early, "", true, "Copy S to D and overwrite with newer file ..."); // a mirror brings it back
+        row("0/Y/Y", late, "", true, "Copy S to D and overwrite with newer file ...");
+        row("0/Y/Y", same, "", false, "File S older/equal as/to file D");
+        row("0/Y/Y", early, "", false, "File S older/equal as/to file D");
+        row("0/Y/N", early, "", true, "Copy S to D and overwrite with newer file ...");
+        row("0/N/Y", early, "No", false, "Overwrite from file '~/src/f' declined by user.");
+        row("0/N/Y", early, "Yes", true, "Overwrite D with S");
+        row("0/N/Y", same, "", false, "File S older/equal as/to file D");
+        row("0/N/Y", late, "", true, "Overwrite D with S");
+        row("0/N/N", same, "", true, "Copy and overwrite with newer file S to D");
+        row("0/N/N", late, "", true, "Copy and overwrite with newer file S to D");
+        row("1/N/N", early, "Yes", true, "Move and overwrite with newer file S to D");
+        row("1/N/N", early, "No", false, "Overwrite from file '~/src/f' declined by user.");
+        row("1/Y/Y", late, "", true, "Move S to D and overwrite with newer file ...");
+        row("2/Y/Y", early, "", false, "Change detected - - No action selected! (~/src/f) ");
+        row("2/Y/Y", late, "", false, "Change detected - - No action selected! (~/src/f) ");
+        row("2/N/Y", early, "Yes", false, "Change detected - - No action selected! (~/src/f) ");
+        row("3/Y/N", early, "", true, "Copy S to D and overwrite with newer file ..."); // a mirror brings it back
+        row("3/Y/Y", early, "", false, "File S older/equal as/to file D");
+        row("//", early, "", true, "Copy S to D and overwrite with newer file ...");
+        row("0/n/y", early, "", true, "Copy S to D and overwrite with newer file ..."); // no flags
     }
     void overwriteRules() {
-        QFETCH(QString, flags);
+        QFETCH(QStringList, fields);
         QFETCH(qint64, sourceTime);
         QFETCH(QString, answer);
         QFETCH(bool, replaced);
         QFETCH(QString, line);
         ProgramFixture fixture;
-        fixture.Add(
-            A, {{u"action"_qs, flags.mid(0, 1)}, {u"overwrite"_qs, flags.mid(1, 1)}, {u"onlynew"_qs, flags.mid(2, 1)}});
+        fixture.Add(A, {{u"action"_qs, fields[0]}, {u"overwrite"_qs, fields[1]}, {u"onlynew"_qs, fields[2]}});
         fixture.Write(u"src/f"_qs, "source", sourceTime);
-        fixture.Write(u"dst/f"_qs, "destination", (early + late) / 2);
+        fixture.Write(u"dst/f"_qs, "destination", same);
         fixture.prompter.yes = answer == u"Yes";
         QVERIFY(fixture.Start().RunNow(A).Succeeded());
         QCOMPARE(fixture.prompter.shown.size(), answer.isEmpty() ? 0U : 1U);
         QCOMPARE(fixture.Read(u"dst/f"_qs), replaced ? QByteArray("source") : QByteArray("destination"));
-        QCOMPARE(fixture.Exists(u"src/f"_qs), !(replaced && flags.startsWith(u'1')));
-        const QString date = sourceTime == late ? u"14.11.2023 22:13:20"_qs : u"13.09.2020 12:26:40"_qs;
+        QCOMPARE(fixture.Exists(u"src/f"_qs), !(replaced && fields[0] == u"1"));
+        const QString date = QDateTime::fromSecsSinceEpoch(sourceTime).toString(u"dd.MM.yyyy HH:mm:ss"_qs);
         line.replace(u" S"_qs, u" '~/src/f' ["_qs + date + u']');
         line.replace(u" D"_qs, u" '~/dst/f' [15.04.2022 05:20:00]"_qs);
         const QStringList log = fixture.Log(A);

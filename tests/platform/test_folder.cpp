@@ -36,27 +36,6 @@ class TestFolder final : public QObject {
         QVERIFY(link.isLink && !file.isLink && link.id == file.id && link.size == file.size);
     }
 
-    void tellsMissingFromUnreadable() {
-        FileWorld world;
-        std::error_code error = std::make_error_code(std::errc::io_error);
-        QVERIFY(!world.from->Stat("missing", error));
-        QVERIFY(!error);
-        QVERIFY(!world.system.OpenFolder(world.source / "missing", error));
-        QVERIFY(error == std::errc::no_such_file_or_directory);
-        QVERIFY(!world.system.OpenFolder({}, error));
-        QVERIFY(error);
-        if (::geteuid() != 0)
-            QSKIP("needs to change the user");
-        FileWorld::Write(world.source / "file", "");
-        fs::permissions(world.source, fs::perms::owner_read | fs::perms::others_read);
-        // May read the names, but nothing of the entries: that is no empty folder.
-        const auto isRefused = [&] {
-            std::vector<FolderEntry> entries;
-            return world.from->List(entries) && entries.empty() ? 0 : 1;
-        };
-        QCOMPARE(FileWorld::InChild(isRefused, true), 0);
-    }
-
     void refusesNamesThatLeadElsewhere() {
         FileWorld world;
         FileWorld::Write(world.source.parent_path() / "outside", "kept");
@@ -76,15 +55,6 @@ class TestFolder final : public QObject {
         QVERIFY(world.from->DeleteEmptyFolder("sub") == std::errc::directory_not_empty);
         QVERIFY(FileWorld::Tree(world.source.parent_path()) == before);
         QVERIFY(world.from->OpenChild("sub", error)->Path() == world.source / "sub" && !error);
-    }
-
-    void noticesThatItWasReplaced() {
-        FileWorld world;
-        QVERIFY(world.from->StillThere());
-        fs::rename(world.source, world.source.parent_path() / "away");
-        QVERIFY(!world.from->StillThere());
-        fs::create_directory(world.source);
-        QVERIFY(!world.from->StillThere());
     }
 
     void removesLeftoversOfDeadProcessesOnly() {

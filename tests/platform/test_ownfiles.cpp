@@ -79,27 +79,6 @@ class TestOwnFiles : public QObject {
         QCOMPARE(static_cast<unsigned>(fs::status(scratch.file).permissions()), 0640U);
     }
 
-    void stampTellsChangesApart() {
-        const Scratch scratch;
-        QVERIFY(!m_files.Stamp(scratch.file));
-        QVERIFY(!m_files.Stamp(scratch.file.parent_path()));
-        QVERIFY(!m_files.ReplaceAll(scratch.file, "1"));
-        const auto first = m_files.Stamp(scratch.file);
-        QVERIFY(first && first == m_files.Stamp(scratch.file));
-        QVERIFY(!m_files.ReplaceAll(scratch.file, "2")); // same size, perhaps the same moment: another file
-        QVERIFY(first != m_files.Stamp(scratch.file));
-    }
-
-    void limitIsExact() {
-        const Scratch scratch;
-        QByteArray read;
-        QVERIFY(scratch.Put(own, QByteArray(5000, 'x')));
-        QVERIFY(!m_files.ReadAll(scratch.file, 5000, read));
-        QCOMPARE(read.size(), 5000);
-        QVERIFY(m_files.ReadAll(scratch.file, 4999, read) == std::errc::file_too_large);
-        QVERIFY(read.isEmpty());
-    }
-
     void shortWriteLeavesTheOldContent() {
         const Scratch scratch;
         QVERIFY(scratch.Put(own, "old\n"));
