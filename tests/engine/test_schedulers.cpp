@@ -50,35 +50,31 @@ class TestSchedulers final : public QObject {
         QTEST(fixture.Runs(A), "runs");
     }
 
-    void onceOnlyRunsOnceAndEndsMonitoring_data() {
-        QTest::addColumn<QString>("type");
-        QTest::addColumn<bool>("shutdown");
-        QTest::newRow("seconds") << u"0"_qs << false;
-        QTest::newRow("minutes, power off") << u"1"_qs << true;
-    }
     void onceOnlyRunsOnceAndEndsMonitoring() {
-        QFETCH(QString, type);
-        QFETCH(bool, shutdown);
-        ProgramFixture fixture;
-        fixture.Add(A, {{u"type"_qs, type}, {u"intervall"_qs, u"2"_qs}, {u"runningmode"_qs, u"1"_qs}});
-        fixture.Write(u"src/f"_qs, "x");
-        fixture.Write(u"app.log"_qs, "");
-        Program& program = fixture.Start();
-        program.Options().Shutdown = shutdown ? 1 : 0;
-        bool copiedBeforeTheEnd = false;
-        fixture.prompter.onAsk = [&](const Message&) { copiedBeforeTheEnd = fixture.Exists(u"dst/f"_qs); };
-        program.Monitoring().ToggleMonitoring();
-        fixture.Pass(600s);
-        QVERIFY(!program.Monitoring().IsOn());
-        QCOMPARE(fixture.Runs(A), 1);
-        QVERIFY(copiedBeforeTheEnd);
-        QCOMPARE(fixture.prompter.shown.size(), 1U);
-        QCOMPARE(fixture.prompter.shown[0].text, u"All activities idle, finished monitoring."_qs);
-        QCOMPARE(fixture.power->requests, shutdown ? 1 : 0);
-        QCOMPARE(fixture.Read(u"app.log"_qs).contains("Computer after last activity 'A' shutted down."), shutdown);
-        QCOMPARE(program.File().Read(A, "activ"), u"1"_qs); // the choice on disk is the user's
-        program.List().Refill();
-        QVERIFY(!program.List().IsChecked(0));
+        for (const bool shutdown : {false, true}) {
+            ProgramFixture fixture;
+            fixture.Add(
+                A,
+                {{u"type"_qs, shutdown ? u"1"_qs : u"0"_qs}, {u"intervall"_qs, u"2"_qs}, {u"runningmode"_qs, u"1"_qs}});
+            fixture.Write(u"src/f"_qs, "x");
+            fixture.Write(u"app.log"_qs, "");
+            Program& program = fixture.Start();
+            program.Options().Shutdown = shutdown ? 1 : 0;
+            bool copiedBeforeTheEnd = false;
+            fixture.prompter.onAsk = [&](const Message&) { copiedBeforeTheEnd = fixture.Exists(u"dst/f"_qs); };
+            program.Monitoring().ToggleMonitoring();
+            fixture.Pass(600s);
+            QVERIFY(!program.Monitoring().IsOn());
+            QCOMPARE(fixture.Runs(A), 1);
+            QVERIFY(copiedBeforeTheEnd);
+            QCOMPARE(fixture.prompter.shown.size(), 1U);
+            QCOMPARE(fixture.prompter.shown[0].text, u"All activities idle, finished monitoring."_qs);
+            QCOMPARE(fixture.power->requests, shutdown ? 1 : 0);
+            QCOMPARE(fixture.Read(u"app.log"_qs).contains("Computer after last activity 'A' shutted down."), shutdown);
+            QCOMPARE(program.File().Read(A, "activ"), u"1"_qs); // the choice on disk is the user's
+            program.List().Refill();
+            QVERIFY(!program.List().IsChecked(0));
+        }
     }
 
     void timeOfDay_data() {

