@@ -1,52 +1,42 @@
 // The lock between two real processes, its release after a crash, and folders somebody has tampered with.
+#include "FileWorld.h"
 #include "LinuxLocks.h"
 #include "ScratchFolder.h"
 
-#include <QCoreApplication>
-#include <QProcess>
-#include <QTest>
-#include <cstdio>
-#include <cstring>
+#include <csignal>
 #include <memory>
-#include <sys/stat.h>
-#include <unistd.h>
+#include <sys/prctl.h>
 
 namespace {
 
 const QString a = u"a"_qs;
 const QString ownFolder = u"Kalvenor"_qs;
 
-/// The other process: takes the lock, says how it went, and holds it until its input ends.
-int holdLock(const char* name) {
-    LinuxLocks locks;
-    const auto held = locks.TryAcquire(QString::fromUtf8(name));
-    std::puts(held ? "held" : "refused");
-    std::fflush(stdout);
-    while (std::getchar() != EOF) {
-    }
-    return 0;
+/// Takes the lock in another process, which ends at once.
+bool anotherProcessGets(const QString& name) {
+    return FileWorld::InChild([&] { return LinuxLocks().TryAcquire(name) ? 1 : 0; }) == 1;
 }
 
-class OtherProcess final {
-  public:
-    explicit OtherProcess(const QString& name) {
-        m_process.start(QCoreApplication::applicationFilePath(), {u"--hold"_qs, name});
-        m_process.waitForReadyRead(20000);
-        answer = m_process.readLine().trimmed();
+/// Another process that has taken the lock and lives on; -1 when it did not get it.
+pid_t holderOf(const QString& name) {
+    int ready[2];
+    if (::pipe(ready) != 0)
+        return -1;
+    const pid_t child = ::fork();
+    if (child == 0) {
+        ::prctl(PR_SET_PDEATHSIG, SIGKILL); // never outlives a test that failed
+        const auto held = LinuxLocks().TryAcquire(name);
+        if (!held || ::write(ready[1], "x", 1) != 1)
+            ::_exit(1);
+        for (;;)
+            ::pause();
     }
-    ~OtherProcess() { Kill(); }
-    OtherProcess(const OtherProcess&) = delete;
-    OtherProcess& operator=(const OtherProcess&) = delete;
-
-    void Kill() {
-        m_process.kill();
-        m_process.waitForFinished(20000);
-    }
-    QByteArray answer;
-
-  private:
-    QProcess m_process;
-};
+    ::close(ready[1]);
+    char byte = 0;
+    const bool isHeld = ::read(ready[0], &byte, 1) == 1;
+    ::close(ready[0]);
+    return isHeld ? child : -1;
+}
 
 } // namespace
 
@@ -63,21 +53,21 @@ class LocksTest final : public QObject {
     void OneHolderAtATime() {
         // Any text: steps to elsewhere, quotes, umlauts, longer than a file name may be.
         const QString name = u"../../etc/a \"b\"\n\u00e4\u20ac"_qs + QString(5000, u'x');
-        OtherProcess other(name);
-        QCOMPARE(other.answer, QByteArray("held"));
+        const pid_t holder = holderOf(name);
+        QVERIFY(holder > 0);
         LinuxLocks locks;
         QVERIFY(!locks.TryAcquire(name));
-        const auto different = locks.TryAcquire(name + u'2');
-        QVERIFY(different);
-        other.Kill();
+        QVERIFY(locks.TryAcquire(name + u'2'));
+        ::kill(holder, SIGKILL);
+        ::waitpid(holder, nullptr, 0);
         auto held = locks.TryAcquire(name);
         QVERIFY2(held, "a killed holder must not keep the lock");
         QVERIFY2(!locks.TryAcquire(name), "a second holder in the same process");
-        QCOMPARE(OtherProcess(name).answer, QByteArray("refused"));
+        QVERIFY(!anotherProcessGets(name));
         held.reset();
         // A process that has the old file open and one that makes a new file would both hold "the" lock.
         QVERIFY2(m_folder->Entries(ownFolder).size() == 2, "the files stay");
-        QCOMPARE(OtherProcess(name).answer, QByteArray("held"));
+        QVERIFY(anotherProcessGets(name));
     }
 
     void FolderIsPrivate() {
@@ -120,11 +110,5 @@ class LocksTest final : public QObject {
     std::unique_ptr<ScratchFolder> m_folder;
 };
 
-int main(int argc, char** argv) {
-    if (argc == 3 && std::strcmp(argv[1], "--hold") == 0)
-        return holdLock(argv[2]);
-    QCoreApplication application(argc, argv);
-    LocksTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+QTEST_GUILESS_MAIN(LocksTest)
 #include "test_locks.moc"

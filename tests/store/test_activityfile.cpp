@@ -155,38 +155,27 @@ class TestActivityFile : public QObject {
         QCOMPARE(store.Bytes(own), oneActivity);
     }
 
-    void repair_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QStringList>("taken"); // in the current directory
-        QTest::addColumn<QString>("moved");
-        QTest::newRow("two dots") << u"a.b.kvd"_qs << QStringList() << u"a.b.OLD"_qs;
-        QTest::newRow("no dot") << u"plain"_qs << QStringList() << u"plain.OLD"_qs;
-        QTest::newRow("taken") << own << QStringList{u"a.OLD"_qs} << u"a.OLD1"_qs;
-        QTest::newRow("two taken") << own << QStringList{u"a.OLD"_qs, u"a.OLD1"_qs} << u"a.OLD2"_qs;
-    }
-    void repair() {
-        QFETCH(QString, name);
-        QFETCH(QStringList, taken);
-        QFETCH(QString, moved);
+    void repairTakesTheFirstFreeName() {
         ScratchStore store;
         QVERIFY(QDir::setCurrent(store.Path(u"cwd"_qs)));
-        for (const QString& old : taken)
-            QVERIFY(store.Put(u"cwd/"_qs + old, "precious"));
-        const QByteArray damaged = "<items><A><sourcedir>/only/copy</sourcedir></A>";
-        QVERIFY(store.Put(name, damaged));
-        store.file.SetCurrentPath(store.Path(name));
-        QVERIFY(!store.file.Load());
-        store.prompter.yes = false;
-        QVERIFY(!store.file.OfferRepair());
-        QCOMPARE(store.Bytes(name), damaged);
-        store.prompter.yes = true;
-        QVERIFY(store.file.OfferRepair());
-        QCOMPARE(store.Bytes(name), emptyFile);
-        QCOMPARE(store.Bytes(u"cwd/"_qs + moved), damaged);
-        for (const QString& old : taken)
-            QCOMPARE(store.Bytes(u"cwd/"_qs + old), QByteArray("precious"));
-        QVERIFY(store.file.Load());
-        QCOMPARE(store.prompter.shown.size(), 2U);
+        QMap<QString, QByteArray> kept;
+        for (const auto& moved : {u"a.OLD"_qs, u"a.OLD1"_qs, u"a.OLD2"_qs}) {
+            kept[moved] = "<items><A><sourcedir>/only/copy/" + moved.toLatin1() + "</sourcedir></A>";
+            QVERIFY(store.Put(own, kept[moved]));
+            store.file.SetCurrentPath(store.Path(own));
+            QVERIFY(!store.file.Load());
+            store.prompter.yes = false;
+            QVERIFY(!store.file.OfferRepair());
+            QCOMPARE(store.Bytes(own), kept[moved]);
+            store.prompter.yes = true;
+            QVERIFY(store.file.OfferRepair());
+            QCOMPARE(store.Bytes(own), emptyFile);
+            QCOMPARE(store.Entries(u"cwd"_qs), QStringList(kept.keys()));
+            for (auto old = kept.cbegin(); old != kept.cend(); ++old)
+                QCOMPARE(store.Bytes(u"cwd/"_qs + old.key()), old.value());
+            QVERIFY(store.file.Load());
+        }
+        QCOMPARE(store.prompter.shown.size(), 6U);
         QCOMPARE(store.prompter.shown[0].text, store.texts.Text(371));
     }
 

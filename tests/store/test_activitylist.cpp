@@ -47,16 +47,10 @@ class TestActivityList : public QObject {
             "<action>0</action><logfile>/l</logfile><executeable>/x</executeable><extensions>txt;log</extensions>"
             "<activ>1</activ>",
             "/s|/t|10 Seconds - Copy files||0|/l|/x|txt;log|-", true);
-        row("minutes, all files",
-            "<type>1</type><intervall>2</intervall><action>1</action><allfiles>1</allfiles><extensions>txt</extensions>"
-            "<activ>yes</activ>",
-            "||2 Minutes - Move files||0|-|-|All|-", false);
-        row("date",
-            "<type>3</type><triggerdate>01.02.2030</triggerdate><triggerdatetime>08:00</triggerdatetime>"
-            "<daily>1</daily><action>2</action>",
-            "||Date: 01.02.2030 / Time: 08:00 - No action||0|-|-||-", false);
-        row("daily", "<type>4</type><triggertime>08:00</triggertime><daily>1</daily><action>0</action>",
-            "||Time: 08:00 (Daily) - Copy files||0|-|-||-", false);
+        row("daily, all files",
+            "<type>4</type><triggertime>08:00</triggertime><daily>1</daily><action>1</action>"
+            "<allfiles>1</allfiles><extensions>txt</extensions><activ>yes</activ>",
+            "||Time: 08:00 (Daily) - Move files||0|-|-|All|-", false);
         row("nothing known", "<type>9</type><intervall>3</intervall><action>9</action>", "|| - ||0|-|-||-", false);
     }
     void rowTexts() {
