@@ -82,7 +82,7 @@ class TestDesktop final : public QObject {
     void quotesThePathOfAProgram() {
         const auto check = [&](const QByteArray& program, const QByteArray& exec) {
             QVERIFY(!LinuxAutostart().Create(u"Kalvenor"_qs, program.toStdString()));
-            QCOMPARE(m_home->Bytes(autostart),
+            QCOMPARE(m_home->Read(autostart),
                      "[Desktop Entry]\nType=Application\nName=Kalvenor\nExec=" + exec + "\nTerminal=false\n");
             QCOMPARE(DesktopTexts::ExecProgram(program.toStdString()), exec);
         };
@@ -100,7 +100,7 @@ class TestDesktop final : public QObject {
         const QString name = u"Kalvenor"_qs;
         QVERIFY(!entries.Exists(name) && !entries.Remove(name));
         QVERIFY(!entries.Create(name, "/old/Kalvenor") && !entries.Create(name, "/new/Kalvenor"));
-        QVERIFY(m_home->Bytes(autostart).contains("/new/") && !m_home->Bytes(autostart).contains("/old/"));
+        QVERIFY(m_home->Read(autostart).contains("/new/") && !m_home->Read(autostart).contains("/old/"));
         QVERIFY(entries.Exists(name) && !entries.Exists(u"Other"_qs));
         QVERIFY(!entries.Remove(name) && !entries.Exists(name));
         QVERIFY(QDir().mkpath(m_home->Path(autostart))); // a folder has the entry's name
@@ -122,30 +122,30 @@ class TestDesktop final : public QObject {
     void registersAFileType() {
         QFETCH(QByteArray, before);
         const QString list = u"config/mimeapps.list"_qs;
-        QVERIFY(m_home->Put(list, before));
+        QVERIFY(m_home->Write(list, before));
         LinuxFileTypes types(m_home->Native(u"data"_qs), m_home->Native(u"config"_qs));
         const FileType type{"/opt/a b/Kalvenor", u".kvd"_qs, m_home->Native(u"kvd.ico"_qs), u"A <list> & more"_qs};
         for (const bool hasIcon : {false, true}) { // the second time nothing else changes
-            QVERIFY(!hasIcon || m_home->Put(u"kvd.ico"_qs, {}));
+            QVERIFY(!hasIcon || m_home->Write(u"kvd.ico"_qs, {}));
             QVERIFY(!types.Register(type));
-            const QByteArray entry = m_home->Bytes(u"data/applications/kalvenor-activities.desktop"_qs);
+            const QByteArray entry = m_home->Read(u"data/applications/kalvenor-activities.desktop"_qs);
             QVERIFY(entry.contains("\nExec=\"/opt/a b/Kalvenor\" %f\n"));
             QVERIFY(entry.contains("\nMimeType=application/x-kalvenor-activities;\n"));
             QCOMPARE(entry.contains(QByteArray("\nIcon=" + m_home->Path(u"kvd.ico"_qs).toUtf8() + '\n')), hasIcon);
             QCOMPARE(entry.contains("Icon="), hasIcon);
-            QTEST(m_home->Bytes(list), "after");
+            QTEST(m_home->Read(list), "after");
         }
-        const QByteArray package = m_home->Bytes(u"data/mime/packages/kalvenor-activities.xml"_qs);
+        const QByteArray package = m_home->Read(u"data/mime/packages/kalvenor-activities.xml"_qs);
         QVERIFY(package.contains("<comment>A &lt;list&gt; &amp; more</comment>"));
         QVERIFY(package.contains("<glob pattern=\"*.kvd\"/>"));
     }
 
     void leavesAListItCannotRead() {
         const QByteArray tooMuch((1 << 20) + 1, '#');
-        QVERIFY(m_home->Put(u"config/mimeapps.list"_qs, tooMuch));
+        QVERIFY(m_home->Write(u"config/mimeapps.list"_qs, tooMuch));
         LinuxFileTypes types(m_home->Native(u"data"_qs), m_home->Native(u"config"_qs));
         QVERIFY(types.Register({"/opt/Kalvenor", u".kvd"_qs, {}, u"A list"_qs}));
-        QVERIFY(m_home->Bytes(u"config/mimeapps.list"_qs) == tooMuch);
+        QVERIFY(m_home->Read(u"config/mimeapps.list"_qs) == tooMuch);
         QVERIFY(LinuxFileTypes({}, {}).Register({"/opt/Kalvenor", u".kvd"_qs, {}, u"A list"_qs}));
     }
 

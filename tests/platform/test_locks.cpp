@@ -102,7 +102,7 @@ class LocksTest final : public QObject {
     }
 
     void NoFolderNoLock() {
-        QVERIFY(m_folder->Put(ownFolder, "a file in its place"));
+        QVERIFY(m_folder->Write(ownFolder, "a file in its place"));
         QVERIFY(!LinuxLocks().TryAcquire(a));
     }
 

@@ -63,9 +63,9 @@ class TestOwnFiles : public QObject {
             if (isDone && isRead)
                 QCOMPARE(read, QByteArray("old"));
             else if (isDone && isDelete)
-                QVERIFY(!scratch.Entries().contains(own) && (kind != "link" || scratch.Bytes(u"target"_qs) == "old"));
+                QVERIFY(!scratch.Entries().contains(own) && (kind != "link" || scratch.Read(u"target"_qs) == "old"));
             else if (isDone)
-                QVERIFY(scratch.Bytes(own).endsWith("new"));
+                QVERIFY(scratch.Read(own).endsWith("new"));
             if (kind.endsWith("link") && !isDelete)
                 QVERIFY(fs::is_symlink(scratch.file)); // written through, not over
         }
@@ -83,14 +83,14 @@ class TestOwnFiles : public QObject {
 
     void shortWriteLeavesTheOldContent() {
         const Scratch scratch;
-        QVERIFY(scratch.Put(own, "old\n"));
+        QVERIFY(scratch.Write(own, "old\n"));
         {
             const SizeLimit limit(1000);
             QVERIFY(m_files.ReplaceAll(scratch.file, QByteArray(5000, 'x')));
             QVERIFY(m_files.CreateNew(scratch.Native(u"second"_qs), QByteArray(5000, 'x')));
             QVERIFY(m_files.Append(scratch.file, QByteArray(5000, 'x'), true)); // the half line is taken back
         }
-        QCOMPARE(scratch.Bytes(own), QByteArray("old\n"));
+        QCOMPARE(scratch.Read(own), QByteArray("old\n"));
         QCOMPARE(scratch.Entries(), QStringList{own});
     }
 
@@ -101,11 +101,11 @@ class TestOwnFiles : public QObject {
         if (::mount("tmpfs", disk.c_str(), "tmpfs", 0, "size=64k") != 0)
             QSKIP("only root can make a small disk");
         const QByteArray old(30'000, 'o');
-        const bool isReady = scratch.Put(u"disk/own"_qs, old) && scratch.Put(u"source"_qs, QByteArray(50'000, 's'));
+        const bool isReady = scratch.Write(u"disk/own"_qs, old) && scratch.Write(u"source"_qs, QByteArray(50'000, 's'));
         const std::error_code error = m_files.ReplaceAll(disk / "own", QByteArray(50'000, 'n'));
         // Across devices, onto the same full disk: the source must stay.
         const std::error_code moved = m_files.MoveAway(scratch.Native(u"source"_qs), disk / "moved");
-        const QByteArray kept = scratch.Bytes(u"disk/own"_qs);
+        const QByteArray kept = scratch.Read(u"disk/own"_qs);
         const QStringList entries = scratch.Entries(u"disk"_qs);
         // And with enough room it goes over.
         const std::error_code back = m_files.MoveAway(disk / "own", scratch.Native(u"back"_qs));
@@ -116,14 +116,14 @@ class TestOwnFiles : public QObject {
         QVERIFY(moved == std::errc::no_space_on_device);
         QCOMPARE(kept, old);
         QCOMPARE(entries, QStringList{own});
-        QCOMPARE(scratch.Bytes(u"source"_qs).size(), 50'000);
+        QCOMPARE(scratch.Read(u"source"_qs).size(), 50'000);
         QVERIFY(!back && isGone);
-        QCOMPARE(scratch.Bytes(u"back"_qs), old);
+        QCOMPARE(scratch.Read(u"back"_qs), old);
     }
 
     void failedSyncLeavesTheOldContent() {
         const Scratch scratch;
-        QVERIFY(scratch.Put(own, "old"));
+        QVERIFY(scratch.Write(own, "old"));
         const int result = FileWorld::InChild([&] {
             const bool isInstalled = SystemCallFault::Install({{SYS_fsync, EIO}});
             return !isInstalled ? 2 : m_files.ReplaceAll(scratch.file, "new") ? 0 : 1;
@@ -131,13 +131,13 @@ class TestOwnFiles : public QObject {
         if (result == 2)
             QSKIP("the kernel filters no system calls");
         QCOMPARE(result, 0);
-        QCOMPARE(scratch.Bytes(own), QByteArray("old"));
+        QCOMPARE(scratch.Read(own), QByteArray("old"));
         QCOMPARE(scratch.Entries(), QStringList{own});
     }
 
     void whatIsReadOnlyKeepsItsContent() {
         const Scratch scratch;
-        QVERIFY(scratch.Put(own, "old"));
+        QVERIFY(scratch.Write(own, "old"));
         const auto isRefused = [&] { return m_files.ReplaceAll(scratch.file, "new") ? 0 : 1; };
         const auto isReadOnly = [&] { return m_files.IsWritableFolder(scratch.Native()) ? 1 : 0; };
         const bool isRoot = ::geteuid() == 0; // who may write everywhere
@@ -149,7 +149,7 @@ class TestOwnFiles : public QObject {
         fs::permissions(scratch.Native(), fs::perms(0777));
         QCOMPARE(FileWorld::InChild(isRefused, isRoot), 0);
         QCOMPARE(FileWorld::InChild(isReadOnly, isRoot), 1);
-        QCOMPARE(scratch.Bytes(own), QByteArray("old"));
+        QCOMPARE(scratch.Read(own), QByteArray("old"));
     }
 
     void killedWriterLeavesOldOrNew() {
@@ -176,7 +176,7 @@ class TestOwnFiles : public QObject {
             ::close(ready[0]);
             ::close(ready[1]);
             QVERIFY(WIFSIGNALED(status));
-            const QByteArray found = scratch.Bytes(own);
+            const QByteArray found = scratch.Read(own);
             QVERIFY(found == contents[0] || found == contents[1]);
         }
         QVERIFY(!m_files.ReplaceAll(scratch.file, contents[0]));
@@ -192,10 +192,10 @@ class TestOwnFiles : public QObject {
             QVERIFY(!m_files.CreateNew(scratch.file, "precious"));
             QVERIFY(m_files.MoveAway(scratch.file, taken) == std::errc::file_exists);
             QVERIFY(m_files.MoveAway(scratch.file, scratch.file) == std::errc::file_exists);
-            QCOMPARE(scratch.Bytes(own), QByteArray("precious"));
+            QCOMPARE(scratch.Read(own), QByteArray("precious"));
             QCOMPARE(FileWorld::StatusOf(taken).st_ino, before);
             QVERIFY(!m_files.MoveAway(scratch.file, scratch.Native(u"free"_qs)));
-            QCOMPARE(scratch.Bytes(u"free"_qs), QByteArray("precious"));
+            QCOMPARE(scratch.Read(u"free"_qs), QByteArray("precious"));
             QVERIFY(!scratch.Exists(own));
         }
     }

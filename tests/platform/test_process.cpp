@@ -40,7 +40,7 @@ class ProcessTest final : public QObject {
     }
 
     void TheRestGoesToTheDesktop() {
-        QVERIFY(m_folder->Put(u"a.txt"_qs, "printf 'ran' > \"$MARK\"\n"));
+        QVERIFY(m_folder->Write(u"a.txt"_qs, "printf 'ran' > \"$MARK\"\n"));
         const QString document = m_folder->Path(u"a.txt"_qs);
         QVERIFY(LinuxProcess().Open(document));
         QTRY_COMPARE(mark(), "desktop " + QFile::encodeName(document));
@@ -53,7 +53,7 @@ class ProcessTest final : public QObject {
     void Refuses() {
         QVERIFY(putProgram(u"broken"_qs, "#!/nonexistent/interpreter\n"));
         QVERIFY(putProgram(u"good"_qs, "#!/bin/sh\n"));
-        QVERIFY(m_folder->Put(u"a.txt"_qs, "text"));
+        QVERIFY(m_folder->Write(u"a.txt"_qs, "text"));
         QVERIFY(QFile::link(u"nowhere"_qs, m_folder->Path(u"link"_qs)));
         for (const auto& name : {u"nothing"_qs, u"broken"_qs, u"link"_qs, u"good 1"_qs})
             QVERIFY2(!LinuxProcess().Open(m_folder->Path(name)), qPrintable(name));
@@ -90,13 +90,13 @@ class ProcessTest final : public QObject {
             return 0;
         };
         QCOMPARE(FileWorld::InChild(end), 7);
-        QCOMPARE(m_folder->Bytes(u"output"_qs), QByteArray("last words"));
+        QCOMPARE(m_folder->Read(u"output"_qs), QByteArray("last words"));
     }
 
   private:
-    [[nodiscard]] QByteArray mark() const { return m_folder->Bytes(u"mark"_qs); }
+    [[nodiscard]] QByteArray mark() const { return m_folder->Read(u"mark"_qs); }
     [[nodiscard]] bool putProgram(const QString& name, const QByteArray& content) const {
-        return m_folder->Put(name, content) &&
+        return m_folder->Write(name, content) &&
                QFile::setPermissions(m_folder->Path(name), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
 

@@ -34,11 +34,11 @@ class TestSettings : public QObject {
         QVERIFY(!scratch.store.Read(app, section, key));
         QVERIFY(!scratch.Exists(ini)); // only a write creates it
         QVERIFY(!scratch.store.Write(app, section, key, value));
-        QCOMPARE(scratch.Bytes(ini), "[Options]\nKey=" + value.toUtf8() + '\n');
+        QCOMPARE(scratch.Read(ini), "[Options]\nKey=" + value.toUtf8() + '\n');
         QCOMPARE(scratch.store.Read(app, section, key), value);
         // The same line written by hand, in the midst of other things and with the other line ending.
-        QVERIFY(scratch.Put(ini, "\xEF\xBB\xBF; mine\r\n[Other]\r\nKey=other\r\n\r\n [Options]\r\n Key =" +
-                                     value.toUtf8() + "\r\nkey=lower\r\n"));
+        QVERIFY(scratch.Write(ini, "\xEF\xBB\xBF; mine\r\n[Other]\r\nKey=other\r\n\r\n [Options]\r\n Key =" +
+                                       value.toUtf8() + "\r\nkey=lower\r\n"));
         QCOMPARE(scratch.store.Read(app, section, key), value);
         QCOMPARE(scratch.store.Read(app, section, u"key"_qs), u"lower"_qs);
         QVERIFY(!scratch.store.Read(app, section, u"KEY"_qs));
@@ -66,9 +66,9 @@ class TestSettings : public QObject {
     void writeKeepsEverythingElse() {
         QFETCH(QByteArray, before);
         Scratch scratch;
-        QVERIFY(scratch.Put(ini, before));
+        QVERIFY(scratch.Write(ini, before));
         QVERIFY(!scratch.store.Write(app, section, key, u"new"_qs));
-        QTEST(scratch.Bytes(ini), "after");
+        QTEST(scratch.Read(ini), "after");
         QCOMPARE(scratch.store.Read(app, section, key), u"new"_qs);
     }
 
@@ -92,10 +92,10 @@ class TestSettings : public QObject {
     void unreadableFileIsNotOverwritten() {
         Scratch scratch;
         const QByteArray tooMuch((16 << 20) + 1, ';');
-        QVERIFY(scratch.Put(ini, tooMuch));
+        QVERIFY(scratch.Write(ini, tooMuch));
         QVERIFY(!scratch.store.Read(app, section, key));
         QVERIFY(scratch.store.Write(app, section, key, u"x"_qs));
-        QVERIFY(scratch.Bytes(ini) == tooMuch);
+        QVERIFY(scratch.Read(ini) == tooMuch);
     }
 
     void folderFollowsTheEnvironment() {

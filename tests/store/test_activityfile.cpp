@@ -50,14 +50,14 @@ class TestActivityFile : public QObject {
         QFETCH(QString, expected);
         ScratchStore store;
         for (const QString& name : existing)
-            QVERIFY(store.Put(name, oneActivity));
+            QVERIFY(store.Write(name, oneActivity));
         // A folder that is not there cannot be written to either, and that holds for root as well.
         if (expected.startsWith(u"data"))
             QVERIFY(QDir(store.Path(u"program"_qs)).removeRecursively());
         ActivityFile file(store.document, store.files, store.prompter, store.texts, store.places);
         QCOMPARE(file.CurrentPath(), store.Path(expected));
         QVERIFY(file.EnsureDefaultExists());
-        QCOMPARE(store.Bytes(expected), existing.isEmpty() ? emptyFile : oneActivity);
+        QCOMPARE(store.Read(expected), existing.isEmpty() ? emptyFile : oneActivity);
         QVERIFY(existing.isEmpty() || store.Entries(u"program"_qs).size() == existing.size());
         QVERIFY(file.IsDefault());
         file.SetCurrentPath(store.Path(expected).toUpper());
@@ -68,7 +68,7 @@ class TestActivityFile : public QObject {
     void uncreatableDefaultIsTold() {
         ScratchStore store;
         store.places.programFolder = store.Native(u"none"_qs);
-        QVERIFY(store.Put(u"data"_qs, "a file where the folder should be"));
+        QVERIFY(store.Write(u"data"_qs, "a file where the folder should be"));
         QVERIFY(!store.file.EnsureDefaultExists());
         QVERIFY(store.prompter.shown.at(0).text.startsWith(store.texts.Text(436)));
     }
@@ -94,12 +94,12 @@ class TestActivityFile : public QObject {
         QVERIFY(setTime(store.Path(own), 1000));
         QVERIFY(store.file.Load());
         const QString& changed = isReplaced ? other : own;
-        QVERIFY(store.Put(changed, bytes) && setTime(store.Path(changed), time));
+        QVERIFY(store.Write(changed, bytes) && setTime(store.Path(changed), time));
         if (isReplaced)
             QCOMPARE(::rename(qPrintable(store.Path(other)), qPrintable(store.Path(own))), 0);
         store.file.Write(A, "activ", u"0"_qs);
         QCOMPARE(refusal(store.file), store.texts.Text(432));
-        QCOMPARE(store.Bytes(own), bytes);
+        QCOMPARE(store.Read(own), bytes);
         // The change is still in memory until the user loads again.
         QCOMPARE(store.file.Read(A, "activ"), u"0"_qs);
         if (store.file.Load())
@@ -113,7 +113,7 @@ class TestActivityFile : public QObject {
             store.file.Write(A, "activ", QLatin1String(value));
             QCOMPARE(refusal(store.file), QString());
         }
-        QVERIFY(store.Bytes(own).contains("<activ>0</activ>"));
+        QVERIFY(store.Read(own).contains("<activ>0</activ>"));
         // A file that has gone holds nothing that could be overwritten: the activities in memory are all there is.
         QVERIFY(QFile::remove(store.Path(own)));
         QCOMPARE(refusal(store.file), QString());
@@ -126,25 +126,25 @@ class TestActivityFile : public QObject {
             QVERIFY(!store.file.Load());
             QCOMPARE(refusal(store.file), store.texts.Text(433));
             QVERIFY_THROWS_EXCEPTION(StoreError, store.file.SaveAs(store.Path(other)));
-            QCOMPARE(store.Bytes(own), QByteArray(bytes));
+            QCOMPARE(store.Read(own), QByteArray(bytes));
             QVERIFY(!store.Exists(other));
         }
     }
 
     void anotherFileIsNotOverwrittenUnloaded() {
         ScratchStore store(oneActivity);
-        QVERIFY(store.Put(other, emptyFile));
+        QVERIFY(store.Write(other, emptyFile));
         QVERIFY(store.file.Load());
         store.file.SetCurrentPath(store.Path(other));
         QCOMPARE(refusal(store.file), store.texts.Text(432));
-        QCOMPARE(store.Bytes(other), emptyFile);
+        QCOMPARE(store.Read(other), emptyFile);
         store.file.SetCurrentPath(store.Path(own)); // back: it is still the one that was loaded
         QCOMPARE(refusal(store.file), QString());
     }
 
     void exportMakesTheNewFileCurrent() {
         ScratchStore store(oneActivity);
-        QVERIFY(store.Put(other, "to be replaced"));
+        QVERIFY(store.Write(other, "to be replaced"));
         QVERIFY(store.file.Load());
         QVERIFY_THROWS_EXCEPTION(StoreError, store.file.SaveAs(store.Path(u"none/b.kvd"_qs)));
         QCOMPARE(store.file.CurrentPath(), store.Path(own));
@@ -152,7 +152,7 @@ class TestActivityFile : public QObject {
         QCOMPARE(store.file.CurrentPath(), store.Path(other));
         QCOMPARE(refusal(store.file), QString());
         QVERIFY(store.file.Load());
-        QCOMPARE(store.Bytes(own), oneActivity);
+        QCOMPARE(store.Read(own), oneActivity);
     }
 
     void repairTakesTheFirstFreeName() {
@@ -161,18 +161,18 @@ class TestActivityFile : public QObject {
         QMap<QString, QByteArray> kept;
         for (const auto& moved : {u"a.OLD"_qs, u"a.OLD1"_qs, u"a.OLD2"_qs}) {
             kept[moved] = "<items><A><sourcedir>/only/copy/" + moved.toLatin1() + "</sourcedir></A>";
-            QVERIFY(store.Put(own, kept[moved]));
+            QVERIFY(store.Write(own, kept[moved]));
             store.file.SetCurrentPath(store.Path(own));
             QVERIFY(!store.file.Load());
             store.prompter.yes = false;
             QVERIFY(!store.file.OfferRepair());
-            QCOMPARE(store.Bytes(own), kept[moved]);
+            QCOMPARE(store.Read(own), kept[moved]);
             store.prompter.yes = true;
             QVERIFY(store.file.OfferRepair());
-            QCOMPARE(store.Bytes(own), emptyFile);
+            QCOMPARE(store.Read(own), emptyFile);
             QCOMPARE(store.Entries(u"cwd"_qs), QStringList(kept.keys()));
             for (auto old = kept.cbegin(); old != kept.cend(); ++old)
-                QCOMPARE(store.Bytes(u"cwd/"_qs + old.key()), old.value());
+                QCOMPARE(store.Read(u"cwd/"_qs + old.key()), old.value());
             QVERIFY(store.file.Load());
         }
         QCOMPARE(store.prompter.shown.size(), 6U);
@@ -185,7 +185,7 @@ class TestActivityFile : public QObject {
         QVERIFY(QDir().rmdir(store.Path(u"cwd"_qs))); // nothing can be moved into a directory that is gone
         store.prompter.yes = true;
         QVERIFY(!store.file.OfferRepair());
-        QCOMPARE(store.Bytes(own), QByteArray("damaged"));
+        QCOMPARE(store.Read(own), QByteArray("damaged"));
         QVERIFY(store.prompter.shown.back().text.startsWith(store.texts.Text(435)));
     }
 
@@ -205,9 +205,9 @@ class TestActivityFile : public QObject {
         ScratchStore store("damaged");
         QVERIFY(QDir::setCurrent(store.Path(u"cwd"_qs)));
         store.prompter.yes = true;
-        store.prompter.onAsk = [&](const Message&) { QVERIFY(store.Put(own, oneActivity)); };
+        store.prompter.onAsk = [&](const Message&) { QVERIFY(store.Write(own, oneActivity)); };
         QVERIFY(store.file.OfferRepair());
-        QCOMPARE(store.Bytes(own), oneActivity);
+        QCOMPARE(store.Read(own), oneActivity);
         QCOMPARE(store.Entries(u"cwd"_qs), QStringList());
     }
 
@@ -218,9 +218,9 @@ class TestActivityFile : public QObject {
         store.file.SetCurrentPath(store.Path(u"link.kvd"_qs));
         store.prompter.yes = true;
         QVERIFY(store.file.OfferRepair());
-        QCOMPARE(store.Bytes(u"cwd/link.OLD"_qs), QByteArray("damaged"));
-        QCOMPARE(store.Bytes(own), QByteArray("damaged"));
-        QCOMPARE(store.Bytes(u"link.kvd"_qs), emptyFile);
+        QCOMPARE(store.Read(u"cwd/link.OLD"_qs), QByteArray("damaged"));
+        QCOMPARE(store.Read(own), QByteArray("damaged"));
+        QCOMPARE(store.Read(u"link.kvd"_qs), emptyFile);
     }
 
     void clearAll_data() {
@@ -243,7 +243,7 @@ class TestActivityFile : public QObject {
         QFETCH(QString, current);
         QFETCH(QString, currentAfter);
         ScratchStore store(oneActivity);
-        QVERIFY(store.Put(standard, "<items><Standard/></items>"));
+        QVERIFY(store.Write(standard, "<items><Standard/></items>"));
         store.file.SetCurrentPath(store.Path(current));
         store.file.Load();
         store.prompter.yes = answer;

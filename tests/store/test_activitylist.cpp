@@ -81,7 +81,7 @@ class TestActivityList : public QObject {
         QVERIFY(store.Click(1, false));
         QVERIFY(store.Click(2, true)); // has no such field, and the list shows the truth
         QVERIFY(store.list.IsChecked(0) && !store.list.IsChecked(1) && !store.list.IsChecked(2));
-        QCOMPARE(store.Bytes(own), items("<A><activ>1</activ></A><B><activ>0</activ></B><C/>") + '\n');
+        QCOMPARE(store.Read(own), items("<A><activ>1</activ></A><B><activ>0</activ></B><C/>") + '\n');
         QCOMPARE(refilled.size(), 0);
         QCOMPARE(store.list.Text(A, ActivityList::Count), u"7"_qs);
     }
@@ -90,13 +90,13 @@ class TestActivityList : public QObject {
         ListStore store(items("<A><activ>0</activ></A>"));
         QSignalSpy failed(&store.list, &ActivityList::ToggleFailed);
         const QByteArray other = items("<A><activ>0</activ></A><New/>");
-        QVERIFY(store.Put(own, other));
+        QVERIFY(store.Write(own, other));
         QVERIFY(!store.Click(0, true));
         QCOMPARE(failed.size(), 1);
         QCOMPARE(failed[0][0].toString(), store.texts.Text(432));
         QVERIFY(!store.list.IsChecked(0));
         QCOMPARE(store.file.Read(A, "activ"), u"0"_qs);
-        QCOMPARE(store.Bytes(own), other);
+        QCOMPARE(store.Read(own), other);
     }
 
     void programNeverSaves() {
@@ -109,7 +109,7 @@ class TestActivityList : public QObject {
         QCOMPARE(changed.size(), 2);
         store.list.TakeOut(B);
         QVERIFY(!store.list.IsChecked(0) && !store.list.IsChecked(1));
-        QCOMPARE(store.Bytes(own), bytes);
+        QCOMPARE(store.Read(own), bytes);
 
         // A refill ticks what the file says, but not what was taken out, and starts the counters anew.
         store.list.Refill();
@@ -132,7 +132,7 @@ class TestActivityList : public QObject {
         for (const bool yes : {true, false}) {
             ListStore store(items("<A/>"));
             QVERIFY(QDir::setCurrent(store.Path(u"cwd"_qs)));
-            QVERIFY(store.Put(own, ""));
+            QVERIFY(store.Write(own, ""));
             store.prompter.yes = yes;
             int rowsWhileAsking = -1;
             bool isBusyWhileAsking = false;
@@ -148,7 +148,7 @@ class TestActivityList : public QObject {
             QVERIFY(isBusyWhileAsking && !store.list.ListBusy());
             QCOMPARE(store.list.Rows(), 0);
             QCOMPARE(store.Exists(u"cwd/a.OLD"_qs), yes);
-            QCOMPARE(store.Bytes(own).isEmpty(), !yes);
+            QCOMPARE(store.Read(own).isEmpty(), !yes);
         }
     }
 };

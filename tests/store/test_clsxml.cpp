@@ -257,7 +257,7 @@ class TestClsXml : public QObject {
         QFETCH(QByteArray, bytes);
         QFETCH(int, count);
         Store store;
-        QVERIFY(store.Put(own, bytes));
+        QVERIFY(store.Write(own, bytes));
         QCOMPARE(store.document.OpenXML(store.Path(own), 0), count >= 0);
         QCOMPARE(store.document.NodeCount(items), count);
         QCOMPARE(store.document.XML().isEmpty(), count < 0);
@@ -281,7 +281,7 @@ class TestClsXml : public QObject {
         store.document.WriteNode(u"/items/A/f"_qs, mixed);
         QVERIFY(store.IsSaved());
         const QByteArray text = prolog + "<items><A><f>" + saved + "</f></A></items>\n";
-        QCOMPARE(store.Bytes(own), prolog.contains("UTF-16") ? utf16(text) : text);
+        QCOMPARE(store.Read(own), prolog.contains("UTF-16") ? utf16(text) : text);
         QVERIFY(store.document.OpenXML(store.Path(own), 0));
         QCOMPARE(store.document.ReadNode(u"/items/A/f"_qs), mixed);
         if (prolog.isEmpty())
@@ -294,9 +294,9 @@ class TestClsXml : public QObject {
         for (const auto& markup : {u"<?xml version='1.0' encoding='none-such'?><items/>"_qs, u"damaged"_qs,
                                    u"<?xml version='1.0' encoding='ISO-8859-1'?><items><\u0416/></items>"_qs}) {
             Store store(markup);
-            QVERIFY(store.Put(own, "old"));
+            QVERIFY(store.Write(own, "old"));
             QVERIFY(!store.IsSaved());
-            QCOMPARE(store.Bytes(own), QByteArray("old"));
+            QCOMPARE(store.Read(own), QByteArray("old"));
         }
         Store store(u"<items><A/></items>"_qs);
         store.document.WriteAttribute(u"/items/A"_qs, {u"a"_qs}, {QString(10'000, u'x')});
@@ -307,14 +307,14 @@ class TestClsXml : public QObject {
     void fullDiskLeavesTheFile() {
         Store store(u"<items><A/></items>"_qs);
         QVERIFY(store.IsSaved());
-        const QByteArray old = store.Bytes(own);
+        const QByteArray old = store.Read(own);
         store.document.WriteNode(u"/items/A"_qs, QString(100'000, u'x'));
         const QStringList entries = store.Entries();
         {
             const SizeLimit limit(65'536);
             QVERIFY(!store.IsSaved());
         }
-        QCOMPARE(store.Bytes(own), old);
+        QCOMPARE(store.Read(own), old);
         QCOMPARE(store.Entries(), entries);
     }
 };

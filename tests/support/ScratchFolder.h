@@ -11,16 +11,17 @@
 class ScratchFolder {
   public:
     /// An absolute name stays as it is.
-    [[nodiscard]] QString Path(const QString& name = {}) const { return QDir(m_folder.path()).filePath(name); }
+    [[nodiscard]] QString Path(const QString& name = {}) const { return QDir(folder.path()).filePath(name); }
+    [[nodiscard]] QString Path(const char* name) const { return Path(QString::fromLatin1(name)); }
     [[nodiscard]] std::filesystem::path Native(const QString& name = {}) const { return Path(name).toStdString(); }
 
     /// Makes the folders above it as well.
-    bool Put(const QString& name, const QByteArray& bytes) const {
+    bool Write(const QString& name, const QByteArray& bytes) const {
         QDir().mkpath(QFileInfo(Path(name)).path());
         QFile file(Path(name));
         return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
     }
-    [[nodiscard]] QByteArray Bytes(const QString& name) const {
+    [[nodiscard]] QByteArray Read(const QString& name) const {
         QFile file(Path(name));
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
     }
@@ -30,6 +31,5 @@ class ScratchFolder {
         return QDir(Path(name)).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
     }
 
-  private:
-    QTemporaryDir m_folder;
+    QTemporaryDir folder;
 };

@@ -13,8 +13,17 @@ struct ScratchStore : ScratchFolder {
     ScratchStore() = default;
     /// The current file is "a.kvd" with these bytes.
     explicit ScratchStore(const QByteArray& bytes) {
-        Put(u"a.kvd"_qs, bytes);
+        Write(u"a.kvd"_qs, bytes);
         file.SetCurrentPath(Path(u"a.kvd"_qs));
+    }
+
+    static QByteArray Bytes(const QString& file) {
+        QFile opened(file);
+        return opened.open(QIODevice::ReadOnly) ? opened.readAll() : QByteArray("<unreadable>");
+    }
+    static bool Put(const QString& file, const QByteArray& bytes) {
+        QFile opened(file);
+        return opened.open(QIODevice::WriteOnly) && opened.write(bytes) == bytes.size();
     }
 
     LinuxOwnFiles files;
