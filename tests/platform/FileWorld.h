@@ -4,6 +4,7 @@
 
 #include "LinuxFileSystem.h"
 
+#include <QTest>
 #include <array>
 #include <fcntl.h>
 #include <filesystem>
@@ -13,7 +14,9 @@
 #include <map>
 #include <string>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <sys/xattr.h>
+#include <unistd.h>
 
 namespace fs = std::filesystem;
 
@@ -35,7 +38,7 @@ class RecordingObserver final : public TransferObserver {
     mutable int filesUntilStop = -1;
 };
 
-class FileWorld final {
+class FileWorld {
   public:
     /// `otherDevice`: the destination lies in shared memory.
     explicit FileWorld(bool otherDevice = false)
@@ -60,12 +63,65 @@ class FileWorld final {
         to = system.OpenFolder(destination, error);
     }
 
-    [[nodiscard]] bool IsApart() const { return from->Id().device != to->Id().device; }
+    /// Rows for copies and moves on one device and across two, of each of the cases.
+    static void AddWays(const std::vector<const char*>& cases = {""}) {
+        QTest::addColumn<QByteArray>("kind");
+        QTest::addColumn<bool>("otherDevice");
+        QTest::addColumn<bool>("move");
+        for (const char* kind : cases)
+            for (const bool other : {false, true})
+                for (const bool move : {false, true})
+                    QTest::addRow("%s %s %s device", kind, move ? "move" : "copy", other ? "other" : "same")
+                        << QByteArray(kind) << other << move;
+    }
 
     /// The file of this name as a walk would hand it over.
     [[nodiscard]] TransferFile File(const fs::path& name) const {
         std::error_code error;
         return {from, to, name, from->Stat(name, error).value_or(FileFacts{})};
+    }
+
+    /// One transfer of its own, committed by its end.
+    void Transfer(bool move, const std::vector<TransferFile>& files) {
+        const auto transfer = system.NewTransfer(observer);
+        for (const TransferFile& file : files)
+            move ? transfer->Move(file) : transfer->Copy(file);
+    }
+    void Transfer(bool move, const fs::path& name) { Transfer(move, {File(name)}); }
+
+    /// Of the folder "tree".
+    void TransferTree(bool move, const std::set<FileId>& excluded = {}) {
+        const auto transfer = system.NewTransfer(observer);
+        move ? transfer->MoveTree(from, to, "tree", excluded) : transfer->CopyTree(from, to, "tree", excluded);
+    }
+
+    /// What the function gives, called in a process of its own (as nobody in particular, if wanted); -1: it crashed.
+    static int InChild(const std::function<int()>& function, bool asNobody = false) {
+        constexpr uid_t nobody = 65534;
+        const pid_t child = ::fork();
+        if (child == 0)
+            ::_exit(!asNobody || (::setgid(nobody) == 0 && ::setuid(nobody) == 0) ? function() : -1);
+        int status = -1;
+        ::waitpid(child, &status, 0);
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+
+    /// Something that may stand in the way; a link leads to the file "target" beside it.
+    static void Make(const fs::path& path, const QByteArray& kind) {
+        if (kind == "file")
+            Write(path, "old");
+        else if (kind == "folder")
+            fs::create_directory(path);
+        else if (kind == "fifo")
+            QCOMPARE(::mkfifo(path.c_str(), 0600), 0);
+        else if (kind == "link")
+            Write(path.parent_path() / "target", "old");
+        if (kind == "link" || kind == "dangling link")
+            fs::create_symlink("target", path);
+        else if (kind == "folder link")
+            fs::create_directory_symlink("..", path);
+        else if (kind == "loop")
+            fs::create_symlink(path, path);
     }
 
     static void Write(const fs::path& file, const std::string& text, std::int64_t seconds = 1'000'000'000) {
@@ -92,15 +148,10 @@ class FileWorld final {
         return status;
     }
 
-    [[nodiscard]] static bool SameTime(const fs::path& a, const fs::path& b) {
-        const struct timespec one = StatusOf(a).st_mtim;
-        const struct timespec other = StatusOf(b).st_mtim;
-        return one.tv_sec == other.tv_sec && one.tv_nsec == other.tv_nsec;
-    }
-
+    using Entries = std::map<std::string, std::string>;
     /// Every entry below the folder, hidden ones too, with its content ("/" for a folder).
-    [[nodiscard]] static std::map<std::string, std::string> Tree(const fs::path& folder) {
-        std::map<std::string, std::string> entries;
+    [[nodiscard]] static Entries Tree(const fs::path& folder) {
+        Entries entries;
         for (const auto& entry : fs::recursive_directory_iterator(folder))
             entries[entry.path().lexically_relative(folder).native()] = entry.is_directory()      ? "/"
                                                                         : entry.is_regular_file() ? Read(entry.path())

@@ -1,18 +1,18 @@
-// The files that register a file type, dial-up lines among the network interfaces, and who is asked to set the clock.
+// The entries that start the program with the session or by a double click, dial-up lines among the network interfaces,
+// and who is asked to set the clock.
 #include "DesktopTexts.h"
+#include "LinuxAutostart.h"
 #include "LinuxDialUp.h"
 #include "LinuxFileTypes.h"
 #include "LinuxSystemClock.h"
+#include "ScratchFolder.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
-#include <QDir>
-#include <QFile>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <QTest>
-#include <QXmlStreamReader>
+#include <memory>
 #include <net/if.h>
 #include <net/if_arp.h>
 
@@ -20,10 +20,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-QByteArray contentOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
+const QString autostart = u"config/autostart/Kalvenor.desktop"_qs;
 
 /// timedated, as far as it concerns us: writes down what it is asked and answers as it is told.
 class FakeTimedated final : public QDBusVirtualObject {
@@ -61,20 +58,13 @@ struct ScratchBus {
     QString address;
 };
 
-int settimeRefused(clockid_t, const timespec*) {
-    errno = EPERM;
-    return -1;
-}
-
-int settimeInvalid(clockid_t, const timespec*) {
-    errno = EINVAL;
-    return -1;
-}
-
-std::optional<timespec> settimeGiven;
-int settimeTakes(clockid_t, const timespec* value) {
+/// The system call: fails with the number, or takes the time.
+int settimeError = 0;
+timespec settimeGiven{};
+int settime(clockid_t, const timespec* value) {
+    errno = settimeError;
     settimeGiven = *value;
-    return 0;
+    return settimeError == 0 ? 0 : -1;
 }
 
 } // namespace
@@ -82,84 +72,84 @@ int settimeTakes(clockid_t, const timespec* value) {
 class TestDesktop final : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void quotesThePathOfAProgram_data() {
-        QTest::addColumn<QByteArray>("path");
-        QTest::addColumn<QByteArray>("exec");
-        QTest::newRow("blanks") << QByteArray("/opt/a b/K") << QByteArray(R"("/opt/a b/K")");
-        QTest::newRow("quote") << QByteArray(R"(/opt/"/K)") << QByteArray(R"("/opt/\\"/K")");
-        QTest::newRow("dollar") << QByteArray("/opt/$a`/K") << QByteArray(R"("/opt/\\$a\\`/K")");
-        QTest::newRow("backslash") << QByteArray(R"(/opt/\/K)") << QByteArray(R"("/opt/\\\\/K")");
-        QTest::newRow("percent") << QByteArray("/opt/%f/K") << QByteArray(R"("/opt/%%f/K")");
-        QTest::newRow("line break") << QByteArray("/opt/\n/K") << QByteArray(R"("/opt/\n/K")");
+    void init() {
+        m_home = std::make_unique<ScratchFolder>();
+        qputenv("XDG_CONFIG_HOME", m_home->Path(u"config"_qs).toUtf8());
+        qputenv("XDG_DATA_HOME", m_home->Path(u"data"_qs).toUtf8());
     }
+    void cleanupTestCase() { qunsetenv("XDG_CONFIG_HOME"); }
+
     void quotesThePathOfAProgram() {
-        QFETCH(QByteArray, path);
-        QTEST(DesktopTexts::ExecProgram(path.toStdString()), "exec");
+        const auto check = [&](const QByteArray& program, const QByteArray& exec) {
+            QVERIFY(!LinuxAutostart().Create(u"Kalvenor"_qs, program.toStdString()));
+            QCOMPARE(m_home->Read(autostart),
+                     "[Desktop Entry]\nType=Application\nName=Kalvenor\nExec=" + exec + "\nTerminal=false\n");
+            QCOMPARE(DesktopTexts::ExecProgram(program.toStdString()), exec);
+        };
+        check("/opt/My Tools/K", "\"/opt/My Tools/K\"");
+        check(R"(/a"b/K)", R"("/a\\"b/K")");
+        check("/$HOME/`id`/'a'/K", R"("/\\$HOME/\\`id\\`/'a'/K")");
+        check(R"(/a\b/K)", R"("/a\\\\b/K")");
+        check("/100%f/K", "\"/100%%f/K\""); // no field code
+        check("/a\nHidden=true/K", R"("/a\nHidden=true/K")");
+        check("/a\xff/K", "\"/a\xff/K\""); // no text
+    }
+
+    void startsWithTheSession() {
+        LinuxAutostart entries;
+        const QString name = u"Kalvenor"_qs;
+        QVERIFY(!entries.Exists(name) && !entries.Remove(name));
+        QVERIFY(!entries.Create(name, "/old/Kalvenor") && !entries.Create(name, "/new/Kalvenor"));
+        QVERIFY(m_home->Read(autostart).contains("/new/") && !m_home->Read(autostart).contains("/old/"));
+        QVERIFY(entries.Exists(name) && !entries.Exists(u"Other"_qs));
+        QVERIFY(!entries.Remove(name) && !entries.Exists(name));
+        QVERIFY(QDir().mkpath(m_home->Path(autostart))); // a folder has the entry's name
+        QVERIFY(entries.Create(name, "/a/Kalvenor") && entries.Remove(name) && entries.Exists(name));
     }
 
     void registersAFileType_data() {
         QTest::addColumn<QByteArray>("before");
         QTest::addColumn<QByteArray>("after"); // of mimeapps.list
-        const QByteArray ours = "application/x-kalvenor-activities=kalvenor-activities.desktop;";
-        QTest::newRow("no list") << QByteArray() << "[Default Applications]\n" + ours + '\n';
+        const QByteArray type = "application/x-kalvenor-activities=";
+        const QByteArray ours = type + "kalvenor-activities.desktop;";
         QTest::newRow("a list of others")
             << QByteArray("# mine\n[Default Applications]\ntext/plain=a.desktop\n\n[Added Associations]\nx/y=z;\n")
             << "# mine\n[Default Applications]\ntext/plain=a.desktop\n" + ours + "\n\n[Added Associations]\nx/y=z;\n";
-        QTest::newRow("another default") << "[Default Applications]\n" + ours.left(ours.indexOf('=') + 1) +
+        QTest::newRow("another default") << "[Default Applications]\n" + type +
                                                 " b.desktop;kalvenor-activities.desktop\n"
                                          << "[Default Applications]\n" + ours + "b.desktop;\n";
     }
     void registersAFileType() {
         QFETCH(QByteArray, before);
-        const QTemporaryDir folder;
-        const QDir home(folder.path());
-        const QString list = home.filePath(u"config/mimeapps.list"_qs);
-        if (!before.isEmpty()) {
-            QVERIFY(home.mkpath(u"config"_qs));
-            QFile file(list);
-            QVERIFY(file.open(QIODevice::WriteOnly) && file.write(before) == before.size());
+        const QString list = u"config/mimeapps.list"_qs;
+        QVERIFY(m_home->Write(list, before));
+        LinuxFileTypes types(m_home->Native(u"data"_qs), m_home->Native(u"config"_qs));
+        const FileType type{"/opt/a b/Kalvenor", u".kvd"_qs, m_home->Native(u"kvd.ico"_qs), u"A <list> & more"_qs};
+        for (const bool hasIcon : {false, true}) { // the second time nothing else changes
+            QVERIFY(!hasIcon || m_home->Write(u"kvd.ico"_qs, {}));
+            QVERIFY(!types.Register(type));
+            const QByteArray entry = m_home->Read(u"data/applications/kalvenor-activities.desktop"_qs);
+            QVERIFY(entry.contains("\nExec=\"/opt/a b/Kalvenor\" %f\n"));
+            QVERIFY(entry.contains("\nMimeType=application/x-kalvenor-activities;\n"));
+            QCOMPARE(entry.contains(QByteArray("\nIcon=" + m_home->Path(u"kvd.ico"_qs).toUtf8() + '\n')), hasIcon);
+            QCOMPARE(entry.contains("Icon="), hasIcon);
+            QTEST(m_home->Read(list), "after");
         }
-        const QString icon = home.filePath(u"kvd.ico"_qs);
-        LinuxFileTypes types(home.filePath(u"data"_qs).toStdString(), home.filePath(u"config"_qs).toStdString());
-        FileType type{"/opt/a b/Kalvenor", u".kvd"_qs, icon.toStdString(), u"A <list> & more"_qs};
-        qputenv("XDG_DATA_HOME", home.filePath(u"data"_qs).toUtf8()); // for the tools
-        QVERIFY(!types.Register(type));
-        const QString entry = home.filePath(u"data/applications/kalvenor-activities.desktop"_qs);
-        QVERIFY(contentOf(entry).contains("\nExec=\"/opt/a b/Kalvenor\" %f\n"));
-        QVERIFY(contentOf(entry).contains("\nMimeType=application/x-kalvenor-activities;\n"));
-        QVERIFY(!contentOf(entry).contains("Icon="));
-        QTEST(contentOf(list), "after");
-
-        QXmlStreamReader xml(contentOf(home.filePath(u"data/mime/packages/kalvenor-activities.xml"_qs)));
-        QStringList found;
-        while (!xml.atEnd()) {
-            xml.readNext();
-            if (xml.isStartElement() && xml.name() == u"glob")
-                found.append(xml.attributes().value(u"pattern"_qs).toString());
-            else if (xml.isStartElement() && xml.name() == u"comment")
-                found.append(xml.readElementText());
-        }
-        QVERIFY(!xml.hasError());
-        QCOMPARE(found, QStringList({type.description, u"*.kvd"_qs}));
-
-        QVERIFY(QFile(icon).open(QIODevice::WriteOnly));
-        QVERIFY(!types.Register(type)); // again
-        QVERIFY(contentOf(entry).contains(QByteArray("\nIcon=" + icon.toUtf8() + '\n')));
-        QTEST(contentOf(list), "after");
+        const QByteArray package = m_home->Read(u"data/mime/packages/kalvenor-activities.xml"_qs);
+        QVERIFY(package.contains("<comment>A &lt;list&gt; &amp; more</comment>"));
+        QVERIFY(package.contains("<glob pattern=\"*.kvd\"/>"));
     }
 
     void leavesAListItCannotRead() {
-        const QTemporaryDir folder;
-        const QDir home(folder.path());
-        QVERIFY(home.mkpath(u"config/mimeapps.list"_qs)); // a folder, where the list should be
-        LinuxFileTypes types(home.filePath(u"data"_qs).toStdString(), home.filePath(u"config"_qs).toStdString());
+        const QByteArray tooMuch((1 << 20) + 1, '#');
+        QVERIFY(m_home->Write(u"config/mimeapps.list"_qs, tooMuch));
+        LinuxFileTypes types(m_home->Native(u"data"_qs), m_home->Native(u"config"_qs));
         QVERIFY(types.Register({"/opt/Kalvenor", u".kvd"_qs, {}, u"A list"_qs}));
+        QVERIFY(m_home->Read(u"config/mimeapps.list"_qs) == tooMuch);
         QVERIFY(LinuxFileTypes({}, {}).Register({"/opt/Kalvenor", u".kvd"_qs, {}, u"A list"_qs}));
     }
 
-    void findsADialUpLine_data() {
-        QTest::addColumn<QList<InterfaceFacts>>("interfaces");
-        QTest::addColumn<bool>("active");
+    void findsADialUpLine() {
         constexpr unsigned up = IFF_UP | IFF_RUNNING;
         const InterfaceFacts ethernet{"eth0", up, ARPHRD_ETHER, "", true};
         const InterfaceFacts tunnel{"tun0", up | IFF_POINTOPOINT, ARPHRD_NONE, "", true};
@@ -167,41 +157,33 @@ class TestDesktop final : public QObject {
         const InterfaceFacts noAddress{"ppp1", up | IFF_POINTOPOINT, ARPHRD_PPP, "ppp", false};
         const InterfaceFacts mobile{"wwan0", up, ARPHRD_ETHER, "wwan", true};
         const InterfaceFacts down{"wwan0", IFF_POINTOPOINT, ARPHRD_NONE, "wwan", true};
-        QTest::newRow("none at all") << QList<InterfaceFacts>() << false;
-        QTest::newRow("other lines") << QList<InterfaceFacts>{ethernet, tunnel} << false;
-        QTest::newRow("a modem") << QList<InterfaceFacts>{ethernet, modem} << true;
-        QTest::newRow("mobile") << QList<InterfaceFacts>{mobile, ethernet} << true;
-        QTest::newRow("one of two is down") << QList<InterfaceFacts>{down, modem, noAddress} << true;
-        QTest::newRow("both up") << QList<InterfaceFacts>{modem, mobile} << false;
-        QTest::newRow("down") << QList<InterfaceFacts>{down} << false;
-        QTest::newRow("not connected yet") << QList<InterfaceFacts>{noAddress} << false;
-    }
-    void findsADialUpLine() {
-        QFETCH(QList<InterfaceFacts>, interfaces);
-        QTEST(IsOneDialUp({interfaces.begin(), interfaces.end()}), "active");
+        QVERIFY(IsOneDialUp({ethernet, modem}));
+        QVERIFY(IsOneDialUp({mobile, ethernet}));
+        QVERIFY(IsOneDialUp({down, modem, noAddress}));
+        QVERIFY(!IsOneDialUp({ethernet, tunnel}));
+        QVERIFY(!IsOneDialUp({modem, mobile})); // both
+        QVERIFY(!IsOneDialUp({down}));
+        QVERIFY(!IsOneDialUp({noAddress}));
     }
 
-    void setsTheClockItselfWhereItMay() {
-        QStringList outcomes;
-        const auto outcome = [&](const QString& reason) { outcomes.append(reason); };
-        const std::chrono::system_clock::time_point time(-1500ms);
-        LinuxSystemClock(&settimeTakes).Set(time, outcome);
-        QCOMPARE(outcomes, QStringList(QString()));
-        QCOMPARE(settimeGiven->tv_sec, time_t(-2));
-        QCOMPARE(settimeGiven->tv_nsec, 500000000L);
-        LinuxSystemClock(&settimeInvalid).Set(time, outcome);
-        QCOMPARE(outcomes.last(), u"Invalid argument"_qs);
-    }
-
-    void asksTimedatedWhereItMayNot() {
+    void setsTheClockItselfOrAsksTimedated() {
         FakeTimedated timedated;
         const ScratchBus bus;
         QVERIFY(!bus.address.isEmpty());
-        LinuxSystemClock clock(&settimeRefused);
         QStringList outcomes;
         const auto outcome = [&](const QString& reason) { outcomes.append(reason); };
+        LinuxSystemClock clock(&settime);
+        clock.Set(std::chrono::system_clock::time_point(-1500ms), outcome);
+        QCOMPARE(outcomes, QStringList(QString()));
+        QCOMPARE(settimeGiven.tv_sec, time_t(-2));
+        QCOMPARE(settimeGiven.tv_nsec, 500000000L);
         const auto time = std::chrono::system_clock::now() + 1h;
+        settimeError = EINVAL;
+        clock.Set(time, outcome);
+        QCOMPARE(outcomes.takeLast(), u"Invalid argument"_qs);
 
+        settimeError = EPERM;
+        outcomes.clear();
         clock.Set(time, outcome);
         QTRY_COMPARE(outcomes.size(), 1);
         QVERIFY2(outcomes.last().startsWith(u"Operation not permitted: "_qs), qPrintable(outcomes.last()));
@@ -222,13 +204,16 @@ class TestDesktop final : public QObject {
         QTRY_COMPARE(outcomes.size(), 3);
         QCOMPARE(outcomes.last(), u"Operation not permitted: "_qs + timedated.refusal);
         {
-            LinuxSystemClock gone(&settimeRefused);
+            LinuxSystemClock gone(&settime);
             gone.Set(time, outcome);
         }
         QTRY_COMPARE(timedated.calls.size(), 3);
         QTest::qWait(50); // the answer must find nobody
         QCOMPARE(outcomes.size(), 3);
     }
+
+  private:
+    std::unique_ptr<ScratchFolder> m_home;
 };
 
 QTEST_GUILESS_MAIN(TestDesktop)

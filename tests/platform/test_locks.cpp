@@ -1,50 +1,42 @@
 // The lock between two real processes, its release after a crash, and folders somebody has tampered with.
+#include "FileWorld.h"
 #include "LinuxLocks.h"
+#include "ScratchFolder.h"
 
-#include <QCoreApplication>
-#include <QDir>
-#include <QFile>
-#include <QProcess>
-#include <QTemporaryDir>
-#include <QTest>
-#include <cstdio>
-#include <cstring>
-#include <sys/stat.h>
-#include <unistd.h>
+#include <csignal>
+#include <memory>
+#include <sys/prctl.h>
 
 namespace {
 
-/// The other process: takes the lock, says how it went, and holds it until its input ends.
-int holdLock(const char* name) {
-    LinuxLocks locks;
-    const auto held = locks.TryAcquire(QString::fromUtf8(name));
-    std::puts(held ? "held" : "refused");
-    std::fflush(stdout);
-    while (std::getchar() != EOF) {
-    }
-    return 0;
+const QString a = u"a"_qs;
+const QString ownFolder = u"Kalvenor"_qs;
+
+/// Takes the lock in another process, which ends at once.
+bool anotherProcessGets(const QString& name) {
+    return FileWorld::InChild([&] { return LinuxLocks().TryAcquire(name) ? 1 : 0; }) == 1;
 }
 
-class OtherProcess final {
-  public:
-    explicit OtherProcess(const QString& name) {
-        m_process.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--hold"), name});
-        m_process.waitForReadyRead(20000);
-        answer = m_process.readLine().trimmed();
+/// Another process that has taken the lock and lives on; -1 when it did not get it.
+pid_t holderOf(const QString& name) {
+    int ready[2];
+    if (::pipe(ready) != 0)
+        return -1;
+    const pid_t child = ::fork();
+    if (child == 0) {
+        ::prctl(PR_SET_PDEATHSIG, SIGKILL); // never outlives a test that failed
+        const auto held = LinuxLocks().TryAcquire(name);
+        if (!held || ::write(ready[1], "x", 1) != 1)
+            ::_exit(1);
+        for (;;)
+            ::pause();
     }
-    ~OtherProcess() { Kill(); }
-    OtherProcess(const OtherProcess&) = delete;
-    OtherProcess& operator=(const OtherProcess&) = delete;
-
-    void Kill() {
-        m_process.kill();
-        m_process.waitForFinished(20000);
-    }
-    QByteArray answer;
-
-  private:
-    QProcess m_process;
-};
+    ::close(ready[1]);
+    char byte = 0;
+    const bool isHeld = ::read(ready[0], &byte, 1) == 1;
+    ::close(ready[0]);
+    return isHeld ? child : -1;
+}
 
 } // namespace
 
@@ -53,106 +45,70 @@ class LocksTest final : public QObject {
 
   private Q_SLOTS:
     void init() {
-        m_folder = std::make_unique<QTemporaryDir>();
-        qputenv("XDG_RUNTIME_DIR", m_folder->path().toUtf8());
-        qputenv("XDG_STATE_HOME", m_folder->filePath(QStringLiteral("state")).toUtf8());
+        m_folder = std::make_unique<ScratchFolder>();
+        qputenv("XDG_RUNTIME_DIR", m_folder->Path().toUtf8());
+        qputenv("XDG_STATE_HOME", m_folder->Path(u"state"_qs).toUtf8());
     }
 
-    void OneHolderAtATime_data() {
-        QTest::addColumn<QString>("name");
-        QTest::newRow("path") << QStringLiteral("/home/user/Kalvenor.kvd");
-        QTest::newRow("relative steps") << QStringLiteral("../../etc/passwd");
-        QTest::newRow("blanks, quotes, umlauts") << QStringLiteral("a \"b\"\n\u00e4\u20ac");
-        QTest::newRow("longer than a file name may be") << QString(5000, u'x');
-    }
     void OneHolderAtATime() {
-        QFETCH(QString, name);
-        OtherProcess other(name);
-        QCOMPARE(other.answer, QByteArray("held"));
+        // Any text: steps to elsewhere, quotes, umlauts, longer than a file name may be.
+        const QString name = u"../../etc/a \"b\"\n\u00e4\u20ac"_qs + QString(5000, u'x');
+        const pid_t holder = holderOf(name);
+        QVERIFY(holder > 0);
         LinuxLocks locks;
         QVERIFY(!locks.TryAcquire(name));
-        const auto different = locks.TryAcquire(name + u'2');
-        QVERIFY(different);
-        other.Kill();
+        QVERIFY(locks.TryAcquire(name + u'2'));
+        ::kill(holder, SIGKILL);
+        ::waitpid(holder, nullptr, 0);
         auto held = locks.TryAcquire(name);
         QVERIFY2(held, "a killed holder must not keep the lock");
         QVERIFY2(!locks.TryAcquire(name), "a second holder in the same process");
-        QCOMPARE(OtherProcess(name).answer, QByteArray("refused"));
+        QVERIFY(!anotherProcessGets(name));
         held.reset();
-        QCOMPARE(OtherProcess(name).answer, QByteArray("held"));
+        // A process that has the old file open and one that makes a new file would both hold "the" lock.
+        QVERIFY2(m_folder->Entries(ownFolder).size() == 2, "the files stay");
+        QVERIFY(anotherProcessGets(name));
     }
 
     void FolderIsPrivate() {
-        const QByteArray folder = ownFolder();
+        const QByteArray folder = m_folder->Path(ownFolder).toUtf8();
         QCOMPARE(mkdir(folder.constData(), 0777), 0);
         QCOMPARE(chmod(folder.constData(), 0777), 0);
-        QVERIFY(LinuxLocks().TryAcquire(QStringLiteral("a")));
+        QVERIFY(LinuxLocks().TryAcquire(a));
         struct stat facts {};
         QCOMPARE(stat(folder.constData(), &facts), 0);
         QCOMPARE(facts.st_mode & 0777, 0700U);
     }
 
     void PlantedLinkIsRefused() {
-        { const auto held = LinuxLocks().TryAcquire(QStringLiteral("a")); }
-        QDir folder(QFile::decodeName(ownFolder()));
-        const QStringList files = folder.entryList(QDir::Files);
-        QCOMPARE(files.size(), 1);
-        QVERIFY(folder.rename(files.constFirst(), QStringLiteral("elsewhere")));
-        QVERIFY(QFile::link(QStringLiteral("elsewhere"), folder.filePath(files.constFirst())));
-        QVERIFY(!LinuxLocks().TryAcquire(QStringLiteral("a")));
-
-        QVERIFY(folder.rename(folder.path(), m_folder->filePath(QStringLiteral("real"))));
-        QVERIFY(QFile::link(m_folder->filePath(QStringLiteral("real")), folder.path()));
-        QVERIFY2(!LinuxLocks().TryAcquire(QStringLiteral("b")), "a link in the folder's place");
+        QVERIFY(LinuxLocks().TryAcquire(a));
+        const QString lock = m_folder->Path(ownFolder) + u'/' + m_folder->Entries(ownFolder).value(0);
+        QVERIFY(QFile::rename(lock, lock + u".real"_qs) && QFile::link(lock + u".real"_qs, lock));
+        QVERIFY(!LinuxLocks().TryAcquire(a));
+        QVERIFY(QFile::rename(m_folder->Path(ownFolder), m_folder->Path(u"real"_qs)));
+        QVERIFY(QFile::link(u"real"_qs, m_folder->Path(ownFolder)));
+        QVERIFY2(!LinuxLocks().TryAcquire(u"b"_qs), "a link in the folder's place");
     }
 
-    void ReleaseLeavesTheFile() {
-        // Deleting it would let a process that has the old file open and one that makes a new file both hold "the"
-        // lock.
-        const auto count = [this] { return QDir(QFile::decodeName(ownFolder())).entryList(QDir::Files).size(); };
-        auto held = LinuxLocks().TryAcquire(QStringLiteral("a"));
-        QCOMPARE(count(), 1);
-        held.reset();
-        QCOMPARE(count(), 1);
-    }
-
-    void StateFolderStandsIn_data() {
-        QTest::addColumn<QByteArray>("runtimeDir");
-        QTest::newRow("unset") << QByteArray();
-        QTest::newRow("relative") << QByteArray("run");
-        QTest::newRow("missing") << QByteArray("/nonexistent/run");
-    }
     void StateFolderStandsIn() {
-        QFETCH(QByteArray, runtimeDir);
-        if (QFile::exists(QStringLiteral("/run/user/%1").arg(geteuid())))
+        if (QFile::exists(u"/run/user/%1"_qs.arg(geteuid())))
             QSKIP("this user has a runtime folder");
-        if (runtimeDir.isEmpty())
-            qunsetenv("XDG_RUNTIME_DIR");
-        else
-            qputenv("XDG_RUNTIME_DIR", runtimeDir);
-        QVERIFY(LinuxLocks().TryAcquire(QStringLiteral("a")));
-        QVERIFY(QFile::exists(m_folder->filePath(QStringLiteral("state/Kalvenor"))));
+        for (const char* runtimeFolder : {"", "run", "/nonexistent/run"}) {
+            init();
+            qputenv("XDG_RUNTIME_DIR", runtimeFolder);
+            QVERIFY2(LinuxLocks().TryAcquire(a), runtimeFolder);
+            QVERIFY2(m_folder->Exists(u"state/Kalvenor"_qs), runtimeFolder);
+        }
     }
 
     void NoFolderNoLock() {
-        QFile file(QFile::decodeName(ownFolder()));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        QVERIFY(!LinuxLocks().TryAcquire(QStringLiteral("a")));
+        QVERIFY(m_folder->Write(ownFolder, "a file in its place"));
+        QVERIFY(!LinuxLocks().TryAcquire(a));
     }
 
   private:
-    [[nodiscard]] QByteArray ownFolder() const {
-        return QFile::encodeName(m_folder->filePath(QStringLiteral("Kalvenor")));
-    }
-
-    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<ScratchFolder> m_folder;
 };
 
-int main(int argc, char** argv) {
-    if (argc == 3 && std::strcmp(argv[1], "--hold") == 0)
-        return holdLock(argv[2]);
-    QCoreApplication application(argc, argv);
-    LocksTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+QTEST_GUILESS_MAIN(LocksTest)
 #include "test_locks.moc"

@@ -1,69 +1,21 @@
 // The program's own files: whole or untouched, whatever stands in the way. Real files, real failures.
-#include <QtTest>
-
+#include "FileWorld.h"
 #include "LinuxOwnFiles.h"
+#include "ScratchFolder.h"
+#include "SizeLimit.h"
+#include "SystemCallFault.h"
 #include "modNativePath.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QTemporaryDir>
 #include <csignal>
-#include <fcntl.h>
 #include <sys/mount.h>
-#include <sys/resource.h>
-#include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
+#include <sys/syscall.h>
 
 namespace {
 
-namespace fs = std::filesystem;
+const QString own = u"own"_qs;
 
-QByteArray bytesOf(const fs::path& file) {
-    QFile opened(QString::fromStdString(file.string()));
-    return opened.open(QIODevice::ReadOnly) ? opened.readAll() : QByteArray("<none>");
-}
-
-QStringList entriesOf(const fs::path& folder) {
-    return QDir(QString::fromStdString(folder.string()))
-        .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
-}
-
-/// Something at this path that an operation may meet.
-void make(const fs::path& path, const QByteArray& kind) {
-    if (kind == "file") {
-        QFile opened(QString::fromStdString(path.string()));
-        QVERIFY(opened.open(QIODevice::WriteOnly) && opened.write("old") == 3);
-    } else if (kind == "folder") {
-        fs::create_directory(path);
-    } else if (kind == "fifo") {
-        QCOMPARE(::mkfifo(path.c_str(), 0600), 0);
-    } else if (kind == "link") {
-        make(path.parent_path() / "target", "file");
-        fs::create_symlink("target", path);
-    } else if (kind == "dangling") {
-        fs::create_symlink("target", path);
-    } else if (kind == "loop") {
-        fs::create_symlink(path, path);
-    }
-}
-
-class SizeLimit final {
-  public:
-    explicit SizeLimit(rlim_t bytes) : m_handler(std::signal(SIGXFSZ, SIG_IGN)) {
-        ::getrlimit(RLIMIT_FSIZE, &m_before);
-        const struct rlimit small { bytes, m_before.rlim_max };
-        ::setrlimit(RLIMIT_FSIZE, &small);
-    }
-    ~SizeLimit() {
-        ::setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_handler);
-    }
-
-  private:
-    struct rlimit m_before {};
-    void (*m_handler)(int);
+struct Scratch : ScratchFolder {
+    fs::path file = Native(own);
 };
 
 } // namespace
@@ -83,149 +35,127 @@ class TestOwnFiles : public QObject {
         row("nothing", "-oo-o-");
         row("file", "oo-ooo");
         row("link", "oo-ooo");
-        row("dangling", "-o--o-");
+        row("dangling link", "-o--o-");
         row("folder", "------");
         row("fifo", "------"); // and none of them waits for its other end
         row("loop", "------");
     }
     void everyOperationMeetsEveryKind() {
         QFETCH(QByteArray, kind);
+        QByteArray read;
+        const std::function<std::error_code(const fs::path&)> operations[] = {
+            [&](const fs::path& file) { return m_files.ReadAll(file, 100, read); },
+            [&](const fs::path& file) { return m_files.ReplaceAll(file, "new"); },
+            [&](const fs::path& file) { return m_files.CreateNew(file, "new"); },
+            [&](const fs::path& file) { return m_files.Append(file, "new", false); },
+            [&](const fs::path& file) { return m_files.Append(file, "new", true); },
+            [&](const fs::path& file) { return m_files.Delete(file); }};
         QString results;
-        for (int operation = 0; operation < 6; ++operation) {
-            QTemporaryDir folder;
-            const fs::path file = fs::path(folder.path().toStdString()) / "own";
-            make(file, kind);
-            const auto before = entriesOf(file.parent_path());
-            QByteArray read;
-            std::error_code error;
-            switch (operation) {
-            case 0:
-                error = m_files.ReadAll(file, 100, read);
-                QVERIFY(error || read == "old");
-                break;
-            case 1:
-                error = m_files.ReplaceAll(file, "new");
-                QVERIFY(error || bytesOf(file) == "new");
-                break;
-            case 2:
-                error = m_files.CreateNew(file, "new");
-                QVERIFY(error || bytesOf(file) == "new");
-                break;
-            case 3:
-            case 4:
-                error = m_files.Append(file, "new", operation == 4);
-                QVERIFY(error || bytesOf(file).endsWith("new"));
-                break;
-            default:
-                error = m_files.Delete(file);
-                QVERIFY(bool(error) == fs::exists(fs::symlink_status(file)) || kind == "nothing");
-                QVERIFY(kind != "link" || bytesOf(file.parent_path() / "target") == "old");
-            }
-            results += error ? u'-' : u'o';
-            if (error)
-                QCOMPARE(entriesOf(file.parent_path()), before);
-            if (kind == "link" || (kind == "dangling" && !error))
-                QVERIFY(operation == 5 || fs::is_symlink(file)); // written through, not over
+        for (const auto& operation : operations) {
+            const bool isRead = results.isEmpty();
+            const bool isDelete = results.size() == 5;
+            const Scratch scratch;
+            FileWorld::Make(scratch.file, kind);
+            const QStringList before = scratch.Entries();
+            const bool isDone = !operation(scratch.file);
+            results += isDone ? u'o' : u'-';
+            QVERIFY(isDone || scratch.Entries() == before);
+            if (isDone && isRead)
+                QCOMPARE(read, QByteArray("old"));
+            else if (isDone && isDelete)
+                QVERIFY(!scratch.Entries().contains(own) && (kind != "link" || scratch.Read(u"target"_qs) == "old"));
+            else if (isDone)
+                QVERIFY(scratch.Read(own).endsWith("new"));
+            if (kind.endsWith("link") && !isDelete)
+                QVERIFY(fs::is_symlink(scratch.file)); // written through, not over
         }
         QTEST(results, "results");
     }
 
     void replacementKeepsPermissions() {
-        QTemporaryDir folder;
-        const fs::path file = fs::path(folder.path().toStdString()) / "own";
-        QVERIFY(!m_files.ReplaceAll(file, "1"));
-        QCOMPARE(fs::status(file).permissions() & fs::perms::others_write, fs::perms::none);
-        QCOMPARE(::chmod(file.c_str(), 0640), 0);
-        QVERIFY(!m_files.ReplaceAll(file, "2"));
-        QCOMPARE(static_cast<unsigned>(fs::status(file).permissions()), 0640U);
-    }
-
-    void stampTellsChangesApart() {
-        QTemporaryDir folder;
-        const fs::path file = fs::path(folder.path().toStdString()) / "own";
-        QVERIFY(!m_files.Stamp(file));
-        QVERIFY(!m_files.Stamp(file.parent_path()));
-        QVERIFY(!m_files.ReplaceAll(file, "1"));
-        const auto first = m_files.Stamp(file);
-        QVERIFY(first && first == m_files.Stamp(file));
-        QVERIFY(!m_files.ReplaceAll(file, "2")); // same size, perhaps the same moment: another file
-        QVERIFY(first != m_files.Stamp(file));
-    }
-
-    void limitIsExact() {
-        QTemporaryDir folder;
-        const fs::path file = fs::path(folder.path().toStdString()) / "own";
-        QByteArray read;
-        QVERIFY(!m_files.ReplaceAll(file, QByteArray(5000, 'x')));
-        QVERIFY(!m_files.ReadAll(file, 5000, read));
-        QCOMPARE(read.size(), 5000);
-        QVERIFY(m_files.ReadAll(file, 4999, read) == std::errc::file_too_large);
-        QVERIFY(read.isEmpty());
+        const Scratch scratch;
+        QVERIFY(!m_files.ReplaceAll(scratch.file, "1"));
+        QCOMPARE(fs::status(scratch.file).permissions() & fs::perms::others_write, fs::perms::none);
+        QCOMPARE(::chmod(scratch.file.c_str(), 0640), 0);
+        QVERIFY(!m_files.ReplaceAll(scratch.file, "2"));
+        QCOMPARE(static_cast<unsigned>(fs::status(scratch.file).permissions()), 0640U);
     }
 
     void shortWriteLeavesTheOldContent() {
-        QTemporaryDir folder;
-        const fs::path file = fs::path(folder.path().toStdString()) / "own";
-        QVERIFY(!m_files.ReplaceAll(file, "old\n"));
+        const Scratch scratch;
+        QVERIFY(scratch.Write(own, "old\n"));
         {
             const SizeLimit limit(1000);
-            QVERIFY(m_files.ReplaceAll(file, QByteArray(5000, 'x')));
-            QVERIFY(m_files.CreateNew(file.parent_path() / "second", QByteArray(5000, 'x')));
-            QVERIFY(m_files.Append(file, QByteArray(5000, 'x'), true)); // the half line is taken back
+            QVERIFY(m_files.ReplaceAll(scratch.file, QByteArray(5000, 'x')));
+            QVERIFY(m_files.CreateNew(scratch.Native(u"second"_qs), QByteArray(5000, 'x')));
+            QVERIFY(m_files.Append(scratch.file, QByteArray(5000, 'x'), true)); // the half line is taken back
         }
-        QCOMPARE(bytesOf(file), QByteArray("old\n"));
-        QCOMPARE(entriesOf(file.parent_path()), QStringList{QStringLiteral("own")});
+        QCOMPARE(scratch.Read(own), QByteArray("old\n"));
+        QCOMPARE(scratch.Entries(), QStringList{own});
     }
 
     void fullDiskLeavesTheOldContent() {
-        QTemporaryDir folder;
-        const fs::path disk = fs::path(folder.path().toStdString()) / "disk";
+        const Scratch scratch;
+        const fs::path disk = scratch.Native(u"disk"_qs);
         fs::create_directory(disk);
         if (::mount("tmpfs", disk.c_str(), "tmpfs", 0, "size=64k") != 0)
             QSKIP("only root can make a small disk");
         const QByteArray old(30'000, 'o');
-        const bool isWritten = !m_files.ReplaceAll(disk / "own", old);
+        const bool isReady = scratch.Write(u"disk/own"_qs, old) && scratch.Write(u"source"_qs, QByteArray(50'000, 's'));
         const std::error_code error = m_files.ReplaceAll(disk / "own", QByteArray(50'000, 'n'));
         // Across devices, onto the same full disk: the source must stay.
-        const fs::path source = disk.parent_path() / "source";
-        const bool isMade = !m_files.CreateNew(source, QByteArray(50'000, 's'));
-        const std::error_code moved = m_files.MoveAway(source, disk / "moved");
-        const QByteArray kept = bytesOf(disk / "own");
-        const QStringList entries = entriesOf(disk);
+        const std::error_code moved = m_files.MoveAway(scratch.Native(u"source"_qs), disk / "moved");
+        const QByteArray kept = scratch.Read(u"disk/own"_qs);
+        const QStringList entries = scratch.Entries(u"disk"_qs);
         // And with enough room it goes over.
-        const std::error_code back = m_files.MoveAway(disk / "own", disk.parent_path() / "back");
+        const std::error_code back = m_files.MoveAway(disk / "own", scratch.Native(u"back"_qs));
         const bool isGone = !fs::exists(disk / "own");
         ::umount(disk.c_str());
-        QVERIFY(isWritten && isMade);
+        QVERIFY(isReady);
         QVERIFY(error == std::errc::no_space_on_device);
         QVERIFY(moved == std::errc::no_space_on_device);
         QCOMPARE(kept, old);
-        QCOMPARE(entries, QStringList{QStringLiteral("own")});
-        QCOMPARE(bytesOf(source).size(), 50'000);
+        QCOMPARE(entries, QStringList{own});
+        QCOMPARE(scratch.Read(u"source"_qs).size(), 50'000);
         QVERIFY(!back && isGone);
-        QCOMPARE(bytesOf(disk.parent_path() / "back"), old);
+        QCOMPARE(scratch.Read(u"back"_qs), old);
     }
 
-    void readOnlyFolderLeavesTheOldContent() {
-        if (::geteuid() == 0)
-            QSKIP("root may write everywhere");
-        QTemporaryDir folder;
-        const fs::path file = fs::path(folder.path().toStdString()) / "own";
-        QVERIFY(!m_files.ReplaceAll(file, "old"));
-        QVERIFY(m_files.IsWritableFolder(file.parent_path()));
-        QCOMPARE(::chmod(file.parent_path().c_str(), 0500), 0);
-        const std::error_code error = m_files.ReplaceAll(file, "new");
-        const bool isWritable = m_files.IsWritableFolder(file.parent_path());
-        QCOMPARE(::chmod(file.parent_path().c_str(), 0700), 0);
-        QVERIFY(error && !isWritable);
-        QCOMPARE(bytesOf(file), QByteArray("old"));
+    void failedSyncLeavesTheOldContent() {
+        const Scratch scratch;
+        QVERIFY(scratch.Write(own, "old"));
+        const int result = FileWorld::InChild([&] {
+            const bool isInstalled = SystemCallFault::Install({{SYS_fsync, EIO}});
+            return !isInstalled ? 2 : m_files.ReplaceAll(scratch.file, "new") ? 0 : 1;
+        });
+        if (result == 2)
+            QSKIP("the kernel filters no system calls");
+        QCOMPARE(result, 0);
+        QCOMPARE(scratch.Read(own), QByteArray("old"));
+        QCOMPARE(scratch.Entries(), QStringList{own});
+    }
+
+    void whatIsReadOnlyKeepsItsContent() {
+        const Scratch scratch;
+        QVERIFY(scratch.Write(own, "old"));
+        const auto isRefused = [&] { return m_files.ReplaceAll(scratch.file, "new") ? 0 : 1; };
+        const auto isReadOnly = [&] { return m_files.IsWritableFolder(scratch.Native()) ? 1 : 0; };
+        const bool isRoot = ::geteuid() == 0; // who may write everywhere
+        fs::permissions(scratch.file, fs::perms(0666));
+        fs::permissions(scratch.Native(), fs::perms(0555));
+        QCOMPARE(FileWorld::InChild(isRefused, isRoot), 0);
+        QCOMPARE(FileWorld::InChild(isReadOnly, isRoot), 0);
+        fs::permissions(scratch.file, fs::perms(0444));
+        fs::permissions(scratch.Native(), fs::perms(0777));
+        QCOMPARE(FileWorld::InChild(isRefused, isRoot), 0);
+        QCOMPARE(FileWorld::InChild(isReadOnly, isRoot), 1);
+        QCOMPARE(scratch.Read(own), QByteArray("old"));
     }
 
     void killedWriterLeavesOldOrNew() {
-        QTemporaryDir folder;
-        const fs::path file = fs::path(folder.path().toStdString()) / "own";
+        const Scratch scratch;
         const QByteArray contents[] = {QByteArray(300'000, 'a'), QByteArray(200'000, 'b')};
-        QVERIFY(!m_files.ReplaceAll(file, contents[0]));
+        QVERIFY(!m_files.ReplaceAll(scratch.file, contents[0]));
         for (int round = 0; round < 25; ++round) {
             int ready[2];
             QCOMPARE(::pipe(ready), 0);
@@ -233,7 +163,7 @@ class TestOwnFiles : public QObject {
             QVERIFY(child >= 0);
             if (child == 0) {
                 for (int i = 0;; ++i)
-                    if (m_files.ReplaceAll(file, contents[i % 2]) || ::write(ready[1], "x", 1) != 1)
+                    if (m_files.ReplaceAll(scratch.file, contents[i % 2]) || ::write(ready[1], "x", 1) != 1)
                         ::_exit(1);
             }
             // It is killed somewhere in its next save, or the one after it.
@@ -246,79 +176,49 @@ class TestOwnFiles : public QObject {
             ::close(ready[0]);
             ::close(ready[1]);
             QVERIFY(WIFSIGNALED(status));
-            const QByteArray found = bytesOf(file);
+            const QByteArray found = scratch.Read(own);
             QVERIFY(found == contents[0] || found == contents[1]);
         }
-        QVERIFY(!m_files.ReplaceAll(file, contents[0]));
-        QCOMPARE(entriesOf(file.parent_path()), QStringList{QStringLiteral("own")}); // nothing of the killed ones
+        QVERIFY(!m_files.ReplaceAll(scratch.file, contents[0]));
+        QCOMPARE(scratch.Entries(), QStringList{own}); // nothing of the killed ones
     }
 
-    void moveNeverOverwrites_data() {
-        QTest::addColumn<QByteArray>("target");
-        for (const char* kind : {"file", "folder", "fifo", "dangling"})
-            QTest::newRow(kind) << QByteArray(kind);
-    }
     void moveNeverOverwrites() {
-        QFETCH(QByteArray, target);
-        QTemporaryDir folder;
-        const fs::path base = folder.path().toStdString();
-        make(base / "taken", target);
-        QVERIFY(!m_files.CreateNew(base / "own", "precious"));
-        QVERIFY(m_files.MoveAway(base / "own", base / "taken") == std::errc::file_exists);
-        QVERIFY(m_files.MoveAway(base / "own", base / "own") == std::errc::file_exists);
-        QCOMPARE(bytesOf(base / "own"), QByteArray("precious"));
-        QVERIFY(target != "file" || bytesOf(base / "taken") == "old");
-        QVERIFY(!m_files.MoveAway(base / "own", base / "free"));
-        QCOMPARE(bytesOf(base / "free"), QByteArray("precious"));
-        QVERIFY(!fs::exists(base / "own"));
+        for (const char* kind : {"file", "folder", "fifo", "dangling link"}) {
+            const Scratch scratch;
+            const fs::path taken = scratch.Native(u"taken"_qs);
+            FileWorld::Make(taken, kind);
+            const ino_t before = FileWorld::StatusOf(taken).st_ino;
+            QVERIFY(!m_files.CreateNew(scratch.file, "precious"));
+            QVERIFY(m_files.MoveAway(scratch.file, taken) == std::errc::file_exists);
+            QVERIFY(m_files.MoveAway(scratch.file, scratch.file) == std::errc::file_exists);
+            QCOMPARE(scratch.Read(own), QByteArray("precious"));
+            QCOMPARE(FileWorld::StatusOf(taken).st_ino, before);
+            QVERIFY(!m_files.MoveAway(scratch.file, scratch.Native(u"free"_qs)));
+            QCOMPARE(scratch.Read(u"free"_qs), QByteArray("precious"));
+            QVERIFY(!scratch.Exists(own));
+        }
     }
 
-    void namesAreFoundWithoutCase_data() {
-        QTest::addColumn<QStringList>("entries");
-        QTest::addColumn<QString>("found");
-        QTest::newRow("none") << QStringList{QStringLiteral("a.kvd")} << QString();
-        QTest::newRow("variant") << QStringList{QStringLiteral("OWN.kvd")} << QStringLiteral("OWN.kvd");
-        QTest::newRow("exact wins") << QStringList{QStringLiteral("OWN.kvd"), QStringLiteral("Own.kvd")}
-                                    << QStringLiteral("Own.kvd");
-        QTest::newRow("first by bytes") << QStringList{QStringLiteral("own.KVD"), QStringLiteral("OWN.KVD")}
-                                        << QStringLiteral("OWN.KVD");
-    }
-    void namesAreFoundWithoutCase() {
-        QFETCH(QStringList, entries);
-        QTemporaryDir folder;
-        const fs::path base = folder.path().toStdString();
-        for (const QString& entry : entries)
-            make(base / entry.toStdString(), "file");
-        const auto found = m_files.FindIgnoringCase(base, "Own.kvd");
-        QTEST(found ? QString::fromStdString(found->string()) : QString(), "found");
-        QVERIFY(!m_files.FindIgnoringCase(base / "none", "Own.kvd"));
-    }
-
-    void pathsAndTheirTexts_data() {
-        QTest::addColumn<QByteArray>("path");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("plain") << QByteArray("/a b/\\c") << QStringLiteral("/a b/\\c");
-        QTest::newRow("UTF-8") << QByteArray("/\xC3\xA4\xF0\x9F\x98\x80") << QString::fromUcs4(U"/\u00E4\U0001F600");
-        QTest::newRow("Latin-1") << QByteArray("/\xE4\xC3\xA4z") << QStringLiteral("/\\xe4\u00E4z");
-        QTest::newRow("cut off") << QByteArray("/\xF0\x9F\x98") << QStringLiteral("/\\xf0\\x9f\\x98");
-        QTest::newRow("the mark itself") << QByteArray("\xEF\xBF\xBD\xFF") << QStringLiteral("\uFFFD\\xff");
-    }
     void pathsAndTheirTexts() {
-        QFETCH(QByteArray, path);
-        QFETCH(QString, text);
-        const fs::path native(path.toStdString());
-        QCOMPARE(modNativePath::ToText(native), text);
-        if (QString::fromUtf8(path) == text)
-            QCOMPARE(modNativePath::FromText(text), native);
-    }
-
-    void absolutePaths() {
+        const std::pair<QByteArray, QString> paths[] = {
+            {"/a b/\\c", u"/a b/\\c"_qs},
+            {"/\xC3\xA4\xF0\x9F\x98\x80", QString::fromUcs4(U"/\u00E4\U0001F600")},
+            {"/\xE4\xC3\xA4z", u"/\\xe4\u00E4z"_qs},   // Latin-1
+            {"/\xF0\x9F\x98", u"/\\xf0\\x9f\\x98"_qs}, // cut off
+            {"\xEF\xBF\xBD\xFF", u"\uFFFD\\xff"_qs}};  // the mark of bad text itself
+        for (const auto& [path, text] : paths) {
+            const fs::path native(path.toStdString());
+            QCOMPARE(modNativePath::ToText(native), text);
+            if (QString::fromUtf8(path) == text)
+                QCOMPARE(modNativePath::FromText(text), native);
+        }
         const fs::path here = fs::current_path();
-        QVERIFY(modNativePath::Absolute(QString()).empty());
-        QVERIFY(modNativePath::Absolute(QStringLiteral(" \t")).empty());
-        QCOMPARE(modNativePath::Absolute(QStringLiteral("a/../b/./c/")), here / "b" / "c");
-        QCOMPARE(modNativePath::Absolute(QStringLiteral("/")), fs::path("/"));
-        QCOMPARE(modNativePath::Absolute(QStringLiteral("/x//y/..")), fs::path("/x"));
+        QVERIFY(modNativePath::Absolute({}).empty());
+        QVERIFY(modNativePath::Absolute(u" \t"_qs).empty());
+        QCOMPARE(modNativePath::Absolute(u"a/../b/./c/"_qs), here / "b" / "c");
+        QCOMPARE(modNativePath::Absolute(u"/"_qs), fs::path("/"));
+        QCOMPARE(modNativePath::Absolute(u"/x//y/.."_qs), fs::path("/x"));
     }
 };
 

@@ -1,31 +1,18 @@
 // Settings as people edit them: every value is taken as it stands, and a write changes its own line only.
 #include "IniSettingsStore.h"
+#include "ScratchFolder.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
 namespace {
 
-const QString app = QStringLiteral("Kalvenor");
-const QString section = QStringLiteral("Options");
+const QString app = u"Kalvenor"_qs;
+const QString section = u"Options"_qs;
+const QString key = u"Key"_qs;
+const QString ini = u"Kalvenor/Kalvenor.ini"_qs;
 
-struct Scratch {
-    QTemporaryDir folder;
-    IniSettingsStore store{folder.path().toStdString()};
-    QString file = folder.filePath(QStringLiteral("Kalvenor/Kalvenor.ini"));
-
-    [[nodiscard]] bool Put(const QByteArray& bytes) const {
-        QDir().mkpath(QFileInfo(file).path());
-        QFile opened(file);
-        return opened.open(QIODevice::WriteOnly) && opened.write(bytes) == bytes.size();
-    }
-    [[nodiscard]] QByteArray Bytes() const {
-        QFile opened(file);
-        return opened.open(QIODevice::ReadOnly) ? opened.readAll() : QByteArray();
-    }
+struct Scratch : ScratchFolder {
+    IniSettingsStore store{Native()};
 };
 
 } // namespace
@@ -44,18 +31,18 @@ class TestSettings : public QObject {
     void valuesSurvive() {
         QFETCH(QString, value);
         Scratch scratch;
-        QVERIFY(!scratch.store.Read(app, section, QStringLiteral("Key")));
-        QVERIFY(!QFile::exists(scratch.file)); // only a write creates it
-        QVERIFY(!scratch.store.Write(app, section, QStringLiteral("Key"), value));
-        QCOMPARE(scratch.Bytes(), "[Options]\nKey=" + value.toUtf8() + '\n');
-        QCOMPARE(scratch.store.Read(app, section, QStringLiteral("Key")), std::optional<QString>(value));
+        QVERIFY(!scratch.store.Read(app, section, key));
+        QVERIFY(!scratch.Exists(ini)); // only a write creates it
+        QVERIFY(!scratch.store.Write(app, section, key, value));
+        QCOMPARE(scratch.Read(ini), "[Options]\nKey=" + value.toUtf8() + '\n');
+        QCOMPARE(scratch.store.Read(app, section, key), value);
         // The same line written by hand, in the midst of other things and with the other line ending.
-        QVERIFY(scratch.Put("\xEF\xBB\xBF; mine\r\n[Other]\r\nKey=other\r\n\r\n [Options]\r\n Key =" + value.toUtf8() +
-                            "\r\nkey=lower\r\n"));
-        QCOMPARE(scratch.store.Read(app, section, QStringLiteral("Key")), std::optional<QString>(value));
-        QCOMPARE(scratch.store.Read(app, section, QStringLiteral("key")), QStringLiteral("lower"));
-        QVERIFY(!scratch.store.Read(app, section, QStringLiteral("KEY")));
-        QVERIFY(!scratch.store.Read(app, QStringLiteral("options"), QStringLiteral("Key")));
+        QVERIFY(scratch.Write(ini, "\xEF\xBB\xBF; mine\r\n[Other]\r\nKey=other\r\n\r\n [Options]\r\n Key =" +
+                                       value.toUtf8() + "\r\nkey=lower\r\n"));
+        QCOMPARE(scratch.store.Read(app, section, key), value);
+        QCOMPARE(scratch.store.Read(app, section, u"key"_qs), u"lower"_qs);
+        QVERIFY(!scratch.store.Read(app, section, u"KEY"_qs));
+        QVERIFY(!scratch.store.Read(app, u"options"_qs, key));
     }
 
     void writeKeepsEverythingElse_data() {
@@ -71,8 +58,7 @@ class TestSettings : public QObject {
         row("into an empty section", "[Options]\n[Z]\n", "[Options]\nKey=new\n[Z]\n");
         row("new section, no last line end", "[Z]\r\nKey=z", "[Z]\r\nKey=z\r\n[Options]\r\nKey=new\r\n");
         row("no line end behind the section", "[Options]", "[Options]\nKey=new\n");
-        row("foreign lines and bytes", "free text\n[Options]\n\xFF\xFE=\xE4\nKey=old",
-            "free text\n[Options]\n\xFF\xFE=\xE4\nKey=new");
+        row("foreign bytes", "text\n[Options]\n\xFF\xFE=\xE4\nKey=old", "text\n[Options]\n\xFF\xFE=\xE4\nKey=new");
         row("first of two", "[Options]\nKey=1\nKey=2\n[Options]\nKey=3\n",
             "[Options]\nKey=new\nKey=2\n[Options]\nKey=3\n");
         row("same value", "[Options]\r\nKey=new\n\n", "[Options]\r\nKey=new\n\n");
@@ -80,71 +66,48 @@ class TestSettings : public QObject {
     void writeKeepsEverythingElse() {
         QFETCH(QByteArray, before);
         Scratch scratch;
-        QVERIFY(scratch.Put(before));
-        QVERIFY(!scratch.store.Write(app, section, QStringLiteral("Key"), QStringLiteral("new")));
-        QTEST(scratch.Bytes(), "after");
-        QCOMPARE(scratch.store.Read(app, section, QStringLiteral("Key")), QStringLiteral("new"));
+        QVERIFY(scratch.Write(ini, before));
+        QVERIFY(!scratch.store.Write(app, section, key, u"new"_qs));
+        QTEST(scratch.Read(ini), "after");
+        QCOMPARE(scratch.store.Read(app, section, key), u"new"_qs);
     }
 
-    void whatCannotBeReadBackIsRefused_data() {
-        QTest::addColumn<QString>("application");
-        QTest::addColumn<QString>("inSection");
-        QTest::addColumn<QString>("key");
-        QTest::addColumn<QString>("value");
-        const QString good = QStringLiteral("x");
-        for (const char* application : {"", "a/b", "..", ".hidden"})
-            QTest::newRow(application) << QString::fromLatin1(application) << good << good << good;
-        for (const char* name : {"", "a\nb", "a\rb", " a"}) {
-            QTest::addRow("section '%s'", name) << app << QString::fromLatin1(name) << good << good;
-            QTest::addRow("key '%s'", name) << app << good << QString::fromLatin1(name) << good;
-        }
-        for (const char* key : {"a=b", ";a", "#a", "[a"})
-            QTest::addRow("key '%s'", key) << app << good << QString::fromLatin1(key) << good;
-        for (const char* value : {"a\nb", "a\rb", "\n"})
-            QTest::addRow("value '%s'", value) << app << good << good << QString::fromLatin1(value);
-        QTest::newRow("NUL") << app << good << good << QString(QChar(u'\0'));
-        QTest::newRow("half a surrogate pair") << app << good << good << QString(QChar(0xD800));
-    }
     void whatCannotBeReadBackIsRefused() {
-        QFETCH(QString, application);
-        QFETCH(QString, inSection);
-        QFETCH(QString, key);
-        QFETCH(QString, value);
         Scratch scratch;
-        QVERIFY(scratch.store.Write(application, inSection, key, value) == std::errc::invalid_argument);
-        QVERIFY(QDir(scratch.folder.path()).isEmpty());
+        const auto isRefused = [&](const QString& inApp, const QString& inSection, const QString& ofKey,
+                                   const QString& value) {
+            return scratch.store.Write(inApp, inSection, ofKey, value) == std::errc::invalid_argument;
+        };
+        for (const auto& name : {u""_qs, u"a/b"_qs, u".."_qs, u".hidden"_qs})
+            QVERIFY2(isRefused(name, section, key, u"x"_qs), qPrintable(name));
+        for (const auto& name : {u""_qs, u"a\nb"_qs, u"a\rb"_qs, u" a"_qs})
+            QVERIFY2(isRefused(app, name, key, u"x"_qs) && isRefused(app, section, name, u"x"_qs), qPrintable(name));
+        for (const auto& name : {u"a=b"_qs, u";a"_qs, u"#a"_qs, u"[a"_qs})
+            QVERIFY2(isRefused(app, section, name, u"x"_qs), qPrintable(name));
+        for (const auto& value : {u"a\nb"_qs, u"a\rb"_qs, u"\n"_qs, QString(QChar(u'\0')), QString(QChar(0xD800))})
+            QVERIFY2(isRefused(app, section, key, value), qPrintable(value));
+        QCOMPARE(scratch.Entries(), QStringList());
     }
 
     void unreadableFileIsNotOverwritten() {
         Scratch scratch;
-        QVERIFY(QDir().mkpath(scratch.file)); // a folder where the file should be
-        QVERIFY(!scratch.store.Read(app, section, QStringLiteral("Key")));
-        QVERIFY(scratch.store.Write(app, section, QStringLiteral("Key"), QStringLiteral("x")));
-        QVERIFY(QFileInfo(scratch.file).isDir());
+        const QByteArray tooMuch((16 << 20) + 1, ';');
+        QVERIFY(scratch.Write(ini, tooMuch));
+        QVERIFY(!scratch.store.Read(app, section, key));
+        QVERIFY(scratch.store.Write(app, section, key, u"x"_qs));
+        QVERIFY(scratch.Read(ini) == tooMuch);
     }
 
-    void folderFollowsTheEnvironment_data() {
-        QTest::addColumn<bool>("isAbsolute");
-        QTest::newRow("absolute") << true;
-        QTest::newRow("relative: ignored") << false;
-    }
     void folderFollowsTheEnvironment() {
-        QFETCH(bool, isAbsolute);
-        QTemporaryDir home;
-        const QByteArray homeBefore = qgetenv("HOME");
-        const bool hadConfig = qEnvironmentVariableIsSet("XDG_CONFIG_HOME");
-        const QByteArray configBefore = qgetenv("XDG_CONFIG_HOME");
-        qputenv("HOME", home.path().toLocal8Bit());
-        qputenv("XDG_CONFIG_HOME", isAbsolute ? home.filePath(QStringLiteral("conf")).toLocal8Bit() : "conf");
-        const std::error_code error =
-            IniSettingsStore().Write(app, section, QStringLiteral("Key"), QStringLiteral("x"));
-        qputenv("HOME", homeBefore);
-        hadConfig ? qputenv("XDG_CONFIG_HOME", configBefore) : qunsetenv("XDG_CONFIG_HOME");
-        QVERIFY(!error);
-        const QString folder =
-            home.filePath(isAbsolute ? QStringLiteral("conf/Kalvenor") : QStringLiteral(".config/Kalvenor"));
-        QVERIFY(QFile::exists(folder + QStringLiteral("/Kalvenor.ini")));
-        QCOMPARE(QFile::permissions(folder) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
+        const ScratchFolder home;
+        qputenv("HOME", home.Path().toUtf8());
+        for (const QString& config : {home.Path(u"conf"_qs), u"relative"_qs}) {
+            qputenv("XDG_CONFIG_HOME", config.toUtf8());
+            QVERIFY(!IniSettingsStore().Write(app, section, key, u"x"_qs));
+            const QString folder = home.Path(config == u"relative" ? u".config/Kalvenor"_qs : u"conf/Kalvenor"_qs);
+            QVERIFY(QFile::exists(folder + u"/Kalvenor.ini"_qs));
+            QCOMPARE(QFile::permissions(folder) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
+        }
     }
 };
 

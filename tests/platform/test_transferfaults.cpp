@@ -2,159 +2,227 @@
 #include "SystemCallFault.h"
 #include "TemporaryName.h"
 
-#include <QTest>
 #include <algorithm>
+#include <csignal>
+#include <sys/ptrace.h>
 #include <sys/syscall.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-// Every fault is met once on a run of all kinds of transfer. Either the work is done all the same, or what could not be
-// done is reported, and then every file is whole in one of its two places, and old files are whole.
 using Faults = std::vector<SystemCallFault>;
-Q_DECLARE_METATYPE(Faults)
 
 namespace {
 
-constexpr std::uint32_t kUnnamed = O_TMPFILE & ~O_DIRECTORY;
-const std::string kOld = "old";
-const std::string kLarge(6'000'000, 'x');
+enum Exit { Fine, WithFailures, NotPossible };
 
-enum Exit { Fine, WithFailures, NoFilter };
+constexpr int kRounds = 30;
+constexpr int kNeverKilled = 1'000'000;
+const SystemCallFault kNoUnnamed{SYS_openat, EOPNOTSUPP, 2, O_TMPFILE & ~O_DIRECTORY};
 
 void fill(FileWorld& world) {
-    for (const char* name : {"copied", "replacing", "moved", "movedover", "tree/1", "tree/2", "tree/sub/3"})
-        FileWorld::Write(world.source / name, name);
-    FileWorld::Write(world.source / "large", kLarge);
-    FileWorld::Write(world.destination / "replacing", kOld);
-    FileWorld::Write(world.destination / "movedover", kOld);
+    for (int number = 0; number < 12; ++number) {
+        const std::string name = std::to_string(number);
+        FileWorld::Write(world.source / ("copy" + name), "new" + name + std::string(2000, 'n'));
+        FileWorld::Write(world.source / ("move" + name), "new" + name + std::string(100, 'n'));
+        FileWorld::Write(world.source / "tree" / (number % 2 == 0 ? "a" : "b") / name, "new" + name);
+        if (number % 2 == 0) {
+            FileWorld::Write(world.destination / ("copy" + name), "old");
+            FileWorld::Write(world.destination / ("move" + name), "old");
+        }
+    }
+    FileWorld::Write(world.source / "copy_large", std::string(6'000'000, 'n'));
+    FileWorld::Write(world.destination / "copy_large", "old");
 }
 
-int runUnder(FileWorld& world, const Faults& faults) {
+std::vector<FolderEntry> listed(const Folder& folder) {
+    std::vector<FolderEntry> entries;
+    return folder.List(entries) ? std::vector<FolderEntry>() : entries;
+}
+
+/// One pass over a pair of folders, as a walk makes it: a missing folder goes as a whole.
+void transferAll(FileTransfer& transfer, const std::shared_ptr<Folder>& from, const std::shared_ptr<Folder>& to,
+                 const std::vector<FolderEntry>& entries) {
+    to->RemoveLeftovers();
+    std::error_code error;
+    for (const FolderEntry& entry : entries) {
+        const TransferFile file{from, to, entry.name, entry.facts};
+        if (entry.facts.kind == EntryKind::Folder && to->Stat(entry.name, error)) {
+            const auto child = from->OpenChild(entry.name, error);
+            transferAll(transfer, child, to->OpenChild(entry.name, error), listed(*child));
+        } else if (entry.facts.kind == EntryKind::Folder) {
+            transfer.MoveTree(from, to, entry.name, {});
+        } else if (entry.name.native().starts_with("copy")) {
+            transfer.Copy(file);
+        } else {
+            transfer.Move(file);
+        }
+    }
+}
+
+Exit run(FileWorld& world, const std::vector<FolderEntry>& entries) {
+    transferAll(*world.system.NewTransfer(world.observer), world.from, world.to, entries);
+    return world.observer.failures.empty() ? Fine : WithFailures;
+}
+
+/// The system calls made until the end or the kill; 0 when the system lets nobody trace.
+int runUntilCall(FileWorld& world, const Faults& faults, int call) {
     const pid_t child = ::fork();
     if (child == 0) {
-        if (!SystemCallFault::Install(faults))
-            ::_exit(NoFilter);
-        {
-            const auto transfer = world.system.NewTransfer(world.observer);
-            for (const char* name : {"copied", "replacing", "large"})
-                transfer->Copy(world.File(name));
-            for (const char* name : {"moved", "movedover"})
-                transfer->Move(world.File(name));
-            transfer->MoveTree(world.from, world.to, "tree", {});
-        }
-        ::_exit(world.observer.failures.empty() ? Fine : WithFailures);
+        const bool isTraced = ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) == 0;
+        if (!isTraced || !SystemCallFault::Install(faults) || ::raise(SIGSTOP) != 0)
+            ::_exit(NotPossible);
+        run(world, listed(*world.from));
+        ::_exit(Fine);
     }
-    int status = -1;
-    ::waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    int status = 0;
+    int calls = 0;
+    while (::waitpid(child, &status, 0) == child && WIFSTOPPED(status)) {
+        if (++calls >= call)
+            ::kill(child, SIGKILL);
+        else
+            ::ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
+    }
+    return WIFEXITED(status) && WEXITSTATUS(status) != Fine ? 0 : calls;
 }
+
+/// A filled world and what was in it.
+struct FilledWorld : FileWorld {
+    explicit FilledWorld(bool otherDevice) : FileWorld(otherDevice) {
+        fill(*this);
+        files = Tree(source);
+        old = Tree(destination);
+    }
+
+    /// Every file is whole in one of its two places, and no old one has gone.
+    void CheckThatNothingIsLost() {
+        const Entries left = Tree(source);
+        const Entries there = Tree(destination);
+        temporaries = 0;
+        for (const auto& [name, content] : there) {
+            if (MakerOfTemporary(fs::path(name).filename().native()))
+                ++temporaries;
+            else
+                QVERIFY2(content == files.at(name) || (old.contains(name) && content == "old"), name.c_str());
+        }
+        for (const auto& [name, content] : files) {
+            const auto found = left.contains(name) ? left.find(name) : there.find(name);
+            QVERIFY2(found != there.end() && found->second == content, name.c_str());
+        }
+        for (const auto& [name, content] : old)
+            QVERIFY2(there.contains(name), name.c_str());
+    }
+    void CheckThatAllIsDone() const {
+        QVERIFY(Tree(destination) == files);
+        for (const auto& [name, content] : Tree(source))
+            QVERIFY2(name.starts_with("copy") || content == "/", name.c_str());
+    }
+
+    Entries files;
+    Entries old;
+    int temporaries = 0;
+};
 
 } // namespace
 
+// A run of all kinds of transfer meets a fault of the system, or is killed. Whatever happens, nothing is lost, and the
+// next run finishes the work and leaves nothing of the first one behind.
 class TestTransferFaults final : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
-    void goesAnotherWay_data();
-    void goesAnotherWay();
-    void losesNothing_data();
-    void losesNothing();
+    void aFaultLosesNothing_data() {
+        QTest::addColumn<Exit>("expected");
+        QTest::addColumn<Faults>("faults");
+        const auto row = [](Exit expected, const char* name, const Faults& faults) {
+            QTest::newRow(name) << expected << faults;
+        };
+        const SystemCallFault noRange{SYS_copy_file_range, EXDEV};
+        const SystemCallFault noExchange{SYS_renameat2, EXDEV};
+        // Where there is another way, it is gone.
+        row(Fine, "no fault", {});
+        row(Fine, "no files without a name", {kNoUnnamed});
+        row(Fine, "a kernel that knows none", {{SYS_openat, EISDIR, 2, kNoUnnamed.bits}});
+        row(Fine, "files without a name get none", {{SYS_linkat, EPERM}});
+        row(Fine, "no privilege to link a descriptor", {{SYS_linkat, ENOENT, 4, AT_EMPTY_PATH}});
+        row(Fine, "renames that always replace", {kNoUnnamed, {SYS_renameat2, EINVAL}});
+        row(Fine, "copies within one device only", {noRange});
+        row(Fine, "no copying in the kernel", {{SYS_copy_file_range, ENOSYS}, {SYS_ioctl, ENOTTY}});
+        row(Fine, "copying in the kernel does nothing", {{SYS_copy_file_range, 0}});
+        row(Fine, "no sync of all files", {{SYS_syncfs, ENOSYS}});
+        row(Fine, "another program's write failed", {{SYS_syncfs, EIO}});
+        row(Fine, "no sync of folders", {{SYS_fsync, EINVAL}, {SYS_syncfs, ENOSYS}});
+        row(Fine, "no early writing", {{SYS_sync_file_range, ESPIPE}});
+        row(Fine, "no extended attributes", {{SYS_flistxattr, EOPNOTSUPP}});
+        row(Fine, "bits and times of others", {{SYS_fchmod, EPERM}, {SYS_utimensat, EPERM}});
+        row(Fine, "no thread to be had", {{SYS_clone3, EAGAIN}, {SYS_clone, EAGAIN}});
+        // Where there is none, it is reported.
+        row(WithFailures, "no new files", {{SYS_openat, EACCES, 2, O_RDWR}});
+        row(WithFailures, "reading fails", {noRange, {SYS_pread64, EIO}});
+        row(WithFailures, "reading ends early", {noRange, {SYS_pread64, 0}});
+        row(WithFailures, "writing fails", {noRange, {SYS_pwrite64, EIO}});
+        row(WithFailures, "writing does nothing", {noRange, {SYS_pwrite64, 0}});
+        row(WithFailures, "disk full", {{SYS_copy_file_range, ENOSPC}});
+        row(WithFailures, "quota used up, named", {kNoUnnamed, {SYS_copy_file_range, EDQUOT}});
+        row(WithFailures, "syncs fail", {{SYS_fdatasync, EIO}, {SYS_syncfs, EIO}});
+        row(WithFailures, "syncs fail, named", {kNoUnnamed, {SYS_fdatasync, EIO}, {SYS_syncfs, EIO}});
+        row(WithFailures, "folder syncs fail", {{SYS_fsync, EIO}, {SYS_syncfs, EIO}, noExchange});
+        row(WithFailures, "links fail", {{SYS_linkat, EIO}});
+        row(WithFailures, "renames fail", {{SYS_renameat, EIO}, {SYS_renameat2, EIO}});
+        row(WithFailures, "renames fail, named", {kNoUnnamed, {SYS_renameat, EIO}, {SYS_renameat2, EIO}});
+        row(WithFailures, "bits fail", {kNoUnnamed, {SYS_fchmod, EIO}});
+        row(WithFailures, "times fail", {{SYS_utimensat, EIO}});
+        row(WithFailures, "no new folders", {{SYS_mkdirat, EACCES}, noExchange});
+        row(WithFailures, "nothing can be removed", {{SYS_unlinkat, EACCES}, noExchange});
+        row(WithFailures, "folders cannot be listed", {{SYS_getdents64, EIO}, {SYS_renameat, EIO}, noExchange});
+    }
+    void aFaultLosesNothing() {
+        QFETCH(Exit, expected);
+        QFETCH(Faults, faults);
+        const long failing = expected == Fine ? -1 : faults[0].call;
+        for (const bool otherDevice : {false, true}) {
+            FilledWorld world(otherDevice);
+            const std::vector<FolderEntry> entries = listed(*world.from);
+            const int result = FileWorld::InChild(
+                [&] { return SystemCallFault::Install(faults) ? run(world, entries) : NotPossible; });
+            if (result == NotPossible)
+                QSKIP("the kernel filters no system calls");
+            QCOMPARE(result, static_cast<int>(expected));
+            world.CheckThatNothingIsLost();
+            if (expected == Fine) {
+                world.CheckThatAllIsDone();
+                QVERIFY(!fs::exists(world.source / "tree"));
+            }
+            QVERIFY(world.temporaries == 0 || failing == SYS_unlinkat);
+            if (failing == SYS_fsync) // what could lose its name in a power cut keeps its source
+                QVERIFY(FileWorld::Tree(world.source) == world.files);
+        }
+    }
+
+    void aKilledRunLosesNothing_data() {
+        QTest::addColumn<bool>("otherDevice");
+        QTest::addColumn<Faults>("faults");
+        QTest::newRow("without names") << true << Faults{};
+        QTest::newRow("with temporary names") << true << Faults{kNoUnnamed};
+        QTest::newRow("same device") << false << Faults{kNoUnnamed};
+    }
+    void aKilledRunLosesNothing() {
+        QFETCH(bool, otherDevice);
+        QFETCH(Faults, faults);
+        FilledWorld whole(otherDevice);
+        const int allCalls = runUntilCall(whole, faults, kNeverKilled);
+        if (allCalls == 0)
+            QSKIP("processes may not be traced here");
+        int leftovers = 0;
+        for (int round = 1; round <= kRounds; ++round) { // each time at another system call
+            FilledWorld world(otherDevice);
+            runUntilCall(world, faults, round * allCalls / (kRounds + 1));
+            world.CheckThatNothingIsLost();
+            leftovers += world.temporaries;
+            world.Reopen();
+            QCOMPARE(run(world, listed(*world.from)), Fine);
+            world.CheckThatAllIsDone();
+        }
+        QVERIFY(leftovers > 0 || faults.empty());
+    }
 };
-
-void TestTransferFaults::goesAnotherWay_data() {
-    const SystemCallFault noUnnamed{SYS_openat, EOPNOTSUPP, 2, kUnnamed};
-    QTest::addColumn<Faults>("faults");
-    QTest::newRow("no fault") << Faults{};
-    QTest::newRow("no files without a name") << Faults{noUnnamed};
-    QTest::newRow("a kernel that knows none") << Faults{{SYS_openat, EISDIR, 2, kUnnamed}};
-    QTest::newRow("files without a name get none") << Faults{{SYS_linkat, EPERM}};
-    QTest::newRow("no privilege to link a descriptor") << Faults{{SYS_linkat, ENOENT, 4, AT_EMPTY_PATH}};
-    QTest::newRow("renames that always replace") << Faults{noUnnamed, {SYS_renameat2, EINVAL}};
-    QTest::newRow("copies within one device only") << Faults{{SYS_copy_file_range, EXDEV}};
-    QTest::newRow("no copying in the kernel") << Faults{{SYS_copy_file_range, ENOSYS}, {SYS_ioctl, ENOTTY}};
-    QTest::newRow("copying in the kernel does nothing") << Faults{{SYS_copy_file_range, 0}};
-    QTest::newRow("no sync of all files") << Faults{{SYS_syncfs, ENOSYS}};
-    QTest::newRow("another program's write failed") << Faults{{SYS_syncfs, EIO}};
-    QTest::newRow("no sync of folders") << Faults{{SYS_fsync, EINVAL}, {SYS_syncfs, ENOSYS}};
-    QTest::newRow("no early writing") << Faults{{SYS_sync_file_range, ESPIPE}};
-    QTest::newRow("no extended attributes") << Faults{{SYS_flistxattr, EOPNOTSUPP}};
-    QTest::newRow("bits and times of others") << Faults{{SYS_fchmod, EPERM}, {SYS_utimensat, EPERM}};
-    QTest::newRow("no thread to be had") << Faults{{SYS_clone3, EAGAIN}, {SYS_clone, EAGAIN}};
-}
-
-void TestTransferFaults::goesAnotherWay() {
-    QFETCH(Faults, faults);
-    for (const bool otherDevice : {false, true}) {
-        FileWorld world(otherDevice);
-        fill(world);
-        const int result = runUnder(world, faults);
-        if (result == NoFilter)
-            QSKIP("the kernel filters no system calls");
-        QCOMPARE(result, static_cast<int>(Fine));
-        const std::map<std::string, std::string> expected = {{"copied", "copied"},       {"replacing", "replacing"},
-                                                             {"moved", "moved"},         {"large", kLarge},
-                                                             {"movedover", "movedover"}, {"tree", "/"},
-                                                             {"tree/1", "tree/1"},       {"tree/2", "tree/2"},
-                                                             {"tree/sub", "/"},          {"tree/sub/3", "tree/sub/3"}};
-        QVERIFY(FileWorld::Tree(world.destination) == expected);
-        QCOMPARE(FileWorld::Tree(world.source).size(), std::size_t{3});
-    }
-}
-
-void TestTransferFaults::losesNothing_data() {
-    const SystemCallFault noRange{SYS_copy_file_range, EXDEV};
-    const SystemCallFault noUnnamed{SYS_openat, EOPNOTSUPP, 2, kUnnamed};
-    QTest::addColumn<Faults>("faults");
-    QTest::newRow("no new files") << Faults{{SYS_openat, EACCES, 2, O_RDWR}};
-    QTest::newRow("reading fails") << Faults{noRange, {SYS_pread64, EIO}};
-    QTest::newRow("reading ends early") << Faults{noRange, {SYS_pread64, 0}};
-    QTest::newRow("writing fails") << Faults{noRange, {SYS_pwrite64, EIO}};
-    QTest::newRow("writing does nothing") << Faults{noRange, {SYS_pwrite64, 0}};
-    QTest::newRow("disk full") << Faults{{SYS_copy_file_range, ENOSPC}};
-    QTest::newRow("quota used up, named") << Faults{noUnnamed, {SYS_copy_file_range, EDQUOT}};
-    QTest::newRow("syncs fail") << Faults{{SYS_fdatasync, EIO}, {SYS_syncfs, EIO}};
-    QTest::newRow("syncs fail, named") << Faults{noUnnamed, {SYS_fdatasync, EIO}, {SYS_syncfs, EIO}};
-    QTest::newRow("folder syncs fail") << Faults{{SYS_fsync, EIO}, {SYS_syncfs, EIO}, {SYS_renameat2, EXDEV}};
-    QTest::newRow("links fail") << Faults{{SYS_linkat, EIO}};
-    QTest::newRow("renames fail") << Faults{{SYS_renameat, EIO}, {SYS_renameat2, EIO}};
-    QTest::newRow("renames fail, named") << Faults{noUnnamed, {SYS_renameat, EIO}, {SYS_renameat2, EIO}};
-    QTest::newRow("bits fail") << Faults{{SYS_openat, EOPNOTSUPP, 2, kUnnamed}, {SYS_fchmod, EIO}};
-    QTest::newRow("times fail") << Faults{{SYS_utimensat, EIO}};
-    QTest::newRow("no new folders") << Faults{{SYS_mkdirat, EACCES}, {SYS_renameat2, EXDEV}};
-    QTest::newRow("nothing can be removed") << Faults{{SYS_unlinkat, EACCES}, {SYS_renameat2, EXDEV}};
-    QTest::newRow("folders cannot be listed")
-        << Faults{{SYS_getdents64, EIO}, {SYS_renameat, EIO}, {SYS_renameat2, EXDEV}};
-}
-
-void TestTransferFaults::losesNothing() {
-    QFETCH(Faults, faults);
-    for (const bool otherDevice : {false, true}) {
-        FileWorld world(otherDevice);
-        fill(world);
-        const auto before = FileWorld::Tree(world.source);
-        const int result = runUnder(world, faults);
-        if (result == NoFilter)
-            QSKIP("the kernel filters no system calls");
-        QCOMPARE(result, static_cast<int>(WithFailures));
-        const auto source = FileWorld::Tree(world.source);
-        const auto destination = FileWorld::Tree(world.destination);
-        const bool canRemove = std::none_of(faults.begin(), faults.end(),
-                                            [](const SystemCallFault& fault) { return fault.call == SYS_unlinkat; });
-        for (const auto& [name, content] : destination) {
-            if (MakerOfTemporary(name))
-                QVERIFY(!canRemove);
-            else
-                QVERIFY(content == before.at(name) || (content == kOld && name.find("ov") != name.npos) ||
-                        (content == kOld && name == "replacing"));
-        }
-        for (const auto& [name, content] : before) {
-            QVERIFY2(source.contains(name) ? source.at(name) == content
-                                           : destination.contains(name) && destination.at(name) == content,
-                     name.c_str());
-        }
-        QVERIFY(destination.contains("replacing") && destination.contains("movedover"));
-    }
-}
 
 QTEST_GUILESS_MAIN(TestTransferFaults)
 #include "test_transferfaults.moc"

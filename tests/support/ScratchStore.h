@@ -5,21 +5,17 @@
 #include "Fakes.h"
 #include "LinuxOwnFiles.h"
 #include "ProgramPlaces.h"
+#include "ScratchFolder.h"
 #include "StringTable.h"
 #include "clsXML.h"
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-
-struct ScratchStore {
-    ScratchStore() {
-        QDir().mkpath(folder.filePath(QStringLiteral("program")));
-        QDir().mkpath(folder.filePath(QStringLiteral("cwd")));
-        places.programFolder = Path("program").toStdString();
-        places.userDataFolder = Path("data").toStdString();
+struct ScratchStore : ScratchFolder {
+    ScratchStore() = default;
+    /// The current file is "a.kvd" with these bytes.
+    explicit ScratchStore(const QByteArray& bytes) {
+        Write(u"a.kvd"_qs, bytes);
+        file.SetCurrentPath(Path(u"a.kvd"_qs));
     }
-    [[nodiscard]] QString Path(const char* name) const { return folder.filePath(QLatin1String(name)); }
 
     static QByteArray Bytes(const QString& file) {
         QFile opened(file);
@@ -30,10 +26,17 @@ struct ScratchStore {
         return opened.open(QIODevice::WriteOnly) && opened.write(bytes) == bytes.size();
     }
 
-    QTemporaryDir folder;
     LinuxOwnFiles files;
     clsXML document{files};
     FakePrompter prompter;
     StringTable texts{Language::English};
-    ProgramPlaces places;
+    ProgramPlaces places = makePlaces();
+    ActivityFile file{document, files, prompter, texts, places};
+
+  private:
+    [[nodiscard]] ProgramPlaces makePlaces() const {
+        QDir(Path()).mkdir(u"program"_qs);
+        QDir(Path()).mkdir(u"cwd"_qs);
+        return {.programFolder = Native(u"program"_qs), .userDataFolder = Native(u"data"_qs)};
+    }
 };
