@@ -11,7 +11,6 @@
 #include "RunState.h"
 #include "StringTable.h"
 
-#include <tuple>
 
 MonitoringController::MonitoringController(const Parts& parts) : m_parts(parts) {}
 
@@ -133,7 +132,10 @@ void MonitoringController::endByItself() {
         const QString line = m_parts.texts.Text(223) + name + m_parts.texts.Text(224);
         m_parts.logs.SetActivityStatus(name, line);
         m_parts.logs.WriteAppLog(line);
-        std::ignore = m_parts.power.PowerOff();
+        if (!m_parts.power.PowerOff()) {
+            m_parts.logs.SetActivityStatus(name, m_parts.texts.Text(584));
+            m_parts.logs.WriteAppLog(m_parts.texts.Text(584));
+        }
     }
     m_parts.prompter.Ask(
         {m_parts.texts.Text(225), m_parts.texts.Text(221), MessageIcon::Information, MessageButtons::Ok});

@@ -38,7 +38,8 @@ class OwnFiles {
                                                  bool create) = 0;
 
     /// Moves a file to a name that is free (std::errc::file_exists otherwise), across devices too: the old one goes
-    /// only when the new one is on disk.
+    /// only when the new one is on disk and nobody has written to the old one since
+    /// (std::errc::device_or_resource_busy).
     [[nodiscard]] virtual std::error_code MoveAway(const std::filesystem::path& file,
                                                    const std::filesystem::path& target) = 0;
 

@@ -1382,5 +1382,9 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <source>Kalvenor activities</source>
         <translation>Kalvenor-Aktivitäten</translation>
     </message>
+    <message id="584">
+        <source>The computer could not be switched off.</source>
+        <translation>Der Computer konnte nicht ausgeschaltet werden.</translation>
+    </message>
 </context>
 </TS>

@@ -1382,5 +1382,9 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <source>Kalvenor activities</source>
         <translation>Kalvenor activities</translation>
     </message>
+    <message id="584">
+        <source>The computer could not be switched off.</source>
+        <translation>The computer could not be switched off.</translation>
+    </message>
 </context>
 </TS>

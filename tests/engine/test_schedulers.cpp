@@ -60,6 +60,7 @@ class TestSchedulers final : public QObject {
             fixture.Write(u"app.log"_qs, "");
             Program& program = fixture.Start();
             program.Options().Shutdown = shutdown ? 1 : 0;
+            fixture.power->succeeds = false;
             bool copiedBeforeTheEnd = false;
             fixture.prompter.onAsk = [&](const Message&) { copiedBeforeTheEnd = fixture.Exists(u"dst/f"_qs); };
             program.Monitoring().ToggleMonitoring();
@@ -70,7 +71,9 @@ class TestSchedulers final : public QObject {
             QCOMPARE(fixture.prompter.shown.size(), 1U);
             QCOMPARE(fixture.prompter.shown[0].text, u"All activities idle, finished monitoring."_qs);
             QCOMPARE(fixture.power->requests, shutdown ? 1 : 0);
-            QCOMPARE(fixture.Read(u"app.log"_qs).contains("Computer after last activity 'A' shutted down."), shutdown);
+            const QByteArray log = fixture.Read(u"app.log"_qs);
+            QCOMPARE(log.contains("Computer after last activity 'A' shutted down."), shutdown);
+            QCOMPARE(log.contains("The computer could not be switched off."), shutdown);
             QCOMPARE(program.File().Read(A, "activ"), u"1"_qs); // the choice on disk is the user's
             program.List().Refill();
             QVERIFY(!program.List().IsChecked(0));

@@ -6,9 +6,11 @@
 #include "SystemCallFault.h"
 #include "modNativePath.h"
 
+#include <atomic>
 #include <csignal>
 #include <sys/mount.h>
 #include <sys/syscall.h>
+#include <thread>
 
 namespace {
 
@@ -107,6 +109,16 @@ class TestOwnFiles : public QObject {
         const std::error_code moved = m_files.MoveAway(scratch.Native(u"source"_qs), disk / "moved");
         const QByteArray kept = scratch.Read(u"disk/own"_qs);
         const QStringList entries = scratch.Entries(u"disk"_qs);
+        // What is appended meanwhile must not go with the source.
+        std::atomic<bool> writing = true;
+        std::thread writer([&] {
+            while (writing)
+                static_cast<void>(m_files.Append(disk / "own", "x", true));
+        });
+        const std::error_code busy = m_files.MoveAway(disk / "own", scratch.Native(u"busy"_qs));
+        writing = false;
+        writer.join();
+        const QByteArray grown = scratch.Read(u"disk/own"_qs);
         // And with enough room it goes over.
         const std::error_code back = m_files.MoveAway(disk / "own", scratch.Native(u"back"_qs));
         const bool isGone = !fs::exists(disk / "own");
@@ -117,8 +129,9 @@ class TestOwnFiles : public QObject {
         QCOMPARE(kept, old);
         QCOMPARE(entries, QStringList{own});
         QCOMPARE(scratch.Read(u"source"_qs).size(), 50'000);
+        QVERIFY(busy == std::errc::device_or_resource_busy && grown.size() > old.size());
         QVERIFY(!back && isGone);
-        QCOMPARE(scratch.Read(u"back"_qs), old);
+        QCOMPARE(scratch.Read(u"back"_qs), grown);
     }
 
     void failedSyncLeavesTheOldContent() {

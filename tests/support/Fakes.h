@@ -146,9 +146,10 @@ class FakePowerControl final : public PowerControl {
   public:
     bool PowerOff() override {
         ++requests;
-        return true;
+        return succeeds;
     }
     int requests = 0;
+    bool succeeds = true;
 };
 
 class FakeAutostart final : public Autostart {

@@ -1,6 +1,7 @@
 #include "LinuxAutostart.h"
 
 #include "AtomicFile.h"
+#include "DesktopTexts.h"
 #include "SystemError.h"
 #include "XdgFolders.h"
 #include "modNativePath.h"
@@ -17,21 +18,6 @@ constexpr mode_t entryMode = 0644;
 fs::path entryOf(const QString& name) {
     const fs::path config = XdgFolders::ConfigHome();
     return config.empty() ? config : config / "autostart" / modNativePath::FromText(name + QStringLiteral(".desktop"));
-}
-
-/// The value of Exec for a program without arguments, by the rules of the Desktop Entry specification (1.5).
-QByteArray execValue(const fs::path& program) {
-    QByteArray quoted = "\"";
-    for (const char character : program.native()) {
-        if (character == '"' || character == '`' || character == '$' || character == '\\')
-            quoted += '\\';
-        else if (character == '%') // otherwise the beginning of a field code
-            quoted += '%';
-        quoted += character;
-    }
-    quoted += '"';
-    // Above the quoting lies the escaping of every text in a desktop file.
-    return quoted.replace("\\", "\\\\").replace("\n", "\\n").replace("\r", "\\r").replace("\t", "\\t");
 }
 
 } // namespace
@@ -53,7 +39,7 @@ std::error_code LinuxAutostart::Create(const QString& name, const fs::path& prog
     const QByteArray content = "[Desktop Entry]\n"
                                "Type=Application\n"
                                "Name=" +
-                               name.toUtf8() + "\nExec=" + execValue(program) +
+                               name.toUtf8() + "\nExec=" + DesktopTexts::ExecProgram(program) +
                                "\n"
                                "Terminal=false\n";
     return AtomicFile::Replace(entry, content, entryMode);

@@ -116,15 +116,24 @@ std::error_code LinuxOwnFiles::MoveAway(const fs::path& file, const fs::path& ta
         if (error != std::errc::cross_device_link)
             return error;
     }
+    return copyAway(file, target);
+}
+
+std::error_code LinuxOwnFiles::copyAway(const fs::path& file, const fs::path& target) const {
+    const std::optional<FileStamp> stamp = Stamp(file);
+    struct stat status {};
     QByteArray bytes;
     std::error_code error = ReadAll(file, mostMovedBytes, bytes);
     if (!error && ::stat(file.c_str(), &status) != 0)
         error = LastError();
     if (!error)
         error = AtomicFile::Create(target, bytes, status.st_mode & 0777);
-    if (!error && ::unlink(file.c_str()) != 0)
-        error = LastError();
-    return error;
+    if (error)
+        return error;
+    // What somebody wrote meanwhile is not in the copy, which stays in any case.
+    if (Stamp(file) != stamp)
+        return std::make_error_code(std::errc::device_or_resource_busy);
+    return ::unlink(file.c_str()) == 0 ? std::error_code() : LastError();
 }
 
 std::error_code LinuxOwnFiles::Delete(const fs::path& file) {

@@ -19,4 +19,8 @@ class LinuxOwnFiles final : public OwnFiles {
     [[nodiscard]] std::optional<std::filesystem::path>
     FindIgnoringCase(const std::filesystem::path& folder, const std::filesystem::path& name) const override;
     [[nodiscard]] bool IsWritableFolder(const std::filesystem::path& folder) const override;
+
+  private:
+    [[nodiscard]] std::error_code copyAway(const std::filesystem::path& file,
+                                           const std::filesystem::path& target) const;
 };
