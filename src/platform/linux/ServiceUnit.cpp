@@ -21,7 +21,8 @@ std::optional<QByteArray> ServiceUnit::Text(const std::filesystem::path& program
     if (!isAllowed(path))
         return std::nullopt;
     path.replace('%', "%%"); // a single one begins a specifier, in quotes too
-    // What an activity has started belongs to the user and outlives the service, as it outlives the window.
+    // What an activity has started belongs to the user and outlives the service, as it outlives the window. A service
+    // that was killed comes back; one whose notice nobody has accepted (3) would only say so again.
     return "[Unit]\n"
            "Description=Kalvenor Pro\n"
            "\n"
@@ -31,6 +32,9 @@ std::optional<QByteArray> ServiceUnit::Text(const std::filesystem::path& program
            path +
            "' STARTSERVICE\n"
            "KillMode=process\n"
+           "Restart=on-failure\n"
+           "RestartSec=30\n"
+           "RestartPreventExitStatus=3\n"
            "\n"
            "[Install]\n"
            "WantedBy=default.target\n"
