@@ -4,17 +4,15 @@
 #include <filesystem>
 #include <fstream>
 #include <ifaddrs.h>
-#include <linux/if_packet.h>
 #include <memory>
 #include <net/if.h>
-#include <net/if_arp.h>
 #include <netinet/in.h>
 
 namespace {
 
 bool isDialUp(const InterfaceFacts& facts) {
-    const bool pointToPoint = (facts.flags & IFF_POINTOPOINT) != 0;
-    return (facts.hardwareType == ARPHRD_PPP && pointToPoint) || facts.deviceType == "wwan";
+    // Not by the kind of hardware: a ppp line has no hardware address that could tell it.
+    return facts.deviceType == "ppp" || facts.deviceType == "wwan";
 }
 
 bool isConnected(const InterfaceFacts& facts) {
@@ -38,9 +36,6 @@ void takeEntry(const ifaddrs& entry, InterfaceFacts& facts) {
     if (entry.ifa_addr == nullptr)
         return;
     switch (entry.ifa_addr->sa_family) {
-    case AF_PACKET:
-        facts.hardwareType = reinterpret_cast<const sockaddr_ll*>(entry.ifa_addr)->sll_hatype;
-        break;
     case AF_INET:
         facts.hasAddress = true;
         break;
@@ -66,7 +61,7 @@ std::vector<InterfaceFacts> interfacesNow() {
         auto facts = std::find_if(interfaces.begin(), interfaces.end(),
                                   [&](const InterfaceFacts& known) { return known.name == name; });
         if (facts == interfaces.end()) {
-            interfaces.push_back({name, 0, 0, deviceTypeOf(name), false});
+            interfaces.push_back({name, 0, deviceTypeOf(name), false});
             facts = std::prev(interfaces.end());
         }
         takeEntry(*entry, *facts);

@@ -10,8 +10,7 @@
 struct InterfaceFacts {
     std::string name;
     unsigned flags = 0;      ///< IFF_UP and the others of netdevice(7)
-    int hardwareType = 0;    ///< ARPHRD_PPP and the others
-    std::string deviceType;  ///< DEVTYPE of its uevent file, "wwan" for one; "" when there is none
+    std::string deviceType;  ///< DEVTYPE of its uevent file, "ppp" or "wwan"; "" when there is none
     bool hasAddress = false; ///< an internet address that is good beyond the link
 };
 
