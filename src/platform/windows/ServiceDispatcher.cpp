@@ -26,8 +26,8 @@ SERVICE_STATUS statusOf(DWORD state) {
 
 } // namespace
 
-std::unique_ptr<ServiceDispatcher> ServiceDispatcher::Connect(std::wstring service,
-                                                              ServiceManager::ControlListener listener) {
+std::unique_ptr<ServiceDispatcher> ServiceDispatcher::Attach(std::wstring service,
+                                                             ServiceManager::ControlListener listener) {
     std::unique_ptr<ServiceDispatcher> dispatcher(new ServiceDispatcher(std::move(service), std::move(listener)));
     ServiceDispatcher* nobody = nullptr;
     if (!current.compare_exchange_strong(nobody, dispatcher.get()))

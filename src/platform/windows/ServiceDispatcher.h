@@ -17,8 +17,8 @@ class ServiceDispatcher final {
   public:
     /// Null when no service control manager started this process. The listener is told from the event loop of the
     /// calling thread.
-    [[nodiscard]] static std::unique_ptr<ServiceDispatcher> Connect(std::wstring service,
-                                                                    ServiceManager::ControlListener listener);
+    [[nodiscard]] static std::unique_ptr<ServiceDispatcher> Attach(std::wstring service,
+                                                                   ServiceManager::ControlListener listener);
     ~ServiceDispatcher();
     Q_DISABLE_COPY_MOVE(ServiceDispatcher)
 

@@ -68,7 +68,7 @@ bool WindowsServiceManager::Stop(const QString& service) {
 bool WindowsServiceManager::AcceptControls(bool debug, ControlListener listener) {
     if (m_dispatcher || debug)
         return false;
-    m_dispatcher = ServiceDispatcher::Connect(serviceName, std::move(listener));
+    m_dispatcher = ServiceDispatcher::Attach(serviceName, std::move(listener));
     return m_dispatcher != nullptr;
 }
 
