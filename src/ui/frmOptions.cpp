@@ -44,6 +44,8 @@ frmOptions::frmOptions(const EditorServices& services, Request request, QWidget*
     m_schedule->Show(m_request.record);
     m_action->Show(m_request.record);
     m_mail->Show(m_request.record);
+    // A desktop that puts Cancel in front would also begin there, and Enter would mean Cancel.
+    m_tabs->setFocus();
     if (m_request.name.isEmpty())
         lead(EditorChecks::Tab::Directories, "txtName");
 }

@@ -40,6 +40,7 @@ frmSearch::frmSearch(const StringTable& texts, const QString& text, bool matchCa
     all->addSpacing(8);
     all->addStretch();
     all->addWidget(buttons);
+    m_text->setFocus();
 }
 
 QString frmSearch::SearchText() const {
