@@ -1,14 +1,8 @@
 // What the help menu shows, and the desktop's programs that commands call on.
 #include "DialogHost.h"
 #include "HelpCommands.h"
-#include "ModalForm.h"
 #include "ProgramFixture.h"
-#include "frmAbout.h"
-#include "frmText.h"
 #include "modOpenExplorer.h"
-#include <QLabel>
-#include <QPlainTextEdit>
-#include <QPushButton>
 
 class TestHelpCommands : public QObject {
     Q_OBJECT
@@ -25,40 +19,13 @@ class TestHelpCommands : public QObject {
             fixture.process->succeeds = isShown;
             commands.OpenManual();
             const QStringList opened = isThere ? QStringList{fixture.Path(name)} : QStringList();
-            return fixture.process->opened == opened ? fixture.prompter.Told() : QStringList{u"opened another"_qs};
+            return fixture.process->opened == opened ? fixture.prompter.Told() : fixture.process->opened;
         };
         const StringTable texts(Language::English);
         const QString box = u"Help can not be opened: "_qs + texts.Text(136) + u'\n' + texts.Text(137);
         QCOMPARE(told(true, true), QStringList());
         QCOMPARE(told(true, false), QStringList{box});
         QCOMPARE(told(false, true), QStringList{box});
-    }
-
-    void about() {
-        ProgramFixture fixture;
-        DialogHost dialogs;
-        HelpCommands commands(fixture.Start(), dialogs);
-        QString report;
-        WhenOpen<frmAbout>([&](frmAbout& form) {
-            auto& link = Find<QLabel>(form, "lblLink");
-            link.setFocus();
-            QTest::keyClick(&link, Qt::Key_Tab); // to the link inside the label
-            QTest::keyClick(&link, Qt::Key_Return);
-            WhenOpen<frmText>([&](const frmText& inner) {
-                report = Find<QPlainTextEdit>(inner, "txtText").toPlainText();
-                commands.ShowAbout(); // from the tray: the open dialogs stay the only ones
-            });
-            Find<QPushButton>(form, "cmdSysInfo").click();
-            Find<QPushButton>(form, "cmdOK").click();
-        });
-        commands.ShowAbout();
-        QCOMPARE(fixture.process->webPages, QStringList{QString(HelpCommands::HomePage)});
-        for (const QString& part : {u"Some System 12"_qs, u"8.00 GiB"_qs, fixture.program->File().CurrentPath()})
-            QVERIFY2(report.contains(part), qPrintable(part));
-
-        fixture.systemInformation->facts.reset();
-        commands.ShowSystemInformation();
-        QCOMPARE(fixture.prompter.Told(), QStringList{u"Systeminfo: "_qs + fixture.texts.Text(105)});
     }
 
     void folders() {
