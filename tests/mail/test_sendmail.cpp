@@ -190,30 +190,6 @@ class TestSendMail final : public QObject {
         setHost();
         QVERIFY(client.failures.isEmpty());
     }
-
-    void keepsSettings() {
-        Client client;
-        client.mail.SetUsername(u"one"_qs);
-        QVERIFY(client.settings.values.isEmpty());
-        client.mail.SetPersistentSettings(true);
-        client.mail.Password = u"secret"_qs; // is never stored
-        client.mail.SetUsername(u"two"_qs);
-        client.mail.SetSMTPPort(2525);
-        client.mail.SetUseAuthentication(true);
-        const QString base = u"Postrelle/Settings/"_qs;
-        const QMap<QString, QString> stored{{base + u"PersistentSettings", u"1"_qs},
-                                            {base + u"Username", u"two"_qs},
-                                            {base + u"RemotePort", u"2525"_qs},
-                                            {base + u"UseAuthentication", u"1"_qs}};
-        QCOMPARE(client.settings.values, stored);
-        client.settings.values[base + u"ConnectRetry"] = u"many"_qs;
-        const MailSettings again(client.settings);
-        QCOMPARE(again.Get().username, u"two"_qs);
-        QCOMPARE(again.Get().smtpPort, 2525);
-        QCOMPARE(again.Get().connectRetry, 4);
-        client.settings.values[base + u"PersistentSettings"] = u"0"_qs;
-        QCOMPARE(MailSettings(client.settings).Get().username, QString());
-    }
 };
 
 QTEST_GUILESS_MAIN(TestSendMail)
