@@ -57,16 +57,12 @@ class TestStartUp : public QObject {
                                                     fixture.texts);
         };
         const QStringList service{u"STARTSERVICE"_qs};
-        QVERIFY(start(service)->MayRun()); // the service neither tests nor takes the lock
-        QVERIFY(fixture.locks->held.empty());
         {
             const auto first = start();
-            QVERIFY(first->MayRun() && start(service)->MayRun());
-            QVERIFY(fixture.prompter.shown.empty());
-            QVERIFY(!start()->MayRun());
-            QCOMPARE(fixture.prompter.Told(), QStringList{u"Kalvenor Pro: "_qs + fixture.texts.Text(172) + u"\n\n"_qs +
-                                                          fixture.texts.Text(173)});
-            QVERIFY(!start()->MayRun()); // the refused one has not let the lock go
+            QVERIFY(first->MayRun() && start(service)->MayRun()); // the service neither tests nor takes the lock
+            for (int refused = 0; refused < 2; ++refused)         // the refused one does not let the lock go
+                QVERIFY(!start()->MayRun());
+            QCOMPARE(fixture.prompter.shown.size(), 2U);
         }
         QVERIFY(start()->MayRun());
     }
@@ -177,10 +173,7 @@ class TestStartUp : public QObject {
         QCOMPARE(prompter.Ask({u"Replace\n'a'?"_qs, title, MessageIcon::Question, MessageButtons::YesNo}),
                  MessageAnswer::No);
         QCOMPARE(prompter.Ask({u"Gone"_qs, title, MessageIcon::Exclamation, MessageButtons::Ok}), MessageAnswer::Ok);
-        QCOMPARE(prompter.Ask({u"Do?"_qs, title, MessageIcon::Information, MessageButtons::OkCancel}),
-                 MessageAnswer::Cancel);
-        QCOMPARE(QString::fromStdString(lines.str()),
-                 u"<5>T: Replace 'a'? -> No\n<4>T: Gone\n<5>T: Do? -> Cancel\n"_qs);
+        QCOMPARE(QString::fromStdString(lines.str()), u"<5>T: Replace 'a'? -> No\n<4>T: Gone\n"_qs);
     }
 };
 

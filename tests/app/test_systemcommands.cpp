@@ -22,28 +22,18 @@ class TestSystemCommands final : public QObject {
         QVERIFY(fixture.systemClock->set.empty());
     }
 
-    void theServiceDialog_data() {
-        QTest::addColumn<QByteArray>("button");
-        QTest::addColumn<QString>("asked");
-        QTest::addColumn<int>("message");
-        QTest::addColumn<bool>("ends");
-        QTest::newRow("install") << QByteArray("cmdInstallSvc") << u"install"_qs << 412 << false;
-        QTest::newRow("start") << QByteArray("cmdStartSvc") << u"start KalvenorPro"_qs << 426 << true;
-    }
-    void theServiceDialog() {
-        QFETCH(QByteArray, button);
-        QFETCH(QString, asked);
-        QFETCH(int, message);
-        QFETCH(bool, ends);
-        AppFixture fixture;
-        Window window(fixture);
-        QSignalSpy closed(&window.form, &frmMain::Closed);
-        WhenOpen<frmServiceOptions>(
-            [&](frmServiceOptions& form) { Find<QPushButton>(form, button.constData()).click(); });
-        window.Command("mnuServiceOptions").trigger();
-        QCOMPARE(fixture.serviceManager->asked, QStringList{asked});
-        QCOMPARE(fixture.prompter.shown.front().text, fixture.texts.Text(message));
-        QCOMPARE(closed.wait(500), ends);
+    void theServiceDialogEndsTheWindowForTheService() {
+        for (const bool starts : {false, true}) {
+            AppFixture fixture;
+            Window window(fixture);
+            QSignalSpy closed(&window.form, &frmMain::Closed);
+            WhenOpen<frmServiceOptions>([&](const frmServiceOptions& form) {
+                Find<QPushButton>(form, starts ? "cmdStartSvc" : "cmdInstallSvc").click();
+            });
+            window.Command("mnuServiceOptions").trigger();
+            QCOMPARE(fixture.serviceManager->asked, QStringList{starts ? u"start KalvenorPro"_qs : u"install"_qs});
+            QCOMPARE(closed.wait(500), starts);
+        }
     }
 };
 

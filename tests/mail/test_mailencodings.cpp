@@ -21,9 +21,7 @@ class TestMailEncodings final : public QObject {
     void headerWord() {
         using modHeaderWord::Encode;
         QCOMPARE(Encode(u"a\"b\\c"_qs, true), QByteArray("\"a\\\"b\\\\c\""));
-        QCOMPARE(Encode(u"a\r\nb\rc\nd"_qs + QChar(0) + u'e', false), QByteArray("a  b c d e"));
         QCOMPARE(Encode(u"a€\U0001F600b\xD800"_qs, false), QByteArray("a??b?"));
-        QCOMPARE(Encode(u"Müllers"_qs, true), qWord("M=FCllers")); // words are never quoted
         // Some readers split addresses before they decode words.
         QCOMPARE(Encode(u"ä <x@y.zz>, abcdefghijk"_qs, true), bWord("\xE4 <x@y.zz>, abcdefghijk"));
         // No code is cut, and no line too long.

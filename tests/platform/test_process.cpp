@@ -1,10 +1,10 @@
-// What opening a file starts, observed through the marks the started programs leave, and how this process ends.
-#include "FileWorld.h"
+// What opening a file starts, observed through the marks the started programs leave.
 #include "LinuxProcess.h"
 #include "OpenMethod.h"
 #include "ScratchFolder.h"
 
-#include <cstdio>
+#include <QTest>
+
 #include <memory>
 
 using namespace std::string_view_literals;
@@ -68,17 +68,6 @@ class ProcessTest final : public QObject {
             QVERIFY2(!LinuxProcess().OpenWebPage(address), qPrintable(address));
         qunsetenv("DISPLAY");
         QVERIFY(!LinuxProcess().Open(m_folder->Path(u"a.txt"_qs)));
-    }
-
-    void EndNowFlushesAndEnds() {
-        const QByteArray output = QFile::encodeName(m_folder->Path(u"output"_qs));
-        const auto end = [&] {
-            if (std::freopen(output.constData(), "w", stdout) != nullptr && std::printf("last words") > 0)
-                LinuxProcess().EndNow(7);
-            return 0;
-        };
-        QCOMPARE(FileWorld::InChild(end), 7);
-        QCOMPARE(m_folder->Read(u"output"_qs), QByteArray("last words"));
     }
 
   private:

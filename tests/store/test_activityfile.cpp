@@ -39,7 +39,6 @@ class TestActivityFile : public QObject {
         QTest::addColumn<QStringList>("existing");
         QTest::addColumn<QString>("expected");
         QTest::newRow("nothing yet") << QStringList() << standard;
-        QTest::newRow("a variant") << QStringList{u"program/kALVENOR.KVD"_qs} << u"program/kALVENOR.KVD"_qs;
         QTest::newRow("two variants, the first by bytes")
             << QStringList{u"program/kalvenor.KVD"_qs, u"program/KALVENOR.KVD"_qs} << u"program/KALVENOR.KVD"_qs;
         QTest::newRow("no place") << QStringList() << u"data/Kalvenor.kvd"_qs;

@@ -56,18 +56,6 @@ class TestAutoUpdate final : public QObject {
         QVERIFY(leftOver().isEmpty());
     }
 
-    void leavesNothingWhenItDiesOnTheWay() {
-        auto update = std::make_unique<ctlAutoUpdate>(m_settings, m_clock, nullptr);
-        update->Configure(configuration(u"silent"_qs));
-        QSignalSpy checked(update.get(), &ctlAutoUpdate::Checked);
-        update->CheckForNewVersion();
-        QVERIFY(!checked.wait(50));
-        update->CheckForNewVersion();
-        update.reset();
-        QVERIFY(leftOver().isEmpty());
-        QVERIFY(checked.isEmpty());
-    }
-
     void fetchesFromTheWebAlone() {
         ctlAutoUpdate update(m_settings, m_clock, {});
         update.Configure(UpdateConfiguration::OfThisProgram());

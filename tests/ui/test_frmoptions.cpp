@@ -211,12 +211,12 @@ class TestFrmOptions : public QObject {
     void pickedLogIsCreatedButNeverEmptied() {
         EditorWorld world;
         frmOptions form(world.Services(), world.Request(q("A"), world.Usable()));
-        QVERIFY(ScratchStore::Put(world.store.Path("old.log"), "kept"));
+        QVERIFY(world.store.Write(q("old.log"), "kept"));
         for (const auto& [file, content] : {std::pair("old.log", "kept"), std::pair("new.log", "")}) {
             world.picker.answers = {world.store.Path(file)};
             Find<QToolButton>(form, "cmdLogFile").click();
             QCOMPARE(form.Record().Text(F::LogFile), world.store.Path(file));
-            QCOMPARE(ScratchStore::Bytes(world.store.Path(file)), QByteArray(content));
+            QCOMPARE(world.store.Read(q(file)), QByteArray(content));
         }
     }
 };
