@@ -3,34 +3,9 @@
 
 #include <QTest>
 
-namespace {
-QByteArray qWord(const QByteArray& text) {
-    return QByteArray("=?ISO-8859-1?Q?").append(text).append("?=");
-}
-
-QByteArray bWord(const QByteArray& text) {
-    return QByteArray("=?ISO-8859-1?B?").append(text.toBase64()).append("?=");
-}
-
-constexpr const char* joint = "\r\n\t";
-} // namespace
-
 class TestMailEncodings final : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void headerWord() {
-        using modHeaderWord::Encode;
-        QCOMPARE(Encode(u"a\"b\\c"_qs, true), QByteArray("\"a\\\"b\\\\c\""));
-        QCOMPARE(Encode(u"a€\U0001F600b\xD800"_qs, false), QByteArray("a??b?"));
-        // Some readers split addresses before they decode words.
-        QCOMPARE(Encode(u"ä <x@y.zz>, abcdefghijk"_qs, true), bWord("\xE4 <x@y.zz>, abcdefghijk"));
-        // No code is cut, and no line too long.
-        QCOMPARE(Encode(QString(52, u'c') + u'ä', false), qWord(QByteArray(52, 'c')) + joint + qWord("=E4"));
-        QCOMPARE(Encode(QString(43, u'ä'), false), bWord(QByteArray(42, '\xE4')) + joint + bWord("\xE4"));
-        QCOMPARE(Encode(QString(800, u'c') + u"  "_qs + QString(200, u'd'), false),
-                 QByteArray(800, 'c') + " \r\n " + QByteArray(200, 'd'));
-    }
-
     void longHeaderWord() {
         const QStringList texts{QString(5000, u'c'), QString(5000, u' '), u"c"_qs + QString(5000, u' '),
                                 u"word and word "_qs.repeated(400), u"\"\\ "_qs.repeated(2000)};

@@ -5,35 +5,6 @@ class TestFolder final : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
-    void listsKindsInByteOrder() {
-        FileWorld world;
-        FileWorld::Write(world.source / "b", "12345");
-        FileWorld::Write(world.source / "a\xff\xfe", ""); // no valid text
-        FileWorld::Write(world.source / ".hidden", "");
-        fs::create_directory(world.source / "C");
-        fs::create_symlink("C", world.source / "folderlink");
-        fs::create_symlink("b", world.source / "filelink");
-        fs::create_symlink("nowhere", world.source / "dangling");
-        QCOMPARE(::mkfifo((world.source / "fifo").c_str(), 0600), 0);
-        using Kinds = std::vector<std::pair<std::string, EntryKind>>;
-        using enum EntryKind;
-        const Kinds expected = {{".hidden", File},  {"C", EntryKind::Folder},  {"a\xff\xfe", File},
-                                {"b", File},        {"dangling", Special},     {"fifo", Special},
-                                {"filelink", File}, {"folderlink", FolderLink}};
-        std::vector<FolderEntry> entries;
-        QVERIFY(!world.from->List(entries));
-        Kinds found;
-        for (const FolderEntry& entry : entries)
-            found.emplace_back(entry.name.native(), entry.facts.kind);
-        QVERIFY(found == expected);
-        const FileFacts& file = entries[3].facts;
-        const FileFacts& link = entries[6].facts;
-        QCOMPARE(file.size, std::uint64_t{5});
-        QCOMPARE(file.modified.nanoseconds, std::int64_t{1'000'000'000'123'456'789});
-        QCOMPARE(file.modified.granularity, std::int64_t{1});
-        QVERIFY(link.isLink && !file.isLink && link.id == file.id && link.size == file.size);
-    }
-
     void refusesNamesThatLeadElsewhere() {
         FileWorld world;
         FileWorld::Write(world.source.parent_path() / "outside", "kept");
