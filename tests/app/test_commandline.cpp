@@ -20,25 +20,19 @@ class TestCommandLine : public QObject {
   private Q_SLOTS:
     void parses() {
         QCOMPARE(parsed({}), u"nothing: "_qs);
-        QCOMPARE(parsed({u"\"\""_qs}), u"nothing: "_qs);
         QCOMPARE(parsed({u"STARTSERVICE"_qs}), u"start: STARTSERVICE"_qs);
-        QCOMPARE(parsed({u"startService"_qs}), u"file: startService -> ./startService"_qs);
         QCOMPARE(parsed({u"STARTSERVICE"_qs, u"x"_qs}), u"file: STARTSERVICE x -> ./STARTSERVICE x"_qs);
         QCOMPARE(parsed({u"/a/my"_qs, u"own"_qs, u"file.kvd"_qs}),
                  u"file: /a/my own file.kvd -> /a/my own file.kvd"_qs);
         QCOMPARE(parsed({u"\"\"/a\"\""_qs}), u"file: \"/a\" -> ./\"/a\""_qs); // one pair of quotes goes
-        QCOMPARE(parsed({u"\""_qs}), u"file: \" -> ./\""_qs);
         QCOMPARE(parsed({u"dir/../b.kvd"_qs}), u"file: dir/../b.kvd -> ./b.kvd"_qs);
-        QCOMPARE(parsed({u"  "_qs}), u"file:   "_qs);
     }
 
     void leavesOutWhatQtTakes() {
         QCOMPARE(parsed({u"-plugin"_qs, u"xcb"_qs, u"--style"_qs, u"fusion"_qs, u"-reverse"_qs, u"/a.kvd"_qs}),
                  u"file: /a.kvd -> /a.kvd"_qs);
         QCOMPARE(parsed({u"STARTSERVICE"_qs, u"-platform"_qs, u"offscreen"_qs}), u"start: STARTSERVICE"_qs);
-        QCOMPARE(parsed({u"-style=fusion"_qs}), u"nothing: "_qs);
         QCOMPARE(parsed({u"/a.kvd"_qs, u"-platform"_qs}), u"file: /a.kvd -> /a.kvd"_qs); // its value is missing
-        QCOMPARE(ParseCommandLine({u"--platform"_qs, u"vnc:size=9x9"_qs}).platform, u"vnc:size=9x9"_qs);
     }
 
     void showsWindowsOnlyWhereSomebodySeesThem() {
@@ -47,10 +41,6 @@ class TestCommandLine : public QObject {
         QVERIFY(ShowsWindows({display, {}, {}}));
         QVERIFY(ShowsWindows({{}, u"wayland-0"_qs, {}}));
         QVERIFY(!ShowsWindows({display, {}, u"offscreen"_qs}));
-        QVERIFY(!ShowsWindows({display, {}, u"minimal:x=1"_qs}));
-        QVERIFY(ShowsWindows({display, {}, u"xcb;offscreen"_qs}));
-        QVERIFY(!ShowsWindows({{}, {}, u"xcb"_qs})); // without its server
-        QVERIFY(ShowsWindows({{}, {}, u"vnc"_qs}));  // brings its own screen
     }
 };
 

@@ -51,12 +51,6 @@ class KalvenorRun(RunFixture):
         self.assertIn("Accepted=Yes", result.stderr)
         self.assertEqual(sorted(self.root.rglob("*")), before)
 
-    def test_help_and_version(self):
-        for word in ("--help", "--version"):
-            result = self.run_program(word)
-            self.assertEqual(result.returncode, 0)
-            self.assertIn("kalvenor-run", result.stdout)
-
     def test_second_process_and_signal(self):
         source = self.root / "A-in"
         self.write(self.activity("A"))

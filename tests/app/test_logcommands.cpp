@@ -5,7 +5,6 @@
 #include "ProgramFixture.h"
 #include "frmLogFile.h"
 #include <QPlainTextEdit>
-#include <QTimer>
 #include <sys/stat.h>
 
 namespace {
@@ -35,69 +34,29 @@ class TestLogCommands : public QObject {
         Scene scene;
         scene.Write(u"A.log"_qs, "first\r\nlast \xC3\xA4\xFF\r\n");
         scene.Write(u"B.log"_qs, "b");
-        QStringList captions;
-        const auto look = [&](const frmLogFile& viewer) { captions.append(viewer.windowTitle()); };
-        WhenOpen<frmLogFile>([&](const frmLogFile& viewer) {
+        QStringList shown;
+        const auto look = [&](const frmLogFile& viewer) { shown.append(textOf(viewer).toPlainText()); };
+        WhenOpen<frmLogFile>([&](frmLogFile& viewer) {
             look(viewer);
-            QCOMPARE(textOf(viewer).toPlainText(), u"first\nlast \u00e4\ufffd\n"_qs);
+            scene.Write(u"A.log"_qs, "new");
+            QTest::keyClick(&viewer, Qt::Key_F5);
+            look(viewer);
             WhenOpen<frmLogFile>(look);
         });
         scene.commands->ShowActivityLogs({u"A"_qs, u"gone"_qs, u"B"_qs, u"C"_qs, u"A"_qs});
-        const QString caption = u"Kalvenor Log   [%1]"_qs;
-        QCOMPARE(captions, (QStringList{caption.arg(scene.Path(u"A.log"_qs)), caption.arg(scene.Path(u"B.log"_qs))}));
+        QCOMPARE(shown, (QStringList{u"first\nlast \u00e4\ufffd\n"_qs, u"new"_qs, u"b"_qs}));
         QCOMPARE(scene.prompter.Told(), QStringList{u"No logfile found: No logfile found for this activity."_qs});
-    }
-
-    void refreshes() {
-        const auto refreshes = [](const QString& log, bool option, bool monitoring) {
-            Scene scene;
-            scene.Write(log, "one");
-            scene.program->Options().LogfileRefresh = option ? 1 : 0;
-            if (monitoring)
-                scene.program->Monitoring().ToggleMonitoring();
-            bool isActive = false;
-            WhenOpen<frmLogFile>([&](frmLogFile& viewer) {
-                auto& timer = Find<QTimer>(viewer, "tmrRefresh");
-                isActive = timer.isActive();
-                scene.Write(log, "one\ntwo");
-                QTest::keyClick(&textOf(viewer), Qt::Key_F5);
-                QCOMPARE(textOf(viewer).toPlainText(), u"one\ntwo"_qs);
-                QVERIFY(textOf(viewer).textCursor().atEnd());
-                QVERIFY(QFile::remove(scene.Path(log)));
-                if (isActive)
-                    timer.start(0);
-                else
-                    QTest::keyClick(&viewer, Qt::Key_F5);
-                QTRY_COMPARE(textOf(viewer).toPlainText(), QString());
-            });
-            if (log == u"app.log")
-                scene.commands->ShowApplicationLog();
-            else
-                scene.commands->ShowActivityLogs({u"A"_qs});
-            return isActive;
-        };
-        QVERIFY(refreshes(u"A.log"_qs, true, true));
-        QVERIFY(!refreshes(u"A.log"_qs, false, true));
-        QVERIFY(!refreshes(u"A.log"_qs, true, false));
-        QVERIFY(!refreshes(u"app.log"_qs, true, true));
     }
 
     void largeLogShowsItsEnd() {
         Scene scene;
-        const QByteArray line = "-> [01.02.2026 10:11:12] " + QByteArray(1000, 'x') + "\r\n";
-        scene.Write(u"A.log"_qs, line.repeated(5000) + QByteArray(3'000'000, 'y') + "\r\nlast");
+        scene.Write(u"A.log"_qs, QByteArray(2'000'000, 'x') + "\r\n" + QByteArray(3'000'000, 'y') + "\r\nlast");
         frmLogFile viewer(scene.texts);
         viewer.SetFileName(scene.Path(u"A.log"_qs));
-        viewer.show();
         const QString text = textOf(viewer).toPlainText();
-        const QStringList lines = text.split(u'\n');
-        QCOMPARE(lines.first(), u"[Only the last 4 MiB of this logfile are shown.]"_qs);
-        QVERIFY(lines[2].startsWith(u"-> ["));
-        QCOMPARE(lines.last(), u"last"_qs);
-        for (const QString& each : lines)
-            QVERIFY(each.size() <= 10'000); // the box would need minutes for one line of millions
-        QVERIFY(text.size() > 4'100'000 && text.size() < 4'300'000);
-        QVERIFY(textOf(viewer).viewport()->rect().contains(textOf(viewer).cursorRect().center()));
+        QVERIFY(text.startsWith(u"[Only the last 4 MiB of this logfile are shown.]\n") && text.endsWith(u"\nlast"));
+        for (const QString& line : text.split(u'\n'))
+            QVERIFY(line.size() <= 10'000); // the box would need minutes for one line of millions
     }
 
     void deletesConfirmedRegularFilesOnly() {

@@ -47,34 +47,19 @@ class Messages(unittest.TestCase):
     def test_plain(self):
         message = parsed("plain.mail")
         self.assertEqual(list(message.keys()), [
-            "From", "To", "Cc", "Subject", "Reply-to", "Date", "MIME-Version", "X-Priority", "X-MSMail-Priority",
+            "From", "To", "Cc", "Subject", "Date", "MIME-Version", "X-Priority", "X-MSMail-Priority",
             "Disposition-Notification-To", "Content-Type", "Content-Transfer-Encoding"])
         sender = [('Jörg "der" Müller, genannt <Öhm>', "me@example.org")]
         self.assertEqual(named(message["From"]), sender)
         self.assertTrue(message["Disposition-Notification-To"].endswith(" <me@example.org>"))
         self.assertEqual(named(message["To"]), [('Doe, "J\\ohn"', "you@example.org"), ("Zoë", "her@example.org"),
                                                 ("", "plain@example.org")])
-        self.assertEqual([message[key] for key in ("Reply-to", "X-Priority", "X-MSMail-Priority")],
-                         ["re@example.org", "1", "High"])
         self.assertEqual(message["Cc"], "copy@example.org")
         self.assertNotIn(b"secret", received("plain.mail"))
         self.assertEqual(message["Subject"], "Grüße für 5 ?: " + "äöü und mehr " * 20)
         self.assertEqual(message["Date"].datetime.isoformat(), "2003-01-05T14:07:09+01:00")
         self.assertEqual(message["Content-Transfer-Encoding"], "8bit")
         self.assertEqual(message.get_content(), ".Punkt\r\n..\r\n.\r\n\r\nÄÖÜß ? ? Ende\r\n")
-
-    def test_html(self):
-        message = parsed("html.mail")
-        self.assertEqual(message.get_content_type(), "multipart/related")
-        body, logo, text = message.iter_parts()
-        self.assertEqual(body.get_content_type(), "text/html")
-        self.assertEqual(body.get_content(), '<p>Über <img src="cid:logo.png"></p> cid:list.txt2')
-        self.assertEqual(body["Content-Base"], '"http://example.org/\\"  X-Evil: 1"')
-        self.assertEqual(logo["Content-ID"], "<logo.png>")
-        self.assertEqual(logo.get_content_type(), "image/png")
-        self.assertEqual(logo.get_content(), (FOLDER / "logo.png").read_bytes())
-        self.assertIsNone(text["Content-ID"])
-        self.assertEqual(text.get_payload(decode=True), b"one\n")
 
     def test_attachments(self):
         message = parsed("mime.mail")
@@ -105,9 +90,6 @@ class Messages(unittest.TestCase):
             self.assertEqual(content, (FOLDER / name).read_bytes(), name)
             found += 1
         self.assertEqual(found, 8)
-
-    def test_attached_mail(self):
-        self.assertEqual(attachments(parsed("eml.mail")), {"inner.eml": b"From: a@b\r\n\r\ntext"})
 
     def test_hostile(self):
         flat = "x  X-Evil: 1    .  QUIT  "

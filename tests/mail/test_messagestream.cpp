@@ -62,19 +62,8 @@ class TestMessageStream final : public QObject {
             message.blindCopies = QStringList(blindCopies, u"a@example.org"_qs);
             return MessageStream::Check(message);
         };
-        QCOMPARE(check(0, 0, 1), QString());
         QCOMPARE(check(34, 33, 33), QString());
         QCOMPARE(check(34, 33, 34), u"Too many recipients"_qs);
-        MailMessage message = letter();
-        message.asHtml = true;
-        message.encoding = MailEncoding::UuEncode;
-        QCOMPARE(MessageStream::Check(message), u"Sending HTML requires MIME encoding"_qs);
-    }
-
-    void textCutBetweenSurrogates() {
-        MailMessage message = letter();
-        message.text = QString(4095, u'a') + u"\U0001F600"_qs + QString(100'000, u'a');
-        QCOMPARE(compose(message).count('?'), 1);
     }
 
     void unreadableAttachment_data() {
@@ -121,7 +110,6 @@ class TestMessageStream final : public QObject {
     /// Another program reads what was written: names of the messages and expectations are in the script.
     void otherReaders() {
         writePlain();
-        writeHtml();
         writeAttachments();
         writeHostile();
         writeLong();
@@ -157,7 +145,6 @@ class TestMessageStream final : public QObject {
         message.fromDisplayName = u"Jörg \"der\" Müller, genannt <Öhm>"_qs;
         message.recipients << u"her@example.org"_qs << u"plain@example.org"_qs;
         message.recipientDisplayNames = {u"Doe, \"J\\ohn\""_qs, u"Zoë"_qs, u" "_qs};
-        message.replyTo = u"re@example.org"_qs;
         message.receipt = true;
         message.priority = 1;
         message.priorityWord = u"High"_qs;
@@ -166,15 +153,6 @@ class TestMessageStream final : public QObject {
         message.subject = u"Grüße für 5 €: "_qs + u"äöü und mehr "_qs.repeated(20);
         message.text = u".Punkt\r\n..\n.\r\rÄÖÜß € \U0001F600 Ende\n"_qs;
         write("plain.mail", message);
-    }
-
-    void writeHtml() {
-        MailMessage message = letter();
-        message.asHtml = true;
-        message.contentBase = u"http://example.org/\"\r\nX-Evil: 1"_qs;
-        message.text = u"<p>Über <img src=\"cid:logo.png\"></p> cid:list.txt2"_qs;
-        message.attachments = {file("logo.png", noise(500)), {}, file("list.txt", "one\n")};
-        write("html.mail", message);
     }
 
     void writeAttachments() {
@@ -186,9 +164,6 @@ class TestMessageStream final : public QObject {
         write("mime.mail", message);
         message.encoding = MailEncoding::UuEncode;
         write("uuencode.mail", message);
-        message.encoding = MailEncoding::Mime;
-        message.attachments = {file("inner.eml", "From: a@b\r\n\r\ntext")};
-        write("eml.mail", message);
     }
 
     void writeHostile() {

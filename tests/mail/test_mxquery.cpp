@@ -26,39 +26,22 @@ QString read(const QByteArray& packet) {
     return hosts.join(QStringLiteral(", "));
 }
 
-QString repeated(const QString& label, int times) {
-    return QStringList(QList<QString>(times, label)).join(u'.');
-}
-
 } // namespace
 
 class TestMXQuery final : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void asks() {
-        const auto query = modMXQuery::BuildQuery(u"mail.example.de"_qs);
-        QCOMPARE(query.value_or(QByteArray()).toHex(' '),
-                 QByteArray("11 df 01 00 00 01 00 00 00 00 00 00 04 6d 61 69 6c 07 65 78 61 6d 70 6c 65 02 64 65 00 "
-                            "00 0f 00 01"));
-        QVERIFY(modMXQuery::BuildQuery(u"b\u00fccher.de"_qs).value_or(QByteArray()).contains("\x0dxn--bcher-kva\x02"));
-    }
-
     void asksForNamesOnly() {
-        const QString longest = repeated(u"a"_qs, 127); // 255 bytes
-        const QStringList possible{QString(63, u'a') + u".de"_qs, longest};
+        const QString longest = u"a."_qs.repeated(126) + u'a'; // 255 bytes
+        QVERIFY(modMXQuery::BuildQuery(longest));
         const QStringList impossible{QString(),
-                                     u".example.de"_qs,
                                      u"example..de"_qs,
-                                     u"example.de."_qs,
-                                     u"exam ple.de"_qs,
                                      u"example\r\n.de"_qs,
                                      u'a' + longest,
                                      QString(64, u'a') + u".de"_qs,
-                                     u"\u202e.example.de"_qs,
                                      QString(60, QChar(0xFC)) + u".de"_qs};
-        for (const QString& name : possible + impossible)
-            QCOMPARE(name + QString::number(modMXQuery::BuildQuery(name).has_value()),
-                     name + QString::number(possible.contains(name)));
+        for (const QString& name : impossible)
+            QVERIFY2(!modMXQuery::BuildQuery(name), qPrintable(name));
     }
 
     void reads_data() {
@@ -74,31 +57,19 @@ class TestMXQuery final : public QObject {
         row("pointer to a pointer",
             reply(2, MX(10, Labels("mail") + Pointer(12)) + MX(5, Labels("in") + Pointer(questionEnd + 14))),
             "5 in.mail.example.org, 10 mail.example.org");
-        row("other records between",
-            reply(3, Record(Pointer(12), 5, Name("alias.org")) + Record(Pointer(12), 1, "\x7f\x01\x01\x01") + mail),
-            found);
-        row("question in capitals", Header(1) + Question("EXAMPLE.ORG") + mail, found);
-        row("no answers", reply(0, {}), "");
-        row("takes no mail", reply(1, MX(0, QByteArray(1, '\0'))), "");
         row("characters no host has",
             reply(5, MX(1, Name("a\r\nQUIT.org")) + MX(2, Name("a b.org")) +
                          MX(3, QByteArray("\x03").append("a.b") + Name("org")) + MX(4, Name("\xFC.org")) + mail),
             found);
 
         row("wrong identifier", Header(1, 4576) + Question(domain) + mail, "none");
-        row("a question", Header(1, 4575, 0x0100) + Question(domain) + mail, "none");
-        row("no question in it", Header(1, 4575, 0x8180, 0) + mail, "none");
-        row("two questions", Header(1, 4575, 0x8180, 2) + Question(domain) + Question(domain) + mail, "none");
         row("other domain", Header(1) + Question("example.com") + mail, "none");
-        row("other type", Header(1) + Question(domain, 1) + mail, "none");
 
         row("more answers told than there are", reply(65535, mail), found);
-        row("fewer answers told than there are", reply(1, mail + mail), found);
         const auto brokenBehind = [&](const char* name, const QByteArray& record) {
             row(name, reply(2, mail + record), found);
         };
         brokenBehind("data beyond the end", Record(Pointer(12), 15, Short(1) + Name("b.org"), 4000));
-        brokenBehind("data shorter than the name", Record(Pointer(12), 15, Short(1) + Name("b.org"), 4));
         brokenBehind("no room for a preference", Record(Pointer(12), 15, "\x01"));
         brokenBehind("label beyond the end", MX(1, QByteArray("\x3f").append('b')));
         brokenBehind("label of a reserved kind", MX(1, QByteArray("\x41").append('b') + Name("org")));
@@ -107,17 +78,8 @@ class TestMXQuery final : public QObject {
             row(name, reply(2, MX(1, exchange) + mail), "");
         };
         noName("pointer forward", Pointer(questionEnd + 16));
-        noName("pointer to itself", Pointer(questionEnd + 14));
         noName("circle with a label in it", Labels("a") + Pointer(questionEnd + 14));
-        noName("pointer into the header", Pointer(4));
         noName("name of more than 255", QByteArray('\x3f' + QByteArray(63, 'a')).repeated(4) + '\0');
-        // 20 pieces, each one a label and a pointer to the piece before: a name that only grows by pointers.
-        QByteArray pieces = Record(Pointer(12), 16, Labels("a123456789b123") + Pointer(12));
-        for (int piece = 1; piece < 20; ++piece)
-            pieces += Record(Pointer(12), 16, Labels("a123456789b123") + Pointer(questionEnd + 12 + (piece - 1) * 29));
-        row("name grown too long by pointers", reply(21, pieces + MX(1, Pointer(questionEnd + 12 + 19 * 29))), "");
-        row("name grown by pointers", reply(21, pieces + MX(1, Pointer(questionEnd + 12))),
-            "1 a123456789b123.example.org");
     }
     void reads() {
         QFETCH(QByteArray, packet);
@@ -134,23 +96,6 @@ class TestMXQuery final : public QObject {
             // A copy of just that size, so that a byte read behind it is found out.
             QCOMPARE(read(QByteArray(whole.constData(), length)), expected);
         }
-    }
-    void countsAnswersOfEveryKind() {
-        const auto alias = modMXQuery::ParseReply(reply(1, Record(Pointer(12), 5, Name("alias.org"))),
-                                                  modMXQuery::BuildQuery(QString::fromLatin1(domain)).value());
-        QVERIFY(alias && alias->answers == 1 && alias->hosts.empty());
-    }
-    void keepsTheOrderOfManyEqualOnes() {
-        constexpr int hosts = 60; // a short list stays in order with any way of sorting
-        QByteArray records;
-        QStringList expected;
-        for (int host = 0; host < hosts; ++host) {
-            const QByteArray name = QByteArray::number(host) + ".org";
-            records += MX(host < hosts / 2 ? 20 : 10, Name(name));
-            expected.append(QString::fromLatin1((host < hosts / 2 ? "20 " : "10 ") + name));
-        }
-        expected = expected.mid(hosts / 2) + expected.mid(0, hosts / 2);
-        QCOMPARE(read(reply(hosts, records)), expected.join(QStringLiteral(", ")));
     }
 };
 

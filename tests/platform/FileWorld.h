@@ -23,17 +23,14 @@ namespace fs = std::filesystem;
 class RecordingObserver final : public TransferObserver {
   public:
     void Failed(const fs::path& source, std::error_code error) override { failures[source.filename()] = error; }
-    void Transferred() override { ++transferred; }
-    void Progress(std::uint64_t bytes) override {
-        total += bytes;
+    void Transferred() override {}
+    void Progress(std::uint64_t /*bytes*/) override {
         if (onProgress)
             onProgress();
     }
     bool StopRequested() const override { return filesUntilStop >= 0 && filesUntilStop-- == 0; }
 
     std::map<fs::path, std::error_code> failures; ///< by file name
-    int transferred = 0;
-    std::uint64_t total = 0;
     std::function<void()> onProgress;
     mutable int filesUntilStop = -1;
 };

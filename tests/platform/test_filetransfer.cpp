@@ -17,8 +17,7 @@ class TestFileTransfer final : public QObject {
     void copiesContentAndAttributes() {
         QFETCH(bool, otherDevice);
         QFETCH(bool, move);
-        const std::pair<std::size_t, mode_t> files[] = {
-            {0, 0644}, {1, 0600}, {70'000, 0777}, {9'000'001, 0440}, {70'000, 0644}, {70'000, 0000}, {1, 06755}};
+        const std::pair<std::size_t, mode_t> files[] = {{0, 0644}, {9'000'001, 0440}, {70'000, 0000}, {1, 06755}};
         for (const auto& [size, mode] : files) {
             if (mode == 0 && ::geteuid() != 0)
                 continue; // only an administrator reads such a file

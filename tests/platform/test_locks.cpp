@@ -47,7 +47,6 @@ class LocksTest final : public QObject {
     void init() {
         m_folder = std::make_unique<ScratchFolder>();
         qputenv("XDG_RUNTIME_DIR", m_folder->Path().toUtf8());
-        qputenv("XDG_STATE_HOME", m_folder->Path(u"state"_qs).toUtf8());
     }
 
     void OneHolderAtATime() {
@@ -88,17 +87,6 @@ class LocksTest final : public QObject {
         QVERIFY(QFile::rename(m_folder->Path(ownFolder), m_folder->Path(u"real"_qs)));
         QVERIFY(QFile::link(u"real"_qs, m_folder->Path(ownFolder)));
         QVERIFY2(!LinuxLocks().TryAcquire(u"b"_qs), "a link in the folder's place");
-    }
-
-    void StateFolderStandsIn() {
-        if (QFile::exists(u"/run/user/%1"_qs.arg(geteuid())))
-            QSKIP("this user has a runtime folder");
-        for (const char* runtimeFolder : {"", "run", "/nonexistent/run"}) {
-            init();
-            qputenv("XDG_RUNTIME_DIR", runtimeFolder);
-            QVERIFY2(LinuxLocks().TryAcquire(a), runtimeFolder);
-            QVERIFY2(m_folder->Exists(u"state/Kalvenor"_qs), runtimeFolder);
-        }
     }
 
     void NoFolderNoLock() {

@@ -1,10 +1,10 @@
-// What opening a file starts, observed through the marks the started programs leave, and how this process ends.
-#include "FileWorld.h"
+// What opening a file starts, observed through the marks the started programs leave.
 #include "LinuxProcess.h"
 #include "OpenMethod.h"
 #include "ScratchFolder.h"
 
-#include <cstdio>
+#include <QTest>
+
 #include <memory>
 
 using namespace std::string_view_literals;
@@ -24,19 +24,25 @@ class ProcessTest final : public QObject {
     }
     void cleanupTestCase() { qputenv("PATH", m_path); }
 
-    void Opens_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QByteArray>("firstLine");
-        for (const char* name : {"a.sh", "a b; touch c $(d) 'e\".sh", "-c"}) // one path, no option, no shell line
-            for (const char* line : {"#!/bin/sh\n", ""})
-                QTest::addRow("%s %s", name, line) << QString::fromLatin1(name) << QByteArray(line);
-    }
     void Opens() {
-        QFETCH(QString, name);
-        QFETCH(QByteArray, firstLine);
-        QVERIFY(putProgram(name, firstLine + "printf 'ran %s' \"$#\" > \"$MARK\"\n"));
-        QVERIFY(LinuxProcess().Open(m_folder->Path(name)));
-        QTRY_COMPARE(mark(), QByteArray("ran 0"));
+        for (const char* name : {"a b; touch c $(d) 'e\".sh", "-c"}) // one path, no option, no shell line
+            for (const char* firstLine : {"#!/bin/sh\n", ""}) {
+                init();
+                QVERIFY(
+                    putProgram(QString::fromLatin1(name), QByteArray(firstLine) + "printf 'ran %s' $# > \"$MARK\"\n"));
+                QVERIFY(LinuxProcess().Open(m_folder->Path(QString::fromLatin1(name))));
+                QTRY_COMPARE(mark(), QByteArray("ran 0"));
+            }
+    }
+
+    void OnAStickNotEveryFileIsAProgram() {
+        using enum OpenMethod;
+        const std::pair<OpenFacts, OpenMethod> rows[] = {{{true, true, "a.exe"sv, "MZ\0\1"sv}, Start},
+                                                         {{true, false, "notes.txt"sv, "rm -r old"sv}, Desktop},
+                                                         {{true, false, "a.sh"sv, "echo"sv}, Shell},
+                                                         {{true, false, "a"sv, "#!/bin/sh"sv}, Start}};
+        for (const auto& [facts, method] : rows)
+            QVERIFY2(ChooseOpenMethod(facts) == method, facts.name.data());
     }
 
     void TheRestGoesToTheDesktop() {
@@ -58,39 +64,10 @@ class ProcessTest final : public QObject {
         for (const auto& name : {u"nothing"_qs, u"broken"_qs, u"link"_qs, u"good 1"_qs})
             QVERIFY2(!LinuxProcess().Open(m_folder->Path(name)), qPrintable(name));
         QVERIFY(!LinuxProcess().Open({}));
-        QVERIFY(!LinuxProcess().OpenFolder(m_folder->Path(u"good"_qs)));
-        QVERIFY(!LinuxProcess().OpenFolder({}));
         for (const auto& address : {u"file:///etc/passwd"_qs, u"--help"_qs, u"https:///a"_qs})
             QVERIFY2(!LinuxProcess().OpenWebPage(address), qPrintable(address));
         qunsetenv("DISPLAY");
         QVERIFY(!LinuxProcess().Open(m_folder->Path(u"a.txt"_qs)));
-    }
-
-    void Method() {
-        using enum OpenMethod;
-        const std::pair<OpenFacts, OpenMethod> rows[] = {{{false, true, "a.sh"sv, "#!/bin/sh"sv}, Desktop},
-                                                         {{true, true, "a"sv, "\177ELF\2\1"sv}, Start},
-                                                         {{true, true, "a.exe"sv, "MZ\0\1"sv}, Start},
-                                                         {{true, true, "a"sv, "echo"sv}, Shell},
-                                                         // On a stick every file is executable.
-                                                         {{true, false, "notes.txt"sv, "rm -r old"sv}, Desktop},
-                                                         {{true, false, "a.png"sv, "\x89PNG\0"sv}, Desktop},
-                                                         {{true, false, "a.sh"sv, "echo"sv}, Shell},
-                                                         {{true, false, "a"sv, "#!/bin/sh"sv}, Start},
-                                                         {{true, false, "a"sv, "\177ELF"sv}, Start}};
-        for (const auto& [facts, method] : rows)
-            QVERIFY2(ChooseOpenMethod(facts) == method, facts.name.data());
-    }
-
-    void EndNowFlushesAndEnds() {
-        const QByteArray output = QFile::encodeName(m_folder->Path(u"output"_qs));
-        const auto end = [&] {
-            if (std::freopen(output.constData(), "w", stdout) != nullptr && std::printf("last words") > 0)
-                LinuxProcess().EndNow(7);
-            return 0;
-        };
-        QCOMPARE(FileWorld::InChild(end), 7);
-        QCOMPARE(m_folder->Read(u"output"_qs), QByteArray("last words"));
     }
 
   private:

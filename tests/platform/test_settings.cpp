@@ -23,9 +23,8 @@ class TestSettings : public QObject {
   private Q_SLOTS:
     void valuesSurvive_data() {
         QTest::addColumn<QString>("value");
-        for (const char* value :
-             {"", "0", "a, b.log", "a;b", "C:\\new\\table", "\"quoted\"", "x=y=z", "\xC3\xA4\xE2\x82\xAC",
-              " both ends ", "#no comment", "[no section]", "%20", "@ByteArray(x)", "tab\there"})
+        for (const char* value : {"", "C:\\new\\table", "\"quoted\"", "x=y;z", "\xC3\xA4\xE2\x82\xAC", " both ends ",
+                                  "#no [comment]", "%20"})
             QTest::newRow(value) << QString::fromUtf8(value);
     }
     void valuesSurvive() {
@@ -55,13 +54,10 @@ class TestSettings : public QObject {
             "; c\n[Options]\n a = 1 \nKey=new\n#Key=x\n[Z]\nKey=z\n");
         row("added to its section", "[Options]\na=1\n\n; on Z\n[Z]\nKey=z\n",
             "[Options]\na=1\nKey=new\n\n; on Z\n[Z]\nKey=z\n");
-        row("into an empty section", "[Options]\n[Z]\n", "[Options]\nKey=new\n[Z]\n");
         row("new section, no last line end", "[Z]\r\nKey=z", "[Z]\r\nKey=z\r\n[Options]\r\nKey=new\r\n");
-        row("no line end behind the section", "[Options]", "[Options]\nKey=new\n");
         row("foreign bytes", "text\n[Options]\n\xFF\xFE=\xE4\nKey=old", "text\n[Options]\n\xFF\xFE=\xE4\nKey=new");
         row("first of two", "[Options]\nKey=1\nKey=2\n[Options]\nKey=3\n",
             "[Options]\nKey=new\nKey=2\n[Options]\nKey=3\n");
-        row("same value", "[Options]\r\nKey=new\n\n", "[Options]\r\nKey=new\n\n");
     }
     void writeKeepsEverythingElse() {
         QFETCH(QByteArray, before);
@@ -78,13 +74,11 @@ class TestSettings : public QObject {
                                    const QString& value) {
             return scratch.store.Write(inApp, inSection, ofKey, value) == std::errc::invalid_argument;
         };
-        for (const auto& name : {u""_qs, u"a/b"_qs, u".."_qs, u".hidden"_qs})
-            QVERIFY2(isRefused(name, section, key, u"x"_qs), qPrintable(name));
-        for (const auto& name : {u""_qs, u"a\nb"_qs, u"a\rb"_qs, u" a"_qs})
+        QVERIFY(isRefused(u""_qs, section, key, u"x"_qs) && isRefused(u"a/b"_qs, section, key, u"x"_qs));
+        for (const auto& name : {u""_qs, u"a\nb"_qs, u" a"_qs})
             QVERIFY2(isRefused(app, name, key, u"x"_qs) && isRefused(app, section, name, u"x"_qs), qPrintable(name));
-        for (const auto& name : {u"a=b"_qs, u";a"_qs, u"#a"_qs, u"[a"_qs})
-            QVERIFY2(isRefused(app, section, name, u"x"_qs), qPrintable(name));
-        for (const auto& value : {u"a\nb"_qs, u"a\rb"_qs, u"\n"_qs, QString(QChar(u'\0')), QString(QChar(0xD800))})
+        QVERIFY(isRefused(app, section, u"a=b"_qs, u"x"_qs) && isRefused(app, section, u"[a"_qs, u"x"_qs));
+        for (const auto& value : {u"a\nb"_qs, u"a\rb"_qs, QString(QChar(u'\0')), QString(QChar(0xD800))})
             QVERIFY2(isRefused(app, section, key, value), qPrintable(value));
         QCOMPARE(scratch.Entries(), QStringList());
     }
@@ -96,18 +90,6 @@ class TestSettings : public QObject {
         QVERIFY(!scratch.store.Read(app, section, key));
         QVERIFY(scratch.store.Write(app, section, key, u"x"_qs));
         QVERIFY(scratch.Read(ini) == tooMuch);
-    }
-
-    void folderFollowsTheEnvironment() {
-        const ScratchFolder home;
-        qputenv("HOME", home.Path().toUtf8());
-        for (const QString& config : {home.Path(u"conf"_qs), u"relative"_qs}) {
-            qputenv("XDG_CONFIG_HOME", config.toUtf8());
-            QVERIFY(!IniSettingsStore().Write(app, section, key, u"x"_qs));
-            const QString folder = home.Path(config == u"relative" ? u".config/Kalvenor"_qs : u"conf/Kalvenor"_qs);
-            QVERIFY(QFile::exists(folder + u"/Kalvenor.ini"_qs));
-            QCOMPARE(QFile::permissions(folder) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
-        }
     }
 };
 

@@ -139,36 +139,27 @@ class TestTransferFaults final : public QObject {
         // Where there is another way, it is gone.
         row(Fine, "no fault", {});
         row(Fine, "no files without a name", {kNoUnnamed});
-        row(Fine, "a kernel that knows none", {{SYS_openat, EISDIR, 2, kNoUnnamed.bits}});
         row(Fine, "files without a name get none", {{SYS_linkat, EPERM}});
-        row(Fine, "no privilege to link a descriptor", {{SYS_linkat, ENOENT, 4, AT_EMPTY_PATH}});
         row(Fine, "renames that always replace", {kNoUnnamed, {SYS_renameat2, EINVAL}});
-        row(Fine, "copies within one device only", {noRange});
         row(Fine, "no copying in the kernel", {{SYS_copy_file_range, ENOSYS}, {SYS_ioctl, ENOTTY}});
         row(Fine, "copying in the kernel does nothing", {{SYS_copy_file_range, 0}});
         row(Fine, "no sync of all files", {{SYS_syncfs, ENOSYS}});
         row(Fine, "another program's write failed", {{SYS_syncfs, EIO}});
         row(Fine, "no sync of folders", {{SYS_fsync, EINVAL}, {SYS_syncfs, ENOSYS}});
-        row(Fine, "no early writing", {{SYS_sync_file_range, ESPIPE}});
         row(Fine, "no extended attributes", {{SYS_flistxattr, EOPNOTSUPP}});
         row(Fine, "bits and times of others", {{SYS_fchmod, EPERM}, {SYS_utimensat, EPERM}});
         row(Fine, "no thread to be had", {{SYS_clone3, EAGAIN}, {SYS_clone, EAGAIN}});
         // Where there is none, it is reported.
         row(WithFailures, "no new files", {{SYS_openat, EACCES, 2, O_RDWR}});
         row(WithFailures, "reading fails", {noRange, {SYS_pread64, EIO}});
-        row(WithFailures, "reading ends early", {noRange, {SYS_pread64, 0}});
         row(WithFailures, "writing fails", {noRange, {SYS_pwrite64, EIO}});
-        row(WithFailures, "writing does nothing", {noRange, {SYS_pwrite64, 0}});
         row(WithFailures, "disk full", {{SYS_copy_file_range, ENOSPC}});
-        row(WithFailures, "quota used up, named", {kNoUnnamed, {SYS_copy_file_range, EDQUOT}});
         row(WithFailures, "syncs fail", {{SYS_fdatasync, EIO}, {SYS_syncfs, EIO}});
-        row(WithFailures, "syncs fail, named", {kNoUnnamed, {SYS_fdatasync, EIO}, {SYS_syncfs, EIO}});
         row(WithFailures, "folder syncs fail", {{SYS_fsync, EIO}, {SYS_syncfs, EIO}, noExchange});
         row(WithFailures, "links fail", {{SYS_linkat, EIO}});
         row(WithFailures, "renames fail", {{SYS_renameat, EIO}, {SYS_renameat2, EIO}});
         row(WithFailures, "renames fail, named", {kNoUnnamed, {SYS_renameat, EIO}, {SYS_renameat2, EIO}});
         row(WithFailures, "bits fail", {kNoUnnamed, {SYS_fchmod, EIO}});
-        row(WithFailures, "times fail", {{SYS_utimensat, EIO}});
         row(WithFailures, "no new folders", {{SYS_mkdirat, EACCES}, noExchange});
         row(WithFailures, "nothing can be removed", {{SYS_unlinkat, EACCES}, noExchange});
         row(WithFailures, "folders cannot be listed", {{SYS_getdents64, EIO}, {SYS_renameat, EIO}, noExchange});

@@ -1,4 +1,4 @@
-// Chooses what the test has laid out, in turn, and remembers what it was asked.
+// Chooses what the test has laid out, in turn.
 #pragma once
 
 #include "FilePicker.h"
@@ -7,18 +7,16 @@
 
 class FakeFilePicker final : public FilePicker {
   public:
-    std::optional<QString> OpenFile(const FileRequest& request) override { return answer(request); }
-    std::optional<QString> SaveFile(const FileRequest& request, bool /*asksToReplace*/) override {
-        return answer(request);
+    std::optional<QString> OpenFile(const FileRequest& /*request*/) override { return answer(); }
+    std::optional<QString> SaveFile(const FileRequest& /*request*/, bool /*asksToReplace*/) override {
+        return answer();
     }
-    std::optional<QString> PickFolder(const FileRequest& request) override { return answer(request); }
+    std::optional<QString> PickFolder(const FileRequest& /*request*/) override { return answer(); }
 
-    QList<FileRequest> requests;
     QList<QString> answers; ///< "" or none left: cancelled
 
   private:
-    std::optional<QString> answer(const FileRequest& request) {
-        requests.append(request);
+    std::optional<QString> answer() {
         const QString chosen = answers.isEmpty() ? QString() : answers.takeFirst();
         return chosen.isEmpty() ? std::nullopt : std::optional(chosen);
     }

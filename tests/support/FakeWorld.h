@@ -20,7 +20,6 @@ class FakeWorld {
         services.power = own(power);
         services.nameService = own(names);
         services.autostart = own(autostart);
-        services.systemInformation = own(systemInformation);
         services.serviceManager = own(serviceManager);
         services.systemClock = own(systemClock);
         services.dialUp = own(dialUp);
@@ -38,7 +37,6 @@ class FakeWorld {
     FakePowerControl* power = nullptr;
     FakeNameService* names = nullptr;
     FakeAutostart* autostart = nullptr;
-    FakeSystemInformation* systemInformation = nullptr;
     FakeServiceManager* serviceManager = nullptr;
     FakeSystemClock* systemClock = nullptr;
     FakeDialUp* dialUp = nullptr;

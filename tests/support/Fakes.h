@@ -15,7 +15,6 @@
 #include "ServiceManager.h"
 #include "SettingsStore.h"
 #include "SystemClock.h"
-#include "SystemInformation.h"
 
 #include <QMap>
 #include <QStringList>
@@ -58,11 +57,9 @@ class FakeClock final : public Clock {
 class FakeEventPump final : public EventPump {
   public:
     void Yield() override {
-        ++yields;
         if (onYield)
             onYield();
     }
-    int yields = 0;
     std::function<void()> onYield;
 };
 
@@ -112,12 +109,8 @@ class FakeLocks final : public Locks {
 
 class FakeNameService final : public NameService {
   public:
-    NameServers Discover() const override {
-        ++discoveries;
-        return known;
-    }
+    NameServers Discover() const override { return known; }
     NameServers known;
-    mutable int discoveries = 0;
 };
 
 class FakeProcess final : public Process {
@@ -126,18 +119,10 @@ class FakeProcess final : public Process {
         opened.append(path);
         return succeeds;
     }
-    bool OpenFolder(const QString& path) override {
-        folders.append(path);
-        return succeeds;
-    }
-    bool OpenWebPage(const QString& address) override {
-        webPages.append(address);
-        return succeeds;
-    }
+    bool OpenFolder(const QString& /*path*/) override { return succeeds; }
+    bool OpenWebPage(const QString& /*address*/) override { return succeeds; }
     void EndNow(int exitCode) override { endedWith = exitCode; }
     QStringList opened;
-    QStringList folders;
-    QStringList webPages;
     bool succeeds = true;
     std::optional<int> endedWith;
 };
@@ -167,13 +152,6 @@ class FakeAutostart final : public Autostart {
     }
     QMap<QString, QString> entries;
     std::error_code failure;
-};
-
-class FakeSystemInformation final : public SystemInformation {
-  public:
-    std::optional<SystemFacts> Read() const override { return facts; }
-    std::optional<SystemFacts> facts = SystemFacts{QStringLiteral("Some System 12"), QStringLiteral("kernel 6.1"),
-                                                   QStringLiteral("x86_64"), 4, qint64{8} << 30};
 };
 
 class FakeServiceManager final : public ServiceManager {

@@ -17,15 +17,6 @@ struct ScratchStore : ScratchFolder {
         file.SetCurrentPath(Path(u"a.kvd"_qs));
     }
 
-    static QByteArray Bytes(const QString& file) {
-        QFile opened(file);
-        return opened.open(QIODevice::ReadOnly) ? opened.readAll() : QByteArray("<unreadable>");
-    }
-    static bool Put(const QString& file, const QByteArray& bytes) {
-        QFile opened(file);
-        return opened.open(QIODevice::WriteOnly) && opened.write(bytes) == bytes.size();
-    }
-
     LinuxOwnFiles files;
     clsXML document{files};
     FakePrompter prompter;

@@ -11,84 +11,44 @@
 class TestServiceMode final : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void doesWhatTheWordSays_data() {
-        QTest::addColumn<QString>("word");
-        QTest::addColumn<ServiceCaller>("caller");
-        QTest::addColumn<bool>("succeeds");
-        QTest::addColumn<QString>("asked"); // of the service manager
-        QTest::addColumn<QList<int>>("boxes");
-        QTest::addColumn<bool>("isProblem"); // icon of the boxes
-        QTest::addColumn<int>("end");        // -1: the program goes on
+    void doesWhatTheWordSays() {
+        /// What the service manager is asked, the boxes and, at its end, what the program ends with.
+        const auto done = [&](const QString& word, ServiceCaller caller, bool succeeds = true) -> QString {
+            FakeServiceManager manager;
+            manager.succeeds = succeeds;
+            FakePrompter prompter;
+            ServiceMode mode(manager, prompter, m_texts);
+            const auto end = mode.ServiceConfiguration(word, caller);
+            QStringList said = manager.asked;
+            for (const Message& box : prompter.shown)
+                said.append(box.text);
+            return said.join(u'|') + (end ? u" -> %1"_qs.arg(*end) : QString());
+        };
+        const auto text = [this](int id) { return m_texts.Text(id); };
         const auto line = ServiceCaller::CommandLine;
         const auto dialog = ServiceCaller::Dialog;
-        const auto row = [](const QString& word, ServiceCaller caller, bool succeeds, const QString& asked,
-                            const QList<int>& boxes, bool isProblem, int end) {
-            QTest::addRow("%s, caller %d, %d", qPrintable(word), static_cast<int>(caller), succeeds)
-                << word << caller << succeeds << asked << boxes << isProblem << end;
-        };
-        row(u"install"_qs, line, true, u"install"_qs, {412}, false, 0);
-        row(u"install"_qs, line, false, u"install"_qs, {413}, true, 1);
-        row(u"install"_qs, dialog, true, u"install"_qs, {412}, false, -1);
-        row(u"install"_qs, dialog, false, u"install"_qs, {413}, false, -1);
-        row(u"uninstall"_qs, line, true, u"uninstall"_qs, {414}, false, 0);
-        row(u"uninstall"_qs, line, false, u"uninstall"_qs, {415}, true, 1);
-        row(u"uninstall"_qs, dialog, true, u"uninstall"_qs, {414}, false, -1);
-        row(u"uninstall"_qs, dialog, false, u"uninstall"_qs, {415}, false, -1);
-        row(u"startservice"_qs, line, true, u"start Kalvenor"_qs, {}, false, 0);
-        row(u"startservice"_qs, line, false, u"start Kalvenor"_qs, {580}, true, 1);
-        row(u"startservice"_qs, dialog, true, u"start KalvenorPro"_qs, {426}, true, 0);
-        row(u"startservice"_qs, dialog, false, u"start KalvenorPro"_qs, {426, 580}, true, -1);
-        row(u"stopservice"_qs, line, true, u"stop Kalvenor"_qs, {}, false, 0);
-        row(u"stopservice"_qs, dialog, true, u"stop KalvenorPro"_qs, {425}, true, 0);
-        row(u"debug"_qs, line, true, {}, {}, false, -1);
-        row(u"initialize"_qs, line, true, {}, {}, false, -1);
-        row(QString(), line, true, {}, {}, false, -1);
-        row(QString(), dialog, true, {}, {}, false, -1);
-        row(u"Install"_qs, line, true, {}, {416}, true, -1);
-        row(u"start"_qs, dialog, true, {}, {416}, true, -1);
-    }
-    void doesWhatTheWordSays() {
-        QFETCH(QString, word);
-        QFETCH(ServiceCaller, caller);
-        QFETCH(QList<int>, boxes);
-        QFETCH(bool, isProblem);
-        QFETCH(bool, succeeds);
-        FakeServiceManager manager;
-        manager.succeeds = succeeds;
-        FakePrompter prompter;
-        ServiceMode mode(manager, prompter, m_texts);
-        QTEST(mode.ServiceConfiguration(word, caller).value_or(-1), "end");
-        QTEST(manager.asked.join(u'|'), "asked");
-        QCOMPARE(prompter.shown.size(), static_cast<std::size_t>(boxes.size()));
-        for (std::size_t i = 0; i < prompter.shown.size(); ++i) {
-            const Message& box = prompter.shown[i];
-            QCOMPARE(box.text, m_texts.Text(boxes.at(static_cast<qsizetype>(i))));
-            QCOMPARE(box.title, u"Kalvenor service configuration"_qs);
-            QCOMPARE(box.icon, isProblem ? MessageIcon::Exclamation : MessageIcon::Information);
-        }
-        QVERIFY(!manager.listener);
+        QCOMPARE(done(u"install"_qs, line), QString(u"install|" + text(412) + u" -> 0"));
+        QCOMPARE(done(u"install"_qs, line, false), QString(u"install|" + text(413) + u" -> 1"));
+        QCOMPARE(done(u"install"_qs, dialog, false), QString(u"install|" + text(413)));
+        QCOMPARE(done(u"uninstall"_qs, dialog), QString(u"uninstall|" + text(414)));
+        QCOMPARE(done(u"startservice"_qs, line, false), QString(u"start Kalvenor|" + text(580) + u" -> 1"));
+        QCOMPARE(done(u"startservice"_qs, dialog), QString(u"start KalvenorPro|" + text(426) + u" -> 0"));
+        QCOMPARE(done(u"startservice"_qs, dialog, false),
+                 QString(u"start KalvenorPro|" + text(426) + u'|' + text(580)));
+        QCOMPARE(done(u"stopservice"_qs, line), u"stop Kalvenor -> 0"_qs);
+        QCOMPARE(done(QString(), line), QString());
+        QCOMPARE(done(u"Install"_qs, line), text(416));
     }
 
-    void obeysTheServiceManager_data() {
-        QTest::addColumn<bool>("managed");
-        QTest::addColumn<bool>("debug");
-        QTest::newRow("a window") << false << false;
-        QTest::newRow("started by the manager") << true << false;
-        QTest::newRow("debug mode") << false << true;
-    }
     void obeysTheServiceManager() {
-        QFETCH(bool, managed);
-        QFETCH(bool, debug);
         FakeServiceManager manager;
         FakePrompter prompter;
         ServiceMode mode(manager, prompter, m_texts);
-        manager.runsThisProcess = managed;
-        if (debug)
-            QVERIFY(!mode.ServiceConfiguration(u"debug"_qs, ServiceCaller::CommandLine));
         QVERIFY(!mode.ServiceConfiguration(u"initialize"_qs, ServiceCaller::CommandLine));
-        QCOMPARE(manager.listener != nullptr, managed || debug);
-        if (!manager.listener)
-            return;
+        QVERIFY(!manager.listener); // a window
+        manager.runsThisProcess = true;
+        QVERIFY(!mode.ServiceConfiguration(u"initialize"_qs, ServiceCaller::CommandLine));
+        QVERIFY(manager.listener);
         QSignalSpy stopWanted(&mode, &ServiceMode::StopWanted);
         for (const auto control : {ServiceControl::Pause, ServiceControl::Continue, ServiceControl::Stop})
             manager.listener(control);
@@ -96,36 +56,22 @@ class TestServiceMode final : public QObject {
         QCOMPARE(stopWanted.size(), 1);
     }
 
-    void registersTheFileTypeOnce_data() {
-        QTest::addColumn<QString>("done");
-        QTest::addColumn<bool>("registers");
-        QTest::newRow("never") << QString() << true;
-        QTest::newRow("no") << u"0"_qs << true;
-        QTest::newRow("False") << u"False"_qs << true;
-        QTest::newRow("yes") << u"1"_qs << false;
-        QTest::newRow("True") << u"True"_qs << false;
-    }
     void registersTheFileTypeOnce() {
-        QFETCH(QString, done);
-        QFETCH(bool, registers);
-        MemorySettings settings;
-        const QString key = u"Kalvenor/Options/Done"_qs;
-        if (!done.isNull())
+        for (const QString& done : {QString(), u"False"_qs, u"1"_qs, u"True"_qs}) {
+            const bool registers = done.isEmpty() || done == u"False";
+            MemorySettings settings;
+            const QString key = u"Kalvenor/Options/Done"_qs;
             settings.values[key] = done;
-        FakeFileTypes types;
-        types.error = std::make_error_code(std::errc::read_only_file_system);
-        clsAssocFile assoc(types, settings, m_texts);
-        for (int start = 0; start < 2; ++start)
-            assoc.RegisterOnce({"/opt/k", "/home/u"});
-        QCOMPARE(types.registered.size(), std::size_t(registers ? 1 : 0));
-        QCOMPARE(settings.values[key], registers ? u"1"_qs : done);
-        if (!registers)
-            return;
-        const FileType& type = types.registered.front();
-        QCOMPARE(type.program.string(), std::string("/opt/k/Kalvenor"));
-        QCOMPARE(type.icon.string(), std::string("/opt/k/kvd.ico"));
-        QCOMPARE(type.extension, u".kvd"_qs);
-        QVERIFY(!type.description.isEmpty());
+            FakeFileTypes types;
+            types.error = std::make_error_code(std::errc::read_only_file_system);
+            clsAssocFile assoc(types, settings, m_texts);
+            for (int start = 0; start < 2; ++start)
+                assoc.RegisterOnce({"/opt/k", "/home/u"});
+            QCOMPARE(types.registered.size(), std::size_t(registers ? 1 : 0));
+            QCOMPARE(settings.values[key], registers ? u"1"_qs : done);
+            if (registers)
+                QCOMPARE(types.registered.front().program.string(), std::string("/opt/k/Kalvenor"));
+        }
     }
 
   private:

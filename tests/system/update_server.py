@@ -3,20 +3,13 @@ import http.server
 import time
 
 RELEASE = b"[~UP]\r\nVersion=2.2.0\r\nRelease=24.12.2026\r\nSize=3 MB\r\nInfo=\"Much better\"\r\n"
-LIMIT = 64 * 1024
 BODIES = {
     "newer": RELEASE,
-    "older": RELEASE.replace(b"2.2.0", b"1.9.9"),
     "equal": RELEASE.replace(b"2.2.0", b"2.1.0"),
     "novalue": RELEASE.replace(b"2.2.0", b""),
-    "empty": b"",
     "html": b"<html><body>Version=2.2.0</body></html>",
-    "full": RELEASE + b";" * (LIMIT - len(RELEASE)),
-    "overfull": RELEASE + b";" * (LIMIT + 1 - len(RELEASE)),
     "missing": RELEASE,
-    "partial": RELEASE,
     "cut": RELEASE,
-    "stuck": RELEASE,
 }
 TARGETS = {"moved": "/newer/Version.inf", "tofile": "file:///etc/hostname", "circle": "/circle/Version.inf"}
 
@@ -41,10 +34,7 @@ class Folders(http.server.BaseHTTPRequestHandler):
             time.sleep(60)
         else:
             body = BODIES[folder]
-            self.answer({"missing": 404, "partial": 206}.get(folder, 200), body,
-                        length=len(body) + (folder in ("cut", "stuck")))
-            if folder == "stuck":
-                time.sleep(60)
+            self.answer(404 if folder == "missing" else 200, body, length=len(body) + (folder == "cut"))
 
     def answer(self, status, body, length=None, **headers):
         self.send_response(status)

@@ -8,32 +8,20 @@
 #include "clsGetSystemDirectoryPaths.h"
 #include "frmOptions.h"
 
-class FakeMailClient final : public DesktopMailClient {
-  public:
-    void Send(const DesktopMail& /*mail*/) override {}
-    bool IsMailHandler() override { return true; }
-    std::optional<QStringList> Contacts() override { return contacts; }
-    std::optional<QStringList> contacts;
-};
-
 struct EditorWorld {
     ScratchStore store;
     FakeFilePicker picker;
     MemorySettings settings;
     FakeClock clock;
-    FakeMailClient mailClient;
-    NoDesktopMailClient noMailClient;
+    NoDesktopMailClient mail;
     clsGetSystemDirectoryPaths system{"/usr", "/etc", "/"};
     int writes = 0;
     QString writtenName;
     ActivityRecord written;
 
-    EditorServices Services(bool hasMailClient = true, Language language = Language::English) {
-        static const StringTable german(Language::German);
-        DesktopMailClient& mail = hasMailClient ? static_cast<DesktopMailClient&>(mailClient) : noMailClient;
-        const StringTable& texts = language == Language::German ? german : store.texts;
+    EditorServices Services() {
         const QLocale locale(QLocale::German, QLocale::Germany);
-        return {texts, store.prompter, picker, store.files, settings, clock, mail, system, locale};
+        return {store.texts, store.prompter, picker, store.files, settings, clock, mail, system, locale};
     }
     frmOptions::Request Request(const QString& name, const ActivityRecord& record) {
         return {name,
