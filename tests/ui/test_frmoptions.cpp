@@ -127,6 +127,19 @@ class TestFrmOptions : public QObject {
         QCOMPARE(kept(F::Interval, ""), q("1"));
     }
 
+    void enterSavesWhateverButtonTheDesktopPutsFirst() {
+        for (const char* layout : {"0", "3"}) { // OK first, Cancel first
+            qApp->setStyleSheet(u"QDialogButtonBox { button-layout: %1 }"_qs.arg(QLatin1String(layout)));
+            EditorWorld world;
+            frmOptions form(world.Services(), world.Request(q("A"), world.Usable()));
+            form.show();
+            QVERIFY(QTest::qWaitForWindowActive(&form));
+            QTest::keyClick(form.focusWidget(), Qt::Key_Return);
+            QCOMPARE(world.writes, 1);
+        }
+        qApp->setStyleSheet(QString());
+    }
+
     void aChoiceTakesAwayWhatItCannotUse() {
         EditorWorld world;
         frmOptions form(world.Services(), world.Request(q("A"), world.Usable()));
