@@ -147,6 +147,12 @@ class TestSendMail final : public QObject {
         QVERIFY(mail[u"content"].toString().contains(u"\r\n\r\nGuten Tag\r\n"));
         QCOMPARE(client.statuses.mid(client.statuses.size() - 2),
                  (QStringList{u"Transmission Complete..."_qs, u"Closing Connection..."_qs}));
+        // What goes meanwhile ends the mail at once, without the mark that makes a server take it.
+        const QString attached = pop.folder.filePath(u"attached"_qs);
+        QVERIFY(QFile(attached).open(QIODevice::WriteOnly));
+        client.mail.SetAttachment(attached);
+        QVERIFY(QFile::remove(attached) && !client.Send());
+        QCOMPARE(client.failures.last(), u"attached: The file you tried to attach does not exist"_qs);
     }
 
     void asksForTheMailHost() {
