@@ -1,5 +1,5 @@
 // The entries that start the program with the session or by a double click, dial-up lines among the network interfaces,
-// and setting the clock.
+// and who is asked to set the clock.
 #include "DesktopTexts.h"
 #include "LinuxAutostart.h"
 #include "LinuxDialUp.h"
@@ -7,6 +7,10 @@
 #include "LinuxSystemClock.h"
 #include "ScratchFolder.h"
 
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVirtualObject>
+#include <QProcess>
 #include <QTest>
 #include <memory>
 #include <net/if.h>
@@ -17,13 +21,45 @@ namespace {
 
 const QString autostart = u"config/autostart/Kalvenor.desktop"_qs;
 
+/// timedated on a bus of the test's own: writes down what it is asked and answers as it is told.
+class FakeTimedated final : public QDBusVirtualObject {
+  public:
+    FakeTimedated() {
+        m_bus.start(u"dbus-daemon"_qs, {u"--session"_qs, u"--nofork"_qs, u"--print-address"_qs});
+        m_bus.waitForReadyRead();
+        const QByteArray address = m_bus.readLine().trimmed();
+        // Never the real one, even when there is none of ours: its clock is not for tests.
+        qputenv("DBUS_SYSTEM_BUS_ADDRESS", address.isEmpty() ? "unix:path=/nowhere" : address);
+        QDBusConnection service = QDBusConnection::connectToBus(QString::fromUtf8(address), u"timedated"_qs);
+        isOffered = service.registerVirtualObject(u"/org/freedesktop/timedate1"_qs, this) &&
+                    service.registerService(u"org.freedesktop.timedate1"_qs);
+    }
+    ~FakeTimedated() override {
+        QDBusConnection::disconnectFromBus(u"timedated"_qs);
+        m_bus.kill();
+        m_bus.waitForFinished();
+    }
+    QString introspect(const QString&) const override { return {}; }
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override {
+        calls.append(message);
+        return connection.send(refusal.isEmpty() ? message.createReply()
+                                                 : message.createErrorReply(u"org.test.Refused"_qs, refusal));
+    }
+    bool isOffered = false;
+    QList<QDBusMessage> calls;
+    QString refusal;
+
+  private:
+    QProcess m_bus;
+};
+
 /// The system call: fails with the number, or takes the time.
 int settimeError = 0;
-timespec settimeGiven{};
 int settime(clockid_t, const timespec* value) {
     errno = settimeError;
-    settimeGiven = *value;
-    return settimeError == 0 ? 0 : -1;
+    // Before 1970 the whole second is the one before.
+    const bool isExpected = settimeError != 0 || (value->tv_sec == -2 && value->tv_nsec == 500'000'000);
+    return settimeError == 0 && isExpected ? 0 : -1;
 }
 
 } // namespace
@@ -90,18 +126,31 @@ class TestDesktop final : public QObject {
         QVERIFY(!IsOneDialUp({ethernet, noAddress, down}) && !IsOneDialUp({modem, mobile}));
     }
 
-    void setsTheClockOrSaysWhyNot() {
-        qputenv("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=/nowhere"); // never the real one: its clock is not for tests
+    void setsTheClockItselfOrAsksTimedated() {
+        FakeTimedated timedated;
+        QVERIFY(timedated.isOffered);
         QStringList outcomes;
         const auto outcome = [&](const QString& reason) { outcomes.append(reason); };
         LinuxSystemClock clock(&settime);
-        for (const int error : {0, EINVAL, EPERM}) {
+        const auto set = [&](int error, std::chrono::system_clock::time_point time) {
             settimeError = error;
-            clock.Set(std::chrono::system_clock::time_point(-1500ms), outcome);
-        }
-        QCOMPARE(outcomes, (QStringList{QString(), u"Invalid argument"_qs, u"Operation not permitted"_qs}));
-        QCOMPARE(settimeGiven.tv_sec, time_t(-2));
-        QCOMPARE(settimeGiven.tv_nsec, 500000000L);
+            clock.Set(time, outcome);
+        };
+        set(0, std::chrono::system_clock::time_point(-1500ms));
+        set(EINVAL, {});
+        QCOMPARE(outcomes, (QStringList{QString(), u"Invalid argument"_qs}));
+        set(EPERM, std::chrono::system_clock::now() + 1h);
+        QTRY_COMPARE(outcomes.size(), 3);
+        QCOMPARE(outcomes.last(), QString());
+        const QDBusMessage call = timedated.calls.first();
+        QCOMPARE(call.member() + call.signature(), u"SetTimexbb"_qs);
+        const std::chrono::microseconds step(call.arguments().first().toLongLong());
+        QVERIFY(step <= 1h && step > 59min);
+        QCOMPARE(call.arguments().mid(1), QVariantList({true, true})); // a step; a password may be asked for
+        timedated.refusal = u"Automatic time synchronization is enabled"_qs;
+        set(EPERM, std::chrono::system_clock::now());
+        QTRY_COMPARE(outcomes.size(), 4);
+        QCOMPARE(outcomes.last(), u"Operation not permitted: "_qs + timedated.refusal);
     }
 
   private:

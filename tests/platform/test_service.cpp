@@ -95,6 +95,23 @@ class TestService final : public QObject {
         QCOMPARE(scratch.Unit(), ServiceUnit::Text("/opt/old/Kalvenor").value());
     }
 
+    void startsThroughTheInterpreter() {
+        Scratch scratch;
+        LinuxServiceManager manager = scratch.Manager();
+        scratch.Program(u"interpreter"_qs, {});
+        qputenv("COMSPEC", scratch.folder.filePath(u"bin/interpreter"_qs).toUtf8());
+        QVERIFY(manager.Start(u"Kalvenor"_qs));
+        QTRY_COMPARE(scratch.Calls(), QByteArray("/c net start Kalvenor\n"));
+        qputenv("COMSPEC", "/nowhere/interpreter");
+        QVERIFY(!manager.Stop(u"Kalvenor"_qs));
+    }
+
+    void writesEventsForTheJournal() {
+        QCOMPARE(EventLine(ServiceEvent::Error, 109, u"A\nB"_qs, true), QByteArray("<3>A B [109]\n"));
+        QCOMPARE(EventLine(ServiceEvent::Information, 110, u"A"_qs, true), QByteArray("<6>A [110]\n"));
+        QCOMPARE(EventLine(ServiceEvent::Error, 109, u"A"_qs, false), QByteArray("A [109]\n"));
+    }
+
     void notifies() {
         const QTemporaryDir folder;
         const QByteArray name = "@" + folder.filePath(u"notify"_qs).toUtf8(); // in the kernel, not on the disk
@@ -106,6 +123,7 @@ class TestService final : public QObject {
         QCOMPARE(bind(receiver.Get(), reinterpret_cast<const sockaddr*>(&address), static_cast<socklen_t>(length)), 0);
         qputenv("NOTIFY_SOCKET", name);
         LinuxServiceManager manager({}, {}, ServiceNotifier::FromEnvironment());
+        QVERIFY(!qEnvironmentVariableIsSet("NOTIFY_SOCKET")); // what an activity starts is not the service
         manager.NotifyReady();
         manager.NotifyStopping();
         for (const char* expected : {"READY=1", "STOPPING=1"}) {
