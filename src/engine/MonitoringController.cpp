@@ -11,7 +11,6 @@
 #include "RunState.h"
 #include "StringTable.h"
 
-
 MonitoringController::MonitoringController(const Parts& parts) : m_parts(parts) {}
 
 MonitoringController::~MonitoringController() = default;
