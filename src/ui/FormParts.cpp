@@ -1,5 +1,6 @@
 #include "FormParts.h"
 
+#include <QBoxLayout>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QRegularExpression>
@@ -53,4 +54,16 @@ QToolButton* FormParts::SignButton(const char* objectName, const QString& sign, 
     button->setToolTip(Spoken(caption).toHtmlEscaped());
     button->setFocusPolicy(Qt::StrongFocus);
     return button;
+}
+
+void FormParts::LayOut(QWidget& form, QWidget& picture, QLayout& words, QWidget& buttons) {
+    auto* top = new QHBoxLayout;
+    top->setSpacing(16);
+    top->addWidget(&picture);
+    top->addLayout(&words, 1);
+    auto* all = new QVBoxLayout(&form);
+    all->setContentsMargins(16, 16, 16, 12);
+    all->setSpacing(16);
+    all->addLayout(top, 1);
+    all->addWidget(&buttons);
 }

@@ -27,4 +27,7 @@ void Name(QWidget& widget, const char* objectName, const QString& caption);
 /// A button with a sign instead of a caption, which shows the caption as its tooltip.
 [[nodiscard]] QToolButton* SignButton(const char* objectName, const QString& sign, const QString& caption);
 
+/// A form that says something: the picture beside the words, the buttons below.
+void LayOut(QWidget& form, QWidget& picture, QLayout& words, QWidget& buttons);
+
 } // namespace FormParts

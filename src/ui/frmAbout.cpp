@@ -1,9 +1,9 @@
 #include "frmAbout.h"
 
+#include "FormParts.h"
 #include "Icons.h"
 #include "StringTable.h"
 #include <QDialogButtonBox>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -68,14 +68,6 @@ frmAbout::frmAbout(const StringTable& texts, QWidget* parent) : QDialog(parent) 
     words->addWidget(notice, 1);
     words->addSpacing(8);
     words->addWidget(link);
-    auto* top = new QHBoxLayout;
-    top->setSpacing(16);
-    top->addWidget(picture);
-    top->addLayout(words, 1);
-    auto* all = new QVBoxLayout(this);
-    all->setContentsMargins(16, 16, 16, 12);
-    all->setSpacing(16);
-    all->addLayout(top, 1);
-    all->addWidget(buttons);
+    FormParts::LayOut(*this, *picture, *words, *buttons);
     ok->setFocus();
 }

@@ -1,8 +1,8 @@
 #include "frmDisclaimer.h"
 
+#include "FormParts.h"
 #include "StringTable.h"
 #include <QDialogButtonBox>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QStyle>
@@ -53,13 +53,5 @@ frmDisclaimer::frmDisclaimer(const StringTable& texts, QWidget* parent) : QDialo
     words->setSpacing(8);
     words->addWidget(heading);
     words->addWidget(notice, 1);
-    auto* top = new QHBoxLayout;
-    top->setSpacing(16);
-    top->addWidget(sign);
-    top->addLayout(words, 1);
-    auto* all = new QVBoxLayout(this);
-    all->setContentsMargins(16, 16, 16, 12);
-    all->setSpacing(16);
-    all->addLayout(top, 1);
-    all->addWidget(buttons);
+    FormParts::LayOut(*this, *sign, *words, *buttons);
 }
