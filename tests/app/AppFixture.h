@@ -12,8 +12,8 @@ class AppFixture : public FakeWorld {
 
     /// An existing folder below the temporary root.
     QString Folder(const QString& name) {
-        QDir().mkpath(dir.filePath(name));
-        return dir.filePath(name);
+        QDir().mkpath(Path(name));
+        return Path(name);
     }
     QString DefaultFile() { return Folder(u"program"_qs) + u"/Kalvenor.kvd"_qs; }
     void AcceptNotice() { settings->values[u"Kalvenor/Options/Accepted"_qs] = u"Yes"_qs; }

@@ -17,7 +17,7 @@ struct World : AppFixture {
               u"<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><items>"_qs + Activity(u"Other"_qs) + u"</items>"_qs);
         prompter.yes = true;
     }
-    const QString other = dir.filePath(u"other.kvd"_qs);
+    const QString other = Path(u"other.kvd"_qs);
 };
 
 } // namespace
@@ -94,7 +94,7 @@ class TestCommands final : public QObject {
         world.prompter.yes = !chosen.isEmpty();
         Window window(world);
         window.program.Monitoring().ToggleMonitoring();
-        window.picker.answers = {world.dir.filePath(chosen)};
+        window.picker.answers = {world.Path(chosen)};
         window.Command("mnuImportActivities").trigger();
         QCOMPARE(window.Names(), imported ? QStringList{u"Other"_qs} : three);
         QCOMPARE(world.prompter.shown.size(), static_cast<std::size_t>(boxes.size()));
@@ -118,7 +118,7 @@ class TestCommands final : public QObject {
         World world;
         Window window(world);
         window.program.Monitoring().ToggleMonitoring();
-        const QString path = world.dir.filePath(chosen);
+        const QString path = world.Path(chosen);
         window.picker.answers = {path};
         window.Command("mnuExportActivities").trigger();
         QVERIFY(window.program.Monitoring().IsOn());

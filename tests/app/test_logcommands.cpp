@@ -79,7 +79,7 @@ class TestLogCommands : public QObject {
                 scene.commands->DeleteActivityLog(u"A"_qs);
             if (before && !scene.Exists(log))
                 scene.prompter.shown.push_back({{}, u"gone"_qs});
-            return scene.prompter.Told().join(u' ').replace(scene.dir.path(), u"~"_qs);
+            return scene.prompter.Told().join(u' ').replace(scene.Path(), u"~"_qs);
         };
         const QString ask = u"Delete Kalvenor logfile: Really delete the Kalvenor logfile?"_qs;
         const QString none = u"No logfile found: No logfile found for Kalvenor Pro."_qs;

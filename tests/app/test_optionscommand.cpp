@@ -26,7 +26,6 @@ struct Scene : AppFixture {
         command.ShowOptions();
     }
     QString Stored(const QString& key) const { return settings->values.value(u"Kalvenor/Options/"_qs + key); }
-    QString Path(const char* name) const { return dir.filePath(QLatin1String(name)); }
 
     Program program{services, prompter, keys, texts};
     DialogHost dialogs;

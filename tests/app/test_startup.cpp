@@ -70,9 +70,9 @@ class TestStartUp : public QObject {
     void takesAFileThatIsThere() {
         for (const QString& argument : {u"%1/other.kvd"_qs, u"%1/none.kvd"_qs, u"%1/program"_qs}) {
             World world;
-            const QString path = QString(argument).replace(u"%1"_qs, world.dir.path());
+            const QString path = QString(argument).replace(u"%1"_qs, world.Path());
             const bool taken = argument == u"%1/other.kvd";
-            AppFixture::Write(world.dir.filePath(u"other.kvd"_qs),
+            AppFixture::Write(world.Path(u"other.kvd"_qs),
                               u"<?xml version=\"1.0\"?><items>"_qs + world.Activity(u"A"_qs) + u"</items>"_qs);
             QCOMPARE(world.Start({path}), StartUpResult::Running);
             QVERIFY(QFile::exists(world.DefaultFile())); // ensured in any case

@@ -153,7 +153,7 @@ class TestSynchronisation final : public QObject {
         fixture.Write(u"src/sub/folder/f"_qs, "1");
         fixture.Write(u"dst/sub/folder/f"_qs, "2");
         Program& program = fixture.Start();
-        const fs::path root = fixture.dir.path().toStdString();
+        const fs::path root = fixture.Native();
         for (const auto& entry : fs::recursive_directory_iterator(root))
             fs::permissions(entry.path(), fs::perms::all);
         fs::permissions(root, fs::perms::all);
@@ -210,7 +210,7 @@ class TestSynchronisation final : public QObject {
         fixture.Write(u"dst/folderOverFile"_qs, "4");
         fixture.Write(u"src/good"_qs, "5");
         fixture.Write(u"elsewhere/e"_qs, "6");
-        const fs::path root = fixture.dir.path().toStdString();
+        const fs::path root = fixture.Native();
         QCOMPARE(mkfifo((root / "src/fifo").c_str(), 0600), 0);
         fs::create_symlink("nowhere", root / "src/dangling");
         fs::create_directory_symlink(root / "elsewhere", root / "src/folderLink");

@@ -3,12 +3,9 @@
 
 #include "Fakes.h"
 #include "Program.h"
+#include "ScratchFolder.h"
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-
-class FakeWorld {
+class FakeWorld : public ScratchFolder {
   public:
     FakeWorld() {
         services = MakePlatformServices();
@@ -24,11 +21,10 @@ class FakeWorld {
         services.systemClock = own(systemClock);
         services.dialUp = own(dialUp);
         services.fileTypes = own(fileTypes);
-        services.places.programFolder = dir.path().toStdString();
-        services.places.userDataFolder = dir.filePath(QStringLiteral("data")).toStdString();
+        services.places.programFolder = Native();
+        services.places.userDataFolder = Native(QStringLiteral("data"));
     }
 
-    QTemporaryDir dir;
     FakeClock* clock = nullptr;
     FakeEventPump* pump = nullptr;
     MemorySettings* settings = nullptr;

@@ -9,23 +9,12 @@ class ProgramFixture : public FakeWorld {
   public:
     using Fields = QMap<QString, QString>;
 
-    QString Path(const QString& relative) const { return dir.filePath(relative); }
-
     void Write(const QString& relative, const QByteArray& bytes, qint64 modifiedSeconds = 1'700'000'000) const {
-        QDir().mkpath(QFileInfo(Path(relative)).path());
+        QVERIFY(ScratchFolder::Write(relative, bytes));
         QFile file(Path(relative));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        QCOMPARE(file.write(bytes), bytes.size());
-        QVERIFY(file.flush());
+        QVERIFY(file.open(QIODevice::ReadWrite));
         file.setFileTime(QDateTime::fromSecsSinceEpoch(modifiedSeconds), QFileDevice::FileModificationTime);
     }
-
-    QByteArray Read(const QString& relative) const {
-        QFile file(Path(relative));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
-    }
-
-    bool Exists(const QString& relative) const { return QFileInfo::exists(Path(relative)); }
 
     /// An activity with sensible fields; `fields` replaces or adds some.
     void Add(const QString& name, const Fields& fields = {}) {
@@ -87,7 +76,7 @@ class ProgramFixture : public FakeWorld {
             line.remove(0, line.indexOf(QStringLiteral("] ")) + 2);
             const QString prefix = QStringLiteral("Activity '") + name + QStringLiteral("' - ");
             if (line.startsWith(prefix))
-                lines.append(line.mid(prefix.size()).replace(dir.path(), QStringLiteral("~")));
+                lines.append(line.mid(prefix.size()).replace(Path(), QStringLiteral("~")));
         }
         return lines;
     }
