@@ -106,6 +106,12 @@ std::error_code AtomicFile::Replace(const fs::path& file, const QByteArray& byte
     return error ? error : SyncNames({folder});
 }
 
+std::error_code AtomicFile::Put(const fs::path& file, const QByteArray& bytes, mode_t newMode) {
+    std::error_code error;
+    fs::create_directories(FolderOf(file), error);
+    return error ? error : Replace(file, bytes, newMode);
+}
+
 std::error_code AtomicFile::Create(const fs::path& file, const QByteArray& bytes, mode_t newMode) {
     std::error_code error;
     const std::shared_ptr<LinuxFolder> folder = OpenFolderOf(file, error);

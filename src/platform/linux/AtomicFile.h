@@ -13,6 +13,9 @@ namespace AtomicFile {
 /// keeps its permission bits; one that is write-protected, or no regular file, is refused.
 [[nodiscard]] std::error_code Replace(const std::filesystem::path& file, const QByteArray& bytes, mode_t newMode);
 
+/// Replace, with the folders above the file made where they are missing.
+[[nodiscard]] std::error_code Put(const std::filesystem::path& file, const QByteArray& bytes, mode_t newMode);
+
 /// Creates the file; std::errc::file_exists when the name is taken, even by a dangling link.
 [[nodiscard]] std::error_code Create(const std::filesystem::path& file, const QByteArray& bytes, mode_t newMode);
 

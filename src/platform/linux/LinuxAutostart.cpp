@@ -32,17 +32,13 @@ std::error_code LinuxAutostart::Create(const QString& name, const fs::path& prog
     const fs::path entry = entryOf(name);
     if (entry.empty())
         return std::make_error_code(std::errc::no_such_file_or_directory);
-    std::error_code error;
-    fs::create_directories(entry.parent_path(), error);
-    if (error)
-        return error;
     const QByteArray content = "[Desktop Entry]\n"
                                "Type=Application\n"
                                "Name=" +
                                name.toUtf8() + "\nExec=" + DesktopTexts::ExecProgram(program) +
                                "\n"
                                "Terminal=false\n";
-    return AtomicFile::Replace(entry, content, entryMode);
+    return AtomicFile::Put(entry, content, entryMode);
 }
 
 std::error_code LinuxAutostart::Remove(const QString& name) {

@@ -15,12 +15,6 @@ constexpr mode_t publicFile = 0644;
 constexpr std::chrono::seconds patience{3};
 constexpr std::int64_t mostBytes = 1 << 20;
 
-std::error_code replace(const fs::path& file, const QByteArray& bytes) {
-    std::error_code error;
-    fs::create_directories(file.parent_path(), error);
-    return error ? error : AtomicFile::Replace(file, bytes, publicFile);
-}
-
 void update(const char* tool, const fs::path& folder) {
     // Its failure changes nothing for us: see the header.
     static_cast<void>(Tool::Run(QString::fromLatin1(tool), {QFile::decodeName(folder.c_str())}, patience));
@@ -31,10 +25,11 @@ void update(const char* tool, const fs::path& folder) {
 std::error_code LinuxFileTypes::Register(const FileType& type) {
     if (m_dataHome.empty() || m_configHome.empty())
         return std::make_error_code(std::errc::no_such_file_or_directory);
-    std::error_code error =
-        replace(m_dataHome / "mime/packages/kalvenor-activities.xml", DesktopTexts::MimePackage(type));
+    std::error_code error = AtomicFile::Put(m_dataHome / "mime/packages/kalvenor-activities.xml",
+                                            DesktopTexts::MimePackage(type), publicFile);
     if (!error)
-        error = replace(m_dataHome / "applications" / DesktopTexts::EntryName, DesktopTexts::Entry(type));
+        error = AtomicFile::Put(m_dataHome / "applications" / DesktopTexts::EntryName, DesktopTexts::Entry(type),
+                                publicFile);
     if (!error)
         error = makeDefault();
     if (error)
@@ -56,5 +51,5 @@ std::error_code LinuxFileTypes::makeDefault() const {
     IniFile list(bytes);
     if (!list.SetValue(section, key, DesktopTexts::Defaults(list.Value(section, key).value_or(QString()).trimmed())))
         return std::make_error_code(std::errc::invalid_argument);
-    return list.Bytes() == bytes ? std::error_code() : replace(file, list.Bytes());
+    return list.Bytes() == bytes ? std::error_code() : AtomicFile::Put(file, list.Bytes(), publicFile);
 }

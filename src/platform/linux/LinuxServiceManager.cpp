@@ -58,17 +58,16 @@ bool LinuxServiceManager::Install() {
     const std::optional<QByteArray> text = ServiceUnit::Text(m_program);
     if (!text || m_unit.empty())
         return false;
-    std::error_code error;
-    fs::create_directories(m_unit.parent_path(), error);
     QByteArray former;
     const std::error_code noFormer = LinuxOwnFiles().ReadAll(m_unit, mostBytes, former);
     if (noFormer && noFormer != std::errc::no_such_file_or_directory)
         return false;
-    if (AtomicFile::Replace(m_unit, *text, unitMode))
+    if (AtomicFile::Put(m_unit, *text, unitMode))
         return false;
     if (reload() && systemctl({QStringLiteral("enable"), QString::fromLatin1(ServiceUnit::FileName)}))
         return true;
     // A unit that nobody enabled would look installed.
+    std::error_code error;
     if (noFormer)
         fs::remove(m_unit, error);
     else

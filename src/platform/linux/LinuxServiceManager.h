@@ -1,7 +1,7 @@
 // The user's own systemd: the service is a unit file below $XDG_CONFIG_HOME/systemd/user, which `systemctl --user`
 // enables, starts and stops. Owns the name of the socket for notices and the handlers of SIGUSR1 and SIGUSR2, which are
-// Pause and Continue here. Entries for the event log are lines on standard
-// error, with the priority in front when that is the journal (sd-daemon(3)).
+// Pause and Continue here. Entries for the event log are lines on standard error, with the priority in front when that
+// is the journal (sd-daemon(3)).
 #pragma once
 
 #include "ServiceManager.h"
