@@ -11,8 +11,7 @@ HeadlessHost::HeadlessHost(Program& program, HeadlessLog& log) : m_program(progr
 std::optional<int> HeadlessHost::Start(const CommandLine& commandLine) {
     const StringTable& texts = m_program.Texts();
     if (!m_program.IsNoticeAccepted()) {
-        m_log.Line(HeadlessLog::Priority::Error, texts.Text(110) + QLatin1Char(' ') + texts.Text(109));
-        m_log.Line(HeadlessLog::Priority::Error, texts.Text(439));
+        m_log.NoticeNotAccepted(texts);
         return NoticeNotAccepted;
     }
     switch (RunStartUp(m_program, commandLine, *this)) {

@@ -1,5 +1,6 @@
 #include "HeadlessLog.h"
 
+#include "StringTable.h"
 #include <QtGlobal>
 #include <iostream>
 
@@ -13,4 +14,9 @@ void HeadlessLog::Line(Priority priority, const QString& text) {
     if (m_journal)
         m_stream << '<' << static_cast<int>(priority) << '>';
     m_stream << text.simplified().toStdString() << '\n' << std::flush;
+}
+
+void HeadlessLog::NoticeNotAccepted(const StringTable& texts) {
+    Line(Priority::Error, texts.Text(110) + QLatin1Char(' ') + texts.Text(109));
+    Line(Priority::Error, texts.Text(439));
 }

@@ -5,6 +5,8 @@
 #include <QString>
 #include <iosfwd>
 
+class StringTable;
+
 class HeadlessLog final {
   public:
     /// Priorities of the journal, as in syslog(3).
@@ -18,6 +20,9 @@ class HeadlessLog final {
 
     /// Line breaks inside the text become blanks: one message, one line.
     void Line(Priority priority, const QString& text);
+
+    /// The notice of possible data loss, and how to accept it.
+    void NoticeNotAccepted(const StringTable& texts);
 
   private:
     std::ostream& m_stream;

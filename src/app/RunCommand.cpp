@@ -22,9 +22,7 @@ void RunCommand::complain(const QString& text) {
 
 RunCommand::ExitCode RunCommand::Execute(const Request& request) {
     if (!m_program.IsNoticeAccepted()) {
-        const StringTable& texts = m_program.Texts();
-        m_log.Line(HeadlessLog::Priority::Error, texts.Text(110) + QLatin1Char(' ') + texts.Text(109));
-        m_log.Line(HeadlessLog::Priority::Error, texts.Text(439));
+        m_log.NoticeNotAccepted(m_program.Texts());
         return NoticeNotAccepted;
     }
     const std::filesystem::path path = modNativePath::Absolute(request.file);

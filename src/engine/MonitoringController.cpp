@@ -128,13 +128,13 @@ void MonitoringController::endByItself() {
     if (m_parts.options.ShutdownWhenIdle()) {
         const QString& last = m_parts.runState.lastProcessed;
         const QString name = last.isEmpty() ? m_parts.list.NameAt(0) : last;
-        const QString line = m_parts.texts.Text(223) + name + m_parts.texts.Text(224);
-        m_parts.logs.SetActivityStatus(name, line);
-        m_parts.logs.WriteAppLog(line);
-        if (!m_parts.power.PowerOff()) {
-            m_parts.logs.SetActivityStatus(name, m_parts.texts.Text(584));
-            m_parts.logs.WriteAppLog(m_parts.texts.Text(584));
-        }
+        const auto tell = [&](const QString& line) {
+            m_parts.logs.SetActivityStatus(name, line);
+            m_parts.logs.WriteAppLog(line);
+        };
+        tell(m_parts.texts.Text(223) + name + m_parts.texts.Text(224));
+        if (!m_parts.power.PowerOff())
+            tell(m_parts.texts.Text(584));
     }
     m_parts.prompter.Ask(
         {m_parts.texts.Text(225), m_parts.texts.Text(221), MessageIcon::Information, MessageButtons::Ok});

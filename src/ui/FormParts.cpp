@@ -29,6 +29,13 @@ QLabel* FormParts::Label(const QString& caption, QWidget& field) {
     return label;
 }
 
+QLabel* FormParts::PlainText(const char* objectName, const QString& text) {
+    auto* label = new QLabel(text);
+    label->setTextFormat(Qt::PlainText);
+    label->setObjectName(QLatin1String(objectName));
+    return label;
+}
+
 QCheckBox* FormParts::CheckBox(const char* objectName, const QString& caption) {
     auto* box = new QCheckBox(caption);
     Name(*box, objectName, caption);

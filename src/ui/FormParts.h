@@ -20,6 +20,9 @@ void Name(QWidget& widget, const char* objectName, const QString& caption);
 /// A label that leads to its field and names it. A missing colon is added.
 [[nodiscard]] QLabel* Label(const QString& caption, QWidget& field);
 
+/// Words of their own, which lead to no field.
+[[nodiscard]] QLabel* PlainText(const char* objectName, const QString& text);
+
 [[nodiscard]] QCheckBox* CheckBox(const char* objectName, const QString& caption);
 [[nodiscard]] QRadioButton* Option(const char* objectName, const QString& caption);
 [[nodiscard]] QGroupBox* Group(const QString& caption);

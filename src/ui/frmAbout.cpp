@@ -10,15 +10,8 @@
 
 namespace {
 
-QLabel* plainLabel(const QString& text, const QString& objectName) {
-    auto* label = new QLabel(text);
-    label->setTextFormat(Qt::PlainText);
-    label->setObjectName(objectName);
-    return label;
-}
-
 QLabel* nameLabel() {
-    QLabel* name = plainLabel(QStringLiteral("Kalvenor Pro"), QStringLiteral("lblName"));
+    QLabel* name = FormParts::PlainText("lblName", QStringLiteral("Kalvenor Pro"));
     QFont large = name->font();
     large.setBold(true);
     large.setPointSizeF(large.pointSizeF() * 1.5);
@@ -44,8 +37,8 @@ frmAbout::frmAbout(const StringTable& texts, QWidget* parent) : QDialog(parent) 
     auto* picture = new QLabel;
     picture->setPixmap(Icons::Icon(Icons::Picture::Monitoring).pixmap(64, 64));
     picture->setAlignment(Qt::AlignTop);
-    QLabel* version = plainLabel(texts.Text(528).arg(QStringLiteral(KALVENOR_VERSION)), QStringLiteral("lblVersion"));
-    QLabel* notice = plainLabel(texts.Text(529), QStringLiteral("lblNotice"));
+    QLabel* version = FormParts::PlainText("lblVersion", texts.Text(528).arg(QStringLiteral(KALVENOR_VERSION)));
+    QLabel* notice = FormParts::PlainText("lblNotice", texts.Text(529));
     notice->setWordWrap(true);
     notice->setMinimumWidth(notice->fontMetrics().averageCharWidth() * 60);
     QLabel* link = linkLabel(texts.Text(103));

@@ -8,17 +8,6 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
-namespace {
-
-QLabel* plainLabel(const QString& text, const QString& objectName) {
-    auto* label = new QLabel(text);
-    label->setTextFormat(Qt::PlainText);
-    label->setObjectName(objectName);
-    return label;
-}
-
-} // namespace
-
 frmDisclaimer::frmDisclaimer(const StringTable& texts, QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("frmDisclaimer"));
     setWindowTitle(QStringLiteral("Kalvenor Pro"));
@@ -27,13 +16,13 @@ frmDisclaimer::frmDisclaimer(const StringTable& texts, QWidget* parent) : QDialo
     sign->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(48, 48));
     sign->setAlignment(Qt::AlignTop);
 
-    QLabel* heading = plainLabel(texts.Text(110), QStringLiteral("lblHeading"));
+    QLabel* heading = FormParts::PlainText("lblHeading", texts.Text(110));
     QFont large = heading->font();
     large.setBold(true);
     large.setPointSizeF(large.pointSizeF() * 1.3);
     heading->setFont(large);
 
-    QLabel* notice = plainLabel(texts.Text(109), QStringLiteral("lblNotice"));
+    QLabel* notice = FormParts::PlainText("lblNotice", texts.Text(109));
     notice->setWordWrap(true);
     notice->setMinimumWidth(notice->fontMetrics().averageCharWidth() * 70);
 
