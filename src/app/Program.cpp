@@ -1,15 +1,15 @@
 #include "Program.h"
-#include "ActionExecution.h"
 #include "ActivityLogs.h"
 #include "ActivityMail.h"
 #include "ChangeDetection.h"
 #include "DueMarks.h"
+#include "Interruptions.h"
 #include "KeyState.h"
+#include "OwnPlaces.h"
 #include "Prompter.h"
 #include "Reactions.h"
 #include "SafeExit.h"
 #include "Schedulers.h"
-#include "SurplusRemoval.h"
 #include "SyncTexts.h"
 
 namespace {
@@ -21,35 +21,44 @@ const QString acceptedKey = QStringLiteral("Accepted");
 /// The parts of the engine, each handed the ones above it.
 struct Program::Engine {
     Engine(Program& program, const KeyState& keys)
-        : syncTexts(program.m_texts), logs({program.m_file, program.m_list, program.m_options,
-                                            *program.m_services.ownFiles, *program.m_services.clock, program.m_texts}),
-          reactions({program.m_file, logs, *program.m_services.process, program.m_prompter, program.m_texts,
-                     program.m_runState}),
+        : syncTexts(program.m_texts),
+          interruptions(program.m_prompter, *program.m_services.eventPump, *program.m_services.clock),
+          ownPlaces({program.m_file,
+                     program.m_options,
+                     *program.m_services.ownFiles,
+                     *program.m_services.fileSystem,
+                     {program.m_services.settings->FileOf(SettingsStore::OwnApplication)}}),
+          logs({program.m_file, program.m_list, program.m_options, *program.m_services.ownFiles, ownPlaces,
+                *program.m_services.clock, program.m_texts}),
+          reactions({program.m_file, logs, *program.m_services.process, interruptions, program.m_texts}),
           mail({program.m_file, logs, *program.m_services.settings, *program.m_services.nameService,
                 *program.m_services.clock, *program.m_services.desktopMail, program.m_texts, program.m_runState}),
-          safeExit({program.m_options, keys, *program.m_services.process, program.m_prompter, program.m_texts}),
-          surplus({program.m_file, logs, syncTexts}), dueMarks(program.m_file, program.m_list),
+          safeExit({program.m_options, keys, *program.m_services.process, interruptions, program.m_texts}),
+          dueMarks(program.m_file, program.m_list),
           monitoring({program.m_file, program.m_list, logs, dueMarks, program.m_options, *program.m_services.locks,
                       program.m_timers, *program.m_services.power, program.m_prompter, program.m_texts,
                       program.m_runState}),
-          actions({logs, reactions, safeExit, surplus, monitoring, program.m_prompter, syncTexts}),
-          changes({program.m_file, program.m_list, logs, actions, monitoring, program.m_options, syncTexts,
-                   program.m_texts, *program.m_services.fileSystem, *program.m_services.eventPump,
-                   *program.m_services.clock, program.m_runState, mail}),
+          changes({{program.m_file, logs, reactions, safeExit, monitoring, ownPlaces, syncTexts, interruptions,
+                    *program.m_services.fileSystem, program.m_runState},
+                   program.m_list,
+                   program.m_options,
+                   program.m_texts,
+                   *program.m_services.clock,
+                   mail}),
           schedulers({program.m_file, program.m_list, logs, changes, dueMarks, monitoring, *program.m_services.clock,
                       program.m_texts, program.m_runState, QLocale::system()}) {
         schedulers.ConnectTo(program.m_timers);
     }
 
     SyncTexts syncTexts;
+    Interruptions interruptions;
+    OwnPlaces ownPlaces;
     ActivityLogs logs;
     Reactions reactions;
     ActivityMail mail;
     SafeExit safeExit;
-    SurplusRemoval surplus;
     DueMarks dueMarks;
     MonitoringController monitoring;
-    ActionExecution actions;
     ChangeDetection changes;
     Schedulers schedulers;
 };
@@ -87,7 +96,7 @@ std::error_code Program::AcceptNotice() {
 
 RunOutcome Program::RunNow(const QString& name) {
     m_engine->logs.SetActivityStatus(name, m_texts.Text(197));
-    const RunOutcome outcome = m_engine->changes.ProcessActivity(name);
+    const RunOutcome outcome = m_engine->changes.ProcessActivity(name, RunStarter::User);
     m_engine->logs.SetActivityStatus(name, m_texts.Text(198));
     return outcome;
 }

@@ -4,6 +4,7 @@
 #include "Clock.h"
 #include "EngineOptions.h"
 #include "OwnFiles.h"
+#include "OwnPlaces.h"
 #include "StringTable.h"
 #include "modLogTime.h"
 #include "modNativePath.h"
@@ -36,12 +37,27 @@ void ActivityLogs::WriteActionLine(const QString& name, const QString& text) {
     WriteActivityLog(name, m_parts.texts.Text(268) + name + u"' - " + text, false);
 }
 
+void ActivityLogs::WriteActionLineTo(const QString& logFile, const QString& name, const QString& text) {
+    writeEntry(logFile, m_parts.texts.Text(268) + name + u"' - " + text, false);
+}
+
 void ActivityLogs::WriteActivityLog(const QString& name, const QString& text, bool blankLineFirst) {
+    writeEntry(m_parts.file.Read(name, "logfile"), text, blankLineFirst);
+}
+
+bool ActivityLogs::mayWrite(const QString& path, Verdict& last) const {
+    constexpr std::chrono::seconds goodFor{1};
+    const auto now = m_parts.clock.MonotonicNow();
+    if (last.path != path || now - last.at >= goodFor)
+        last = {path, now, !m_parts.ownPlaces.IsProtected(path)};
+    return last.mayWrite;
+}
+
+void ActivityLogs::writeEntry(const QString& path, const QString& text, bool blankLineFirst) {
     const QString line = oneLine(text);
     if (m_listener)
         m_listener(line);
-    const QString path = m_parts.file.Read(name, "logfile");
-    if (path.trimmed().isEmpty())
+    if (path.trimmed().isEmpty() || !mayWrite(path, m_activityLog))
         return;
     QByteArray bytes = entry(m_parts.clock, line);
     if (blankLineFirst)
@@ -51,7 +67,7 @@ void ActivityLogs::WriteActivityLog(const QString& name, const QString& text, bo
 
 void ActivityLogs::WriteAppLog(const QString& text) {
     const QString path = m_parts.options.ApplicationLog();
-    if (path.isEmpty())
+    if (path.isEmpty() || !mayWrite(path, m_applicationLog))
         return;
     // Line ends that close the entry are its own and stay; they set the end of a session apart.
     qsizetype length = text.size();

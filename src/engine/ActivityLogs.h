@@ -1,8 +1,9 @@
 // The engine's outputs in text: the status of an activity, its own log, and the application log. Owns nothing. A log
-// that cannot be written loses its entry; nothing else is affected.
+// that cannot be written loses its entry; nothing else is affected. The program's own files are never logged into.
 #pragma once
 
 #include <QString>
+#include <chrono>
 #include <functional>
 
 class ActivityFile;
@@ -10,6 +11,7 @@ class ActivityList;
 class Clock;
 class EngineOptions;
 class OwnFiles;
+class OwnPlaces;
 class StringTable;
 
 class ActivityLogs final {
@@ -19,6 +21,7 @@ class ActivityLogs final {
         ActivityList& list;
         const EngineOptions& options;
         OwnFiles& files;
+        const OwnPlaces& ownPlaces;
         const Clock& clock;
         const StringTable& texts;
     };
@@ -33,6 +36,9 @@ class ActivityLogs final {
     /// The same with "Activity 'NAME' - " in front.
     void WriteActionLine(const QString& name, const QString& text);
 
+    /// The same into a log that the record no longer names.
+    void WriteActionLineTo(const QString& logFile, const QString& name, const QString& text);
+
     /// Appends to the application log when one is set and its file exists; it is never created here.
     void WriteAppLog(const QString& text);
 
@@ -43,6 +49,17 @@ class ActivityLogs final {
     void SetListener(std::function<void(const QString& text)> listener) { m_listener = std::move(listener); }
 
   private:
+    /// The last answer for one of the two logs. Asking the disk for each line would cost as much as the line.
+    struct Verdict {
+        QString path;
+        std::chrono::steady_clock::time_point at;
+        bool mayWrite = false;
+    };
+    void writeEntry(const QString& path, const QString& text, bool blankLineFirst);
+    [[nodiscard]] bool mayWrite(const QString& path, Verdict& last) const;
+
     Parts m_parts;
+    Verdict m_activityLog;
+    Verdict m_applicationLog;
     std::function<void(const QString&)> m_listener;
 };

@@ -5,7 +5,6 @@
 #include "ActivityMailer.h"
 #include "Clock.h"
 #include "EngineOptions.h"
-#include "EventPump.h"
 #include "MonitoringSwitch.h"
 #include "StringTable.h"
 #include "SyncTexts.h"
@@ -26,52 +25,59 @@ class DepthGuard final {
 };
 } // namespace
 
-RunOutcome ChangeDetection::ProcessActivity(const QString& name) {
-    const DepthGuard guard(m_parts.runState);
-    const RunOutcome outcome = process(name);
-    m_parts.runState.anyFailed |= outcome.directoryMissing || outcome.failures > 0;
+RunOutcome ChangeDetection::ProcessActivity(const QString& name, RunStarter starter) {
+    RunState& state = m_parts.run.runState;
+    const DepthGuard guard(state);
+    const RunOutcome outcome = process(name, starter);
+    state.anyFailed |= outcome.directoryMissing || outcome.failures > 0;
     return outcome;
 }
 
-RunOutcome ChangeDetection::process(const QString& name) {
-    m_parts.pump.Yield();
-    ++m_parts.runState.eventsRan;
-    if (m_parts.runState.closing || !m_parts.file.Has(name))
-        return {false, 0, true};
-    m_parts.runState.lastProcessed = name;
-    m_parts.logs.SetActivityStatus(name, m_parts.texts.Text(236));
-    m_parts.monitoring.CheckAllIdle();
+/// Asked after events have run: monitoring may be off and the record gone by then.
+bool ChangeDetection::mayRun(const QString& name, RunStarter starter) const {
+    return !m_parts.run.runState.closing && m_parts.run.file.Has(name) &&
+           (starter == RunStarter::User || m_parts.run.monitoring.IsOn());
+}
 
-    const QString sourceText = m_parts.file.Read(name, "sourcedir");
-    const std::shared_ptr<Folder> source = openDirectory(sourceText);
-    if (!source) {
-        handleMissing(name, sourceText);
-        return {true, 0, false};
-    }
-    QString destinationText = m_parts.file.Read(name, "targetdir");
+RunOutcome ChangeDetection::process(const QString& name, RunStarter starter) {
+    const SyncRun::Parts& parts = m_parts.run;
+    parts.interruptions.Yield();
+    if (!mayRun(name, starter))
+        return {false, 0, true};
+    parts.runState.lastProcessed = name;
+    parts.logs.SetActivityStatus(name, m_parts.texts.Text(236));
+    parts.monitoring.CheckAllIdle();
+
+    const RunIdentity identity = RunIdentity::Of(parts.file, name);
+    std::error_code error;
+    const std::shared_ptr<Folder> source = parts.fileSystem.OpenFolder(modNativePath::Absolute(identity.source), error);
+    if (!source)
+        return refuse(name, identity.source, error);
     // An activity that only reports needs no destination; nothing is changed in the directory that stands in for it.
-    if (destinationText.trimmed().isEmpty() && m_parts.file.Read(name, "action") == u"2")
-        destinationText = QStringLiteral(".");
-    const std::shared_ptr<Folder> destination = openDirectory(destinationText);
-    if (!destination) {
-        handleMissing(name, destinationText);
-        return {true, 0, false};
-    }
+    const bool needsNone = identity.destination.trimmed().isEmpty() && identity.action == u"2";
+    const QString destinationText = needsNone ? QStringLiteral(".") : identity.destination;
+    const std::shared_ptr<Folder> destination =
+        parts.fileSystem.OpenFolder(modNativePath::Absolute(destinationText), error);
+    if (!destination)
+        return refuse(name, identity.destination, error);
     countRun(name);
-    const RunOutcome outcome = synchronise(name, source, destination);
+    const RunOutcome outcome = SyncRun(parts, identity, starter, source, destination).Run();
     if (outcome.interrupted)
         return outcome;
     sendMail(name, *source, *destination);
-    m_parts.logs.SetActivityStatus(name, m_parts.texts.Text(242));
+    parts.logs.SetActivityStatus(name, m_parts.texts.Text(242));
     return outcome;
 }
 
-std::shared_ptr<Folder> ChangeDetection::openDirectory(const QString& text) const {
-    const std::filesystem::path path = modNativePath::Absolute(text);
-    if (path.empty())
-        return nullptr;
-    std::error_code error;
-    return m_parts.fileSystem.OpenFolder(path, error);
+/// Only what is not there is missing. What cannot be opened for another reason, for want of rights or of descriptors
+/// say, may work the next time: the activity stays in monitoring and the run counts as not done.
+RunOutcome ChangeDetection::refuse(const QString& name, const QString& directory, std::error_code error) {
+    if (error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory) {
+        handleMissing(name, directory);
+        return {true, 0, false};
+    }
+    m_parts.run.logs.SetActivityStatus(name, m_parts.run.texts.Failure(directory, error));
+    return {false, 1, true};
 }
 
 void ChangeDetection::countRun(const QString& name) {
@@ -80,35 +86,10 @@ void ChangeDetection::countRun(const QString& name) {
     m_parts.list.SetText(name, ActivityList::LastRun, modLogTime::Text(m_parts.clock.Now()));
 }
 
-RunOutcome ChangeDetection::synchronise(const QString& name, const std::shared_ptr<Folder>& source,
-                                        const std::shared_ptr<Folder>& destination) {
-    RunContext run({m_parts.file, m_parts.logs, m_parts.syncTexts, m_parts.pump, m_parts.clock, m_parts.fileSystem,
-                    m_parts.runState},
-                   name, source, destination);
-    SyncFilesAndFolders(run, source, destination);
-    run.Transfer().Commit();
-    return run.Outcome();
-}
-
-void ChangeDetection::SyncFilesAndFolders(RunContext& run, std::shared_ptr<Folder> source,
-                                          std::shared_ptr<Folder> destination) {
-    m_parts.actions.AbortTest(run);
-    if (run.Over())
-        return;
-    FolderPair pair(std::move(source), std::move(destination), m_parts.runState);
-    m_parts.actions.SyncFiles(run, pair);
-    if (run.Over() || m_parts.file.Read(run.Name(), "includesubdirs") != u"Y")
-        return;
-    m_parts.actions.SyncFolders(run, pair,
-                                [this](RunContext& inner, std::shared_ptr<Folder> from, std::shared_ptr<Folder> to) {
-                                    SyncFilesAndFolders(inner, std::move(from), std::move(to));
-                                });
-}
-
 void ChangeDetection::sendMail(const QString& name, const Folder& source, const Folder& destination) {
-    if (m_parts.file.Read(name, "sendmail") != u"1")
+    if (m_parts.run.file.Read(name, "sendmail") != u"1")
         return;
-    m_parts.logs.SetActivityStatus(name, m_parts.texts.Text(241) + m_parts.file.Read(name, "recipient") + u"'");
+    m_parts.run.logs.SetActivityStatus(name, m_parts.texts.Text(241) + m_parts.run.file.Read(name, "recipient") + u"'");
     m_parts.mailer.SendActivityMail(name, modNativePath::ToText(source.Path()),
                                     modNativePath::ToText(destination.Path()));
 }
@@ -118,12 +99,12 @@ void ChangeDetection::handleMissing(const QString& name, const QString& director
     const QString start = texts.Text(237) + directory;
     if (m_parts.options.StopOnMissingFolder()) {
         m_parts.list.TakeOut(name);
-        m_parts.logs.SetActivityStatus(name, start + texts.Text(238));
-        m_parts.monitoring.CheckAllIdle();
-        m_parts.logs.WriteAppLog(start + texts.Text(239) + name + texts.Text(240));
+        m_parts.run.logs.SetActivityStatus(name, start + texts.Text(238));
+        m_parts.run.monitoring.CheckAllIdle();
+        m_parts.run.logs.WriteAppLog(start + texts.Text(239) + name + texts.Text(240));
         return;
     }
-    m_parts.logs.SetActivityStatus(name, start + texts.Text(430));
-    m_parts.monitoring.CheckAllIdle();
-    m_parts.logs.WriteAppLog(start + texts.Text(239) + name + texts.Text(431));
+    m_parts.run.logs.SetActivityStatus(name, start + texts.Text(430));
+    m_parts.run.monitoring.CheckAllIdle();
+    m_parts.run.logs.WriteAppLog(start + texts.Text(239) + name + texts.Text(431));
 }

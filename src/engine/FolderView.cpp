@@ -1,5 +1,5 @@
 #include "FolderView.h"
-#include "RunState.h"
+#include "Interruptions.h"
 
 #include <algorithm>
 
@@ -14,11 +14,11 @@ std::vector<FolderEntry>::const_iterator find(const std::vector<FolderEntry>& so
 }
 } // namespace
 
-FolderView::FolderView(std::shared_ptr<Folder> folder, const RunState& runState)
-    : m_folder(std::move(folder)), m_runState(runState) {}
+FolderView::FolderView(std::shared_ptr<Folder> folder, const Interruptions& interruptions)
+    : m_folder(std::move(folder)), m_interruptions(interruptions) {}
 
 std::error_code FolderView::List() {
-    m_listedAt = m_runState.eventsRan;
+    m_listedAt = m_interruptions.Count();
     const std::error_code error = m_folder->List(m_entries);
     m_listed = !error;
     return error;
@@ -28,14 +28,15 @@ std::optional<FileFacts> FolderView::Facts(const std::filesystem::path& name) {
     const auto staged = find(m_staged, name);
     if (staged != m_staged.end())
         return staged->facts;
-    if (m_listed && m_listedAt == m_runState.eventsRan) {
+    if (m_listed && m_listedAt == m_interruptions.Count()) {
         const auto listed = find(m_entries, name);
-        return listed == m_entries.end() ? std::nullopt : std::optional(listed->facts);
+        if (listed != m_entries.end())
+            return listed->facts;
     }
     std::error_code error;
     std::optional<FileFacts> facts = m_folder->Stat(name, error);
     // What cannot be looked at is there all the same: nothing may be put in its place.
-    return !facts && error ? std::optional(FileFacts{}) : facts;
+    return !facts && error ? std::optional(FileFacts{.kind = EntryKind::Unknown, .error = error}) : facts;
 }
 
 bool FolderView::Has(const std::filesystem::path& name) const {

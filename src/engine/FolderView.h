@@ -4,11 +4,11 @@
 
 #include "Folder.h"
 
-struct RunState;
+class Interruptions;
 
 class FolderView final {
   public:
-    FolderView(std::shared_ptr<Folder> folder, const RunState& runState);
+    FolderView(std::shared_ptr<Folder> folder, const Interruptions& interruptions);
 
     /// Reads the folder to its end. The error must be looked at: only a listing without one may count as empty.
     [[nodiscard]] std::error_code List();
@@ -16,7 +16,8 @@ class FolderView final {
     [[nodiscard]] const std::shared_ptr<Folder>& Handle() const { return m_folder; }
     [[nodiscard]] const std::vector<FolderEntry>& Entries() const { return m_entries; }
 
-    /// The entry as it is now: from the listing as long as nothing else could run since, else looked at again.
+    /// The entry as it is now: from the listing as long as nothing else could run since, else looked at again. What the
+    /// listing lacks is always looked for: a disk that folds letter case finds it under another spelling.
     [[nodiscard]] std::optional<FileFacts> Facts(const std::filesystem::path& name);
 
     /// Whether the listing had any entry of this name.
@@ -27,7 +28,7 @@ class FolderView final {
 
   private:
     std::shared_ptr<Folder> m_folder;
-    const RunState& m_runState;
+    const Interruptions& m_interruptions;
     std::vector<FolderEntry> m_entries;
     std::vector<FolderEntry> m_staged;
     unsigned m_listedAt = 0;

@@ -51,7 +51,7 @@ class MonitoringController final : public QObject, public MonitoringSwitch {
     [[nodiscard]] bool MoveTo(const QString& path);
 
     /// The one flag that says monitoring is on.
-    [[nodiscard]] bool IsOn() const { return m_on; }
+    [[nodiscard]] bool IsOn() const override { return m_on; }
 
   Q_SIGNALS:
     /// The mark changed: menus, toolbar, tray and status bar show it.

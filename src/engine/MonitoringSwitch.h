@@ -5,6 +5,8 @@ class MonitoringSwitch {
   public:
     virtual ~MonitoringSwitch() = default;
 
+    [[nodiscard]] virtual bool IsOn() const = 0;
+
     /// Ends monitoring; does no harm when it is off.
     virtual void StopMonitoring() = 0;
 

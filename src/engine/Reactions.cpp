@@ -1,18 +1,19 @@
 #include "Reactions.h"
 #include "ActivityFile.h"
 #include "ActivityLogs.h"
+#include "Interruptions.h"
 #include "Process.h"
 #include "Prompter.h"
-#include "RunState.h"
 #include "StringTable.h"
 
-void Reactions::ReactToChange(const QString& name, const QString& path) {
+void Reactions::ReactToChange(const QString& name, const QString& path, const std::function<bool()>& mayGoOn) {
     const StringTable& texts = m_parts.texts;
     if (m_parts.file.Read(name, "alert") == u"Y") {
         m_parts.logs.SetActivityStatus(name, texts.Text(229) + u" " + path);
-        m_parts.prompter.Ask(
+        m_parts.interruptions.Ask(
             {texts.Text(230) + path + texts.Text(231), texts.Text(232), MessageIcon::Information, MessageButtons::Ok});
-        ++m_parts.runState.eventsRan;
+        if (!mayGoOn())
+            return;
     }
     const QString executable = m_parts.file.Read(name, "executeable");
     if (!executable.isEmpty())

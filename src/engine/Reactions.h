@@ -3,13 +3,13 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 
 class ActivityFile;
 class ActivityLogs;
+class Interruptions;
 class Process;
-class Prompter;
 class StringTable;
-struct RunState;
 
 class Reactions final {
   public:
@@ -17,14 +17,14 @@ class Reactions final {
         ActivityFile& file;
         ActivityLogs& logs;
         Process& process;
-        Prompter& prompter;
+        Interruptions& interruptions;
         const StringTable& texts;
-        RunState& runState;
     };
     explicit Reactions(const Parts& parts) : m_parts(parts) {}
 
-    /// The pop-up comes first and waits for the user; only then the program is started. Events can run inside.
-    void ReactToChange(const QString& name, const QString& path);
+    /// The pop-up comes first and waits for the user; only then the program is started, unless the answer to
+    /// `mayGoOn` is no by that time: the record may be another one.
+    void ReactToChange(const QString& name, const QString& path, const std::function<bool()>& mayGoOn);
 
   private:
     void executeFile(const QString& name, const QString& executable);

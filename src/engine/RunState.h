@@ -23,7 +23,6 @@ struct RunState {
     int depth = 0;          ///< runs on the stack
     int mails = 0;          ///< notifications on their way
     bool closing = false;   ///< the program is about to end: finish the present file, then return
-    unsigned eventsRan = 0; ///< counts the times events could run: what was read before may be stale
     QString lastProcessed;  ///< name of the activity processed last
     bool anyFailed = false; ///< a run had a missing directory or a failure; cleared by whoever has shown it
     RunProgress progress;

@@ -1,5 +1,6 @@
 #include "SafeExit.h"
 #include "EngineOptions.h"
+#include "Interruptions.h"
 #include "KeyState.h"
 #include "MonitoringSwitch.h"
 #include "Process.h"
@@ -12,7 +13,7 @@ bool SafeExit::IsRequested() const {
 
 void SafeExit::End(MonitoringSwitch& monitoring) {
     monitoring.StopMonitoring();
-    m_parts.prompter.Ask(
+    m_parts.interruptions.Ask(
         {m_parts.texts.Text(404), m_parts.texts.Text(403), MessageIcon::Exclamation, MessageButtons::Ok});
     m_parts.process.EndNow(0);
 }

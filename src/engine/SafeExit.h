@@ -2,10 +2,10 @@
 #pragma once
 
 class EngineOptions;
+class Interruptions;
 class KeyState;
 class MonitoringSwitch;
 class Process;
-class Prompter;
 class StringTable;
 
 class SafeExit final {
@@ -14,7 +14,7 @@ class SafeExit final {
         const EngineOptions& options;
         const KeyState& keys;
         Process& process;
-        Prompter& prompter;
+        Interruptions& interruptions;
         const StringTable& texts;
     };
     explicit SafeExit(const Parts& parts) : m_parts(parts) {}
@@ -22,7 +22,7 @@ class SafeExit final {
     /// True while the key is down and the option allows it.
     [[nodiscard]] bool IsRequested() const;
 
-    /// Stops monitoring, tells the user and ends the process without saving.
+    /// Stops monitoring, tells the user and ends the process without saving. What the logs say was done is done.
     void End(MonitoringSwitch& monitoring);
 
   private:

@@ -40,7 +40,7 @@ void Schedulers::runDue(const QString& name) {
         m_parts.list.TakeOut(name);
         m_parts.logs.SetActivityStatus(name, m_parts.texts.Text(228));
     }
-    m_parts.changes.ProcessActivity(name);
+    m_parts.changes.ProcessActivity(name, RunStarter::Schedule);
     m_parts.dueMarks.ScheduleActivity(name);
 }
 
@@ -105,7 +105,7 @@ void Schedulers::onTimeOfDay() {
         if (!isActive(name, QStringLiteral("4")) ||
             modLogTime::HoursAndMinutes(m_parts.clock.Now()) != m_parts.file.Read(name, "triggertime"))
             continue;
-        m_parts.changes.ProcessActivity(name);
+        m_parts.changes.ProcessActivity(name, RunStarter::Schedule);
         if (m_parts.file.Read(name, "daily").toInt() == 0)
             finishForGood(name);
         m_parts.monitoring.CheckAllIdle();
@@ -122,7 +122,7 @@ void Schedulers::onDate() {
         if (modTriggerDate::Read(m_parts.file.Read(name, "triggerdate"), m_parts.locale) != today ||
             modLogTime::HoursAndMinutes(now) != m_parts.file.Read(name, "triggerdatetime"))
             continue;
-        m_parts.changes.ProcessActivity(name);
+        m_parts.changes.ProcessActivity(name, RunStarter::Schedule);
         finishForGood(name);
         m_parts.monitoring.CheckAllIdle();
     }

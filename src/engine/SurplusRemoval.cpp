@@ -1,73 +1,95 @@
 #include "SurplusRemoval.h"
-#include "ActivityFile.h"
-#include "ActivityLogs.h"
-#include "FileTypeFilter.h"
-#include "RunContext.h"
+#include "SyncRun.h"
 #include "SyncTexts.h"
 #include "modNativePath.h"
 
-bool SurplusRemoval::MayDelete(RunContext& run) const {
-    if (run.Over())
+using modNativePath::ToText;
+
+namespace {
+constexpr int deepest = 1000; // every level holds a descriptor
+} // namespace
+
+SurplusRemoval::SurplusRemoval(SyncRun& run, FolderPair& pair, const FolderEntry& entry)
+    : m_run(run), m_pair(pair), m_entry(entry), m_lookedAt(run.Tools().interruptions.Count() - 1) {}
+
+bool SurplusRemoval::mayDelete() {
+    if (m_cameBack || !m_run.MayDelete())
         return false;
-    if (m_parts.file.Read(run.Name(), "action") == u"3" && run.SourceRoot()->StillThere())
+    if (m_lookedAt == m_run.Tools().interruptions.Count())
         return true;
-    run.End();
-    return false;
+    m_lookedAt = m_run.Tools().interruptions.Count();
+    std::error_code error;
+    m_cameBack = m_pair.source.Handle()->Stat(m_entry.name, error) || error;
+    if (m_cameBack)
+        m_run.Failed(m_pair.destination.Handle()->Path() / m_entry.name,
+                     error ? error : std::make_error_code(std::errc::resource_unavailable_try_again));
+    return !m_cameBack;
 }
 
-void SurplusRemoval::DeleteFile(RunContext& run, Folder& folder, const std::filesystem::path& name) {
-    if (!MayDelete(run))
-        return;
-    if (const std::error_code error = folder.DeleteFile(name))
-        run.Failed(folder.Path() / name, error);
-}
-
-void SurplusRemoval::DeleteTree(RunContext& run, Folder& parent, const FolderEntry& entry,
-                                const FileTypeFilter& filter) {
-    if (run.IsProtected(entry.facts.id) || !MayDelete(run))
+void SurplusRemoval::DeleteTree() {
+    Folder& parent = *m_pair.destination.Handle();
+    if (m_run.IsRootOrAbove(m_entry.facts.id) || !mayDelete())
         return;
     // With a filter most of the folder may stay: then each file that goes is named.
-    if (!filter.IsActive())
-        m_parts.logs.WriteActionLine(run.Name(),
-                                     m_parts.texts.DeletingFolder(modNativePath::ToText(parent.Path() / entry.name)));
-    emptyFolder(run, parent, entry, filter, filter.IsActive());
+    if (!m_run.Filter().IsActive())
+        m_run.Line(m_run.Tools().texts.DeletingFolder(ToText(parent.Path() / m_entry.name)));
+    emptyFolder(parent, m_entry, 0);
 }
 
-void SurplusRemoval::emptyFolder(RunContext& run, Folder& parent, const FolderEntry& entry,
-                                 const FileTypeFilter& filter, bool logFiles) {
+std::shared_ptr<Folder> SurplusRemoval::open(Folder& parent, const FolderEntry& entry,
+                                             std::vector<FolderEntry>& entries) {
     const std::filesystem::path path = parent.Path() / entry.name;
     std::error_code error;
-    const std::shared_ptr<Folder> folder = parent.OpenChild(entry.name, error);
-    std::vector<FolderEntry> entries;
+    std::shared_ptr<Folder> folder = parent.OpenChild(entry, error);
+    // Before it is listed: what another tree holds is none of this one's surplus.
+    if (folder && (folder->Mount() != parent.Mount() || folder->Id().device != parent.Id().device)) {
+        m_run.Line(m_run.Tools().texts.OtherMount(ToText(path)));
+        return nullptr;
+    }
     if (folder)
         error = folder->List(entries);
-    if (error) {
-        run.Failed(path, error);
-        return;
-    }
-    // A folder that another file system is mounted on is not ours to empty.
-    if (folder->Id().device != parent.Id().device || run.IsProtected(folder->Id()))
+    if (!error)
+        return folder;
+    m_run.Failed(path, error);
+    return nullptr;
+}
+
+void SurplusRemoval::emptyFolder(Folder& parent, const FolderEntry& entry, int depth) {
+    const std::filesystem::path path = parent.Path() / entry.name;
+    if (depth > deepest)
+        return m_run.Refuse(m_run.Tools().texts.TooDeep(ToText(path)));
+    std::vector<FolderEntry> entries;
+    const std::shared_ptr<Folder> folder = open(parent, entry, entries);
+    if (!folder || m_run.IsRootOrAbove(folder->Id()))
         return;
     folder->RemoveLeftovers(); // listings show none of them, and they would keep the folder from going
     for (const FolderEntry& inner : entries) {
-        if (!MayDelete(run))
+        if (!mayDelete())
             return;
-        if (inner.facts.kind == EntryKind::Folder) {
-            emptyFolder(run, *folder, inner, filter, logFiles);
-        } else if (inner.facts.kind == EntryKind::File &&
-                   (!filter.IsActive() || filter.Passes(modNativePath::ToText(path / inner.name)))) {
-            if (logFiles)
-                m_parts.logs.WriteActionLine(run.Name(),
-                                             m_parts.texts.DeletingFile(modNativePath::ToText(path / inner.name)));
-            if (const std::error_code failed = folder->DeleteFile(inner.name))
-                run.Failed(path / inner.name, failed);
-        }
-        run.Progress(0);
+        if (inner.facts.kind == EntryKind::Folder)
+            emptyFolder(*folder, inner, depth + 1);
+        else if (inner.facts.kind == EntryKind::File)
+            deleteFile(*folder, inner);
+        else if (inner.facts.kind == EntryKind::Unknown)
+            m_run.Failed(path / inner.name, inner.facts.error);
+        m_run.Progress(0);
     }
-    if (!MayDelete(run) || (folder->List(entries) || !entries.empty()))
+    if (!mayDelete() || folder->List(entries) || !entries.empty())
         return;
-    if (logFiles)
-        m_parts.logs.WriteActionLine(run.Name(), m_parts.texts.DeletingFolder(modNativePath::ToText(path)));
+    if (m_run.Filter().IsActive())
+        m_run.Line(m_run.Tools().texts.DeletingFolder(ToText(path)));
     if (const std::error_code failed = parent.DeleteEmptyFolder(entry.name))
-        run.Failed(path, failed);
+        m_run.Failed(path, failed);
+}
+
+void SurplusRemoval::deleteFile(Folder& folder, const FolderEntry& entry) {
+    const std::filesystem::path path = folder.Path() / entry.name;
+    if (m_run.Filter().IsActive() && !m_run.Filter().Passes(ToText(path)))
+        return;
+    if (m_run.IsOwnFile(entry.facts.id) || m_run.IsLog(entry.facts.id))
+        return m_run.Line(m_run.Tools().texts.OwnFile(ToText(path)));
+    if (m_run.Filter().IsActive())
+        m_run.Line(m_run.Tools().texts.DeletingFile(ToText(path)));
+    if (const std::error_code error = folder.DeleteFile(entry))
+        m_run.Failed(path, error);
 }

@@ -1,37 +1,32 @@
-// Deletes what a mirror's destination has and its source lacks. Owns nothing. A deletion happens only while the source
-// root is still there and the activity still mirrors; anything else ends the run. Failures are logged and counted.
+// Deletes a folder that a mirror's destination has and its source lacks. Owns nothing. Before each deletion the run
+// says whether it may; deleting never follows a link, crosses a mount or takes a file of the program itself. Failures
+// are logged and counted.
 #pragma once
 
 #include "Folder.h"
-#include <QString>
 
-class ActivityFile;
-class ActivityLogs;
-class FileTypeFilter;
-class RunContext;
-class SyncTexts;
+class SyncRun;
+struct FolderPair;
 
 class SurplusRemoval final {
   public:
-    struct Parts {
-        ActivityFile& file;
-        ActivityLogs& logs;
-        const SyncTexts& texts;
-    };
-    explicit SurplusRemoval(const Parts& parts) : m_parts(parts) {}
+    /// `entry` is a folder of the pair's destination.
+    SurplusRemoval(SyncRun& run, FolderPair& pair, const FolderEntry& entry);
 
-    /// True while the run goes on, the activity still mirrors and the source root is where it was. Else ends the run.
-    [[nodiscard]] bool MayDelete(RunContext& run) const;
-
-    /// Deletes one file whose line is in the log already.
-    void DeleteFile(RunContext& run, Folder& folder, const std::filesystem::path& name);
-
-    /// Deletes a folder with everything in it that passes the filter; links to folders, special files, other file
-    /// systems and the run's own roots stay, and with them the folders they are in.
-    void DeleteTree(RunContext& run, Folder& parent, const FolderEntry& entry, const FileTypeFilter& filter);
+    /// Deletes everything in it that passes the filter, then the folders left empty. Links to folders, special files
+    /// and the run's own roots stay, and with them the folders they are in.
+    void DeleteTree();
 
   private:
-    void emptyFolder(RunContext& run, Folder& parent, const FolderEntry& entry, const FileTypeFilter& filter,
-                     bool logFiles);
-    Parts m_parts;
+    void emptyFolder(Folder& parent, const FolderEntry& entry, int depth);
+    [[nodiscard]] std::shared_ptr<Folder> open(Folder& parent, const FolderEntry& entry,
+                                               std::vector<FolderEntry>& entries);
+    void deleteFile(Folder& folder, const FolderEntry& entry);
+    [[nodiscard]] bool mayDelete();
+
+    SyncRun& m_run;
+    FolderPair& m_pair;
+    const FolderEntry& m_entry;
+    unsigned m_lookedAt; ///< the interruptions when the source was last seen to lack the folder
+    bool m_cameBack = false;
 };

@@ -1,5 +1,6 @@
 #include "SyncTexts.h"
 #include "Prompter.h"
+#include "RunEnd.h"
 #include "StringTable.h"
 #include "modLogTime.h"
 
@@ -61,6 +62,44 @@ QString SyncTexts::DeletingFolder(const QString& path) const {
 
 QString SyncTexts::TransferringFolder(const QString& source, const QString& destination) const {
     return m_texts.Text(245) + source + m_texts.Text(246) + destination;
+}
+
+QString SyncTexts::OwnFile(const QString& path) const {
+    return m_texts.Text(610).arg(path);
+}
+
+QString SyncTexts::OtherMount(const QString& path) const {
+    return m_texts.Text(611).arg(path);
+}
+
+QString SyncTexts::NestedRoot(const QString& path) const {
+    return m_texts.Text(612).arg(path);
+}
+
+QString SyncTexts::TooDeep(const QString& path) const {
+    return m_texts.Text(613).arg(path);
+}
+
+QString SyncTexts::EndedEarly(RunEnd reason) const {
+    switch (reason) {
+    case RunEnd::None:
+        break;
+    case RunEnd::Closing:
+        return m_texts.Text(614);
+    case RunEnd::Stopped:
+        return m_texts.Text(615);
+    case RunEnd::RecordChanged:
+        return m_texts.Text(616);
+    case RunEnd::RootGone:
+        return m_texts.Text(617);
+    case RunEnd::Unreadable:
+        return m_texts.Text(618);
+    case RunEnd::FolderExchanged:
+        return m_texts.Text(619);
+    case RunEnd::SafeExit:
+        return m_texts.Text(404);
+    }
+    return {};
 }
 
 QString SyncTexts::Failure(const QString& source, std::error_code error) const {

@@ -7,6 +7,7 @@
 #include <system_error>
 
 class StringTable;
+enum class RunEnd;
 struct Message;
 
 /// One of the two files of a pair.
@@ -28,6 +29,13 @@ class SyncTexts final {
     [[nodiscard]] QString DeletingFile(const QString& path) const;
     [[nodiscard]] QString DeletingFolder(const QString& path) const;
     [[nodiscard]] QString TransferringFolder(const QString& source, const QString& destination) const;
+
+    // What a run leaves alone, and why it ended before its end.
+    [[nodiscard]] QString OwnFile(const QString& path) const;
+    [[nodiscard]] QString OtherMount(const QString& path) const;
+    [[nodiscard]] QString NestedRoot(const QString& path) const;
+    [[nodiscard]] QString TooDeep(const QString& path) const;
+    [[nodiscard]] QString EndedEarly(RunEnd reason) const;
 
     /// A busy or shared file is told apart from every other error, which is named by the system's number.
     [[nodiscard]] QString Failure(const QString& source, std::error_code error) const;

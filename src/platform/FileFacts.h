@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <system_error>
 #include <tuple>
 
 /// A modification time. `granularity` is the coarsest step the file system is known to store beyond what the digits
@@ -24,16 +25,26 @@ enum class EntryKind {
     File,       ///< a regular file, or a link to one
     Folder,     ///< a directory
     FolderLink, ///< a link to a directory: neither entered, transferred nor deleted
-    Special     ///< FIFO, socket, device, dangling or unreadable link: left alone
+    Special,    ///< FIFO, socket, device or dangling link: left alone
+    Unknown     ///< there, but it could not be looked at or may not be followed; `error` says why
 };
 
 struct FileFacts {
     EntryKind kind = EntryKind::Special;
     bool isLink = false;    ///< the entry itself is a symbolic link; the other fields tell of its target
-    FileId id;              ///< of the target where the entry is a link
+    FileId id{};            ///< of the target where the entry is a link
     std::uint64_t size = 0; ///< bytes
-    FileTime modified;
-    std::uint32_t mode = 0; ///< permission bits
+    FileTime modified{};
+    std::uint32_t mode = 0;  ///< permission bits
+    std::error_code error{}; ///< of an Unknown entry
+
+    /// The same entry with the same content, as far as its facts tell. An empty id stands for any: a file that was
+    /// staged is not in place yet, and its time may be cut when it is.
+    [[nodiscard]] bool IsSameAs(const FileFacts& other) const {
+        const bool isIdKnown = id != FileId{} && other.id != FileId{};
+        return kind == other.kind && isLink == other.isLink && size == other.size &&
+               (isIdKnown ? id == other.id && modified.nanoseconds == other.modified.nanoseconds : true);
+    }
 };
 
 struct FolderEntry {

@@ -19,20 +19,28 @@ class Folder {
     [[nodiscard]] virtual FileId Id() const = 0;
 
     /// Every entry except "." and ".." and the program's own temporary files, sorted by name (bytes). On an error the
-    /// list is empty: a folder counts as empty only when it was read to its end.
+    /// list is empty: a folder counts as empty only when it was read to its end. An entry that could not be looked at
+    /// is Unknown.
     [[nodiscard]] virtual std::error_code List(std::vector<FolderEntry>& entries) const = 0;
 
     /// The entry of this name, links followed. nullopt with a clear error when there is none; nullopt with an error
-    /// when it could not be looked at. A dangling link is Special.
+    /// when it could not be looked at. A dangling link is Special. On a disk that folds letter case every spelling of a
+    /// name leads to the same entry.
     [[nodiscard]] virtual std::optional<FileFacts> Stat(const std::filesystem::path& name,
                                                         std::error_code& error) const = 0;
 
-    /// Opens a sub-folder; a link to a folder is refused (std::errc::not_a_directory).
-    [[nodiscard]] virtual std::shared_ptr<Folder> OpenChild(const std::filesystem::path& name,
-                                                            std::error_code& error) const = 0;
+    /// Opens the sub-folder that was listed; std::errc::not_a_directory for a link to a folder,
+    /// std::errc::resource_unavailable_try_again when the name leads to another folder by now (a file system was
+    /// mounted or unmounted there, say).
+    [[nodiscard]] virtual std::shared_ptr<Folder> OpenChild(const FolderEntry& entry, std::error_code& error) const = 0;
 
-    /// Unlinks one file or link.
-    [[nodiscard]] virtual std::error_code DeleteFile(const std::filesystem::path& name) = 0;
+    /// The mount it lies on; the device where the system does not tell mounts apart. A bind mount differs from the
+    /// folder above it by nothing else.
+    [[nodiscard]] virtual std::uint64_t Mount() const = 0;
+
+    /// Unlinks the file or link that was listed; std::errc::resource_unavailable_try_again when it is not the same any
+    /// more.
+    [[nodiscard]] virtual std::error_code DeleteFile(const FolderEntry& entry) = 0;
 
     /// Removes an empty folder.
     [[nodiscard]] virtual std::error_code DeleteEmptyFolder(const std::filesystem::path& name) = 0;

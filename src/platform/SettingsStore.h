@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QString>
+#include <filesystem>
 #include <optional>
 #include <system_error>
 
@@ -21,4 +22,7 @@ class SettingsStore {
     /// std::errc::invalid_argument.
     [[nodiscard]] virtual std::error_code Write(const QString& application, const QString& section, const QString& key,
                                                 const QString& value) = 0;
+
+    /// The file that holds them; empty where they are in none.
+    [[nodiscard]] virtual std::filesystem::path FileOf(const QString& application) const = 0;
 };

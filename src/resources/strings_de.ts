@@ -1386,5 +1386,45 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <source>The computer could not be switched off.</source>
         <translation>Der Computer konnte nicht ausgeschaltet werden.</translation>
     </message>
+    <message id="610">
+        <source>'%1' is left alone: it belongs to Kalvenor.</source>
+        <translation>'%1' bleibt, wie es ist: Die Datei gehört zu Kalvenor.</translation>
+    </message>
+    <message id="611">
+        <source>Directory '%1' is left alone: another file system is mounted there.</source>
+        <translation>Verzeichnis '%1' bleibt, wie es ist: Dort ist ein anderes Dateisystem eingehängt.</translation>
+    </message>
+    <message id="612">
+        <source>Directory '%1' is left alone: it is or contains a directory of this activity.</source>
+        <translation>Verzeichnis '%1' bleibt, wie es ist: Es ist oder enthält ein Verzeichnis dieser Aktivität.</translation>
+    </message>
+    <message id="613">
+        <source>Directory '%1' is left alone: it lies more than 1,000 levels deep.</source>
+        <translation>Verzeichnis '%1' bleibt, wie es ist: Es liegt mehr als 1.000 Ebenen tief.</translation>
+    </message>
+    <message id="614">
+        <source>Run ended early: the program is closing.</source>
+        <translation>Lauf vorzeitig beendet: Das Programm wird geschlossen.</translation>
+    </message>
+    <message id="615">
+        <source>Run ended early: monitoring was stopped.</source>
+        <translation>Lauf vorzeitig beendet: Die Überwachung wurde beendet.</translation>
+    </message>
+    <message id="616">
+        <source>Run ended early: the activity was changed, or another activity file was opened.</source>
+        <translation>Lauf vorzeitig beendet: Die Aktivität wurde geändert oder eine andere Aktivitätsdatei geöffnet.</translation>
+    </message>
+    <message id="617">
+        <source>Run ended early: a directory of the activity is no longer there.</source>
+        <translation>Lauf vorzeitig beendet: Ein Verzeichnis der Aktivität ist nicht mehr da.</translation>
+    </message>
+    <message id="618">
+        <source>Run ended early: nothing is deleted when a directory cannot be read.</source>
+        <translation>Lauf vorzeitig beendet: Solange ein Verzeichnis nicht gelesen werden kann, wird nichts gelöscht.</translation>
+    </message>
+    <message id="619">
+        <source>Run ended early: a directory was replaced by another one.</source>
+        <translation>Lauf vorzeitig beendet: Ein Verzeichnis wurde durch ein anderes ersetzt.</translation>
+    </message>
 </context>
 </TS>

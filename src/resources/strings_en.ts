@@ -1386,5 +1386,45 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <source>The computer could not be switched off.</source>
         <translation>The computer could not be switched off.</translation>
     </message>
+    <message id="610">
+        <source>'%1' is left alone: it belongs to Kalvenor.</source>
+        <translation>'%1' is left alone: it belongs to Kalvenor.</translation>
+    </message>
+    <message id="611">
+        <source>Directory '%1' is left alone: another file system is mounted there.</source>
+        <translation>Directory '%1' is left alone: another file system is mounted there.</translation>
+    </message>
+    <message id="612">
+        <source>Directory '%1' is left alone: it is or contains a directory of this activity.</source>
+        <translation>Directory '%1' is left alone: it is or contains a directory of this activity.</translation>
+    </message>
+    <message id="613">
+        <source>Directory '%1' is left alone: it lies more than 1,000 levels deep.</source>
+        <translation>Directory '%1' is left alone: it lies more than 1,000 levels deep.</translation>
+    </message>
+    <message id="614">
+        <source>Run ended early: the program is closing.</source>
+        <translation>Run ended early: the program is closing.</translation>
+    </message>
+    <message id="615">
+        <source>Run ended early: monitoring was stopped.</source>
+        <translation>Run ended early: monitoring was stopped.</translation>
+    </message>
+    <message id="616">
+        <source>Run ended early: the activity was changed, or another activity file was opened.</source>
+        <translation>Run ended early: the activity was changed, or another activity file was opened.</translation>
+    </message>
+    <message id="617">
+        <source>Run ended early: a directory of the activity is no longer there.</source>
+        <translation>Run ended early: a directory of the activity is no longer there.</translation>
+    </message>
+    <message id="618">
+        <source>Run ended early: nothing is deleted when a directory cannot be read.</source>
+        <translation>Run ended early: nothing is deleted when a directory cannot be read.</translation>
+    </message>
+    <message id="619">
+        <source>Run ended early: a directory was replaced by another one.</source>
+        <translation>Run ended early: a directory was replaced by another one.</translation>
+    </message>
 </context>
 </TS>

@@ -28,11 +28,11 @@ class RecordingObserver final : public TransferObserver {
         if (onProgress)
             onProgress();
     }
-    bool StopRequested() const override { return filesUntilStop >= 0 && filesUntilStop-- == 0; }
+    bool StopRequested() override { return filesUntilStop >= 0 && filesUntilStop-- == 0; }
 
     std::map<fs::path, std::error_code> failures; ///< by file name
     std::function<void()> onProgress;
-    mutable int filesUntilStop = -1;
+    int filesUntilStop = -1;
 };
 
 class FileWorld {
@@ -75,21 +75,22 @@ class FileWorld {
     /// The file of this name as a walk would hand it over.
     [[nodiscard]] TransferFile File(const fs::path& name) const {
         std::error_code error;
-        return {from, to, name, from->Stat(name, error).value_or(FileFacts{})};
+        return {from, to, name, from->Stat(name, error).value_or(FileFacts{}), to->Stat(name, error)};
     }
 
     /// One transfer of its own, committed by its end.
     void Transfer(bool move, const std::vector<TransferFile>& files) {
         const auto transfer = system.NewTransfer(observer);
         for (const TransferFile& file : files)
-            move ? transfer->Move(file) : transfer->Copy(file);
+            static_cast<void>(move ? transfer->Move(file) : transfer->Copy(file));
     }
     void Transfer(bool move, const fs::path& name) { Transfer(move, {File(name)}); }
 
     /// Of the folder "tree".
     void TransferTree(bool move, const std::set<FileId>& excluded = {}) {
         const auto transfer = system.NewTransfer(observer);
-        move ? transfer->MoveTree(from, to, "tree", excluded) : transfer->CopyTree(from, to, "tree", excluded);
+        const FolderEntry tree{"tree", File("tree").facts};
+        move ? transfer->MoveTree(from, to, tree, excluded) : transfer->CopyTree(from, to, tree, excluded);
     }
 
     /// What the function gives, called in a process of its own (as nobody in particular, if wanted); -1: it crashed.

@@ -13,12 +13,12 @@ class TestFolder final : public QObject {
         const auto before = FileWorld::Tree(world.source.parent_path());
         std::error_code error;
         for (const fs::path name : {"../outside", "..", ".", "", "sub/../../outside", "sub/deeper"}) {
-            QVERIFY(world.from->DeleteFile(name));
+            QVERIFY(world.from->DeleteFile({name, world.File("sub").facts}));
             QVERIFY(world.from->DeleteEmptyFolder(name));
-            QVERIFY(!world.from->OpenChild(name, error) && error);
+            QVERIFY(!world.from->OpenChild({name, world.File("sub").facts}, error) && error);
         }
-        QVERIFY(!world.from->OpenChild("link", error) && error);
-        QVERIFY(world.from->DeleteFile("sub"));
+        QVERIFY(!world.from->OpenChild({"link", world.File("sub").facts}, error) && error);
+        QVERIFY(world.from->DeleteFile({"sub", world.File("sub").facts}));
         QVERIFY(world.from->DeleteEmptyFolder("sub") == std::errc::directory_not_empty);
         QVERIFY(FileWorld::Tree(world.source.parent_path()) == before);
     }

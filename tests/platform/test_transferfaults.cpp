@@ -43,16 +43,15 @@ void transferAll(FileTransfer& transfer, const std::shared_ptr<Folder>& from, co
     to->RemoveLeftovers();
     std::error_code error;
     for (const FolderEntry& entry : entries) {
-        const TransferFile file{from, to, entry.name, entry.facts};
-        if (entry.facts.kind == EntryKind::Folder && to->Stat(entry.name, error)) {
-            const auto child = from->OpenChild(entry.name, error);
-            transferAll(transfer, child, to->OpenChild(entry.name, error), listed(*child));
+        const std::optional<FileFacts> there = to->Stat(entry.name, error);
+        const TransferFile file{from, to, entry.name, entry.facts, there};
+        if (entry.facts.kind == EntryKind::Folder && there) {
+            const auto child = from->OpenChild(entry, error);
+            transferAll(transfer, child, to->OpenChild({entry.name, *there}, error), listed(*child));
         } else if (entry.facts.kind == EntryKind::Folder) {
-            transfer.MoveTree(from, to, entry.name, {});
-        } else if (entry.name.native().starts_with("copy")) {
-            transfer.Copy(file);
+            transfer.MoveTree(from, to, entry, {});
         } else {
-            transfer.Move(file);
+            static_cast<void>(entry.name.native().starts_with("copy") ? transfer.Copy(file) : transfer.Move(file));
         }
     }
 }

@@ -82,7 +82,9 @@ class MemorySettings final : public SettingsStore {
         values[application + u'/' + section + u'/' + key] = value;
         return {};
     }
+    std::filesystem::path FileOf(const QString& /*application*/) const override { return file; }
     QMap<QString, QString> values;
+    std::filesystem::path file;
     QString failing; ///< the key that cannot be written
 };
 

@@ -99,10 +99,10 @@ std::error_code AtomicFile::Replace(const fs::path& file, const QByteArray& byte
     folder->RemoveLeftovers();
     TemporaryFiles temporaries;
     TemporaryFile copy;
-    bool isPlaced = false;
     error = prepare(temporaries, folder, bytes, newMode, old ? &*old : nullptr, copy);
     if (!error)
-        error = temporaries.Place(copy, target.filename(), {}, isPlaced);
+        error =
+            old ? temporaries.Replace(copy, target.filename()) : temporaries.PlaceAtFreeName(copy, target.filename());
     return error ? error : SyncNames({folder});
 }
 

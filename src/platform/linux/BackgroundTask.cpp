@@ -32,9 +32,8 @@ void BackgroundTask::Start(const std::function<void()>& work) {
 }
 
 void BackgroundTask::Wait(TransferObserver& observer) {
-    if (!m_work.valid())
-        return;
-    while (m_work.wait_for(kSignOfLife) != std::future_status::ready)
+    while (m_work.valid() && m_work.wait_for(kSignOfLife) != std::future_status::ready)
         observer.Progress(0);
-    m_work.get();
+    if (m_work.valid())
+        m_work.get();
 }

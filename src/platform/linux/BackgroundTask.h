@@ -15,7 +15,8 @@ class BackgroundTask final {
 
     void Start(const std::function<void()>& work);
 
-    /// Returns when the work is done; `observer` is told of progress (0 bytes) several times a second until then.
+    /// Returns when the work is done; `observer` is told of progress (0 bytes) several times a second until then, and
+    /// may come back here: both calls return then.
     void Wait(TransferObserver& observer);
 
   private:

@@ -41,9 +41,11 @@ void CommitQueue::turn() {
 }
 
 void CommitQueue::finishSyncing() {
-    if (m_syncing)
-        m_syncing->Finish(m_temporaries, m_observer);
-    m_syncing.reset();
+    const std::shared_ptr<TransferBatch> batch = m_syncing;
+    if (batch)
+        batch->Finish(m_temporaries, m_observer);
+    if (m_syncing == batch)
+        m_syncing.reset();
 }
 
 void CommitQueue::Flush() {

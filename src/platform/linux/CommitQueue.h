@@ -21,7 +21,8 @@ class CommitQueue final {
     [[nodiscard]] bool IsEmpty() const { return !m_syncing && m_filling->IsEmpty(); }
     [[nodiscard]] bool Holds(const FileId& folder, const std::filesystem::path& name) const;
 
-    /// Everything added so far is on disk and in place, or reported, when this returns.
+    /// Everything added so far is on disk and in place, or reported, when this returns. Events that run meanwhile may
+    /// call it again.
     void Flush();
 
   private:
@@ -32,5 +33,5 @@ class CommitQueue final {
     TemporaryFiles& m_temporaries;
     std::size_t m_descriptorLimit;
     std::unique_ptr<TransferBatch> m_filling;
-    std::unique_ptr<TransferBatch> m_syncing;
+    std::shared_ptr<TransferBatch> m_syncing; ///< shared with the calls that wait for it, one inside another
 };

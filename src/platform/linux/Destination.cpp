@@ -4,21 +4,23 @@
 #include <cstdio>
 #include <fcntl.h>
 
-std::error_code CheckDestination(const LinuxFolder& folder, const std::filesystem::path& name, const FileId& source,
-                                 DestinationState& state) {
+std::error_code CheckDestination(const FileJob& job, DestinationState& state) {
     std::error_code error;
-    const std::optional<FileFacts> existing = folder.Stat(name, error);
+    const std::optional<FileFacts> existing = job.destination->Stat(job.name, error);
     state = DestinationState::Free;
     if (error || !existing)
         return error;
     switch (existing->kind) {
     case EntryKind::File:
-        state = existing->id == source ? DestinationState::IsSource : DestinationState::Replaceable;
+        state = existing->id == job.facts.id ? DestinationState::IsSource : DestinationState::Replaceable;
+        if (state == DestinationState::Replaceable && (!job.replaced || !job.replaced->IsSameAs(*existing)))
+            return ErrorOf(EAGAIN);
         return {};
     case EntryKind::Folder:
         return ErrorOf(EISDIR);
     case EntryKind::FolderLink:
     case EntryKind::Special:
+    case EntryKind::Unknown:
         break;
     }
     return ErrorOf(EEXIST);

@@ -6,6 +6,7 @@
 #include <limits>
 #include <linux/magic.h>
 #include <sys/vfs.h>
+#include <unistd.h>
 
 namespace {
 
@@ -34,6 +35,16 @@ std::int64_t timeStepOfTarget(int folder, const char* name) {
     return target.IsOpen() ? TimeStepOf(target.Get()) : 1;
 }
 
+/// There is nothing behind the link.
+bool isDangling(const std::error_code& error) {
+    return error == ErrorOf(ENOENT) || error == ErrorOf(ENOTDIR) || error == ErrorOf(ELOOP) ||
+           error == ErrorOf(ENAMETOOLONG);
+}
+
+bool mayFollow(const struct stat& link, const struct stat& target) {
+    return !S_ISREG(target.st_mode) || link.st_uid == ::geteuid() || link.st_uid == target.st_uid;
+}
+
 } // namespace
 
 std::int64_t ToNanoseconds(const struct timespec& time) {
@@ -58,21 +69,21 @@ std::error_code ReadEntryFacts(int folder, const char* name, std::uint64_t devic
                                FileFacts& facts) {
     struct stat status {};
     facts = {};
-    if (::fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) != 0) {
-        const std::error_code error = LastError();
-        struct stat self {};
-        if (error == std::errc::no_such_file_or_directory || ::fstatat(folder, ".", &self, 0) != 0)
-            return error;
-        return {};
-    }
+    if (::fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) != 0)
+        return LastError();
     if (!S_ISLNK(status.st_mode)) {
         facts = factsOf(status, false, timeStep);
         return {};
     }
     facts.isLink = true;
     struct stat target {};
-    if (::fstatat(folder, name, &target, 0) == 0)
-        facts = factsOf(target, true, target.st_dev == device ? timeStep : timeStepOfTarget(folder, name));
+    if (::fstatat(folder, name, &target, 0) != 0) {
+        const std::error_code error = LastError();
+        return isDangling(error) ? std::error_code() : error;
+    }
+    if (!mayFollow(status, target))
+        return ErrorOf(EACCES);
+    facts = factsOf(target, true, target.st_dev == device ? timeStep : timeStepOfTarget(folder, name));
     return {};
 }
 

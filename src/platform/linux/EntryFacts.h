@@ -13,9 +13,9 @@
 /// The step in which the file system behind the descriptor stores times, in nanoseconds: 2 s on FAT, else 1.
 [[nodiscard]] std::int64_t TimeStepOf(int descriptor);
 
-/// Facts of the entry `name` of an open folder, links followed. `device` and `timeStep` are the folder's own. An entry
-/// that is there but cannot be looked at (a dead mount, say) is Special; only a missing one, and a folder that may not
-/// be searched at all, are errors.
+/// Facts of the entry `name` of an open folder, links followed. `device` and `timeStep` are the folder's own. A link to
+/// a file is followed only where its owner is this process's user or the owner of the file (EACCES otherwise): a run
+/// with privileges would else publish what the maker of the link may not read. A dangling link is Special.
 [[nodiscard]] std::error_code ReadEntryFacts(int folder, const char* name, std::uint64_t device, std::int64_t timeStep,
                                              FileFacts& facts);
 

@@ -9,8 +9,9 @@ struct FileJob {
     std::shared_ptr<LinuxFolder> source;
     std::shared_ptr<LinuxFolder> destination;
     std::filesystem::path name;
-    FileFacts facts;           ///< of the source, as it was listed
-    bool removeSource = false; ///< once the copy is safe
+    FileFacts facts;                     ///< of the source, as it was listed
+    bool removeSource = false;           ///< once the copy is safe
+    std::optional<FileFacts> replaced{}; ///< what the destination had when the transfer was decided
 
     [[nodiscard]] std::filesystem::path SourcePath() const { return source->Path() / name; }
 };

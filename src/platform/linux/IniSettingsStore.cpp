@@ -33,7 +33,7 @@ std::error_code makeFolder(const fs::path& folder) {
 
 IniSettingsStore::IniSettingsStore() : m_configFolder(XdgFolders::ConfigHome()) {}
 
-fs::path IniSettingsStore::fileOf(const QString& application) const {
+fs::path IniSettingsStore::FileOf(const QString& application) const {
     if (m_configFolder.empty() || application.isEmpty() || application.startsWith(QLatin1Char('.')) ||
         application.contains(QLatin1Char('/')) || application.contains(QChar(u'\0')))
         return {};
@@ -43,14 +43,14 @@ fs::path IniSettingsStore::fileOf(const QString& application) const {
 std::optional<QString> IniSettingsStore::Read(const QString& application, const QString& section,
                                               const QString& key) const {
     QByteArray bytes;
-    if (LinuxOwnFiles().ReadAll(fileOf(application), mostBytes, bytes))
+    if (LinuxOwnFiles().ReadAll(FileOf(application), mostBytes, bytes))
         return std::nullopt;
     return IniFile(bytes).Value(section, key);
 }
 
 std::error_code IniSettingsStore::Write(const QString& application, const QString& section, const QString& key,
                                         const QString& value) {
-    const fs::path file = fileOf(application);
+    const fs::path file = FileOf(application);
     if (file.empty())
         return std::make_error_code(std::errc::invalid_argument);
     QByteArray bytes;

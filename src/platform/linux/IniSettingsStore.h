@@ -4,7 +4,6 @@
 #pragma once
 
 #include "SettingsStore.h"
-#include <filesystem>
 
 class IniSettingsStore final : public SettingsStore {
   public:
@@ -16,9 +15,8 @@ class IniSettingsStore final : public SettingsStore {
                                               const QString& key) const override;
     [[nodiscard]] std::error_code Write(const QString& application, const QString& section, const QString& key,
                                         const QString& value) override;
+    [[nodiscard]] std::filesystem::path FileOf(const QString& application) const override;
 
   private:
-    [[nodiscard]] std::filesystem::path fileOf(const QString& application) const;
-
     std::filesystem::path m_configFolder;
 };

@@ -44,53 +44,58 @@ LinuxFileTransfer::LinuxFileTransfer(TransferObserver& observer)
 
 bool LinuxFileTransfer::checkFile(const TransferFile& file, FileJob& job) {
     job = {std::dynamic_pointer_cast<LinuxFolder>(file.source),
-           std::dynamic_pointer_cast<LinuxFolder>(file.destination), file.name, file.facts, false};
+           std::dynamic_pointer_cast<LinuxFolder>(file.destination),
+           file.name,
+           file.facts,
+           false,
+           file.replaced};
     if (job.source && job.destination && LinuxFolder::IsPlainName(file.name) && file.facts.kind == EntryKind::File)
         return true;
     m_observer.Failed(file.source ? file.source->Path() / file.name : file.name, ErrorOf(EINVAL));
     return false;
 }
 
-void LinuxFileTransfer::Copy(const TransferFile& file) {
+bool LinuxFileTransfer::Copy(const TransferFile& file) {
     FileJob job;
-    if (checkFile(file, job))
-        stage(job);
+    return checkFile(file, job) && stage(job);
 }
 
-void LinuxFileTransfer::stage(const FileJob& job) {
+bool LinuxFileTransfer::stage(const FileJob& job) {
     StagedFile staged;
     std::error_code error = m_stager.Stage(job, staged);
     if (mayPassAfterCommit(error) && !m_queue.IsEmpty()) {
         m_queue.Flush();
         error = m_stager.Stage(job, staged);
     }
-    if (error)
+    if (error) {
         m_observer.Failed(job.SourcePath(), error);
-    else
-        m_queue.Add(std::move(staged));
-    if (!error)
-        m_observer.Transferred();
+        return false;
+    }
+    m_queue.Add(std::move(staged));
+    m_observer.Transferred();
+    return true;
 }
 
-void LinuxFileTransfer::Move(const TransferFile& file) {
+bool LinuxFileTransfer::Move(const TransferFile& file) {
     FileJob job;
     if (!checkFile(file, job))
-        return;
+        return false;
     job.removeSource = true;
-    move(job);
+    return move(job);
 }
 
-void LinuxFileTransfer::move(const FileJob& job) {
+bool LinuxFileTransfer::move(const FileJob& job) {
     bool isElsewhere = job.facts.isLink || m_apart.contains({job.source->Id().device, job.destination->Id().device});
     std::error_code error;
     if (!isElsewhere)
         error = moveByRename(job, isElsewhere);
     if (isElsewhere)
-        stage(job); // a link is read as the file it leads to, and only the link goes
-    else if (error)
+        return stage(job); // a link is read as the file it leads to, and only the link goes
+    if (error)
         m_observer.Failed(job.SourcePath(), error);
     else
         m_observer.Transferred();
+    return !error;
 }
 
 std::error_code LinuxFileTransfer::moveByRename(const FileJob& job, bool& isElsewhere) {
@@ -105,7 +110,7 @@ std::error_code LinuxFileTransfer::moveByRename(const FileJob& job, bool& isElse
     std::error_code error = RenameToFreeName(*job.source, job.name.c_str(), *job.destination, job.name);
     if (error == ErrorOf(EEXIST)) {
         DestinationState state{};
-        error = CheckDestination(*job.destination, job.name, job.facts.id, state);
+        error = CheckDestination(job, state);
         if (error || state == DestinationState::IsSource)
             return error;
         error = mayBeUnwritten(status) ? bringToDisk(job) : std::error_code();
@@ -122,14 +127,16 @@ std::error_code LinuxFileTransfer::moveByRename(const FileJob& job, bool& isElse
 bool LinuxFileTransfer::checkTree(const Tree& tree, const std::set<FileId>& excluded) {
     std::error_code error = ErrorOf(EINVAL);
     std::optional<FileFacts> facts;
-    if (tree.source && tree.destination && LinuxFolder::IsPlainName(tree.name))
-        facts = tree.source->Stat(tree.name, error);
+    if (tree.source && tree.destination && LinuxFolder::IsPlainName(tree.entry.name))
+        facts = tree.source->Stat(tree.entry.name, error);
     if (facts && facts->kind == EntryKind::Folder && excluded.contains(facts->id))
         return false;
     if (!facts && !error)
         error = ErrorOf(ENOENT);
     if (facts && facts->kind != EntryKind::Folder)
         error = ErrorOf(ENOTDIR);
+    else if (facts && facts->id != tree.entry.facts.id)
+        error = ErrorOf(EAGAIN);
     if (!error) {
         // Into itself, or below itself, it would never end.
         const std::vector<FileId> above = tree.destination->Ancestors();
@@ -137,37 +144,37 @@ bool LinuxFileTransfer::checkTree(const Tree& tree, const std::set<FileId>& excl
             return true;
         error = ErrorOf(EINVAL);
     }
-    m_observer.Failed(tree.source ? tree.source->Path() / tree.name : tree.name, error);
+    m_observer.Failed(tree.source ? tree.source->Path() / tree.entry.name : tree.entry.name, error);
     return false;
 }
 
 void LinuxFileTransfer::CopyTree(const std::shared_ptr<Folder>& source, const std::shared_ptr<Folder>& destination,
-                                 const std::filesystem::path& name, const std::set<FileId>& excluded) {
+                                 const FolderEntry& entry, const std::set<FileId>& excluded) {
     const Tree tree{std::dynamic_pointer_cast<LinuxFolder>(source), std::dynamic_pointer_cast<LinuxFolder>(destination),
-                    name};
+                    entry};
     if (!checkTree(tree, excluded))
         return;
     TreeTransfer transfer(
-        m_observer, m_queue, [this](const FileJob& job) { stage(job); }, excluded, false);
-    transfer.Run(tree.source, tree.destination, tree.name);
+        m_observer, m_queue, [this](const FileJob& job) { static_cast<void>(stage(job)); }, excluded, false);
+    transfer.Run(tree.source, tree.destination, tree.entry);
 }
 
 void LinuxFileTransfer::MoveTree(const std::shared_ptr<Folder>& source, const std::shared_ptr<Folder>& destination,
-                                 const std::filesystem::path& name, const std::set<FileId>& excluded) {
+                                 const FolderEntry& entry, const std::set<FileId>& excluded) {
     const Tree tree{std::dynamic_pointer_cast<LinuxFolder>(source), std::dynamic_pointer_cast<LinuxFolder>(destination),
-                    name};
+                    entry};
     if (!checkTree(tree, excluded))
         return;
     // One rename takes everything along. The folders left out are those on the way up from a root: had this one such a
     // folder in it, it would be left out itself.
-    const std::error_code error = RenameToFreeName(*tree.source, name.c_str(), *tree.destination, name);
+    const std::error_code error = RenameToFreeName(*tree.source, entry.name.c_str(), *tree.destination, entry.name);
     if (!error)
         return;
     if (!needsCopy(error)) {
-        m_observer.Failed(tree.source->Path() / name, error);
+        m_observer.Failed(tree.source->Path() / entry.name, error);
         return;
     }
     TreeTransfer transfer(
-        m_observer, m_queue, [this](const FileJob& job) { move(job); }, excluded, true);
-    transfer.Run(tree.source, tree.destination, tree.name);
+        m_observer, m_queue, [this](const FileJob& job) { static_cast<void>(move(job)); }, excluded, true);
+    transfer.Run(tree.source, tree.destination, tree.entry);
 }

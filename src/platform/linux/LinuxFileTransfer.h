@@ -9,30 +9,30 @@ class LinuxFileTransfer final : public FileTransfer {
   public:
     explicit LinuxFileTransfer(TransferObserver& observer);
 
-    void Copy(const TransferFile& file) override;
-    void Move(const TransferFile& file) override;
+    bool Copy(const TransferFile& file) override;
+    bool Move(const TransferFile& file) override;
     void CopyTree(const std::shared_ptr<Folder>& source, const std::shared_ptr<Folder>& destination,
-                  const std::filesystem::path& name, const std::set<FileId>& excluded) override;
+                  const FolderEntry& entry, const std::set<FileId>& excluded) override;
     void MoveTree(const std::shared_ptr<Folder>& source, const std::shared_ptr<Folder>& destination,
-                  const std::filesystem::path& name, const std::set<FileId>& excluded) override;
+                  const FolderEntry& entry, const std::set<FileId>& excluded) override;
     void Commit() override { m_queue.Flush(); }
 
   private:
     struct Tree {
         std::shared_ptr<LinuxFolder> source;
         std::shared_ptr<LinuxFolder> destination;
-        std::filesystem::path name;
+        FolderEntry entry;
     };
 
     [[nodiscard]] bool checkFile(const TransferFile& file, FileJob& job);
     [[nodiscard]] bool checkTree(const Tree& tree, const std::set<FileId>& excluded);
-    void stage(const FileJob& job);
-    void move(const FileJob& job);
+    bool stage(const FileJob& job);
+    bool move(const FileJob& job);
     [[nodiscard]] std::error_code moveByRename(const FileJob& job, bool& isElsewhere);
 
     TransferObserver& m_observer;
     TemporaryFiles m_temporaries;
     FileStager m_stager;
-    std::set<std::pair<std::uint64_t, std::uint64_t>> m_apart; ///< devices between which no rename leads
+    std::set<std::pair<std::uint64_t, std::uint64_t>> m_apart; ///< device pairs for which rename() failed with EXDEV
     CommitQueue m_queue;                                       ///< last: its end uses the others
 };

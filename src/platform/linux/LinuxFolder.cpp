@@ -64,6 +64,17 @@ std::error_code LinuxFolder::forEachName(const std::function<std::error_code(con
     }
 }
 
+/// An entry that cannot be looked at (a dead mount, say) is Unknown: it is reported where it would have been worked on.
+/// A folder that may not be searched at all is an error of its own.
+std::error_code LinuxFolder::readEntry(const char* name, FileFacts& facts) const {
+    const std::error_code error = ReadEntryFacts(Descriptor(), name, m_id.device, m_timeStep, facts);
+    struct stat self {};
+    if (!error || error == std::errc::no_such_file_or_directory || ::fstatat(Descriptor(), ".", &self, 0) != 0)
+        return error;
+    facts = {.kind = EntryKind::Unknown, .error = error};
+    return {};
+}
+
 std::error_code LinuxFolder::List(std::vector<FolderEntry>& entries) const {
     entries.clear();
     std::vector<std::string> temporaries;
@@ -73,7 +84,7 @@ std::error_code LinuxFolder::List(std::vector<FolderEntry>& entries) const {
             return {};
         }
         FileFacts facts;
-        const std::error_code failure = ReadEntryFacts(Descriptor(), name, m_id.device, m_timeStep, facts);
+        const std::error_code failure = readEntry(name, facts);
         if (!failure)
             entries.push_back({name, facts});
         // Gone since its name was read: then it simply is not there any more.
@@ -100,18 +111,34 @@ std::optional<FileFacts> LinuxFolder::Stat(const std::filesystem::path& name, st
     return std::nullopt;
 }
 
-std::shared_ptr<Folder> LinuxFolder::OpenChild(const std::filesystem::path& name, std::error_code& error) const {
-    if (!IsPlainName(name)) {
+std::shared_ptr<Folder> LinuxFolder::OpenChild(const FolderEntry& entry, std::error_code& error) const {
+    if (!IsPlainName(entry.name)) {
         error = ErrorOf(EINVAL);
         return nullptr;
     }
-    return Open(Descriptor(), name.c_str(), m_path / name, false, error);
+    auto child = Open(Descriptor(), entry.name.c_str(), m_path / entry.name, false, error);
+    if (child && child->Id() != entry.facts.id) {
+        error = ErrorOf(EAGAIN);
+        child.reset();
+    }
+    return child;
 }
 
-std::error_code LinuxFolder::DeleteFile(const std::filesystem::path& name) {
-    if (!IsPlainName(name))
-        return ErrorOf(EINVAL);
-    return ::unlinkat(Descriptor(), name.c_str(), 0) == 0 ? std::error_code() : LastError();
+std::uint64_t LinuxFolder::Mount() const {
+    struct statx status {};
+    const bool isKnown = ::statx(Descriptor(), "", AT_EMPTY_PATH, STATX_MNT_ID, &status) == 0 &&
+                         (status.stx_mask & STATX_MNT_ID) != 0; // since Linux 5.8
+    return isKnown ? status.stx_mnt_id : m_id.device;
+}
+
+std::error_code LinuxFolder::DeleteFile(const FolderEntry& entry) {
+    std::error_code error;
+    const std::optional<FileFacts> present = Stat(entry.name, error);
+    if (error)
+        return error;
+    if (!present || !present->IsSameAs(entry.facts))
+        return ErrorOf(present ? EAGAIN : ENOENT);
+    return ::unlinkat(Descriptor(), entry.name.c_str(), 0) == 0 ? std::error_code() : LastError();
 }
 
 std::error_code LinuxFolder::DeleteEmptyFolder(const std::filesystem::path& name) {

@@ -18,8 +18,9 @@ class LinuxFolder final : public Folder {
     FileId Id() const override { return m_id; }
     std::error_code List(std::vector<FolderEntry>& entries) const override;
     std::optional<FileFacts> Stat(const std::filesystem::path& name, std::error_code& error) const override;
-    std::shared_ptr<Folder> OpenChild(const std::filesystem::path& name, std::error_code& error) const override;
-    std::error_code DeleteFile(const std::filesystem::path& name) override;
+    std::shared_ptr<Folder> OpenChild(const FolderEntry& entry, std::error_code& error) const override;
+    std::uint64_t Mount() const override;
+    std::error_code DeleteFile(const FolderEntry& entry) override;
     std::error_code DeleteEmptyFolder(const std::filesystem::path& name) override;
     std::vector<FileId> Ancestors() const override;
     bool StillThere() const override;
@@ -35,6 +36,7 @@ class LinuxFolder final : public Folder {
 
   private:
     [[nodiscard]] std::error_code forEachName(const std::function<std::error_code(const char*)>& visit) const;
+    [[nodiscard]] std::error_code readEntry(const char* name, FileFacts& facts) const;
     void removeIfLeftover(const std::string& name) const;
 
     FileDescriptor m_descriptor;

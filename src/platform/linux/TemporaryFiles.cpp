@@ -128,15 +128,14 @@ std::error_code TemporaryFiles::PlaceAtFreeName(TemporaryFile& file, const std::
     return error;
 }
 
-std::error_code TemporaryFiles::Place(TemporaryFile& file, const std::filesystem::path& name, const FileId& source,
-                                      bool& placed) {
-    std::error_code error = PlaceAtFreeName(file, name);
+std::error_code TemporaryFiles::Place(TemporaryFile& file, const FileJob& job, bool& placed) {
+    std::error_code error = PlaceAtFreeName(file, job.name);
     placed = !error;
     if (error == ErrorOf(EEXIST)) {
         DestinationState state{};
-        error = CheckDestination(*file.Parent(), name, source, state);
+        error = CheckDestination(job, state);
         if (!error && state != DestinationState::IsSource) {
-            error = replace(file, name);
+            error = Replace(file, job.name);
             placed = !error;
         }
     }
@@ -145,7 +144,7 @@ std::error_code TemporaryFiles::Place(TemporaryFile& file, const std::filesystem
     return error;
 }
 
-std::error_code TemporaryFiles::replace(TemporaryFile& file, const std::filesystem::path& name) {
+std::error_code TemporaryFiles::Replace(TemporaryFile& file, const std::filesystem::path& name) {
     const LinuxFolder& folder = *file.Parent();
     const bool isNamed = !file.Name().empty();
     // A file without a name cannot replace one: it takes a temporary name first.

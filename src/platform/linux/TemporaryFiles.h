@@ -2,7 +2,7 @@
 // without a name. Failures are error codes and leave an old destination whole.
 #pragma once
 
-#include "TemporaryFile.h"
+#include "FileJob.h"
 #include "TemporaryName.h"
 
 #include <map>
@@ -19,11 +19,12 @@ class TemporaryFiles final {
     /// Gives the file its name; std::errc::file_exists when anything has it already.
     [[nodiscard]] std::error_code PlaceAtFreeName(TemporaryFile& file, const std::filesystem::path& name);
 
-    /// Gives the file its name, in one step, over a file or a link to one. `placed` stays false, without an error, when
-    /// the destination is the file `source` itself; std::errc::is_a_directory or file_exists when something stands
-    /// there that no file may replace.
-    [[nodiscard]] std::error_code Place(TemporaryFile& file, const std::filesystem::path& name, const FileId& source,
-                                        bool& placed);
+    /// Gives the file its name, in one step, whatever file has it.
+    [[nodiscard]] std::error_code Replace(TemporaryFile& file, const std::filesystem::path& name);
+
+    /// Gives the copy the name of its job, at a free name or over what the job was decided to replace. `placed` stays
+    /// false, without an error, when the destination is the source itself. Errors as of CheckDestination.
+    [[nodiscard]] std::error_code Place(TemporaryFile& file, const FileJob& job, bool& placed);
 
     /// The permission bits that the system takes off new files (umask).
     [[nodiscard]] std::uint32_t CreationMask() const { return m_creationMask; }
@@ -32,7 +33,6 @@ class TemporaryFiles final {
     [[nodiscard]] std::error_code supportsUnnamed(const LinuxFolder& folder, bool& supported);
     [[nodiscard]] std::error_code createNamed(const std::shared_ptr<LinuxFolder>& folder, TemporaryFile& file) const;
     [[nodiscard]] std::error_code link(int file, const LinuxFolder& folder, const char* name);
-    [[nodiscard]] std::error_code replace(TemporaryFile& file, const std::filesystem::path& name);
     [[nodiscard]] bool mayCreateWith(std::uint32_t mode, const LinuxFolder& folder) const;
 
     ProcessMark m_process;

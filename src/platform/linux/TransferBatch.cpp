@@ -57,23 +57,31 @@ void TransferBatch::StartSync() {
 
 void TransferBatch::Finish(TemporaryFiles& temporaries, TransferObserver& observer) {
     m_task.Wait(observer);
-    place(temporaries, observer);
-    syncNames(observer);
-    removeSources(observer);
-    finishFolders(observer);
+    if (m_stage == Stage::Contents) {
+        m_stage = Stage::Names;
+        place(temporaries, observer);
+        startNames();
+    }
+    m_task.Wait(observer);
+    if (m_stage == Stage::Names) {
+        m_stage = Stage::Done;
+        finishNames(observer);
+        removeSources(observer);
+        finishFolders(observer);
+    }
 }
 
 void TransferBatch::place(TemporaryFiles& temporaries, TransferObserver& observer) {
     for (StagedFile& file : m_files) {
         if (!file.error)
-            file.error = temporaries.Place(file.copy, file.job.name, file.job.facts.id, file.isPlaced);
+            file.error = temporaries.Place(file.copy, file.job, file.isPlaced);
         if (file.error)
             observer.Failed(file.job.SourcePath(), file.error);
     }
 }
 
 /// Only where something is to be removed: a copy that loses its name in a power cut is made again at the next run.
-void TransferBatch::syncNames(TransferObserver& observer) {
+void TransferBatch::startNames() {
     std::vector<std::shared_ptr<LinuxFolder>> folders;
     for (const StagedFile& file : m_files) {
         if (file.isPlaced && file.job.removeSource)
@@ -83,16 +91,16 @@ void TransferBatch::syncNames(TransferObserver& observer) {
         if (folder.removeSource)
             folders.push_back(folder.destination);
     }
-    if (folders.empty())
-        return;
-    std::error_code error;
-    m_task.Start([&] { error = SyncNames(folders); });
-    m_task.Wait(observer);
-    if (!error)
+    if (!folders.empty())
+        m_task.Start([this, folders = std::move(folders)] { m_namesError = SyncNames(folders); });
+}
+
+void TransferBatch::finishNames(TransferObserver& observer) {
+    if (!m_namesError)
         return;
     for (StagedFile& file : m_files) {
         if (file.isPlaced && file.job.removeSource)
-            observer.Failed(file.job.SourcePath(), error);
+            observer.Failed(file.job.SourcePath(), m_namesError);
         file.job.removeSource = false;
     }
     for (StagedFolder& folder : m_folders)

@@ -23,12 +23,16 @@ class TransferBatch final {
     /// Begins to bring the bytes to disk, beside the calling thread. Nothing may be added from now on.
     void StartSync();
 
-    /// Waits for the bytes, gives the files their names and removes the sources that were to go.
+    /// Waits for the bytes, gives the files their names and removes the sources that were to go. Events run while it
+    /// waits and may call it again: the inner call does what is left, the outer one finds it done.
     void Finish(TemporaryFiles& temporaries, TransferObserver& observer);
 
   private:
+    enum class Stage { Contents, Names, Done };
+
     void place(TemporaryFiles& temporaries, TransferObserver& observer);
-    void syncNames(TransferObserver& observer);
+    void startNames();
+    void finishNames(TransferObserver& observer);
     void removeSources(TransferObserver& observer);
     void finishFolders(TransferObserver& observer);
 
@@ -36,5 +40,7 @@ class TransferBatch final {
     std::vector<StagedFolder> m_folders;
     std::uint64_t m_bytes = 0;
     std::size_t m_descriptors = 0;
-    BackgroundTask m_task; ///< last: its end waits for the work on the files
+    Stage m_stage = Stage::Contents;
+    std::error_code m_namesError; ///< of bringing the names to disk
+    BackgroundTask m_task;        ///< last: its end waits for the work on the files
 };

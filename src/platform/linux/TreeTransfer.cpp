@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr int kDeepest = 200; // every level holds two descriptors
+constexpr int kDeepest = 1000; // every level holds two descriptors
 constexpr mode_t kOwnerMayFill = 0700;
 
 } // namespace
@@ -17,21 +17,22 @@ TreeTransfer::TreeTransfer(TransferObserver& observer, CommitQueue& queue,
       m_removeSources(removeSources) {}
 
 void TreeTransfer::Run(const std::shared_ptr<LinuxFolder>& source, const std::shared_ptr<LinuxFolder>& destination,
-                       const std::filesystem::path& name) {
-    if (const std::error_code error = enter(source, destination, name))
-        m_observer.Failed(source->Path() / name, error);
+                       const FolderEntry& entry) {
+    if (const std::error_code error = enter(source, destination, entry))
+        m_observer.Failed(source->Path() / entry.name, error);
 }
 
 std::error_code TreeTransfer::enter(const std::shared_ptr<LinuxFolder>& source,
-                                    const std::shared_ptr<LinuxFolder>& destination,
-                                    const std::filesystem::path& name) {
+                                    const std::shared_ptr<LinuxFolder>& destination, const FolderEntry& entry) {
     if (m_depth >= kDeepest)
         return ErrorOf(ELOOP);
     StagedFolder folder;
     std::error_code error;
-    folder.source = open(*source, name, error);
+    folder.source = open(*source, entry.name, error);
     if (!folder.source)
         return error;
+    if (folder.source->Id() != entry.facts.id)
+        return ErrorOf(EAGAIN);
     if (m_excluded.contains(folder.source->Id()) || m_made.contains(folder.source->Id()))
         return {};
     // Listed before anything is made: the new folder must not turn up in its own source.
@@ -40,7 +41,7 @@ std::error_code TreeTransfer::enter(const std::shared_ptr<LinuxFolder>& source,
         return listing;
     if (::fstat(folder.source->Descriptor(), &folder.status) != 0)
         return LastError();
-    folder.destination = make(*destination, name, folder.status.st_mode, error);
+    folder.destination = make(*destination, entry.name, folder.status.st_mode, error);
     if (!folder.destination)
         return error;
     m_made.insert(folder.destination->Id());
@@ -48,7 +49,7 @@ std::error_code TreeTransfer::enter(const std::shared_ptr<LinuxFolder>& source,
     transferEntries(folder.source, folder.destination, entries);
     --m_depth;
     folder.sourceParent = source;
-    folder.name = name;
+    folder.name = entry.name;
     folder.removeSource = m_removeSources;
     m_queue.Add(std::move(folder));
     return {};
@@ -60,10 +61,12 @@ void TreeTransfer::transferEntries(const std::shared_ptr<LinuxFolder>& source,
     for (const FolderEntry& entry : entries) {
         if (m_observer.StopRequested())
             return;
-        if (entry.facts.kind == EntryKind::File)
+        if (entry.facts.kind == EntryKind::Unknown)
+            m_observer.Failed(source->Path() / entry.name, entry.facts.error);
+        else if (entry.facts.kind == EntryKind::File)
             m_transferFile({source, destination, entry.name, entry.facts, m_removeSources});
         else if (entry.facts.kind == EntryKind::Folder && !m_excluded.contains(entry.facts.id))
-            Run(source, destination, entry.name);
+            Run(source, destination, entry);
     }
 }
 

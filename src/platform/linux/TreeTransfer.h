@@ -12,14 +12,14 @@ class TreeTransfer final {
     TreeTransfer(TransferObserver& observer, CommitQueue& queue, std::function<void(const FileJob&)> transferFile,
                  const std::set<FileId>& excluded, bool removeSources);
 
-    /// Makes the folder `name` in `destination` and fills it from that of `source`.
+    /// Makes the folder of this name in `destination` and fills it from that of `source`, which must still be the one
+    /// that was listed.
     void Run(const std::shared_ptr<LinuxFolder>& source, const std::shared_ptr<LinuxFolder>& destination,
-             const std::filesystem::path& name);
+             const FolderEntry& entry);
 
   private:
     [[nodiscard]] std::error_code enter(const std::shared_ptr<LinuxFolder>& source,
-                                        const std::shared_ptr<LinuxFolder>& destination,
-                                        const std::filesystem::path& name);
+                                        const std::shared_ptr<LinuxFolder>& destination, const FolderEntry& entry);
     [[nodiscard]] std::shared_ptr<LinuxFolder> open(const LinuxFolder& parent, const std::filesystem::path& name,
                                                     std::error_code& error);
     [[nodiscard]] std::shared_ptr<LinuxFolder> make(const LinuxFolder& parent, const std::filesystem::path& name,

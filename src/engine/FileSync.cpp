@@ -1,0 +1,232 @@
+#include "FileSync.h"
+#include "ActivityLogs.h"
+#include "Prompter.h"
+#include "RunEnd.h"
+#include "SyncTexts.h"
+#include "modDateCompare.h"
+#include "modNativePath.h"
+
+namespace {
+QString pathIn(const FolderView& view, const std::filesystem::path& name) {
+    return modNativePath::ToText(view.Handle()->Path() / name);
+}
+
+std::error_code changedMeanwhile() {
+    return std::make_error_code(std::errc::resource_unavailable_try_again);
+}
+} // namespace
+
+void FileSync::Run() {
+    if (!list())
+        return;
+    if (m_run.Rules().action == FileAction::Mirror)
+        mirrorPass();
+    mainPass();
+}
+
+bool FileSync::list() {
+    const FileAction action = m_run.Rules().action;
+    const bool mirror = action == FileAction::Mirror;
+    if (action != FileAction::None)
+        m_pair.destination.Handle()->RemoveLeftovers();
+    std::vector<FolderView*> views{&m_pair.source};
+    if (mirror)
+        views.push_back(&m_pair.destination);
+    for (FolderView* view : views) {
+        if (const std::error_code error = view->List()) {
+            m_run.Failed(view->Handle()->Path(), error);
+            if (mirror)
+                m_run.End(RunEnd::Unreadable);
+            return false;
+        }
+    }
+    if (mirror)
+        m_pair.names.FindCounterparts();
+    return true;
+}
+
+void FileSync::failed(const FolderView& view, const std::filesystem::path& name, std::error_code error) {
+    m_run.Failed(view.Handle()->Path() / name, error);
+}
+
+bool FileSync::takesPart(const FolderView& view, const FolderEntry& entry) {
+    if (entry.facts.kind == EntryKind::Unknown)
+        failed(view, entry.name, entry.facts.error);
+    return entry.facts.kind == EntryKind::File &&
+           (!m_run.Filter().IsActive() || m_run.Filter().Passes(pathIn(view, entry.name)));
+}
+
+void FileSync::mirrorPass() {
+    for (const FolderEntry& entry : m_pair.destination.Entries()) {
+        if (m_run.Over())
+            return;
+        if (!takesPart(m_pair.destination, entry) || m_pair.names.IsCounterpart(entry.name))
+            continue;
+        mirrorFile(entry);
+        m_run.AbortTest();
+        m_run.Progress(0);
+    }
+}
+
+void FileSync::mirrorFile(const FolderEntry& entry) {
+    const unsigned now = m_tools.interruptions.Count();
+    const std::optional<FileFacts> destination = m_pair.destination.Facts(entry.name);
+    const std::optional<FileFacts> source = m_pair.source.Facts(entry.name);
+    if (!source) {
+        if (!m_pair.source.Has(entry.name)) // what goes from the source just now stays until the next run
+            deleteSurplus(entry);
+    } else if (destination && destination->kind == EntryKind::File && source->kind == EntryKind::File &&
+               source->id != destination->id && modDateCompare::Compare(destination->modified, source->modified) < 0) {
+        const Decided file{entry.name, *source, destination, now};
+        if (m_run.React(pathIn(m_pair.destination, entry.name)) && isAsDecided(file))
+            syncExisting(file);
+    }
+}
+
+void FileSync::deleteSurplus(const FolderEntry& entry) {
+    const QString path = pathIn(m_pair.destination, entry.name);
+    if (!m_run.MayDelete())
+        return;
+    if (m_run.IsOwnFile(entry.facts.id) || m_run.IsLog(entry.facts.id))
+        return m_run.Line(m_tools.texts.OwnFile(path));
+    m_run.Line(m_tools.texts.DeletingFile(path));
+    if (!m_run.React(path) || !m_run.MayDelete())
+        return;
+    std::error_code error;
+    if (m_pair.source.Handle()->Stat(entry.name, error))
+        error = changedMeanwhile();
+    if (!error)
+        error = m_pair.destination.Handle()->DeleteFile(entry);
+    if (error)
+        failed(m_pair.destination, entry.name, error);
+}
+
+void FileSync::mainPass() {
+    for (const FolderEntry& entry : m_pair.source.Entries()) {
+        if (m_run.Over())
+            return;
+        if (!takesPart(m_pair.source, entry) || m_failed.contains(entry.name))
+            continue;
+        syncFile(entry);
+        m_run.AbortTest();
+        m_run.Progress(0);
+    }
+}
+
+void FileSync::syncFile(const FolderEntry& entry) {
+    const unsigned now = m_tools.interruptions.Count();
+    const std::optional<FileFacts> source = m_pair.source.Facts(entry.name);
+    if (source && source->kind == EntryKind::Unknown)
+        return failed(m_pair.source, entry.name, source->error);
+    if (!source || source->kind != EntryKind::File)
+        return;
+    const Decided file{entry.name, *source, m_pair.destination.Facts(entry.name), now};
+    const std::optional<FileFacts>& found = file.destination;
+    if (!found)
+        return syncNew(file);
+    if (found->kind == EntryKind::Unknown)
+        return failed(m_pair.destination, entry.name, found->error);
+    if (found->kind != EntryKind::File)
+        return failed(m_pair.source, entry.name,
+                      std::make_error_code(found->kind == EntryKind::Special ? std::errc::file_exists
+                                                                             : std::errc::is_a_directory));
+    if (found->id == source->id)
+        return;
+    const bool isStaged = found->id == FileId{};
+    const bool isMove = m_run.Rules().action == FileAction::Move;
+    if (const std::error_code error = isStaged ? std::error_code() : m_pair.names.Claim(entry.name, *found, isMove))
+        return failed(m_pair.source, entry.name, error);
+    syncExisting(file);
+}
+
+/// Whatever was looked at before a box is looked at again behind it; a file that differs is left for the next run.
+bool FileSync::isAsDecided(const Decided& file) {
+    if (file.at == m_tools.interruptions.Count())
+        return true;
+    const std::optional<FileFacts> source = m_pair.source.Facts(file.name);
+    const std::optional<FileFacts> destination = m_pair.destination.Facts(file.name);
+    if (source && source->IsSameAs(file.source) && destination.has_value() == file.destination.has_value() &&
+        (!destination || destination->IsSameAs(*file.destination)))
+        return true;
+    m_failed.insert(file.name);
+    failed(m_pair.source, file.name, changedMeanwhile());
+    return false;
+}
+
+/// The decision after the question; nothing when the file is done with.
+std::optional<FileDecision> FileSync::ask(const Decided& file, const FileSide& from, const FileSide& to) {
+    const MessageAnswer answer = m_tools.interruptions.Ask(m_tools.texts.OverwriteQuestion(from, to));
+    if (m_run.Over())
+        return std::nullopt;
+    if (answer != MessageAnswer::Yes) {
+        m_run.Line(m_tools.texts.Declined(from.path));
+        return std::nullopt;
+    }
+    return isAsDecided(file) ? std::optional(SyncRules::DecideAfterYes(m_run.Rules())) : std::nullopt;
+}
+
+void FileSync::syncExisting(const Decided& file) {
+    const FileRules rules = m_run.Rules();
+    const FileSide from{pathIn(m_pair.source, file.name), file.source};
+    const FileSide to{pathIn(m_pair.destination, file.name), *file.destination};
+    std::optional<FileDecision> decision =
+        SyncRules::DecideExisting(rules, modDateCompare::Compare(file.source.modified, file.destination->modified));
+    if (decision == FileDecision::Ask)
+        decision = ask(file, from, to);
+    if (!decision)
+        return;
+    if (*decision == FileDecision::ReportOnly)
+        return m_run.Line(m_tools.texts.NoAction(from.path));
+    if (*decision == FileDecision::LeaveAlone) {
+        if (m_tools.logs.HasReader(m_run.Name()))
+            m_run.Line(m_tools.texts.NotNewer(from, to));
+        return;
+    }
+    if (!mayTouch(file) || !m_run.React(from.path) || !isAsDecided(file))
+        return;
+    m_run.Line(m_tools.texts.Replacement(rules, from, to));
+    transfer(file);
+}
+
+void FileSync::syncNew(const Decided& file) {
+    const QString path = pathIn(m_pair.source, file.name);
+    if (!m_run.React(path))
+        return;
+    const FileAction action = m_run.Rules().action;
+    if (action == FileAction::None)
+        return m_run.Line(m_tools.texts.NoAction(path));
+    if (!mayTouch(file) || !isAsDecided(file))
+        return;
+    if (m_tools.logs.HasReader(m_run.Name()))
+        m_run.Line(m_tools.texts.New(action, {path, file.source}, pathIn(m_pair.destination, file.name)));
+    transfer(file);
+}
+
+/// The program's own files are neither replaced nor taken away.
+bool FileSync::mayTouch(const Decided& file) {
+    const bool isTaken = m_run.Rules().action == FileAction::Move && m_run.IsOwnFile(file.source.id);
+    if (!isTaken && !(file.destination && m_run.IsOwnFile(file.destination->id)))
+        return true;
+    m_run.Refuse(m_tools.texts.OwnFile(pathIn(isTaken ? m_pair.source : m_pair.destination, file.name)));
+    return false;
+}
+
+void FileSync::transfer(const Decided& file) {
+    TransferFile order{m_pair.source.Handle(), m_pair.destination.Handle(), file.name, file.source, file.destination};
+    const bool isLog = m_run.IsLog(file.source.id);
+    std::error_code error;
+    if (isLog) // it has grown by the line about itself
+        order.facts = m_pair.source.Handle()->Stat(file.name, error).value_or(file.source);
+    const bool isMove = m_run.Rules().action == FileAction::Move;
+    const bool isStaged = isMove ? m_run.Transfer().Move(order) : m_run.Transfer().Copy(order);
+    if (!isStaged) {
+        m_failed.insert(file.name);
+        return;
+    }
+    if (isLog) // before the next line
+        m_run.Transfer().Commit();
+    FileFacts placed = order.facts;
+    placed.id = {};
+    placed.isLink = false;
+    m_pair.destination.SetStaged(file.name, placed);
+}

@@ -1,0 +1,234 @@
+#include "SyncRun.h"
+#include "ActivityFile.h"
+#include "ActivityLogs.h"
+#include "FileSync.h"
+#include "MonitoringSwitch.h"
+#include "OwnPlaces.h"
+#include "Reactions.h"
+#include "RunEnd.h"
+#include "SafeExit.h"
+#include "SurplusRemoval.h"
+#include "SyncTexts.h"
+#include "modNativePath.h"
+
+using modNativePath::ToText;
+
+namespace {
+constexpr int deepest = 1000; // every level holds two descriptors
+
+/// What the user did not ask for counts as a failure.
+bool isFailure(RunEnd reason) {
+    return reason == RunEnd::RecordChanged || reason == RunEnd::RootGone || reason == RunEnd::Unreadable ||
+           reason == RunEnd::FolderExchanged;
+}
+} // namespace
+
+SyncRun::SyncRun(const Parts& parts, RunIdentity identity, RunStarter starter, std::shared_ptr<Folder> source,
+                 std::shared_ptr<Folder> destination)
+    : m_parts(parts), m_identity(std::move(identity)), m_starter(starter), m_source(std::move(source)),
+      m_destination(std::move(destination)), m_recordReadAt(parts.interruptions.Count() - 1),
+      m_log(parts.file.Read(m_identity.name, "logfile")),
+      m_interrupted(std::exchange(parts.runState.progress, {m_identity.name})), m_end(RunEnd::None),
+      m_transfer(parts.fileSystem.NewTransfer(*this)), m_staging(parts.interruptions, *m_transfer) {
+    for (const auto& root : {m_source, m_destination})
+        for (const FileId id : root->Ancestors())
+            m_roots.insert(id);
+}
+
+SyncRun::~SyncRun() {
+    m_transfer->Commit();
+    m_parts.runState.progress = m_interrupted;
+}
+
+RunOutcome SyncRun::Run() {
+    SyncFilesAndFolders(m_source, m_destination, 0);
+    m_transfer->Commit();
+    return {false, m_failures, m_end != RunEnd::None};
+}
+
+/// Only events can change the record and the program's own files, so between them one look is enough.
+void SyncRun::readRecord() {
+    const unsigned now = m_parts.interruptions.Count();
+    if (m_recordReadAt == now || m_end != RunEnd::None)
+        return;
+    m_recordReadAt = now;
+    if (RunIdentity::Of(m_parts.file, Name()) != m_identity)
+        return End(RunEnd::RecordChanged);
+    const auto read = [this](const char* field) { return m_parts.file.Read(Name(), field); };
+    m_rules = SyncRules::RulesOf(m_identity.action, read("overwrite"), read("onlynew"));
+    m_filter = FileTypeFilter(read("extensions"));
+    m_log = read("logfile");
+    m_ownFiles = m_parts.ownPlaces.Protected();
+    m_logs = m_parts.ownPlaces.Logs(m_log);
+}
+
+bool SyncRun::Over() {
+    if (m_parts.runState.closing)
+        End(RunEnd::Closing);
+    else if (m_starter == RunStarter::Schedule && !m_parts.monitoring.IsOn())
+        End(RunEnd::Stopped);
+    readRecord();
+    return m_end != RunEnd::None;
+}
+
+void SyncRun::End(RunEnd reason) {
+    if (m_end != RunEnd::None)
+        return;
+    m_end = reason;
+    if (isFailure(reason))
+        Refuse(m_parts.texts.EndedEarly(reason));
+    else
+        Line(m_parts.texts.EndedEarly(reason));
+}
+
+void SyncRun::AbortTest() {
+    if (!m_parts.safeExit.IsRequested())
+        return;
+    End(RunEnd::SafeExit);
+    m_parts.safeExit.End(m_parts.monitoring);
+}
+
+bool SyncRun::MayDelete() {
+    if (Over())
+        return false;
+    if (m_source->StillThere() && m_destination->StillThere())
+        return true;
+    End(RunEnd::RootGone);
+    return false;
+}
+
+const FileRules& SyncRun::Rules() {
+    readRecord();
+    return m_rules;
+}
+
+const FileTypeFilter& SyncRun::Filter() {
+    readRecord();
+    return m_filter;
+}
+
+bool SyncRun::IsOwnFile(FileId file) {
+    readRecord();
+    return m_ownFiles.contains(file);
+}
+
+bool SyncRun::IsLog(FileId file) {
+    readRecord();
+    return m_logs.contains(file);
+}
+
+bool SyncRun::React(const QString& path) {
+    m_parts.reactions.ReactToChange(Name(), path, [this] { return !Over(); });
+    return !Over();
+}
+
+/// Once the record is another one's, its log is, too.
+void SyncRun::Line(const QString& text) {
+    if (m_end == RunEnd::RecordChanged)
+        m_parts.logs.WriteActionLineTo(m_log, Name(), text);
+    else
+        m_parts.logs.WriteActionLine(Name(), text);
+}
+
+void SyncRun::Refuse(const QString& text) {
+    ++m_failures;
+    Line(text);
+}
+
+void SyncRun::Failed(const std::filesystem::path& source, std::error_code error) {
+    Refuse(m_parts.texts.Failure(ToText(source), error));
+}
+
+void SyncRun::Progress(std::uint64_t bytes) {
+    m_parts.runState.progress.bytes += bytes;
+    m_parts.interruptions.YieldWhenDue();
+}
+
+void SyncRun::SyncFilesAndFolders(std::shared_ptr<Folder> source, std::shared_ptr<Folder> destination, int depth) {
+    AbortTest();
+    if (Over())
+        return;
+    if (depth > deepest)
+        return Refuse(m_parts.texts.TooDeep(ToText(source->Path())));
+    FolderPair pair(std::move(source), std::move(destination), depth, m_parts.interruptions);
+    SyncFiles(pair);
+    if (!Over() && m_parts.file.Read(Name(), "includesubdirs") == u"Y")
+        SyncFolders(pair);
+}
+
+void SyncRun::SyncFiles(FolderPair& pair) {
+    m_parts.interruptions.Yield();
+    if (!Over())
+        FileSync(*this, pair).Run();
+}
+
+void SyncRun::SyncFolders(FolderPair& pair) {
+    for (const FolderEntry& entry : pair.source.Entries()) {
+        if (Over())
+            return;
+        if (entry.facts.kind != EntryKind::Folder || IsRootOrAbove(entry.facts.id))
+            continue;
+        syncFolder(pair, entry);
+        AbortTest();
+    }
+    if (m_rules.action != FileAction::Mirror)
+        return;
+    for (const FolderEntry& entry : pair.destination.Entries()) {
+        if (Over())
+            return;
+        if (entry.facts.kind != EntryKind::Folder || pair.source.Has(entry.name) || pair.source.Facts(entry.name) ||
+            pair.names.IsCounterpart(entry.name))
+            continue;
+        SurplusRemoval(*this, pair, entry).DeleteTree();
+        AbortTest();
+    }
+}
+
+void SyncRun::syncFolder(FolderPair& pair, const FolderEntry& entry) {
+    const std::filesystem::path path = pair.source.Handle()->Path() / entry.name;
+    std::error_code error;
+    const std::optional<FileFacts> found = pair.destination.Handle()->Stat(entry.name, error);
+    if (!found && !error)
+        return transferFolder(pair, entry);
+    if (found && found->kind == EntryKind::Folder && found->id != entry.facts.id) {
+        error = pair.names.Claim(entry.name, *found, false);
+        if (!error)
+            return walkInto(pair, entry, {entry.name, *found});
+    } else if (found && (found->kind == EntryKind::File || found->kind == EntryKind::Special)) {
+        error = std::make_error_code(std::errc::not_a_directory);
+    }
+    if (error)
+        Failed(path, error);
+}
+
+void SyncRun::transferFolder(FolderPair& pair, const FolderEntry& entry) {
+    const QString path = ToText(pair.source.Handle()->Path() / entry.name);
+    if (!React(path))
+        return;
+    const FileAction action = m_rules.action;
+    if (action == FileAction::None)
+        return Line(m_parts.texts.NoAction(path));
+    if (action == FileAction::Move && m_parts.ownPlaces.Folders().contains(entry.facts.id))
+        return Refuse(m_parts.texts.OwnFile(path));
+    Line(m_parts.texts.TransferringFolder(path, ToText(pair.destination.Handle()->Path() / entry.name)));
+    if (action == FileAction::Move)
+        m_transfer->MoveTree(pair.source.Handle(), pair.destination.Handle(), entry, m_roots);
+    else
+        m_transfer->CopyTree(pair.source.Handle(), pair.destination.Handle(), entry, m_roots);
+}
+
+void SyncRun::walkInto(FolderPair& pair, const FolderEntry& source, const FolderEntry& destination) {
+    const std::filesystem::path path = pair.destination.Handle()->Path() / destination.name;
+    // Work there would take the source itself for the destination's surplus.
+    if (IsRootOrAbove(destination.facts.id))
+        return Refuse(m_parts.texts.NestedRoot(ToText(path)));
+    std::error_code error;
+    auto from = pair.source.Handle()->OpenChild(source, error);
+    auto to = from ? pair.destination.Handle()->OpenChild(destination, error) : nullptr;
+    if (to)
+        return SyncFilesAndFolders(std::move(from), std::move(to), pair.depth + 1);
+    Failed(from ? path : pair.source.Handle()->Path() / source.name, error);
+    // What is listed there now is another folder's content, an unmounted disk's empty mount point say.
+    if (error == std::errc::resource_unavailable_try_again)
+        End(RunEnd::FolderExchanged);
+}

@@ -1,0 +1,126 @@
+// One run of one activity over its two directories: decides what happens to each file and folder, then does it, level
+// by level. Owns what a run has: the record it began with, the rules, the transfer, the progress and why it ended. It
+// never throws. What fails is logged and counted and the run goes on; where going on is unsafe it ends with a reason.
+#pragma once
+
+#include "DestinationNames.h"
+#include "FileSystem.h"
+#include "FileTypeFilter.h"
+#include "Interruptions.h"
+#include "RunIdentity.h"
+#include "RunState.h"
+#include "SyncRules.h"
+
+class ActivityFile;
+class ActivityLogs;
+class MonitoringSwitch;
+class OwnPlaces;
+class Reactions;
+class SafeExit;
+class SyncTexts;
+enum class RunEnd;
+
+/// One level of the walk.
+struct FolderPair {
+    FolderPair(std::shared_ptr<Folder> sourceFolder, std::shared_ptr<Folder> destinationFolder, int level,
+               const Interruptions& interruptions)
+        : source(std::move(sourceFolder), interruptions), destination(std::move(destinationFolder), interruptions),
+          names(source, destination), depth(level) {}
+    FolderView source;
+    FolderView destination;
+    DestinationNames names;
+    int depth; ///< 0 for the two roots
+};
+
+/// Who wants the run: a scheduled one ends when monitoring is stopped.
+enum class RunStarter { Schedule, User };
+
+class SyncRun final : public TransferObserver {
+  public:
+    struct Parts {
+        const ActivityFile& file;
+        ActivityLogs& logs;
+        Reactions& reactions;
+        SafeExit& safeExit;
+        MonitoringSwitch& monitoring;
+        const OwnPlaces& ownPlaces;
+        const SyncTexts& texts;
+        Interruptions& interruptions;
+        FileSystem& fileSystem;
+        RunState& runState;
+    };
+    SyncRun(const Parts& parts, RunIdentity identity, RunStarter starter, std::shared_ptr<Folder> source,
+            std::shared_ptr<Folder> destination);
+    ~SyncRun() override;
+    SyncRun(const SyncRun&) = delete;
+    SyncRun& operator=(const SyncRun&) = delete;
+
+    /// Walks both trees and brings everything into place.
+    [[nodiscard]] RunOutcome Run();
+
+    /// One level: the abort test, the files, the sub-folders.
+    void SyncFilesAndFolders(std::shared_ptr<Folder> source, std::shared_ptr<Folder> destination, int depth);
+
+    // What the work on files and on surplus asks of its run.
+
+    /// True when the run must not go on: it was ended, the program closes, monitoring was stopped, or the record is not
+    /// the one that it began with. The first to notice writes the reason.
+    [[nodiscard]] bool Over();
+    void End(RunEnd reason);
+
+    /// Ends the program when the user holds the emergency key; to be called after every file and folder.
+    void AbortTest();
+
+    /// True while a mirror may delete: the run goes on and both roots are where they were. Else ends the run.
+    [[nodiscard]] bool MayDelete();
+
+    [[nodiscard]] const Parts& Tools() const { return m_parts; }
+    [[nodiscard]] FileTransfer& Transfer() { return *m_transfer; }
+    [[nodiscard]] const FileRules& Rules();
+    [[nodiscard]] const FileTypeFilter& Filter();
+    [[nodiscard]] const QString& Name() const { return m_identity.name; }
+
+    /// A folder that is or contains one of the two roots: never transferred, deleted or walked as a destination.
+    [[nodiscard]] bool IsRootOrAbove(FileId folder) const { return m_roots.contains(folder); }
+    /// A file that no activity may replace, move or delete.
+    [[nodiscard]] bool IsOwnFile(FileId file);
+    /// A log that this run may be writing to.
+    [[nodiscard]] bool IsLog(FileId file);
+
+    /// Shows the message and starts the program of the activity. False when the run is over then.
+    [[nodiscard]] bool React(const QString& path);
+    void Line(const QString& text);
+    /// A line that counts as a failure.
+    void Refuse(const QString& text);
+
+    void Failed(const std::filesystem::path& source, std::error_code error) override;
+    void Transferred() override { ++m_parts.runState.progress.files; }
+    void Progress(std::uint64_t bytes) override;
+    [[nodiscard]] bool StopRequested() override { return Over(); }
+
+  private:
+    void SyncFiles(FolderPair& pair);
+    void SyncFolders(FolderPair& pair);
+    void syncFolder(FolderPair& pair, const FolderEntry& entry);
+    void transferFolder(FolderPair& pair, const FolderEntry& entry);
+    void walkInto(FolderPair& pair, const FolderEntry& source, const FolderEntry& destination);
+    void readRecord();
+
+    Parts m_parts;
+    RunIdentity m_identity;
+    RunStarter m_starter;
+    std::shared_ptr<Folder> m_source;
+    std::shared_ptr<Folder> m_destination;
+    std::set<FileId> m_roots;
+    unsigned m_recordReadAt;
+    FileRules m_rules;
+    FileTypeFilter m_filter;
+    QString m_log; ///< of the activity, as the record says
+    std::set<FileId> m_ownFiles;
+    std::set<FileId> m_logs;
+    RunProgress m_interrupted; ///< that of the run which this one runs inside of
+    int m_failures = 0;
+    RunEnd m_end;
+    std::unique_ptr<FileTransfer> m_transfer;
+    Interruptions::Staging m_staging;
+};
