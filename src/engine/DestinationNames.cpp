@@ -16,12 +16,13 @@ std::filesystem::path otherSpelling(const std::filesystem::path& name) {
     return modNativePath::FromText(text);
 }
 
-/// File systems without inodes may give every spelling an id of its own.
-bool lookAlike(const FileFacts& a, const FileFacts& b) {
-    return a.kind == b.kind && a.size == b.size && a.modified.nanoseconds == b.modified.nanoseconds;
+QString foldedText(const std::filesystem::path& name) {
+    return modNativePath::ToText(name).normalized(QString::NormalizationForm_C).toCaseFolded();
 }
 } // namespace
 
+/// An entry that answers to a name which the folder does not list. Ids alone would not tell: some file systems give
+/// each spelling one of its own.
 bool DestinationNames::folds(const std::filesystem::path& name, const FileFacts& facts) {
     if (m_folds)
         return *m_folds;
@@ -30,25 +31,45 @@ bool DestinationNames::folds(const std::filesystem::path& name, const FileFacts&
         return false; // tells nothing; the next name may
     std::error_code error;
     const std::optional<FileFacts> found = m_destination.Handle()->Stat(other, error);
-    if (found && found->id != facts.id && !lookAlike(*found, facts))
-        return false; // both spellings exist: tells nothing of this disk
-    m_folds = found.has_value() || error;
-    return *m_folds;
+    if (!found && !error) {
+        m_folds = false;
+        return false;
+    }
+    std::vector<FolderEntry> entries;
+    const bool isListed =
+        !m_destination.Handle()->List(entries) &&
+        std::any_of(entries.begin(), entries.end(), [&](const FolderEntry& entry) { return entry.name == other; });
+    if (isListed && found && found->id != facts.id)
+        return false; // both spellings exist
+    m_folds = true;
+    return true;
 }
 
+void DestinationNames::remember(const std::vector<FolderEntry>& entries) {
+    m_listed.clear();
+    m_alike.clear();
+    for (const FolderEntry& entry : entries) {
+        m_listed.emplace(entry.name, entry.facts.id);
+        m_alike.insert(foldedText(entry.name), entry.name);
+    }
+}
+
+/// The spelling in which the folder lists the entry. The id says it where ids are true; where every spelling has one of
+/// its own, the only name that differs in nothing but letter case does.
 std::optional<std::filesystem::path> DestinationNames::listedName(const std::filesystem::path& name,
                                                                   const FileFacts& found) const {
-    const auto find = [this](const auto& test) -> std::optional<std::filesystem::path> {
-        const auto at = std::find_if(m_entries.begin(), m_entries.end(), test);
-        return at == m_entries.end() ? std::nullopt : std::optional(at->name);
-    };
-    if (std::binary_search(
-            m_entries.begin(), m_entries.end(), FolderEntry{name, {}},
-            [](const FolderEntry& a, const FolderEntry& b) { return a.name.native() < b.name.native(); }))
+    if (m_listed.contains(name))
         return name;
-    if (const auto same = find([&](const FolderEntry& entry) { return entry.facts.id == found.id; }))
-        return same;
-    return find([&](const FolderEntry& entry) { return lookAlike(entry.facts, found); });
+    const QList<std::filesystem::path> alike = m_alike.values(foldedText(name));
+    for (const std::filesystem::path& other : alike) {
+        if (m_listed.at(other) == found.id)
+            return other;
+    }
+    if (alike.size() == 1)
+        return alike.front();
+    const auto sameId =
+        std::find_if(m_listed.begin(), m_listed.end(), [&](const auto& entry) { return entry.second == found.id; });
+    return sameId == m_listed.end() ? std::nullopt : std::optional(sameId->first);
 }
 
 std::optional<std::filesystem::path> DestinationNames::realName(const std::filesystem::path& name,
@@ -56,7 +77,11 @@ std::optional<std::filesystem::path> DestinationNames::realName(const std::files
     if (const auto known = listedName(name, found))
         return known;
     // It was put there since.
-    return m_destination.Handle()->List(m_entries) ? std::nullopt : listedName(name, found);
+    std::vector<FolderEntry> entries;
+    if (m_destination.Handle()->List(entries))
+        return std::nullopt;
+    remember(entries);
+    return listedName(name, found);
 }
 
 std::error_code DestinationNames::Claim(const std::filesystem::path& name, const FileFacts& found, bool exactOnly) {
@@ -72,11 +97,12 @@ std::error_code DestinationNames::Claim(const std::filesystem::path& name, const
 }
 
 void DestinationNames::FindCounterparts() {
-    m_entries = m_destination.Entries();
-    for (std::size_t i = 0; i < m_entries.size() && !m_folds; ++i)
-        static_cast<void>(folds(m_entries[i].name, m_entries[i].facts));
+    const std::vector<FolderEntry>& entries = m_destination.Entries();
+    for (std::size_t i = 0; i < entries.size() && !m_folds; ++i)
+        static_cast<void>(folds(entries[i].name, entries[i].facts));
     if (!m_folds.value_or(false))
         return;
+    remember(entries);
     for (const FolderEntry& entry : m_source.Entries()) {
         if (m_destination.Has(entry.name))
             continue;

@@ -4,6 +4,8 @@
 #pragma once
 
 #include "FolderView.h"
+#include <QMultiHash>
+#include <QString>
 #include <map>
 #include <set>
 
@@ -26,6 +28,7 @@ class DestinationNames final {
     }
 
   private:
+    void remember(const std::vector<FolderEntry>& entries);
     [[nodiscard]] bool folds(const std::filesystem::path& name, const FileFacts& facts);
     [[nodiscard]] std::optional<std::filesystem::path> listedName(const std::filesystem::path& name,
                                                                   const FileFacts& found) const;
@@ -34,7 +37,9 @@ class DestinationNames final {
 
     FolderView& m_source;
     FolderView& m_destination;
-    std::vector<FolderEntry> m_entries;                              ///< of the destination, sorted by name
+    // The destination's entries, where it folds.
+    std::map<std::filesystem::path, FileId> m_listed;
+    QMultiHash<QString, std::filesystem::path> m_alike;              ///< by the name without regard to letter case
     std::optional<bool> m_folds;                                     ///< unknown until an entry with a letter was met
     std::map<std::filesystem::path, std::filesystem::path> m_claims; ///< entry -> name
     std::set<std::filesystem::path> m_counterparts;

@@ -1,0 +1,390 @@
+#include "ProgramFixture.h"
+#include "Trees.h"
+
+#include <filesystem>
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+namespace {
+const QString A = u"A"_qs;
+constexpr qint64 early = 1'600'000'000;
+constexpr qint64 same = 1'650'000'000;
+constexpr qint64 late = 1'700'000'000;
+constexpr uid_t nobody = 65534;
+
+/// Nobody in particular from here to the end of the scope: an administrator may do everything.
+class AsNobody final {
+  public:
+    explicit AsNobody(const ProgramFixture& fixture) {
+        if (m_user != 0)
+            return;
+        for (const auto& entry : fs::recursive_directory_iterator(fixture.Native()))
+            if (::lchown(entry.path().c_str(), nobody, nobody) != 0)
+                qFatal("not an administrator after all");
+        if (::chown(fixture.Native().c_str(), nobody, nobody) != 0 || ::seteuid(nobody) != 0)
+            qFatal("not an administrator after all");
+    }
+    ~AsNobody() {
+        if (m_user == 0 && ::seteuid(0) != 0)
+            qFatal("still nobody");
+    }
+    AsNobody(const AsNobody&) = delete;
+    AsNobody& operator=(const AsNobody&) = delete;
+
+  private:
+    uid_t m_user = ::geteuid();
+};
+} // namespace
+
+// What a run does when the world is another one than it was a moment ago.
+class TestSyncRun final : public QObject {
+    Q_OBJECT
+  private Q_SLOTS:
+    void initTestCase() {
+        qputenv("TZ", "UTC");
+        // A mount name space of our own: whatever is mounted vanishes with this process.
+        m_mayMount = ::unshare(CLONE_NEWNS) == 0 && ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+    }
+
+    // A copy that became a mirror of other directories would delete all that only its old destination had.
+    void aChangedRecordEndsTheRun_data() {
+        QTest::addColumn<QString>("change");
+        QTest::addColumn<QString>("began");
+        for (const auto* change : {"edited", "imported", "deleted", "other action"})
+            for (const auto* began : {"0", "1", "3"})
+                QTest::addRow("%s, action %s", change, began)
+                    << QString::fromLatin1(change) << QString::fromLatin1(began);
+    }
+    void aChangedRecordEndsTheRun() {
+        QFETCH(QString, change);
+        QFETCH(QString, began);
+        ProgramFixture fixture;
+        fixture.Add(A, {{u"action"_qs, began}, {u"alert"_qs, u"Y"_qs}});
+        fixture.Write(u"src/a"_qs, "1");
+        fixture.Write(u"src/b"_qs, "2");
+        fixture.Write(u"src/sub/c"_qs, "3");
+        fixture.Write(u"dst/onlyHere"_qs, "4");
+        fixture.Write(u"other/x"_qs, "5");
+        Program& program = fixture.Start();
+        fixture.prompter.onAsk = [&](const Message&) {
+            if (change == u"imported") {
+                QByteArray other = fixture.Read(u"Kalvenor.kvd"_qs);
+                other.replace("/src<", "/other<").replace(QByteArray("<action>" + began.toLatin1()), "<action>3");
+                QVERIFY(fixture.ScratchFolder::Write(u"other.kvd"_qs, other));
+                program.File().SetCurrentPath(fixture.Path(u"other.kvd"_qs));
+                program.List().Refill();
+            } else if (change == u"deleted") {
+                program.Document().DeleteNode(u"/items/A"_qs);
+            } else {
+                program.File().Write(A, "action", change == u"edited" ? began : began == u"3" ? u"0"_qs : u"3"_qs);
+                program.File().Write(A, "sourcedir", fixture.Path(change == u"edited" ? u"other"_qs : u"src"_qs));
+            }
+        };
+        const RunOutcome outcome = program.RunNow(A);
+        QVERIFY(outcome.interrupted && outcome.failures > 0);
+        QCOMPARE(fixture.prompter.shown.size(), 1U);
+        QCOMPARE(Tree(fixture.Path(u"dst"_qs)).keys(), QStringList{u"onlyHere"_qs});
+        QCOMPARE(Tree(fixture.Path(u"src"_qs)).size(), 4);
+        if (change != u"deleted" && change != u"imported")
+            QVERIFY(fixture.Log(A).contains(
+                u"Run ended early: the activity was changed, or another activity file was opened."_qs));
+    }
+
+    // What was looked at before a box is looked at again behind it.
+    void whatChangedBehindABoxIsLeft_data() {
+        QTest::addColumn<ProgramFixture::Fields>("fields");
+        QTest::addColumn<QString>("changed"); // what somebody writes while the first box is open
+        QTest::addColumn<QByteArrayList>("kept");
+        const auto row = [](const char* name, const char* action, const char* box, const char* changed,
+                            const QByteArrayList& kept) {
+            const bool isQuestion = qstrcmp(box, "question") == 0;
+            QTest::newRow(name) << ProgramFixture::Fields{{u"action"_qs, QString::fromLatin1(action)},
+                                                          {u"onlynew"_qs, u"N"_qs},
+                                                          {u"overwrite"_qs, isQuestion ? u"N"_qs : u"Y"_qs},
+                                                          {u"alert"_qs, isQuestion ? u"N"_qs : u"Y"_qs}}
+                                << QString::fromLatin1(changed) << kept;
+        };
+        row("copy over a newer file", "0", "alert", "dst/f", {"source", "changed"});
+        row("move over a newer file", "1", "alert", "dst/f", {"source", "changed"});
+        row("copy, question", "0", "question", "dst/f", {"source", "changed"});
+        row("move, question", "1", "question", "dst/f", {"source", "changed"});
+        row("mirror", "3", "alert", "dst/f", {"source", "changed"});
+        row("source of a move", "1", "alert", "src/f", {"changed", "destination"});
+        row("new file turns up", "0", "alert", "dst/new", {"source", "changed"});
+        row("new file turns up, move", "1", "alert", "dst/new", {"source", "changed"});
+        row("surplus is rewritten", "3", "alert", "dst/a surplus", {"changed"});
+        row("surplus comes back", "3", "alert", "src/a surplus", {"changed", "surplus"});
+    }
+    void whatChangedBehindABoxIsLeft() {
+        QFETCH(ProgramFixture::Fields, fields);
+        QFETCH(QString, changed);
+        QFETCH(QByteArrayList, kept);
+        ProgramFixture fixture;
+        fixture.Add(A, fields);
+        const bool isNew = changed.endsWith(u"new");
+        fixture.Write(isNew ? u"src/new"_qs : u"src/f"_qs, "source", early);
+        if (!isNew)
+            fixture.Write(u"dst/f"_qs, "destination", same);
+        if (changed.endsWith(u"surplus"))
+            fixture.Write(u"dst/a surplus"_qs, "surplus", early);
+        fixture.prompter.yes = true;
+        Program& program = fixture.Start();
+        fixture.prompter.onAsk = [&](const Message&) {
+            if (fixture.prompter.shown.size() == 1)
+                fixture.Write(changed, "changed", late);
+        };
+        QVERIFY(program.RunNow(A).failures > 0);
+        QByteArrayList contents = Tree(fixture.Path(u"src"_qs)).values() + Tree(fixture.Path(u"dst"_qs)).values();
+        for (const QByteArray& content : kept)
+            QVERIFY2(contents.contains(content), content.constData());
+        QCOMPARE(fixture.Read(changed), QByteArray("changed"));
+    }
+
+    void whatTheLogSaysIsInPlaceBeforeABoxOpens() {
+        ProgramFixture fixture;
+        fixture.Add(A, {{u"overwrite"_qs, u"N"_qs}});
+        fixture.Write(u"src/a"_qs, "1");
+        fixture.Write(u"src/b"_qs, "2", early);
+        fixture.Write(u"dst/b"_qs, "3", late);
+        Program& program = fixture.Start();
+        bool isInPlace = false;
+        fixture.prompter.onAsk = [&](const Message&) { isInPlace = fixture.Exists(u"dst/a"_qs); };
+        program.RunNow(A);
+        QVERIFY(isInPlace);
+
+        // Also that of a run in whose middle another one is ended by the emergency key.
+        ProgramFixture nested;
+        nested.Add(A);
+        nested.Add(u"Inner"_qs, {{u"sourcedir"_qs, nested.Path(u"empty"_qs)}});
+        nested.Write(u"src/a"_qs, "1");
+        nested.Write(u"src/sub/b"_qs, "2");
+        QDir().mkpath(nested.Path(u"empty"_qs));
+        QDir().mkpath(nested.Path(u"dst/sub"_qs));
+        Program& outer = nested.Start();
+        outer.Options().ExitAlert = 1;
+        isInPlace = false;
+        nested.prompter.onAsk = [&](const Message&) { isInPlace = nested.Exists(u"dst/a"_qs); };
+        nested.pump->onYield = [&] {
+            if (nested.Log(A).filter(u"/src/a"_qs).isEmpty())
+                return;
+            nested.pump->onYield = nullptr;
+            nested.keys.down = true;
+            outer.RunNow(u"Inner"_qs);
+        };
+        outer.RunNow(A);
+        QVERIFY(isInPlace);
+    }
+
+    // The walk reached the source as a destination and deleted its files.
+    void aMirrorNeverWalksIntoItsOwnRoots() {
+        ProgramFixture fixture;
+        fixture.Write(u"a/b/c/f"_qs, "1");
+        fixture.Write(u"a/b/c/b/c/g"_qs, "2");
+        fixture.Add(A, {{u"action"_qs, u"3"_qs},
+                        {u"sourcedir"_qs, fixture.Path(u"a/b/c"_qs)},
+                        {u"targetdir"_qs, fixture.Path(u"a"_qs)}});
+        Program& program = fixture.Start();
+        for (int run = 0; run < 3; ++run)
+            QCOMPARE(program.RunNow(A).failures, 1);
+        QCOMPARE(fixture.Read(u"a/b/c/f"_qs), QByteArray("1"));
+        QCOMPARE(fixture.Read(u"a/b/c/b/c/g"_qs), QByteArray("2"));
+        QVERIFY(fixture.Log(A).contains(
+            u"Directory '~/a/b' is left alone: it is or contains a directory of this activity."_qs));
+    }
+
+    void onlyWhatIsNotThereIsMissing_data() {
+        QTest::addColumn<QString>("obstacle");
+        QTest::addColumn<QString>("error");
+        QTest::newRow("no rights") << u"000"_qs << u"13"_qs;
+        QTest::newRow("no right to list") << u"300"_qs << u"13"_qs;
+        QTest::newRow("no descriptors") << u"descriptors"_qs << u"24"_qs;
+    }
+    void onlyWhatIsNotThereIsMissing() {
+        QFETCH(QString, obstacle);
+        QFETCH(QString, error);
+        ProgramFixture fixture;
+        fixture.Add(A, {{u"action"_qs, u"3"_qs}});
+        fixture.Write(u"src/f"_qs, "1");
+        fixture.Write(u"dst/keep"_qs, "2");
+        Program& program = fixture.Start();
+        QStringList lines;
+        program.OnLogLine([&](const QString& line) { lines.append(line); });
+        program.Options().StopIfFolderNotExist = 1;
+        RunOutcome outcome;
+        if (obstacle == u"descriptors") {
+            struct rlimit before {};
+            QCOMPARE(::getrlimit(RLIMIT_NOFILE, &before), 0);
+            const struct rlimit none { 3, before.rlim_max };
+            QCOMPARE(::setrlimit(RLIMIT_NOFILE, &none), 0);
+            outcome = program.RunNow(A);
+            QCOMPARE(::setrlimit(RLIMIT_NOFILE, &before), 0);
+        } else {
+            const fs::path source = fixture.Native() / "src";
+            fs::permissions(source, fs::perms(obstacle.toInt(nullptr, 8)));
+            const AsNobody nobodyInParticular(fixture);
+            outcome = program.RunNow(A);
+            fs::permissions(source, fs::perms::all);
+        }
+        QVERIFY(!outcome.directoryMissing && outcome.failures == 1 && outcome.interrupted);
+        QVERIFY(program.List().IsChecked(0));
+        QVERIFY(fixture.Exists(u"dst/keep"_qs));
+        QCOMPARE(lines.filter(u"/src' failed - Error"_qs + error).size(), 1);
+    }
+
+    void theProgramsOwnFilesAreSafe_data() {
+        QTest::addColumn<QString>("action");
+        QTest::addColumn<QString>("place"); // where the activity file lies
+        QTest::newRow("mirror deletes surplus") << u"3"_qs << u"dst/Own.kvd"_qs;
+        QTest::newRow("mirror deletes a folder") << u"3"_qs << u"dst/sub/Own.kvd"_qs;
+        QTest::newRow("copy replaces") << u"0"_qs << u"dst/both"_qs;
+        QTest::newRow("move replaces") << u"1"_qs << u"dst/both"_qs;
+        QTest::newRow("move takes") << u"1"_qs << u"src/Own.kvd"_qs;
+        QTest::newRow("move takes a folder") << u"1"_qs << u"src/sub/deeper/Own.kvd"_qs;
+    }
+    void theProgramsOwnFilesAreSafe() {
+        QFETCH(QString, action);
+        QFETCH(QString, place);
+        ProgramFixture fixture;
+        fixture.Add(A, {{u"action"_qs, action}, {u"onlynew"_qs, u"N"_qs}, {u"logfile"_qs, fixture.Path(place)}});
+        fixture.Write(u"src/both"_qs, "1");
+        fixture.Write(u"dst/gone"_qs, "2");
+        fixture.settings->file = fixture.Native(u"dst/settings"_qs);
+        fixture.Write(u"dst/settings"_qs, "[Options]");
+        Program& program = fixture.Start();
+        QDir().mkpath(QFileInfo(fixture.Path(place)).path());
+        program.File().SaveAs(fixture.Path(place));
+        program.List().Refill();
+        const QByteArray before = fixture.Read(place);
+        const bool fails = program.RunNow(A).failures > 0;
+        QCOMPARE(fails, action != u"3"); // that it stays surplus is no failure
+        QCOMPARE(fixture.Read(place), before);
+        QCOMPARE(fixture.Exists(u"dst/settings"_qs), true);
+        QCOMPARE(fixture.Exists(u"dst/gone"_qs), action != u"3");
+    }
+
+    void aLogInsideItsActivityNeitherFailsNorGoes_data() {
+        QTest::addColumn<QString>("action");
+        QTest::addColumn<QString>("log");
+        for (const auto* action : {"0", "1", "3"})
+            for (const auto* log : {"src/own.log", "dst/own.log"})
+                QTest::addRow("%s %s", action, log) << QString::fromLatin1(action) << QString::fromLatin1(log);
+    }
+    void aLogInsideItsActivityNeitherFailsNorGoes() {
+        QFETCH(QString, action);
+        QFETCH(QString, log);
+        ProgramFixture fixture;
+        fixture.Add(A, {{u"action"_qs, action}, {u"logfile"_qs, fixture.Path(log)}});
+        fixture.Write(u"src/f"_qs, "1");
+        Program& program = fixture.Start();
+        for (int run = 0; run < 2; ++run)
+            QCOMPARE(program.RunNow(A).failures, 0);
+        QVERIFY(fixture.Read(log).contains("Checking finished."));
+        QVERIFY(fixture.Exists(u"dst/own.log"_qs));
+    }
+
+    void whatCannotBeReadIsAFailureAndNoDecision() {
+        ProgramFixture fixture;
+        fixture.Add(A, {{u"action"_qs, u"3"_qs}});
+        fixture.Write(u"closed/secret"_qs, "s");
+        fixture.Write(u"src/unreadable"_qs, "1", late);
+        fixture.Write(u"dst/unreadable"_qs, "2", early);
+        fs::create_symlink("../closed/secret", fixture.Native() / "src/link");
+        fixture.Write(u"dst/link"_qs, "3");
+        Program& program = fixture.Start();
+        QStringList lines;
+        program.OnLogLine([&](const QString& line) { lines.append(line); });
+        {
+            const AsNobody nobodyInParticular(fixture);
+            fs::permissions(fixture.Native() / "src/unreadable", fs::perms::none);
+            fs::permissions(fixture.Native() / "closed", fs::perms::none);
+            QCOMPARE(program.RunNow(A).failures, 2);
+            fs::permissions(fixture.Native() / "closed", fs::perms::all);
+        }
+        QCOMPARE(fixture.Read(u"dst/unreadable"_qs), QByteArray("2"));
+        QCOMPARE(fixture.Read(u"dst/link"_qs), QByteArray("3"));
+        QCOMPARE(lines.filter(u"src/unreadable' failed - Error13"_qs).size(), 1);
+        QCOMPARE(lines.filter(u"src/link' failed - Error13"_qs).size(), 1);
+        QVERIFY(lines.filter(u"older/equal"_qs).isEmpty()); // the copy failed: nothing is up to date
+    }
+
+    // A privileged run over other people's folders must not publish what the maker of a link may not read.
+    void aForeignLinkIsNotFollowed() {
+        if (::geteuid() != 0)
+            QSKIP("only an administrator runs over other people's folders");
+        for (const auto& [linkOwner, fileOwner, isCopied] :
+             {std::tuple(nobody, uid_t{0}, false), {uid_t{0}, nobody, true}, {nobody, nobody, true}}) {
+            ProgramFixture fixture;
+            fixture.Add(A);
+            fixture.Write(u"secret"_qs, "s");
+            Program& program = fixture.Start();
+            fs::create_symlink("../secret", fixture.Native() / "src/link");
+            QCOMPARE(::lchown((fixture.Native() / "src/link").c_str(), linkOwner, linkOwner), 0);
+            QCOMPARE(::chown((fixture.Native() / "secret").c_str(), fileOwner, fileOwner), 0);
+            QCOMPARE(program.RunNow(A).failures, isCopied ? 0 : 1);
+            QCOMPARE(fixture.Exists(u"dst/link"_qs), isCopied);
+        }
+    }
+
+    void deepTreesEndAtALevel() {
+        ProgramFixture fixture;
+        fixture.Add(A, {{u"action"_qs, u"3"_qs}, {u"logfile"_qs, QString()}});
+        Program& program = fixture.Start();
+        const auto dig = [](const fs::path& at, int levels) {
+            int folder = ::open(at.c_str(), O_RDONLY | O_DIRECTORY);
+            for (int level = 0; level < levels; ++level) {
+                ::mkdirat(folder, "d", 0777);
+                const int next = ::openat(folder, "d", O_RDONLY | O_DIRECTORY);
+                ::close(folder);
+                folder = next;
+            }
+            ::close(folder);
+        };
+        dig(fixture.Native(u"src"_qs), 1500);
+        dig(fixture.Native(u"dst"_qs), 1500);
+        QDir().mkpath(fixture.Path(u"dst/surplus"_qs));
+        dig(fixture.Native(u"dst/surplus"_qs), 1'200);
+        int tooDeep = 0;
+        program.OnLogLine([&](const QString& line) { tooDeep += line.contains(u"1,000 levels") ? 1 : 0; });
+        QCOMPARE(program.RunNow(A).failures, 2);
+        QCOMPARE(tooDeep, 2);
+        QCOMPARE(std::system(("rm -rf " + (fixture.Native() / "dst").native()).c_str()), 0); // Qt's removal is not deep
+    }
+
+    // The folder that is walked is the one that was listed, and deleting keeps to one mount.
+    void mountsAreNoPartOfTheTree() {
+        if (!m_mayMount)
+            QSKIP("only an administrator can mount");
+        ProgramFixture fixture;
+        fixture.Add(A, {{u"action"_qs, u"3"_qs}, {u"alert"_qs, u"Y"_qs}});
+        for (const auto& path : {u"src/first"_qs, u"src/disk"_qs, u"dst/disk"_qs, u"dst/old/bound"_qs, u"other"_qs})
+            QDir().mkpath(fixture.Path(path));
+        const auto mount = [&](const char* what, const QString& where, const char* type, unsigned long flags) {
+            return ::mount(what, fixture.Native(where).c_str(), type, flags, nullptr);
+        };
+        fixture.Write(u"other/kept"_qs, "1");
+        fixture.Write(u"dst/disk/backup"_qs, "2");
+        QCOMPARE(mount(fixture.Native(u"other"_qs).c_str(), u"dst/old/bound"_qs, nullptr, MS_BIND), 0);
+        QCOMPARE(mount("none", u"src/disk"_qs, "tmpfs", 0), 0);
+        fixture.Write(u"src/disk/backup"_qs, "2");
+        fixture.Write(u"src/a file"_qs, "3");
+        Program& program = fixture.Start();
+        fixture.prompter.onAsk = [&](const Message&) { ::umount2(fixture.Native(u"src/disk"_qs).c_str(), MNT_DETACH); };
+        QVERIFY(program.RunNow(A).interrupted); // the disk went while the box was open
+        QCOMPARE(fixture.Read(u"dst/disk/backup"_qs), QByteArray("2"));
+        fixture.prompter.onAsk = nullptr;
+        program.RunNow(A);
+        QCOMPARE(fixture.Read(u"other/kept"_qs), QByteArray("1"));
+        ::umount2(fixture.Native(u"dst/old/bound"_qs).c_str(), MNT_DETACH);
+    }
+
+  private:
+    bool m_mayMount = false;
+};
+
+QTEST_GUILESS_MAIN(TestSyncRun)
+#include "test_syncrun.moc"
