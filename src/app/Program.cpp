@@ -29,7 +29,7 @@ struct Program::Engine {
                 *program.m_services.clock, *program.m_services.desktopMail, program.m_texts, program.m_runState}),
           safeExit({program.m_options, keys, *program.m_services.process, program.m_prompter, program.m_texts}),
           surplus({program.m_file, logs, syncTexts}), dueMarks(program.m_file, program.m_list),
-          monitoring({program.m_file, program.m_list, logs, dueMarks, program.m_options, *program.m_services.locks,
+          monitoring({program.m_file, program.m_list, logs, dueMarks, program.m_options, program.m_lock,
                       program.m_timers, *program.m_services.power, program.m_prompter, program.m_texts,
                       program.m_runState}),
           actions({logs, reactions, safeExit, surplus, monitoring, program.m_prompter, syncTexts}),
@@ -57,8 +57,8 @@ struct Program::Engine {
 Program::Program(PlatformServices& services, Prompter& prompter, const KeyState& keys, const StringTable& texts)
     : m_services(services), m_prompter(prompter), m_texts(texts), m_document(*services.ownFiles),
       m_options(*services.settings), m_file(m_document, *services.ownFiles, prompter, texts, services.places),
-      m_list(m_file, texts), m_timers(*services.clock), m_service(*services.serviceManager, prompter, texts),
-      m_engine(std::make_unique<Engine>(*this, keys)) {}
+      m_list(m_file, texts), m_timers(*services.clock), m_lock(*services.locks, *services.ownFiles),
+      m_service(*services.serviceManager, prompter, texts), m_engine(std::make_unique<Engine>(*this, keys)) {}
 
 Program::~Program() = default;
 
@@ -85,7 +85,20 @@ std::error_code Program::AcceptNotice() {
                                       QStringLiteral("Yes"));
 }
 
+EngineLock::Token Program::LockForRunNow() {
+    LockRefusal refusal{};
+    EngineLock::Token lock = m_lock.Take(m_file.CurrentPath(), refusal);
+    if (!lock)
+        m_prompter.Ask(
+            {refusal == LockRefusal::HeldElsewhere ? m_texts.Text(454).arg(m_file.CurrentPath()) : m_texts.Text(585),
+             m_texts.Text(196), MessageIcon::Exclamation, MessageButtons::Ok});
+    return lock;
+}
+
 RunOutcome Program::RunNow(const QString& name) {
+    const EngineLock::Token lock = LockForRunNow();
+    if (!lock)
+        return {false, 0, true};
     m_engine->logs.SetActivityStatus(name, m_texts.Text(197));
     const RunOutcome outcome = m_engine->changes.ProcessActivity(name);
     m_engine->logs.SetActivityStatus(name, m_texts.Text(198));
@@ -94,10 +107,6 @@ RunOutcome Program::RunNow(const QString& name) {
 
 void Program::OnLogLine(std::function<void(const QString& line)> listener) {
     m_engine->logs.SetListener(std::move(listener));
-}
-
-std::unique_ptr<HeldLock> Program::LockFile() {
-    return ActivityFile::LockForMonitoring(*m_services.locks, m_file.CurrentPath());
 }
 
 void Program::RequestEnd() {

@@ -4,14 +4,15 @@
 #include "ActivityLogs.h"
 #include "DueMarks.h"
 #include "EngineOptions.h"
-#include "Locks.h"
 #include "MonitoringTimers.h"
 #include "PowerControl.h"
 #include "Prompter.h"
 #include "RunState.h"
 #include "StringTable.h"
 
-MonitoringController::MonitoringController(const Parts& parts) : m_parts(parts) {}
+MonitoringController::MonitoringController(const Parts& parts) : m_parts(parts) {
+    connect(&m_parts.file, &ActivityFile::Saved, this, &MonitoringController::lockSavedFile);
+}
 
 MonitoringController::~MonitoringController() = default;
 
@@ -49,11 +50,13 @@ void MonitoringController::StartMonitoring() {
         return refuseStart(215);
     if (!anyRowChecked())
         return refuseStart(217);
-    // Two engines on one file would each move and mirror what the other just wrote.
-    if (!m_fileLock)
-        m_fileLock = ActivityFile::LockForMonitoring(m_parts.locks, m_parts.file.CurrentPath());
-    if (!m_fileLock)
-        return refuseStart(437);
+    LockRefusal refusal{};
+    m_lock = m_parts.engineLock.Take(m_parts.file.CurrentPath(), refusal);
+    if (!m_lock) {
+        refuseStart(refusal == LockRefusal::HeldElsewhere ? 437 : 585);
+        Q_EMIT LockRefused();
+        return;
+    }
     m_parts.list.ForgetTakenOut();
     m_parts.dueMarks.ClearDueMarks();
     m_parts.dueMarks.ScheduleCheckedActivities();
@@ -90,17 +93,29 @@ void MonitoringController::StopMonitoring() {
     writeSessionLine(221, false);
     for (int row = 0; row < m_parts.list.Rows(); ++row)
         m_parts.list.SetText(m_parts.list.NameAt(row), ActivityList::Status, m_parts.texts.Text(198));
-    m_fileLock.reset();
+    m_lock.reset();
+    m_savedLock.reset();
 }
 
-bool MonitoringController::MoveTo(const QString& path) {
-    std::unique_ptr<HeldLock> lock = ActivityFile::LockForMonitoring(m_parts.locks, path);
+std::optional<LockRefusal> MonitoringController::MoveTo(const QString& path) {
+    LockRefusal refusal{};
+    EngineLock::Token lock = m_parts.engineLock.Take(path, refusal);
     if (!lock)
-        return false;
+        return refusal;
     m_parts.file.SaveAs(path);
     if (m_on)
-        m_fileLock = std::move(lock);
-    return true;
+        m_lock = std::move(lock);
+    return std::nullopt;
+}
+
+/// The lock taken at the start stays: a hard link may still lead to the file as it was then. Should the new one be
+/// refused, that one and the path are locked all the same.
+void MonitoringController::lockSavedFile() {
+    LockRefusal ignored{};
+    if (!m_on)
+        return;
+    if (EngineLock::Token lock = m_parts.engineLock.Take(m_parts.file.CurrentPath(), ignored))
+        m_savedLock = std::move(lock);
 }
 
 void MonitoringController::writeSessionLine(int textId, bool blankLineFirst) {

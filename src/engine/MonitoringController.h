@@ -2,10 +2,11 @@
 // the activity file while monitoring is on. It never throws; a refused start shows a message and leaves monitoring off.
 #pragma once
 
+#include "EngineLock.h"
 #include "MonitoringSwitch.h"
 #include <QObject>
 #include <QString>
-#include <memory>
+#include <optional>
 
 class ActivityFile;
 class ActivityList;
@@ -13,8 +14,6 @@ class ActivityLogs;
 class ChangeDetection;
 class DueMarks;
 class EngineOptions;
-class HeldLock;
-class Locks;
 struct MonitoringTimers;
 class PowerControl;
 class Prompter;
@@ -30,7 +29,7 @@ class MonitoringController final : public QObject, public MonitoringSwitch {
         ActivityLogs& logs;
         DueMarks& dueMarks;
         const EngineOptions& options;
-        Locks& locks;
+        EngineLock& engineLock;
         MonitoringTimers& timers;
         PowerControl& power;
         Prompter& prompter;
@@ -46,9 +45,9 @@ class MonitoringController final : public QObject, public MonitoringSwitch {
     void StopMonitoring() override;
     void CheckAllIdle() override;
 
-    /// Saves the activities to another file, which is current from then on. False when another process monitors that
-    /// file; StoreError when it cannot be saved. Either leaves everything as it was.
-    [[nodiscard]] bool MoveTo(const QString& path);
+    /// Saves the activities to another file, which is current from then on. The reason when the lock on that file is
+    /// refused; StoreError when it cannot be saved. Either leaves everything as it was.
+    [[nodiscard]] std::optional<LockRefusal> MoveTo(const QString& path);
 
     /// The one flag that says monitoring is on.
     [[nodiscard]] bool IsOn() const { return m_on; }
@@ -56,6 +55,8 @@ class MonitoringController final : public QObject, public MonitoringSwitch {
   Q_SIGNALS:
     /// The mark changed: menus, toolbar, tray and status bar show it.
     void StateChanged(bool on);
+    /// A start was refused because the lock on the activity file was; the user has been told.
+    void LockRefused();
 
   private:
     [[nodiscard]] bool anyRowChecked() const;
@@ -63,8 +64,10 @@ class MonitoringController final : public QObject, public MonitoringSwitch {
     void writeSessionLine(int textId, bool blankLineFirst);
     void endByItself();
     void setOn(bool on);
+    void lockSavedFile();
 
     Parts m_parts;
-    std::unique_ptr<HeldLock> m_fileLock;
+    EngineLock::Token m_lock;      ///< on the file as monitoring found it
+    EngineLock::Token m_savedLock; ///< on the file that the last save made of it
     bool m_on = false;
 };

@@ -81,11 +81,13 @@ void ActivityFile::Save() {
     if (m_document.NodeCount(items) >= 0 && present && !isAsLoaded)
         throw StoreError(m_texts.Text(432));
     saveTo(m_currentPath);
+    Q_EMIT Saved();
 }
 
 void ActivityFile::SaveAs(const QString& absolutePath) {
     saveTo(absolutePath);
     SetCurrentPath(absolutePath);
+    Q_EMIT Saved();
 }
 
 void ActivityFile::saveTo(const QString& path) {
@@ -119,13 +121,6 @@ bool ActivityFile::OfferRepair() {
     if (const std::error_code failed = m_files.CreateNew(file, emptyFile))
         tell(m_texts.Text(436) + u' ' + textOf(failed));
     return Load();
-}
-
-std::unique_ptr<HeldLock> ActivityFile::LockForMonitoring(Locks& locks, const QString& path) {
-    std::error_code error;
-    const std::filesystem::path file = modNativePath::FromText(path);
-    const std::filesystem::path canonical = std::filesystem::weakly_canonical(file, error);
-    return locks.TryAcquire(u"activity file " + modNativePath::ToText(error ? file : canonical));
 }
 
 void ActivityFile::ClearAll() {

@@ -3,7 +3,6 @@
 // children); Save throws StoreError and then nothing was written.
 #pragma once
 
-#include "Locks.h"
 #include "OwnFiles.h"
 #include <QObject>
 #include <QString>
@@ -47,9 +46,6 @@ class ActivityFile final : public QObject {
     /// Offers to move a damaged file away and start an empty one. True when the file can be loaded again.
     bool OfferRepair();
 
-    /// Keeps every other process from running the activities of the file; null when one does already.
-    [[nodiscard]] static std::unique_ptr<HeldLock> LockForMonitoring(Locks& locks, const QString& path);
-
     /// Asks, deletes the current file, makes the default file current and loads it, created empty when it is missing.
     /// A file that cannot be deleted stays current and is told of.
     void ClearAll();
@@ -62,6 +58,8 @@ class ActivityFile final : public QObject {
 
   Q_SIGNALS:
     void CurrentPathChanged(const QString& path);
+    /// The current file has been written. It is another file for the system now, under the same name.
+    void Saved();
 
   private:
     void saveTo(const QString& path);

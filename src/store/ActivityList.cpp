@@ -22,14 +22,19 @@ ActivityList::ActivityList(ActivityFile& file, const StringTable& texts) : m_fil
 void ActivityList::Refill() {
     if (m_listBusy)
         return; // asked for from inside the repair question: the refill that asks it goes on anyway
-    const QScopedValueRollback<bool> busy(m_listBusy, true);
-    bool isLoaded = m_file.Load();
-    if (!isLoaded) {
-        fill({});
-        isLoaded = m_file.OfferRepair() && m_file.Load();
+    {
+        const QScopedValueRollback<bool> busy(m_listBusy, true);
+        if (!m_file.Load()) {
+            fill({});
+            if (m_file.OfferRepair())
+                m_file.Load();
+        }
     }
-    fill(isLoaded ? m_file.Names() : QStringList());
-    m_listBusy = false;
+    ShowLoaded();
+}
+
+void ActivityList::ShowLoaded() {
+    fill(m_file.Names());
     Q_EMIT Refilled();
 }
 

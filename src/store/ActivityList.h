@@ -23,6 +23,8 @@ class ActivityList final : public QAbstractTableModel {
     /// Loads the current file (offering to repair a damaged one) and rebuilds every row. Columns Count and LastRun
     /// start anew. `ListBusy` is set meanwhile.
     void Refill();
+    /// Rebuilds every row from the document as it was loaded last.
+    void ShowLoaded();
     [[nodiscard]] bool ListBusy() const { return m_listBusy; }
 
     [[nodiscard]] int Rows() const { return static_cast<int>(m_rows.size()); }

@@ -131,8 +131,10 @@ class TestCommands final : public QObject {
         QCOMPARE(window.program.File().CurrentPath(), path);
         QVERIFY(bytesOf(path).contains("<A>") && bytesOf(path).contains("<C>"));
         // The lock has moved along: the old file may be monitored elsewhere, the new one may not.
-        QVERIFY(ActivityFile::LockForMonitoring(*world.locks, world.DefaultFile()) != nullptr);
-        QVERIFY(ActivityFile::LockForMonitoring(*world.locks, path) == nullptr);
+        EngineLock elsewhere(*world.locks, *world.services.ownFiles);
+        LockRefusal refusal{};
+        QVERIFY(elsewhere.Take(world.DefaultFile(), refusal) != nullptr);
+        QVERIFY(elsewhere.Take(path, refusal) == nullptr);
     }
 };
 

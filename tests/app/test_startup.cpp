@@ -165,6 +165,31 @@ class TestStartUp : public QObject {
         }
     }
 
+    void headlessWaitsForTheLock() {
+        World world;
+        world.Fill({u"A"_qs});
+        world.SetOption("StartUp", u"1"_qs);
+        EngineLock elsewhere(*world.locks, *world.services.ownFiles);
+        LockRefusal ignored{};
+        EngineLock::Token other = elsewhere.Take(world.DefaultFile(), ignored);
+        std::ostringstream lines;
+        HeadlessLog log(lines, false);
+        HeadlessHost host(world.program, log);
+        QCOMPARE(host.Start({}), std::nullopt);
+        auto* retry = host.findChild<QTimer*>();
+        QVERIFY(retry->isActive() && !world.program.Monitoring().IsOn());
+        const auto aMinuteLater = [&] { QVERIFY(QMetaObject::invokeMethod(retry, "timeout")); };
+        aMinuteLater();
+        QCOMPARE(world.prompter.shown.size(), 1U);
+        QCOMPARE(QString::fromStdString(lines.str()), world.texts.Text(587) + u'\n');
+        world.WriteActivities({world.Activity(u"B"_qs)}); // by the other process
+        other.reset();
+        aMinuteLater();
+        QVERIFY(world.program.Monitoring().IsOn() && !retry->isActive());
+        QCOMPARE(world.program.List().NameAt(0), u"B"_qs);
+        QCOMPARE(world.prompter.shown.size(), 1U);
+    }
+
     void questionsWithoutAUser() {
         std::ostringstream lines;
         HeadlessLog log(lines, true);

@@ -237,16 +237,6 @@ class TestActivityFile : public QObject {
         }
         QCOMPARE(store.file.Read(A, "activ"), u"1"_qs);
     }
-
-    void lockIsOnTheFileItself() {
-        ScratchStore store(oneActivity);
-        FakeLocks locks;
-        QVERIFY(QFile::link(own, store.Path(u"link.kvd"_qs)));
-        const auto held = ActivityFile::LockForMonitoring(locks, store.Path(own));
-        QVERIFY(held);
-        QVERIFY(!ActivityFile::LockForMonitoring(locks, store.Path(u"link.kvd"_qs)));
-        QVERIFY(ActivityFile::LockForMonitoring(locks, store.Path(other)));
-    }
 };
 
 QTEST_GUILESS_MAIN(TestActivityFile)
