@@ -63,8 +63,8 @@ void ActivityFileCommands::open(const QString& path) {
     Q_EMIT Progress(texts.Text(169) + QFileInfo(path).fileName() + u"' ...");
     if (m_program.Monitoring().IsOn())
         m_program.Monitoring().StopMonitoring();
+    m_program.List().Clear();
     m_program.File().SetCurrentPath(path);
-    m_program.List().ForgetTakenOut();
     Guarded(m_program, [this] { m_program.List().Refill(); });
     Q_EMIT Progress(QString());
     remember(path);

@@ -48,6 +48,7 @@ void MonitoringController::refuseStart(int textId) {
 void MonitoringController::StartMonitoring() {
     if (m_parts.list.Rows() == 0)
         return refuseStart(215);
+    m_parts.list.ReadmitAll();
     if (!anyRowChecked())
         return refuseStart(217);
     LockRefusal refusal{};
@@ -57,7 +58,6 @@ void MonitoringController::StartMonitoring() {
         Q_EMIT LockRefused();
         return;
     }
-    m_parts.list.ForgetTakenOut();
     m_parts.dueMarks.ClearDueMarks();
     m_parts.dueMarks.ScheduleCheckedActivities();
 
