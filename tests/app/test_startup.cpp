@@ -198,7 +198,10 @@ class TestStartUp : public QObject {
         QCOMPARE(prompter.Ask({u"Replace\n'a'?"_qs, title, MessageIcon::Question, MessageButtons::YesNo}),
                  MessageAnswer::No);
         QCOMPARE(prompter.Ask({u"Gone"_qs, title, MessageIcon::Exclamation, MessageButtons::Ok}), MessageAnswer::Ok);
-        QCOMPARE(QString::fromStdString(lines.str()), u"<5>T: Replace 'a'? -> No\n<4>T: Gone\n"_qs);
+        const Message countdown{u"Off"_qs, title, MessageIcon::Exclamation, MessageButtons::OkCancel,
+                                std::chrono::seconds(60)};
+        QCOMPARE(prompter.Ask(countdown), MessageAnswer::Ok); // nobody could cancel it
+        QCOMPARE(QString::fromStdString(lines.str()), u"<5>T: Replace 'a'? -> No\n<4>T: Gone\n<4>T: Off\n"_qs);
     }
 };
 
