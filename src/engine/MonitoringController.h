@@ -42,6 +42,7 @@ class MonitoringController final : public QObject, public MonitoringSwitch {
     /// The start and stop command. Sets the mark before StartMonitoring, which clears it when its checks fail.
     void ToggleMonitoring();
     void StartMonitoring();
+    void ActivityDone() override;
     void StopMonitoring() override;
     void CheckAllIdle() override;
 
@@ -50,7 +51,7 @@ class MonitoringController final : public QObject, public MonitoringSwitch {
     [[nodiscard]] std::optional<LockRefusal> MoveTo(const QString& path);
 
     /// The one flag that says monitoring is on.
-    [[nodiscard]] bool IsOn() const { return m_on; }
+    [[nodiscard]] bool IsOn() const override { return m_on; }
 
   Q_SIGNALS:
     /// The mark changed: menus, toolbar, tray and status bar show it.
@@ -63,11 +64,16 @@ class MonitoringController final : public QObject, public MonitoringSwitch {
     void refuseStart(int textId);
     void writeSessionLine(int textId, bool blankLineFirst);
     void endByItself();
+    void tellEnd(bool wantsPowerOff, const QString& last);
+    [[nodiscard]] int powerOff();
+    void readmitted(const QString& name);
+    void refilled();
     void setOn(bool on);
-    void lockSavedFile();
+    void lockPresentFile();
 
     Parts m_parts;
-    EngineLock::Token m_lock;      ///< on the file as monitoring found it
-    EngineLock::Token m_savedLock; ///< on the file that the last save made of it
+    EngineLock::Token m_lock;        ///< on the file as monitoring found it
+    EngineLock::Token m_presentLock; ///< on the file that the last save or load has made of it
     bool m_on = false;
+    bool m_doneByRun = false; ///< the last box was cleared by the end of a run of this session
 };

@@ -44,6 +44,8 @@ class TestCommands final : public QObject {
         World world;
         Window window(world);
         world.prompter.yes = false;
+        window.program.Monitoring().ToggleMonitoring();
+        window.program.List().TakeOut(u"B"_qs);
         window.Select({u"B"_qs});
         window.editor.onEdit = [&](const ActivityEditor::Writer& write) {
             ActivityRecord record = window.editor.shown;
@@ -55,11 +57,17 @@ class TestCommands final : public QObject {
         QCOMPARE(world.prompter.shown.back().text, world.texts.Text(386));
         QCOMPARE(window.Names(), (QStringList{u"A"_qs, u"C"_qs, u"B"_qs}));
         QVERIFY(bytesOf(world.DefaultFile()).contains("<comment>changed</comment>"));
+        QVERIFY(window.program.List().IsChecked(2) && !window.program.List().IsTakenOut(u"B"_qs));
 
-        window.editor.onEdit = [&](const ActivityEditor::Writer& write) { return write(u"New"_qs, {}); };
+        window.editor.onEdit = [&](const ActivityEditor::Writer& write) {
+            ActivityRecord record = window.editor.shown;
+            record.SetNumber(ActivityField::Interval, 70); // the mark of a minute's counter wraps, the record does not
+            return write(u"New"_qs, record);
+        };
         window.Command("mnuAddDirMain").trigger();
         QCOMPARE(window.editor.opened, (QStringList{u"B"_qs, QString()}));
         QCOMPARE(window.Names(), (QStringList{u"A"_qs, u"C"_qs, u"B"_qs, u"New"_qs}));
+        QCOMPARE(window.program.File().Read(u"New"_qs, "exceedtime"), u"10"_qs);
     }
 
     void anEditThatCannotBeSavedCanBeRepeated() {

@@ -242,6 +242,11 @@ class TestClsXml : public QObject {
         const QByteArray prolog = QTest::currentDataTag();
         Store store(QString::fromLatin1(prolog) + u"<items><A><f/></A></items>");
         store.document.WriteNode(u"/items/A/f"_qs, mixed);
+        const auto changeAndFail = [&] {
+            store.document.DeleteNode(u"/items/A"_qs);
+            throw StoreError({});
+        };
+        QVERIFY_THROWS_EXCEPTION(StoreError, store.document.AllOrNothing(changeAndFail)); // leaves no trace
         QVERIFY(store.IsSaved());
         const QByteArray text = prolog + "<items><A><f>" + saved + "</f></A></items>\n";
         QCOMPARE(store.Read(own), prolog.contains("UTF-16") ? utf16(text) : text);
