@@ -1,6 +1,6 @@
 // Runs the program without a window, for the service manager or a machine without a display. Starts it, says in the log
 // why it is idle, and takes it through the closing path when it is told to stop. While another process has the activity
-// file it tries again every minute, in silence.
+// file, or the file cannot be loaded, it tries again every minute, in silence.
 #pragma once
 
 #include "RunEndWaiter.h"
@@ -37,7 +37,7 @@ class HeadlessHost final : public QObject, private StartUpFace {
     void Minimise() override {}
     bool AcceptsNotice() override { return false; } // Start lets no start without it come this far
 
-    void waitForLock();
+    void tryAgainLater();
     void tryAgain();
 
     Program& m_program;

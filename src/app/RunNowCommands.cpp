@@ -9,8 +9,8 @@ bool RunNowCommands::refuseEmptyList() {
         return false;
     const StringTable& texts = m_program.Texts();
     m_program.Prompts().Ask({texts.Text(215), texts.Text(216), MessageIcon::Exclamation, MessageButtons::Ok});
-    // The mark goes off with the timers it stands for.
-    if (m_program.Monitoring().IsOn())
+    // The mark goes off with the timers it stands for. A list that could not be loaded may come back.
+    if (m_program.Monitoring().IsOn() && m_program.File().IsLoaded())
         m_program.Monitoring().StopMonitoring();
     return true;
 }

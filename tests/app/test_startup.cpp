@@ -165,29 +165,38 @@ class TestStartUp : public QObject {
         }
     }
 
-    void headlessWaitsForTheLock() {
-        World world;
-        world.Fill({u"A"_qs});
-        world.SetOption("StartUp", u"1"_qs);
-        EngineLock elsewhere(*world.locks, *world.services.ownFiles);
-        LockRefusal ignored{};
-        EngineLock::Token other = elsewhere.Take(world.DefaultFile(), ignored);
-        std::ostringstream lines;
-        HeadlessLog log(lines, false);
-        HeadlessHost host(world.program, log);
-        QCOMPARE(host.Start({}), std::nullopt);
-        auto* retry = host.findChild<QTimer*>();
-        QVERIFY(retry->isActive() && !world.program.Monitoring().IsOn());
-        const auto aMinuteLater = [&] { QVERIFY(QMetaObject::invokeMethod(retry, "timeout")); };
-        aMinuteLater();
-        QCOMPARE(world.prompter.shown.size(), 1U);
-        QCOMPARE(QString::fromStdString(lines.str()), world.texts.Text(587) + u'\n');
-        world.WriteActivities({world.Activity(u"B"_qs)}); // by the other process
-        other.reset();
-        aMinuteLater();
-        QVERIFY(world.program.Monitoring().IsOn() && !retry->isActive());
-        QCOMPARE(world.program.List().NameAt(0), u"B"_qs);
-        QCOMPARE(world.prompter.shown.size(), 1U);
+    void headlessWaitsForItsFile() {
+        for (const bool isLocked : {true, false}) { // else it cannot be loaded
+            World world;
+            const QString damaged = u"<items>"_qs;
+            world.Fill({u"A"_qs});
+            world.SetOption("StartUp", u"1"_qs);
+            EngineLock elsewhere(*world.locks, *world.services.ownFiles);
+            LockRefusal ignored{};
+            EngineLock::Token other;
+            if (isLocked)
+                other = elsewhere.Take(world.DefaultFile(), ignored);
+            else
+                AppFixture::Write(world.DefaultFile(), damaged);
+            std::ostringstream lines;
+            HeadlessLog log(lines, false);
+            HeadlessHost host(world.program, log);
+            QCOMPARE(host.Start({}), std::nullopt);
+            auto* retry = host.findChild<QTimer*>();
+            const auto aMinuteLater = [&] { QVERIFY(QMetaObject::invokeMethod(retry, "timeout")); };
+            const std::size_t told = world.prompter.shown.size();
+            aMinuteLater();
+            AppFixture::Write(world.DefaultFile(), damaged);
+            other.reset();
+            aMinuteLater();
+            QVERIFY(retry->isActive() && !world.program.Monitoring().IsOn());
+            world.WriteActivities({world.Activity(u"B"_qs)}); // by the other process
+            aMinuteLater();
+            QVERIFY(world.program.Monitoring().IsOn() && !retry->isActive());
+            QCOMPARE(world.program.List().NameAt(0), u"B"_qs);
+            QCOMPARE(world.prompter.shown.size(), told);
+            QCOMPARE(QString::fromStdString(lines.str()), world.texts.Text(587) + u'\n');
+        }
     }
 
     void questionsWithoutAUser() {
