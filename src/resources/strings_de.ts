@@ -1083,8 +1083,8 @@
         <translation>Die Aktivitätsdatei konnte nicht angelegt werden:</translation>
     </message>
     <message id="437">
-        <source>Another running Kalvenor Pro is already monitoring this activity file. Monitoring was not started.</source>
-        <translation>Ein anderes laufendes Kalvenor Pro überwacht diese Aktivitätsdatei bereits. Die Überwachung wurde nicht gestartet.</translation>
+        <source>Another process already works on this activity file. Monitoring was not started.</source>
+        <translation>Ein anderer Prozess arbeitet bereits mit dieser Aktivitätsdatei. Die Überwachung wurde nicht gestartet.</translation>
     </message>
     <message id="438">
         <source>Activities: %1, active: %2</source>

@@ -1083,8 +1083,8 @@
         <translation>The activity file could not be created:</translation>
     </message>
     <message id="437">
-        <source>Another running Kalvenor Pro is already monitoring this activity file. Monitoring was not started.</source>
-        <translation>Another running Kalvenor Pro is already monitoring this activity file. Monitoring was not started.</translation>
+        <source>Another process already works on this activity file. Monitoring was not started.</source>
+        <translation>Another process already works on this activity file. Monitoring was not started.</translation>
     </message>
     <message id="438">
         <source>Activities: %1, active: %2</source>
