@@ -20,51 +20,58 @@ void ActivityCommands::edit(const QString& name, const QString& sourceFolder) {
     ActivityRecord record = name.isEmpty() ? NewActivity() : ActivityRecord::Read(m_program.File(), name);
     if (!sourceFolder.isEmpty())
         record.SetText(ActivityField::SourceDir, sourceFolder);
-    QString opened = name;
-    // Written and saved while the editor is still open: what cannot be saved can still be corrected there.
+    QString written;
+    // Saved while the editor is still open: what cannot be saved can still be corrected there.
     const auto write = [&](const QString& newName, const ActivityRecord& edited) {
         bool taken = true;
         const bool saved = Guarded(m_program, [&] {
             ActivityWriter writer(m_program.Document(), m_program.File(), m_program.Prompts(), m_program.Texts());
-            taken = writer.Write(opened, newName, edited);
-            if (!taken)
-                return;
-            opened = newName; // it stands under this name now, even if the file cannot be saved
-            m_program.File().Save();
+            taken = writer.Write(name, newName, edited);
+            if (taken)
+                written = newName;
         });
         return saved && taken;
     };
     if (!m_editor.Edit(name, record, write))
         return;
-    m_program.List().ForgetTakenOut(name);
-    m_program.List().ForgetTakenOut(opened);
     Guarded(m_program, [this] { m_program.List().Refill(); });
-    m_view.Select(opened);
+    m_program.List().Readmit(written);
+    m_view.Select(written);
 }
 
 void ActivityCommands::Delete(const QString& name) {
     const StringTable& texts = m_program.Texts();
     if (m_program.List().Rows() == 0 || name.isEmpty())
         return;
+    const QString file = m_program.File().CurrentPath();
     if (m_program.Prompts().Ask({texts.Text(211) + name + texts.Text(205), texts.Text(212), MessageIcon::Question,
-                                 MessageButtons::YesNo}) != MessageAnswer::Yes)
+                                 MessageButtons::YesNo}) != MessageAnswer::Yes ||
+        m_program.File().CurrentPath() != file) // events ran: the question was about another file's activity
         return;
     const int row = m_program.List().RowOf(name).value_or(0);
     Guarded(m_program, [&] {
-        m_program.Document().DeleteNode(u"/items/" + name);
-        m_program.File().Save();
+        m_program.File().ChangeAndSave([&] { m_program.Document().DeleteNode(u"/items/" + name); });
         m_program.List().Refill();
     });
     m_view.Select(m_program.List().NameAt(std::min(row, m_program.List().Rows() - 1)));
 }
 
 void ActivityCommands::ClearAll() {
-    const QString before = m_program.File().CurrentPath();
-    Guarded(m_program, [&] {
-        m_program.File().ClearAll();
-        // Another file is another list of activities: nobody has started those.
-        if (m_program.File().CurrentPath() != before && m_program.Monitoring().IsOn())
-            m_program.Monitoring().StopMonitoring();
-        m_program.List().Refill();
-    });
+    const StringTable& texts = m_program.Texts();
+    ActivityFile& file = m_program.File();
+    const QString cleared = file.CurrentPath();
+    const bool wasDefault = file.IsDefault();
+    if (m_program.Prompts().Ask({texts.Text(269), texts.Text(270), MessageIcon::Question, MessageButtons::YesNo}) !=
+            MessageAnswer::Yes ||
+        file.CurrentPath() != cleared || !file.DeleteCurrent())
+        return;
+    // Nobody has started the activities of the default file: everything of the old one is let go before.
+    if (m_program.Monitoring().IsOn())
+        m_program.Monitoring().StopMonitoring();
+    m_program.List().Clear();
+    file.SwitchToDefault();
+    Guarded(m_program, [this] { m_program.List().Refill(); });
+    if (!wasDefault)
+        m_program.Prompts().Ask(
+            {texts.Text(271), QStringLiteral("Kalvenor Pro"), MessageIcon::Information, MessageButtons::Ok});
 }

@@ -63,8 +63,8 @@ void ActivityFileCommands::open(const QString& path) {
     Q_EMIT Progress(texts.Text(169) + QFileInfo(path).fileName() + u"' ...");
     if (m_program.Monitoring().IsOn())
         m_program.Monitoring().StopMonitoring();
+    m_program.List().Clear();
     m_program.File().SetCurrentPath(path);
-    m_program.List().ForgetTakenOut();
     Guarded(m_program, [this] { m_program.List().Refill(); });
     Q_EMIT Progress(QString());
     remember(path);
@@ -85,10 +85,10 @@ void ActivityFileCommands::Export() {
         return tell(373, 162);
     Q_EMIT Progress(texts.Text(164) + QFileInfo(path).fileName() + u"' ...");
     try {
-        if (m_program.Monitoring().MoveTo(path))
-            remember(path);
+        if (const auto refusal = m_program.Monitoring().MoveTo(path))
+            tell(*refusal == LockRefusal::HeldElsewhere ? 586 : 585, 162);
         else
-            tell(437, 162);
+            remember(path);
     } catch (const StoreError& error) {
         m_program.Prompts().Ask({error.Text(), texts.Text(162), MessageIcon::Exclamation, MessageButtons::Ok});
     }

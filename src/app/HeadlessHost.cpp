@@ -2,10 +2,13 @@
 
 #include "HeadlessLog.h"
 #include "Program.h"
+#include <chrono>
 
 HeadlessHost::HeadlessHost(Program& program, HeadlessLog& log) : m_program(program), m_log(log), m_waiter(program) {
     connect(&m_waiter, &RunEndWaiter::Ended, this, &HeadlessHost::Closed);
     connect(&program.Service(), &ServiceMode::StopWanted, this, &HeadlessHost::RequestStop);
+    connect(&program.Monitoring(), &MonitoringController::LockRefused, this, &HeadlessHost::tryAgainLater);
+    connect(&m_retry, &QTimer::timeout, this, &HeadlessHost::tryAgain);
 }
 
 std::optional<int> HeadlessHost::Start(const CommandLine& commandLine) {
@@ -25,12 +28,32 @@ std::optional<int> HeadlessHost::Start(const CommandLine& commandLine) {
     m_program.Services().serviceManager->NotifyReady();
     if (!m_program.Monitoring().IsOn() && m_program.Options().StartUp != 1)
         m_log.Line(HeadlessLog::Priority::Notice, texts.Text(440));
+    else if (!m_program.Monitoring().IsOn() && !m_program.File().IsLoaded())
+        tryAgainLater();
     return std::nullopt;
+}
+
+void HeadlessHost::tryAgainLater() {
+    m_log.Line(HeadlessLog::Priority::Notice, m_program.Texts().Text(587));
+    m_retry.start(std::chrono::minutes(1));
+}
+
+void HeadlessHost::tryAgain() {
+    LockRefusal ignored{};
+    const EngineLock::Token lock = m_program.Lock().Take(m_program.File().CurrentPath(), ignored);
+    // Read anew: whoever had the file until now may have changed it.
+    if (!lock || !m_program.File().Load())
+        return;
+    m_retry.stop();
+    m_program.List().ShowLoaded();
+    if (!m_program.Monitoring().IsOn())
+        m_program.Monitoring().ToggleMonitoring();
 }
 
 void HeadlessHost::RequestStop() {
     if (m_waiter.Waiting())
         return;
+    m_retry.stop();
     m_program.Services().serviceManager->NotifyStopping();
     m_waiter.Begin();
     if (m_program.Monitoring().IsOn())

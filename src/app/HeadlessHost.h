@@ -1,10 +1,12 @@
 // Runs the program without a window, for the service manager or a machine without a display. Starts it, says in the log
-// why it is idle, and takes it through the closing path when it is told to stop.
+// why it is idle, and takes it through the closing path when it is told to stop. While another process has the activity
+// file, or the file cannot be loaded, it tries again every minute, in silence.
 #pragma once
 
 #include "RunEndWaiter.h"
 #include "StartUp.h"
 #include <QObject>
+#include <QTimer>
 #include <optional>
 
 class HeadlessLog;
@@ -35,7 +37,11 @@ class HeadlessHost final : public QObject, private StartUpFace {
     void Minimise() override {}
     bool AcceptsNotice() override { return false; } // Start lets no start without it come this far
 
+    void tryAgainLater();
+    void tryAgain();
+
     Program& m_program;
     HeadlessLog& m_log;
+    QTimer m_retry{this};
     RunEndWaiter m_waiter;
 };

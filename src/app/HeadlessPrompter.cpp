@@ -25,7 +25,7 @@ MessageAnswer HeadlessPrompter::Ask(const Message& message) {
     if (message.buttons == MessageButtons::YesNo) {
         answer = MessageAnswer::No;
         line += QStringLiteral(" -> No");
-    } else if (message.buttons == MessageButtons::OkCancel) {
+    } else if (message.buttons == MessageButtons::OkCancel && message.countdown.count() == 0) {
         answer = MessageAnswer::Cancel;
         line += QStringLiteral(" -> Cancel");
     }

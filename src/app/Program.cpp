@@ -35,7 +35,7 @@ struct Program::Engine {
                 *program.m_services.clock, *program.m_services.desktopMail, program.m_texts, program.m_runState}),
           safeExit({program.m_options, keys, *program.m_services.process, interruptions, program.m_texts}),
           dueMarks(program.m_file, program.m_list),
-          monitoring({program.m_file, program.m_list, logs, dueMarks, program.m_options, *program.m_services.locks,
+          monitoring({program.m_file, program.m_list, logs, dueMarks, program.m_options, program.m_lock,
                       program.m_timers, *program.m_services.power, program.m_prompter, program.m_texts,
                       program.m_runState}),
           changes({{program.m_file, logs, reactions, safeExit, monitoring, ownPlaces, syncTexts, interruptions,
@@ -44,7 +44,8 @@ struct Program::Engine {
                    program.m_options,
                    program.m_texts,
                    *program.m_services.clock,
-                   mail}),
+                   mail,
+                   program.m_lock}),
           schedulers({program.m_file, program.m_list, logs, changes, dueMarks, monitoring, *program.m_services.clock,
                       program.m_texts, program.m_runState, QLocale::system()}) {
         schedulers.ConnectTo(program.m_timers);
@@ -66,8 +67,8 @@ struct Program::Engine {
 Program::Program(PlatformServices& services, Prompter& prompter, const KeyState& keys, const StringTable& texts)
     : m_services(services), m_prompter(prompter), m_texts(texts), m_document(*services.ownFiles),
       m_options(*services.settings), m_file(m_document, *services.ownFiles, prompter, texts, services.places),
-      m_list(m_file, texts), m_timers(*services.clock), m_service(*services.serviceManager, prompter, texts),
-      m_engine(std::make_unique<Engine>(*this, keys)) {}
+      m_list(m_file, texts), m_timers(*services.clock), m_lock(*services.locks, *services.ownFiles),
+      m_service(*services.serviceManager, prompter, texts), m_engine(std::make_unique<Engine>(*this, keys)) {}
 
 Program::~Program() = default;
 
@@ -94,7 +95,20 @@ std::error_code Program::AcceptNotice() {
                                       QStringLiteral("Yes"));
 }
 
+EngineLock::Token Program::LockForRunNow() {
+    LockRefusal refusal{};
+    EngineLock::Token lock = m_lock.Take(m_file.CurrentPath(), refusal);
+    if (!lock)
+        m_prompter.Ask(
+            {refusal == LockRefusal::HeldElsewhere ? m_texts.Text(454).arg(m_file.CurrentPath()) : m_texts.Text(585),
+             m_texts.Text(196), MessageIcon::Exclamation, MessageButtons::Ok});
+    return lock;
+}
+
 RunOutcome Program::RunNow(const QString& name) {
+    const EngineLock::Token lock = LockForRunNow();
+    if (!lock)
+        return {false, 0, true};
     m_engine->logs.SetActivityStatus(name, m_texts.Text(197));
     const RunOutcome outcome = m_engine->changes.ProcessActivity(name, RunStarter::User);
     m_engine->logs.SetActivityStatus(name, m_texts.Text(198));
@@ -103,10 +117,6 @@ RunOutcome Program::RunNow(const QString& name) {
 
 void Program::OnLogLine(std::function<void(const QString& line)> listener) {
     m_engine->logs.SetListener(std::move(listener));
-}
-
-std::unique_ptr<HeldLock> Program::LockFile() {
-    return ActivityFile::LockForMonitoring(*m_services.locks, m_file.CurrentPath());
 }
 
 void Program::RequestEnd() {

@@ -5,6 +5,7 @@
 #include "ActivityFile.h"
 #include "ActivityList.h"
 #include "ActivityMailer.h"
+#include "EngineLock.h"
 #include "EngineOptions.h"
 #include "MonitoringController.h"
 #include "MonitoringTimers.h"
@@ -39,6 +40,7 @@ class Program final {
     [[nodiscard]] MonitoringController& Monitoring();
     [[nodiscard]] ServiceMode& Service() { return m_service; }
     [[nodiscard]] RunState& State() { return m_runState; }
+    [[nodiscard]] EngineLock& Lock() { return m_lock; }
 
     /// "Kalvenor Pro 2.1".
     [[nodiscard]] static QString Title();
@@ -49,14 +51,16 @@ class Program final {
     [[nodiscard]] bool IsNoticeAccepted() const;
     std::error_code AcceptNotice();
 
-    /// Runs one activity now, outside its schedule, with the statuses the run-now commands show. Never throws.
+    /// Keeps other processes from running the current file's activities while the token lives. Null when that is
+    /// refused; the user has been told then.
+    [[nodiscard]] EngineLock::Token LockForRunNow();
+
+    /// Runs one activity now, outside its schedule, with the statuses the run-now commands show. Interrupted when the
+    /// file's lock is refused; the user has been told then. Never throws.
     RunOutcome RunNow(const QString& name);
 
     /// Is told every entry of every activity's log, written or not.
     void OnLogLine(std::function<void(const QString& line)> listener);
-
-    /// The lock that keeps a second engine off the current activity file; null when another process has it.
-    [[nodiscard]] std::unique_ptr<HeldLock> LockFile();
 
     /// Schedulers do nothing until this is called: no activity runs before the notice is answered.
     void AllowTicks();
@@ -76,6 +80,7 @@ class Program final {
     ActivityList m_list;
     MonitoringTimers m_timers;
     RunState m_runState;
+    EngineLock m_lock;
     ServiceMode m_service;
     std::unique_ptr<Engine> m_engine;
 };

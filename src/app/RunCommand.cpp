@@ -31,25 +31,27 @@ RunCommand::ExitCode RunCommand::Execute(const Request& request) {
         return Unusable;
     }
     m_program.File().SetCurrentPath(modNativePath::ToText(path));
-    m_lock = m_program.LockFile();
+    LockRefusal refusal{};
+    m_lock = m_program.Lock().Take(m_program.File().CurrentPath(), refusal);
     if (!m_lock) {
-        complain(m_program.Texts().Text(454).arg(request.file));
-        return MonitoredElsewhere;
+        complain(refusal == LockRefusal::HeldElsewhere ? m_program.Texts().Text(454).arg(request.file)
+                                                       : m_program.Texts().Text(585));
+        return Refused;
     }
     QStringList names;
     if (!open(request.file) || !choose(request.names, names))
         return Unusable;
+    names.removeDuplicates(); // given twice in the file or by the caller, it is one activity
     return runAll(names);
 }
 
 bool RunCommand::open(const QString& file) {
-    // Looked at first, so that the refill below finds nothing that it would offer to repair.
     if (!m_program.File().Load()) {
         complain(m_program.Texts().Text(443) + QLatin1Char(' ') + file);
         return false;
     }
     m_program.Options().ReadRegistry();
-    m_program.List().Refill();
+    m_program.List().ShowLoaded(); // read once: a second read could fail and leave nothing to run
     return true;
 }
 
@@ -68,7 +70,6 @@ bool RunCommand::choose(const QStringList& wanted, QStringList& names) {
         }
     }
     names = wanted;
-    names.removeDuplicates();
     return true;
 }
 

@@ -2,12 +2,11 @@
 // writes nothing but what the activities themselves do; the activity file is only read.
 #pragma once
 
+#include "EngineLock.h"
 #include <QStringList>
 #include <iosfwd>
-#include <memory>
 
 class HeadlessLog;
-class HeldLock;
 class Program;
 
 class RunCommand final {
@@ -17,11 +16,11 @@ class RunCommand final {
         QStringList names; ///< activities to run, in this order; empty = every active one
     };
     enum ExitCode {
-        Ran = 0,                ///< every activity ran without a failure
-        SomethingFailed = 1,    ///< a directory was missing, a file failed, or the run was ended early
-        Unusable = 2,           ///< wrong usage, unknown name, or a file that cannot be read
-        NoticeNotAccepted = 3,  ///< nobody has accepted the notice of possible data loss
-        MonitoredElsewhere = 4, ///< another process works on this file
+        Ran = 0,               ///< every activity ran without a failure
+        SomethingFailed = 1,   ///< a directory was missing, a file failed, or the run was ended early
+        Unusable = 2,          ///< wrong usage, unknown name, or a file that cannot be read
+        NoticeNotAccepted = 3, ///< nobody has accepted the notice of possible data loss
+        Refused = 4,           ///< another process works on this file, or that cannot be ruled out
     };
 
     /// Log lines of the activities go to `output`, everything else to `log`.
@@ -39,5 +38,5 @@ class RunCommand final {
     Program& m_program;
     std::ostream& m_output;
     HeadlessLog& m_log;
-    std::unique_ptr<HeldLock> m_lock;
+    EngineLock::Token m_lock;
 };

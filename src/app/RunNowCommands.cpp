@@ -9,24 +9,31 @@ bool RunNowCommands::refuseEmptyList() {
         return false;
     const StringTable& texts = m_program.Texts();
     m_program.Prompts().Ask({texts.Text(215), texts.Text(216), MessageIcon::Exclamation, MessageButtons::Ok});
-    // The mark goes off with the timers it stands for.
-    if (m_program.Monitoring().IsOn())
+    // The mark goes off with the timers it stands for. A list that could not be loaded may come back.
+    if (m_program.Monitoring().IsOn() && m_program.File().IsLoaded())
         m_program.Monitoring().StopMonitoring();
     return true;
 }
 
-void RunNowCommands::askAndRun(const QStringList& names, int questionId, int titleId) {
+void RunNowCommands::askAndRun(QStringList names, int questionId, int titleId) {
     if (m_running || names.isEmpty())
         return;
     const QScopedValueRollback running(m_running, true);
+    names.removeDuplicates(); // a name given twice in the file is one activity
+    const QString file = m_program.File().CurrentPath();
     const StringTable& texts = m_program.Texts();
     const Message question{texts.Text(questionId), texts.Text(titleId), MessageIcon::Question, MessageButtons::YesNo};
     if (m_program.Prompts().Ask(question) != MessageAnswer::Yes)
         return;
+    // Held from the first to the last: no other engine comes in between, and a refusal is told once.
+    const EngineLock::Token lock = m_program.LockForRunNow();
+    if (!lock)
+        return;
     for (const QString& name : names) {
-        if (m_program.State().closing)
+        // Events ran in the box and in every run before this one.
+        if (m_program.State().closing || m_program.File().CurrentPath() != file)
             return;
-        if (m_program.List().RowOf(name).has_value()) // an earlier run may have let it go
+        if (m_program.List().RowOf(name).has_value())
             m_program.RunNow(name);
     }
 }

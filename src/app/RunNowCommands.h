@@ -18,7 +18,7 @@ class RunNowCommands final {
 
   private:
     [[nodiscard]] bool refuseEmptyList();
-    void askAndRun(const QStringList& names, int questionId, int titleId);
+    void askAndRun(QStringList names, int questionId, int titleId);
 
     Program& m_program;
     bool m_running = false;

@@ -10,11 +10,14 @@ SingleInstance::SingleInstance(Locks& locks, const CommandLine& commandLine, Pro
         m_mayRun = true;
         return;
     }
-    m_lock = locks.TryAcquire(LockName());
+    LockRefusal refusal{};
+    m_lock = locks.TryAcquire(LockName(), refusal);
     m_mayRun = m_lock != nullptr;
-    if (!m_mayRun)
-        prompter.Ask({texts.Text(172) + QStringLiteral("\n\n") + texts.Text(173), QStringLiteral("Kalvenor Pro"),
-                      MessageIcon::Exclamation, MessageButtons::Ok});
+    if (m_mayRun)
+        return;
+    const QString reason =
+        refusal == LockRefusal::HeldElsewhere ? QString(texts.Text(172) + u"\n\n" + texts.Text(173)) : texts.Text(585);
+    prompter.Ask({reason, QStringLiteral("Kalvenor Pro"), MessageIcon::Exclamation, MessageButtons::Ok});
 }
 
 QString SingleInstance::LockName() {

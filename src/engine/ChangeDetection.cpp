@@ -4,6 +4,7 @@
 #include "ActivityLogs.h"
 #include "ActivityMailer.h"
 #include "Clock.h"
+#include "EngineLock.h"
 #include "EngineOptions.h"
 #include "MonitoringSwitch.h"
 #include "StringTable.h"
@@ -42,7 +43,10 @@ bool ChangeDetection::mayRun(const QString& name, RunStarter starter) const {
 RunOutcome ChangeDetection::process(const QString& name, RunStarter starter) {
     const SyncRun::Parts& parts = m_parts.run;
     parts.interruptions.Yield();
-    if (!mayRun(name, starter))
+    // Held to the end of the run, whatever becomes of monitoring and of the current file meanwhile.
+    LockRefusal refusal{};
+    const EngineLock::Token lock = m_parts.lock.Take(parts.file.CurrentPath(), refusal);
+    if (!lock || !mayRun(name, starter))
         return {false, 0, true};
     parts.runState.lastProcessed = name;
     parts.logs.SetActivityStatus(name, m_parts.texts.Text(236));

@@ -7,6 +7,7 @@
 class ActivityList;
 class ActivityMailer;
 class Clock;
+class EngineLock;
 class EngineOptions;
 class StringTable;
 
@@ -19,6 +20,7 @@ class ChangeDetection final {
         const StringTable& texts;
         const Clock& clock;
         ActivityMailer& mailer;
+        EngineLock& lock;
     };
     explicit ChangeDetection(const Parts& parts) : m_parts(parts) {}
 

@@ -58,6 +58,12 @@ void DueMarks::ScheduleCheckedActivities() {
             ScheduleActivity(m_list.NameAt(row));
 }
 
+void DueMarks::ScheduleUnmarkedActivities() {
+    for (int row = 0; row < m_list.Rows(); ++row)
+        if (m_list.IsChecked(row) && m_file.Read(m_list.NameAt(row), "exceedtime").isEmpty())
+            ScheduleActivity(m_list.NameAt(row));
+}
+
 void DueMarks::ClearDueMarks() {
     for (int row = 0; row < m_list.Rows(); ++row)
         m_file.Write(m_list.NameAt(row), "exceedtime", QString());

@@ -25,6 +25,8 @@ class DueMarks final {
     void ComputeDueMark(const QString& name, Kind kind, std::int32_t interval);
     void ScheduleActivity(const QString& name);
     void ScheduleCheckedActivities();
+    /// Those only that have no mark at all, as after a load of marks that were never saved: they would never be due.
+    void ScheduleUnmarkedActivities();
     void ClearDueMarks();
 
     /// A field as a whole number of 32 bits; nothing when it is empty or no number.

@@ -4,14 +4,17 @@
 #include "ActivityLogs.h"
 #include "DueMarks.h"
 #include "EngineOptions.h"
-#include "Locks.h"
 #include "MonitoringTimers.h"
 #include "PowerControl.h"
 #include "Prompter.h"
 #include "RunState.h"
 #include "StringTable.h"
 
-MonitoringController::MonitoringController(const Parts& parts) : m_parts(parts) {}
+MonitoringController::MonitoringController(const Parts& parts) : m_parts(parts) {
+    connect(&m_parts.file, &ActivityFile::Saved, this, &MonitoringController::lockPresentFile);
+    connect(&m_parts.list, &ActivityList::Readmitted, this, &MonitoringController::readmitted);
+    connect(&m_parts.list, &ActivityList::Refilled, this, &MonitoringController::refilled);
+}
 
 MonitoringController::~MonitoringController() = default;
 
@@ -47,14 +50,17 @@ void MonitoringController::refuseStart(int textId) {
 void MonitoringController::StartMonitoring() {
     if (m_parts.list.Rows() == 0)
         return refuseStart(215);
+    m_parts.list.ReadmitAll();
     if (!anyRowChecked())
         return refuseStart(217);
-    // Two engines on one file would each move and mirror what the other just wrote.
-    if (!m_fileLock)
-        m_fileLock = ActivityFile::LockForMonitoring(m_parts.locks, m_parts.file.CurrentPath());
-    if (!m_fileLock)
-        return refuseStart(437);
-    m_parts.list.ForgetTakenOut();
+    LockRefusal refusal{};
+    m_lock = m_parts.engineLock.Take(m_parts.file.CurrentPath(), refusal);
+    if (!m_lock) {
+        refuseStart(refusal == LockRefusal::HeldElsewhere ? 437 : 585);
+        Q_EMIT LockRefused();
+        return;
+    }
+    m_doneByRun = false;
     m_parts.dueMarks.ClearDueMarks();
     m_parts.dueMarks.ScheduleCheckedActivities();
 
@@ -90,17 +96,29 @@ void MonitoringController::StopMonitoring() {
     writeSessionLine(221, false);
     for (int row = 0; row < m_parts.list.Rows(); ++row)
         m_parts.list.SetText(m_parts.list.NameAt(row), ActivityList::Status, m_parts.texts.Text(198));
-    m_fileLock.reset();
+    m_lock.reset();
+    m_presentLock.reset();
 }
 
-bool MonitoringController::MoveTo(const QString& path) {
-    std::unique_ptr<HeldLock> lock = ActivityFile::LockForMonitoring(m_parts.locks, path);
+std::optional<LockRefusal> MonitoringController::MoveTo(const QString& path) {
+    LockRefusal refusal{};
+    EngineLock::Token lock = m_parts.engineLock.Take(path, refusal);
     if (!lock)
-        return false;
+        return refusal;
     m_parts.file.SaveAs(path);
     if (m_on)
-        m_fileLock = std::move(lock);
-    return true;
+        m_lock = std::move(lock);
+    return std::nullopt;
+}
+
+/// The lock taken at the start stays: a hard link may still lead to the file as it was then. Should the new one be
+/// refused, that one and the path are locked all the same.
+void MonitoringController::lockPresentFile() {
+    LockRefusal ignored{};
+    if (!m_on)
+        return;
+    if (EngineLock::Token lock = m_parts.engineLock.Take(m_parts.file.CurrentPath(), ignored))
+        m_presentLock = std::move(lock);
 }
 
 void MonitoringController::writeSessionLine(int textId, bool blankLineFirst) {
@@ -118,24 +136,67 @@ void MonitoringController::CheckAllIdle() {
         m_parts.list.SetText(m_parts.list.NameAt(row), ActivityList::Status,
                              m_parts.texts.Text(checked && m_on ? 222 : 198));
     }
-    // While a run is on the stack its activity may be the one that was just taken out: it must end first.
-    if (!anyChecked && m_on && !m_parts.runState.Running())
+    m_doneByRun = m_doneByRun && !anyChecked && m_parts.file.IsLoaded();
+    // While a run is on the stack its activity may be the one that was just taken out: it must end first. A list that
+    // is empty because its file could not be loaded says nothing about the activities.
+    if (!anyChecked && m_on && !m_parts.runState.Running() && m_parts.file.IsLoaded())
         endByItself();
 }
 
+void MonitoringController::ActivityDone() {
+    m_doneByRun = m_on && !anyRowChecked();
+}
+
+void MonitoringController::readmitted(const QString& name) {
+    m_doneByRun = false;
+    const std::optional<int> row = m_parts.list.RowOf(name);
+    if (m_on && row && m_parts.list.IsChecked(*row))
+        m_parts.dueMarks.ScheduleActivity(name);
+}
+
+void MonitoringController::refilled() {
+    if (!m_on)
+        return;
+    lockPresentFile();
+    m_parts.dueMarks.ScheduleUnmarkedActivities();
+}
+
 void MonitoringController::endByItself() {
+    const bool powerOff = m_doneByRun && m_parts.options.ShutdownWhenIdle();
+    const QString last = m_parts.runState.lastProcessed;
     StopMonitoring();
-    if (m_parts.options.ShutdownWhenIdle()) {
-        const QString& last = m_parts.runState.lastProcessed;
-        const QString name = last.isEmpty() ? m_parts.list.NameAt(0) : last;
-        const auto tell = [&](const QString& line) {
-            m_parts.logs.SetActivityStatus(name, line);
-            m_parts.logs.WriteAppLog(line);
-        };
-        tell(m_parts.texts.Text(223) + name + m_parts.texts.Text(224));
-        if (!m_parts.power.PowerOff())
-            tell(m_parts.texts.Text(584));
+    if (powerOff) {
+        const QString line = m_parts.texts.Text(223) + last + m_parts.texts.Text(224);
+        m_parts.logs.SetActivityStatus(last, line);
+        m_parts.logs.WriteAppLog(line);
     }
-    m_parts.prompter.Ask(
-        {m_parts.texts.Text(225), m_parts.texts.Text(221), MessageIcon::Information, MessageButtons::Ok});
+    // The caller is mostly a timer's handler, and that timer is dead until it returns: no box may keep it.
+    QMetaObject::invokeMethod(
+        this, [this, powerOff, last] { tellEnd(powerOff, last); }, Qt::QueuedConnection);
+}
+
+void MonitoringController::tellEnd(bool wantsPowerOff, const QString& last) {
+    if (m_parts.runState.closing)
+        return;
+    if (wantsPowerOff) {
+        const int failure = powerOff();
+        if (failure != 0) {
+            m_parts.logs.SetActivityStatus(last, m_parts.texts.Text(failure));
+            m_parts.logs.WriteAppLog(m_parts.texts.Text(failure));
+        }
+    }
+    if (!m_on)
+        m_parts.prompter.Ask(
+            {m_parts.texts.Text(225), m_parts.texts.Text(221), MessageIcon::Information, MessageButtons::Ok});
+}
+
+/// 0 when the system has taken the request, else the text that says why not.
+int MonitoringController::powerOff() {
+    const auto atWork = [this] { return m_on || m_parts.runState.Running() || m_parts.runState.closing; };
+    if (atWork() ||
+        m_parts.prompter.Ask({m_parts.texts.Text(588), m_parts.texts.Text(221), MessageIcon::Exclamation,
+                              MessageButtons::OkCancel, std::chrono::seconds(60)}) != MessageAnswer::Ok ||
+        atWork())
+        return 590;
+    return m_parts.power.PowerOff() ? 0 : 584;
 }

@@ -2,10 +2,11 @@
 // the activity file while monitoring is on. It never throws; a refused start shows a message and leaves monitoring off.
 #pragma once
 
+#include "EngineLock.h"
 #include "MonitoringSwitch.h"
 #include <QObject>
 #include <QString>
-#include <memory>
+#include <optional>
 
 class ActivityFile;
 class ActivityList;
@@ -13,8 +14,6 @@ class ActivityLogs;
 class ChangeDetection;
 class DueMarks;
 class EngineOptions;
-class HeldLock;
-class Locks;
 struct MonitoringTimers;
 class PowerControl;
 class Prompter;
@@ -30,7 +29,7 @@ class MonitoringController final : public QObject, public MonitoringSwitch {
         ActivityLogs& logs;
         DueMarks& dueMarks;
         const EngineOptions& options;
-        Locks& locks;
+        EngineLock& engineLock;
         MonitoringTimers& timers;
         PowerControl& power;
         Prompter& prompter;
@@ -43,12 +42,13 @@ class MonitoringController final : public QObject, public MonitoringSwitch {
     /// The start and stop command. Sets the mark before StartMonitoring, which clears it when its checks fail.
     void ToggleMonitoring();
     void StartMonitoring();
+    void ActivityDone() override;
     void StopMonitoring() override;
     void CheckAllIdle() override;
 
-    /// Saves the activities to another file, which is current from then on. False when another process monitors that
-    /// file; StoreError when it cannot be saved. Either leaves everything as it was.
-    [[nodiscard]] bool MoveTo(const QString& path);
+    /// Saves the activities to another file, which is current from then on. The reason when the lock on that file is
+    /// refused; StoreError when it cannot be saved. Either leaves everything as it was.
+    [[nodiscard]] std::optional<LockRefusal> MoveTo(const QString& path);
 
     /// The one flag that says monitoring is on.
     [[nodiscard]] bool IsOn() const override { return m_on; }
@@ -56,15 +56,24 @@ class MonitoringController final : public QObject, public MonitoringSwitch {
   Q_SIGNALS:
     /// The mark changed: menus, toolbar, tray and status bar show it.
     void StateChanged(bool on);
+    /// A start was refused because the lock on the activity file was; the user has been told.
+    void LockRefused();
 
   private:
     [[nodiscard]] bool anyRowChecked() const;
     void refuseStart(int textId);
     void writeSessionLine(int textId, bool blankLineFirst);
     void endByItself();
+    void tellEnd(bool wantsPowerOff, const QString& last);
+    [[nodiscard]] int powerOff();
+    void readmitted(const QString& name);
+    void refilled();
     void setOn(bool on);
+    void lockPresentFile();
 
     Parts m_parts;
-    std::unique_ptr<HeldLock> m_fileLock;
+    EngineLock::Token m_lock;        ///< on the file as monitoring found it
+    EngineLock::Token m_presentLock; ///< on the file that the last save or load has made of it
     bool m_on = false;
+    bool m_doneByRun = false; ///< the last box was cleared by the end of a run of this session
 };

@@ -22,6 +22,7 @@ void Schedulers::ConnectTo(MonitoringTimers& timers) {
 void Schedulers::guarded(void (Schedulers::*tick)()) {
     if (!m_allowed || m_parts.list.ListBusy() || m_parts.runState.closing)
         return;
+    modLogTime::ReadTimeZone();
     try {
         (this->*tick)();
     } catch (const std::exception& error) {
@@ -30,17 +31,28 @@ void Schedulers::guarded(void (Schedulers::*tick)()) {
     }
 }
 
-bool Schedulers::isActive(const QString& name, const QString& type) const {
+bool Schedulers::isActive(int row, const QString& type) const {
+    const QString name = m_parts.list.NameAt(row);
     return m_parts.file.Read(name, "type") == type && m_parts.file.Read(name, "activ") == u"1" &&
-           !m_parts.list.IsTakenOut(name);
+           !m_parts.list.IsTakenOut(name) && !m_parts.list.IsNamesake(row);
+}
+
+bool Schedulers::mayGoOn() const {
+    return m_parts.monitoring.IsOn() && !m_parts.runState.closing;
 }
 
 void Schedulers::runDue(const QString& name) {
-    if (m_parts.file.Read(name, "runningmode") == u"1") {
+    const bool isOnce = m_parts.file.Read(name, "runningmode") == u"1";
+    if (isOnce) {
         m_parts.list.TakeOut(name);
         m_parts.logs.SetActivityStatus(name, m_parts.texts.Text(228));
     }
-    m_parts.changes.ProcessActivity(name, RunStarter::Schedule);
+    const RunOutcome outcome = m_parts.changes.ProcessActivity(name, RunStarter::Schedule);
+    // What was ended early is still to be done. Events ran: the user may have brought the row back already.
+    if (isOnce && outcome.interrupted && m_parts.list.IsTakenOut(name))
+        m_parts.list.Readmit(name);
+    else if (isOnce && !outcome.interrupted && !outcome.directoryMissing)
+        m_parts.monitoring.ActivityDone();
     m_parts.dueMarks.ScheduleActivity(name);
 }
 
@@ -51,12 +63,13 @@ void Schedulers::repairMark(const QString& name, std::int32_t mark) {
         m_parts.file.Write(name, "exceedtime", QString::number(*interval));
 }
 
-// Rows are walked by index against the present count: a run lets events in, and those can rebuild the list.
+// Rows are walked by index against the present count: a run lets events in, and those can rebuild the list, stop
+// monitoring or close the program.
 void Schedulers::onSecond() {
     std::int32_t& counter = m_parts.dueMarks.SecondCounter;
     if (counter >= 59)
         counter = 0;
-    for (int row = 0; row < m_parts.list.Rows(); ++row) {
+    for (int row = 0; row < m_parts.list.Rows() && mayGoOn(); ++row) {
         const QString name = m_parts.list.NameAt(row);
         if (!m_parts.list.IsChecked(row) || m_parts.file.Read(name, "type") != u"0")
             continue;
@@ -68,14 +81,16 @@ void Schedulers::onSecond() {
         else if (m_parts.file.Read(name, "activ") == u"1")
             runDue(name);
     }
+    if (!mayGoOn())
+        return;
     ++counter;
     m_parts.monitoring.CheckAllIdle();
 }
 
 void Schedulers::tickOfInterval(const QString& type, std::int32_t counter, bool dueFromMarkOn) {
-    for (int row = 0; row < m_parts.list.Rows(); ++row) {
+    for (int row = 0; row < m_parts.list.Rows() && mayGoOn(); ++row) {
         const QString name = m_parts.list.NameAt(row);
-        if (!isActive(name, type))
+        if (!isActive(row, type))
             continue;
         const std::optional<std::int32_t> mark = m_parts.dueMarks.Number(name, "exceedtime");
         if (!mark)
@@ -88,6 +103,9 @@ void Schedulers::tickOfInterval(const QString& type, std::int32_t counter, bool 
 }
 
 void Schedulers::onMinute() {
+    // What could not be loaded a while ago may be whole again, and nobody may be there to refresh the list.
+    if (!m_parts.file.IsLoaded() && m_parts.file.Load())
+        m_parts.list.Refill();
     std::int32_t& counter = m_parts.dueMarks.MinuteCounter;
     counter = counter < 60 ? counter + 1 : 0;
     tickOfInterval(QStringLiteral("1"), counter, false);
@@ -100,38 +118,50 @@ void Schedulers::onHour() {
 }
 
 void Schedulers::onTimeOfDay() {
-    for (int row = 0; row < m_parts.list.Rows(); ++row) {
+    for (int row = 0; row < m_parts.list.Rows() && mayGoOn(); ++row) {
         const QString name = m_parts.list.NameAt(row);
-        if (!isActive(name, QStringLiteral("4")) ||
-            modLogTime::HoursAndMinutes(m_parts.clock.Now()) != m_parts.file.Read(name, "triggertime"))
-            continue;
-        m_parts.changes.ProcessActivity(name, RunStarter::Schedule);
-        if (m_parts.file.Read(name, "daily").toInt() == 0)
-            finishForGood(name);
-        m_parts.monitoring.CheckAllIdle();
+        if (isActive(row, QStringLiteral("4")) &&
+            modLogTime::HoursAndMinutes(m_parts.clock.Now()) == m_parts.file.Read(name, "triggertime"))
+            runOnTime(name, m_parts.file.Read(name, "daily").toInt() == 0);
     }
 }
 
 void Schedulers::onDate() {
-    for (int row = 0; row < m_parts.list.Rows(); ++row) {
+    for (int row = 0; row < m_parts.list.Rows() && mayGoOn(); ++row) {
         const QString name = m_parts.list.NameAt(row);
-        if (!isActive(name, QStringLiteral("3")))
+        if (!isActive(row, QStringLiteral("3")))
             continue;
         const std::chrono::system_clock::time_point now = m_parts.clock.Now();
         const QDate today = QDateTime::fromSecsSinceEpoch(std::chrono::system_clock::to_time_t(now)).date();
-        if (modTriggerDate::Read(m_parts.file.Read(name, "triggerdate"), m_parts.locale) != today ||
-            modLogTime::HoursAndMinutes(now) != m_parts.file.Read(name, "triggerdatetime"))
-            continue;
-        m_parts.changes.ProcessActivity(name, RunStarter::Schedule);
-        finishForGood(name);
-        m_parts.monitoring.CheckAllIdle();
+        if (modTriggerDate::Read(m_parts.file.Read(name, "triggerdate"), m_parts.locale) == today &&
+            modLogTime::HoursAndMinutes(now) == m_parts.file.Read(name, "triggerdatetime"))
+            runOnTime(name, true);
     }
 }
 
-void Schedulers::finishForGood(const QString& name) {
+QString Schedulers::appointment(const QString& name) const {
+    QStringList fields;
+    for (const char* field : {"type", "triggerdate", "triggerdatetime", "triggertime", "daily"})
+        fields.append(m_parts.file.Read(name, field));
+    return fields.join(u'\n');
+}
+
+void Schedulers::runOnTime(const QString& name, bool isLast) {
+    const QString before = appointment(name);
+    const RunOutcome outcome = m_parts.changes.ProcessActivity(name, RunStarter::Schedule);
+    // What was ended early is still to be done, and so is what the user has put off to another time meanwhile.
+    if (isLast && !outcome.interrupted && appointment(name) == before)
+        finishForGood(name, !outcome.directoryMissing);
+    if (mayGoOn())
+        m_parts.monitoring.CheckAllIdle();
+}
+
+void Schedulers::finishForGood(const QString& name, bool hasRun) {
     m_parts.logs.SetActivityStatus(name, m_parts.texts.Text(226) + name + u" " + m_parts.texts.Text(227));
     m_parts.file.Write(name, "activ", QStringLiteral("0"));
     m_parts.list.SetChecked(name, false);
+    if (hasRun)
+        m_parts.monitoring.ActivityDone();
     try {
         m_parts.file.Save();
     } catch (const StoreError& error) {

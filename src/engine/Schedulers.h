@@ -44,11 +44,14 @@ class Schedulers final : public QObject {
     void onHour();
     void onTimeOfDay();
     void onDate();
+    [[nodiscard]] bool mayGoOn() const;
     void runDue(const QString& name);
+    void runOnTime(const QString& name, bool isLast);
+    [[nodiscard]] QString appointment(const QString& name) const;
     void repairMark(const QString& name, std::int32_t mark);
     void tickOfInterval(const QString& type, std::int32_t counter, bool dueFromMarkOn);
-    [[nodiscard]] bool isActive(const QString& name, const QString& type) const;
-    void finishForGood(const QString& name);
+    [[nodiscard]] bool isActive(int row, const QString& type) const;
+    void finishForGood(const QString& name, bool hasRun);
 
     Parts m_parts;
     bool m_allowed = false;

@@ -23,6 +23,10 @@ std::time_t toSeconds(std::chrono::system_clock::time_point time) {
 }
 } // namespace
 
+void modLogTime::ReadTimeZone() {
+    tzset();
+}
+
 QString modLogTime::Text(std::chrono::system_clock::time_point time) {
     return format(toSeconds(time), "%d.%m.%Y %H:%M:%S");
 }

@@ -7,6 +7,9 @@
 
 namespace modLogTime {
 
+/// Takes over a change of the system's time zone; the C library looks only when it is told to.
+void ReadTimeZone();
+
 /// "dd.MM.yyyy HH:mm:ss", whatever the locale.
 [[nodiscard]] QString Text(std::chrono::system_clock::time_point time);
 [[nodiscard]] QString Text(const FileTime& time);

@@ -10,11 +10,16 @@ class HeldLock {
     virtual ~HeldLock() = default;
 };
 
+enum class LockRefusal {
+    HeldElsewhere, ///< by another process, or by another holder in this one
+    NoneCanBeMade  ///< the system refused: whether another process works is unknown
+};
+
 class Locks {
   public:
     virtual ~Locks() = default;
 
-    /// Takes the lock without waiting. Null when another process (or another holder in this one) has it, or when no
-    /// lock can be made at all: no lock means no permission. The name may hold any character.
-    [[nodiscard]] virtual std::unique_ptr<HeldLock> TryAcquire(const QString& name) = 0;
+    /// Takes the lock without waiting. Null with the reason in `refusal` when it is refused: no lock means no
+    /// permission. The name may hold any character.
+    [[nodiscard]] virtual std::unique_ptr<HeldLock> TryAcquire(const QString& name, LockRefusal& refusal) = 0;
 };

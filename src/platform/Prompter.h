@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QString>
+#include <chrono>
 
 enum class MessageIcon { Information, Question, Exclamation, Critical };
 enum class MessageButtons { Ok, OkCancel, YesNo };
@@ -14,6 +15,9 @@ struct Message {
     QString title;
     MessageIcon icon = MessageIcon::Information;
     MessageButtons buttons = MessageButtons::Ok;
+    /// More than 0: the box shows the seconds left and gives the answer OK when they are over; at once where nobody is
+    /// to cancel it.
+    std::chrono::seconds countdown{0};
 };
 
 class Prompter {

@@ -1083,8 +1083,8 @@
         <translation>Die Aktivitätsdatei konnte nicht angelegt werden:</translation>
     </message>
     <message id="437">
-        <source>Another running Kalvenor Pro is already monitoring this activity file. Monitoring was not started.</source>
-        <translation>Ein anderes laufendes Kalvenor Pro überwacht diese Aktivitätsdatei bereits. Die Überwachung wurde nicht gestartet.</translation>
+        <source>Another process already works on this activity file. Monitoring was not started.</source>
+        <translation>Ein anderer Prozess arbeitet bereits mit dieser Aktivitätsdatei. Die Überwachung wurde nicht gestartet.</translation>
     </message>
     <message id="438">
         <source>Activities: %1, active: %2</source>
@@ -1386,6 +1386,29 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <source>The computer could not be switched off.</source>
         <translation>Der Computer konnte nicht ausgeschaltet werden.</translation>
     </message>
+    <message id="585">
+        <source>No lock could be made in the folder for the state of programs ($XDG_STATE_HOME, normally ~/.local/state), so another process may be at work on the same files. Nothing was started.</source>
+        <translation>Im Ordner für den Zustand von Programmen ($XDG_STATE_HOME, normalerweise ~/.local/state) konnte keine Sperre angelegt werden; vielleicht arbeitet ein anderer Prozess mit denselben Dateien. Nichts wurde gestartet.</translation>
+    </message>
+    <message id="586">
+        <source>Another process works on this activity file. Nothing was saved to it.</source>
+        <translation>Ein anderer Prozess arbeitet mit dieser Aktivitätsdatei. In ihr wurde nichts gespeichert.</translation>
+    </message>
+    <message id="587">
+        <source>Starting monitoring is tried again every minute.</source>
+        <translation>Der Start der Überwachung wird jede Minute erneut versucht.</translation>
+    </message>
+    <message id="588">
+        <source>All activities have ended. The computer will be switched off.</source>
+        <translation>Alle Aktivitäten sind beendet. Der Computer wird ausgeschaltet.</translation>
+    </message>
+    <message id="589">
+        <source>Seconds left: %1</source>
+        <translation>Verbleibende Sekunden: %1</translation>
+    </message>
+    <message id="590">
+        <source>The computer was not switched off: it was cancelled, or work has begun again.</source>
+        <translation>Der Computer wurde nicht ausgeschaltet: Es wurde abgebrochen, oder die Arbeit geht weiter.</translation>
     <message id="610">
         <source>'%1' is left alone: it belongs to Kalvenor.</source>
         <translation>'%1' bleibt, wie es ist: Die Datei gehört zu Kalvenor.</translation>

@@ -1083,8 +1083,8 @@
         <translation>The activity file could not be created:</translation>
     </message>
     <message id="437">
-        <source>Another running Kalvenor Pro is already monitoring this activity file. Monitoring was not started.</source>
-        <translation>Another running Kalvenor Pro is already monitoring this activity file. Monitoring was not started.</translation>
+        <source>Another process already works on this activity file. Monitoring was not started.</source>
+        <translation>Another process already works on this activity file. Monitoring was not started.</translation>
     </message>
     <message id="438">
         <source>Activities: %1, active: %2</source>
@@ -1386,6 +1386,29 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <source>The computer could not be switched off.</source>
         <translation>The computer could not be switched off.</translation>
     </message>
+    <message id="585">
+        <source>No lock could be made in the folder for the state of programs ($XDG_STATE_HOME, normally ~/.local/state), so another process may be at work on the same files. Nothing was started.</source>
+        <translation>No lock could be made in the folder for the state of programs ($XDG_STATE_HOME, normally ~/.local/state), so another process may be at work on the same files. Nothing was started.</translation>
+    </message>
+    <message id="586">
+        <source>Another process works on this activity file. Nothing was saved to it.</source>
+        <translation>Another process works on this activity file. Nothing was saved to it.</translation>
+    </message>
+    <message id="587">
+        <source>Starting monitoring is tried again every minute.</source>
+        <translation>Starting monitoring is tried again every minute.</translation>
+    </message>
+    <message id="588">
+        <source>All activities have ended. The computer will be switched off.</source>
+        <translation>All activities have ended. The computer will be switched off.</translation>
+    </message>
+    <message id="589">
+        <source>Seconds left: %1</source>
+        <translation>Seconds left: %1</translation>
+    </message>
+    <message id="590">
+        <source>The computer was not switched off: it was cancelled, or work has begun again.</source>
+        <translation>The computer was not switched off: it was cancelled, or work has begun again.</translation>
     <message id="610">
         <source>'%1' is left alone: it belongs to Kalvenor.</source>
         <translation>'%1' is left alone: it belongs to Kalvenor.</translation>

@@ -4,6 +4,7 @@
 #include "StoreError.h"
 #include "StringTable.h"
 #include "XmlNames.h"
+#include "XmlParser.h"
 #include "clsXML.h"
 #include "modNativePath.h"
 
@@ -72,24 +73,37 @@ bool ActivityFile::Load() {
     m_loadedPath = m_currentPath;
     m_loadedStamp = m_files.Stamp(modNativePath::FromText(m_currentPath));
     m_document.OpenXML(m_currentPath, 0);
+    return IsLoaded();
+}
+
+bool ActivityFile::IsLoaded() const {
     return m_document.NodeCount(items) >= 0;
 }
 
 void ActivityFile::Save() {
     const auto present = m_files.Stamp(modNativePath::FromText(m_currentPath));
     const bool isAsLoaded = m_loadedPath == m_currentPath && present == m_loadedStamp;
-    if (m_document.NodeCount(items) >= 0 && present && !isAsLoaded)
+    if (IsLoaded() && present && !isAsLoaded)
         throw StoreError(m_texts.Text(432));
     saveTo(m_currentPath);
+    Q_EMIT Saved();
+}
+
+void ActivityFile::ChangeAndSave(const std::function<void()>& change) {
+    m_document.AllOrNothing([&] {
+        change();
+        Save();
+    });
 }
 
 void ActivityFile::SaveAs(const QString& absolutePath) {
     saveTo(absolutePath);
     SetCurrentPath(absolutePath);
+    Q_EMIT Saved();
 }
 
 void ActivityFile::saveTo(const QString& path) {
-    if (m_document.NodeCount(items) < 0)
+    if (!IsLoaded())
         throw StoreError(m_texts.Text(433));
     try {
         m_document.Save(path);
@@ -102,6 +116,12 @@ void ActivityFile::saveTo(const QString& path) {
 
 bool ActivityFile::OfferRepair() {
     const QString damaged = m_currentPath;
+    const std::filesystem::path file = modNativePath::FromText(damaged);
+    QByteArray bytes;
+    if (const std::error_code error = m_files.ReadAll(file, XmlParser::MaxBytes, bytes)) {
+        tell(m_texts.Text(443) + u' ' + damaged + u'\n' + textOf(error));
+        return false;
+    }
     const MessageAnswer answer =
         m_prompter.Ask({m_texts.Text(371), m_texts.Text(107), MessageIcon::Critical, MessageButtons::YesNo});
     if (answer != MessageAnswer::Yes)
@@ -109,7 +129,6 @@ bool ActivityFile::OfferRepair() {
     // Events ran while the box was open: only a file that is damaged still may be moved.
     if (m_currentPath != damaged || Load())
         return true;
-    const std::filesystem::path file = modNativePath::FromText(damaged);
     const std::error_code error = moveToOldName(m_files, file);
     const bool isGone = error == std::errc::no_such_file_or_directory && !m_files.Stamp(file);
     if (error && !isGone) {
@@ -121,28 +140,17 @@ bool ActivityFile::OfferRepair() {
     return Load();
 }
 
-std::unique_ptr<HeldLock> ActivityFile::LockForMonitoring(Locks& locks, const QString& path) {
-    std::error_code error;
-    const std::filesystem::path file = modNativePath::FromText(path);
-    const std::filesystem::path canonical = std::filesystem::weakly_canonical(file, error);
-    return locks.TryAcquire(u"activity file " + modNativePath::ToText(error ? file : canonical));
+bool ActivityFile::DeleteCurrent() {
+    const std::error_code error = m_files.Delete(modNativePath::FromText(m_currentPath));
+    if (!error || error == std::errc::no_such_file_or_directory)
+        return true;
+    tell(textOf(error));
+    return false;
 }
 
-void ActivityFile::ClearAll() {
-    const MessageAnswer answer =
-        m_prompter.Ask({m_texts.Text(269), m_texts.Text(270), MessageIcon::Question, MessageButtons::YesNo});
-    if (answer != MessageAnswer::Yes)
-        return;
-    const bool wasDefault = IsDefault();
-    const std::error_code error = m_files.Delete(modNativePath::FromText(m_currentPath));
-    if (error && error != std::errc::no_such_file_or_directory)
-        return tell(textOf(error));
+void ActivityFile::SwitchToDefault() {
     EnsureDefaultExists();
     SetCurrentPath(DefaultPath());
-    Load();
-    if (!wasDefault)
-        m_prompter.Ask(
-            {m_texts.Text(271), QStringLiteral("Kalvenor Pro"), MessageIcon::Information, MessageButtons::Ok});
 }
 
 QStringList ActivityFile::Names() const {

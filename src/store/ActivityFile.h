@@ -3,11 +3,11 @@
 // children); Save throws StoreError and then nothing was written.
 #pragma once
 
-#include "Locks.h"
 #include "OwnFiles.h"
 #include <QObject>
 #include <QString>
 #include <QStringList>
+#include <functional>
 
 class clsXML;
 class Prompter;
@@ -35,24 +35,29 @@ class ActivityFile final : public QObject {
 
     /// Loads the current file into the document. False when it is damaged (NodeCount("/items") is -1).
     bool Load();
+    /// Whether the document holds what the last Load found; false after a failed one.
+    [[nodiscard]] bool IsLoaded() const;
 
     /// Saves the document to the current file. Refused when the document has no "items" root or the file changed on
     /// disk since it was loaded. A file that has gone is written anew.
     void Save();
 
+    /// Changes the document and saves it. When either throws, the document is as it was before. The work shows no box:
+    /// what the engine wrote meanwhile would be taken back with it.
+    void ChangeAndSave(const std::function<void()>& change);
+
     /// Saves the document to another file, whatever is there now, and makes it current. When it throws, the former
     /// file is still current.
     void SaveAs(const QString& absolutePath);
 
-    /// Offers to move a damaged file away and start an empty one. True when the file can be loaded again.
+    /// Offers to move a damaged file away and start an empty one. True when the file can be loaded again. A file that
+    /// is missing or cannot be read is none to repair: the user is told why.
     bool OfferRepair();
 
-    /// Keeps every other process from running the activities of the file; null when one does already.
-    [[nodiscard]] static std::unique_ptr<HeldLock> LockForMonitoring(Locks& locks, const QString& path);
-
-    /// Asks, deletes the current file, makes the default file current and loads it, created empty when it is missing.
-    /// A file that cannot be deleted stays current and is told of.
-    void ClearAll();
+    /// Deletes the current file. False when it cannot be deleted; the user has been told then.
+    [[nodiscard]] bool DeleteCurrent();
+    /// Makes the default file current, created empty when it is missing. Load follows.
+    void SwitchToDefault();
 
     /// Names of the activities in document order.
     [[nodiscard]] QStringList Names() const;
@@ -62,6 +67,8 @@ class ActivityFile final : public QObject {
 
   Q_SIGNALS:
     void CurrentPathChanged(const QString& path);
+    /// The current file has been written. It is another file for the system now, under the same name.
+    void Saved();
 
   private:
     void saveTo(const QString& path);

@@ -6,6 +6,7 @@
 #include "StringTable.h"
 
 #include <QScopedValueRollback>
+#include <utility>
 
 namespace {
 
@@ -22,14 +23,19 @@ ActivityList::ActivityList(ActivityFile& file, const StringTable& texts) : m_fil
 void ActivityList::Refill() {
     if (m_listBusy)
         return; // asked for from inside the repair question: the refill that asks it goes on anyway
-    const QScopedValueRollback<bool> busy(m_listBusy, true);
-    bool isLoaded = m_file.Load();
-    if (!isLoaded) {
-        fill({});
-        isLoaded = m_file.OfferRepair() && m_file.Load();
+    {
+        const QScopedValueRollback<bool> busy(m_listBusy, true);
+        if (!m_file.Load()) {
+            fill({});
+            if (m_file.OfferRepair())
+                m_file.Load();
+        }
     }
-    fill(isLoaded ? m_file.Names() : QStringList());
-    m_listBusy = false;
+    ShowLoaded();
+}
+
+void ActivityList::ShowLoaded() {
+    fill(m_file.Names());
     Q_EMIT Refilled();
 }
 
@@ -39,9 +45,13 @@ void ActivityList::fill(const QStringList& names) {
     m_rowOfName.clear();
     m_rows.reserve(static_cast<std::size_t>(names.size()));
     for (const QString& name : names) {
-        if (!m_rowOfName.contains(name))
+        Row row = makeRow(name);
+        // A name given twice names the first of the two: the second is shown, and takes part in nothing.
+        if (m_rowOfName.contains(name))
+            row.checked = false;
+        else
             m_rowOfName.insert(name, Rows());
-        m_rows.push_back(makeRow(name));
+        m_rows.push_back(std::move(row));
     }
     endResetModel();
 }
@@ -83,6 +93,10 @@ bool ActivityList::IsChecked(int row) const {
     return found != nullptr && found->checked;
 }
 
+bool ActivityList::IsNamesake(int row) const {
+    return RowOf(NameAt(row)) != row;
+}
+
 std::optional<int> ActivityList::RowOf(const QString& name) const {
     const auto found = m_rowOfName.constFind(name);
     return found == m_rowOfName.constEnd() ? std::nullopt : std::optional<int>(*found);
@@ -114,12 +128,22 @@ void ActivityList::TakeOut(const QString& name) {
     SetChecked(name, false);
 }
 
-void ActivityList::ForgetTakenOut() {
-    m_takenOut.clear();
+void ActivityList::Readmit(const QString& name) {
+    m_takenOut.remove(name);
+    // Shown is what the file holds: a record without the field cannot be switched on.
+    SetChecked(name, m_file.Read(name, "activ") == u"1");
+    Q_EMIT Readmitted(name);
 }
 
-void ActivityList::ForgetTakenOut(const QString& name) {
-    m_takenOut.remove(name);
+void ActivityList::ReadmitAll() {
+    for (const QString& name : std::exchange(m_takenOut, {}))
+        SetChecked(name, m_file.Read(name, "activ") == u"1");
+}
+
+void ActivityList::Clear() {
+    m_takenOut.clear();
+    fill({});
+    Q_EMIT Refilled();
 }
 
 void ActivityList::emitChanged(int row, int column, int role) {
@@ -157,11 +181,12 @@ QVariant ActivityList::headerData(int section, Qt::Orientation orientation, int 
 
 Qt::ItemFlags ActivityList::flags(const QModelIndex& index) const {
     const Qt::ItemFlags common = QAbstractTableModel::flags(index);
-    return index.isValid() && index.column() == Name ? common | Qt::ItemIsUserCheckable : common;
+    return index.isValid() && index.column() == Name && !IsNamesake(index.row()) ? common | Qt::ItemIsUserCheckable
+                                                                                 : common;
 }
 
 bool ActivityList::setData(const QModelIndex& index, const QVariant& value, int role) {
-    if (!index.isValid() || index.column() != Name || role != Qt::CheckStateRole)
+    if (!index.isValid() || index.column() != Name || role != Qt::CheckStateRole || IsNamesake(index.row()))
         return false;
     return toggle(NameAt(index.row()), value.toInt() == Qt::Checked);
 }
@@ -169,18 +194,13 @@ bool ActivityList::setData(const QModelIndex& index, const QVariant& value, int 
 bool ActivityList::toggle(const QString& name, bool checked) {
     if (!RowOf(name))
         return false;
-    const QString before = m_file.Read(name, "activ");
-    m_file.Write(name, "activ", checked ? QStringLiteral("1") : QStringLiteral("0"));
     try {
-        m_file.Save();
+        m_file.ChangeAndSave([&] { m_file.Write(name, "activ", checked ? QStringLiteral("1") : QStringLiteral("0")); });
     } catch (const StoreError& error) {
-        m_file.Write(name, "activ", before);
         Q_EMIT ToggleFailed(error.Text());
         return false;
     }
     m_file.Load();
-    ForgetTakenOut(name);
-    // Shown is what the file holds: a record without the field cannot be switched on.
-    SetChecked(name, m_file.Read(name, "activ") == u"1");
+    Readmit(name);
     return true;
 }

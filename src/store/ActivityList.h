@@ -23,12 +23,16 @@ class ActivityList final : public QAbstractTableModel {
     /// Loads the current file (offering to repair a damaged one) and rebuilds every row. Columns Count and LastRun
     /// start anew. `ListBusy` is set meanwhile.
     void Refill();
+    /// Rebuilds every row from the document as it was loaded last.
+    void ShowLoaded();
     [[nodiscard]] bool ListBusy() const { return m_listBusy; }
 
     [[nodiscard]] int Rows() const { return static_cast<int>(m_rows.size()); }
     /// "" for a row that does not exist (any more).
     [[nodiscard]] QString NameAt(int row) const;
     [[nodiscard]] bool IsChecked(int row) const;
+    /// Whether a row above has the same name; such a row can be seen, but neither ticked nor run.
+    [[nodiscard]] bool IsNamesake(int row) const;
     [[nodiscard]] std::optional<int> RowOf(const QString& name) const;
     [[nodiscard]] QString Text(const QString& name, Column column) const;
     /// The comment as it was entered (the tooltip shows it escaped).
@@ -41,8 +45,12 @@ class ActivityList final : public QAbstractTableModel {
     /// Clears the box of an activity that the engine took out of monitoring; a refill keeps it cleared.
     void TakeOut(const QString& name);
     [[nodiscard]] bool IsTakenOut(const QString& name) const { return m_takenOut.contains(name); }
-    void ForgetTakenOut();
-    void ForgetTakenOut(const QString& name);
+    /// Takes part again: forgets that it was taken out and, in the same step, ticks it where `activ` is "1".
+    void Readmit(const QString& name);
+    /// The same for whatever was taken out, without the signal.
+    void ReadmitAll();
+    /// Lets go of every row and of what was taken out: they belong to a file that is no longer the current one.
+    void Clear();
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -54,6 +62,8 @@ class ActivityList final : public QAbstractTableModel {
 
   Q_SIGNALS:
     void Refilled();
+    /// The user ticked, unticked or edited this activity, or its run came to nothing.
+    void Readmitted(const QString& name);
     /// A user's toggle could not be saved; the text says why.
     void ToggleFailed(const QString& text);
 

@@ -27,6 +27,7 @@ bool ActivityWriter::Write(const QString& openedName, const QString& name, const
         if (isTaken(openedName, newName))
             return refuse();
     }
-    m_document.ReplaceElement(QStringLiteral("/items"), replaced, newName, record.Elements());
+    m_file.ChangeAndSave(
+        [&] { m_document.ReplaceElement(QStringLiteral("/items"), replaced, newName, record.Elements()); });
     return true;
 }

@@ -91,6 +91,12 @@ class clsXML::Document final {
         if (parent == xmlDocGetRootElement(Get()))
             m_index.Appended(added);
     }
+    /// Puts the element where the old one stands, which goes.
+    void Replace(xmlNode* old, XmlLooseNode element) {
+        m_index.Drop();
+        xmlReplaceNode(old, element.release());
+        xmlFreeNode(old);
+    }
 
   private:
     XmlDocument m_document;
@@ -215,9 +221,25 @@ void clsXML::ReplaceElement(const QString& parentPath, const QString& oldName, c
             throw StoreError(QStringLiteral("There is not enough memory for \"%1\".").arg(name));
         static_cast<void>(child.release());
     }
-    if (!oldName.isEmpty())
-        DeleteNode(parentPath + u'/' + oldName);
+    xmlNode* old = oldName.isEmpty() ? nullptr : m_document->Find(parentPath + u'/' + oldName);
+    if (old != nullptr && newName == oldName && m_document->Find(parentPath + u'/' + oldName + u"[2]") != nullptr)
+        return m_document->Replace(old, std::move(element));
+    if (old != nullptr)
+        m_document->Remove(old);
     m_document->Append(parent, std::move(element));
+}
+
+void clsXML::AllOrNothing(const std::function<void()>& work) {
+    XmlDocument copy(m_document->Get() == nullptr ? nullptr : xmlCopyDoc(m_document->Get(), 1));
+    if (!copy && m_document->Get() != nullptr)
+        throw StoreError(QStringLiteral("There is not enough memory for the change."));
+    auto before = std::make_unique<Document>(std::move(copy));
+    try {
+        work();
+    } catch (...) {
+        m_document = std::move(before);
+        throw;
+    }
 }
 
 void clsXML::DeleteAttribute(const QString& path, const QString& name) {

@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -63,9 +64,14 @@ class clsXML final {
     [[nodiscard]] bool IsUsableName(const QString& name) const;
 
     /// Builds an element with one child for each (name, text), and only when that is complete removes the first
-    /// `oldName` below the parent (unless empty) and appends the new one. Throws with the document unchanged.
+    /// `oldName` below the parent (unless empty) and appends the new one. Under the same name, where another
+    /// of it is left, it takes the old one's place instead: behind its namesake no path would find it. Throws with the
+    /// document unchanged.
     void ReplaceElement(const QString& parentPath, const QString& oldName, const QString& newName,
                         const QList<std::pair<QString, QString>>& children);
+
+    /// Does the work. When that throws, the document is again what it was before, and the exception passes.
+    void AllOrNothing(const std::function<void()>& work);
 
   private:
     class Document;

@@ -4,6 +4,7 @@
 #include "modDialogParent.h"
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTimer>
 
 namespace {
 
@@ -68,6 +69,21 @@ void MessageBoxPrompter::addButtons(QMessageBox& box, MessageButtons buttons) co
     box.setEscapeButton(safe);
 }
 
+void MessageBoxPrompter::countDown(QMessageBox& box, std::chrono::seconds seconds) const {
+    const auto show = [this, &box](std::chrono::seconds left) {
+        box.setInformativeText(m_texts.Text(589).arg(left.count()));
+    };
+    show(seconds);
+    auto* second = new QTimer(&box);
+    QObject::connect(second, &QTimer::timeout, &box, [&box, show, left = seconds]() mutable {
+        if (--left == std::chrono::seconds(0))
+            box.done(QMessageBox::Ok);
+        else
+            show(left);
+    });
+    second->start(std::chrono::seconds(1));
+}
+
 MessageAnswer MessageBoxPrompter::Ask(const Message& message) {
     if (!m_asking)
         return safeAnswer(message.buttons);
@@ -77,6 +93,8 @@ MessageAnswer MessageBoxPrompter::Ask(const Message& message) {
     box.setWindowTitle(message.title);
     box.setIcon(boxIcon(message.icon));
     addButtons(box, message.buttons);
+    if (message.countdown.count() > 0)
+        countDown(box, message.countdown);
 
     m_open.push_back(&box);
     const int pressed = box.exec();

@@ -25,6 +25,7 @@ class MessageBoxPrompter final : public Prompter {
 
   private:
     void addButtons(QMessageBox& box, MessageButtons buttons) const;
+    void countDown(QMessageBox& box, std::chrono::seconds seconds) const;
 
     const StringTable& m_texts;
     QPointer<QWidget> m_window;

@@ -38,15 +38,14 @@ class TestCommands final : public QObject {
         window.Command("mnuDelDir").trigger();
         QCOMPARE(window.Names(), (QStringList{u"A"_qs, u"C"_qs}));
         QCOMPARE(window.program.File().Names(), window.Names());
-        window.Command("mnuDeleteAllActivities").trigger();
-        QCOMPARE(window.Names(), QStringList());
-        QVERIFY(bytesOf(world.DefaultFile()).endsWith("?><items></items>\r\n"));
     }
 
     void edits() {
         World world;
         Window window(world);
         world.prompter.yes = false;
+        window.program.Monitoring().ToggleMonitoring();
+        window.program.List().TakeOut(u"B"_qs);
         window.Select({u"B"_qs});
         window.editor.onEdit = [&](const ActivityEditor::Writer& write) {
             ActivityRecord record = window.editor.shown;
@@ -58,11 +57,17 @@ class TestCommands final : public QObject {
         QCOMPARE(world.prompter.shown.back().text, world.texts.Text(386));
         QCOMPARE(window.Names(), (QStringList{u"A"_qs, u"C"_qs, u"B"_qs}));
         QVERIFY(bytesOf(world.DefaultFile()).contains("<comment>changed</comment>"));
+        QVERIFY(window.program.List().IsChecked(2) && !window.program.List().IsTakenOut(u"B"_qs));
 
-        window.editor.onEdit = [&](const ActivityEditor::Writer& write) { return write(u"New"_qs, {}); };
+        window.editor.onEdit = [&](const ActivityEditor::Writer& write) {
+            ActivityRecord record = window.editor.shown;
+            record.SetNumber(ActivityField::Interval, 70); // the mark of a minute's counter wraps, the record does not
+            return write(u"New"_qs, record);
+        };
         window.Command("mnuAddDirMain").trigger();
         QCOMPARE(window.editor.opened, (QStringList{u"B"_qs, QString()}));
         QCOMPARE(window.Names(), (QStringList{u"A"_qs, u"C"_qs, u"B"_qs, u"New"_qs}));
+        QCOMPARE(window.program.File().Read(u"New"_qs, "exceedtime"), u"10"_qs);
     }
 
     void anEditThatCannotBeSavedCanBeRepeated() {
@@ -77,6 +82,81 @@ class TestCommands final : public QObject {
         window.Command("mnuProperties").trigger();
         QCOMPARE(world.prompter.Told(), QStringList(2, u"Error: "_qs + world.texts.Text(432)));
         QCOMPARE(bytesOf(world.DefaultFile()), foreign.toLatin1());
+    }
+
+    /// Another program has changed the file, so nothing can be saved.
+    void aRefusedChangeIsTakenBack_data() {
+        QTest::addColumn<QString>("command");
+        QTest::newRow("editor, then Cancel") << u"mnuProperties"_qs;
+        QTest::newRow("delete") << u"mnuDelDir"_qs;
+    }
+    void aRefusedChangeIsTakenBack() {
+        QFETCH(QString, command);
+        World world;
+        Window window(world);
+        window.program.Monitoring().ToggleMonitoring();
+        window.Select({u"B"_qs});
+        const QString before = window.program.Document().XML();
+        window.editor.onEdit = [&](const ActivityEditor::Writer& write) {
+            ActivityRecord record = window.editor.shown;
+            record.SetNumber(ActivityField::Action, 3);
+            static_cast<void>(write(u"B"_qs, record) || write(u"New"_qs, record));
+            return false;
+        };
+        const QByteArray bytes = bytesOf(world.DefaultFile());
+        AppFixture::Write(world.DefaultFile(), QString::fromLatin1(bytes + ' '));
+        window.Command(qPrintable(command)).trigger();
+        QVERIFY(world.prompter.shown.back().text == world.texts.Text(432));
+        QCOMPARE(window.program.Document().XML(), before);
+        QVERIFY(window.Names() == three && window.program.List().IsChecked(1));
+        AppFixture::Write(world.DefaultFile(), QString::fromLatin1(bytes));
+    }
+
+    void clears_data() {
+        QTest::addColumn<QString>("current");
+        QTest::addColumn<bool>("yes");
+        QTest::addColumn<bool>("canBeDeleted");
+        QTest::addColumn<QList<int>>("boxes");
+        QTest::newRow("another file") << u"other.kvd"_qs << true << true << QList<int>{269, 271};
+        QTest::newRow("the default file") << QString() << true << true << QList<int>{269};
+        QTest::newRow("not wanted") << u"other.kvd"_qs << false << true << QList<int>{269};
+        QTest::newRow("refused") << u"other.kvd"_qs << true << false << QList<int>{269, 0};
+    }
+    void clears() {
+        QFETCH(QString, current);
+        QFETCH(bool, yes);
+        QFETCH(bool, canBeDeleted);
+        QFETCH(QList<int>, boxes);
+        World world;
+        Window window(world);
+        Program& program = window.program;
+        if (!current.isEmpty()) {
+            program.File().SetCurrentPath(world.other);
+            program.List().Refill();
+        }
+        const QStringList names = window.Names();
+        const QString path = program.File().CurrentPath();
+        program.Monitoring().ToggleMonitoring();
+        program.List().TakeOut(u"A"_qs); // of this name the default file has one, too
+        if (!canBeDeleted) {
+            QVERIFY(QFile::remove(world.other) && QDir(world.Path()).mkdir(u"other.kvd"_qs));
+        }
+        world.prompter.yes = yes;
+        world.prompter.onAsk = [&](const Message& message) {
+            if (message.text == world.texts.Text(271))
+                QVERIFY(!program.Monitoring().IsOn() && world.locks->held.empty() && window.Names() == three);
+        };
+        window.Command("mnuDeleteAllActivities").trigger();
+        QCOMPARE(world.prompter.shown.size(), static_cast<std::size_t>(boxes.size()));
+        for (const Message& box : world.prompter.shown)
+            if (const int text = boxes.takeFirst())
+                QCOMPARE(box.text, world.texts.Text(text));
+        const bool cleared = yes && canBeDeleted;
+        QCOMPARE(program.Monitoring().IsOn(), !cleared);
+        QCOMPARE(program.File().CurrentPath(), cleared ? world.DefaultFile() : path);
+        QCOMPARE(QFile::exists(path), !cleared || current.isEmpty());
+        QCOMPARE(window.Names(), !cleared ? names : current.isEmpty() ? QStringList() : three);
+        QVERIFY(!cleared || !program.List().IsTakenOut(u"A"_qs));
     }
 
     void imports_data() {
@@ -131,8 +211,10 @@ class TestCommands final : public QObject {
         QCOMPARE(window.program.File().CurrentPath(), path);
         QVERIFY(bytesOf(path).contains("<A>") && bytesOf(path).contains("<C>"));
         // The lock has moved along: the old file may be monitored elsewhere, the new one may not.
-        QVERIFY(ActivityFile::LockForMonitoring(*world.locks, world.DefaultFile()) != nullptr);
-        QVERIFY(ActivityFile::LockForMonitoring(*world.locks, path) == nullptr);
+        EngineLock elsewhere(*world.locks, *world.services.ownFiles);
+        LockRefusal refusal{};
+        QVERIFY(elsewhere.Take(world.DefaultFile(), refusal) != nullptr);
+        QVERIFY(elsewhere.Take(path, refusal) == nullptr);
     }
 };
 

@@ -10,14 +10,15 @@ from RunFixture import PROGRAM, RunFixture
 
 class KalvenorRun(RunFixture):
     def test_runs_active_activities(self):
-        self.write(self.activity("A"), self.activity("B", activ="0"), self.activity("C", action="1"))
+        self.write(self.activity("A"), self.activity("B", activ="0"), self.activity("C", action="1"),
+                   self.activity("A"))  # the name of the first one
         before = self.file.read_bytes()
         result = self.run_program(self.file)
         self.assertEqual(result.returncode, 0, result.stderr)
         self.assertEqual([self.copied(name) for name in "ABC"], [["file.txt"], [], ["file.txt"]])
         self.assertFalse((self.root / "C-in" / "file.txt").exists())
         self.assertTrue((self.root / "A-in" / "file.txt").exists())
-        self.assertIn("Activity 'A' - ", result.stdout)
+        self.assertEqual(result.stdout.count("Activity 'A' - Checking starts"), 1)
         self.assertNotIn("Activity 'B' - ", result.stdout)
         self.assertEqual(self.file.read_bytes(), before)
 
@@ -60,11 +61,22 @@ class KalvenorRun(RunFixture):
         self.addCleanup(first.kill)
         first.stdout.readline()  # it is at work now
         first.send_signal(signal.SIGSTOP)
-        second = self.run_program(self.file)
+        self.environment["XDG_RUNTIME_DIR"] = str(self.root / "home")  # as in another session
+        link = self.root / "link.kvd"
+        os.link(self.file, link)
+        refused = [self.run_program(self.file), self.run_program(link)]
+        state = self.root / "data" / "Kalvenor"
+        state.rename(self.root / "moved")
+        state.write_text("")
+        unlockable = self.run_program(self.file)
+        state.unlink()
+        (self.root / "moved").rename(state)
         first.send_signal(signal.SIGTERM)
         first.send_signal(signal.SIGCONT)
         first.communicate(timeout=60)
-        self.assertEqual(second.returncode, 4)
+        self.assertEqual([process.returncode for process in [*refused, unlockable]], [4, 4, 4])
+        self.assertIn("Another process works", refused[1].stderr)
+        self.assertIn("No lock could be made", unlockable.stderr)
         self.assertEqual(first.returncode, 1)
         for path in (self.root / "A-out").iterdir():
             self.assertEqual(path.stat().st_size, (source / path.name).stat().st_size, path.name)

@@ -165,6 +165,40 @@ class TestStartUp : public QObject {
         }
     }
 
+    void headlessWaitsForItsFile() {
+        for (const bool isLocked : {true, false}) { // else it cannot be loaded
+            World world;
+            const QString damaged = u"<items>"_qs;
+            world.Fill({u"A"_qs});
+            world.SetOption("StartUp", u"1"_qs);
+            EngineLock elsewhere(*world.locks, *world.services.ownFiles);
+            LockRefusal ignored{};
+            EngineLock::Token other;
+            if (isLocked)
+                other = elsewhere.Take(world.DefaultFile(), ignored);
+            else
+                AppFixture::Write(world.DefaultFile(), damaged);
+            std::ostringstream lines;
+            HeadlessLog log(lines, false);
+            HeadlessHost host(world.program, log);
+            QCOMPARE(host.Start({}), std::nullopt);
+            auto* retry = host.findChild<QTimer*>();
+            const auto aMinuteLater = [&] { QVERIFY(QMetaObject::invokeMethod(retry, "timeout")); };
+            const std::size_t told = world.prompter.shown.size();
+            aMinuteLater();
+            AppFixture::Write(world.DefaultFile(), damaged);
+            other.reset();
+            aMinuteLater();
+            QVERIFY(retry->isActive() && !world.program.Monitoring().IsOn());
+            world.WriteActivities({world.Activity(u"B"_qs)}); // by the other process
+            aMinuteLater();
+            QVERIFY(world.program.Monitoring().IsOn() && !retry->isActive());
+            QCOMPARE(world.program.List().NameAt(0), u"B"_qs);
+            QCOMPARE(world.prompter.shown.size(), told);
+            QCOMPARE(QString::fromStdString(lines.str()), world.texts.Text(587) + u'\n');
+        }
+    }
+
     void questionsWithoutAUser() {
         std::ostringstream lines;
         HeadlessLog log(lines, true);
@@ -173,7 +207,10 @@ class TestStartUp : public QObject {
         QCOMPARE(prompter.Ask({u"Replace\n'a'?"_qs, title, MessageIcon::Question, MessageButtons::YesNo}),
                  MessageAnswer::No);
         QCOMPARE(prompter.Ask({u"Gone"_qs, title, MessageIcon::Exclamation, MessageButtons::Ok}), MessageAnswer::Ok);
-        QCOMPARE(QString::fromStdString(lines.str()), u"<5>T: Replace 'a'? -> No\n<4>T: Gone\n"_qs);
+        const Message countdown{u"Off"_qs, title, MessageIcon::Exclamation, MessageButtons::OkCancel,
+                                std::chrono::seconds(60)};
+        QCOMPARE(prompter.Ask(countdown), MessageAnswer::Ok); // nobody could cancel it
+        QCOMPARE(QString::fromStdString(lines.str()), u"<5>T: Replace 'a'? -> No\n<4>T: Gone\n<4>T: Off\n"_qs);
     }
 };
 

@@ -1,6 +1,7 @@
 #include "ProgramFixture.h"
 
 #include <QSignalSpy>
+#include <unistd.h>
 
 using namespace std::chrono_literals;
 
@@ -18,15 +19,16 @@ class TestMonitoring final : public QObject {
 
     void refusedStartsLeaveMonitoringOff_data() {
         QTest::addColumn<int>("activities");
-        QTest::addColumn<bool>("locked");
+        QTest::addColumn<bool>("canBeLocked");
         QTest::addColumn<int>("message");
-        QTest::newRow("empty list") << 0 << false << 215;
-        QTest::newRow("none checked") << 1 << false << 217;
+        QTest::newRow("empty list") << 0 << true << 215;
+        QTest::newRow("none checked") << 1 << true << 217;
         QTest::newRow("another engine") << 2 << true << 437;
+        QTest::newRow("no lock can be made") << 2 << false << 585;
     }
     void refusedStartsLeaveMonitoringOff() {
         QFETCH(int, activities);
-        QFETCH(bool, locked);
+        QFETCH(bool, canBeLocked);
         QFETCH(int, message);
         ProgramFixture fixture;
         if (activities > 0)
@@ -35,7 +37,10 @@ class TestMonitoring final : public QObject {
             fixture.Add(B);
         fixture.Write(appLog, "");
         Program& program = fixture.Start();
-        const std::unique_ptr<HeldLock> other = locked ? program.LockFile() : nullptr;
+        EngineLock elsewhere(*fixture.locks, *fixture.services.ownFiles);
+        LockRefusal ignored{};
+        const EngineLock::Token other = elsewhere.Take(program.File().CurrentPath(), ignored);
+        fixture.locks->canBeMade = canBeLocked;
         QSignalSpy marks(&program.Monitoring(), &MonitoringController::StateChanged);
         program.Monitoring().ToggleMonitoring();
         QVERIFY(!program.Monitoring().IsOn());
@@ -44,6 +49,45 @@ class TestMonitoring final : public QObject {
         QCOMPARE(fixture.prompter.shown[0].text, fixture.texts.Text(message));
         QCOMPARE(fixture.Read(appLog), QByteArray());
         QVERIFY(!program.Timers().tmrMonitoring.Enabled());
+    }
+
+    void noSecondEngineUnderAnyNameOfTheFile() {
+        ProgramFixture fixture;
+        fixture.Add(A);
+        Program& program = fixture.Start();
+        EngineLock elsewhere(*fixture.locks, *fixture.services.ownFiles);
+        LockRefusal refusal{};
+        const auto isFree = [&](const QString& name) { return elsewhere.Take(fixture.Path(name), refusal) != nullptr; };
+        const QString soft = u"soft.kvd"_qs;
+        const QString hard = u"hard.kvd"_qs;
+        const QString newer = u"newer.kvd"_qs;
+        const auto link = [&](const QString& name) {
+            return ::link(qPrintable(fixture.Path(activityFile)), qPrintable(fixture.Path(name))) == 0;
+        };
+        QVERIFY(QFile::link(activityFile, fixture.Path(soft)) && link(hard));
+        program.Monitoring().ToggleMonitoring();
+        EngineLock::Token run = program.LockForRunNow(); // shared, not refused
+        QVERIFY(run && !isFree(activityFile) && !isFree(soft) && !isFree(hard));
+        QVERIFY(refusal == LockRefusal::HeldElsewhere);
+        program.File().Save(); // makes another inode of it
+        QVERIFY(link(newer) && !isFree(newer) && !isFree(hard));
+        program.Monitoring().ToggleMonitoring();
+        QVERIFY2(!isFree(activityFile) && !isFree(hard), "a run is on the stack still");
+        run.reset();
+        QVERIFY(isFree(activityFile) && isFree(hard) && fixture.locks->held.empty());
+    }
+
+    void runNowIsRefusedWhileAnotherEngineHasTheFile() {
+        ProgramFixture fixture;
+        fixture.Add(A);
+        fixture.Write(u"src/f"_qs, "x");
+        Program& program = fixture.Start();
+        EngineLock elsewhere(*fixture.locks, *fixture.services.ownFiles);
+        LockRefusal ignored{};
+        const EngineLock::Token other = elsewhere.Take(program.File().CurrentPath(), ignored);
+        QVERIFY(program.RunNow(A).interrupted && !fixture.Exists(u"dst/f"_qs));
+        QCOMPARE(fixture.prompter.Told().join(u'|'),
+                 u"Start activity: "_qs + fixture.texts.Text(454).arg(program.File().CurrentPath()));
     }
 
     void startAndStopWriteExactlyTheirLines() {

@@ -68,8 +68,8 @@ class TestSchedulers final : public QObject {
             QVERIFY(!program.Monitoring().IsOn());
             QCOMPARE(fixture.Runs(A), 1);
             QVERIFY(copiedBeforeTheEnd);
-            QCOMPARE(fixture.prompter.shown.size(), 1U);
-            QCOMPARE(fixture.prompter.shown[0].text, u"All activities idle, finished monitoring."_qs);
+            QCOMPARE(fixture.prompter.shown.size(), shutdown ? 2U : 1U); // the countdown comes first
+            QCOMPARE(fixture.prompter.shown.back().text, u"All activities idle, finished monitoring."_qs);
             QCOMPARE(fixture.power->requests, shutdown ? 1 : 0);
             const QByteArray log = fixture.Read(u"app.log"_qs);
             QCOMPARE(log.contains("Computer after last activity 'A' shutted down."), shutdown);
@@ -78,6 +78,208 @@ class TestSchedulers final : public QObject {
             program.List().Refill();
             QVERIFY(!program.List().IsChecked(0));
         }
+    }
+
+    /// The machine goes off only after a run of this session whose end cleared the last box.
+    void powerOffFollowsARunOnly_data() {
+        QTest::addColumn<QString>("end");
+        QTest::addColumn<bool>("isOver");
+        QTest::addColumn<int>("requests");
+        QTest::newRow("one-time run") << u"run"_qs << true << 1;
+        QTest::newRow("started again before") << u"restart"_qs << false << 0;
+        QTest::newRow("a run has begun meanwhile") << u"busy"_qs << true << 0;
+        QTest::newRow("own untick") << u"untick"_qs << true << 0;
+        QTest::newRow("missing directory") << u"missing"_qs << true << 0;
+        QTest::newRow("all switched off in the file") << u"refill"_qs << true << 0;
+        QTest::newRow("failed load") << u"damaged"_qs << false << 0;
+    }
+    void powerOffFollowsARunOnly() {
+        QFETCH(QString, end);
+        QFETCH(bool, isOver);
+        QFETCH(int, requests);
+        ProgramFixture fixture;
+        fixture.clock->now = std::chrono::sys_days(std::chrono::year(2026) / 3 / 1);
+        const bool isLater = end == u"untick" || end == u"refill" || end == u"damaged";
+        fixture.Add(A, {{u"type"_qs, u"4"_qs}, {u"triggertime"_qs, isLater ? u"12:00"_qs : u"00:00"_qs}});
+        Program& program = fixture.Start();
+        program.Options().Shutdown = 1;
+        program.Monitoring().ToggleMonitoring();
+        const QByteArray whole = fixture.Read(u"Kalvenor.kvd"_qs);
+        fixture.prompter.onAsk = [&](const Message& message) {
+            if (message.countdown.count() == 0)
+                return;
+            QVERIFY(!program.Monitoring().IsOn() && fixture.power->requests == 0);
+            if (end == u"busy")
+                ++program.State().depth;
+            if (end == u"restart" &&
+                program.List().setData(program.List().index(0, 0), Qt::Checked, Qt::CheckStateRole))
+                program.Monitoring().ToggleMonitoring();
+        };
+        if (end == u"untick")
+            QVERIFY(program.List().setData(program.List().index(0, 0), Qt::Unchecked, Qt::CheckStateRole));
+        if (end == u"missing")
+            QVERIFY(QDir(fixture.Path(u"src"_qs)).removeRecursively());
+        if (end == u"refill" || end == u"damaged") {
+            fixture.Write(u"Kalvenor.kvd"_qs, end == u"refill" ? QByteArray(whole).replace("<activ>1", "<activ>0")
+                                                               : whole.left(whole.size() / 2));
+            program.List().Refill();
+        }
+        fixture.Pass(2s);
+        QCOMPARE(program.Monitoring().IsOn(), !isOver);
+        QCOMPARE(fixture.power->requests, requests);
+        const bool isTold = fixture.prompter.Told().join(u'|').contains(fixture.texts.Text(225));
+        QCOMPARE(isTold, isOver);
+        if (end != u"damaged")
+            return;
+        // The file is whole again, and nobody is there to refresh the list.
+        fixture.Write(u"Kalvenor.kvd"_qs, whole);
+        fixture.Pass(12h + 60s);
+        QCOMPARE(fixture.Log(A).count(u"Checking starts ..."_qs), 1);
+    }
+
+    /// What ends the first of two runs early leaves both to be done.
+    void anInterruptedRunConsumesNothing_data() {
+        QTest::addColumn<bool>("isClosed"); // else stopped
+        QTest::addColumn<QString>("type");
+        for (const bool isClosed : {false, true})
+            for (const char* type : {"0", "1", "2", "3", "4"})
+                QTest::addRow("%s, type %s", isClosed ? "close" : "stop", type)
+                    << isClosed << QLatin1String(type) + u"";
+    }
+    void anInterruptedRunConsumesNothing() {
+        QFETCH(bool, isClosed);
+        QFETCH(QString, type);
+        Spring fixture;
+        const QString second = u"Second"_qs;
+        for (const QString& name : {A, second})
+            fixture.Add(name, {{u"type"_qs, type},
+                               {u"intervall"_qs, u"2"_qs},
+                               {u"runningmode"_qs, u"1"_qs},
+                               {u"triggertime"_qs, u"00:00"_qs},
+                               {u"triggerdate"_qs, u"01.03.2026"_qs},
+                               {u"triggerdatetime"_qs, u"00:00"_qs},
+                               {u"action"_qs, u"1"_qs}});
+        fixture.Write(u"src/f"_qs, "x");
+        Program& program = fixture.Start();
+        program.Monitoring().ToggleMonitoring();
+        fixture.pump->onYield = [&] {
+            if (isClosed)
+                program.RequestEnd();
+            else if (program.Monitoring().IsOn())
+                program.Monitoring().StopMonitoring();
+        };
+        fixture.Pass(2h + 60s);
+        QVERIFY(!fixture.Log(second).contains(u"Checking starts ..."_qs));
+        // A run that went to its end has moved the file; one that was ended early has not, and is still to be done.
+        const bool isDone = !fixture.Exists(u"src/f"_qs);
+        QVERIFY(!isClosed || !isDone);
+        for (const QString& name : {A, second}) {
+            const bool isOver = isDone && name == A;
+            QCOMPARE(program.File().Read(name, "activ") == u"0", isOver && type.toInt() > 2);
+            QCOMPARE(program.List().IsChecked(*program.List().RowOf(name)), !isOver);
+            QVERIFY(isOver || !program.List().IsTakenOut(name));
+        }
+    }
+
+    void anAppointmentPutOffDuringItsRunStands() {
+        Spring fixture;
+        fixture.Add(A, {{u"type"_qs, u"4"_qs}, {u"triggertime"_qs, u"00:00"_qs}});
+        Program& program = fixture.Start();
+        program.Monitoring().ToggleMonitoring();
+        fixture.pump->onYield = [&] { program.File().Write(A, "triggertime", u"12:00"_qs); };
+        fixture.Pass(5s);
+        QCOMPARE(program.File().Read(A, "activ"), u"1"_qs);
+    }
+
+    /// Taken out, then brought back: ticked, with a mark, and due again.
+    void whatIsBroughtBackRunsAgain_data() {
+        QTest::addColumn<QString>("way");
+        QTest::addColumn<bool>("isRefilled");
+        for (const bool isRefilled : {false, true})
+            for (const char* way : {"restart", "tick", "edit"})
+                QTest::addRow("%s, refilled %d", way, isRefilled) << QLatin1String(way) + u"" << isRefilled;
+    }
+    void whatIsBroughtBackRunsAgain() {
+        QFETCH(QString, way);
+        QFETCH(bool, isRefilled);
+        Spring fixture;
+        const QString off = u"Off"_qs;
+        const QString missing = u"Missing"_qs;
+        fixture.Add(A, {{u"intervall"_qs, u"2"_qs}, {u"runningmode"_qs, u"1"_qs}});
+        fixture.Add(missing, {{u"type"_qs, u"4"_qs},
+                              {u"daily"_qs, u"1"_qs},
+                              {u"triggertime"_qs, u"00:00"_qs},
+                              {u"sourcedir"_qs, fixture.Path(u"gone"_qs)}});
+        fixture.Add(off, {{u"activ"_qs, u"0"_qs}});
+        fixture.Write(u"app.log"_qs, "");
+        Program& program = fixture.Start();
+        ActivityList& list = program.List();
+        program.Monitoring().ToggleMonitoring();
+        fixture.Pass(5s);
+        list.TakeOut(off);
+        QVERIFY(fixture.Runs(A) == 1 && list.IsTakenOut(missing));
+        QDir().mkdir(fixture.Path(u"gone"_qs));
+        const auto runs = [&](const QString& name) { return fixture.Log(name).count(u"Checking starts ..."_qs); };
+        const qsizetype before = runs(missing);
+        for (const QString& name : {A, missing}) {
+            if (way == u"tick")
+                QVERIFY(list.setData(list.index(*list.RowOf(name), 0), Qt::Checked, Qt::CheckStateRole));
+            if (way == u"edit")
+                list.Readmit(name);
+        }
+        if (way == u"restart") {
+            program.Monitoring().ToggleMonitoring();
+            program.Monitoring().ToggleMonitoring();
+            QVERIFY(fixture.Read(u"app.log"_qs).contains("'keepsOn; A; Missing'"));
+        }
+        if (isRefilled)
+            list.Refill();
+        for (const QString& name : {A, missing})
+            QVERIFY(list.IsChecked(*list.RowOf(name)));
+        QVERIFY(!list.IsChecked(*list.RowOf(off)));
+        fixture.Pass(20s);
+        QCOMPARE(runs(A), 2);
+        QVERIFY(runs(missing) > before && list.IsChecked(*list.RowOf(missing)));
+    }
+
+    void aNameGivenTwiceRunsOnce() {
+        Spring fixture;
+        for (int given = 0; given < 2; ++given)
+            fixture.Add(A, {{u"type"_qs, u"1"_qs}, {u"intervall"_qs, u"2"_qs}});
+        fixture.Write(u"app.log"_qs, "");
+        Program& program = fixture.Start();
+        program.Monitoring().ToggleMonitoring();
+        QVERIFY(fixture.Read(u"app.log"_qs).contains("'keepsOn; A'"));
+        fixture.Pass(121s);
+        QCOMPARE(fixture.Log(A).count(u"Checking starts ..."_qs), 1);
+    }
+
+    void aChangedTimeZoneIsSeen() {
+        Spring fixture;
+        fixture.Add(A, {{u"type"_qs, u"4"_qs}, {u"triggertime"_qs, u"05:00"_qs}});
+        fixture.Start().Monitoring().ToggleMonitoring();
+        qputenv("TZ", "XXX-5");
+        fixture.Pass(2s);
+        qputenv("TZ", "UTC");
+        fixture.Pass(2s);
+        QCOMPARE(fixture.Log(A).count(u"Checking starts ..."_qs), 1);
+    }
+
+    void theEndIsToldAfterTheTick() {
+        ProgramFixture fixture;
+        fixture.Add(A, {{u"intervall"_qs, u"2"_qs}, {u"runningmode"_qs, u"1"_qs}});
+        Program& program = fixture.Start();
+        program.Monitoring().ToggleMonitoring();
+        qsizetype runs = 0;
+        fixture.prompter.onAsk = [&](const Message&) {
+            if (fixture.prompter.shown.size() > 1)
+                return;
+            program.Monitoring().ToggleMonitoring(); // from the tray, while the box is open
+            fixture.Pass(10s);
+            runs = fixture.Log(A).count(u"Checking starts ..."_qs);
+        };
+        fixture.Pass(10s);
+        QCOMPARE(runs, 2);
     }
 
     void timeOfDay_data() {

@@ -5,6 +5,7 @@
 
 #include <csignal>
 #include <memory>
+#include <stdexcept>
 #include <sys/prctl.h>
 
 namespace {
@@ -12,9 +13,15 @@ namespace {
 const QString a = u"a"_qs;
 const QString ownFolder = u"Kalvenor"_qs;
 
+std::unique_ptr<HeldLock> take(const QString& name, LockRefusal expected = LockRefusal::HeldElsewhere) {
+    LockRefusal refusal{};
+    auto held = LinuxLocks().TryAcquire(name, refusal);
+    return held || refusal == expected ? std::move(held) : throw std::logic_error("refused for another reason");
+}
+
 /// Takes the lock in another process, which ends at once.
 bool anotherProcessGets(const QString& name) {
-    return FileWorld::InChild([&] { return LinuxLocks().TryAcquire(name) ? 1 : 0; }) == 1;
+    return FileWorld::InChild([&] { return take(name) ? 1 : 0; }) == 1;
 }
 
 /// Another process that has taken the lock and lives on; -1 when it did not get it.
@@ -25,7 +32,7 @@ pid_t holderOf(const QString& name) {
     const pid_t child = ::fork();
     if (child == 0) {
         ::prctl(PR_SET_PDEATHSIG, SIGKILL); // never outlives a test that failed
-        const auto held = LinuxLocks().TryAcquire(name);
+        const auto held = take(name);
         if (!held || ::write(ready[1], "x", 1) != 1)
             ::_exit(1);
         for (;;)
@@ -46,7 +53,8 @@ class LocksTest final : public QObject {
   private Q_SLOTS:
     void init() {
         m_folder = std::make_unique<ScratchFolder>();
-        qputenv("XDG_RUNTIME_DIR", m_folder->Path().toUtf8());
+        qputenv("XDG_STATE_HOME", m_folder->Path().toUtf8());
+        qputenv("XDG_RUNTIME_DIR", m_folder->Path(u"run"_qs).toUtf8());
     }
 
     void OneHolderAtATime() {
@@ -54,18 +62,17 @@ class LocksTest final : public QObject {
         const QString name = u"../../etc/a \"b\"\n\u00e4\u20ac"_qs + QString(5000, u'x');
         const pid_t holder = holderOf(name);
         QVERIFY(holder > 0);
-        LinuxLocks locks;
-        QVERIFY(!locks.TryAcquire(name));
-        QVERIFY(locks.TryAcquire(name + u'2'));
+        qputenv("XDG_RUNTIME_DIR", m_folder->Path().toUtf8()); // of another session
+        QVERIFY(!take(name));
+        QVERIFY(take(name + u'2'));
         ::kill(holder, SIGKILL);
         ::waitpid(holder, nullptr, 0);
-        auto held = locks.TryAcquire(name);
+        auto held = take(name);
         QVERIFY2(held, "a killed holder must not keep the lock");
-        QVERIFY2(!locks.TryAcquire(name), "a second holder in the same process");
+        QVERIFY2(!take(name), "a second holder in the same process");
         QVERIFY(!anotherProcessGets(name));
         held.reset();
-        // A process that has the old file open and one that makes a new file would both hold "the" lock.
-        QVERIFY2(m_folder->Entries(ownFolder).size() == 2, "the files stay");
+        QVERIFY2(m_folder->Entries(ownFolder).isEmpty(), "names of files that are gone pile up");
         QVERIFY(anotherProcessGets(name));
     }
 
@@ -73,25 +80,28 @@ class LocksTest final : public QObject {
         const QByteArray folder = m_folder->Path(ownFolder).toUtf8();
         QCOMPARE(mkdir(folder.constData(), 0777), 0);
         QCOMPARE(chmod(folder.constData(), 0777), 0);
-        QVERIFY(LinuxLocks().TryAcquire(a));
+        QVERIFY(take(a));
         struct stat facts {};
         QCOMPARE(stat(folder.constData(), &facts), 0);
         QCOMPARE(facts.st_mode & 0777, 0700U);
     }
 
     void PlantedLinkIsRefused() {
-        QVERIFY(LinuxLocks().TryAcquire(a));
+        auto held = take(a);
+        QVERIFY(held);
         const QString lock = m_folder->Path(ownFolder) + u'/' + m_folder->Entries(ownFolder).value(0);
         QVERIFY(QFile::rename(lock, lock + u".real"_qs) && QFile::link(lock + u".real"_qs, lock));
-        QVERIFY(!LinuxLocks().TryAcquire(a));
+        held.reset();
+        QVERIFY2(QFile::exists(lock), "what is not ours to remove stays");
+        QVERIFY(!take(a, LockRefusal::NoneCanBeMade));
         QVERIFY(QFile::rename(m_folder->Path(ownFolder), m_folder->Path(u"real"_qs)));
         QVERIFY(QFile::link(u"real"_qs, m_folder->Path(ownFolder)));
-        QVERIFY2(!LinuxLocks().TryAcquire(u"b"_qs), "a link in the folder's place");
+        QVERIFY2(!take(u"b"_qs, LockRefusal::NoneCanBeMade), "a link in the folder's place");
     }
 
     void NoFolderNoLock() {
         QVERIFY(m_folder->Write(ownFolder, "a file in its place"));
-        QVERIFY(!LinuxLocks().TryAcquire(a));
+        QVERIFY(!take(a, LockRefusal::NoneCanBeMade));
     }
 
   private:

@@ -176,15 +176,17 @@ class TestActivityFile : public QObject {
         QVERIFY(store.prompter.shown.back().text.startsWith(store.texts.Text(435)));
     }
 
-    void missingFileIsCreatedAnew() {
-        for (const bool isDanglingLink : {false, true}) { // the link is not ours to replace
+    void onlyADamagedFileIsRepaired() {
+        for (const bool isDanglingLink : {false, true}) {
             ScratchStore store;
-            store.file.SetCurrentPath(store.Path(own));
-            QVERIFY(!isDanglingLink || QFile::link(store.Path(u"nowhere"_qs), store.Path(own)));
+            store.file.SetCurrentPath(store.Path(u"none/a.kvd"_qs));
+            QVERIFY(!isDanglingLink || (QDir(store.Path()).mkdir(u"none"_qs) &&
+                                        QFile::link(store.Path(u"nowhere"_qs), store.Path(u"none/a.kvd"_qs))));
             store.prompter.yes = true;
-            QCOMPARE(store.file.OfferRepair(), !isDanglingLink);
-            QCOMPARE(store.prompter.shown.size(), isDanglingLink ? 2U : 1U);
-            QCOMPARE(store.file.Load(), !isDanglingLink);
+            QVERIFY(!store.file.OfferRepair());
+            QCOMPARE(store.prompter.shown.size(), 1U);
+            QVERIFY(store.prompter.shown[0].text.startsWith(store.texts.Text(443)));
+            QVERIFY(!store.Exists(u"none/a.kvd"_qs) && store.Exists(u"none"_qs) == isDanglingLink);
         }
     }
 
@@ -210,24 +212,6 @@ class TestActivityFile : public QObject {
         QCOMPARE(store.Read(u"link.kvd"_qs), emptyFile);
     }
 
-    void clearsOnlyWithAYes() {
-        const QByteArray others = "<items><Standard/></items>";
-        for (const QString& current : {own, standard})
-            for (const bool yes : {false, true}) {
-                ScratchStore store(oneActivity);
-                QVERIFY(store.Write(standard, others));
-                store.file.SetCurrentPath(store.Path(current));
-                QVERIFY(store.file.Load());
-                store.prompter.yes = yes;
-                store.file.ClearAll();
-                QCOMPARE(store.prompter.shown[0].text, store.texts.Text(269));
-                // A file of the user's goes and the default one takes its place; that one is emptied.
-                QCOMPARE(store.file.CurrentPath(), store.Path(yes ? standard : current));
-                QCOMPARE(store.Exists(own), !yes || current == standard);
-                QCOMPARE(store.Read(standard), yes && current == standard ? emptyFile : others);
-            }
-    }
-
     void namesThatAreNoneReadNothing() {
         ScratchStore store(oneActivity);
         QVERIFY(store.file.Load());
@@ -236,16 +220,6 @@ class TestActivityFile : public QObject {
             store.file.Write(QLatin1String(name), "activ", u"9"_qs);
         }
         QCOMPARE(store.file.Read(A, "activ"), u"1"_qs);
-    }
-
-    void lockIsOnTheFileItself() {
-        ScratchStore store(oneActivity);
-        FakeLocks locks;
-        QVERIFY(QFile::link(own, store.Path(u"link.kvd"_qs)));
-        const auto held = ActivityFile::LockForMonitoring(locks, store.Path(own));
-        QVERIFY(held);
-        QVERIFY(!ActivityFile::LockForMonitoring(locks, store.Path(u"link.kvd"_qs)));
-        QVERIFY(ActivityFile::LockForMonitoring(locks, store.Path(other)));
     }
 };
 

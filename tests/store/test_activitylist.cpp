@@ -91,6 +91,22 @@ class TestActivityList : public QObject {
         QVERIFY(!store.list.IsTakenOut(B) && store.list.IsChecked(1));
     }
 
+    void aNameGivenTwiceIsTheFirst() {
+        ListStore store(items("<A><activ>1</activ></A><A><activ>1</activ></A>"));
+        QVERIFY(store.list.IsChecked(0) && !store.list.IsChecked(1));
+        QVERIFY(!store.Click(1, true) && !store.list.IsChecked(1));
+        store.list.TakeOut(A);
+        QVERIFY(!store.list.IsChecked(0) && !store.list.IsChecked(1));
+        store.list.ReadmitAll();
+        QVERIFY(store.list.IsChecked(0) && !store.list.IsChecked(1) && !store.list.IsTakenOut(A));
+        // The rows can be filled from what was loaded, whatever has become of the file.
+        QVERIFY(QFile::remove(store.Path(own)));
+        store.list.ShowLoaded();
+        QCOMPARE(store.list.Rows(), 2);
+        store.list.Clear();
+        QCOMPARE(store.list.Rows(), 0);
+    }
+
     void damagedFileIsOfferedForRepair() {
         const QString before = QDir::currentPath();
         for (const bool yes : {true, false}) {

@@ -20,8 +20,9 @@ ActivityRecord record(const QString& type = u"0"_qs) {
 }
 
 struct Store : ScratchStore {
-    Store() {
-        document.OpenXML(u"<items><A><sourcedir>/a</sourcedir><extra>x</extra></A><B/><C/></items>"_qs, 1);
+    explicit Store(const QByteArray& inside = "<A><sourcedir>/a</sourcedir><extra>x</extra></A><B/><C/>")
+        : ScratchStore("<items>" + inside + "</items>") {
+        file.Load();
         prompter.yes = true;
     }
     ActivityWriter writer{document, file, prompter, texts};
@@ -76,6 +77,24 @@ class TestActivityWriter : public QObject {
             QCOMPARE(store.file.Read(entered.trimmed(), "comment"), u"v-comment"_qs);
         else
             QCOMPARE(store.document.XML(), before);
+    }
+
+    void anEditIsNotHiddenByItsNamesake() {
+        Store store("<A><comment>first</comment></A><A><comment>second</comment></A><B/>");
+        QVERIFY(store.writer.Write(A, A, record()));
+        QCOMPARE(store.file.Names().join(u' '), u"A A B"_qs);
+        QCOMPARE(store.file.Read(A, "comment"), u"v-comment"_qs);
+        QVERIFY(store.Read(u"a.kvd"_qs).contains("second"));
+    }
+
+    void aRefusedSaveLeavesTheDocument() {
+        Store store;
+        const QString before = store.document.XML();
+        QVERIFY(QFile::remove(store.Path(u"a.kvd"_qs)) && QDir(store.Path()).mkdir(u"a.kvd"_qs));
+        for (const QString& name : {A, D})
+            QVERIFY_THROWS_EXCEPTION(StoreError, static_cast<void>(store.writer.Write(A, name, record())));
+        QCOMPARE(store.document.XML(), before);
+        QCOMPARE(store.file.Read(A, "sourcedir"), u"/a"_qs);
     }
 
     void nameTakenWhileAsking() {

@@ -166,11 +166,15 @@ class TestClsXml : public QObject {
                 document.DeleteNode(path);
                 model.removeOne(name);
                 break;
-            case 3:
-                document.ReplaceElement(items, name, u"R%1"_qs.arg(step % 3), {{u"f"_qs, QString::number(step)}});
+            case 3: {
+                const QString next = step % 4 == 0 ? name : u"R%1"_qs.arg(step % 3);
+                document.ReplaceElement(items, name, next, {{u"f"_qs, QString::number(step)}});
+                if (next == name && model.count(name) > 1)
+                    break; // in the place of the first
                 model.removeOne(name);
-                model.append(u"R%1"_qs.arg(step % 3));
+                model.append(next);
                 break;
+            }
             case 4:
                 document.WriteNode(path + u"/f", QString::number(step));
                 break;
@@ -238,6 +242,11 @@ class TestClsXml : public QObject {
         const QByteArray prolog = QTest::currentDataTag();
         Store store(QString::fromLatin1(prolog) + u"<items><A><f/></A></items>");
         store.document.WriteNode(u"/items/A/f"_qs, mixed);
+        const auto changeAndFail = [&] {
+            store.document.DeleteNode(u"/items/A"_qs);
+            throw StoreError({});
+        };
+        QVERIFY_THROWS_EXCEPTION(StoreError, store.document.AllOrNothing(changeAndFail)); // leaves no trace
         QVERIFY(store.IsSaved());
         const QByteArray text = prolog + "<items><A><f>" + saved + "</f></A></items>\n";
         QCOMPARE(store.Read(own), prolog.contains("UTF-16") ? utf16(text) : text);

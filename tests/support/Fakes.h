@@ -90,12 +90,14 @@ class MemorySettings final : public SettingsStore {
 
 class FakeLocks final : public Locks {
   public:
-    std::unique_ptr<HeldLock> TryAcquire(const QString& name) override {
-        if (!held.insert(name).second)
+    std::unique_ptr<HeldLock> TryAcquire(const QString& name, LockRefusal& refusal) override {
+        refusal = canBeMade ? LockRefusal::HeldElsewhere : LockRefusal::NoneCanBeMade;
+        if (!canBeMade || !held.insert(name).second)
             return nullptr;
         return std::make_unique<Held>(*this, name);
     }
     std::set<QString> held;
+    bool canBeMade = true;
 
   private:
     class Held final : public HeldLock {

@@ -63,6 +63,7 @@ class ProgramFixture : public FakeWorld {
             for (TimerEx* timer :
                  {&timers.tmrMonitoring, &timers.tmrMinutes, &timers.tmrHours, &timers.tmrTime, &timers.tmrDate})
                 timer->Poll();
+            QCoreApplication::sendPostedEvents(); // what comes after the tick
         }
     }
 

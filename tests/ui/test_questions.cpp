@@ -46,6 +46,24 @@ class TestQuestions : public QObject {
         QTEST(prompter.Ask(message(buttons)), "answer");
     }
 
+    void aCountdownEndsByItselfOrIsCancelled() {
+        MessageBoxPrompter prompter(m_texts);
+        Message counted = message(MessageButtons::OkCancel);
+        counted.countdown = std::chrono::seconds(2);
+        for (const bool isCancelled : {true, false}) {
+            WhenOpen<QMessageBox>([&](QMessageBox& box) {
+                QCOMPARE(box.informativeText(), m_texts.Text(589).arg(2));
+                const auto aSecondLater = [timer = box.findChild<QTimer*>()] {
+                    QVERIFY(QMetaObject::invokeMethod(timer, "timeout"));
+                };
+                aSecondLater();
+                QCOMPARE(box.informativeText(), m_texts.Text(589).arg(1));
+                isCancelled ? QTest::keyClick(&box, Qt::Key_Escape) : aSecondLater();
+            });
+            QCOMPARE(prompter.Ask(counted), isCancelled ? MessageAnswer::Cancel : MessageAnswer::Ok);
+        }
+    }
+
     void afterTheUserHasLeftNothingWaits() {
         MessageBoxPrompter prompter(m_texts);
         WhenOpen<QMessageBox>([&](QMessageBox&) { prompter.StopAsking(); });

@@ -4,6 +4,7 @@
 #include "XdgFolders.h"
 #include <QByteArray>
 #include <QCryptographicHash>
+#include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -11,25 +12,41 @@
 
 namespace {
 
+bool isStillNamed(const FileDescriptor& folder, const QByteArray& name, const FileDescriptor& file) {
+    struct stat held {};
+    struct stat named {};
+    return fstat(file.Get(), &held) == 0 && fstatat(folder.Get(), name.constData(), &named, AT_SYMLINK_NOFOLLOW) == 0 &&
+           held.st_dev == named.st_dev && held.st_ino == named.st_ino;
+}
+
 class LinuxHeldLock final : public HeldLock {
   public:
-    explicit LinuxHeldLock(FileDescriptor file) : m_file(std::move(file)) {}
+    LinuxHeldLock(FileDescriptor folder, QByteArray name, FileDescriptor file)
+        : m_folder(std::move(folder)), m_name(std::move(name)), m_file(std::move(file)) {}
+
+    /// The name goes while the lock is still held: whoever has the old file open sees, once it has locked it, that it
+    /// is no longer the named one, and tries again. So names made of inode numbers do not pile up.
+    ~LinuxHeldLock() override {
+        if (isStillNamed(m_folder, m_name, m_file))
+            unlinkat(m_folder.Get(), m_name.constData(), 0);
+    }
+    LinuxHeldLock(const LinuxHeldLock&) = delete;
+    LinuxHeldLock& operator=(const LinuxHeldLock&) = delete;
 
   private:
+    FileDescriptor m_folder;
+    QByteArray m_name;
     FileDescriptor m_file;
 };
 
 /// Our private folder, made when it is missing. It must be a folder of ours that nobody else can enter: whoever could
 /// exchange a lock file in it could make two processes believe in the same lock.
 FileDescriptor openPrivateFolder() {
-    auto base = XdgFolders::RuntimeDir();
-    if (base.empty()) {
-        base = XdgFolders::StateHome();
-        std::error_code ignored; // a folder that is still missing shows itself in the open below
-        std::filesystem::create_directories(base, ignored);
-    }
+    const auto base = XdgFolders::StateHome();
     if (base.empty())
         return FileDescriptor();
+    std::error_code ignored; // a folder that is still missing shows itself in the open below
+    std::filesystem::create_directories(base, ignored);
     const auto path = base / "Kalvenor";
     mkdir(path.c_str(), 0700);
     FileDescriptor folder(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
@@ -41,43 +58,40 @@ FileDescriptor openPrivateFolder() {
     return folder;
 }
 
-bool isStillNamed(const FileDescriptor& folder, const char* name, const FileDescriptor& file) {
-    struct stat held {};
-    struct stat named {};
-    return fstat(file.Get(), &held) == 0 && fstatat(folder.Get(), name, &named, AT_SYMLINK_NOFOLLOW) == 0 &&
-           held.st_dev == named.st_dev && held.st_ino == named.st_ino;
-}
-
 /// Any text becomes one short file name.
 QByteArray fileName(const QString& lockName) {
     return QCryptographicHash::hash(lockName.toUtf8(), QCryptographicHash::Sha256).toHex() + ".lock";
 }
 
-FileDescriptor openLockFile(const FileDescriptor& folder, const char* name) {
-    FileDescriptor file(openat(folder.Get(), name, O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0600));
+FileDescriptor openLockFile(const FileDescriptor& folder, const QByteArray& name) {
+    FileDescriptor file(
+        openat(folder.Get(), name.constData(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0600));
     struct stat facts {};
     if (!file.IsOpen() || fstat(file.Get(), &facts) != 0 || !S_ISREG(facts.st_mode))
         return FileDescriptor();
-    // The sticky bit tells cleaners of the runtime folder to leave the file alone (XDG base directory specification).
-    static_cast<void>(fchmod(file.Get(), S_ISVTX | 0600));
     return file;
 }
 
 } // namespace
 
-std::unique_ptr<HeldLock> LinuxLocks::TryAcquire(const QString& name) {
-    const FileDescriptor folder = openPrivateFolder();
+std::unique_ptr<HeldLock> LinuxLocks::TryAcquire(const QString& name, LockRefusal& refusal) {
+    refusal = LockRefusal::NoneCanBeMade;
+    FileDescriptor folder = openPrivateFolder();
     if (!folder.IsOpen())
         return nullptr;
     const QByteArray lockFile = fileName(name);
-    // The file is never deleted, by us: a waiting process could hold the old one while a third makes a new one. Should
-    // anybody else have deleted it between open and lock, the lock is worth nothing and another try is due.
+    // Should the file lose its name between open and lock, the lock is worth nothing and another try is due.
     for (int attempt = 0; attempt < 10; ++attempt) {
-        FileDescriptor file = openLockFile(folder, lockFile.constData());
-        if (!file.IsOpen() || flock(file.Get(), LOCK_EX | LOCK_NB) != 0)
+        FileDescriptor file = openLockFile(folder, lockFile);
+        if (!file.IsOpen())
             return nullptr;
-        if (isStillNamed(folder, lockFile.constData(), file))
-            return std::make_unique<LinuxHeldLock>(std::move(file));
+        if (flock(file.Get(), LOCK_EX | LOCK_NB) != 0) {
+            if (errno == EWOULDBLOCK)
+                refusal = LockRefusal::HeldElsewhere;
+            return nullptr;
+        }
+        if (isStillNamed(folder, lockFile, file))
+            return std::make_unique<LinuxHeldLock>(std::move(folder), lockFile, std::move(file));
     }
     return nullptr;
 }

@@ -2,8 +2,6 @@
 
 #include <cstdlib>
 #include <pwd.h>
-#include <string>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -28,11 +26,6 @@ std::filesystem::path baseFolder(const char* variable, const char* belowHome) {
     return user.empty() ? user : user / belowHome;
 }
 
-bool isOwnFolder(const std::filesystem::path& path) {
-    struct stat facts {};
-    return !path.empty() && stat(path.c_str(), &facts) == 0 && S_ISDIR(facts.st_mode) && facts.st_uid == geteuid();
-}
-
 } // namespace
 
 std::filesystem::path XdgFolders::DataHome() {
@@ -45,13 +38,4 @@ std::filesystem::path XdgFolders::ConfigHome() {
 
 std::filesystem::path XdgFolders::StateHome() {
     return baseFolder("XDG_STATE_HOME", ".local/state");
-}
-
-std::filesystem::path XdgFolders::RuntimeDir() {
-    // A session started through su or sudo can carry the variable of another user: a lock taken there would be seen by
-    // the wrong people.
-    if (auto path = fromEnvironment("XDG_RUNTIME_DIR"); isOwnFolder(path))
-        return path;
-    std::filesystem::path path = "/run/user/" + std::to_string(geteuid());
-    return isOwnFolder(path) ? path : std::filesystem::path();
 }

@@ -16,7 +16,4 @@ namespace XdgFolders {
 /// $XDG_STATE_HOME, else ~/.local/state.
 [[nodiscard]] std::filesystem::path StateHome();
 
-/// $XDG_RUNTIME_DIR, else /run/user/<uid>; each only when it is a folder that belongs to this user. Else empty.
-[[nodiscard]] std::filesystem::path RuntimeDir();
-
 } // namespace XdgFolders
