@@ -83,6 +83,43 @@ class TestOwnFiles : public QObject {
     }
 
     void shortWriteLeavesTheOldContent() {
+    void replacementKeepsOwnerAndAccessList_data() {
+        QTest::addColumn<bool>("asNobody"); // who owns the file, but is not in its group
+        QTest::addColumn<bool>("hasList");
+        QTest::addColumn<unsigned>("mode"); // after the replacement of a file of mode 0674
+        QTest::newRow("root") << false << false << 0674U;
+        QTest::newRow("root, list") << false << true << 0674U;
+        QTest::newRow("nobody") << true << false << 0644U;
+        QTest::newRow("nobody, list") << true << true << 0674U;
+    }
+    void replacementKeepsOwnerAndAccessList() {
+        QFETCH(bool, asNobody);
+        QFETCH(bool, hasList);
+        if (::geteuid() != 0)
+            QSKIP("needs to change the user");
+        const uid_t owner = asNobody ? 65534 : 1001;
+        const Scratch scratch;
+        QVERIFY(scratch.Write(own, "old"));
+        QCOMPARE(::chown(scratch.file.c_str(), owner, 2001), 0);
+        QCOMPARE(::chmod(scratch.file.c_str(), 0674), 0);
+        QCOMPARE(::chmod(scratch.Native().c_str(), 0777), 0);
+        FileWorld::SetAttribute(scratch.file, "user.colour", "blue");
+        const std::string colour = FileWorld::Attribute(scratch.file, "user.colour");
+        // What the folder gives to new files must not open this one.
+        if (!FileWorld::SetAttribute(scratch.Native(), FileWorld::DefaultList, FileWorld::AccessList(7)) ||
+            (hasList && !FileWorld::SetAttribute(scratch.file, FileWorld::OwnList, FileWorld::AccessList(7))))
+            QSKIP("the file system has no access lists");
+        QCOMPARE(FileWorld::InChild([&] { return m_files.ReplaceAll(scratch.file, "new") ? 1 : 0; }, asNobody), 0);
+        const struct stat status = FileWorld::StatusOf(scratch.file);
+        QCOMPARE(scratch.Read(own), QByteArray("new"));
+        QCOMPARE(status.st_uid, owner);
+        QCOMPARE(status.st_gid, gid_t{asNobody ? 65534U : 2001U});
+        QTEST(status.st_mode & 07777U, "mode");
+        QVERIFY(FileWorld::Attribute(scratch.file, FileWorld::OwnList) ==
+                (!hasList ? std::string() : FileWorld::AccessList(asNobody ? 4 : 7)));
+        QVERIFY(FileWorld::Attribute(scratch.file, "user.colour") == colour);
+    }
+
         const Scratch scratch;
         QVERIFY(scratch.Write(own, "old\n"));
         {
