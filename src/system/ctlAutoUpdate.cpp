@@ -47,9 +47,8 @@ bool ctlAutoUpdate::CheckOncePerDay() {
     if (m_settings.Read(m_configuration.title, section, lastCheck) == today)
         return false;
     // Where nothing can be stored, there is a check at every start.
-    static_cast<void>(m_settings.Write(m_configuration.title, section, lastCheck, today));
-    static_cast<void>(
-        m_settings.Write(m_configuration.title, section, timeOfCheck, now.toString(QStringLiteral("HH:mm:ss"))));
+    static_cast<void>(m_settings.WriteAll(
+        m_configuration.title, section, {{lastCheck, today}, {timeOfCheck, now.toString(QStringLiteral("HH:mm:ss"))}}));
     check(Check::Daily);
     return true;
 }
