@@ -5,6 +5,7 @@
 #include "EngineOptions.h"
 #include "OwnFiles.h"
 #include "StringTable.h"
+#include "modForeignText.h"
 #include "modLogTime.h"
 #include "modNativePath.h"
 
@@ -12,11 +13,6 @@
 
 namespace {
 const QString lineEnd = QStringLiteral("\r\n");
-
-// A line break in a file's name must not pass for an entry of its own.
-QString oneLine(QString text) {
-    return text.replace(u'\r', u' ').replace(u'\n', u' ');
-}
 
 QByteArray entry(const Clock& clock, const QString& text) {
     return (u"-> [" + modLogTime::Text(clock.Now()) + u"] " + text + lineEnd).toUtf8();
@@ -37,7 +33,8 @@ void ActivityLogs::WriteActionLine(const QString& name, const QString& text) {
 }
 
 void ActivityLogs::WriteActivityLog(const QString& name, const QString& text, bool blankLineFirst) {
-    const QString line = oneLine(text);
+    // A line break in a file's name must not pass for an entry of its own.
+    const QString line = modForeignText::OneLine(text);
     if (m_listener)
         m_listener(line);
     const QString path = m_parts.file.Read(name, "logfile");
@@ -57,6 +54,6 @@ void ActivityLogs::WriteAppLog(const QString& text) {
     qsizetype length = text.size();
     while (length > 0 && (text[length - 1] == u'\n' || text[length - 1] == u'\r'))
         --length;
-    const QByteArray bytes = entry(m_parts.clock, oneLine(text.left(length)) + text.mid(length));
+    const QByteArray bytes = entry(m_parts.clock, modForeignText::OneLine(text.left(length)) + text.mid(length));
     std::ignore = m_parts.files.Append(modNativePath::FromText(path), bytes, false);
 }

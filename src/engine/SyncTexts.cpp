@@ -1,6 +1,7 @@
 #include "SyncTexts.h"
 #include "Prompter.h"
 #include "StringTable.h"
+#include "modForeignText.h"
 #include "modLogTime.h"
 
 #include <algorithm>
@@ -12,9 +13,10 @@ QString dated(const FileSide& side) {
     return side.path + u"' [" + modLogTime::Text(side.facts.modified) + u"]";
 }
 
+// Its lines must be the question's own.
 QString datedAndSized(const FileSide& side) {
-    return side.path + u"' [" + modLogTime::Text(side.facts.modified) + u" - " + QString::number(side.facts.size) +
-           u" bytes] ";
+    return modForeignText::OneLine(side.path) + u"' [" + modLogTime::Text(side.facts.modified) + u" - " +
+           QString::number(side.facts.size) + u" bytes] ";
 }
 
 bool isLocked(std::error_code error) {

@@ -2,6 +2,7 @@
 
 #include "StringTable.h"
 #include "modDialogParent.h"
+#include "modForeignText.h"
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -73,8 +74,8 @@ MessageAnswer MessageBoxPrompter::Ask(const Message& message) {
         return safeAnswer(message.buttons);
     QMessageBox box(modDialogParent::Choose(m_window));
     box.setTextFormat(Qt::PlainText);
-    box.setText(message.text);
-    box.setWindowTitle(message.title);
+    box.setText(modForeignText::Lines(message.text));
+    box.setWindowTitle(modForeignText::OneLine(message.title));
     box.setIcon(boxIcon(message.icon));
     addButtons(box, message.buttons);
 
