@@ -1,6 +1,7 @@
 #include "HeadlessLog.h"
 
 #include "StringTable.h"
+#include "modForeignText.h"
 #include <QtGlobal>
 #include <iostream>
 
@@ -13,7 +14,7 @@ HeadlessLog HeadlessLog::OnStandardError() {
 void HeadlessLog::Line(Priority priority, const QString& text) {
     if (m_journal)
         m_stream << '<' << static_cast<int>(priority) << '>';
-    m_stream << text.simplified().toStdString() << '\n' << std::flush;
+    m_stream << modForeignText::OneLine(text).simplified().toStdString() << '\n' << std::flush;
 }
 
 void HeadlessLog::NoticeNotAccepted(const StringTable& texts) {

@@ -18,7 +18,7 @@ class HeadlessLog final {
     /// A log on standard error, for the journal when JOURNAL_STREAM says that it reads it.
     [[nodiscard]] static HeadlessLog OnStandardError();
 
-    /// Line breaks inside the text become blanks: one message, one line.
+    /// One message, one line: line breaks become blanks. Control characters do not reach the terminal.
     void Line(Priority priority, const QString& text);
 
     /// The notice of possible data loss, and how to accept it.

@@ -39,6 +39,12 @@ void fromForm(const Form& form, clsWatcher& options) {
     options.LoggingPath = form.loggingPath;
 }
 
+void takeBack(const clsWatcher& before, clsWatcher& options) {
+    for (const Switch& row : switches)
+        options.*row.stored = before.*row.stored;
+    options.LoggingPath = before.LoggingPath;
+}
+
 } // namespace
 
 void OptionsCommand::ShowOptions() {
@@ -51,10 +57,13 @@ void OptionsCommand::ShowOptions() {
                          toForm(options), m_dialogs.Parent());
     QObject::connect(&form, &frmStartOptions::HelpWanted, &form, [this] { m_help.OpenManual(); });
     const bool isCancelled = m_dialogs.Run(form) != QDialog::Accepted;
+    const clsWatcher before = options;
     if (!isCancelled)
         fromForm(form.Values(), options);
     const std::error_code error = options.WriteRegistry();
     options.CancelOptions = isCancelled;
-    if (error)
-        TellError(m_program, m_program.Texts().Text(524) + u'\n' + QString::fromLocal8Bit(error.message()));
+    if (!error)
+        return;
+    takeBack(before, options);
+    TellError(m_program, m_program.Texts().Text(524) + u'\n' + QString::fromLocal8Bit(error.message()));
 }

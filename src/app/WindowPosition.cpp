@@ -68,16 +68,12 @@ QRect WindowPosition::Rectangle() const {
 std::error_code WindowPosition::Save(SettingsStore& settings, const QRect& rectangle, State state) const {
     const std::array<int, 4> now = parts(rectangle);
     const std::array<int, 4> before = parts(m_restored);
-    std::error_code first;
-    const auto write = [&](const char* key, const QString& value) {
-        const std::error_code error =
-            settings.Write(SettingsStore::OwnApplication, Section, QString::fromLatin1(key), value);
-        first = first ? first : error;
-    };
+    SettingsStore::Entries entries;
     for (std::size_t i = 0; i < Values.size(); ++i)
-        write(Values[i].key, now[i] == before[i] ? m_texts[i] : QString::number(now[i] * UnitsPerPixel));
-    write("WindowState", QString::number(static_cast<int>(state)));
-    return first;
+        entries.emplace_back(QLatin1String(Values[i].key),
+                             now[i] == before[i] ? m_texts[i] : QString::number(now[i] * UnitsPerPixel));
+    entries.emplace_back(QStringLiteral("WindowState"), QString::number(static_cast<int>(state)));
+    return settings.WriteAll(SettingsStore::OwnApplication, Section, entries);
 }
 
 QRect WindowPosition::Reachable(const QRect& rectangle, const QList<QRect>& screens) {

@@ -53,12 +53,9 @@ void clsWatcher::ReadRegistry() {
 }
 
 std::error_code clsWatcher::WriteRegistry() {
-    std::error_code first;
-    for (const Option& option : options) {
-        const QString text = option.value == nullptr ? LoggingPath : QString::number(this->*option.value);
-        const auto error = m_settings.Write(SettingsStore::OwnApplication, section(), QLatin1String(option.key), text);
-        if (!first)
-            first = error;
-    }
-    return first;
+    SettingsStore::Entries entries;
+    for (const Option& option : options)
+        entries.emplace_back(QLatin1String(option.key),
+                             option.value == nullptr ? LoggingPath : QString::number(this->*option.value));
+    return m_settings.WriteAll(SettingsStore::OwnApplication, section(), entries);
 }

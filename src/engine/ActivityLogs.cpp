@@ -6,6 +6,7 @@
 #include "OwnFiles.h"
 #include "OwnPlaces.h"
 #include "StringTable.h"
+#include "modForeignText.h"
 #include "modLogTime.h"
 #include "modNativePath.h"
 
@@ -13,11 +14,6 @@
 
 namespace {
 const QString lineEnd = QStringLiteral("\r\n");
-
-// A line break in a file's name must not pass for an entry of its own.
-QString oneLine(QString text) {
-    return text.replace(u'\r', u' ').replace(u'\n', u' ');
-}
 
 QByteArray entry(const Clock& clock, const QString& text) {
     return (u"-> [" + modLogTime::Text(clock.Now()) + u"] " + text + lineEnd).toUtf8();
@@ -54,7 +50,8 @@ bool ActivityLogs::mayWrite(const QString& path, Verdict& last) const {
 }
 
 void ActivityLogs::writeEntry(const QString& path, const QString& text, bool blankLineFirst) {
-    const QString line = oneLine(text);
+    // A line break in a file's name must not pass for an entry of its own.
+    const QString line = modForeignText::OneLine(text);
     if (m_listener)
         m_listener(line);
     if (path.trimmed().isEmpty() || !mayWrite(path, m_activityLog))
@@ -73,6 +70,6 @@ void ActivityLogs::WriteAppLog(const QString& text) {
     qsizetype length = text.size();
     while (length > 0 && (text[length - 1] == u'\n' || text[length - 1] == u'\r'))
         --length;
-    const QByteArray bytes = entry(m_parts.clock, oneLine(text.left(length)) + text.mid(length));
+    const QByteArray bytes = entry(m_parts.clock, modForeignText::OneLine(text.left(length)) + text.mid(length));
     std::ignore = m_parts.files.Append(modNativePath::FromText(path), bytes, false);
 }

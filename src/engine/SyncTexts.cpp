@@ -2,6 +2,7 @@
 #include "Prompter.h"
 #include "RunEnd.h"
 #include "StringTable.h"
+#include "modForeignText.h"
 #include "modLogTime.h"
 
 #include <algorithm>
@@ -13,9 +14,10 @@ QString dated(const FileSide& side) {
     return side.path + u"' [" + modLogTime::Text(side.facts.modified) + u"]";
 }
 
+// Its lines must be the question's own.
 QString datedAndSized(const FileSide& side) {
-    return side.path + u"' [" + modLogTime::Text(side.facts.modified) + u" - " + QString::number(side.facts.size) +
-           u" bytes] ";
+    return modForeignText::OneLine(side.path) + u"' [" + modLogTime::Text(side.facts.modified) + u" - " +
+           QString::number(side.facts.size) + u" bytes] ";
 }
 
 bool isLocked(std::error_code error) {

@@ -1,5 +1,6 @@
 #include "MailSession.h"
 #include "modBase64.h"
+#include "modForeignText.h"
 
 #include <utility>
 
@@ -11,10 +12,6 @@ constexpr int kSecondsOfADay = 24 * 60 * 60;
 
 const QString timeoutText = QStringLiteral("Timeout occurred: The SMTP Host did not respond to the request");
 const QString notOpenText = QStringLiteral("Socket not Open");
-
-QString shown(const QByteArray& reply) {
-    return QString::fromUtf8(reply).simplified();
-}
 
 /// What goes into a command line must not end it.
 QByteArray commandWord(const QString& text) {
@@ -309,7 +306,7 @@ void MailSession::OnProgress() {
 void MailSession::OnReply(const ServerReply& reply) {
     const bool isTaken = m_inPop ? takePop(reply) : takeSmtp(reply);
     if (!isTaken)
-        fail(shown(reply.text));
+        fail(modForeignText::FromServer(QString::fromUtf8(reply.text)));
     Poll();
 }
 

@@ -27,7 +27,8 @@ class OwnFiles {
                                                   QByteArray& bytes) const = 0;
 
     /// Replaces the content, or creates the file, in one step that survives a crash: temporary file beside it, fsync,
-    /// rename through a symbolic link to its target, directory fsync. Permission bits of an old file are kept.
+    /// rename through a symbolic link to its target, directory fsync. Owner, rights and attributes of an old file are
+    /// kept.
     [[nodiscard]] virtual std::error_code ReplaceAll(const std::filesystem::path& file, const QByteArray& bytes) = 0;
 
     /// Creates the file with this content, its missing folders too; std::errc::file_exists when the name is taken.

@@ -1,11 +1,13 @@
 // The user's settings: text by application, section and key. Reading never fails (a missing or unreadable entry is
-// "absent"); a write that fails says why and leaves what was stored before.
+// "absent"); a write that fails says why and changes nothing.
 #pragma once
 
 #include <QString>
 #include <filesystem>
 #include <optional>
 #include <system_error>
+#include <utility>
+#include <vector>
 
 class SettingsStore {
   public:
@@ -14,14 +16,22 @@ class SettingsStore {
 
     virtual ~SettingsStore() = default;
 
-    /// The stored text, exactly as written; nullopt when the key is absent.
+    /// Keys of one section, each with its value.
+    using Entries = std::vector<std::pair<QString, QString>>;
+
+    /// The stored text without the blanks around it; nullopt when the key is absent.
     [[nodiscard]] virtual std::optional<QString> Read(const QString& application, const QString& section,
                                                       const QString& key) const = 0;
 
-    /// Stores one value atomically and keeps every other entry. Line breaks in the value are refused with
-    /// std::errc::invalid_argument.
-    [[nodiscard]] virtual std::error_code Write(const QString& application, const QString& section, const QString& key,
-                                                const QString& value) = 0;
+    /// Stores all the values in one step and keeps every other entry, those that another process stores at the same
+    /// time too. Line breaks in a value are refused with std::errc::invalid_argument.
+    [[nodiscard]] virtual std::error_code WriteAll(const QString& application, const QString& section,
+                                                   const Entries& entries) = 0;
+
+    [[nodiscard]] std::error_code Write(const QString& application, const QString& section, const QString& key,
+                                        const QString& value) {
+        return WriteAll(application, section, {{key, value}});
+    }
 
     /// The file that holds them; empty where they are in none.
     [[nodiscard]] virtual std::filesystem::path FileOf(const QString& application) const = 0;

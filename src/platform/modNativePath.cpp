@@ -48,8 +48,6 @@ std::filesystem::path modNativePath::Absolute(const QString& text) {
     const std::filesystem::path absolute = std::filesystem::absolute(FromText(text), error);
     if (error)
         return {};
-    std::filesystem::path normal = absolute.lexically_normal();
-    if (!normal.has_filename() && normal.has_relative_path())
-        normal = normal.parent_path();
-    return normal;
+    const bool endsWithSlash = !absolute.has_filename() && absolute.has_relative_path();
+    return endsWithSlash ? absolute.parent_path() : absolute;
 }

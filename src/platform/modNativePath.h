@@ -13,8 +13,9 @@ namespace modNativePath {
 /// The path a text names.
 [[nodiscard]] std::filesystem::path FromText(const QString& text);
 
-/// The absolute path a text names (relative to the current directory), "." and ".." resolved without looking at links.
-/// Empty for an empty or blank text: it never becomes the current directory.
+/// The absolute path a text names, relative to the current directory. "." and ".." stay: behind a symbolic link only
+/// the system knows where ".." leads. A slash at the end goes. Empty for an empty or blank text, which never becomes
+/// the current directory.
 [[nodiscard]] std::filesystem::path Absolute(const QString& text);
 
 } // namespace modNativePath

@@ -1409,6 +1409,7 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
     <message id="590">
         <source>The computer was not switched off: it was cancelled, or work has begun again.</source>
         <translation>Der Computer wurde nicht ausgeschaltet: Es wurde abgebrochen, oder die Arbeit geht weiter.</translation>
+    </message>
     <message id="610">
         <source>'%1' is left alone: it belongs to Kalvenor.</source>
         <translation>'%1' bleibt, wie es ist: Die Datei gehört zu Kalvenor.</translation>

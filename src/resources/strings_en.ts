@@ -1409,6 +1409,7 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
     <message id="590">
         <source>The computer was not switched off: it was cancelled, or work has begun again.</source>
         <translation>The computer was not switched off: it was cancelled, or work has begun again.</translation>
+    </message>
     <message id="610">
         <source>'%1' is left alone: it belongs to Kalvenor.</source>
         <translation>'%1' is left alone: it belongs to Kalvenor.</translation>

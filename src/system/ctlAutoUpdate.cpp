@@ -3,6 +3,7 @@
 #include "Clock.h"
 #include "SettingsStore.h"
 #include "VersionFile.h"
+#include "modForeignText.h"
 #include <QDateTime>
 #include <QDir>
 
@@ -47,9 +48,8 @@ bool ctlAutoUpdate::CheckOncePerDay() {
     if (m_settings.Read(m_configuration.title, section, lastCheck) == today)
         return false;
     // Where nothing can be stored, there is a check at every start.
-    static_cast<void>(m_settings.Write(m_configuration.title, section, lastCheck, today));
-    static_cast<void>(
-        m_settings.Write(m_configuration.title, section, timeOfCheck, now.toString(QStringLiteral("HH:mm:ss"))));
+    static_cast<void>(m_settings.WriteAll(
+        m_configuration.title, section, {{lastCheck, today}, {timeOfCheck, now.toString(QStringLiteral("HH:mm:ss"))}}));
     check(Check::Daily);
     return true;
 }
@@ -77,7 +77,7 @@ void ctlAutoUpdate::Download(const QUrl& url, const QString& file, const std::fu
 void ctlAutoUpdate::readVersionFile() {
     const VersionFile file(m_temporary->read(HttpFetch::MostBytes));
     const QString release = QStringLiteral("~UP");
-    m_newVersion = file.Value(release, QStringLiteral("Version"));
+    m_newVersion = modForeignText::FromServer(file.Value(release, QStringLiteral("Version")));
     m_releaseDate = file.Value(release, QStringLiteral("Release"));
     m_fileSize = file.Value(release, QStringLiteral("Size"));
     m_fileInfo = file.Value(release, QStringLiteral("Info"));

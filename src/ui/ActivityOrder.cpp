@@ -1,6 +1,7 @@
 #include "ActivityOrder.h"
 
 #include "ActivityList.h"
+#include "modForeignText.h"
 
 namespace {
 
@@ -10,6 +11,15 @@ QString sortable(const QString& time) {
 }
 
 } // namespace
+
+QVariant ActivityOrder::data(const QModelIndex& index, int role) const {
+    QVariant value = QSortFilterProxyModel::data(index, role);
+    if (role == Qt::DisplayRole)
+        return modForeignText::OneLine(value.toString());
+    if (role == Qt::ToolTipRole && value.isValid())
+        return modForeignText::Lines(value.toString());
+    return value;
+}
 
 bool ActivityOrder::lessThan(const QModelIndex& left, const QModelIndex& right) const {
     const QString a = left.data().toString();

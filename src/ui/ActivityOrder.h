@@ -9,6 +9,9 @@ class ActivityOrder final : public QSortFilterProxyModel {
   public:
     using QSortFilterProxyModel::QSortFilterProxyModel;
 
+    /// Texts as they may be shown.
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+
   protected:
     /// Counts by number, times by date, everything else as a reader of the user's language expects.
     [[nodiscard]] bool lessThan(const QModelIndex& left, const QModelIndex& right) const override;

@@ -2,6 +2,7 @@
 
 #include "StringTable.h"
 #include "modDialogParent.h"
+#include "modForeignText.h"
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
@@ -89,8 +90,8 @@ MessageAnswer MessageBoxPrompter::Ask(const Message& message) {
         return safeAnswer(message.buttons);
     QMessageBox box(modDialogParent::Choose(m_window));
     box.setTextFormat(Qt::PlainText);
-    box.setText(message.text);
-    box.setWindowTitle(message.title);
+    box.setText(modForeignText::Lines(message.text));
+    box.setWindowTitle(modForeignText::OneLine(message.title));
     box.setIcon(boxIcon(message.icon));
     addButtons(box, message.buttons);
     if (message.countdown.count() > 0)

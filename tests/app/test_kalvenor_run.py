@@ -10,16 +10,22 @@ from RunFixture import PROGRAM, RunFixture
 
 class KalvenorRun(RunFixture):
     def test_runs_active_activities(self):
-        self.write(self.activity("A"), self.activity("B", activ="0"), self.activity("C", action="1"),
+        log = self.root / "A.log"
+        self.write(self.activity("A", logfile=log), self.activity("B", activ="0"), self.activity("C", action="1"),
                    self.activity("A"))  # the name of the first one
+        (self.root / "A-in" / "\x1b[2J\n").touch()
         before = self.file.read_bytes()
         result = self.run_program(self.file)
         self.assertEqual(result.returncode, 0, result.stderr)
-        self.assertEqual([self.copied(name) for name in "ABC"], [["file.txt"], [], ["file.txt"]])
+        self.assertEqual([self.copied(name) for name in "ABC"], [["\x1b[2J\n", "file.txt"], [], ["file.txt"]])
         self.assertFalse((self.root / "C-in" / "file.txt").exists())
         self.assertTrue((self.root / "A-in" / "file.txt").exists())
         self.assertEqual(result.stdout.count("Activity 'A' - Checking starts"), 1)
         self.assertNotIn("Activity 'B' - ", result.stdout)
+        # A name commands neither the terminal nor the log's reader, and adds no line.
+        for text in (result.stdout, log.read_text(encoding="utf-8")):
+            self.assertIn("\ufffd[2J ' [", text)
+            self.assertNotIn("\x1b", text)
         self.assertEqual(self.file.read_bytes(), before)
 
     def test_missing_directory_fails_and_the_others_run_even_if_not_active(self):

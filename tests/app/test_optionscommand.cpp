@@ -77,13 +77,14 @@ class TestOptionsCommand : public QObject {
         QVERIFY(!QFile::exists(scene.Path("new.log")));
     }
 
-    void whatCannotBeStoredIsToldAndTheRestStored() {
+    void whatCannotBeStoredIsToldAndTakenBack() {
         Scene scene;
         scene.settings->failing = u"ToTray"_qs;
         scene.Edit([](frmStartOptions& form) { Find<QCheckBox>(form, "chkExitAlert").click(); });
         QCOMPARE(scene.prompter.shown.size(), 1U);
         QVERIFY(scene.prompter.shown.front().text.startsWith(scene.texts.Text(524)));
-        QCOMPARE(scene.Stored(u"ExitAlert"_qs), u"0"_qs);
+        QCOMPARE(scene.Stored(u"ExitAlert"_qs), QString());
+        QVERIFY(scene.program.Options().SafeExit());
     }
 
     void createsTheLogButNoFolder() {

@@ -113,6 +113,9 @@ class TestMailSession final : public QObject {
             QString(u"open smtp:25|EHLO here.de => " + hello + u"|Login Not Supported by Host, Continuing...|ready"));
         // Whom nobody asked for a login does not get it.
         QCOMPARE(dialogue("", "connected|334 UGFzc3dvcmQ6"), QString(failed + u"334 UGFzc3dvcmQ6|not ready"));
+        // Nor does a server command whoever reads the log, or fill it.
+        QCOMPARE(dialogue("", "connected|500 \x1b[2J" + QByteArray(300, 'x')),
+                 QString(failed + u"500 \uFFFD[2J" + QString(192, u'x') + u"|not ready"));
         QCOMPARE(dialogue("", "connected|+OK"), QString(failed + u"+OK|not ready"));
         QCOMPARE(dialogue("", "closed|closed|closed|closed"),
                  QString(u"open smtp:25|"_qs.repeated(4) + u"close => " + timedOut + u"|not ready"));

@@ -5,6 +5,7 @@
 #include "LinuxFileSystem.h"
 
 #include <QTest>
+#include <algorithm>
 #include <array>
 #include <fcntl.h>
 #include <filesystem>
@@ -138,6 +139,27 @@ class FileWorld {
         std::string text(stream ? static_cast<std::size_t>(stream.tellg()) : 0, '\0');
         stream.seekg(0).read(text.data(), static_cast<std::streamsize>(text.size()));
         return text;
+    }
+
+    static constexpr const char* OwnList = "system.posix_acl_access";
+    static constexpr const char* DefaultList = "system.posix_acl_default";
+
+    /// An access list: the owner may read and write, user 1234 everything, others read. For the kernel.
+    [[nodiscard]] static std::string AccessList(char group) {
+        using namespace std::string_literals;
+        const std::string nobody(4, '\xff');
+        return "\2\0\0\0"s + "\1\0\6\0"s + nobody + "\2\0\7\0\xd2\4\0\0"s + "\4\0"s + group + "\0"s + nobody +
+               "\x10\0\7\0"s + nobody + "\x20\0\4\0"s + nobody;
+    }
+    /// False where the file system knows no such attributes.
+    static bool SetAttribute(const fs::path& path, const char* name, const std::string& value) {
+        return ::setxattr(path.c_str(), name, value.data(), value.size(), 0) == 0;
+    }
+    /// "" when there is none.
+    [[nodiscard]] static std::string Attribute(const fs::path& path, const char* name) {
+        std::array<char, 256> value{};
+        const ssize_t length = ::getxattr(path.c_str(), name, value.data(), value.size());
+        return {value.data(), static_cast<std::size_t>(std::max<ssize_t>(length, 0))};
     }
 
     [[nodiscard]] static struct stat StatusOf(const fs::path& path) {

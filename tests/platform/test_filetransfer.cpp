@@ -27,7 +27,7 @@ class TestFileTransfer final : public QObject {
                           [n = 0U]() mutable { return static_cast<char>((n++ * 2654435761U) >> 24U); });
             const fs::path name = "n\xe4me with \\ and \n";
             FileWorld::Write(world.source / name, text);
-            ::setxattr((world.source / name).c_str(), "user.colour", "blue", 4, 0);
+            FileWorld::SetAttribute(world.source / name, "user.colour", "blue");
             ::chmod((world.source / name).c_str(), mode);
             FileWorld::SetTime(world.source / name, 1'234'567'890);
             const struct stat before = FileWorld::StatusOf(world.source / name);
@@ -39,10 +39,68 @@ class TestFileTransfer final : public QObject {
             QCOMPARE(after.st_mode, before.st_mode);
             QCOMPARE(after.st_mtim.tv_sec, before.st_mtim.tv_sec);
             QCOMPARE(after.st_mtim.tv_nsec, before.st_mtim.tv_nsec);
-            std::array<char, 16> value{};
-            const ssize_t length =
-                ::getxattr((world.destination / name).c_str(), "user.colour", value.data(), value.size());
-            QVERIFY((length == 4 && std::string(value.data(), 4) == "blue") || otherDevice);
+            QVERIFY(FileWorld::Attribute(world.destination / name, "user.colour") == "blue" || otherDevice);
+        }
+    }
+
+    void copiesOwnerAndRights_data() {
+        QTest::addColumn<bool>("asNobody"); // who owns the source then, but is not in its group 2001
+        QTest::addColumn<int>("mode");
+        QTest::addColumn<int>("list"); // what the source's access list gives its group; -1: it has none
+        QTest::addColumn<QByteArray>("folder");
+        QTest::addColumn<int>("modeAfter");
+        QTest::addColumn<int>("listAfter");
+        QTest::newRow("root") << false << 06755 << -1 << QByteArray() << 06755 << -1;
+        QTest::newRow("root, group of the folder") << false << 0640 << -1 << QByteArray("group") << 0640 << -1;
+        QTest::newRow("root, list of the folder") << false << 0640 << -1 << QByteArray("list") << 0640 << -1;
+        QTest::newRow("root, two lists") << false << 0674 << 7 << QByteArray("list") << 0674 << 7;
+        // Another group must not read what this one could.
+        QTest::newRow("own group") << true << 0640 << -1 << QByteArray() << 0600 << -1;
+        QTest::newRow("group of the folder") << true << 0640 << -1 << QByteArray("group") << 0600 << -1;
+        QTest::newRow("list of the folder") << true << 0664 << -1 << QByteArray("list") << 0644 << -1;
+        QTest::newRow("programs") << true << 06775 << -1 << QByteArray("group") << 04755 << -1;
+        QTest::newRow("list of the source") << true << 0674 << 7 << QByteArray("group") << 0674 << 4;
+    }
+    void copiesOwnerAndRights() {
+        QFETCH(bool, asNobody);
+        QFETCH(int, mode);
+        QFETCH(int, list);
+        QFETCH(QByteArray, folder);
+        if (::geteuid() != 0)
+            QSKIP("needs to change the user");
+        const uid_t owner = asNobody ? 65534 : 1001;
+        const std::string given = list < 0 ? std::string() : FileWorld::AccessList(static_cast<char>(list));
+        FileWorld world;
+        FileWorld::Write(world.source / "file", kNew);
+        fs::create_directory(world.source / "tree");
+        for (const fs::path& path : {world.source / "file", world.source / "tree"}) {
+            QCOMPARE(::chown(path.c_str(), owner, 2001), 0);
+            QCOMPARE(::chmod(path.c_str(), static_cast<mode_t>(mode)), 0);
+            if (list >= 0 && !FileWorld::SetAttribute(path, FileWorld::OwnList, given))
+                QSKIP("the file system has no access lists");
+        }
+        QCOMPARE(::chown(world.destination.c_str(), 0, 3001), 0);
+        QCOMPARE(::chmod(world.destination.c_str(), folder == "group" ? 02777 : 0777), 0);
+        fs::permissions(world.source.parent_path(), fs::perms(0755));
+        if (folder == "list" &&
+            !FileWorld::SetAttribute(world.destination, FileWorld::DefaultList, FileWorld::AccessList(7)))
+            QSKIP("the file system has no access lists");
+        const auto copies = [&] {
+            ::umask(0);
+            world.Transfer(false, "file");
+            world.TransferTree(false);
+            return world.observer.failures.empty() ? 0 : 1;
+        };
+        QCOMPARE(FileWorld::InChild(copies, asNobody), 0);
+        for (const fs::path& path : {world.destination / "file", world.destination / "tree"}) {
+            const struct stat status = FileWorld::StatusOf(path);
+            QCOMPARE(status.st_uid, owner);
+            QCOMPARE(status.st_gid, gid_t{!asNobody ? 2001U : folder == "group" ? 3001U : 65534U});
+            QTEST(static_cast<int>(status.st_mode & 07777U), "modeAfter");
+            QFETCH(int, listAfter);
+            QVERIFY(FileWorld::Attribute(path, FileWorld::OwnList) ==
+                    (listAfter < 0 ? std::string() : FileWorld::AccessList(static_cast<char>(listAfter))));
+            QVERIFY(FileWorld::Attribute(path, FileWorld::DefaultList).empty());
         }
     }
 
@@ -50,17 +108,60 @@ class TestFileTransfer final : public QObject {
         for (const bool move : {false, true}) {
             FileWorld world;
             const auto transfer = world.system.NewTransfer(world.observer);
+            std::optional<FileFacts> staged;
+            const auto next = [&] {
+                TransferFile file = world.File("file");
+                file.replaced = staged;
+                staged = file.facts;
+                staged->id = {}; // nobody knows it yet
+                return file;
+            };
             for (const char* text : {"first", "second", "third"}) {
                 FileWorld::Write(world.source / "file", text);
-                transfer->Copy(world.File("file"));
+                QVERIFY(transfer->Copy(next()));
             }
             FileWorld::Write(world.source / "another", "moved");
             fs::rename(world.source / "another", world.source / "file");
             if (move)
-                transfer->Move(world.File("file")); // the only one left: no staged copy may come later
+                QVERIFY(transfer->Move(next())); // the only one left: no staged copy may come later
             transfer->Commit();
             QCOMPARE(FileWorld::Read(world.destination / "file"), std::string(move ? "moved" : "third"));
             QVERIFY(world.observer.failures.empty());
+        }
+    }
+
+    void placesOnlyOverWhatWasDecided_data() { FileWorld::AddWays({"appears", "changes", "is replaced"}); }
+    void placesOnlyOverWhatWasDecided() {
+        QFETCH(QByteArray, kind);
+        QFETCH(bool, otherDevice);
+        QFETCH(bool, move);
+        const bool isAtOnce = move && !otherDevice; // a rename waits for nothing
+        for (const bool afterStaging : {false, true}) {
+            if (afterStaging && isAtOnce)
+                continue;
+            FileWorld world(otherDevice);
+            FileWorld::Write(world.source / "file", "source");
+            if (kind != "appears")
+                FileWorld::Write(world.destination / "file", "old");
+            const TransferFile file = world.File("file");
+            const auto change = [&] {
+                FileWorld::Write(world.destination / "other", "newer", 1'500'000'000);
+                if (kind == "is replaced")
+                    fs::rename(world.destination / "other", world.destination / "file");
+                else
+                    FileWorld::Write(world.destination / "file", "newer", 1'500'000'000);
+            };
+            {
+                const auto transfer = world.system.NewTransfer(world.observer);
+                if (!afterStaging)
+                    change();
+                static_cast<void>(move ? transfer->Move(file) : transfer->Copy(file));
+                if (afterStaging)
+                    change();
+            }
+            QVERIFY(world.observer.failures["file"] == std::errc::resource_unavailable_try_again);
+            QCOMPARE(FileWorld::Read(world.destination / "file"), std::string("newer"));
+            QCOMPARE(FileWorld::Read(world.source / "file"), std::string("source"));
         }
     }
 

@@ -4,6 +4,7 @@
 #include "ScratchFolder.h"
 #include "SizeLimit.h"
 #include "SystemCallFault.h"
+#include "modForeignText.h"
 #include "modNativePath.h"
 
 #include <atomic>
@@ -80,6 +81,43 @@ class TestOwnFiles : public QObject {
         QCOMPARE(::chmod(scratch.file.c_str(), 0640), 0);
         QVERIFY(!m_files.ReplaceAll(scratch.file, "2"));
         QCOMPARE(static_cast<unsigned>(fs::status(scratch.file).permissions()), 0640U);
+    }
+
+    void replacementKeepsOwnerAndAccessList_data() {
+        QTest::addColumn<bool>("asNobody"); // who owns the file, but is not in its group
+        QTest::addColumn<bool>("hasList");
+        QTest::addColumn<unsigned>("mode"); // after the replacement of a file of mode 0674
+        QTest::newRow("root") << false << false << 0674U;
+        QTest::newRow("root, list") << false << true << 0674U;
+        QTest::newRow("nobody") << true << false << 0644U;
+        QTest::newRow("nobody, list") << true << true << 0674U;
+    }
+    void replacementKeepsOwnerAndAccessList() {
+        QFETCH(bool, asNobody);
+        QFETCH(bool, hasList);
+        if (::geteuid() != 0)
+            QSKIP("needs to change the user");
+        const uid_t owner = asNobody ? 65534 : 1001;
+        const Scratch scratch;
+        QVERIFY(scratch.Write(own, "old"));
+        QCOMPARE(::chown(scratch.file.c_str(), owner, 2001), 0);
+        QCOMPARE(::chmod(scratch.file.c_str(), 0674), 0);
+        QCOMPARE(::chmod(scratch.Native().c_str(), 0777), 0);
+        FileWorld::SetAttribute(scratch.file, "user.colour", "blue");
+        const std::string colour = FileWorld::Attribute(scratch.file, "user.colour");
+        // What the folder gives to new files must not open this one.
+        if (!FileWorld::SetAttribute(scratch.Native(), FileWorld::DefaultList, FileWorld::AccessList(7)) ||
+            (hasList && !FileWorld::SetAttribute(scratch.file, FileWorld::OwnList, FileWorld::AccessList(7))))
+            QSKIP("the file system has no access lists");
+        QCOMPARE(FileWorld::InChild([&] { return m_files.ReplaceAll(scratch.file, "new") ? 1 : 0; }, asNobody), 0);
+        const struct stat status = FileWorld::StatusOf(scratch.file);
+        QCOMPARE(scratch.Read(own), QByteArray("new"));
+        QCOMPARE(status.st_uid, owner);
+        QCOMPARE(status.st_gid, gid_t{asNobody ? 65534U : 2001U});
+        QTEST(status.st_mode & 07777U, "mode");
+        QVERIFY(FileWorld::Attribute(scratch.file, FileWorld::OwnList) ==
+                (!hasList ? std::string() : FileWorld::AccessList(asNobody ? 4 : 7)));
+        QVERIFY(FileWorld::Attribute(scratch.file, "user.colour") == colour);
     }
 
     void shortWriteLeavesTheOldContent() {
@@ -209,6 +247,24 @@ class TestOwnFiles : public QObject {
         }
     }
 
+    void foreignTextsAreHarmless() {
+        const struct {
+            QString text, oneLine, lines;
+        } rows[] = {
+            {u"\u00e4 \u05d0\u200f\u00a0~"_qs, u"\u00e4 \u05d0\u200f\u00a0~"_qs, u"\u00e4 \u05d0\u200f\u00a0~"_qs},
+            {u"a\r\nb\nc\td\re"_qs, u"a  b c\uFFFDd e"_qs, u"a\nb\nc\td e"_qs},
+            {u"\x1b[2J\x07\x7f"_qs, u"\uFFFD[2J\uFFFD\uFFFD"_qs, u"\uFFFD[2J\uFFFD\uFFFD"_qs},
+            {u"\u0080\u009b\u2028\u202e\u2029"_qs, QString(5, u'\uFFFD'), QString(5, u'\uFFFD')},
+            {u"\u2065\u2066\u2069\u206a"_qs, u"\u2065\uFFFD\uFFFD\u206a"_qs, u"\u2065\uFFFD\uFFFD\u206a"_qs}};
+        for (const auto& row : rows) {
+            QCOMPARE(modForeignText::OneLine(row.text), row.oneLine);
+            QCOMPARE(modForeignText::Lines(row.text), row.lines);
+        }
+        QCOMPARE(modForeignText::OneLine(QString(QChar(u'\0'))), u"\uFFFD"_qs);
+        QCOMPARE(modForeignText::FromServer(u" 550\r\n550  no \x1b[m"_qs), u"550 550 no \uFFFD[m"_qs);
+        QCOMPARE(modForeignText::FromServer(QString(199, u'x') + u"\U0001F600y"), QString(199, u'x')); // not half of it
+    }
+
     void pathsAndTheirTexts() {
         const std::pair<QByteArray, QString> paths[] = {
             {"/\xE4\xC3\xA4z", u"/\\xe4\u00E4z"_qs},   // Latin-1
@@ -221,7 +277,10 @@ class TestOwnFiles : public QObject {
                 QCOMPARE(modNativePath::FromText(text), native);
         }
         QVERIFY(modNativePath::Absolute(u" \t"_qs).empty());
-        QCOMPARE(modNativePath::Absolute(u"a/../b/./c/"_qs), fs::current_path() / "b" / "c");
+        // As text, both would name another folder than the system means behind a link.
+        QCOMPARE(modNativePath::Absolute(u"link/../b/./c/"_qs), fs::current_path() / "link/../b/./c");
+        QCOMPARE(modNativePath::Absolute(u"/link/.."_qs), fs::path("/link/.."));
+        QCOMPARE(modNativePath::Absolute(u"//"_qs), fs::path("//"));
     }
 };
 

@@ -52,6 +52,11 @@ class ProcessTest final : public QObject {
         QTRY_COMPARE(mark(), "desktop " + QFile::encodeName(document));
         QVERIFY(LinuxProcess().OpenFolder(m_folder->Path()));
         QTRY_COMPARE(mark(), "desktop " + QFile::encodeName(m_folder->Path()));
+        // Left to the system: behind a link ".." leads elsewhere than the text says.
+        QVERIFY(QDir().mkpath(m_folder->Path(u"far/inner"_qs)));
+        QVERIFY(QFile::link(u"far/inner"_qs, m_folder->Path(u"link"_qs)));
+        QVERIFY(LinuxProcess().OpenFolder(m_folder->Path(u"link/.."_qs)));
+        QTRY_COMPARE(mark(), "desktop " + QFile::encodeName(m_folder->Path()) + "/link/..");
         QVERIFY(LinuxProcess().OpenWebPage(u"https://example.org/a?b=c"_qs));
         QTRY_COMPARE(mark(), QByteArray("desktop https://example.org/a?b=c"));
     }

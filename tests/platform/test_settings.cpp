@@ -1,8 +1,11 @@
 // Settings as people edit them: every value is taken as it stands, and a write changes its own line only.
 #include "IniSettingsStore.h"
 #include "ScratchFolder.h"
+#include "SizeLimit.h"
 
 #include <QTest>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
@@ -33,12 +36,12 @@ class TestSettings : public QObject {
         QVERIFY(!scratch.store.Read(app, section, key));
         QVERIFY(!scratch.Exists(ini)); // only a write creates it
         QVERIFY(!scratch.store.Write(app, section, key, value));
-        QCOMPARE(scratch.Read(ini), "[Options]\nKey=" + value.toUtf8() + '\n');
-        QCOMPARE(scratch.store.Read(app, section, key), value);
+        QCOMPARE(scratch.Read(ini), "[Options]\nKey=" + value.trimmed().toUtf8() + '\n');
+        QCOMPARE(scratch.store.Read(app, section, key), value.trimmed());
         // The same line written by hand, in the midst of other things and with the other line ending.
-        QVERIFY(scratch.Write(ini, "\xEF\xBB\xBF; mine\r\n[Other]\r\nKey=other\r\n\r\n [Options]\r\n Key =" +
-                                       value.toUtf8() + "\r\nkey=lower\r\n"));
-        QCOMPARE(scratch.store.Read(app, section, key), value);
+        QVERIFY(scratch.Write(ini, "\xEF\xBB\xBF; mine\r\n[Other]\r\nKey=other\r\n\r\n [ Options ] \r\n Key \t=\t" +
+                                       value.toUtf8() + " \r\r\nkey=lower\r\n"));
+        QCOMPARE(scratch.store.Read(app, section, key), value.trimmed());
         QCOMPARE(scratch.store.Read(app, section, u"key"_qs), u"lower"_qs);
         QVERIFY(!scratch.store.Read(app, section, u"KEY"_qs));
         QVERIFY(!scratch.store.Read(app, u"options"_qs, key));
@@ -52,6 +55,7 @@ class TestSettings : public QObject {
         };
         row("changed", "; c\n[Options]\n a = 1 \nKey=old\n#Key=x\n[Z]\nKey=z\n",
             "; c\n[Options]\n a = 1 \nKey=new\n#Key=x\n[Z]\nKey=z\n");
+        row("edited by hand", "[ Options ]\r\n Key = old \r\n", "[ Options ]\r\n Key = new \r\n");
         row("added to its section", "[Options]\na=1\n\n; on Z\n[Z]\nKey=z\n",
             "[Options]\na=1\nKey=new\n\n; on Z\n[Z]\nKey=z\n");
         row("new section, no last line end", "[Z]\r\nKey=z", "[Z]\r\nKey=z\r\n[Options]\r\nKey=new\r\n");
@@ -80,6 +84,7 @@ class TestSettings : public QObject {
         QVERIFY(isRefused(app, section, u"a=b"_qs, u"x"_qs) && isRefused(app, section, u"[a"_qs, u"x"_qs));
         for (const auto& value : {u"a\nb"_qs, u"a\rb"_qs, QString(QChar(u'\0')), QString(QChar(0xD800))})
             QVERIFY2(isRefused(app, section, key, value), qPrintable(value));
+        QVERIFY(scratch.store.WriteAll(app, section, {{u"Good"_qs, u"x"_qs}, {key, u"a\nb"_qs}}));
         QCOMPARE(scratch.Entries(), QStringList());
     }
 
@@ -90,6 +95,43 @@ class TestSettings : public QObject {
         QVERIFY(!scratch.store.Read(app, section, key));
         QVERIFY(scratch.store.Write(app, section, key, u"x"_qs));
         QVERIFY(scratch.Read(ini) == tooMuch);
+    }
+
+    void failedSaveChangesNoKey() {
+        Scratch scratch;
+        const QByteArray before = "[Options]\nKey=old\n";
+        QVERIFY(scratch.Write(ini, before));
+        const SizeLimit limit(1000);
+        QVERIFY(scratch.store.WriteAll(app, section, {{key, u"new"_qs}, {u"Long"_qs, QString(5000, u'x')}}));
+        QCOMPARE(scratch.Read(ini), before);
+        QCOMPARE(scratch.Entries(app), QStringList{u"Kalvenor.ini"_qs});
+    }
+
+    void twoProcessesLoseNoKeyOfEachOther() {
+        constexpr int most = 40;
+        Scratch scratch;
+        const auto writeAll = [&](const QString& name) {
+            bool isWritten = true;
+            for (int number = 0; number < most; ++number) {
+                std::error_code error;
+                do // the other one may keep the lock for so long that a save gives up
+                    error = scratch.store.Write(app, section, name + QString::number(number), u"x"_qs);
+                while (error == std::errc::resource_unavailable_try_again);
+                isWritten = isWritten && !error;
+            }
+            return isWritten;
+        };
+        const pid_t child = ::fork();
+        QVERIFY(child >= 0);
+        if (child == 0)
+            ::_exit(writeAll(u"child"_qs) ? 0 : 1);
+        const bool isWritten = writeAll(u"parent"_qs);
+        int status = -1;
+        ::waitpid(child, &status, 0);
+        QVERIFY(isWritten && status == 0);
+        for (int number = 0; number < most; ++number)
+            for (const auto& name : {u"child"_qs, u"parent"_qs})
+                QVERIFY(scratch.store.Read(app, section, name + QString::number(number)));
     }
 };
 

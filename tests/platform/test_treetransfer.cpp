@@ -155,8 +155,9 @@ class TestTreeTransfer final : public QObject {
     void givesUpWhereItIsTooDeep() {
         FileWorld world(true);
         fs::path deep = world.source / "tree";
-        for (int level = 0; level < 250; ++level)
-            deep /= "d";
+        fs::create_directory(deep);
+        for (int level = 0; level < 1'050; ++level)
+            fs::create_directory(deep /= "d");
         FileWorld::Write(deep / "file", "kept");
         FileWorld::Write(world.source / "tree/a", "moved");
         world.TransferTree(true);

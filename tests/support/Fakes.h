@@ -75,11 +75,12 @@ class MemorySettings final : public SettingsStore {
         const auto found = values.find(application + u'/' + section + u'/' + key);
         return found == values.end() ? std::nullopt : std::optional<QString>(*found);
     }
-    std::error_code Write(const QString& application, const QString& section, const QString& key,
-                          const QString& value) override {
-        if (key == failing)
-            return std::make_error_code(std::errc::no_space_on_device);
-        values[application + u'/' + section + u'/' + key] = value;
+    std::error_code WriteAll(const QString& application, const QString& section, const Entries& entries) override {
+        for (const auto& [key, value] : entries)
+            if (key == failing)
+                return std::make_error_code(std::errc::no_space_on_device);
+        for (const auto& [key, value] : entries)
+            values[application + u'/' + section + u'/' + key] = value;
         return {};
     }
     std::filesystem::path FileOf(const QString& /*application*/) const override { return file; }

@@ -1,6 +1,7 @@
 #include "AtomicFile.h"
+#include "Attributes.h"
 #include "DiskSync.h"
-#include "EntryFacts.h"
+#include "LinuxRegularFile.h"
 #include "SystemError.h"
 #include "TemporaryFiles.h"
 
@@ -38,11 +39,17 @@ std::optional<struct stat> look(const fs::path& file, std::error_code& error) {
     return std::nullopt;
 }
 
-std::error_code takeOver(int copy, const struct stat& old) {
-    // The owner is kept as far as the system lets us: only root may give a file away.
-    const bool ownerKept = ::fchown(copy, old.st_uid, old.st_gid) == 0;
-    const mode_t allowed = ownerKept ? 07777 : 0777;
-    return ::fchmod(copy, old.st_mode & allowed) == 0 ? std::error_code() : LastError();
+/// A file that is going to be replaced.
+struct OldFile {
+    FileDescriptor file; ///< open for whatever is allowed: its attributes are wanted, not its content
+    struct stat status {};
+};
+
+std::error_code openOld(const fs::path& path, OldFile& old) {
+    if (::access(path.c_str(), W_OK) != 0)
+        return LastError();
+    const std::error_code error = OpenRegular(path, O_RDONLY, old.file, old.status);
+    return error == std::errc::permission_denied ? OpenRegular(path, O_WRONLY, old.file, old.status) : error;
 }
 
 std::error_code writeToDisk(int file, const QByteArray& bytes) {
@@ -57,14 +64,15 @@ std::error_code writeToDisk(int file, const QByteArray& bytes) {
     return ::fsync(file) == 0 || errno == EINVAL ? std::error_code() : LastError();
 }
 
-/// A temporary in the folder with everything in it, on disk. With `old` it takes that file's owner and bits.
+/// A temporary in the folder with everything in it, on disk. With `old` it takes that file's owner, access list,
+/// attributes and bits.
 std::error_code prepare(TemporaryFiles& temporaries, const std::shared_ptr<LinuxFolder>& folder,
-                        const QByteArray& bytes, mode_t newMode, const struct stat* old, TemporaryFile& file) {
+                        const QByteArray& bytes, mode_t newMode, const OldFile* old, TemporaryFile& file) {
     if (const std::error_code error = temporaries.Create(folder, old != nullptr ? privateMode : newMode, file))
         return error;
     std::error_code error;
     if (old != nullptr)
-        error = takeOver(file.Descriptor(), *old);
+        error = Attributes::CopyToReplacement(old->file.Get(), old->status, file.Descriptor());
     else if (!file.HasFinalMode() && ::fchmod(file.Descriptor(), newMode & ~temporaries.CreationMask()) != 0)
         error = LastError();
     return error ? error : writeToDisk(file.Descriptor(), bytes);
@@ -86,23 +94,24 @@ std::error_code AtomicFile::Replace(const fs::path& file, const QByteArray& byte
     std::error_code error = followLinks(target);
     if (error)
         return error;
-    const auto old = look(target, error);
+    const auto status = look(target, error);
+    if (!error && status && !S_ISREG(status->st_mode))
+        error = NotRegular(status->st_mode);
+    OldFile old;
+    if (!error && status)
+        error = openOld(target, old);
     if (error)
         return error;
-    if (old && !S_ISREG(old->st_mode))
-        return std::make_error_code(S_ISDIR(old->st_mode) ? std::errc::is_a_directory : std::errc::invalid_argument);
-    if (old && ::access(target.c_str(), W_OK) != 0)
-        return LastError();
     const std::shared_ptr<LinuxFolder> folder = OpenFolderOf(target, error);
     if (!folder)
         return error;
     folder->RemoveLeftovers();
     TemporaryFiles temporaries;
     TemporaryFile copy;
-    error = prepare(temporaries, folder, bytes, newMode, old ? &*old : nullptr, copy);
+    error = prepare(temporaries, folder, bytes, newMode, status ? &old : nullptr, copy);
     if (!error)
-        error =
-            old ? temporaries.Replace(copy, target.filename()) : temporaries.PlaceAtFreeName(copy, target.filename());
+        error = status ? temporaries.Replace(copy, target.filename())
+                       : temporaries.PlaceAtFreeName(copy, target.filename());
     return error ? error : SyncNames({folder});
 }
 

@@ -9,8 +9,9 @@
 
 namespace AtomicFile {
 
-/// Replaces the file (through symbolic links to their target) or creates it with `newMode` less the umask. An old file
-/// keeps its permission bits; one that is write-protected, or no regular file, is refused.
+/// Replaces the file (through symbolic links to their target) or creates it with `newMode` less the umask. Owner and
+/// permission bits, access list and extended attributes of an old file are kept; one that is write-protected, or no
+/// regular file, is refused.
 [[nodiscard]] std::error_code Replace(const std::filesystem::path& file, const QByteArray& bytes, mode_t newMode);
 
 /// Replace, with the folders above the file made where they are missing.

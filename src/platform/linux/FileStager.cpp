@@ -1,5 +1,4 @@
 #include "FileStager.h"
-#include "Attributes.h"
 #include "EntryFacts.h"
 #include "SystemError.h"
 
@@ -55,5 +54,5 @@ std::error_code FileStager::copyInto(const FileJob& job, int source, bool mayHav
     if (failure)
         return failure;
     const bool hasMode = copy.HasFinalMode() && (status.st_mode & 07777U) == job.facts.mode;
-    return CopyAttributes(source, status, copy.Descriptor(), hasMode);
+    return m_attributes.CopyToFile(source, status, copy, hasMode);
 }

@@ -2,6 +2,7 @@
 // but the knowledge of the file systems met. Failures are error codes and leave nothing behind.
 #pragma once
 
+#include "Attributes.h"
 #include "ByteCopier.h"
 #include "FileJob.h"
 #include "TemporaryFiles.h"
@@ -18,5 +19,6 @@ class FileStager final {
     [[nodiscard]] std::error_code copyInto(const FileJob& job, int source, bool mayHaveHoles, TemporaryFile& copy);
 
     ByteCopier m_bytes;
+    Attributes m_attributes;
     TemporaryFiles& m_temporaries;
 };

@@ -31,9 +31,7 @@ IniFile::Place IniFile::find(const QByteArray& section, const QByteArray& key) c
     for (qsizetype start = m_bytes.startsWith(byteOrderMark) ? byteOrderMark.size() : 0; start < m_bytes.size();) {
         const qsizetype newline = m_bytes.indexOf('\n', start);
         const qsizetype next = newline < 0 ? m_bytes.size() : newline + 1;
-        qsizetype end = newline < 0 ? m_bytes.size() : newline;
-        if (end > start && m_bytes[end - 1] == '\r')
-            --end;
+        const qsizetype end = newline < 0 ? m_bytes.size() : newline;
         const QByteArray line = m_bytes.mid(start, end - start);
         const QByteArray trimmed = line.trimmed();
         const qsizetype equals = line.indexOf('=');
@@ -44,8 +42,10 @@ IniFile::Place IniFile::find(const QByteArray& section, const QByteArray& key) c
         } else if (inSection && !trimmed.startsWith(';') && !trimmed.startsWith('#') && equals >= 0) {
             place.sectionEnd = next;
             if (line.left(equals).trimmed() == key) {
-                place.valueStart = start + equals + 1;
-                place.valueEnd = end;
+                const QByteArray whole = line.mid(equals + 1);
+                const QByteArray value = whole.trimmed();
+                place.valueStart = start + equals + 1 + whole.indexOf(value);
+                place.valueEnd = place.valueStart + value.size();
                 return place;
             }
         }
@@ -70,11 +70,12 @@ bool IniFile::SetValue(const QString& section, const QString& key, const QString
     if (!isUsableSection(section) || !isUsableKey(key) || !staysInOneLine(value) || !survivesUtf8(value))
         return false;
     const Place place = find(section.toUtf8(), key.toUtf8());
+    const QByteArray bytes = value.toUtf8().trimmed();
     if (place.valueStart >= 0) {
-        m_bytes.replace(place.valueStart, place.valueEnd - place.valueStart, value.toUtf8());
+        m_bytes.replace(place.valueStart, place.valueEnd - place.valueStart, bytes);
         return true;
     }
-    QByteArray added = key.toUtf8() + '=' + value.toUtf8() + lineEnd();
+    QByteArray added = key.toUtf8() + '=' + bytes + lineEnd();
     const qsizetype at = place.sectionEnd < 0 ? m_bytes.size() : place.sectionEnd;
     if (place.sectionEnd < 0)
         added.prepend('[' + section.toUtf8() + ']' + lineEnd());

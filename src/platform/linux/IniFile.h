@@ -1,5 +1,6 @@
 // The text of one settings file: "[section]" lines, "key=value" lines, comments (";" or "#"). Owns the bytes as they
-// were read and changes single lines only. Nothing in a value is special: everything behind the first "=" is the value.
+// were read and changes single lines only. Nothing in a value is special: everything behind the first "=" is the value,
+// but for the blanks around it.
 #pragma once
 
 #include <QByteArray>
@@ -10,11 +11,11 @@ class IniFile final {
   public:
     explicit IniFile(QByteArray bytes) : m_bytes(std::move(bytes)) {}
 
-    /// The first entry of this name, spelt exactly; blanks around the key do not count, those of the value do.
+    /// The first entry of this name, spelt exactly. Blanks around section, key and value do not count.
     [[nodiscard]] std::optional<QString> Value(const QString& section, const QString& key) const;
 
     /// Changes the first entry of this name, or adds it at the end of its section. False, with nothing changed, when
-    /// section, key or value could not be read back the same.
+    /// section, key or value could not be read back the same but for blanks around the value.
     [[nodiscard]] bool SetValue(const QString& section, const QString& key, const QString& value);
 
     [[nodiscard]] const QByteArray& Bytes() const { return m_bytes; }

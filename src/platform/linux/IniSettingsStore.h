@@ -13,8 +13,8 @@ class IniSettingsStore final : public SettingsStore {
 
     [[nodiscard]] std::optional<QString> Read(const QString& application, const QString& section,
                                               const QString& key) const override;
-    [[nodiscard]] std::error_code Write(const QString& application, const QString& section, const QString& key,
-                                        const QString& value) override;
+    [[nodiscard]] std::error_code WriteAll(const QString& application, const QString& section,
+                                           const Entries& entries) override;
     [[nodiscard]] std::filesystem::path FileOf(const QString& application) const override;
 
   private:

@@ -3,6 +3,7 @@
 #include "FileDescriptor.h"
 #include "OpenMethod.h"
 #include "Tool.h"
+#include "modNativePath.h"
 #include <QFile>
 #include <QFileInfo>
 #include <QUrl>
@@ -59,10 +60,10 @@ OpenMethod methodFor(const QByteArray& path) {
 
 bool LinuxProcess::Open(const QString& path) {
     // Absolute, so that nothing is looked up along PATH and no name is taken for an option.
-    const QString absolute = QFileInfo(path).absoluteFilePath();
+    const QString absolute = modNativePath::ToText(modNativePath::Absolute(path));
     const QByteArray native = QFile::encodeName(absolute);
     struct stat facts {};
-    if (path.isEmpty() || stat(native.constData(), &facts) != 0)
+    if (stat(native.constData(), &facts) != 0)
         return false;
     const OpenMethod method = S_ISREG(facts.st_mode) ? methodFor(native) : OpenMethod::Desktop;
     switch (method) {
@@ -77,9 +78,8 @@ bool LinuxProcess::Open(const QString& path) {
 }
 
 bool LinuxProcess::OpenFolder(const QString& path) {
-    // An empty text would be the current directory.
-    const QFileInfo folder(path);
-    return !path.isEmpty() && folder.isDir() && openWithDesktop(folder.absoluteFilePath());
+    const QString absolute = modNativePath::ToText(modNativePath::Absolute(path));
+    return QFileInfo(absolute).isDir() && openWithDesktop(absolute);
 }
 
 bool LinuxProcess::OpenWebPage(const QString& address) {

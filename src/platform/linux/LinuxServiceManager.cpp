@@ -4,6 +4,7 @@
 #include "LinuxOwnFiles.h"
 #include "ServiceUnit.h"
 #include "Tool.h"
+#include "modForeignText.h"
 #include <iostream>
 
 namespace {
@@ -45,7 +46,7 @@ QByteArray priorityOf(ServiceEvent type) {
 } // namespace
 
 QByteArray EventLine(ServiceEvent type, int id, const QString& text, bool journal) {
-    const QString line = text.simplified() + QStringLiteral(" [%1]").arg(id);
+    const QString line = modForeignText::OneLine(text).simplified() + QStringLiteral(" [%1]").arg(id);
     return (journal ? priorityOf(type) : QByteArray()) + line.toUtf8() + '\n';
 }
 

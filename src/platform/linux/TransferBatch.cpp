@@ -119,7 +119,7 @@ void TransferBatch::removeSources(TransferObserver& observer) {
 void TransferBatch::finishFolders(TransferObserver& observer) {
     for (const StagedFolder& folder : m_folders) {
         std::error_code error =
-            CopyAttributes(folder.source->Descriptor(), folder.status, folder.destination->Descriptor(), false);
+            Attributes::CopyToFolder(folder.source->Descriptor(), folder.status, folder.destination->Descriptor());
         if (!error && folder.removeSource)
             error = folder.sourceParent->DeleteEmptyFolder(folder.name);
         // Not empty: what could not be transferred is in it, and was reported where it was to be.
