@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Times one run of an activity by kalvenor-run against cp -a and rsync -a on the same tree, alternating, in one go.
 
-usage: compare.py KALVENOR_RUN FOLDER [--files N] [--big MIB] [--rounds N]
+usage: compare.py KALVENOR_RUN FOLDER [--before KALVENOR_RUN] [--files N] [--big MIB] [--rounds N]
 
 FOLDER should lie on a quiet file system of its own (a loop-mounted image, a tmpfs); everything is made and removed
 below FOLDER/kalvenor-bench. Prints medians and their ratio to cp -a (rsync -a where cp has no such job).
@@ -63,6 +63,7 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("program", type=pathlib.Path)
     parser.add_argument("folder", type=pathlib.Path)
+    parser.add_argument("--before", type=pathlib.Path, help="an older build, measured in the same rounds")
     parser.add_argument("--files", type=int, default=20000)
     parser.add_argument("--big", type=int, default=1024, metavar="MIB")
     parser.add_argument("--rounds", type=int, default=5)
@@ -72,24 +73,28 @@ def main():
     settings = base / "settings" / "Kalvenor"
     settings.mkdir(parents=True)
     (settings / "Kalvenor.ini").write_text("[Options]\nAccepted=Yes\n")
-    environment = {**os.environ, "XDG_CONFIG_HOME": str(base / "settings"), "XDG_RUNTIME_DIR": str(base / "settings")}
+    environment = {**os.environ, "XDG_CONFIG_HOME": str(base / "settings"), "XDG_RUNTIME_DIR": str(base / "settings"),
+                   "XDG_STATE_HOME": str(base / "settings")}
 
     source, changed = base / "source", base / "changed"
     make_tree(source, options.files, options.big)
     subprocess.run(["cp", "-a", source, changed], check=True)
     mutate(changed)
 
-    def kalvenor(from_folder, target, action):
+    def kalvenor(program, from_folder, target, action):
         target.mkdir(exist_ok=True)
         activity = base / f"{target.name}.kvd"
         activity.write_text(ACTIVITY.format(source=from_folder, target=target, action=action))
-        return [str(options.program.resolve()), str(activity)]
+        return [str(program.resolve()), str(activity)]
 
     peers = {
-        "kalvenor": lambda origin, target, mirror: kalvenor(origin, target, 3 if mirror else 0),
+        "kalvenor": lambda origin, target, mirror: kalvenor(options.program, origin, target, 3 if mirror else 0),
+        "before": lambda origin, target, mirror: kalvenor(options.before, origin, target, 3 if mirror else 0),
         "rsync -a": lambda origin, target, mirror: ["rsync", "-a", *(["--delete"] if mirror else []), f"{origin}/", f"{target}/"],
         "cp -a": lambda origin, target, mirror: None if mirror else ["cp", "-au", f"{origin}/.", str(target)],
     }
+    if not options.before:
+        del peers["before"]
     jobs = [("first copy", source, False), ("unchanged", source, False), ("1 % changed, mirror", changed, True)]
     times = {}
     for _ in range(options.rounds):

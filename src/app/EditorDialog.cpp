@@ -17,6 +17,7 @@ bool EditorDialog::Edit(const QString& name, const ActivityRecord& record, const
          .record = record,
          .known = KnownAddresses::Of(m_program.File()),
          .isUsableName = [this](const QString& wanted) { return m_program.Document().IsUsableName(wanted); },
+         .isOwnFile = [this](const QString& path) { return m_program.IsOwnFile(path); },
          .write = write},
         m_dialogs.Parent());
     return m_dialogs.Run(editor) == QDialog::Accepted;

@@ -120,8 +120,12 @@ void Program::OnLogLine(std::function<void(const QString& line)> listener) {
 }
 
 void Program::RequestEnd() {
-    m_runState.closing = true;
+    m_runState.RequestEnd();
     m_engine->mail.GiveUpAfter(mailGrace);
+}
+
+bool Program::IsOwnFile(const QString& path) const {
+    return m_engine->ownPlaces.IsProtected(path);
 }
 
 void Program::AllowTicks() {

@@ -62,6 +62,9 @@ class Program final {
     /// Is told every entry of every activity's log, written or not.
     void OnLogLine(std::function<void(const QString& line)> listener);
 
+    /// True for a path that leads to the activity file or the settings: no activity may log there.
+    [[nodiscard]] bool IsOwnFile(const QString& path) const;
+
     /// Schedulers do nothing until this is called: no activity runs before the notice is answered.
     void AllowTicks();
 

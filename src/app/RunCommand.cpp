@@ -76,10 +76,10 @@ bool RunCommand::choose(const QStringList& wanted, QStringList& names) {
 RunCommand::ExitCode RunCommand::runAll(const QStringList& names) {
     bool succeeded = true;
     for (const QString& name : names) {
-        if (m_program.State().closing)
+        if (m_program.State().Closing())
             break;
         succeeded = m_program.RunNow(name).Succeeded() && succeeded;
     }
     RunEndWaiter(m_program).WaitOut(); // the mails
-    return succeeded && !m_program.State().closing ? Ran : SomethingFailed;
+    return succeeded && !m_program.State().Closing() ? Ran : SomethingFailed;
 }

@@ -31,7 +31,7 @@ void RunNowCommands::askAndRun(QStringList names, int questionId, int titleId) {
         return;
     for (const QString& name : names) {
         // Events ran in the box and in every run before this one.
-        if (m_program.State().closing || m_program.File().CurrentPath() != file)
+        if (m_program.State().Closing() || m_program.File().CurrentPath() != file)
             return;
         if (m_program.List().RowOf(name).has_value())
             m_program.RunNow(name);

@@ -42,7 +42,7 @@ bool passNotice(Program& program, StartUpFace& face) {
 } // namespace
 
 StartUpResult RunStartUp(Program& program, const CommandLine& commandLine, StartUpFace& face) {
-    const auto ended = [&] { return program.State().closing; };
+    const auto ended = [&] { return program.State().Closing(); };
 
     PlatformServices& services = program.Services();
     clsAssocFile(*services.fileTypes, *services.settings, program.Texts()).RegisterOnce(services.places);

@@ -53,7 +53,7 @@ void StatusPanel::ShowCount() {
 }
 
 void StatusPanel::look() {
-    const RunProgress& progress = m_program.State().progress;
+    const RunProgress& progress = m_program.State().Progress();
     const bool isRunning = !progress.activity.isEmpty();
     m_progress->setVisible(isRunning);
     m_running->setVisible(isRunning);

@@ -175,8 +175,10 @@ void frmMain::showMonitoring(bool on) {
 
 /// A failure is shown until somebody has had the window before them, even when later runs went well.
 void frmMain::showTrayState() {
-    bool& failed = m_program.State().anyFailed;
-    failed = failed && !isActiveWindow();
+    RunState& state = m_program.State();
+    if (isActiveWindow())
+        state.FailuresShown();
+    const bool failed = state.AnyFailed();
     const bool on = m_program.Monitoring().IsOn();
     m_tray.ShowState(failed ? TrayState::Failed : on ? TrayState::Monitoring : TrayState::Idle);
 }

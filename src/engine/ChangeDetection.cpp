@@ -12,35 +12,20 @@
 #include "modLogTime.h"
 #include "modNativePath.h"
 
-namespace {
-/// Counts the runs on the stack, whatever way a run ends.
-class DepthGuard final {
-  public:
-    explicit DepthGuard(RunState& state) : m_state(state) { ++m_state.depth; }
-    ~DepthGuard() { --m_state.depth; }
-    DepthGuard(const DepthGuard&) = delete;
-    DepthGuard& operator=(const DepthGuard&) = delete;
-
-  private:
-    RunState& m_state;
-};
-} // namespace
-
 RunOutcome ChangeDetection::ProcessActivity(const QString& name, RunStarter starter) {
-    RunState& state = m_parts.run.runState;
-    const DepthGuard guard(state);
-    const RunOutcome outcome = process(name, starter);
-    state.anyFailed |= outcome.directoryMissing || outcome.failures > 0;
+    RunState::Run run(m_parts.run.runState, name);
+    const RunOutcome outcome = process(name, starter, run);
+    run.Ended(outcome);
     return outcome;
 }
 
 /// Asked after events have run: monitoring may be off and the record gone by then.
 bool ChangeDetection::mayRun(const QString& name, RunStarter starter) const {
-    return !m_parts.run.runState.closing && m_parts.run.file.Has(name) &&
+    return !m_parts.run.runState.Closing() && m_parts.run.file.Has(name) &&
            (starter == RunStarter::User || m_parts.run.monitoring.IsOn());
 }
 
-RunOutcome ChangeDetection::process(const QString& name, RunStarter starter) {
+RunOutcome ChangeDetection::process(const QString& name, RunStarter starter, RunState::Run& run) {
     const SyncRun::Parts& parts = m_parts.run;
     parts.interruptions.Yield();
     // Held to the end of the run, whatever becomes of monitoring and of the current file meanwhile.
@@ -48,7 +33,7 @@ RunOutcome ChangeDetection::process(const QString& name, RunStarter starter) {
     const EngineLock::Token lock = m_parts.lock.Take(parts.file.CurrentPath(), refusal);
     if (!lock || !mayRun(name, starter))
         return {false, 0, true};
-    parts.runState.lastProcessed = name;
+    run.Started();
     parts.logs.SetActivityStatus(name, m_parts.texts.Text(236));
     parts.monitoring.CheckAllIdle();
 

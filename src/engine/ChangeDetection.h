@@ -28,7 +28,7 @@ class ChangeDetection final {
     RunOutcome ProcessActivity(const QString& name, RunStarter starter);
 
   private:
-    RunOutcome process(const QString& name, RunStarter starter);
+    RunOutcome process(const QString& name, RunStarter starter, RunState::Run& run);
     [[nodiscard]] bool mayRun(const QString& name, RunStarter starter) const;
     RunOutcome refuse(const QString& name, const QString& directory, std::error_code error);
     void handleMissing(const QString& name, const QString& directory);

@@ -163,7 +163,7 @@ void MonitoringController::refilled() {
 
 void MonitoringController::endByItself() {
     const bool powerOff = m_doneByRun && m_parts.options.ShutdownWhenIdle();
-    const QString last = m_parts.runState.lastProcessed;
+    const QString last = m_parts.runState.LastProcessed();
     StopMonitoring();
     if (powerOff) {
         const QString line = m_parts.texts.Text(223) + last + m_parts.texts.Text(224);
@@ -176,7 +176,7 @@ void MonitoringController::endByItself() {
 }
 
 void MonitoringController::tellEnd(bool wantsPowerOff, const QString& last) {
-    if (m_parts.runState.closing)
+    if (m_parts.runState.Closing())
         return;
     if (wantsPowerOff) {
         const int failure = powerOff();
@@ -192,7 +192,7 @@ void MonitoringController::tellEnd(bool wantsPowerOff, const QString& last) {
 
 /// 0 when the system has taken the request, else the text that says why not.
 int MonitoringController::powerOff() {
-    const auto atWork = [this] { return m_on || m_parts.runState.Running() || m_parts.runState.closing; };
+    const auto atWork = [this] { return m_on || m_parts.runState.Running() || m_parts.runState.Closing(); };
     if (atWork() ||
         m_parts.prompter.Ask({m_parts.texts.Text(588), m_parts.texts.Text(221), MessageIcon::Exclamation,
                               MessageButtons::OkCancel, std::chrono::seconds(60)}) != MessageAnswer::Ok ||

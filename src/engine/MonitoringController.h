@@ -18,7 +18,7 @@ struct MonitoringTimers;
 class PowerControl;
 class Prompter;
 class StringTable;
-struct RunState;
+class RunState;
 
 class MonitoringController final : public QObject, public MonitoringSwitch {
     Q_OBJECT

@@ -5,13 +5,14 @@
 #include "Process.h"
 #include "Prompter.h"
 #include "StringTable.h"
+#include "modForeignText.h"
 
 void Reactions::ReactToChange(const QString& name, const QString& path, const std::function<bool()>& mayGoOn) {
     const StringTable& texts = m_parts.texts;
     if (m_parts.file.Read(name, "alert") == u"Y") {
         m_parts.logs.SetActivityStatus(name, texts.Text(229) + u" " + path);
-        m_parts.interruptions.Ask(
-            {texts.Text(230) + path + texts.Text(231), texts.Text(232), MessageIcon::Information, MessageButtons::Ok});
+        m_parts.interruptions.Ask({texts.Text(230) + modForeignText::OneLine(path) + texts.Text(231), texts.Text(232),
+                                   MessageIcon::Information, MessageButtons::Ok});
         if (!mayGoOn())
             return;
     }

@@ -1,14 +1,16 @@
-// What is going on in the engine right now, shared by its parts. A plain value owned by the program.
+// What is under way in the engine right now, asked by many and told by the runs and mails themselves. Owned by the
+// program; cannot fail.
 #pragma once
 
 #include <QString>
 #include <cstdint>
+#include <utility>
 
 /// How a run of one activity ended.
 struct RunOutcome {
     bool directoryMissing = false;
     int failures = 0;         ///< files or folders that could not be handled
-    bool interrupted = false; ///< ended early: closing, a source that went away, a record that was removed
+    bool interrupted = false; ///< refused or ended early: what was to be done is not done
     [[nodiscard]] bool Succeeded() const { return !directoryMissing && failures == 0 && !interrupted; }
 };
 
@@ -19,13 +21,60 @@ struct RunProgress {
     std::uint64_t bytes = 0; ///< of them
 };
 
-struct RunState {
-    int depth = 0;          ///< runs on the stack
-    int mails = 0;          ///< notifications on their way
-    bool closing = false;   ///< the program is about to end: finish the present file, then return
-    QString lastProcessed;  ///< name of the activity processed last
-    bool anyFailed = false; ///< a run had a missing directory or a failure; cleared by whoever has shown it
-    RunProgress progress;
+class RunState final {
+  public:
+    /// A run from its first step to its last. Runs lie inside one another when events of one start another.
+    class Run final {
+      public:
+        Run(RunState& state, const QString& name)
+            : m_state(state), m_interrupted(std::exchange(state.m_progress, {name})) {
+            ++m_state.m_depth;
+        }
+        ~Run() {
+            --m_state.m_depth;
+            m_state.m_progress = m_interrupted;
+        }
+        Run(const Run&) = delete;
+        Run& operator=(const Run&) = delete;
+
+        void Started() { m_state.m_lastProcessed = m_state.m_progress.activity; }
+        void Ended(const RunOutcome& outcome) {
+            m_state.m_anyFailed = m_state.m_anyFailed || outcome.directoryMissing || outcome.failures > 0;
+        }
+
+      private:
+        RunState& m_state;
+        RunProgress m_interrupted;
+    };
+
+    /// Of the innermost run.
+    void CountFile() { ++m_progress.files; }
+    void CountBytes(std::uint64_t bytes) { m_progress.bytes += bytes; }
+    [[nodiscard]] const RunProgress& Progress() const { return m_progress; }
+    [[nodiscard]] int Depth() const { return m_depth; }
+
+    /// Name of the activity that was started last.
+    [[nodiscard]] const QString& LastProcessed() const { return m_lastProcessed; }
+
+    void MailBegan() { ++m_mails; }
+    void MailEnded() { --m_mails; }
+
     /// Something is under way that must not be cut off, by switching the machine off say.
-    [[nodiscard]] bool Running() const { return depth > 0 || mails > 0; }
+    [[nodiscard]] bool Running() const { return m_depth > 0 || m_mails > 0; }
+
+    /// The program is about to end: runs finish the present file, nothing new begins.
+    void RequestEnd() { m_closing = true; }
+    [[nodiscard]] bool Closing() const { return m_closing; }
+
+    /// A run had a missing directory or a failure, until whoever has shown it says so.
+    [[nodiscard]] bool AnyFailed() const { return m_anyFailed; }
+    void FailuresShown() { m_anyFailed = false; }
+
+  private:
+    RunProgress m_progress;
+    QString m_lastProcessed;
+    int m_depth = 0;
+    int m_mails = 0;
+    bool m_closing = false;
+    bool m_anyFailed = false;
 };

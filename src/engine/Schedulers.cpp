@@ -20,7 +20,7 @@ void Schedulers::ConnectTo(MonitoringTimers& timers) {
 }
 
 void Schedulers::guarded(void (Schedulers::*tick)()) {
-    if (!m_allowed || m_parts.list.ListBusy() || m_parts.runState.closing)
+    if (!m_allowed || m_parts.list.ListBusy() || m_parts.runState.Closing())
         return;
     modLogTime::ReadTimeZone();
     try {
@@ -38,7 +38,7 @@ bool Schedulers::isActive(int row, const QString& type) const {
 }
 
 bool Schedulers::mayGoOn() const {
-    return m_parts.monitoring.IsOn() && !m_parts.runState.closing;
+    return m_parts.monitoring.IsOn() && !m_parts.runState.Closing();
 }
 
 void Schedulers::runDue(const QString& name) {

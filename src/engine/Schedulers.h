@@ -12,7 +12,7 @@ class Clock;
 class MonitoringSwitch;
 class StringTable;
 struct MonitoringTimers;
-struct RunState;
+class RunState;
 
 class Schedulers final : public QObject {
     Q_OBJECT

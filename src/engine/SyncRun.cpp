@@ -27,8 +27,7 @@ SyncRun::SyncRun(const Parts& parts, RunIdentity identity, RunStarter starter, s
                  std::shared_ptr<Folder> destination)
     : m_parts(parts), m_identity(std::move(identity)), m_starter(starter), m_source(std::move(source)),
       m_destination(std::move(destination)), m_recordReadAt(parts.interruptions.Count() - 1),
-      m_log(parts.file.Read(m_identity.name, "logfile")),
-      m_interrupted(std::exchange(parts.runState.progress, {m_identity.name})), m_end(RunEnd::None),
+      m_log(parts.file.Read(m_identity.name, "logfile")), m_end(RunEnd::None),
       m_transfer(parts.fileSystem.NewTransfer(*this)), m_staging(parts.interruptions, *m_transfer) {
     for (const auto& root : {m_source, m_destination})
         for (const FileId id : root->Ancestors())
@@ -37,7 +36,6 @@ SyncRun::SyncRun(const Parts& parts, RunIdentity identity, RunStarter starter, s
 
 SyncRun::~SyncRun() {
     m_transfer->Commit();
-    m_parts.runState.progress = m_interrupted;
 }
 
 RunOutcome SyncRun::Run() {
@@ -63,7 +61,7 @@ void SyncRun::readRecord() {
 }
 
 bool SyncRun::Over() {
-    if (m_parts.runState.closing)
+    if (m_parts.runState.Closing())
         End(RunEnd::Closing);
     else if (m_starter == RunStarter::Schedule && !m_parts.monitoring.IsOn())
         End(RunEnd::Stopped);
@@ -140,7 +138,7 @@ void SyncRun::Failed(const std::filesystem::path& source, std::error_code error)
 }
 
 void SyncRun::Progress(std::uint64_t bytes) {
-    m_parts.runState.progress.bytes += bytes;
+    m_parts.runState.CountBytes(bytes);
     m_parts.interruptions.YieldWhenDue();
 }
 

@@ -94,7 +94,7 @@ class SyncRun final : public TransferObserver {
     void Refuse(const QString& text);
 
     void Failed(const std::filesystem::path& source, std::error_code error) override;
-    void Transferred() override { ++m_parts.runState.progress.files; }
+    void Transferred() override { m_parts.runState.CountFile(); }
     void Progress(std::uint64_t bytes) override;
     [[nodiscard]] bool StopRequested() override { return Over(); }
 
@@ -118,7 +118,6 @@ class SyncRun final : public TransferObserver {
     QString m_log; ///< of the activity, as the record says
     std::set<FileId> m_ownFiles;
     std::set<FileId> m_logs;
-    RunProgress m_interrupted; ///< that of the run which this one runs inside of
     int m_failures = 0;
     RunEnd m_end;
     std::unique_ptr<FileTransfer> m_transfer;

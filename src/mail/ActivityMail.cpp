@@ -39,7 +39,7 @@ void ActivityMail::sendByDesktop(const MailOrder& order) {
 }
 
 void ActivityMail::begin(Lane& lane, MailOrder order) {
-    ++m_parts.runState.mails;
+    m_parts.runState.MailBegan();
     lane.present = std::make_unique<MailDispatch>(std::move(order), m_parts.settings, m_parts.names, m_parts.clock);
     connect(lane.present.get(), &MailDispatch::Ended, this,
             [this, name = lane.present->Order().name](const QString& failure) { ended(name, failure); });
@@ -52,7 +52,7 @@ void ActivityMail::ended(const QString& name, const QString& failure) {
         m_parts.logs.WriteActionLine(name,
                                      m_parts.texts.Text(241) + lane.present->Order().recipient + u"' - " + failure);
     lane.present.release()->deleteLater(); // its signal is still on the stack
-    --m_parts.runState.mails;
+    m_parts.runState.MailEnded();
     if (std::optional<MailOrder> next = std::exchange(lane.waiting, std::nullopt))
         begin(lane, *std::move(next));
     else

@@ -10,7 +10,7 @@
 
 class ActivityLogs;
 class DesktopMailClient;
-struct RunState;
+class RunState;
 
 class ActivityMail final : public QObject, public ActivityMailer {
     Q_OBJECT

@@ -1450,5 +1450,9 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <source>Run ended early: a directory was replaced by another one.</source>
         <translation>Lauf vorzeitig beendet: Ein Verzeichnis wurde durch ein anderes ersetzt.</translation>
     </message>
+    <message id="620">
+        <source>'%1' belongs to Kalvenor itself and cannot be the log file of an activity.</source>
+        <translation>'%1' gehört zu Kalvenor selbst und kann nicht die Protokolldatei einer Aktivität sein.</translation>
+    </message>
 </context>
 </TS>

@@ -1450,5 +1450,9 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <source>Run ended early: a directory was replaced by another one.</source>
         <translation>Run ended early: a directory was replaced by another one.</translation>
     </message>
+    <message id="620">
+        <source>'%1' belongs to Kalvenor itself and cannot be the log file of an activity.</source>
+        <translation>'%1' belongs to Kalvenor itself and cannot be the log file of an activity.</translation>
+    </message>
 </context>
 </TS>

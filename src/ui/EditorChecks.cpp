@@ -63,6 +63,13 @@ Found missingFile(const Place& place, const Input& i, const Environment& e, F fi
     return missing(place, e, 132, path);
 }
 
+Found ownLogFile(const Input& i, const Environment& e) {
+    const QString path = i.record.Text(F::LogFile);
+    if (path.trimmed().isEmpty() || !e.isOwnFile(path))
+        return {};
+    return refusal(logFile, e.texts.Text(620).arg(path), e.texts.Text(135));
+}
+
 Found missingFolder(const Place& place, const Input& i, const Environment& e, F field, int text) {
     const QString& path = i.record.Text(field);
     const std::filesystem::path folder = modNativePath::Absolute(path);
@@ -197,6 +204,7 @@ constexpr std::array checks{
           [](const Input& i, const Environment& e) { return missingFile(program, i, e, F::Executable); }},
     Check{"the log file exists",
           [](const Input& i, const Environment& e) { return missingFile(logFile, i, e, F::LogFile); }},
+    Check{"the log file is none of the program's own", ownLogFile},
     Check{"the source exists",
           [](const Input& i, const Environment& e) { return missingFolder(source, i, e, F::SourceDir, 281); }},
     Check{"the destination exists",

@@ -37,6 +37,8 @@ struct Environment {
     const StringTable& texts;
     /// Whether an activity of this name can be stored.
     const std::function<bool(const QString&)>& isUsableName;
+    /// Whether the path leads to the activity file or the settings.
+    const std::function<bool(const QString&)>& isOwnFile;
 };
 
 /// What to say, and where to look. A question (Yes/No) can be waved through; anything else has to be mended.

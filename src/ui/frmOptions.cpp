@@ -92,8 +92,9 @@ void frmOptions::done(int result) {
 bool frmOptions::passesChecks() {
     const EditorChecks::Input input{Name(), Record(), m_schedule->ShownDate(), m_schedule->ShownDateTime(),
                                     m_schedule->ShownTime()};
-    const EditorChecks::Environment environment{m_services.files,  m_services.system, m_services.clock,
-                                                m_services.locale, m_services.texts,  m_request.isUsableName};
+    const EditorChecks::Environment environment{m_services.files,   m_services.system, m_services.clock,
+                                                m_services.locale,  m_services.texts,  m_request.isUsableName,
+                                                m_request.isOwnFile};
     return EditorChecks::Pass(input, environment,
                               [this](const EditorChecks::Problem& problem) { return wavesThrough(problem); });
 }

@@ -25,6 +25,7 @@ class frmOptions final : public QDialog {
         KnownAddresses known;
         /// Whether an activity of this name can be stored.
         std::function<bool(const QString& name)> isUsableName;
+        std::function<bool(const QString& path)> isOwnFile;
         /// Writes the activity. False when it was refused and the user knows; an exception is shown here. Either way
         /// the editor stays open.
         std::function<bool(const QString& name, const ActivityRecord& record)> write;

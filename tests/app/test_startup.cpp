@@ -160,7 +160,7 @@ class TestStartUp : public QObject {
             QSignalSpy closed(&host, &HeadlessHost::Closed);
             host.RequestStop();
             QVERIFY(closed.wait());
-            QVERIFY(!world.program.Monitoring().IsOn() && world.program.State().closing);
+            QVERIFY(!world.program.Monitoring().IsOn() && world.program.State().Closing());
             QCOMPARE(world.serviceManager->asked, (QStringList{u"ready"_qs, u"stopping"_qs}));
         }
     }

@@ -110,7 +110,7 @@ class TestSchedulers final : public QObject {
                 return;
             QVERIFY(!program.Monitoring().IsOn() && fixture.power->requests == 0);
             if (end == u"busy")
-                ++program.State().depth;
+                program.State().MailBegan();
             if (end == u"restart" &&
                 program.List().setData(program.List().index(0, 0), Qt::Checked, Qt::CheckStateRole))
                 program.Monitoring().ToggleMonitoring();
@@ -360,8 +360,8 @@ class TestSchedulers final : public QObject {
         program.Monitoring().ToggleMonitoring();
         int deepest = 0;
         fixture.pump->onYield = [&] {
-            deepest = std::max(deepest, program.State().depth);
-            if (program.State().depth == 1)
+            deepest = std::max(deepest, program.State().Depth());
+            if (program.State().Depth() == 1)
                 fixture.Pass(121s);
         };
         fixture.Pass(3s);

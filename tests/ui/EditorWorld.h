@@ -28,6 +28,7 @@ struct EditorWorld {
                 record,
                 {},
                 [](const QString&) { return true; },
+                [](const QString&) { return false; },
                 [this](const QString& given, const ActivityRecord& value) {
                     ++writes;
                     writtenName = given;

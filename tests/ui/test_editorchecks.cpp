@@ -40,6 +40,7 @@ class TestEditorChecks : public QObject {
     std::function<bool(const QString&)> m_isUsableName = [](const QString& name) {
         return !name.contains(u' ') && !name.contains(u'€');
     };
+    std::function<bool(const QString&)> m_isOwnFile = [](const QString& path) { return path.endsWith(u"/own"); };
 
     EditorChecks::Input valid() const {
         EditorChecks::Input input;
@@ -57,8 +58,8 @@ class TestEditorChecks : public QObject {
 
     std::vector<EditorChecks::Problem> problems(const EditorChecks::Input& input) {
         std::vector<EditorChecks::Problem> found;
-        const EditorChecks::Environment environment{m_store.files, m_system,      m_clock,
-                                                    m_locale,      m_store.texts, m_isUsableName};
+        const EditorChecks::Environment environment{m_store.files, m_system,       m_clock,    m_locale,
+                                                    m_store.texts, m_isUsableName, m_isOwnFile};
         const bool passed = EditorChecks::Pass(input, environment, [&](const EditorChecks::Problem& problem) {
             found.push_back(problem);
             return problem.message.buttons == MessageButtons::YesNo;
@@ -82,6 +83,7 @@ class TestEditorChecks : public QObject {
             {"program is missing", {q("txtExecutable")}, {{F::Executable, missing}}},
             {"program is a folder", {q("txtExecutable")}, {{F::Executable, cwd}}},
             {"log file is missing", {q("txtLogFile")}, {{F::LogFile, missing}}},
+            {"log file is the program's own", {q("txtLogFile")}, {{F::LogFile, m_store.Path("own")}}},
             {"source is missing", source, paths(missing, cwd)},
             {"destination is empty", target, paths(cwd, {})},
             {"no action needs none", {}, paths(cwd, {}, "2")},
@@ -147,6 +149,7 @@ class TestEditorChecks : public QObject {
     void initTestCase() {
         for (const char* folder : {"windows/below", "system"})
             QDir().mkpath(m_store.Path(folder));
+        QVERIFY(m_store.Write(q("own"), ""));
         QVERIFY(QFile::link(m_store.Path("system"), m_store.Path("link")));
         m_system = {m_store.Path("windows").toStdString(), m_store.Path("system").toStdString(),
                     m_store.folder.path().toStdString()};

@@ -7,6 +7,7 @@ namespace {
 
 constexpr int kDeepest = 1000; // every level holds two descriptors
 constexpr mode_t kOwnerMayFill = 0700;
+constexpr mode_t kGroup = 0070;
 
 } // namespace
 
@@ -82,8 +83,9 @@ std::shared_ptr<LinuxFolder> TreeTransfer::open(const LinuxFolder& parent, const
 
 std::shared_ptr<LinuxFolder> TreeTransfer::make(const LinuxFolder& parent, const std::filesystem::path& name,
                                                 mode_t mode, std::error_code& error) {
-    // Never more open than the source, even for a moment, and open enough for its owner to fill it.
-    if (::mkdirat(parent.Descriptor(), name.c_str(), (mode & 0777U) | kOwnerMayFill) != 0) {
+    // Never more open than the source, even for a moment, and open enough for its owner to fill it. Its group may not
+    // be the source's before the folder gets its attributes.
+    if (::mkdirat(parent.Descriptor(), name.c_str(), (mode & 0777U & ~kGroup) | kOwnerMayFill) != 0) {
         error = LastError();
         return nullptr;
     }
