@@ -5,6 +5,7 @@
 #include "DueMarks.h"
 #include "Interruptions.h"
 #include "KeyState.h"
+#include "MailSettings.h"
 #include "OwnPlaces.h"
 #include "Prompter.h"
 #include "Reactions.h"
@@ -27,7 +28,8 @@ struct Program::Engine {
                      program.m_options,
                      *program.m_services.ownFiles,
                      *program.m_services.fileSystem,
-                     {program.m_services.settings->FileOf(SettingsStore::OwnApplication)}}),
+                     {program.m_services.settings->FileOf(SettingsStore::OwnApplication),
+                      program.m_services.settings->FileOf(MailSettings::Application)}}),
           logs({program.m_file, program.m_list, program.m_options, *program.m_services.ownFiles, ownPlaces,
                 *program.m_services.clock, program.m_texts}),
           reactions({program.m_file, logs, *program.m_services.process, interruptions, program.m_texts}),

@@ -60,27 +60,30 @@ void FileSync::mirrorPass() {
     for (const FolderEntry& entry : m_pair.destination.Entries()) {
         if (m_run.Over())
             return;
-        if (!takesPart(m_pair.destination, entry) || m_pair.names.IsCounterpart(entry.name))
+        if (!takesPart(m_pair.destination, entry))
             continue;
-        mirrorFile(entry);
+        if (m_run.IsSurplus(m_pair, entry))
+            deleteSurplus(entry);
+        else
+            bringBack(entry);
         m_run.AbortTest();
         m_run.Progress(0);
     }
 }
 
-void FileSync::mirrorFile(const FolderEntry& entry) {
+/// A destination that is older than its counterpart. A differently spelt one has no counterpart here: the main pass
+/// finds it.
+void FileSync::bringBack(const FolderEntry& entry) {
     const unsigned now = m_tools.interruptions.Count();
     const std::optional<FileFacts> destination = m_pair.destination.Facts(entry.name);
-    const std::optional<FileFacts> source = m_pair.source.Facts(entry.name);
-    if (!source) {
-        if (!m_pair.source.Has(entry.name)) // what goes from the source just now stays until the next run
-            deleteSurplus(entry);
-    } else if (destination && destination->kind == EntryKind::File && source->kind == EntryKind::File &&
-               source->id != destination->id && modDateCompare::Compare(destination->modified, source->modified) < 0) {
-        const Decided file{entry.name, *source, destination, now};
-        if (m_run.React(pathIn(m_pair.destination, entry.name)) && isAsDecided(file))
-            syncExisting(file);
-    }
+    const std::optional<FileFacts> source =
+        m_pair.source.Has(entry.name) ? m_pair.source.Facts(entry.name) : std::nullopt;
+    if (!source || !destination || destination->kind != EntryKind::File || source->kind != EntryKind::File ||
+        source->id == destination->id || modDateCompare::Compare(destination->modified, source->modified) >= 0)
+        return;
+    const Decided file{entry.name, *source, destination, now};
+    if (m_run.React(pathIn(m_pair.destination, entry.name)) && isAsDecided(file))
+        syncExisting(file);
 }
 
 void FileSync::deleteSurplus(const FolderEntry& entry) {

@@ -25,7 +25,7 @@ class FileSync final {
 
     [[nodiscard]] bool list();
     void mirrorPass();
-    void mirrorFile(const FolderEntry& entry);
+    void bringBack(const FolderEntry& entry);
     void deleteSurplus(const FolderEntry& entry);
     void mainPass();
     void syncFile(const FolderEntry& entry);

@@ -95,6 +95,15 @@ bool SyncRun::MayDelete() {
     return false;
 }
 
+bool SyncRun::IsSurplus(FolderPair& pair, const FolderEntry& entry) {
+    if (pair.source.Has(entry.name) || pair.names.IsCounterpart(entry.name))
+        return false;
+    const std::optional<FileFacts> source = pair.source.Facts(entry.name);
+    if (source && source->kind == EntryKind::Unknown)
+        Failed(pair.source.Handle()->Path() / entry.name, source->error);
+    return !source;
+}
+
 const FileRules& SyncRun::Rules() {
     readRecord();
     return m_rules;
@@ -174,8 +183,7 @@ void SyncRun::SyncFolders(FolderPair& pair) {
     for (const FolderEntry& entry : pair.destination.Entries()) {
         if (Over())
             return;
-        if (entry.facts.kind != EntryKind::Folder || pair.source.Has(entry.name) || pair.source.Facts(entry.name) ||
-            pair.names.IsCounterpart(entry.name))
+        if (entry.facts.kind != EntryKind::Folder || !IsSurplus(pair, entry))
             continue;
         SurplusRemoval(*this, pair, entry).DeleteTree();
         AbortTest();

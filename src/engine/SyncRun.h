@@ -74,6 +74,9 @@ class SyncRun final : public TransferObserver {
     /// True while a mirror may delete: the run goes on and both roots are where they were. Else ends the run.
     [[nodiscard]] bool MayDelete();
 
+    /// True for an entry of the destination that the source lacks, now as when it was listed.
+    [[nodiscard]] bool IsSurplus(FolderPair& pair, const FolderEntry& entry);
+
     [[nodiscard]] const Parts& Tools() const { return m_parts; }
     [[nodiscard]] FileTransfer& Transfer() { return *m_transfer; }
     [[nodiscard]] const FileRules& Rules();

@@ -6,7 +6,6 @@
 
 namespace {
 
-const QString application = QStringLiteral("Postrelle");
 const QString section = QStringLiteral("Settings");
 const QString persistentKey = QStringLiteral("PersistentSettings");
 
@@ -45,14 +44,16 @@ QString keyOf(const Table& table, Field field) {
 } // namespace
 
 MailSettings::MailSettings(SettingsStore& store) : m_store(store) {
-    m_persistent = m_store.Read(application, section, persistentKey).value_or(QString()).toInt() != 0;
+    m_persistent = m_store.Read(MailSettings::Application, section, persistentKey).value_or(QString()).toInt() != 0;
     if (!m_persistent)
         return;
     for (const auto& [key, field] : texts)
-        m_values.*field = m_store.Read(application, section, QLatin1String(key)).value_or(m_values.*field);
+        m_values.*field =
+            m_store.Read(MailSettings::Application, section, QLatin1String(key)).value_or(m_values.*field);
     for (const auto& [key, field] : numbers) {
         bool isNumber = false;
-        const int value = m_store.Read(application, section, QLatin1String(key)).value_or(QString()).toInt(&isNumber);
+        const int value =
+            m_store.Read(MailSettings::Application, section, QLatin1String(key)).value_or(QString()).toInt(&isNumber);
         if (isNumber)
             m_values.*field = value;
     }
@@ -61,16 +62,16 @@ MailSettings::MailSettings(SettingsStore& store) : m_store(store) {
 void MailSettings::Set(QString Values::*field, const QString& value) {
     m_values.*field = value;
     if (m_persistent)
-        std::ignore = m_store.Write(application, section, keyOf(texts, field), value);
+        std::ignore = m_store.Write(MailSettings::Application, section, keyOf(texts, field), value);
 }
 
 void MailSettings::Set(int Values::*field, int value) {
     m_values.*field = value;
     if (m_persistent)
-        std::ignore = m_store.Write(application, section, keyOf(numbers, field), QString::number(value));
+        std::ignore = m_store.Write(MailSettings::Application, section, keyOf(numbers, field), QString::number(value));
 }
 
 void MailSettings::SetPersistent(bool persistent) {
     m_persistent = persistent;
-    std::ignore = m_store.Write(application, section, persistentKey, QString::number(persistent ? 1 : 0));
+    std::ignore = m_store.Write(MailSettings::Application, section, persistentKey, QString::number(persistent ? 1 : 0));
 }

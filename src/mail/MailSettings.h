@@ -8,6 +8,9 @@ class SettingsStore;
 
 class MailSettings final {
   public:
+    /// The application name under which they are stored.
+    static inline const QString Application = QStringLiteral("Postrelle");
+
     explicit MailSettings(SettingsStore& store);
 
     struct Values {
