@@ -35,8 +35,13 @@ StatusPanel::StatusPanel(QStatusBar& bar, Program& program)
     m_progress->setAccessibleName(program.Texts().Text(197));
     bar.addPermanentWidget(m_progress);
     m_count = addLabel(bar, "lblCount");
+    m_timer.setInterval(kLook);
     connect(&m_timer, &QTimer::timeout, this, &StatusPanel::look);
-    m_timer.start(kLook);
+    // A run begins with a status in its row; as long as nothing runs, nothing wakes.
+    connect(&program.List(), &ActivityList::dataChanged, this, [this] {
+        if (!m_timer.isActive())
+            look();
+    });
     look();
 }
 
@@ -55,6 +60,8 @@ void StatusPanel::ShowCount() {
 void StatusPanel::look() {
     const RunProgress& progress = m_program.State().Progress();
     const bool isRunning = !progress.activity.isEmpty();
+    if (isRunning != m_timer.isActive())
+        isRunning ? m_timer.start() : m_timer.stop();
     m_progress->setVisible(isRunning);
     m_running->setVisible(isRunning);
     if (!isRunning)

@@ -3,6 +3,7 @@
 #include "DialogHost.h"
 #include "Program.h"
 #include "Prompter.h"
+#include "RunEndWaiter.h"
 #include "ServiceMode.h"
 #include "frmServiceOptions.h"
 
@@ -48,12 +49,21 @@ void SystemCommands::offerVersion(ctlAutoUpdate::Check check) {
         m_update.OpenURL(UpdateConfiguration::DownloadPage());
 }
 
+/// The service would find the activity file locked as long as anything runs here.
+void SystemCommands::letGoOfTheFile() {
+    if (m_program.Monitoring().IsOn())
+        m_program.Monitoring().StopMonitoring();
+    RunEndWaiter(m_program).WaitOut();
+}
+
 void SystemCommands::ShowServiceOptions() {
     if (m_dialogs.RaiseOpen())
         return;
     frmServiceOptions form(m_program.Texts(), m_dialogs.Parent());
     bool mustEnd = false;
     connect(&form, &frmServiceOptions::Chosen, this, [&](const QString& word) {
+        if (word == QLatin1String("startservice"))
+            letGoOfTheFile();
         if (m_program.Service().ServiceConfiguration(word, ServiceCaller::Dialog)) {
             mustEnd = true;
             form.accept();

@@ -31,6 +31,7 @@ class SystemCommands final : public QObject {
     void EndWanted();
 
   private:
+    void letGoOfTheFile();
     void tell(const QString& text, int titleId, bool isProblem);
     void offerVersion(ctlAutoUpdate::Check check);
 

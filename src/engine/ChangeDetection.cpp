@@ -51,7 +51,7 @@ RunOutcome ChangeDetection::process(const QString& name, RunStarter starter, Run
         return refuse(name, identity.destination, error);
     countRun(name);
     const RunOutcome outcome = SyncRun(parts, identity, starter, source, destination).Run();
-    if (outcome.interrupted || RunIdentity::Of(parts.file, name) != identity)
+    if (outcome.interrupted)
         return outcome;
     sendMail(name, *source, *destination);
     parts.logs.SetActivityStatus(name, m_parts.texts.Text(242));

@@ -24,6 +24,10 @@ void Interruptions::commitAll() {
         m_transfers[i]->Commit();
 }
 
+std::chrono::steady_clock::time_point Interruptions::Now() const {
+    return m_clock.MonotonicNow();
+}
+
 MessageAnswer Interruptions::Ask(const Message& message) {
     commitAll();
     const MessageAnswer answer = m_prompter.Ask(message);

@@ -28,6 +28,8 @@ class Interruptions final {
     /// The same, at most every 50 ms.
     void YieldWhenDue();
 
+    [[nodiscard]] std::chrono::steady_clock::time_point Now() const;
+
     /// Grows with every time anything else could happen.
     [[nodiscard]] unsigned Count() const { return m_count; }
 

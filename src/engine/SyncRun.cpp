@@ -14,6 +14,8 @@
 using modNativePath::ToText;
 
 namespace {
+/// What a file on its way gets when the program closes: the system waits for no program much longer.
+constexpr std::chrono::seconds grace{20};
 constexpr int deepest = 1000; // every level holds two descriptors
 
 /// What the user did not ask for counts as a failure.
@@ -41,6 +43,7 @@ SyncRun::~SyncRun() {
 RunOutcome SyncRun::Run() {
     SyncFilesAndFolders(m_source, m_destination, 0);
     m_transfer->Commit();
+    readRecord(); // events ran: what follows a run must not go by another record
     return {false, m_failures, m_end != RunEnd::None};
 }
 
@@ -149,6 +152,14 @@ void SyncRun::Failed(const std::filesystem::path& source, std::error_code error)
 void SyncRun::Progress(std::uint64_t bytes) {
     m_parts.runState.CountBytes(bytes);
     m_parts.interruptions.YieldWhenDue();
+}
+
+bool SyncRun::MustGiveUp() {
+    if (!m_parts.runState.Closing())
+        return false;
+    if (!m_closingSince)
+        m_closingSince = m_parts.interruptions.Now();
+    return m_parts.interruptions.Now() - *m_closingSince >= grace;
 }
 
 void SyncRun::SyncFilesAndFolders(std::shared_ptr<Folder> source, std::shared_ptr<Folder> destination, int depth) {

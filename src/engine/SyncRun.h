@@ -99,6 +99,7 @@ class SyncRun final : public TransferObserver {
     void Failed(const std::filesystem::path& source, std::error_code error) override;
     void Transferred() override { m_parts.runState.CountFile(); }
     void Progress(std::uint64_t bytes) override;
+    [[nodiscard]] bool MustGiveUp() override;
     [[nodiscard]] bool StopRequested() override { return Over(); }
 
   private:
@@ -123,6 +124,7 @@ class SyncRun final : public TransferObserver {
     std::set<FileId> m_logs;
     int m_failures = 0;
     RunEnd m_end;
+    std::optional<std::chrono::steady_clock::time_point> m_closingSince;
     std::unique_ptr<FileTransfer> m_transfer;
     Interruptions::Staging m_staging;
 };

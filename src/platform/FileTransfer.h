@@ -20,6 +20,9 @@ class TransferObserver {
     /// Called often during long work (at least once for every few MiB). Events may run inside.
     virtual void Progress(std::uint64_t bytes) = 0;
 
+    /// Asked while a file is copied; true discards the copy (std::errc::operation_canceled).
+    [[nodiscard]] virtual bool MustGiveUp() = 0;
+
     /// Asked between files of a folder that is transferred whole; true ends it after the present file.
     [[nodiscard]] virtual bool StopRequested() = 0;
 };

@@ -320,6 +320,20 @@ class TestSynchronisation final : public QObject {
         QCOMPARE(fixture.prompter.shown.size(), 1U);
         QVERIFY(!fixture.Exists(u"dst/b"_qs));
         QVERIFY(fixture.Exists(u"src/a"_qs) && fixture.Exists(u"src/b"_qs));
+
+        // A very large one is given up after a while: the system would kill a program that takes longer.
+        ProgramFixture large;
+        large.Add(A);
+        large.Write(u"src/large"_qs, QByteArray(20'000'000, 'x'));
+        Program& closing = large.Start();
+        large.pump->onYield = [&] {
+            if (closing.State().Progress().bytes > 0)
+                closing.RequestEnd();
+        };
+        large.clock->step = std::chrono::seconds(5);
+        QVERIFY(closing.RunNow(A).interrupted);
+        QVERIFY(Tree(large.Path(dst)).isEmpty());
+        QVERIFY(large.Exists(u"src/large"_qs));
     }
 };
 

@@ -29,11 +29,13 @@ class RecordingObserver final : public TransferObserver {
         if (onProgress)
             onProgress();
     }
+    bool MustGiveUp() override { return givesUp; }
     bool StopRequested() override { return filesUntilStop >= 0 && filesUntilStop-- == 0; }
 
     std::map<fs::path, std::error_code> failures; ///< by file name
     std::function<void()> onProgress;
     int filesUntilStop = -1;
+    bool givesUp = false;
 };
 
 class FileWorld {

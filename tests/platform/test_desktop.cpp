@@ -80,7 +80,7 @@ class TestDesktop final : public QObject {
         QVERIFY(!entries.Exists(name) && !entries.Remove(name));
         QVERIFY(!entries.Create(name, "/old/Kalvenor") && !entries.Create(name, R"(/My "$HOME"/100%f/\/K)"));
         QCOMPARE(m_home->Read(autostart), QByteArray("[Desktop Entry]\nType=Application\nName=Kalvenor\n"
-                                                     R"(Exec="/My \\"\\$HOME\\"/100%%f/\\\\/K")"
+                                                     R"(Exec=/usr/bin/env "/My \\"\\$HOME\\"/100%%f/\\\\/K")"
                                                      "\nTerminal=false\n"));
         QCOMPARE(DesktopTexts::ExecProgram("/a\nHidden=true/K"), QByteArray(R"("/a\nHidden=true/K")"));
         QVERIFY(entries.Exists(name) && !entries.Exists(u"Other"_qs));
@@ -93,10 +93,11 @@ class TestDesktop final : public QObject {
         const QString list = u"config/mimeapps.list"_qs;
         const QByteArray defaults = "# mine\n[Default Applications]\napplication/x-kalvenor-activities=";
         const QByteArray others = "b.desktop;\ntext/plain=a.desktop\n\n[Added Associations]\nx/y=z;\n";
-        QVERIFY(m_home->Write(list, defaults + others));
+        QVERIFY(m_home->Write(list, defaults + others) && m_home->Write(u"kvd.svg"_qs, "<svg/>"));
         LinuxFileTypes types(m_home->Native(u"data"_qs), m_home->Native(u"config"_qs));
         for (int time = 0; time < 2; ++time) { // the second time nothing changes
-            QVERIFY(!types.Register({"/opt/a b/Kalvenor", u".kvd"_qs, {}, u"A <list> & more"_qs}));
+            QVERIFY(!types.Register(
+                {"/opt/a b/Kalvenor", u".kvd"_qs, m_home->Native(u"kvd.ico"_qs), u"A <list> & more"_qs}));
             const QByteArray entry = m_home->Read(u"data/applications/kalvenor-activities.desktop"_qs);
             QVERIFY(entry.contains("\nExec=\"/opt/a b/Kalvenor\" %f\n"));
             QVERIFY(entry.contains("\nMimeType=application/x-kalvenor-activities;\n"));
@@ -105,6 +106,8 @@ class TestDesktop final : public QObject {
         const QByteArray package = m_home->Read(u"data/mime/packages/kalvenor-activities.xml"_qs);
         QVERIFY(package.contains("<comment>A &lt;list&gt; &amp; more</comment>"));
         QVERIFY(package.contains("<glob pattern=\"*.kvd\"/>"));
+        const QString icon = u"data/icons/hicolor/scalable/mimetypes/application-x-kalvenor-activities.svg"_qs;
+        QCOMPARE(m_home->Read(icon), QByteArray("<svg/>"));
     }
 
     void leavesAListItCannotRead() {

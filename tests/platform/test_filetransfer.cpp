@@ -130,6 +130,22 @@ class TestFileTransfer final : public QObject {
         }
     }
 
+    void givesUpAFileOnItsWay_data() { FileWorld::AddWays(); }
+    void givesUpAFileOnItsWay() {
+        QFETCH(bool, otherDevice);
+        QFETCH(bool, move);
+        if (move && !otherDevice)
+            return; // a rename takes no time
+        FileWorld world(otherDevice);
+        FileWorld::Write(world.source / "file", std::string(9'000'000, 'x'));
+        FileWorld::Write(world.destination / "file", "old");
+        world.observer.onProgress = [&] { world.observer.givesUp = true; };
+        world.Transfer(move, "file");
+        QVERIFY(world.observer.failures["file"] == std::errc::operation_canceled);
+        QVERIFY(FileWorld::Tree(world.destination) == (FileWorld::Entries{{"file", "old"}}));
+        QCOMPARE(fs::file_size(world.source / "file"), 9'000'000U);
+    }
+
     void placesOnlyOverWhatWasDecided_data() { FileWorld::AddWays({"appears", "changes", "is replaced"}); }
     void placesOnlyOverWhatWasDecided() {
         QFETCH(QByteArray, kind);

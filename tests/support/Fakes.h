@@ -48,10 +48,12 @@ class FakeClock final : public Clock {
   public:
     std::chrono::system_clock::time_point Now() const override { return now; }
     std::chrono::steady_clock::time_point MonotonicNow() const override {
+        now += step;
         return std::chrono::steady_clock::time_point(now.time_since_epoch());
     }
     void Advance(std::chrono::milliseconds span) { now += span; }
-    std::chrono::system_clock::time_point now = std::chrono::system_clock::from_time_t(1795000000);
+    mutable std::chrono::system_clock::time_point now = std::chrono::system_clock::from_time_t(1795000000);
+    std::chrono::seconds step{0}; ///< that passes with each look at the monotonic clock
 };
 
 class FakeEventPump final : public EventPump {

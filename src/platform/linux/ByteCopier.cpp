@@ -13,6 +13,7 @@ namespace {
 constexpr std::uint64_t kChunk = std::uint64_t{4} * 1024 * 1024;
 constexpr std::size_t kReadBuffer = std::size_t{256} * 1024;
 constexpr std::uint64_t kWorthCloning = std::uint64_t{64} * 1024;
+constexpr std::uint64_t kMostUnwritten = std::uint64_t{64} * 1024 * 1024;
 constexpr std::uint64_t kWorthEarlyWriting = std::uint64_t{8} * 1024 * 1024;
 
 /// Errors that reading and writing would meet as well.
@@ -64,11 +65,17 @@ std::error_code ByteCopier::Copy(const Job& job) {
     return length == 0 ? std::error_code() : ErrorOf(EIO);
 }
 
-void ByteCopier::copied(const Job& job, std::uint64_t at, std::uint64_t count) {
-    // Large files start on their way to disk at once, so that the sync at the end need not wait for all of it.
-    if (job.size >= kWorthEarlyWriting)
+/// Large files start on their way to disk at once and never have much before them: the sync at the end, which nothing
+/// can cut short, would else take minutes on a slow disk.
+std::error_code ByteCopier::copied(const Job& job, std::uint64_t at, std::uint64_t count) {
+    if (job.size >= kWorthEarlyWriting) {
         ::sync_file_range(job.destination, static_cast<off_t>(at), static_cast<off_t>(count), SYNC_FILE_RANGE_WRITE);
+        if (at >= kMostUnwritten)
+            ::sync_file_range(job.destination, static_cast<off_t>(at - kMostUnwritten), static_cast<off_t>(count),
+                              SYNC_FILE_RANGE_WAIT_BEFORE | SYNC_FILE_RANGE_WRITE | SYNC_FILE_RANGE_WAIT_AFTER);
+    }
     m_observer.Progress(count);
+    return m_observer.MustGiveUp() ? ErrorOf(ECANCELED) : std::error_code();
 }
 
 std::error_code ByteCopier::copyRange(const Job& job, Methods& methods, std::uint64_t begin, std::uint64_t end) {
@@ -94,7 +101,8 @@ std::error_code ByteCopier::copyByRanges(const Job& job, Methods& methods, std::
             methods.copyRange = false;
         if (count <= 0)
             return {}; // 0 may be the end, or a file system that cannot do it and does not say so
-        copied(job, at, static_cast<std::uint64_t>(count));
+        if (const std::error_code error = copied(job, at, static_cast<std::uint64_t>(count)))
+            return error;
         at += static_cast<std::uint64_t>(count);
     }
     return {};
@@ -119,7 +127,8 @@ std::error_code ByteCopier::copyByReading(const Job& job, std::uint64_t& at, std
             return error;
         at += static_cast<std::uint64_t>(count);
         if (at - reported >= kChunk || at == end) {
-            copied(job, reported, at - reported);
+            if (const std::error_code error = copied(job, reported, at - reported))
+                return error;
             reported = at;
         }
     }

@@ -21,7 +21,8 @@ class ByteCopier final {
         std::uint64_t destinationDevice = 0;
     };
 
-    /// std::errc::io_error when the source ends before its size (or goes on behind it).
+    /// std::errc::operation_canceled when the observer gives up, io_error when the source ends before its size (or goes
+    /// on behind it).
     [[nodiscard]] std::error_code Copy(const Job& job);
 
   private:
@@ -34,7 +35,7 @@ class ByteCopier final {
     [[nodiscard]] std::error_code copyByRanges(const Job& job, Methods& methods, std::uint64_t& at, std::uint64_t end);
     [[nodiscard]] std::error_code copyByReading(const Job& job, std::uint64_t& at, std::uint64_t end);
     [[nodiscard]] std::error_code copySegments(const Job& job, Methods& methods);
-    void copied(const Job& job, std::uint64_t at, std::uint64_t count);
+    [[nodiscard]] std::error_code copied(const Job& job, std::uint64_t at, std::uint64_t count);
 
     TransferObserver& m_observer;
     std::map<std::pair<std::uint64_t, std::uint64_t>, Methods> m_methods; ///< by the two devices

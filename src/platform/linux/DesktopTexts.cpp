@@ -44,8 +44,11 @@ QByteArray DesktopTexts::ExecProgram(const std::filesystem::path& program) {
         quoted += c;
     }
     quoted += '"';
+    if (!quoted.contains('%'))
+        return entryValue(quoted);
+    // GLib looks for the program before it undoes the doubling, and takes the entry for broken.
     quoted.replace('%', "%%");
-    return entryValue(quoted);
+    return "/usr/bin/env " + entryValue(quoted);
 }
 
 QByteArray DesktopTexts::Entry(const FileType& type) {

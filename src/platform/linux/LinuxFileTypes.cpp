@@ -34,9 +34,20 @@ std::error_code LinuxFileTypes::Register(const FileType& type) {
         error = makeDefault();
     if (error)
         return error;
+    installIcon(type.icon);
     update("update-mime-database", m_dataHome / "mime");
     update("update-desktop-database", m_dataHome / "applications");
     return {};
+}
+
+/// Under the name that the icon naming specification gives to the icon of a MIME type. A missing one is no failure.
+void LinuxFileTypes::installIcon(fs::path icon) const {
+    QByteArray picture;
+    if (LinuxOwnFiles().ReadAll(icon.replace_extension(".svg"), mostBytes, picture))
+        return;
+    const QByteArray name = QByteArray(DesktopTexts::MimeType).replace('/', '-') + ".svg";
+    static_cast<void>(
+        AtomicFile::Put(m_dataHome / "icons/hicolor/scalable/mimetypes" / name.constData(), picture, publicFile));
 }
 
 std::error_code LinuxFileTypes::makeDefault() const {

@@ -15,6 +15,7 @@ class LinuxFileTypes final : public FileTypes {
 
   private:
     [[nodiscard]] std::error_code makeDefault() const;
+    void installIcon(std::filesystem::path icon) const;
 
     std::filesystem::path m_dataHome;
     std::filesystem::path m_configHome;

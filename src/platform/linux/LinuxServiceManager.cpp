@@ -99,14 +99,17 @@ bool LinuxServiceManager::Stop(const QString& service) {
 }
 
 bool LinuxServiceManager::AcceptControls(bool debug, ControlListener listener) {
-    if (m_controls || !(debug || m_notifier.HasListener()))
+    if (m_controls)
         return false;
-    m_controls = std::make_unique<SignalPipe>(
-        std::initializer_list<int>{SIGUSR1, SIGUSR2}, [tell = std::move(listener)](const std::vector<int>& numbers) {
-            for (const int number : numbers)
-                tell(number == SIGUSR1 ? ServiceControl::Pause : ServiceControl::Continue);
-        });
-    return true;
+    const bool obeys = debug || m_notifier.HasListener();
+    // The signals are taken in any case: by default they would end a process that nobody manages.
+    m_controls =
+        std::make_unique<SignalPipe>(std::initializer_list<int>{SIGUSR1, SIGUSR2},
+                                     [obeys, tell = std::move(listener)](const std::vector<int>& numbers) {
+                                         for (const int number : obeys ? numbers : std::vector<int>())
+                                             tell(number == SIGUSR1 ? ServiceControl::Pause : ServiceControl::Continue);
+                                     });
+    return obeys;
 }
 
 void LinuxServiceManager::NotifyReady() {
