@@ -74,7 +74,7 @@ std::optional<std::filesystem::path> DestinationNames::listedName(const std::fil
 
 std::optional<std::filesystem::path> DestinationNames::realName(const std::filesystem::path& name,
                                                                 const FileFacts& found) {
-    if (const auto known = listedName(name, found))
+    if (auto known = listedName(name, found))
         return known;
     // It was put there since.
     std::vector<FolderEntry> entries;

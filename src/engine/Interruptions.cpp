@@ -20,8 +20,9 @@ Interruptions::Interruptions(Prompter& prompter, EventPump& pump, const Clock& c
 
 /// Committing lets events run, and those may start and end further runs: walked by index against the present count.
 void Interruptions::commitAll() {
-    for (std::size_t i = 0; i < m_transfers.size(); ++i)
-        m_transfers[i]->Commit();
+    std::size_t next = 0;
+    while (next < m_transfers.size())
+        m_transfers[next++]->Commit();
 }
 
 std::chrono::steady_clock::time_point Interruptions::Now() const {
