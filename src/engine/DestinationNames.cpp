@@ -4,13 +4,13 @@
 #include <algorithm>
 
 namespace {
-/// The name with every ASCII letter in the other case; the same name when it has none, or is no text.
-std::filesystem::path otherSpelling(const std::filesystem::path& name) {
+/// The name with its letters in the other case, the ASCII ones or all; the same name when it has none, or is no text.
+std::filesystem::path otherSpelling(const std::filesystem::path& name, bool asciiOnly) {
     QString text = modNativePath::ToText(name);
     if (modNativePath::FromText(text) != name)
         return name;
     for (QChar& letter : text) {
-        if (letter.unicode() < 0x80 && letter.isLetter())
+        if (!asciiOnly || letter.unicode() < 0x80)
             letter = letter.isLower() ? letter.toUpper() : letter.toLower();
     }
     return modNativePath::FromText(text);
@@ -23,24 +23,31 @@ QString foldedText(const std::filesystem::path& name) {
 
 /// An entry that answers to a name which the folder does not list. Ids alone would not tell: some file systems give
 /// each spelling one of its own.
-bool DestinationNames::folds(const std::filesystem::path& name, const FileFacts& facts) {
+bool DestinationNames::folds(const std::filesystem::path& name) {
     if (m_folds)
         return *m_folds;
-    const std::filesystem::path other = otherSpelling(name);
+    std::filesystem::path other = otherSpelling(name, true);
+    const bool isAscii = other != name; // what folds anything folds these
+    if (!isAscii)
+        other = otherSpelling(name, false);
     if (other == name)
         return false; // tells nothing; the next name may
     std::error_code error;
     const std::optional<FileFacts> found = m_destination.Handle()->Stat(other, error);
     if (!found && !error) {
-        m_folds = false;
+        if (isAscii)
+            m_folds = false;
         return false;
     }
     std::vector<FolderEntry> entries;
-    const bool isListed =
-        !m_destination.Handle()->List(entries) &&
-        std::any_of(entries.begin(), entries.end(), [&](const FolderEntry& entry) { return entry.name == other; });
-    if (isListed && found && found->id != facts.id)
-        return false; // both spellings exist
+    if (!m_destination.Handle()->List(entries)) {
+        const auto isListed = [&](const std::filesystem::path& wanted) {
+            return std::any_of(entries.begin(), entries.end(),
+                               [&](const FolderEntry& entry) { return entry.name == wanted; });
+        };
+        if (isListed(name) && isListed(other))
+            return false; // both exist: tells nothing
+    }
     m_folds = true;
     return true;
 }
@@ -85,7 +92,7 @@ std::optional<std::filesystem::path> DestinationNames::realName(const std::files
 }
 
 std::error_code DestinationNames::Claim(const std::filesystem::path& name, const FileFacts& found, bool exactOnly) {
-    if (!folds(name, found))
+    if (!folds(name))
         return {};
     const std::optional<std::filesystem::path> entry = realName(name, found);
     if (!entry)
@@ -99,7 +106,7 @@ std::error_code DestinationNames::Claim(const std::filesystem::path& name, const
 void DestinationNames::FindCounterparts() {
     const std::vector<FolderEntry>& entries = m_destination.Entries();
     for (std::size_t i = 0; i < entries.size() && !m_folds; ++i)
-        static_cast<void>(folds(entries[i].name, entries[i].facts));
+        static_cast<void>(folds(entries[i].name));
     if (!m_folds.value_or(false))
         return;
     remember(entries);

@@ -29,7 +29,7 @@ class DestinationNames final {
 
   private:
     void remember(const std::vector<FolderEntry>& entries);
-    [[nodiscard]] bool folds(const std::filesystem::path& name, const FileFacts& facts);
+    [[nodiscard]] bool folds(const std::filesystem::path& name);
     [[nodiscard]] std::optional<std::filesystem::path> listedName(const std::filesystem::path& name,
                                                                   const FileFacts& found) const;
     [[nodiscard]] std::optional<std::filesystem::path> realName(const std::filesystem::path& name,

@@ -21,6 +21,10 @@ std::set<FileId> idsOf(const OwnFiles& files, const std::vector<std::filesystem:
 std::vector<std::filesystem::path> OwnPlaces::protectedPaths() const {
     std::vector<std::filesystem::path> paths = m_parts.settings;
     paths.push_back(FromText(m_parts.file.CurrentPath()));
+    std::error_code error; // no folder: no locks
+    for (std::filesystem::directory_iterator lock(m_parts.locks, error), end; !error && lock != end;
+         lock.increment(error))
+        paths.push_back(lock->path());
     return paths;
 }
 

@@ -1,6 +1,6 @@
-// Tells the program's own files among those that an activity works on: the activity file and the settings, which no
-// activity may replace, delete or log into, and the logs, which change with every line. Owns nothing; a file that
-// cannot be looked at is none of them.
+// Tells the program's own files among those that an activity works on: the activity file, the settings and the locks,
+// which no activity may replace, delete or log into, and the logs, which change with every line. Owns nothing; a file
+// that cannot be looked at is none of them.
 #pragma once
 
 #include "FileFacts.h"
@@ -21,10 +21,11 @@ class OwnPlaces final {
         const OwnFiles& files;
         FileSystem& fileSystem;
         std::vector<std::filesystem::path> settings; ///< files of the settings store
+        std::filesystem::path locks;                 ///< folder of the locks; without them a second engine would start
     };
     explicit OwnPlaces(Parts parts) : m_parts(std::move(parts)) {}
 
-    /// The activity file and the settings, as they are now: every save gives them new ids.
+    /// The activity file, the settings and the locks, as they are now: every save gives a file a new id.
     [[nodiscard]] std::set<FileId> Protected() const;
 
     /// True when the path leads to one of them.

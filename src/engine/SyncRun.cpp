@@ -99,7 +99,7 @@ bool SyncRun::MayDelete() {
 }
 
 bool SyncRun::IsSurplus(FolderPair& pair, const FolderEntry& entry) {
-    if (pair.source.Has(entry.name) || pair.names.IsCounterpart(entry.name))
+    if (!pair.mayDelete || pair.source.Has(entry.name) || pair.names.IsCounterpart(entry.name))
         return false;
     const std::optional<FileFacts> source = pair.source.Facts(entry.name);
     if (source && source->kind == EntryKind::Unknown)
@@ -169,6 +169,9 @@ void SyncRun::SyncFilesAndFolders(std::shared_ptr<Folder> source, std::shared_pt
     if (depth > deepest)
         return Refuse(m_parts.texts.TooDeep(ToText(source->Path())));
     FolderPair pair(std::move(source), std::move(destination), depth, m_parts.interruptions);
+    pair.mayDelete = pair.destination.Handle()->Mount() == m_destination->Mount();
+    if (!pair.mayDelete && Rules().action == FileAction::Mirror)
+        Line(m_parts.texts.OtherMount(ToText(pair.destination.Handle()->Path())));
     SyncFiles(pair);
     if (!Over() && m_parts.file.Read(Name(), "includesubdirs") == u"Y")
         SyncFolders(pair);

@@ -29,7 +29,8 @@ struct FolderPair {
     FolderView source;
     FolderView destination;
     DestinationNames names;
-    int depth; ///< 0 for the two roots
+    int depth;             ///< 0 for the two roots
+    bool mayDelete = true; ///< false below a mount in the destination: what lies there is another tree's
 };
 
 /// Who wants the run: a scheduled one ends when monitoring is stopped.

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QString>
+#include <filesystem>
 #include <memory>
 
 class HeldLock {
@@ -22,4 +23,7 @@ class Locks {
     /// Takes the lock without waiting. Null with the reason in `refusal` when it is refused: no lock means no
     /// permission. The name may hold any character.
     [[nodiscard]] virtual std::unique_ptr<HeldLock> TryAcquire(const QString& name, LockRefusal& refusal) = 0;
+
+    /// The folder that holds the files of the locks; empty where locks are none.
+    [[nodiscard]] virtual std::filesystem::path Place() const = 0;
 };

@@ -15,7 +15,8 @@ class TerminationSignal final : public QObject {
     ~TerminationSignal() override;
 
   Q_SIGNALS:
-    /// Once for each burst of signals.
+    /// Once for each burst of signals. The system ends the process (SIGALRM) when it still lives 30 s after the first:
+    /// a disk that does not answer holds it up.
     void Raised();
 
   private:

@@ -1415,8 +1415,8 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <translation>'%1' bleibt, wie es ist: Die Datei gehört zu Kalvenor.</translation>
     </message>
     <message id="611">
-        <source>Directory '%1' is left alone: another file system is mounted there.</source>
-        <translation>Verzeichnis '%1' bleibt, wie es ist: Dort ist ein anderes Dateisystem eingehängt.</translation>
+        <source>Nothing is deleted in '%1': another file system is mounted there.</source>
+        <translation>In '%1' wird nichts gelöscht: Dort ist ein anderes Dateisystem eingehängt.</translation>
     </message>
     <message id="612">
         <source>Directory '%1' is left alone: it is or contains a directory of this activity.</source>

@@ -1415,8 +1415,8 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <translation>'%1' is left alone: it belongs to Kalvenor.</translation>
     </message>
     <message id="611">
-        <source>Directory '%1' is left alone: another file system is mounted there.</source>
-        <translation>Directory '%1' is left alone: another file system is mounted there.</translation>
+        <source>Nothing is deleted in '%1': another file system is mounted there.</source>
+        <translation>Nothing is deleted in '%1': another file system is mounted there.</translation>
     </message>
     <message id="612">
         <source>Directory '%1' is left alone: it is or contains a directory of this activity.</source>

@@ -91,7 +91,9 @@ class TestFoldingDisk final : public QObject {
         // The last of a pair is newer: it would win.
         const QList<std::pair<QString, QByteArray>> files{
             {u"Report.txt"_qs, "1"}, {u"report.txt"_qs, "two"},     {u"Docs/a"_qs, "3"},
-            {u"docs/b"_qs, "four"},  {u"Tree/In/Deep.txt"_qs, "5"}, {u"Tree/In/deep.TXT"_qs, "six"}};
+            {u"docs/b"_qs, "four"},  {u"Tree/In/Deep.txt"_qs, "5"}, {u"Tree/In/deep.TXT"_qs, "six"},
+            {u"1/Ж"_qs, "7"},        {u"1/ж"_qs, "eight"},          {u"2/A"_qs, "9"},
+            {u"2/a"_qs, "ten"}};
         qint64 time = 1'600'000'000;
         for (const auto& [name, content] : files)
             world.Write(u"src/"_qs + name, content, time += 100);
@@ -105,26 +107,29 @@ class TestFoldingDisk final : public QObject {
             const QByteArrayList destination = Tree(world.Path(u"dst/to"_qs)).values();
             for (const auto& [name, content] : files)
                 QVERIFY2(source.contains(content) || destination.contains(content), content.constData());
-            for (const char* first : {"1", "3", "5"})
+            for (const char* first : {"1", "3", "5", "7"})
                 QVERIFY2(destination.contains(first) || !isExfat, first);
         }
     }
 
     void aDifferentlySpeltCounterpartIsNoSurplus_data() {
         QTest::addColumn<bool>("isExfat");
-        QTest::newRow("ntfs") << false;
-        QTest::newRow("exfat") << true;
+        QTest::addColumn<QString>("name");
+        for (const bool isExfat : {false, true})
+            for (const auto& name : {u"Foo"_qs, u"Ж1"_qs})
+                QTest::addRow("%s %s", isExfat ? "exfat" : "ntfs", qPrintable(name)) << isExfat << name;
     }
     void aDifferentlySpeltCounterpartIsNoSurplus() {
         QFETCH(bool, isExfat);
+        QFETCH(QString, name);
         FoldingDisk world(isExfat);
         if (!world.isMounted)
             QSKIP("such a disk cannot be mounted here");
         for (int file = 0; file < 40; ++file) {
-            world.Write(u"src/Foo/File%1"_qs.arg(file), "new", 1'700'000'000);
-            world.Write(u"dst/to/foo/file%1"_qs.arg(file), "old", 1'600'000'000 + file * 10);
+            world.Write(u"src/%1/%1%2"_qs.arg(name).arg(file), "new", 1'700'000'000);
+            world.Write(u"dst/to/%1/%1%2"_qs.arg(name.toLower()).arg(file), "old", 1'600'000'000 + file * 10);
         }
-        world.Write(u"dst/to/foo/surplus"_qs, "gone");
+        world.Write(u"dst/to/%1/9"_qs.arg(name.toLower()), "gone");
         Program& program = world.StartWith(u"3"_qs, u"N"_qs);
         for (int run = 0; run < 3; ++run) {
             QCOMPARE(program.RunNow(A).failures, 0);

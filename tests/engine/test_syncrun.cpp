@@ -255,6 +255,8 @@ class TestSyncRun final : public QObject {
         fixture.Write(u"dst/gone"_qs, "2");
         fixture.settings->file = fixture.Native(u"dst/settings"_qs);
         fixture.Write(u"dst/settings"_qs, "[Options]");
+        fixture.locks->place = fixture.Native(u"dst/locks"_qs);
+        fixture.Write(u"dst/locks/1.lock"_qs, "");
         Program& program = fixture.Start();
         QDir().mkpath(QFileInfo(fixture.Path(place)).path());
         program.File().SaveAs(fixture.Path(place));
@@ -263,7 +265,7 @@ class TestSyncRun final : public QObject {
         const bool fails = program.RunNow(A).failures > 0;
         QCOMPARE(fails, action != u"3"); // that it stays surplus is no failure
         QCOMPARE(fixture.Read(place), before);
-        QCOMPARE(fixture.Exists(u"dst/settings"_qs), true);
+        QVERIFY(fixture.Exists(u"dst/settings"_qs) && fixture.Exists(u"dst/locks/1.lock"_qs));
         QCOMPARE(fixture.Exists(u"dst/gone"_qs), action != u"3");
     }
 
@@ -361,7 +363,8 @@ class TestSyncRun final : public QObject {
             QSKIP("only an administrator can mount");
         ProgramFixture fixture;
         fixture.Add(A, {{u"action"_qs, u"3"_qs}, {u"alert"_qs, u"Y"_qs}});
-        for (const auto& path : {u"src/first"_qs, u"src/disk"_qs, u"dst/disk"_qs, u"dst/old/bound"_qs, u"other"_qs})
+        for (const auto& path : {u"src/first"_qs, u"src/disk"_qs, u"dst/disk"_qs, u"dst/old/bound"_qs, u"other"_qs,
+                                 u"src/both"_qs, u"dst/both"_qs})
             QDir().mkpath(fixture.Path(path));
         const auto mount = [&](const char* what, const QString& where, const char* type, unsigned long flags) {
             return ::mount(what, fixture.Native(where).c_str(), type, flags, nullptr);
@@ -369,6 +372,7 @@ class TestSyncRun final : public QObject {
         fixture.Write(u"other/kept"_qs, "1");
         fixture.Write(u"dst/disk/backup"_qs, "2");
         QCOMPARE(mount(fixture.Native(u"other"_qs).c_str(), u"dst/old/bound"_qs, nullptr, MS_BIND), 0);
+        QCOMPARE(mount(fixture.Native(u"other"_qs).c_str(), u"dst/both"_qs, nullptr, MS_BIND), 0);
         QCOMPARE(mount("none", u"src/disk"_qs, "tmpfs", 0), 0);
         fixture.Write(u"src/disk/backup"_qs, "2");
         fixture.Write(u"src/a file"_qs, "3");
@@ -379,7 +383,8 @@ class TestSyncRun final : public QObject {
         fixture.prompter.onAsk = nullptr;
         program.RunNow(A);
         QCOMPARE(fixture.Read(u"other/kept"_qs), QByteArray("1"));
-        ::umount2(fixture.Native(u"dst/old/bound"_qs).c_str(), MNT_DETACH);
+        for (const auto& bound : {u"dst/old/bound"_qs, u"dst/both"_qs})
+            ::umount2(fixture.Native(bound).c_str(), MNT_DETACH);
     }
 
   private:

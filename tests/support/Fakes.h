@@ -99,6 +99,8 @@ class FakeLocks final : public Locks {
             return nullptr;
         return std::make_unique<Held>(*this, name);
     }
+    std::filesystem::path Place() const override { return place; }
+    std::filesystem::path place;
     std::set<QString> held;
     bool canBeMade = true;
 

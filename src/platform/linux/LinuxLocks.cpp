@@ -47,7 +47,7 @@ FileDescriptor openPrivateFolder() {
         return FileDescriptor();
     std::error_code ignored; // a folder that is still missing shows itself in the open below
     std::filesystem::create_directories(base, ignored);
-    const auto path = base / "Kalvenor";
+    const auto path = LinuxLocks().Place();
     mkdir(path.c_str(), 0700);
     FileDescriptor folder(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
     struct stat facts {};
@@ -94,4 +94,9 @@ std::unique_ptr<HeldLock> LinuxLocks::TryAcquire(const QString& name, LockRefusa
             return std::make_unique<LinuxHeldLock>(std::move(folder), lockFile, std::move(file));
     }
     return nullptr;
+}
+
+std::filesystem::path LinuxLocks::Place() const {
+    const auto base = XdgFolders::StateHome();
+    return base.empty() ? base : base / "Kalvenor";
 }

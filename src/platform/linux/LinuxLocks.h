@@ -7,4 +7,5 @@
 class LinuxLocks final : public Locks {
   public:
     [[nodiscard]] std::unique_ptr<HeldLock> TryAcquire(const QString& name, LockRefusal& refusal) override;
+    std::filesystem::path Place() const override;
 };

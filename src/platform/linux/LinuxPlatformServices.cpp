@@ -19,6 +19,7 @@
 #include "XdgFolders.h"
 #include <QCoreApplication>
 #include <QFile>
+#include <csignal>
 
 namespace {
 
@@ -35,9 +36,20 @@ std::filesystem::path userDataFolder() {
     return base.empty() ? base : base / "Kalvenor";
 }
 
+/// A reader that has gone, or a limit on the size of files, is an error of the write and no reason to die. Unlike an
+/// ignored signal, a handler is not passed on to the programs started from here.
+void keepLiving() {
+    struct sigaction nothing {};
+    nothing.sa_handler = [](int) {};
+    nothing.sa_flags = SA_RESTART;
+    ::sigaction(SIGPIPE, &nothing, nullptr);
+    ::sigaction(SIGXFSZ, &nothing, nullptr);
+}
+
 } // namespace
 
 PlatformServices MakePlatformServices() {
+    keepLiving();
     PlatformServices services;
     services.clock = std::make_unique<LinuxClock>();
     services.eventPump = std::make_unique<LinuxEventPump>();

@@ -2,10 +2,21 @@
 
 #include "SignalPipe.h"
 
+#include <unistd.h>
+
+namespace {
+/// A disk that does not answer holds up every call to it. What is staged then is lost like at a power cut: not at all.
+constexpr unsigned mostSeconds = 30;
+} // namespace
+
 class TerminationSignal::Handlers final {
   public:
     explicit Handlers(TerminationSignal& owner)
-        : m_pipe({SIGTERM, SIGINT, SIGHUP}, [&owner](const std::vector<int>&) { Q_EMIT owner.Raised(); }) {}
+        : m_pipe({SIGTERM, SIGINT, SIGHUP}, [&owner](const std::vector<int>&) {
+              if (const unsigned left = ::alarm(mostSeconds); left > 0)
+                  ::alarm(left); // the first one counts
+              Q_EMIT owner.Raised();
+          }) {}
 
   private:
     SignalPipe m_pipe;
