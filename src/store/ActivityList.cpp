@@ -2,7 +2,6 @@
 #include "ActivityFile.h"
 #include "ActivityRecord.h"
 #include "ActivityTexts.h"
-#include "StoreError.h"
 #include "StringTable.h"
 
 #include <QScopedValueRollback>
@@ -197,7 +196,7 @@ bool ActivityList::toggle(const QString& name, bool checked) {
     try {
         m_file.ChangeAndSave([&] { m_file.Write(name, "activ", checked ? QStringLiteral("1") : QStringLiteral("0")); });
     } catch (const StoreError& error) {
-        Q_EMIT ToggleFailed(error.Text());
+        Q_EMIT ToggleFailed(error.Text(), error.Why());
         return false;
     }
     m_file.Load();

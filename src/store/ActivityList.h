@@ -2,8 +2,10 @@
 // marks and the names the engine has taken out of monitoring. Rows are found by name; an unknown name changes nothing.
 #pragma once
 
+#include "StoreError.h"
 #include <QAbstractTableModel>
 #include <QHash>
+#include <QLocale>
 #include <QSet>
 #include <QStringList>
 #include <optional>
@@ -65,7 +67,7 @@ class ActivityList final : public QAbstractTableModel {
     /// The user ticked, unticked or edited this activity, or its run came to nothing.
     void Readmitted(const QString& name);
     /// A user's toggle could not be saved; the text says why.
-    void ToggleFailed(const QString& text);
+    void ToggleFailed(const QString& text, StoreError::Reason reason);
 
   private:
     struct Row {

@@ -20,23 +20,10 @@ frmOptions::frmOptions(const EditorServices& services, Request request, QWidget*
     const StringTable& texts = m_services.texts;
     setObjectName(QStringLiteral("frmOptions"));
     setWindowTitle(m_request.name.isEmpty() ? texts.Text(460) : texts.Text(461).arg(m_request.name));
-    buildTabs();
-
-    auto* buttons = new QDialogButtonBox(this);
-    QPushButton* ok = buttons->addButton(texts.Text(448), QDialogButtonBox::AcceptRole);
-    QPushButton* cancel = buttons->addButton(texts.Text(449), QDialogButtonBox::RejectRole);
-    FormParts::Name(*ok, "cmdOK", texts.Text(448));
-    FormParts::Name(*cancel, "cmdCancel", texts.Text(449));
-    ok->setDefault(true);
-    connect(buttons, &QDialogButtonBox::accepted, this, &frmOptions::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &frmOptions::reject);
-    // Enter in a field means OK and no other button.
-    for (QPushButton* button : findChildren<QPushButton*>())
-        button->setAutoDefault(button == ok || button == cancel);
-
     auto* all = new QVBoxLayout(this);
     all->addWidget(m_tabs, 1);
-    all->addWidget(buttons);
+    buildTabs();
+    buildButtons();
 
     connect(m_action, &OptionsActionTab::ActionChosen, m_general,
             [this] { m_general->SetDestinationWanted(m_action->IsDestinationWanted()); });
@@ -44,6 +31,8 @@ frmOptions::frmOptions(const EditorServices& services, Request request, QWidget*
     m_schedule->Show(m_request.record);
     m_action->Show(m_request.record);
     m_mail->Show(m_request.record);
+    m_shownName = Name();
+    m_shownRecord = Record();
     // A desktop that puts Cancel in front would also begin there, and Enter would mean Cancel.
     m_tabs->setFocus();
     if (m_request.name.isEmpty())
@@ -61,6 +50,22 @@ void frmOptions::buildTabs() {
     add(EditorChecks::Tab::Schedule, m_schedule, "tabSchedule", 463);
     add(EditorChecks::Tab::Action, m_action, "tabAction", 464);
     add(EditorChecks::Tab::Mail, m_mail, "tabMail", 465);
+}
+
+void frmOptions::buildButtons() {
+    const StringTable& texts = m_services.texts;
+    auto* buttons = new QDialogButtonBox(this);
+    QPushButton* ok = buttons->addButton(texts.Text(448), QDialogButtonBox::AcceptRole);
+    QPushButton* cancel = buttons->addButton(texts.Text(449), QDialogButtonBox::RejectRole);
+    FormParts::Name(*ok, "cmdOK", texts.Text(448));
+    FormParts::Name(*cancel, "cmdCancel", texts.Text(449));
+    ok->setDefault(true);
+    connect(buttons, &QDialogButtonBox::accepted, this, &frmOptions::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, [this] { done(Rejected); });
+    // Enter in a field means OK and no other button.
+    for (QPushButton* button : findChildren<QPushButton*>())
+        button->setAutoDefault(button == ok || button == cancel);
+    layout()->addWidget(buttons);
 }
 
 QString frmOptions::Name() const {
@@ -82,6 +87,18 @@ void frmOptions::accept() {
         return;
     m_general->RememberFolders();
     QDialog::accept();
+}
+
+bool frmOptions::MayBeDropped() {
+    if (m_over || (Name() == m_shownName && Record() == m_shownRecord))
+        return true;
+    const Message question{m_services.texts.Text(651), windowTitle(), MessageIcon::Question, MessageButtons::YesNo};
+    return m_services.prompter.Ask(question) == MessageAnswer::Yes;
+}
+
+void frmOptions::reject() {
+    if (MayBeDropped() && !m_over)
+        done(Rejected);
 }
 
 void frmOptions::done(int result) {

@@ -187,6 +187,25 @@ class TestFrmOptions : public QObject {
         QCOMPARE(world.store.prompter.Told(), QStringList{q("Error: disk full")});
     }
 
+    void changesAreDroppedByCancelOrAfterAQuestion() {
+        for (const bool isChanged : {false, true}) {
+            EditorWorld world;
+            frmOptions form(world.Services(), world.Request(q("A"), world.Usable()));
+            form.show();
+            if (isChanged)
+                Find<QPlainTextEdit>(form, "txtComment").setPlainText(q("typed"));
+            QTest::keyClick(&form, Qt::Key_Escape);
+            QCOMPARE(form.isVisible(), isChanged);
+            form.close();
+            QCOMPARE(form.isVisible(), isChanged);
+            QCOMPARE(world.store.prompter.shown.size(), isChanged ? 2U : 0U);
+            form.show();
+            Find<QPushButton>(form, "cmdCancel").click();
+            QVERIFY(!form.isVisible() && world.writes == 0);
+            QCOMPARE(world.store.prompter.shown.size(), isChanged ? 2U : 0U);
+        }
+    }
+
     void formThatWasClosedMeanwhileWritesNothing() {
         EditorWorld world;
         world.system = {world.store.Path("cwd").toStdString(), "/etc", "/"};
