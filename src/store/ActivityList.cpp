@@ -17,7 +17,8 @@ QString orDash(const QString& text) {
 
 } // namespace
 
-ActivityList::ActivityList(ActivityFile& file, const StringTable& texts) : m_file(file), m_texts(texts) {}
+ActivityList::ActivityList(ActivityFile& file, const StringTable& texts, const QLocale& locale)
+    : m_file(file), m_texts(texts), m_locale(locale) {}
 
 void ActivityList::Refill() {
     if (m_listBusy)
@@ -61,7 +62,7 @@ ActivityList::Row ActivityList::makeRow(const QString& name) const {
     row.texts[Name] = name;
     row.texts[Source] = record.Text(ActivityField::SourceDir);
     row.texts[Destination] = record.Text(ActivityField::TargetDir);
-    row.texts[Schedule] = ActivityTexts::Schedule(record, m_texts);
+    row.texts[Schedule] = ActivityTexts::Schedule(record, m_texts, m_locale);
     row.texts[Count] = QStringLiteral("0");
     row.texts[LogFile] = orDash(record.Text(ActivityField::LogFile));
     row.texts[Executable] = orDash(record.Text(ActivityField::Executable));

@@ -20,7 +20,8 @@ class ActivityList final : public QAbstractTableModel {
     enum Column { Name, Source, Destination, Schedule, Status, Count, LogFile, Executable, Extensions, LastRun };
     static constexpr int ColumnCount = 10;
 
-    ActivityList(ActivityFile& file, const StringTable& texts);
+    /// The locale is that of the dates in column Schedule.
+    ActivityList(ActivityFile& file, const StringTable& texts, const QLocale& locale);
 
     /// Loads the current file (offering to repair a damaged one) and rebuilds every row. Columns Count and LastRun
     /// start anew. `ListBusy` is set meanwhile.
@@ -83,6 +84,7 @@ class ActivityList final : public QAbstractTableModel {
 
     ActivityFile& m_file;
     const StringTable& m_texts;
+    QLocale m_locale;
     std::vector<Row> m_rows;
     QHash<QString, int> m_rowOfName;
     QSet<QString> m_takenOut;
