@@ -66,8 +66,8 @@ frmMain::~frmMain() = default;
 
 void frmMain::connectProgram() {
     connect(&m_program.Monitoring(), &MonitoringController::StateChanged, this, &frmMain::showMonitoring);
+    connect(&m_program.File(), &ActivityFile::CurrentPathChanged, this, &frmMain::showCaption);
     connect(&m_program.List(), &ActivityList::Refilled, this, [this] {
-        setWindowTitle(m_program.Caption());
         m_status.ShowCount();
         showRows();
     });
@@ -155,6 +155,7 @@ void frmMain::Appear() {
 }
 
 void frmMain::ShowState() {
+    showCaption();
     showMonitoring(m_program.Monitoring().IsOn());
     hideInTray(); // the stored state may be "minimised"
 }
@@ -164,9 +165,14 @@ void frmMain::Minimise() {
 }
 
 bool frmMain::AcceptsNotice() {
+    m_status.Say(QString()); // ready; only the answer is waited for
     frmDisclaimer notice(m_program.Texts(), isVisible() && !isMinimized() ? this : nullptr);
     connect(this, &frmMain::Closing, &notice, &QDialog::reject);
     return notice.exec() == QDialog::Accepted;
+}
+
+void frmMain::showCaption() {
+    setWindowTitle(m_program.Caption());
 }
 
 void frmMain::showRows() {

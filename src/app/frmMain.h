@@ -64,6 +64,7 @@ class frmMain final : public QMainWindow, private StartUpFace {
     [[nodiscard]] std::map<Command, std::function<void()>> commandTable();
     void run(Command command);
     void runNow(const std::function<void()>& work);
+    void showCaption();
     void showRows();
     void showMonitoring(bool on);
     void showTrayState();

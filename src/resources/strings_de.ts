@@ -1063,6 +1063,10 @@
         <source>'%1' is a directory. Please enter the name of a file.</source>
         <translation>'%1' ist ein Verzeichnis. Bitte geben Sie den Namen einer Datei ein.</translation>
     </message>
+    <message id="654">
+        <source>Kalvenor Pro Anleitung.en.html</source>
+        <translation>Kalvenor Pro Anleitung.de.html</translation>
+    </message>
 </context>
 <context>
     <name>Own texts</name>
@@ -1485,6 +1489,10 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
     <message id="653">
         <source>'%1' is a directory. Please enter the name of a file.</source>
         <translation>'%1' ist ein Verzeichnis. Bitte geben Sie den Namen einer Datei ein.</translation>
+    </message>
+    <message id="654">
+        <source>Kalvenor Pro Anleitung.en.html</source>
+        <translation>Kalvenor Pro Anleitung.de.html</translation>
     </message>
 </context>
 </TS>

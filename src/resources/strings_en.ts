@@ -1063,6 +1063,10 @@
         <source>'%1' is a directory. Please enter the name of a file.</source>
         <translation>'%1' is a directory. Please enter the name of a file.</translation>
     </message>
+    <message id="654">
+        <source>Kalvenor Pro Anleitung.en.html</source>
+        <translation>Kalvenor Pro Anleitung.en.html</translation>
+    </message>
 </context>
 <context>
     <name>Own texts</name>
@@ -1485,6 +1489,10 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
     <message id="653">
         <source>'%1' is a directory. Please enter the name of a file.</source>
         <translation>'%1' is a directory. Please enter the name of a file.</translation>
+    </message>
+    <message id="654">
+        <source>Kalvenor Pro Anleitung.en.html</source>
+        <translation>Kalvenor Pro Anleitung.en.html</translation>
     </message>
 </context>
 </TS>

@@ -234,6 +234,7 @@ class TestCommands final : public QObject {
         }
         QVERIFY(world.prompter.shown.empty());
         QCOMPARE(window.program.File().CurrentPath(), path);
+        QVERIFY(window.form.windowTitle().contains(path));
         QVERIFY(bytesOf(path).contains("<A>") && bytesOf(path).contains("<C>"));
         // The lock has moved along: the old file may be monitored elsewhere, the new one may not.
         EngineLock elsewhere(*world.locks, *world.services.ownFiles);
