@@ -62,6 +62,7 @@ OptionsScheduleTab::OptionsScheduleTab(const EditorServices& services)
     all->addWidget(buildFixedTimes());
     all->addStretch(1);
     bindFields();
+    FormParts::EnterAtChosen(*m_types);
     connect(m_types, &QButtonGroup::idToggled, this, &OptionsScheduleTab::followSchedule);
     connect(cmdSelectDate, &QPushButton::clicked, this, &OptionsScheduleTab::pickDate);
     followSchedule();

@@ -5,13 +5,19 @@
 #include "OptionsGeneralTab.h"
 #include "OptionsMailTab.h"
 #include "OptionsScheduleTab.h"
+#include "ScrollPage.h"
 #include "StoreError.h"
 #include "StringTable.h"
 #include <QDialogButtonBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <utility>
+
+namespace {
+constexpr QSize windowFrame(16, 48); // room for what the desktop puts around a window
+} // namespace
 
 frmOptions::frmOptions(const EditorServices& services, Request request, QWidget* parent)
     : QDialog(parent), m_services(services), m_request(std::move(request)), m_tabs(new QTabWidget),
@@ -34,9 +40,8 @@ frmOptions::frmOptions(const EditorServices& services, Request request, QWidget*
     m_shownName = Name();
     m_shownRecord = Record();
     // A desktop that puts Cancel in front would also begin there, and Enter would mean Cancel.
-    m_tabs->setFocus();
-    if (m_request.name.isEmpty())
-        lead(EditorChecks::Tab::Directories, "txtName");
+    lead(EditorChecks::Tab::Directories, "txtName");
+    resize(sizeHint().boundedTo(screen()->availableSize() - windowFrame));
 }
 
 void frmOptions::buildTabs() {
@@ -44,7 +49,7 @@ void frmOptions::buildTabs() {
     const auto add = [this](EditorChecks::Tab tab, QWidget* page, const char* name, int text) {
         const QString caption = m_services.texts.Text(text);
         FormParts::Name(*page, name, caption);
-        m_tabs->insertTab(static_cast<int>(tab), page, caption);
+        m_tabs->insertTab(static_cast<int>(tab), new ScrollPage(page), caption);
     };
     add(EditorChecks::Tab::Directories, m_general, "tabGeneral", 462);
     add(EditorChecks::Tab::Schedule, m_schedule, "tabSchedule", 463);
@@ -55,10 +60,8 @@ void frmOptions::buildTabs() {
 void frmOptions::buildButtons() {
     const StringTable& texts = m_services.texts;
     auto* buttons = new QDialogButtonBox(this);
-    QPushButton* ok = buttons->addButton(texts.Text(448), QDialogButtonBox::AcceptRole);
-    QPushButton* cancel = buttons->addButton(texts.Text(449), QDialogButtonBox::RejectRole);
-    FormParts::Name(*ok, "cmdOK", texts.Text(448));
-    FormParts::Name(*cancel, "cmdCancel", texts.Text(449));
+    QPushButton* ok = FormParts::AddButton(*buttons, QDialogButtonBox::Ok, "cmdOK", texts.Text(448));
+    QPushButton* cancel = FormParts::AddButton(*buttons, QDialogButtonBox::Cancel, "cmdCancel", texts.Text(449));
     ok->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &frmOptions::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, [this] { done(Rejected); });
@@ -141,6 +144,10 @@ bool frmOptions::write() {
 
 void frmOptions::lead(EditorChecks::Tab tab, const char* control) {
     m_tabs->setCurrentIndex(static_cast<int>(tab));
-    if (auto* field = findChild<QWidget*>(QLatin1String(control)))
-        field->setFocus();
+    auto* page = qobject_cast<ScrollPage*>(m_tabs->currentWidget());
+    auto* field = findChild<QWidget*>(QLatin1String(control));
+    if (page == nullptr || field == nullptr)
+        return;
+    field->setFocus();
+    page->ensureWidgetVisible(field);
 }

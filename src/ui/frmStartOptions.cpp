@@ -2,6 +2,7 @@
 
 #include "Autostart.h"
 #include "FilePicker.h"
+#include "FormParts.h"
 #include "OwnFiles.h"
 #include "Prompter.h"
 #include "SettingsStore.h"
@@ -120,13 +121,10 @@ QGroupBox* frmStartOptions::buildLogFile(const Options& options) {
 
 QDialogButtonBox* frmStartOptions::buildButtons() {
     auto* buttons = new QDialogButtonBox(this);
-    QPushButton* save = buttons->addButton(m_parts.texts.Text(125), QDialogButtonBox::AcceptRole);
-    QPushButton* cancel = buttons->addButton(m_parts.texts.Text(126), QDialogButtonBox::RejectRole);
-    QPushButton* help = buttons->addButton(m_parts.texts.Text(127), QDialogButtonBox::HelpRole);
-    save->setObjectName(QStringLiteral("cmdSave"));
-    save->setDefault(true);
-    cancel->setObjectName(QStringLiteral("cmdCancel"));
-    help->setObjectName(QStringLiteral("cmdHelp"));
+    const StringTable& texts = m_parts.texts;
+    FormParts::AddButton(*buttons, QDialogButtonBox::Save, "cmdSave", texts.Text(125))->setDefault(true);
+    FormParts::AddButton(*buttons, QDialogButtonBox::Cancel, "cmdCancel", texts.Text(126));
+    FormParts::AddButton(*buttons, QDialogButtonBox::Help, "cmdHelp", texts.Text(127));
     connect(buttons, &QDialogButtonBox::accepted, this, &frmStartOptions::save);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(buttons, &QDialogButtonBox::helpRequested, this, &frmStartOptions::HelpWanted);
