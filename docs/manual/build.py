@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Builds the manual: one web archive (RFC 2557) of the chapters in de/ and en/, with style and pictures inside.
+"""Builds the manual of the chapters in de/ and en/, with style and pictures inside: one web archive (RFC 2557) of both
+languages, and beside it a page for each language, NAME.de.html and NAME.en.html, for browsers that show no archives.
 
 Usage: build.py OUTPUT [--sources FOLDER] [--strings FOLDER]
 
@@ -10,6 +11,7 @@ then nothing is written and the exit code is 1. The same sources give the same b
 """
 
 import argparse
+import base64
 import os
 import re
 import sys
@@ -21,6 +23,7 @@ from email.mime.multipart import MIMEMultipart
 from email.mime.text import MIMEText
 from email.policy import compat32
 from pathlib import Path
+from urllib.parse import quote
 
 LANGUAGES = {
     "de": {"name": "Deutsch", "title": "Kalvenor Pro – Anleitung", "contents": "Inhalt", "top": "Zum Inhalt",
@@ -155,12 +158,26 @@ class Manual:
         element.set("src", location)
 
     def html(self):
-        style = (self.sources / "style.css").read_text(encoding="utf-8")
         parts = [self._language(language) for language in LANGUAGES]
-        return ("<!DOCTYPE html>\n<html lang=\"de\">\n<head>\n<meta charset=\"utf-8\">\n"
+        return self._page("de", "Kalvenor Pro: Anleitung, Manual", "".join(parts))
+
+    def page(self, language, files):
+        """One language alone: `files` are the names of all pages, for the links from one to the other."""
+        html = self._page(language, LANGUAGES[language]["title"], self._language(language))
+        for other, name in files.items():
+            if other != language:
+                html = re.sub(f'href="#({other}["-])', lambda match, name=name: f'href="{quote(name)}#{match[1]}', html)
+        for location, path in self.pictures.items():
+            data = base64.b64encode(path.read_bytes()).decode("ascii")
+            html = html.replace(f'"{location}"', f'"data:{"/".join(PICTURES[path.suffix])};base64,{data}"')
+        return html
+
+    def _page(self, language, title, body):
+        style = (self.sources / "style.css").read_text(encoding="utf-8")
+        return (f"<!DOCTYPE html>\n<html lang=\"{language}\">\n<head>\n<meta charset=\"utf-8\">\n"
                 "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
-                "<title>Kalvenor Pro: Anleitung, Manual</title>\n"
-                f"<style>\n{style}</style>\n</head>\n<body>\n" + switch() + "".join(parts) + "</body>\n</html>\n")
+                f"<title>{title}</title>\n"
+                f"<style>\n{style}</style>\n</head>\n<body>\n" + switch() + body + "</body>\n</html>\n")
 
     def _language(self, language):
         words = LANGUAGES[language]
@@ -211,9 +228,15 @@ def switch():
     return f"<nav class=\"languages\">{' · '.join(links)}</nav>\n"
 
 
+def write(path, content):
+    unfinished = path.with_name(path.name + ".new")
+    unfinished.write_bytes(content)
+    unfinished.replace(path)
+
+
 def main():
     folder = Path(__file__).resolve().parent
-    parser = argparse.ArgumentParser(description="Builds the manual as one web archive.")
+    parser = argparse.ArgumentParser(description="Builds the manual: a web archive, and a page for each language.")
     parser.add_argument("output", type=Path)
     parser.add_argument("--sources", type=Path, default=folder)
     parser.add_argument("--strings", type=Path, default=folder.parent.parent / "src" / "resources")
@@ -222,9 +245,10 @@ def main():
     if manual.faults:
         print("\n".join(manual.faults), file=sys.stderr)
         return 1
-    unfinished = arguments.output.with_name(arguments.output.name + ".new")
-    unfinished.write_bytes(manual.archive())
-    unfinished.replace(arguments.output)
+    write(arguments.output, manual.archive())
+    files = {language: f"{arguments.output.stem}.{language}.html" for language in LANGUAGES}
+    for language, name in files.items():
+        write(arguments.output.with_name(name), manual.page(language, files).encode())
     return 0
 
 

@@ -5,7 +5,6 @@
 #include "ActivityWriter.h"
 #include "CommandGuard.h"
 #include "NewActivity.h"
-#include <algorithm>
 
 void ActivityCommands::Add(const QString& sourceFolder) {
     edit(QString(), sourceFolder);
@@ -17,6 +16,9 @@ void ActivityCommands::Properties(const QString& name) {
 }
 
 void ActivityCommands::edit(const QString& name, const QString& sourceFolder) {
+    // Refused before anything is typed: no correction in the editor would help.
+    if (!m_program.File().IsLoaded())
+        return TellError(m_program, m_program.Texts().Text(433));
     ActivityRecord record = name.isEmpty() ? NewActivity() : ActivityRecord::Read(m_program.File(), name);
     if (!sourceFolder.isEmpty())
         record.SetText(ActivityField::SourceDir, sourceFolder);
@@ -48,12 +50,13 @@ void ActivityCommands::Delete(const QString& name) {
                                  MessageButtons::YesNo}) != MessageAnswer::Yes ||
         m_program.File().CurrentPath() != file) // events ran: the question was about another file's activity
         return;
-    const int row = m_program.List().RowOf(name).value_or(0);
+    const QString neighbour = m_view.NeighbourOf(name);
     Guarded(m_program, [&] {
         m_program.File().ChangeAndSave([&] { m_program.Document().DeleteNode(u"/items/" + name); });
         m_program.List().Refill();
     });
-    m_view.Select(m_program.List().NameAt(std::min(row, m_program.List().Rows() - 1)));
+    if (!m_program.List().RowOf(name).has_value())
+        m_view.Select(neighbour);
 }
 
 void ActivityCommands::ClearAll() {

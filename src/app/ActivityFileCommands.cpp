@@ -16,9 +16,11 @@ QString twoLineBreaks() {
 
 } // namespace
 
-QString ActivityFileCommands::lastFolder() const {
+QString ActivityFileCommands::startFolder() const {
+    // Nobody chose the place of the default file: there the last choice says more.
+    const ActivityFile& file = m_program.File();
     const auto last = m_program.Services().settings->Read(SettingsStore::OwnApplication, section, key);
-    return last && !last->isEmpty() ? QFileInfo(*last).path() : QString();
+    return QFileInfo(file.IsDefault() && last && !last->isEmpty() ? *last : file.CurrentPath()).path();
 }
 
 void ActivityFileCommands::remember(const QString& path) {
@@ -45,8 +47,9 @@ void ActivityFileCommands::Import() {
     const std::optional<QString> path =
         m_picker.OpenFile({.title = texts.Text(168),
                            .filters = {texts.Text(163) + u" (*.kvd)", texts.Text(131) + u" (*.*)"},
-                           .folder = lastFolder(),
-                           .file = {}});
+                           .folder = startFolder(),
+                           .file = {},
+                           .suffix = {}});
     if (path)
         open(*path);
 }
@@ -77,8 +80,9 @@ void ActivityFileCommands::Export() {
     const QString path = m_picker
                              .SaveFile({.title = texts.Text(162),
                                         .filters = {texts.Text(163) + u" (*.kvd)"},
-                                        .folder = lastFolder(),
-                                        .file = current},
+                                        .folder = {},
+                                        .file = current,
+                                        .suffix = QStringLiteral("kvd")},
                                        true)
                              .value_or(current);
     if (path == current)

@@ -28,7 +28,7 @@ class ActivityFileCommands final : public QObject {
   private:
     [[nodiscard]] bool mayLoseActivities();
     void open(const QString& path);
-    [[nodiscard]] QString lastFolder() const;
+    [[nodiscard]] QString startFolder() const;
     void remember(const QString& path);
     void tell(int textId, int titleId);
 

@@ -10,6 +10,18 @@ inline void TellError(Program& program, const QString& text) {
     program.Prompts().Ask({text, program.Texts().Text(107), MessageIcon::Exclamation, MessageButtons::Ok});
 }
 
+/// What could not be saved. A file that another program has changed is loaded again when the user says so; what is
+/// typed in an open form is still there and can be saved then.
+inline void TellError(Program& program, const StoreError& error) {
+    if (error.Why() != StoreError::Reason::ChangedOnDisk)
+        return TellError(program, error.Text());
+    const StringTable& texts = program.Texts();
+    const Message question{error.Text() + QStringLiteral("\n\n") + texts.Text(650), texts.Text(107),
+                           MessageIcon::Question, MessageButtons::YesNo};
+    if (program.Prompts().Ask(question) == MessageAnswer::Yes)
+        program.List().Refill();
+}
+
 /// Runs the work. False when it failed; the user has been told then.
 template <typename Work>
 bool Guarded(Program& program, Work&& work) {
@@ -17,7 +29,7 @@ bool Guarded(Program& program, Work&& work) {
         work();
         return true;
     } catch (const StoreError& error) {
-        TellError(program, error.Text());
+        TellError(program, error);
     } catch (const std::exception& error) {
         TellError(program, QString::fromLocal8Bit(error.what()));
     }

@@ -11,14 +11,17 @@ bool EditorDialog::Edit(const QString& name, const ActivityRecord& record, const
     const EditorServices needed{m_program.Texts(),     m_program.Prompts(),        m_picker,
                                 *services.ownFiles,    *services.settings,         *services.clock,
                                 *services.desktopMail, services.systemDirectories, QLocale::system()};
-    frmOptions editor(
-        needed,
-        {.name = name,
-         .record = record,
-         .known = KnownAddresses::Of(m_program.File()),
-         .isUsableName = [this](const QString& wanted) { return m_program.Document().IsUsableName(wanted); },
-         .isOwnFile = [this](const QString& path) { return m_program.IsOwnFile(path); },
-         .write = write},
-        m_dialogs.Parent());
-    return m_dialogs.Run(editor) == QDialog::Accepted;
+    // A document that could not be loaded takes no name at all; the save has a better reason.
+    const auto isUsableName = [this](const QString& wanted) {
+        return !m_program.File().IsLoaded() || m_program.Document().IsUsableName(wanted);
+    };
+    frmOptions editor(needed,
+                      {.name = name,
+                       .record = record,
+                       .known = KnownAddresses::Of(m_program.File()),
+                       .isUsableName = isUsableName,
+                       .isOwnFile = [this](const QString& path) { return m_program.IsOwnFile(path); },
+                       .write = write},
+                      m_dialogs.Parent());
+    return m_dialogs.Run(editor, [&editor] { return editor.MayBeDropped(); }) == QDialog::Accepted;
 }

@@ -7,6 +7,7 @@
 #include "modNativePath.h"
 #include "modSystemReport.h"
 #include <QGuiApplication>
+#include <QPointer>
 #include <QScreen>
 
 namespace {
@@ -26,10 +27,21 @@ QStringList displays() {
 } // namespace
 
 void HelpCommands::OpenManual() {
+    showFirst({m_program.Texts().Text(654), QStringLiteral("Kalvenor Pro Anleitung.mht")});
+}
+
+void HelpCommands::showFirst(QStringList names) {
     const PlatformServices& services = m_program.Services();
-    const auto manual = services.places.programFolder / modNativePath::FromText(ManualName);
-    if (services.ownFiles->Stamp(manual) && services.process->Open(modNativePath::ToText(manual)))
-        return;
+    while (!names.isEmpty()) {
+        const auto manual = services.places.programFolder / modNativePath::FromText(names.takeFirst());
+        if (!services.ownFiles->Stamp(manual))
+            continue;
+        const auto tryNext = [self = QPointer(this), names] {
+            if (self)
+                self->showFirst(names);
+        };
+        return services.process->ShowDocument(modNativePath::ToText(manual), tryNext);
+    }
     const StringTable& texts = m_program.Texts();
     m_program.Prompts().Ask(
         {texts.Text(136) + u'\n' + texts.Text(137), texts.Text(138), MessageIcon::Exclamation, MessageButtons::Ok});

@@ -3,20 +3,21 @@
 #pragma once
 
 #include <QLatin1String>
+#include <QObject>
+#include <QStringList>
 
 class DialogHost;
 class Program;
 
-class HelpCommands final {
+class HelpCommands final : public QObject {
+    Q_OBJECT
   public:
     /// Where the link of the about box leads.
     static constexpr QLatin1String HomePage{"https://kalvenor.example"};
-    /// The manual, in the program's folder.
-    static constexpr QLatin1String ManualName{"Kalvenor Pro Anleitung.mht"};
-
     HelpCommands(Program& program, DialogHost& dialogs) : m_program(program), m_dialogs(dialogs) {}
 
-    /// mnuHelpDoc, the toolbar's Help and the help buttons of the dialogs.
+    /// mnuHelpDoc, the toolbar's Help and the help buttons of the dialogs: the manual in the program's language, else
+    /// the web archive, else a box.
     void OpenManual();
 
     /// mnuSysInfo.
@@ -26,6 +27,7 @@ class HelpCommands final {
     void ShowAbout();
 
   private:
+    void showFirst(QStringList names);
     void showReport();
     void openHomePage();
 

@@ -3,17 +3,23 @@
 
 #include <QString>
 #include <optional>
+#include <vector>
 
 class ActivityList;
 
 class ListSearch final {
   public:
+    /// The rows of a list, in the order in which they are searched.
+    using Order = std::vector<int>;
+
     /// The first row with the text in its name, one of the next four columns or its comment. Without `matchCase` both
     /// sides are turned to upper case. An empty text finds nothing.
-    [[nodiscard]] std::optional<int> Search(const ActivityList& list, const QString& text, bool matchCase);
+    [[nodiscard]] std::optional<int> Search(const ActivityList& list, const Order& order, const QString& text,
+                                            bool matchCase);
 
-    /// The next row after `row` (-1: from the first on) that the last search finds. It does not begin again at the top.
-    [[nodiscard]] std::optional<int> SearchAgain(const ActivityList& list, int row);
+    /// The next row after `row` (none: from the first on) that the last search finds. It does not begin again at the
+    /// top.
+    [[nodiscard]] std::optional<int> SearchAgain(const ActivityList& list, const Order& order, std::optional<int> row);
 
     /// Only a hit can be followed by another: false before the first one and after a miss.
     [[nodiscard]] bool CanSearchAgain() const { return m_found; }

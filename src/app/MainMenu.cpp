@@ -93,13 +93,16 @@ MainMenu::MainMenu(QMainWindow& window, const StringTable& texts, std::function<
     };
     addMenu("mnuFile", 139, file);
     m_edit = addMenu("mnuEdit", 445, edit);
-    addMenu("mnuHelp", 127, help);
+    addMenu("mnuHelp", 127, help)->setTitle(u'&' + texts.Text(127));
     find("mnuSysInfo")->setText(QStringLiteral("Systeminfo"));
     find("mnuStart")->setCheckable(true);
     find("mnuExit")->setMenuRole(QAction::QuitRole);
     find("mnuAbout")->setMenuRole(QAction::AboutRole);
-    SetSearchAgainEnabled(false);
     buildToolbar(window);
+    for (QAction* action : window.findChildren<QAction*>())
+        if (action->data().isValid())
+            m_actions.push_back(action);
+    enable();
     ShowMonitoring(false);
 }
 
@@ -122,6 +125,7 @@ void MainMenu::buildToolbar(QMainWindow& window) {
     for (const Button& button : buttons) {
         const QString caption = m_texts.Text(button.textId);
         QAction* action = toolbar->addAction(Icons::Icon(button.picture), caption);
+        action->setData(static_cast<int>(button.command));
         QObject::connect(action, &QAction::triggered, toolbar, [this, command = button.command] { m_run(command); });
         QWidget* widget = toolbar->widgetForAction(action);
         widget->setObjectName(QLatin1String(button.key));
@@ -139,13 +143,48 @@ void MainMenu::ShowMonitoring(bool on) {
     start->setChecked(on);
 }
 
+bool MainMenu::canWork(Command command) const {
+    switch (command) {
+    case Command::StartNow:
+    case Command::ExecuteMarked:
+        return m_hasSelection && m_mayRun;
+    case Command::DeleteActivity:
+    case Command::Properties:
+    case Command::ShowLog:
+    case Command::DeleteLog:
+    case Command::OpenSource:
+    case Command::OpenTarget:
+    case Command::DeselectAll:
+        return m_hasSelection;
+    case Command::SelectAll:
+    case Command::Search:
+        return m_hasRows;
+    case Command::SearchAgain:
+        return m_hasRows && m_maySearchAgain;
+    default:
+        return true;
+    }
+}
+
+void MainMenu::enable() {
+    for (QAction* action : m_actions)
+        action->setEnabled(canWork(static_cast<Command>(action->data().toInt())));
+}
+
+void MainMenu::ShowRows(bool isAnyThere, bool isAnySelected) {
+    m_hasRows = isAnyThere;
+    m_hasSelection = isAnySelected;
+    enable();
+}
+
 void MainMenu::SetRunNowEnabled(bool enabled) {
-    find("mnuStartActivityNow")->setEnabled(enabled);
-    find("mnuExecuteAllMarkedActivities")->setEnabled(enabled);
+    m_mayRun = enabled;
+    enable();
 }
 
 void MainMenu::SetSearchAgainEnabled(bool enabled) {
-    find("mnuSearchAgain")->setEnabled(enabled);
+    m_maySearchAgain = enabled;
+    enable();
 }
 
 void MainMenu::PopUp(const QPoint& position) {

@@ -4,6 +4,7 @@
 
 #include "Command.h"
 #include <functional>
+#include <vector>
 
 class QAction;
 class QMainWindow;
@@ -18,16 +19,25 @@ class MainMenu final {
 
     /// mnuStart and the toolbar's start button follow the monitoring.
     void ShowMonitoring(bool on);
+    /// What there is to work on: commands that could do nothing are disabled.
+    void ShowRows(bool isAnyThere, bool isAnySelected);
     void SetRunNowEnabled(bool enabled);
     void SetSearchAgainEnabled(bool enabled);
     void PopUp(const QPoint& position);
 
   private:
     void buildToolbar(QMainWindow& window);
+    [[nodiscard]] bool canWork(Command command) const;
+    void enable();
     [[nodiscard]] QAction* find(const char* name) const;
 
     QMainWindow& m_window;
     const StringTable& m_texts;
     std::function<void(Command)> m_run;
+    std::vector<QAction*> m_actions; ///< each with the number of its command as its data
+    bool m_hasRows = false;
+    bool m_hasSelection = false;
+    bool m_mayRun = true;
+    bool m_maySearchAgain = false;
     QMenu* m_edit; ///< in the menu bar and at the pointer over the list
 };

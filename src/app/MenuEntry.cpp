@@ -13,6 +13,7 @@ void FillMenu(QMenu& menu, std::span<const MenuEntry> entries, const StringTable
         const QString caption = entry.textId == 0 ? QStringLiteral("Kalvenor") : texts.Text(entry.textId);
         QAction* action = menu.addAction(Icons::Icon(entry.picture), caption);
         action->setObjectName(QLatin1String(entry.name));
+        action->setData(static_cast<int>(entry.command));
         action->setShortcut(QKeySequence(QLatin1String(entry.shortcut)));
         QObject::connect(action, &QAction::triggered, &menu, [run, command = entry.command] { run(command); });
     }

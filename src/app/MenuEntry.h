@@ -18,6 +18,6 @@ struct MenuEntry {
     const char* shortcut = "";
 };
 
-/// Adds the lines; each hands its command to `run`, within the life of `menu`.
+/// Adds the lines; each hands its command to `run`, within the life of `menu`, and holds its number as its data.
 void FillMenu(QMenu& menu, std::span<const MenuEntry> entries, const StringTable& texts,
               const std::function<void(Command)>& run);

@@ -70,7 +70,7 @@ struct Program::Engine {
 Program::Program(PlatformServices& services, Prompter& prompter, const KeyState& keys, const StringTable& texts)
     : m_services(services), m_prompter(prompter), m_texts(texts), m_document(*services.ownFiles),
       m_options(*services.settings), m_file(m_document, *services.ownFiles, prompter, texts, services.places),
-      m_list(m_file, texts), m_timers(*services.clock), m_lock(*services.locks, *services.ownFiles),
+      m_list(m_file, texts, QLocale::system()), m_timers(*services.clock), m_lock(*services.locks, *services.ownFiles),
       m_service(*services.serviceManager, prompter, texts), m_engine(std::make_unique<Engine>(*this, keys)) {}
 
 Program::~Program() = default;

@@ -11,12 +11,12 @@ void SearchCommands::Search() {
         return;
     frmSearch form(m_program.Texts(), m_search.Text(), m_search.MatchCase(), m_dialogs.Parent());
     if (m_dialogs.Run(form) == QDialog::Accepted && !form.SearchText().isEmpty())
-        show(m_search.Search(m_program.List(), form.SearchText(), form.MatchCase()));
+        show(m_search.Search(m_program.List(), m_view.ShownRows(), form.SearchText(), form.MatchCase()));
 }
 
 void SearchCommands::SearchAgain() {
     if (m_search.CanSearchAgain())
-        show(m_search.SearchAgain(m_program.List(), m_program.List().RowOf(m_view.CurrentName()).value_or(-1)));
+        show(m_search.SearchAgain(m_program.List(), m_view.ShownRows(), m_program.List().RowOf(m_view.CurrentName())));
 }
 
 void SearchCommands::show(std::optional<int> row) {

@@ -14,7 +14,7 @@ class SearchCommands final : public QObject {
     SearchCommands(Program& program, DialogHost& dialogs, ActivityListView& view)
         : m_program(program), m_dialogs(dialogs), m_view(view) {}
 
-    /// mnuSearch: asks for a text and selects the first row that has it.
+    /// mnuSearch: asks for a text and selects the first row on the screen that has it.
     void Search();
 
     /// mnuSearchAgain: selects the next such row after the selected one.

@@ -36,8 +36,13 @@ TrayIcon::TrayIcon(const StringTable& texts, const QString& title, const std::fu
     m_icon.setContextMenu(&m_menu);
     ShowMonitoring(false);
     ShowState(TrayState::Idle);
-    connect(&m_icon, &QSystemTrayIcon::activated, this, [run](QSystemTrayIcon::ActivationReason reason) {
-        if (reason == QSystemTrayIcon::DoubleClick)
+    connect(&m_icon, &QSystemTrayIcon::activated, this, [this, run](QSystemTrayIcon::ActivationReason reason) {
+        // A status notifier tells of activations only, and tells nothing of the icon's place. The icon goes with the
+        // first of two events, which the second one finds.
+        const bool onlyActivates = m_icon.geometry().isEmpty();
+        const bool restores =
+            reason == QSystemTrayIcon::DoubleClick || (reason == QSystemTrayIcon::Trigger && onlyActivates);
+        if (restores && m_icon.isVisible())
             run(Command::Restore);
     });
 }

@@ -16,7 +16,8 @@ enum class TrayState { Idle, Monitoring, Failed };
 class TrayIcon final : public QObject {
     Q_OBJECT
   public:
-    /// Every entry hands its command to `run`; a double click is Restore.
+    /// Every entry hands its command to `run`; a double click is Restore, and so is a plain activation where
+    /// the desktop sends nothing else.
     TrayIcon(const StringTable& texts, const QString& title, const std::function<void(Command)>& run);
 
     [[nodiscard]] static bool IsAvailable();

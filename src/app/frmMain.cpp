@@ -34,7 +34,8 @@ bool isActivityFile(const QString& path) {
 } // namespace
 
 frmMain::frmMain(Program& program, const Tools& tools)
-    : m_program(program), m_menu(*this, program.Texts(), [this](Command command) { run(command); }),
+    : m_program(program), m_dialogs(tools.dialogs),
+      m_menu(*this, program.Texts(), [this](Command command) { run(command); }),
       m_view(new ActivityListView(program.List(), this)), m_status(*statusBar(), program),
       m_tray(program.Texts(), Program::Title(), [this](Command command) { run(command); }),
       m_placement(*this, *program.Services().settings), m_runNow(program), m_activities(program, *m_view, tools.editor),
@@ -50,6 +51,7 @@ frmMain::frmMain(Program& program, const Tools& tools)
     connect(m_view, &QWidget::customContextMenuRequested, this,
             [this](const QPoint& at) { m_menu.PopUp(m_view->viewport()->mapToGlobal(at)); });
     connect(m_view, &ActivityListView::RowOpened, this, [this](const QString& name) { m_activities.Properties(name); });
+    connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this, &frmMain::showRows);
     connect(&m_files, &ActivityFileCommands::Progress, &m_status, &StatusPanel::Say);
     connect(&m_search, &SearchCommands::SearchAgainEnabled, this,
             [this](bool enabled) { m_menu.SetSearchAgainEnabled(enabled); });
@@ -64,14 +66,16 @@ frmMain::~frmMain() = default;
 
 void frmMain::connectProgram() {
     connect(&m_program.Monitoring(), &MonitoringController::StateChanged, this, &frmMain::showMonitoring);
+    connect(&m_program.File(), &ActivityFile::CurrentPathChanged, this, &frmMain::showCaption);
     connect(&m_program.List(), &ActivityList::Refilled, this, [this] {
-        setWindowTitle(m_program.Caption());
         m_status.ShowCount();
+        showRows();
     });
     // Comes out of the middle of the user's click, which must be over before a box opens.
     connect(
         &m_program.List(), &ActivityList::ToggleFailed, this,
-        [this](const QString& text) { TellError(m_program, text); }, Qt::QueuedConnection);
+        [this](const QString& text, StoreError::Reason reason) { TellError(m_program, StoreError(text, reason)); },
+        Qt::QueuedConnection);
     connect(&m_program.Timers().tmrStatusbar, &TimerEx::Timer, this, [this] {
         if (!m_program.List().ListBusy())
             m_status.ShowCount();
@@ -151,6 +155,7 @@ void frmMain::Appear() {
 }
 
 void frmMain::ShowState() {
+    showCaption();
     showMonitoring(m_program.Monitoring().IsOn());
     hideInTray(); // the stored state may be "minimised"
 }
@@ -160,9 +165,18 @@ void frmMain::Minimise() {
 }
 
 bool frmMain::AcceptsNotice() {
+    m_status.Say(QString()); // ready; only the answer is waited for
     frmDisclaimer notice(m_program.Texts(), isVisible() && !isMinimized() ? this : nullptr);
     connect(this, &frmMain::Closing, &notice, &QDialog::reject);
     return notice.exec() == QDialog::Accepted;
+}
+
+void frmMain::showCaption() {
+    setWindowTitle(m_program.Caption());
+}
+
+void frmMain::showRows() {
+    m_menu.ShowRows(m_program.List().Rows() > 0, !m_view->CurrentName().isEmpty());
 }
 
 void frmMain::showMonitoring(bool on) {
@@ -219,14 +233,20 @@ void frmMain::closeEvent(QCloseEvent* event) {
     event->ignore(); // hidden at the end of the closing path, destroyed by its owner
     if (!m_started || m_askingToClose || m_waiter.Waiting())
         return;
-    if (m_program.Monitoring().IsOn()) {
-        const QScopedValueRollback asking(m_askingToClose, true);
-        const StringTable& texts = m_program.Texts();
-        const Message question{texts.Text(159), texts.Text(160), MessageIcon::Question, MessageButtons::YesNo};
-        if (m_program.Prompts().Ask(question) != MessageAnswer::Yes)
-            return;
-    }
-    beginClosing();
+    const QScopedValueRollback asking(m_askingToClose, true);
+    if (mayClose())
+        beginClosing();
+}
+
+bool frmMain::mayClose() {
+    if (!m_dialogs.MayAllEnd())
+        return false;
+    const bool isMonitoring = m_program.Monitoring().IsOn();
+    if (!isMonitoring && m_program.State().Depth() == 0)
+        return true;
+    const StringTable& texts = m_program.Texts();
+    return m_program.Prompts().Ask({texts.Text(isMonitoring ? 159 : 652), texts.Text(160), MessageIcon::Question,
+                                    MessageButtons::YesNo}) == MessageAnswer::Yes;
 }
 
 void frmMain::CloseWithoutQuestion() {

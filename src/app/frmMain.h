@@ -64,15 +64,19 @@ class frmMain final : public QMainWindow, private StartUpFace {
     [[nodiscard]] std::map<Command, std::function<void()>> commandTable();
     void run(Command command);
     void runNow(const std::function<void()>& work);
+    void showCaption();
+    void showRows();
     void showMonitoring(bool on);
     void showTrayState();
     void toggleMonitoring();
     void refreshList();
     void hideInTray();
     void restoreFromTray();
+    [[nodiscard]] bool mayClose();
     void beginClosing();
 
     Program& m_program;
+    DialogHost& m_dialogs;
     MainMenu m_menu;
     ActivityListView* m_view;
     StatusPanel m_status;

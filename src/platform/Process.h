@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 
 class Process {
   public:
@@ -11,6 +12,10 @@ class Process {
     /// program that the desktop has for it. The whole text is one path; there are no arguments and no shell line.
     /// False when it could not be started.
     [[nodiscard]] virtual bool Open(const QString& path) = 0;
+
+    /// Hands a document to the program that the desktop has for it. `failed` comes later, from the event loop, when
+    /// nothing takes the document.
+    virtual void ShowDocument(const QString& path, const std::function<void()>& failed) = 0;
 
     /// Shows a folder in the desktop's file manager. False when it is no folder or nothing could be started: no other
     /// file is ever opened, let alone run.

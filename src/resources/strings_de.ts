@@ -1047,6 +1047,26 @@
         <source>&apos; suspended for this interval.</source>
         <translation>&apos; für dieses Intervall ausgesetzt.</translation>
     </message>
+    <message id="650">
+        <source>Load it again now? What is entered in an open form stays there.</source>
+        <translation>Jetzt neu laden? Was in einem offenen Formular eingegeben wurde, bleibt dort stehen.</translation>
+    </message>
+    <message id="651">
+        <source>The changes are not saved. Drop them?</source>
+        <translation>Die Änderungen sind nicht gespeichert. Sollen sie verworfen werden?</translation>
+    </message>
+    <message id="652">
+        <source>An activity is still running. It ends after the present file. Exit anyway?</source>
+        <translation>Eine Aktivität läuft noch. Sie endet nach der aktuellen Datei. Trotzdem beenden?</translation>
+    </message>
+    <message id="653">
+        <source>'%1' is a directory. Please enter the name of a file.</source>
+        <translation>'%1' ist ein Verzeichnis. Bitte geben Sie den Namen einer Datei ein.</translation>
+    </message>
+    <message id="654">
+        <source>Kalvenor Pro Anleitung.en.html</source>
+        <translation>Kalvenor Pro Anleitung.de.html</translation>
+    </message>
 </context>
 <context>
     <name>Own texts</name>
@@ -1063,8 +1083,8 @@
         <translation>Dienst </translation>
     </message>
     <message id="432">
-        <source>The activity file was changed on disk by another program. Nothing was saved. Load it again (Refresh) and repeat the change.</source>
-        <translation>Die Aktivitätsdatei wurde von einem anderen Programm auf der Festplatte geändert. Es wurde nichts gespeichert. Laden Sie sie neu (Aktualisieren) und wiederholen Sie die Änderung.</translation>
+        <source>The activity file was changed on disk by another program. Nothing was saved.</source>
+        <translation>Die Aktivitätsdatei wurde von einem anderen Programm auf der Festplatte geändert. Es wurde nichts gespeichert.</translation>
     </message>
     <message id="433">
         <source>The activity file could not be loaded, so nothing can be saved to it.</source>
@@ -1453,6 +1473,26 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
     <message id="620">
         <source>'%1' belongs to Kalvenor itself and cannot be the log file of an activity.</source>
         <translation>'%1' gehört zu Kalvenor selbst und kann nicht die Protokolldatei einer Aktivität sein.</translation>
+    </message>
+    <message id="650">
+        <source>Load it again now? What is entered in an open form stays there.</source>
+        <translation>Jetzt neu laden? Was in einem offenen Formular eingegeben wurde, bleibt dort stehen.</translation>
+    </message>
+    <message id="651">
+        <source>The changes are not saved. Drop them?</source>
+        <translation>Die Änderungen sind nicht gespeichert. Sollen sie verworfen werden?</translation>
+    </message>
+    <message id="652">
+        <source>An activity is still running. It ends after the present file. Exit anyway?</source>
+        <translation>Eine Aktivität läuft noch. Sie endet nach der aktuellen Datei. Trotzdem beenden?</translation>
+    </message>
+    <message id="653">
+        <source>'%1' is a directory. Please enter the name of a file.</source>
+        <translation>'%1' ist ein Verzeichnis. Bitte geben Sie den Namen einer Datei ein.</translation>
+    </message>
+    <message id="654">
+        <source>Kalvenor Pro Anleitung.en.html</source>
+        <translation>Kalvenor Pro Anleitung.de.html</translation>
     </message>
 </context>
 </TS>

@@ -1047,6 +1047,26 @@
         <source>&apos; suspended for this interval.</source>
         <translation>&apos; suspended for this interval.</translation>
     </message>
+    <message id="650">
+        <source>Load it again now? What is entered in an open form stays there.</source>
+        <translation>Load it again now? What is entered in an open form stays there.</translation>
+    </message>
+    <message id="651">
+        <source>The changes are not saved. Drop them?</source>
+        <translation>The changes are not saved. Drop them?</translation>
+    </message>
+    <message id="652">
+        <source>An activity is still running. It ends after the present file. Exit anyway?</source>
+        <translation>An activity is still running. It ends after the present file. Exit anyway?</translation>
+    </message>
+    <message id="653">
+        <source>'%1' is a directory. Please enter the name of a file.</source>
+        <translation>'%1' is a directory. Please enter the name of a file.</translation>
+    </message>
+    <message id="654">
+        <source>Kalvenor Pro Anleitung.en.html</source>
+        <translation>Kalvenor Pro Anleitung.en.html</translation>
+    </message>
 </context>
 <context>
     <name>Own texts</name>
@@ -1063,8 +1083,8 @@
         <translation>Service </translation>
     </message>
     <message id="432">
-        <source>The activity file was changed on disk by another program. Nothing was saved. Load it again (Refresh) and repeat the change.</source>
-        <translation>The activity file was changed on disk by another program. Nothing was saved. Load it again (Refresh) and repeat the change.</translation>
+        <source>The activity file was changed on disk by another program. Nothing was saved.</source>
+        <translation>The activity file was changed on disk by another program. Nothing was saved.</translation>
     </message>
     <message id="433">
         <source>The activity file could not be loaded, so nothing can be saved to it.</source>
@@ -1453,6 +1473,26 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
     <message id="620">
         <source>'%1' belongs to Kalvenor itself and cannot be the log file of an activity.</source>
         <translation>'%1' belongs to Kalvenor itself and cannot be the log file of an activity.</translation>
+    </message>
+    <message id="650">
+        <source>Load it again now? What is entered in an open form stays there.</source>
+        <translation>Load it again now? What is entered in an open form stays there.</translation>
+    </message>
+    <message id="651">
+        <source>The changes are not saved. Drop them?</source>
+        <translation>The changes are not saved. Drop them?</translation>
+    </message>
+    <message id="652">
+        <source>An activity is still running. It ends after the present file. Exit anyway?</source>
+        <translation>An activity is still running. It ends after the present file. Exit anyway?</translation>
+    </message>
+    <message id="653">
+        <source>'%1' is a directory. Please enter the name of a file.</source>
+        <translation>'%1' is a directory. Please enter the name of a file.</translation>
+    </message>
+    <message id="654">
+        <source>Kalvenor Pro Anleitung.en.html</source>
+        <translation>Kalvenor Pro Anleitung.en.html</translation>
     </message>
 </context>
 </TS>

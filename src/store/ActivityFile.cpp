@@ -84,16 +84,22 @@ void ActivityFile::Save() {
     const auto present = m_files.Stamp(modNativePath::FromText(m_currentPath));
     const bool isAsLoaded = m_loadedPath == m_currentPath && present == m_loadedStamp;
     if (IsLoaded() && present && !isAsLoaded)
-        throw StoreError(m_texts.Text(432));
+        throw StoreError(m_texts.Text(432), StoreError::Reason::ChangedOnDisk);
     saveTo(m_currentPath);
     Q_EMIT Saved();
 }
 
 void ActivityFile::ChangeAndSave(const std::function<void()>& change) {
+    requireLoaded();
     m_document.AllOrNothing([&] {
         change();
         Save();
     });
+}
+
+void ActivityFile::requireLoaded() const {
+    if (!IsLoaded())
+        throw StoreError(m_texts.Text(433));
 }
 
 void ActivityFile::SaveAs(const QString& absolutePath) {
@@ -103,8 +109,7 @@ void ActivityFile::SaveAs(const QString& absolutePath) {
 }
 
 void ActivityFile::saveTo(const QString& path) {
-    if (!IsLoaded())
-        throw StoreError(m_texts.Text(433));
+    requireLoaded();
     try {
         m_document.Save(path);
     } catch (const StoreError& error) {

@@ -42,8 +42,8 @@ class ActivityFile final : public QObject {
     /// disk since it was loaded. A file that has gone is written anew.
     void Save();
 
-    /// Changes the document and saves it. When either throws, the document is as it was before. The work shows no box:
-    /// what the engine wrote meanwhile would be taken back with it.
+    /// Changes the document and saves it; refused when there is none to change. When either throws, the document is as
+    /// it was before. The work shows no box: what the engine wrote meanwhile would be taken back with it.
     void ChangeAndSave(const std::function<void()>& change);
 
     /// Saves the document to another file, whatever is there now, and makes it current. When it throws, the former
@@ -71,6 +71,7 @@ class ActivityFile final : public QObject {
     void Saved();
 
   private:
+    void requireLoaded() const;
     void saveTo(const QString& path);
     void tell(const QString& text);
 

@@ -2,7 +2,6 @@
 #include "ActivityFile.h"
 #include "ActivityRecord.h"
 #include "ActivityTexts.h"
-#include "StoreError.h"
 #include "StringTable.h"
 
 #include <QScopedValueRollback>
@@ -18,7 +17,8 @@ QString orDash(const QString& text) {
 
 } // namespace
 
-ActivityList::ActivityList(ActivityFile& file, const StringTable& texts) : m_file(file), m_texts(texts) {}
+ActivityList::ActivityList(ActivityFile& file, const StringTable& texts, const QLocale& locale)
+    : m_file(file), m_texts(texts), m_locale(locale) {}
 
 void ActivityList::Refill() {
     if (m_listBusy)
@@ -62,7 +62,7 @@ ActivityList::Row ActivityList::makeRow(const QString& name) const {
     row.texts[Name] = name;
     row.texts[Source] = record.Text(ActivityField::SourceDir);
     row.texts[Destination] = record.Text(ActivityField::TargetDir);
-    row.texts[Schedule] = ActivityTexts::Schedule(record, m_texts);
+    row.texts[Schedule] = ActivityTexts::Schedule(record, m_texts, m_locale);
     row.texts[Count] = QStringLiteral("0");
     row.texts[LogFile] = orDash(record.Text(ActivityField::LogFile));
     row.texts[Executable] = orDash(record.Text(ActivityField::Executable));
@@ -197,7 +197,7 @@ bool ActivityList::toggle(const QString& name, bool checked) {
     try {
         m_file.ChangeAndSave([&] { m_file.Write(name, "activ", checked ? QStringLiteral("1") : QStringLiteral("0")); });
     } catch (const StoreError& error) {
-        Q_EMIT ToggleFailed(error.Text());
+        Q_EMIT ToggleFailed(error.Text(), error.Why());
         return false;
     }
     m_file.Load();

@@ -2,8 +2,10 @@
 // marks and the names the engine has taken out of monitoring. Rows are found by name; an unknown name changes nothing.
 #pragma once
 
+#include "StoreError.h"
 #include <QAbstractTableModel>
 #include <QHash>
+#include <QLocale>
 #include <QSet>
 #include <QStringList>
 #include <optional>
@@ -18,7 +20,8 @@ class ActivityList final : public QAbstractTableModel {
     enum Column { Name, Source, Destination, Schedule, Status, Count, LogFile, Executable, Extensions, LastRun };
     static constexpr int ColumnCount = 10;
 
-    ActivityList(ActivityFile& file, const StringTable& texts);
+    /// The locale is that of the dates in column Schedule.
+    ActivityList(ActivityFile& file, const StringTable& texts, const QLocale& locale);
 
     /// Loads the current file (offering to repair a damaged one) and rebuilds every row. Columns Count and LastRun
     /// start anew. `ListBusy` is set meanwhile.
@@ -65,7 +68,7 @@ class ActivityList final : public QAbstractTableModel {
     /// The user ticked, unticked or edited this activity, or its run came to nothing.
     void Readmitted(const QString& name);
     /// A user's toggle could not be saved; the text says why.
-    void ToggleFailed(const QString& text);
+    void ToggleFailed(const QString& text, StoreError::Reason reason);
 
   private:
     struct Row {
@@ -81,6 +84,7 @@ class ActivityList final : public QAbstractTableModel {
 
     ActivityFile& m_file;
     const StringTable& m_texts;
+    QLocale m_locale;
     std::vector<Row> m_rows;
     QHash<QString, int> m_rowOfName;
     QSet<QString> m_takenOut;

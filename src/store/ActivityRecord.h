@@ -86,6 +86,8 @@ class ActivityRecord final {
     /// for 3 and 4, and is left out otherwise; what the other fields rule out is empty; exceedtime is the interval.
     [[nodiscard]] QList<std::pair<QString, QString>> Elements() const;
 
+    bool operator==(const ActivityRecord&) const = default;
+
   private:
     [[nodiscard]] QString writtenText(ActivityField field) const;
 

@@ -1,6 +1,8 @@
 #include "ActivityTexts.h"
 #include "ActivityRecord.h"
+#include "DateOrder.h"
 #include "StringTable.h"
+#include "modTriggerDate.h"
 
 #include <array>
 
@@ -21,12 +23,17 @@ QString lookUp(const auto& table, const QString& code, const StringTable& texts)
     return {};
 }
 
-QString description(const ActivityRecord& record, const StringTable& texts) {
+QString shownDate(const QString& stored, const QLocale& locale) {
+    const QDate date = modTriggerDate::Read(stored, locale);
+    return date.isValid() ? date.toString(DateOrder::Format(locale)) : stored;
+}
+
+QString description(const ActivityRecord& record, const StringTable& texts, const QLocale& locale) {
     const QString& type = record.Text(ActivityField::Type);
     const QString separator = QStringLiteral(": ");
     if (type == u"3")
-        return texts.Text(344) + separator + record.Text(ActivityField::TriggerDate) + QStringLiteral(" / ") +
-               texts.Text(345) + separator + record.Text(ActivityField::TriggerDateTime);
+        return texts.Text(344) + separator + shownDate(record.Text(ActivityField::TriggerDate), locale) +
+               QStringLiteral(" / ") + texts.Text(345) + separator + record.Text(ActivityField::TriggerDateTime);
     if (type == u"4") {
         const QString time = texts.Text(345) + separator + record.Text(ActivityField::TriggerTime);
         const bool isDaily = record.Text(ActivityField::Daily) == u"1";
@@ -38,7 +45,7 @@ QString description(const ActivityRecord& record, const StringTable& texts) {
 
 } // namespace
 
-QString ActivityTexts::Schedule(const ActivityRecord& record, const StringTable& texts) {
-    return description(record, texts) + QStringLiteral(" - ") +
+QString ActivityTexts::Schedule(const ActivityRecord& record, const StringTable& texts, const QLocale& locale) {
+    return description(record, texts, locale) + QStringLiteral(" - ") +
            lookUp(actions, record.Text(ActivityField::Action), texts);
 }

@@ -1,5 +1,5 @@
 // The one exception of this floor: an operation on the activity document or its file that could not be done. Carries
-// the text for the user.
+// the text for the user, and whether loading the file again would help.
 #pragma once
 
 #include <QString>
@@ -7,9 +7,16 @@
 
 class StoreError final : public std::runtime_error {
   public:
-    explicit StoreError(const QString& text) : std::runtime_error(text.toStdString()), m_text(text) {}
+    enum class Reason {
+        Failed,
+        ChangedOnDisk ///< another program has written the file since it was loaded
+    };
+    explicit StoreError(const QString& text, Reason reason = Reason::Failed)
+        : std::runtime_error(text.toStdString()), m_text(text), m_reason(reason) {}
     [[nodiscard]] const QString& Text() const { return m_text; }
+    [[nodiscard]] Reason Why() const { return m_reason; }
 
   private:
     QString m_text;
+    Reason m_reason;
 };

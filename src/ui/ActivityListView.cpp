@@ -109,6 +109,20 @@ void ActivityListView::Select(const QString& name) {
     scrollTo(index);
 }
 
+std::vector<int> ActivityListView::ShownRows() const {
+    std::vector<int> rows;
+    for (int shown = 0; shown < m_order.rowCount(); ++shown)
+        rows.push_back(m_order.mapToSource(m_order.index(shown, 0)).row());
+    return rows;
+}
+
+QString ActivityListView::NeighbourOf(const QString& name) const {
+    const QModelIndex index = indexOf(name);
+    const QModelIndex below = index.siblingAtRow(index.row() + 1);
+    const QModelIndex neighbour = below.isValid() ? below : index.siblingAtRow(index.row() - 1);
+    return neighbour.isValid() ? nameAt(neighbour) : QString();
+}
+
 QString ActivityListView::Layout() const {
     QStringList parts;
     for (int column = 0; column < ActivityList::ColumnCount; ++column)
@@ -172,13 +186,18 @@ void ActivityListView::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void ActivityListView::keyPressEvent(QKeyEvent* event) {
-    if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && event->modifiers() == Qt::NoModifier &&
-        currentIndex().isValid()) {
-        Q_EMIT RowOpened(nameAt(currentIndex()));
+    if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && event->modifiers() == Qt::NoModifier) {
+        if (const QString name = CurrentName(); !name.isEmpty())
+            Q_EMIT RowOpened(name);
         return;
     }
     // The box belongs to the row: it follows the space bar wherever in the row the last click was.
     if (event->key() == Qt::Key_Space && currentIndex().column() > 0)
         selectionModel()->setCurrentIndex(currentIndex().siblingAtColumn(0), QItemSelectionModel::NoUpdate);
     QTreeView::keyPressEvent(event);
+    // Qt highlights a row when the current one changes. The only row is the current one from the start.
+    const bool moves = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down || event->key() == Qt::Key_Home ||
+                       event->key() == Qt::Key_End;
+    if (moves && event->modifiers() == Qt::NoModifier && CurrentName().isEmpty() && currentIndex().isValid())
+        Select(nameAt(currentIndex()));
 }

@@ -5,6 +5,7 @@
 #include "ActivityOrder.h"
 #include <QStringList>
 #include <QTreeView>
+#include <vector>
 
 class ActivityList;
 
@@ -23,13 +24,19 @@ class ActivityListView final : public QTreeView {
     /// Highlights this activity alone and brings it into view. An unknown name changes nothing.
     void Select(const QString& name);
 
+    /// The rows of the list in the order in which they are shown.
+    [[nodiscard]] std::vector<int> ShownRows() const;
+
+    /// The activity shown below this one, else the one above; "" when there is no other.
+    [[nodiscard]] QString NeighbourOf(const QString& name) const;
+
     /// Widths of the columns and the order, as a text for the settings.
     [[nodiscard]] QString Layout() const;
     /// Takes over what Layout gave; a text that is none of those changes nothing.
     void RestoreLayout(const QString& layout);
 
   Q_SIGNALS:
-    /// A double click on a row, outside its check box, or Enter on it.
+    /// A double click on a row, outside its check box, or Enter on a highlighted one.
     void RowOpened(const QString& name);
 
   protected:

@@ -20,6 +20,7 @@ QStringList withPatterns(const QStringList& filters) {
 std::optional<QString> ask(QFileDialog& dialog, const FileRequest& request) {
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(withPatterns(request.filters));
+    dialog.setDefaultSuffix(request.suffix); // by the dialog, which asks before it replaces a file of that name
     if (!request.folder.isEmpty())
         dialog.setDirectory(request.folder);
     if (!request.file.isEmpty()) {

@@ -2,6 +2,7 @@
 
 #include "modDialogParent.h"
 #include <QDialog>
+#include <algorithm>
 
 QWidget* DialogHost::Parent() const {
     return modDialogParent::Choose(m_window);
@@ -10,23 +11,28 @@ QWidget* DialogHost::Parent() const {
 bool DialogHost::RaiseOpen() const {
     if (m_open.empty())
         return false;
-    m_open.back()->raise();
-    m_open.back()->activateWindow();
+    m_open.back().dialog->raise();
+    m_open.back().dialog->activateWindow();
     return true;
 }
 
-int DialogHost::Run(QDialog& dialog) {
+int DialogHost::Run(QDialog& dialog, const MayEnd& mayEnd) {
     if (!m_waiting)
         return QDialog::Rejected;
-    m_open.push_back(&dialog);
+    m_open.push_back({&dialog, mayEnd});
     const int result = dialog.exec();
-    std::erase(m_open, &dialog);
+    std::erase_if(m_open, [&](const Open& open) { return open.dialog == &dialog; });
     return result;
+}
+
+bool DialogHost::MayAllEnd() const {
+    const std::vector<Open> all(m_open.rbegin(), m_open.rend());
+    return std::all_of(all.begin(), all.end(), [](const Open& open) { return !open.mayEnd || open.mayEnd(); });
 }
 
 void DialogHost::StopWaiting() {
     m_waiting = false;
-    const std::vector<QDialog*> open(m_open.rbegin(), m_open.rend());
-    for (QDialog* dialog : open)
-        dialog->reject();
+    const std::vector<Open> all(m_open.rbegin(), m_open.rend());
+    for (const Open& open : all)
+        open.dialog->done(QDialog::Rejected);
 }

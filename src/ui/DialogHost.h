@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QPointer>
+#include <functional>
 #include <vector>
 
 class QDialog;
@@ -18,15 +19,25 @@ class DialogHost final {
     /// dialog is open, so a command that opens one asks this first.
     [[nodiscard]] bool RaiseOpen() const;
 
-    /// Shows the dialog modally and returns how it ended (QDialog::DialogCode).
-    int Run(QDialog& dialog);
+    /// Asks the user about what would be lost when the dialog ended now; false when it has to stay.
+    using MayEnd = std::function<bool()>;
 
-    /// Cancels the open dialogs, the innermost first, and opens no more.
+    /// Shows the dialog modally and returns how it ended (QDialog::DialogCode).
+    int Run(QDialog& dialog, const MayEnd& mayEnd = nullptr);
+
+    /// Whether all open dialogs may end. Events run; no dialog is destroyed meanwhile, for each waits below us.
+    [[nodiscard]] bool MayAllEnd() const;
+
+    /// Ends the open dialogs without a question, the innermost first, and opens no more.
     void StopWaiting();
     [[nodiscard]] bool IsWaiting() const { return m_waiting; }
 
   private:
+    struct Open {
+        QDialog* dialog;
+        MayEnd mayEnd;
+    };
     QPointer<QWidget> m_window;
-    std::vector<QDialog*> m_open;
+    std::vector<Open> m_open;
     bool m_waiting = true;
 };

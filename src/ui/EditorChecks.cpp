@@ -63,6 +63,14 @@ Found missingFile(const Place& place, const Input& i, const Environment& e, F fi
     return missing(place, e, 132, path);
 }
 
+Found missingLogFile(const Input& i, const Environment& e) {
+    const QString& path = i.record.Text(F::LogFile);
+    const std::filesystem::path log = modNativePath::Absolute(path);
+    if (!log.empty() && e.files.FolderExists(log))
+        return refusal(logFile, e.texts.Text(653).arg(path), e.texts.Text(135));
+    return missingFile(logFile, i, e, F::LogFile);
+}
+
 Found ownLogFile(const Input& i, const Environment& e) {
     const QString path = i.record.Text(F::LogFile);
     if (path.trimmed().isEmpty() || !e.isOwnFile(path))
@@ -202,8 +210,7 @@ Found pastTimeOfDay(const Input& i, const Environment& e) {
 constexpr std::array checks{
     Check{"the program exists",
           [](const Input& i, const Environment& e) { return missingFile(program, i, e, F::Executable); }},
-    Check{"the log file exists",
-          [](const Input& i, const Environment& e) { return missingFile(logFile, i, e, F::LogFile); }},
+    Check{"the log file exists", missingLogFile},
     Check{"the log file is none of the program's own", ownLogFile},
     Check{"the source exists",
           [](const Input& i, const Environment& e) { return missingFolder(source, i, e, F::SourceDir, 281); }},

@@ -10,6 +10,7 @@ struct FileRequest {
     QStringList filters; ///< "Description (*.kvd)", the first is preset
     QString folder;      ///< to begin in; "" for the current directory
     QString file;        ///< preset path; "" for none
+    QString suffix{};    ///< is added to a new name that has none; without a point, "" for none
 };
 
 class FilePicker {

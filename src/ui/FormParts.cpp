@@ -1,8 +1,10 @@
 #include "FormParts.h"
 
 #include <QBoxLayout>
+#include <QButtonGroup>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QRegularExpression>
 
 QString FormParts::Spoken(const QString& caption) {
@@ -52,6 +54,22 @@ QGroupBox* FormParts::Group(const QString& caption) {
     auto* group = new QGroupBox(caption);
     group->setAccessibleName(Spoken(caption));
     return group;
+}
+
+QPushButton* FormParts::AddButton(QDialogButtonBox& buttons, QDialogButtonBox::StandardButton kind,
+                                  const char* objectName, const QString& caption) {
+    QPushButton* button = buttons.addButton(kind);
+    button->setText(caption);
+    Name(*button, objectName, caption);
+    return button;
+}
+
+void FormParts::EnterAtChosen(QButtonGroup& options) {
+    // Qt knows this too, but not before the group has had the focus.
+    QObject::connect(&options, &QButtonGroup::idToggled, &options, [&options] {
+        for (QAbstractButton* option : options.buttons())
+            option->setFocusPolicy(option == options.checkedButton() ? Qt::StrongFocus : Qt::ClickFocus);
+    });
 }
 
 QToolButton* FormParts::SignButton(const char* objectName, const QString& sign, const QString& caption) {

@@ -3,11 +3,14 @@
 #pragma once
 
 #include <QCheckBox>
+#include <QDialogButtonBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QRadioButton>
 #include <QString>
 #include <QToolButton>
+
+class QButtonGroup;
 
 namespace FormParts {
 
@@ -26,6 +29,13 @@ void Name(QWidget& widget, const char* objectName, const QString& caption);
 [[nodiscard]] QCheckBox* CheckBox(const char* objectName, const QString& caption);
 [[nodiscard]] QRadioButton* Option(const char* objectName, const QString& caption);
 [[nodiscard]] QGroupBox* Group(const QString& caption);
+
+/// A button of a kind that the style knows: it gets the icon that it has in a message box.
+QPushButton* AddButton(QDialogButtonBox& buttons, QDialogButtonBox::StandardButton kind, const char* objectName,
+                       const QString& caption);
+
+/// Tab enters the group at the chosen option; without one, at each of them.
+void EnterAtChosen(QButtonGroup& options);
 
 /// A button with a sign instead of a caption, which shows the caption as its tooltip.
 [[nodiscard]] QToolButton* SignButton(const char* objectName, const QString& sign, const QString& caption);

@@ -69,6 +69,7 @@ QGroupBox* OptionsActionTab::buildAction() {
         switches->addWidget(box);
     }
     switches->addStretch(1);
+    FormParts::EnterAtChosen(*m_actions);
     m_bindings.Choice(*m_actions, ActivityField::Action);
     auto* halves = new QHBoxLayout(group);
     halves->addLayout(options, 1);
@@ -80,6 +81,10 @@ QGroupBox* OptionsActionTab::buildFileTypes() {
     const StringTable& texts = m_services.texts;
     QGroupBox* group = FormParts::Group(FormParts::Spoken(texts.Text(360)));
     QRadioButton* optAll = FormParts::Option("optAll", texts.Text(361));
+    auto* types = new QButtonGroup(group);
+    types->addButton(optAll);
+    types->addButton(optOnlyThis);
+    FormParts::EnterAtChosen(*types);
     FormParts::Name(*txtExtensions, "txtExtensions", texts.Text(390));
     txtExtensions->setPlaceholderText(texts.Text(477));
     auto* line = new QHBoxLayout(group);

@@ -55,13 +55,14 @@ OptionsScheduleTab::OptionsScheduleTab(const EditorServices& services)
     : m_texts(services.texts), m_locale(services.locale), m_dateFormat(DateOrder::Format(services.locale)),
       m_types(new QButtonGroup(this)), sldInterval(new QSlider(Qt::Horizontal)), spnInterval(new QSpinBox),
       chkRunningMode(FormParts::CheckBox("chkRunningMode", m_texts.Text(340))), txtDate(new MaskedField(m_dateFormat)),
-      txtDateTime(new MaskedField(timeFormat)), cmdSelectDate(new QPushButton(m_texts.Text(342) + u" ...")),
+      txtDateTime(new MaskedField(timeFormat)), cmdSelectDate(new QPushButton(m_texts.Text(342))),
       txtTime(new MaskedField(timeFormat)), chkDaily(FormParts::CheckBox("chkDaily", m_texts.Text(343))) {
     auto* all = new QVBoxLayout(this);
     all->addWidget(buildInterval());
     all->addWidget(buildFixedTimes());
     all->addStretch(1);
     bindFields();
+    FormParts::EnterAtChosen(*m_types);
     connect(m_types, &QButtonGroup::idToggled, this, &OptionsScheduleTab::followSchedule);
     connect(cmdSelectDate, &QPushButton::clicked, this, &OptionsScheduleTab::pickDate);
     followSchedule();
@@ -150,15 +151,17 @@ QGroupBox* OptionsScheduleTab::buildFixedTimes() {
 
 void OptionsScheduleTab::bindFields() {
     // Digits in another order would fill the mask with another date.
-    const auto spelledDate = [this](const QString& stored) {
-        const QDate date = modTriggerDate::Read(stored, m_locale);
-        return date.isValid() ? date.toString(m_dateFormat) : QString();
+    const auto inForm = [this](const QString& format) {
+        return [this, format](const QString& text) {
+            const QDate date = modTriggerDate::Read(text, m_locale);
+            return date.isValid() ? date.toString(format) : QString();
+        };
     };
     m_bindings.Choice(*m_types, ActivityField::Type);
     m_bindings.Number(*spnInterval, ActivityField::Interval);
-    m_bindings.Masked(*txtDate, ActivityField::TriggerDate, spelledDate);
-    m_bindings.Masked(*txtDateTime, ActivityField::TriggerDateTime, spelledTime);
-    m_bindings.Masked(*txtTime, ActivityField::TriggerTime, spelledTime);
+    m_bindings.Masked(*txtDate, ActivityField::TriggerDate, inForm(m_dateFormat), inForm(DateOrder::Stored));
+    m_bindings.Masked(*txtDateTime, ActivityField::TriggerDateTime, spelledTime, spelledTime);
+    m_bindings.Masked(*txtTime, ActivityField::TriggerTime, spelledTime, spelledTime);
     m_bindings.Switch(*chkDaily, ActivityField::Daily);
     m_bindings.Switch(*chkRunningMode, ActivityField::RunningMode);
 }

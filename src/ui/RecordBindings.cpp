@@ -38,16 +38,15 @@ void RecordBindings::Text(ctlAutoCompleteCombo& combo, ActivityField field) {
         field, [&combo] { return combo.Text(); }, [&combo](const QString& text) { combo.SetText(text); });
 }
 
-void RecordBindings::Masked(MaskedField& line, ActivityField field,
-                            const std::function<QString(const QString&)>& spell) {
-    m_bindings.push_back({[=, &line](const ActivityRecord& record) { line.setText(spell(record.Text(field))); },
+void RecordBindings::Masked(MaskedField& line, ActivityField field, const Spell& show, const Spell& store) {
+    m_bindings.push_back({[=, &line](const ActivityRecord& record) { line.setText(show(record.Text(field))); },
                           [=, &line](ActivityRecord& record) {
                               // What the mask cannot show must not be lost by looking at it.
                               const QString stored = record.Text(field);
                               const QString shown = line.Shown();
-                              const QString spelled = spell(shown);
+                              const QString spelled = store(shown);
                               if (line.IsBlank())
-                                  record.SetText(field, spell(stored).isEmpty() ? stored : QString());
+                                  record.SetText(field, show(stored).isEmpty() ? stored : QString());
                               else
                                   record.SetText(field, spelled.isEmpty() ? shown : spelled);
                           }});

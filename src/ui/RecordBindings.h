@@ -22,8 +22,12 @@ class RecordBindings final {
     void Text(QPlainTextEdit& lines, ActivityField field);
     void Text(ctlAutoCompleteCombo& combo, ActivityField field);
 
-    /// `spell` turns the stored text into one that fits the mask, "" when it cannot; what is typed goes through it too.
-    void Masked(MaskedField& line, ActivityField field, const std::function<QString(const QString&)>& spell);
+    /// One text in the other's form, "" when it has none.
+    using Spell = std::function<QString(const QString&)>;
+
+    /// `show` turns the stored text into one that fits the mask, `store` what the mask shows into the stored one. What
+    /// cannot be turned is stored as it is shown.
+    void Masked(MaskedField& line, ActivityField field, const Spell& show, const Spell& store);
     void Switch(QCheckBox& box, ActivityField field);
 
     /// A switch as a pair of options.

@@ -46,10 +46,9 @@ frmAbout::frmAbout(const StringTable& texts, QWidget* parent) : QDialog(parent) 
 
     auto* buttons = new QDialogButtonBox(this);
     QPushButton* system = buttons->addButton(texts.Text(530), QDialogButtonBox::ActionRole);
-    QPushButton* ok = buttons->addButton(texts.Text(448), QDialogButtonBox::AcceptRole);
+    QPushButton* ok = FormParts::AddButton(*buttons, QDialogButtonBox::Ok, "cmdOK", texts.Text(448));
     system->setObjectName(QStringLiteral("cmdSysInfo"));
     system->setAutoDefault(false);
-    ok->setObjectName(QStringLiteral("cmdOK"));
     ok->setDefault(true);
     connect(system, &QPushButton::clicked, this, &frmAbout::SystemInformationWanted);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);

@@ -27,10 +27,8 @@ frmDisclaimer::frmDisclaimer(const StringTable& texts, QWidget* parent) : QDialo
     notice->setMinimumWidth(notice->fontMetrics().averageCharWidth() * 70);
 
     auto* buttons = new QDialogButtonBox(this);
-    QPushButton* accept = buttons->addButton(texts.Text(111), QDialogButtonBox::AcceptRole);
-    QPushButton* decline = buttons->addButton(texts.Text(112), QDialogButtonBox::RejectRole);
-    accept->setObjectName(QStringLiteral("cmdAccept"));
-    decline->setObjectName(QStringLiteral("cmdDecline"));
+    QPushButton* accept = FormParts::AddButton(*buttons, QDialogButtonBox::Ok, "cmdAccept", texts.Text(111));
+    QPushButton* decline = FormParts::AddButton(*buttons, QDialogButtonBox::Cancel, "cmdDecline", texts.Text(112));
     // Enter must not accept what nobody has read.
     accept->setAutoDefault(false);
     decline->setDefault(true);

@@ -5,13 +5,19 @@
 #include "OptionsGeneralTab.h"
 #include "OptionsMailTab.h"
 #include "OptionsScheduleTab.h"
+#include "ScrollPage.h"
 #include "StoreError.h"
 #include "StringTable.h"
 #include <QDialogButtonBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <utility>
+
+namespace {
+constexpr QSize windowFrame(16, 48); // room for what the desktop puts around a window
+} // namespace
 
 frmOptions::frmOptions(const EditorServices& services, Request request, QWidget* parent)
     : QDialog(parent), m_services(services), m_request(std::move(request)), m_tabs(new QTabWidget),
@@ -20,23 +26,10 @@ frmOptions::frmOptions(const EditorServices& services, Request request, QWidget*
     const StringTable& texts = m_services.texts;
     setObjectName(QStringLiteral("frmOptions"));
     setWindowTitle(m_request.name.isEmpty() ? texts.Text(460) : texts.Text(461).arg(m_request.name));
-    buildTabs();
-
-    auto* buttons = new QDialogButtonBox(this);
-    QPushButton* ok = buttons->addButton(texts.Text(448), QDialogButtonBox::AcceptRole);
-    QPushButton* cancel = buttons->addButton(texts.Text(449), QDialogButtonBox::RejectRole);
-    FormParts::Name(*ok, "cmdOK", texts.Text(448));
-    FormParts::Name(*cancel, "cmdCancel", texts.Text(449));
-    ok->setDefault(true);
-    connect(buttons, &QDialogButtonBox::accepted, this, &frmOptions::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &frmOptions::reject);
-    // Enter in a field means OK and no other button.
-    for (QPushButton* button : findChildren<QPushButton*>())
-        button->setAutoDefault(button == ok || button == cancel);
-
     auto* all = new QVBoxLayout(this);
     all->addWidget(m_tabs, 1);
-    all->addWidget(buttons);
+    buildTabs();
+    buildButtons();
 
     connect(m_action, &OptionsActionTab::ActionChosen, m_general,
             [this] { m_general->SetDestinationWanted(m_action->IsDestinationWanted()); });
@@ -44,10 +37,11 @@ frmOptions::frmOptions(const EditorServices& services, Request request, QWidget*
     m_schedule->Show(m_request.record);
     m_action->Show(m_request.record);
     m_mail->Show(m_request.record);
+    m_shownName = Name();
+    m_shownRecord = Record();
     // A desktop that puts Cancel in front would also begin there, and Enter would mean Cancel.
-    m_tabs->setFocus();
-    if (m_request.name.isEmpty())
-        lead(EditorChecks::Tab::Directories, "txtName");
+    lead(EditorChecks::Tab::Directories, "txtName");
+    resize(sizeHint().boundedTo(screen()->availableSize() - windowFrame));
 }
 
 void frmOptions::buildTabs() {
@@ -55,12 +49,26 @@ void frmOptions::buildTabs() {
     const auto add = [this](EditorChecks::Tab tab, QWidget* page, const char* name, int text) {
         const QString caption = m_services.texts.Text(text);
         FormParts::Name(*page, name, caption);
-        m_tabs->insertTab(static_cast<int>(tab), page, caption);
+        m_tabs->insertTab(static_cast<int>(tab), new ScrollPage(page), caption);
     };
     add(EditorChecks::Tab::Directories, m_general, "tabGeneral", 462);
     add(EditorChecks::Tab::Schedule, m_schedule, "tabSchedule", 463);
     add(EditorChecks::Tab::Action, m_action, "tabAction", 464);
     add(EditorChecks::Tab::Mail, m_mail, "tabMail", 465);
+}
+
+void frmOptions::buildButtons() {
+    const StringTable& texts = m_services.texts;
+    auto* buttons = new QDialogButtonBox(this);
+    QPushButton* ok = FormParts::AddButton(*buttons, QDialogButtonBox::Ok, "cmdOK", texts.Text(448));
+    QPushButton* cancel = FormParts::AddButton(*buttons, QDialogButtonBox::Cancel, "cmdCancel", texts.Text(449));
+    ok->setDefault(true);
+    connect(buttons, &QDialogButtonBox::accepted, this, &frmOptions::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, [this] { done(Rejected); });
+    // Enter in a field means OK and no other button.
+    for (QPushButton* button : findChildren<QPushButton*>())
+        button->setAutoDefault(button == ok || button == cancel);
+    layout()->addWidget(buttons);
 }
 
 QString frmOptions::Name() const {
@@ -82,6 +90,18 @@ void frmOptions::accept() {
         return;
     m_general->RememberFolders();
     QDialog::accept();
+}
+
+bool frmOptions::MayBeDropped() {
+    if (m_over || (Name() == m_shownName && Record() == m_shownRecord))
+        return true;
+    const Message question{m_services.texts.Text(651), windowTitle(), MessageIcon::Question, MessageButtons::YesNo};
+    return m_services.prompter.Ask(question) == MessageAnswer::Yes;
+}
+
+void frmOptions::reject() {
+    if (MayBeDropped() && !m_over)
+        done(Rejected);
 }
 
 void frmOptions::done(int result) {
@@ -124,6 +144,10 @@ bool frmOptions::write() {
 
 void frmOptions::lead(EditorChecks::Tab tab, const char* control) {
     m_tabs->setCurrentIndex(static_cast<int>(tab));
-    if (auto* field = findChild<QWidget*>(QLatin1String(control)))
-        field->setFocus();
+    auto* page = qobject_cast<ScrollPage*>(m_tabs->currentWidget());
+    auto* field = findChild<QWidget*>(QLatin1String(control));
+    if (page == nullptr || field == nullptr)
+        return;
+    field->setFocus();
+    page->ensureWidgetVisible(field);
 }

@@ -38,12 +38,18 @@ class frmOptions final : public QDialog {
     [[nodiscard]] QString Name() const;
     [[nodiscard]] ActivityRecord Record() const;
 
+    /// Whether the editor may end: nothing was changed, or the user says that it may be lost.
+    [[nodiscard]] bool MayBeDropped();
+
   public Q_SLOTS:
     void accept() override;
+    /// Escape and a close of the window: asks first when something was changed. Cancel does not ask.
+    void reject() override;
     void done(int result) override;
 
   private:
     void buildTabs();
+    void buildButtons();
     [[nodiscard]] bool passesChecks();
     [[nodiscard]] bool wavesThrough(const EditorChecks::Problem& problem);
     [[nodiscard]] bool write();
@@ -56,5 +62,7 @@ class frmOptions final : public QDialog {
     OptionsScheduleTab* m_schedule;
     OptionsActionTab* m_action;
     OptionsMailTab* m_mail;
+    QString m_shownName;
+    ActivityRecord m_shownRecord; ///< as the controls gave it back before anybody typed
     bool m_over = false;
 };

@@ -1,5 +1,6 @@
 #include "frmSearch.h"
 
+#include "FormParts.h"
 #include "StringTable.h"
 #include <QCheckBox>
 #include <QDialogButtonBox>
@@ -23,11 +24,9 @@ frmSearch::frmSearch(const StringTable& texts, const QString& text, bool matchCa
     m_matchCase->setChecked(matchCase);
 
     auto* buttons = new QDialogButtonBox(this);
-    QPushButton* ok = buttons->addButton(texts.Text(448), QDialogButtonBox::AcceptRole);
-    QPushButton* cancel = buttons->addButton(texts.Text(525), QDialogButtonBox::RejectRole);
-    ok->setObjectName(QStringLiteral("cmdOK"));
+    QPushButton* ok = FormParts::AddButton(*buttons, QDialogButtonBox::Ok, "cmdOK", texts.Text(448));
+    FormParts::AddButton(*buttons, QDialogButtonBox::Cancel, "cmdCancel", texts.Text(525));
     ok->setEnabled(!text.isEmpty());
-    cancel->setObjectName(QStringLiteral("cmdCancel"));
     connect(m_text, &QLineEdit::textChanged, ok, [ok](const QString& now) { ok->setEnabled(!now.isEmpty()); });
     ok->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);

@@ -1,5 +1,6 @@
 #include "frmServiceOptions.h"
 
+#include "FormParts.h"
 #include "StringTable.h"
 #include <QDialogButtonBox>
 #include <QGridLayout>
@@ -41,7 +42,7 @@ frmServiceOptions::frmServiceOptions(const StringTable& texts, QWidget* parent) 
     note->setMinimumWidth(kNoteWidth);
     layout->addWidget(note, 2, 0, 1, 2);
     auto* buttons = new QDialogButtonBox(this);
-    buttons->addButton(texts.Text(448), QDialogButtonBox::AcceptRole);
+    FormParts::AddButton(*buttons, QDialogButtonBox::Ok, "cmdOK", texts.Text(448));
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     layout->addWidget(buttons, 3, 0, 1, 2);
     layout->setSizeConstraint(QLayout::SetFixedSize);

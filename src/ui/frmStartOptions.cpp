@@ -2,6 +2,7 @@
 
 #include "Autostart.h"
 #include "FilePicker.h"
+#include "FormParts.h"
 #include "OwnFiles.h"
 #include "Prompter.h"
 #include "SettingsStore.h"
@@ -9,6 +10,7 @@
 #include "modNativePath.h"
 #include <QCheckBox>
 #include <QDialogButtonBox>
+#include <QDir>
 #include <QFileInfo>
 #include <QFocusEvent>
 #include <QGroupBox>
@@ -59,6 +61,11 @@ class PathEdit final : public QLineEdit {
             QMetaObject::invokeMethod(this, &QLineEdit::selectAll, Qt::QueuedConnection);
     }
 };
+
+/// "~" as a shell understands it; a log in a folder of that name would be looked for in vain.
+QString withHomeFolder(const QString& path) {
+    return path == u"~" || path.startsWith(u"~/") ? QDir::homePath() + path.mid(1) : path;
+}
 
 /// Creates the log, empty, when nothing has its name. A failure is silent: the test of its folder tells the usual one.
 void createMissing(OwnFiles& files, const std::filesystem::path& log) {
@@ -114,13 +121,10 @@ QGroupBox* frmStartOptions::buildLogFile(const Options& options) {
 
 QDialogButtonBox* frmStartOptions::buildButtons() {
     auto* buttons = new QDialogButtonBox(this);
-    QPushButton* save = buttons->addButton(m_parts.texts.Text(125), QDialogButtonBox::AcceptRole);
-    QPushButton* cancel = buttons->addButton(m_parts.texts.Text(126), QDialogButtonBox::RejectRole);
-    QPushButton* help = buttons->addButton(m_parts.texts.Text(127), QDialogButtonBox::HelpRole);
-    save->setObjectName(QStringLiteral("cmdSave"));
-    save->setDefault(true);
-    cancel->setObjectName(QStringLiteral("cmdCancel"));
-    help->setObjectName(QStringLiteral("cmdHelp"));
+    const StringTable& texts = m_parts.texts;
+    FormParts::AddButton(*buttons, QDialogButtonBox::Save, "cmdSave", texts.Text(125))->setDefault(true);
+    FormParts::AddButton(*buttons, QDialogButtonBox::Cancel, "cmdCancel", texts.Text(126));
+    FormParts::AddButton(*buttons, QDialogButtonBox::Help, "cmdHelp", texts.Text(127));
     connect(buttons, &QDialogButtonBox::accepted, this, &frmStartOptions::save);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(buttons, &QDialogButtonBox::helpRequested, this, &frmStartOptions::HelpWanted);
@@ -136,22 +140,22 @@ Options frmStartOptions::Values() const {
 }
 
 bool frmStartOptions::acceptsLogPath() {
-    const QString text = m_loggingPath->text();
-    const std::filesystem::path log = modNativePath::Absolute(text);
-    if (log.empty()) { // blanks name no file
-        m_loggingPath->clear();
-        return true;
-    }
-    if (!m_parts.files.Stamp(log)) {
-        m_loggingPath->setText(modNativePath::ToText(log));
-        createMissing(m_parts.files, log);
-    }
-    if (m_parts.files.FolderExists(log.parent_path()))
+    const std::filesystem::path log = modNativePath::Absolute(withHomeFolder(m_loggingPath->text().trimmed()));
+    m_loggingPath->setText(modNativePath::ToText(log));
+    if (log.empty()) // blanks name no file
         return true;
     const StringTable& texts = m_parts.texts;
-    m_parts.prompter.Ask({texts.Text(132) + modNativePath::ToText(log.parent_path()) + texts.Text(133) +
-                              QStringLiteral("\n\n") + texts.Text(134),
-                          texts.Text(135), MessageIcon::Exclamation, MessageButtons::Ok});
+    QString objection;
+    if (m_parts.files.FolderExists(log)) {
+        objection = texts.Text(653).arg(m_loggingPath->text());
+    } else {
+        createMissing(m_parts.files, log);
+        if (m_parts.files.FolderExists(log.parent_path()))
+            return true;
+        objection = texts.Text(132) + modNativePath::ToText(log.parent_path()) + texts.Text(133) +
+                    QStringLiteral("\n\n") + texts.Text(134);
+    }
+    m_parts.prompter.Ask({objection, texts.Text(135), MessageIcon::Exclamation, MessageButtons::Ok});
     m_loggingPath->setFocus();
     return false;
 }

@@ -1,5 +1,6 @@
 #include "frmText.h"
 
+#include "FormParts.h"
 #include "StringTable.h"
 #include "modTextBox.h"
 #include <QClipboard>
@@ -19,10 +20,9 @@ frmText::frmText(const StringTable& texts, const QString& title, const QString& 
 
     auto* buttons = new QDialogButtonBox(this);
     QPushButton* copy = buttons->addButton(texts.Text(532), QDialogButtonBox::ActionRole);
-    QPushButton* close = buttons->addButton(texts.Text(531), QDialogButtonBox::RejectRole);
+    QPushButton* close = FormParts::AddButton(*buttons, QDialogButtonBox::Close, "cmdClose", texts.Text(531));
     copy->setObjectName(QStringLiteral("cmdCopy"));
     copy->setAutoDefault(false);
-    close->setObjectName(QStringLiteral("cmdClose"));
     close->setDefault(true);
     connect(copy, &QPushButton::clicked, this, [text] { QGuiApplication::clipboard()->setText(text); });
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

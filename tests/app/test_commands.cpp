@@ -35,9 +35,13 @@ class TestCommands final : public QObject {
         QCOMPARE(world.prompter.Told(), QStringList{u"Delete activity: Should the activity 'B' really be deleted?"_qs});
         QCOMPARE(window.Names(), three);
         world.prompter.yes = true;
+        window.View().sortByColumn(0, Qt::DescendingOrder);
         window.Command("mnuDelDir").trigger();
         QCOMPARE(window.Names(), (QStringList{u"A"_qs, u"C"_qs}));
         QCOMPARE(window.program.File().Names(), window.Names());
+        QCOMPARE(window.View().CurrentName(), u"A"_qs); // the next one on the screen
+        window.Command("mnuDelDir").trigger();
+        QCOMPARE(window.View().CurrentName(), u"C"_qs);
     }
 
     void edits() {
@@ -46,7 +50,10 @@ class TestCommands final : public QObject {
         world.prompter.yes = false;
         window.program.Monitoring().ToggleMonitoring();
         window.program.List().TakeOut(u"B"_qs);
+        QTest::keyClick(&window.View(), Qt::Key_Return); // nothing is selected
+        QVERIFY(window.editor.opened.isEmpty() && !window.Command("mnuDelDir").isEnabled());
         window.Select({u"B"_qs});
+        QVERIFY(window.Command("mnuDelDir").isEnabled());
         window.editor.onEdit = [&](const ActivityEditor::Writer& write) {
             ActivityRecord record = window.editor.shown;
             record.SetText(ActivityField::Comment, u"changed"_qs);
@@ -70,18 +77,33 @@ class TestCommands final : public QObject {
         QCOMPARE(window.program.File().Read(u"New"_qs, "exceedtime"), u"10"_qs);
     }
 
-    void anEditThatCannotBeSavedCanBeRepeated() {
+    void anEditOverAChangedFileIsSavedAfterAReload() {
+        for (const bool reloads : {false, true}) {
+            World world;
+            Window window(world);
+            window.Select({u"B"_qs});
+            const QString foreign = u"<items><Elsewhere/></items>"_qs;
+            world.prompter.yes = reloads;
+            window.editor.onEdit = [&](const ActivityEditor::Writer& write) {
+                AppFixture::Write(world.DefaultFile(), foreign); // by somebody else, meanwhile
+                return write(u"B"_qs, window.editor.shown) || write(u"B"_qs, window.editor.shown);
+            };
+            window.Command("mnuProperties").trigger();
+            const QString asked = u"Error: "_qs + world.texts.Text(432) + u"\n\n"_qs + world.texts.Text(650);
+            QCOMPARE(world.prompter.Told(), QStringList(reloads ? 1 : 2, asked));
+            QCOMPARE(bytesOf(world.DefaultFile()) == foreign.toLatin1(), !reloads);
+            QCOMPARE(window.Names(), reloads ? QStringList({u"Elsewhere"_qs, u"B"_qs}) : three);
+        }
+    }
+
+    void nothingIsTypedForAFileThatWasNotLoaded() {
         World world;
+        world.prompter.yes = false;
+        AppFixture::Write(world.DefaultFile(), u"damaged"_qs);
         Window window(world);
-        window.Select({u"B"_qs});
-        const QString foreign = u"<items><Elsewhere/></items>"_qs;
-        window.editor.onEdit = [&](const ActivityEditor::Writer& write) {
-            AppFixture::Write(world.DefaultFile(), foreign); // by somebody else, meanwhile
-            return write(u"B"_qs, window.editor.shown) || write(u"B"_qs, window.editor.shown);
-        };
-        window.Command("mnuProperties").trigger();
-        QCOMPARE(world.prompter.Told(), QStringList(2, u"Error: "_qs + world.texts.Text(432)));
-        QCOMPARE(bytesOf(world.DefaultFile()), foreign.toLatin1());
+        window.Command("mnuAddDir").trigger();
+        QVERIFY(window.editor.opened.isEmpty());
+        QCOMPARE(world.prompter.shown.back().text, world.texts.Text(433));
     }
 
     /// Another program has changed the file, so nothing can be saved.
@@ -96,6 +118,9 @@ class TestCommands final : public QObject {
         Window window(world);
         window.program.Monitoring().ToggleMonitoring();
         window.Select({u"B"_qs});
+        world.prompter.onAsk = [&](const Message& asked) {
+            world.prompter.yes = !asked.text.startsWith(world.texts.Text(432));
+        };
         const QString before = window.program.Document().XML();
         window.editor.onEdit = [&](const ActivityEditor::Writer& write) {
             ActivityRecord record = window.editor.shown;
@@ -106,7 +131,7 @@ class TestCommands final : public QObject {
         const QByteArray bytes = bytesOf(world.DefaultFile());
         AppFixture::Write(world.DefaultFile(), QString::fromLatin1(bytes + ' '));
         window.Command(qPrintable(command)).trigger();
-        QVERIFY(world.prompter.shown.back().text == world.texts.Text(432));
+        QVERIFY(world.prompter.shown.back().text.startsWith(world.texts.Text(432)));
         QCOMPARE(window.program.Document().XML(), before);
         QVERIFY(window.Names() == three && window.program.List().IsChecked(1));
         AppFixture::Write(world.DefaultFile(), QString::fromLatin1(bytes));
@@ -209,6 +234,7 @@ class TestCommands final : public QObject {
         }
         QVERIFY(world.prompter.shown.empty());
         QCOMPARE(window.program.File().CurrentPath(), path);
+        QVERIFY(window.form.windowTitle().contains(path));
         QVERIFY(bytesOf(path).contains("<A>") && bytesOf(path).contains("<C>"));
         // The lock has moved along: the old file may be monitored elsewhere, the new one may not.
         EngineLock elsewhere(*world.locks, *world.services.ownFiles);

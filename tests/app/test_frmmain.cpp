@@ -1,5 +1,9 @@
 // The real main window over a real program: monitoring, running now, and above all how it closes.
+#include "EditorDialog.h"
+#include "ModalForm.h"
 #include "WindowFixture.h"
+#include "frmOptions.h"
+#include <QPlainTextEdit>
 #include <QtTest>
 
 namespace {
@@ -7,6 +11,10 @@ namespace {
 struct World : AppFixture {
     explicit World(const QStringList& activities = {u"A"_qs}, const QStringList& files = {u"f"_qs}) {
         Fill(activities, files);
+    }
+    QByteArray Bytes() {
+        QFile file(DefaultFile());
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
     QStringList Copies(const QString& name) { return QDir(Folder(name + u"-out"_qs)).entryList(QDir::Files); }
     QString Stored(const char* key) const {
@@ -73,6 +81,31 @@ class TestFrmMain : public QObject {
         QVERIFY(closed.wait());
     }
 
+    void exitAsksAboutAChangedEditorAndTheSystemDoesNot() {
+        World world;
+        const QByteArray before = world.Bytes();
+        Window window(world);
+        QSignalSpy closed(&window.form, &frmMain::Closed);
+        window.editor.onEdit = [&](const ActivityEditor::Writer& write) {
+            EditorDialog editor(window.program, window.dialogs, window.picker);
+            return editor.Edit(u"A"_qs, window.editor.shown, write);
+        };
+        WhenOpen<frmOptions>([&](frmOptions& form) {
+            Find<QPlainTextEdit>(form, "txtComment").setPlainText(u"typed"_qs);
+            window.Command("mnuExit").trigger();
+            QCOMPARE(world.prompter.shown.size(), 1U);
+            QCOMPARE(world.prompter.shown.front().text, world.texts.Text(651));
+            QVERIFY(form.isVisible() && window.form.isVisible());
+            window.form.CloseWithoutQuestion();
+            QVERIFY(!form.isVisible());
+        });
+        window.Select({u"A"_qs});
+        window.Command("mnuProperties").trigger();
+        QCOMPARE(world.prompter.shown.size(), 1U);
+        QCOMPARE(world.Bytes(), before);
+        QVERIFY(closed.wait());
+    }
+
     void closingDuringARunWaitsForItsFile() {
         World world({u"A"_qs}, {u"f1"_qs, u"f2"_qs, u"f3"_qs, u"f4"_qs});
         world.prompter.yes = true;
@@ -83,6 +116,11 @@ class TestFrmMain : public QObject {
         world.pump->onYield = [&] {
             if (!window.program.State().Running())
                 return;
+            world.prompter.yes = false;
+            window.form.close(); // asks, and goes on
+            QCOMPARE(world.prompter.shown.back().text, world.texts.Text(652));
+            QVERIFY(window.form.isVisible());
+            world.prompter.yes = true;
             window.form.close();
             QTest::qWait(60); // longer than the window takes to look again
             isOver = !closed.isEmpty();

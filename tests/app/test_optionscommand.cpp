@@ -91,19 +91,22 @@ class TestOptionsCommand : public QObject {
         Scene scene;
         AppFixture::Write(scene.Path("old.log"), u"entries"_qs);
         scene.Edit([&](frmStartOptions& form) {
-            for (const char* refused : {"no/new.log", "old.log/new.log"}) {
+            for (const char* refused : {"no/new.log", "old.log/new.log", "program"}) {
                 Find<QLineEdit>(form, "txtLoggingPath").setText(scene.Path(refused));
                 Find<QPushButton>(form, "cmdSave").click();
                 QVERIFY(form.isVisible());
             }
-            Find<QLineEdit>(form, "txtLoggingPath").setText(scene.Path("old.log"));
+            Find<QLineEdit>(form, "txtLoggingPath").setText(scene.Path("old.log") + u"  "_qs);
         });
-        QCOMPARE(scene.prompter.shown.size(), 2U);
+        QCOMPARE(scene.prompter.shown.size(), 3U);
         QCOMPARE(scene.Stored(u"LoggingPath"_qs), scene.Path("old.log"));
         QCOMPARE(QFileInfo(scene.Path("old.log")).size(), 7);
         scene.Edit(
             [&](frmStartOptions& form) { Find<QLineEdit>(form, "txtLoggingPath").setText(scene.Path("new.log")); });
         QVERIFY(QFile::exists(scene.Path("new.log")) && !QFile::exists(scene.Path("no")));
+        qputenv("HOME", qPrintable(scene.Path()));
+        scene.Edit([](frmStartOptions& form) { Find<QLineEdit>(form, "txtLoggingPath").setText(u"~/home.log"_qs); });
+        QCOMPARE(scene.Stored(u"LoggingPath"_qs), scene.Path("home.log"));
     }
 
     void startWithTheSession() {

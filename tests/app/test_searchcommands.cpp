@@ -43,8 +43,11 @@ class TestSearchCommands : public QObject {
                 names += view.CurrentName().front();
             return names;
         };
-        commands.SearchAgain();                   // before the first search
-        QCOMPARE(found(u"a"_qs), u"ABG"_qs);      // names
+        commands.SearchAgain();              // before the first search
+        QCOMPARE(found(u"a"_qs), u"ABG"_qs); // names
+        view.sortByColumn(0, Qt::DescendingOrder);
+        QCOMPARE(found(u"a"_qs), u"GBA"_qs); // down the screen
+        view.sortByColumn(-1, Qt::AscendingOrder);
         QCOMPARE(found(u"PHOTOS"_qs), u"AG"_qs);  // sources
         QCOMPARE(found(u"strasse"_qs), u"G"_qs);  // status
         QCOMPARE(found(u"abc"_qs), u"B"_qs);      // comment

@@ -77,6 +77,16 @@ class ManualTest(unittest.TestCase):
         self.assertEqual(set(page.pictures), set(parts))
         self.assertIn((ROOT / "docs" / "images" / "de-monitoring.png").read_bytes(), parts.values())
 
+        pages = {}
+        for language in ("de", "en"):
+            pages[language] = Page((self.folder / f"Manual of mine.{language}.html").read_text(encoding="utf-8"))
+            self.assertEqual([language], pages[language].sections)
+            self.assertEqual([], [name for name in pages[language].pictures if not name.startswith("data:image/")])
+        for language, other in (("de", "en"), ("en", "de")):
+            ids = [f"#{name}" for name in pages[language].ids]
+            ids += [f"Manual%20of%20mine.{other}.html#{name}" for name in pages[other].ids]
+            self.assertEqual([], [link for link in pages[language].links if link not in ids])
+
     def test_captions_are_those_of_the_program(self):
         strings = self.folder / "strings"
         shutil.copytree(ROOT / "src" / "resources", strings)

@@ -61,6 +61,24 @@ class ProcessTest final : public QObject {
         QTRY_COMPARE(mark(), QByteArray("desktop https://example.org/a?b=c"));
     }
 
+    void ADocumentThatNothingTakesIsTold() {
+        for (const char* exitCode : {"0", "4"}) {
+            QVERIFY(putProgram(u"bin/xdg-open"_qs,
+                               "#!/bin/sh\nprintf 'desktop %s' \"$*\" > \"$MARK\"\nexit " + QByteArray(exitCode)));
+            LinuxProcess process;
+            bool failed = false;
+            process.ShowDocument(u"/a b.html"_qs, [&] { failed = true; });
+            QTRY_COMPARE(failed, *exitCode == '4');
+            QTRY_COMPARE(mark(), QByteArray("desktop /a b.html"));
+        }
+        QVERIFY(QFile::remove(m_folder->Path(u"bin/xdg-open"_qs)));
+        qputenv("PATH", QFile::encodeName(m_folder->Path(u"bin"_qs)));
+        LinuxProcess process;
+        bool failed = false;
+        process.ShowDocument(u"/a"_qs, [&] { failed = true; });
+        QTRY_VERIFY(failed);
+    }
+
     void Refuses() {
         QVERIFY(putProgram(u"broken"_qs, "#!/nonexistent/interpreter\n"));
         QVERIFY(putProgram(u"good"_qs, "#!/bin/sh\n"));

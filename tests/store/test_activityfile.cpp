@@ -112,6 +112,7 @@ class TestActivityFile : public QObject {
             ScratchStore store(bytes);
             QVERIFY(!store.file.Load());
             QCOMPARE(refusal(store.file), store.texts.Text(433));
+            QVERIFY_THROWS_EXCEPTION(StoreError, store.file.ChangeAndSave([] { QFAIL("nothing to change"); }));
             QVERIFY_THROWS_EXCEPTION(StoreError, store.file.SaveAs(store.Path(other)));
             QCOMPARE(store.Read(own), QByteArray(bytes));
             QVERIFY(!store.Exists(other));

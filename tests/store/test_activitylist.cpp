@@ -25,7 +25,7 @@ struct ListStore : ScratchStore {
         return list.setData(list.index(row, 0), checked ? Qt::Checked : Qt::Unchecked, Qt::CheckStateRole);
     }
 
-    ActivityList list{file, texts};
+    ActivityList list{file, texts, QLocale(QLocale::English, QLocale::UnitedStates)};
     QAbstractItemModelTester tester{&list};
 };
 

@@ -128,6 +128,11 @@ class FakeProcess final : public Process {
         opened.append(path);
         return succeeds;
     }
+    void ShowDocument(const QString& path, const std::function<void()>& failed) override {
+        opened.append(path);
+        if (!succeeds)
+            failed();
+    }
     bool OpenFolder(const QString& /*path*/) override { return succeeds; }
     bool OpenWebPage(const QString& /*address*/) override { return succeeds; }
     void EndNow(int exitCode) override { endedWith = exitCode; }

@@ -20,7 +20,7 @@ struct EditorWorld {
     ActivityRecord written;
 
     EditorServices Services() {
-        const QLocale locale(QLocale::German, QLocale::Germany);
+        const QLocale locale(QLocale::English, QLocale::UnitedStates);
         return {store.texts, store.prompter, picker, store.files, settings, clock, mail, system, locale};
     }
     frmOptions::Request Request(const QString& name, const ActivityRecord& record) {

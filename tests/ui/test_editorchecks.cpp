@@ -83,6 +83,8 @@ class TestEditorChecks : public QObject {
             {"program is missing", {q("txtExecutable")}, {{F::Executable, missing}}},
             {"program is a folder", {q("txtExecutable")}, {{F::Executable, cwd}}},
             {"log file is missing", {q("txtLogFile")}, {{F::LogFile, missing}}},
+            {"log file is a folder", {q("txtLogFile")}, {{F::LogFile, cwd}}},
+            {"log file ends in a blank", {q("txtLogFile")}, {{F::LogFile, m_store.Path("own ")}}},
             {"log file is the program's own", {q("txtLogFile")}, {{F::LogFile, m_store.Path("own")}}},
             {"source is missing", source, paths(missing, cwd)},
             {"destination is empty", target, paths(cwd, {})},

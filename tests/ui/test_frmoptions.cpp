@@ -62,7 +62,7 @@ class TestFrmOptions : public QObject {
             {"txtComment", "two\nlines", F::Comment, "two\nlines"},
             {"chkActiv", "-", F::Active, "0"},
             {"optDate", "+", F::Type, "3"},
-            {"txtDate", "24122030", F::TriggerDate, "24.12.2030"},
+            {"txtDate", "12242030", F::TriggerDate, "24.12.2030"},
             {"txtDateTime", "0815", F::TriggerDateTime, "08:15"},
             {"optTime", "+", F::Type, "4"},
             {"txtTime", "2359", F::TriggerTime, "23:59"},
@@ -122,7 +122,8 @@ class TestFrmOptions : public QObject {
         QCOMPARE(kept(F::TriggerDateTime, "99:99"), q("99:99"));
         QCOMPARE(kept(F::Comment, "a\r\nb\u00a0c"), q("a\r\nb\u00a0c"));
         QCOMPARE(kept(F::SourceDir, "/a\nb"), q("/a\nb"));
-        // Another spelling of the same, and what a missing field means.
+        // Another spelling of the same, in the form that every locale reads alike, and what a missing field means.
+        QCOMPARE(kept(F::TriggerDate, "2/1/2030"), q("01.02.2030"));
         QCOMPARE(kept(F::TriggerDate, "1.2.2030"), q("01.02.2030"));
         QCOMPARE(kept(F::Interval, ""), q("1"));
     }
@@ -185,6 +186,25 @@ class TestFrmOptions : public QObject {
         }
         QCOMPARE(form.result(), int(QDialog::Accepted));
         QCOMPARE(world.store.prompter.Told(), QStringList{q("Error: disk full")});
+    }
+
+    void changesAreDroppedByCancelOrAfterAQuestion() {
+        for (const bool isChanged : {false, true}) {
+            EditorWorld world;
+            frmOptions form(world.Services(), world.Request(q("A"), world.Usable()));
+            form.show();
+            if (isChanged)
+                Find<QPlainTextEdit>(form, "txtComment").setPlainText(q("typed"));
+            QTest::keyClick(&form, Qt::Key_Escape);
+            QCOMPARE(form.isVisible(), isChanged);
+            form.close();
+            QCOMPARE(form.isVisible(), isChanged);
+            QCOMPARE(world.store.prompter.shown.size(), isChanged ? 2U : 0U);
+            form.show();
+            Find<QPushButton>(form, "cmdCancel").click();
+            QVERIFY(!form.isVisible() && world.writes == 0);
+            QCOMPARE(world.store.prompter.shown.size(), isChanged ? 2U : 0U);
+        }
     }
 
     void formThatWasClosedMeanwhileWritesNothing() {

@@ -1,8 +1,13 @@
 // The boxes that ask the user: what they show and which answer each way of closing them gives.
+#include "DialogFilePicker.h"
 #include "MessageBoxPrompter.h"
 #include "ModalForm.h"
+#include "ScratchFolder.h"
 #include "StringTable.h"
 #include "frmDisclaimer.h"
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QtTest>
@@ -69,6 +74,22 @@ class TestQuestions : public QObject {
         WhenOpen<QMessageBox>([&](QMessageBox&) { prompter.StopAsking(); });
         QCOMPARE(prompter.Ask(message(MessageButtons::YesNo)), MessageAnswer::No);
         QCOMPARE(prompter.Ask(message(MessageButtons::YesNo)), MessageAnswer::No); // hangs if it still opens a box
+    }
+
+    void aNameWithoutSuffixReplacesNothingUnasked() {
+        ScratchFolder folder;
+        QVERIFY(folder.Write(u"copy.kvd"_qs, "old"));
+        const QString preset = folder.Path(u"present.kvd"_qs);
+        WhenOpen<QFileDialog>([](QFileDialog& dialog) {
+            Find<QLineEdit>(dialog, "fileNameEdit").setText(u"copy"_qs);
+            WhenOpen<QMessageBox>([](QMessageBox& box) { box.button(QMessageBox::No)->click(); });
+            Find<QDialogButtonBox>(dialog, "buttonBox").button(QDialogButtonBox::Save)->click();
+            QVERIFY(dialog.isVisible());
+        });
+        DialogFilePicker picker;
+        const FileRequest request{
+            .title = {}, .filters = {u"K (*.kvd)"_qs}, .folder = {}, .file = preset, .suffix = u"kvd"_qs};
+        QVERIFY(!picker.SaveFile(request, true).has_value());
     }
 
     void noticeIsAcceptedByItsButtonOnly() {

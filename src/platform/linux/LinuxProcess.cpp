@@ -17,12 +17,14 @@
 
 namespace {
 
+const QString xdgOpen = QStringLiteral("xdg-open");
+
 bool hasDisplay() {
     return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
 }
 
 bool openWithDesktop(const QString& target) {
-    return hasDisplay() && Tool::StartDetached(QStringLiteral("xdg-open"), {target});
+    return hasDisplay() && Tool::StartDetached(xdgOpen, {target});
 }
 
 /// False on file systems where the executable bit comes from the mount, not from the file.
@@ -75,6 +77,10 @@ bool LinuxProcess::Open(const QString& path) {
         break;
     }
     return openWithDesktop(absolute);
+}
+
+void LinuxProcess::ShowDocument(const QString& path, const std::function<void()>& failed) {
+    m_openers.Start(xdgOpen, {modNativePath::ToText(modNativePath::Absolute(path))}, failed);
 }
 
 bool LinuxProcess::OpenFolder(const QString& path) {

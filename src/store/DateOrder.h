@@ -1,11 +1,14 @@
-// The form in which the date of a once-only activity is typed and stored: day, month and year in the locale's order,
-// two, two and four digits. Pure functions; each form is one that the schedulers read.
+// The forms of a once-only activity's date: day, month and year with two, two and four digits. It is shown and typed in
+// the locale's order, and stored in one that every locale reads alike. Pure functions; the schedulers read each form.
 #pragma once
 
 #include <QLocale>
 #include <QString>
 
 namespace DateOrder {
+
+/// As it stands in the activity file.
+inline const QString Stored = QStringLiteral("dd.MM.yyyy");
 
 /// "dd.MM.yyyy", "dd/MM/yyyy", "MM/dd/yyyy" or "yyyy-MM-dd".
 [[nodiscard]] QString Format(const QLocale& locale);
