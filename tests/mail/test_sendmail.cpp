@@ -178,7 +178,15 @@ class TestSendMail final : public QObject {
         client.mail.SetSMTPHost(u"a host"_qs);
         client.mail.SetSMTPPort(65536);
         client.mail.SetAttachment(u"; /"_qs);
-        QCOMPARE(client.failures.size(), 7);
+        const QTemporaryDir folder;
+        QFile locked(folder.filePath(u"locked"_qs));
+        QVERIFY(locked.open(QIODevice::WriteOnly) && locked.setPermissions({}));
+        const uid_t user = ::geteuid();
+        QVERIFY(::chmod(folder.path().toUtf8().constData(), 0755) == 0 && (user != 0 || ::seteuid(65534) == 0));
+        client.mail.SetAttachment(locked.fileName());
+        QCOMPARE(::seteuid(user), 0);
+        QCOMPARE(client.failures.last(), u"Permission denied"_qs);
+        QCOMPARE(client.failures.size(), 8);
         QVERIFY(!client.Send());
         QCOMPARE(client.failures.last(), u"Missing or Invalid Sender E-mail Address"_qs);
     }
@@ -192,7 +200,9 @@ class TestSendMail final : public QObject {
         client.mail.SetUsername(u"two"_qs);
         client.mail.SetSMTPPort(2525);
         QCOMPARE(client.settings.values.values(), (QStringList{u"1"_qs, u"2525"_qs, u"two"_qs}));
+        client.settings.values[u"Postrelle/Settings/UseAuthentication"_qs] = u"True"_qs;
         const MailSettings again(client.settings);
+        QVERIFY(again.Get().useAuthentication);
         QCOMPARE(again.Get().username, u"two"_qs);
         QCOMPARE(again.Get().smtpPort, 2525);
     }
