@@ -10,6 +10,7 @@ namespace {
 constexpr std::chrono::milliseconds kLook{10};
 constexpr std::chrono::seconds kLinger{5};
 constexpr qint64 kReadAtOnce = 1024; // bytes
+constexpr int kMostReads = 8;        // between two looks
 constexpr qint64 kReadAhead = 4096;  // bytes
 } // namespace
 
@@ -68,7 +69,10 @@ void MailConnection::connectSocket() {
         m_addresses.clear();
         m_session.OnConnected();
     });
-    connect(m_socket.get(), &QTcpSocket::readyRead, this, &MailConnection::read);
+    connect(m_socket.get(), &QTcpSocket::readyRead, this, [this] {
+        if (m_reads < kMostReads)
+            read();
+    });
     connect(m_socket.get(), &QTcpSocket::bytesWritten, this, [this] { m_session.OnProgress(); });
     connect(m_socket.get(), &QTcpSocket::disconnected, this, lost, Qt::QueuedConnection);
     connect(m_socket.get(), &QTcpSocket::errorOccurred, this, lost, Qt::QueuedConnection);
@@ -84,6 +88,7 @@ void MailConnection::lost() {
 
 /// What arrived before the end is read first.
 void MailConnection::look() {
+    m_reads = 0;
     if (m_socket && m_socket->bytesAvailable() > 0)
         read();
     else if (std::exchange(m_lost, false))
@@ -98,6 +103,7 @@ void MailConnection::look() {
 void MailConnection::read() {
     // Each reply may end the connection, and with it the reading.
     const int before = m_number;
+    ++m_reads;
     m_reader.Feed(m_socket->read(kReadAtOnce));
     while (m_number == before) {
         const std::optional<ServerReply> reply = m_reader.Next();

@@ -42,6 +42,7 @@ class MailConnection final : public QObject, private MailWire {
     quint16 m_port = 0;
     std::unique_ptr<QTcpSocket> m_socket;
     bool m_lost = false; ///< the socket has ended; what it brought may still be unread
+    int m_reads = 0;     ///< since the last look
     ReplyReader m_reader;
     QTimer m_timer;
     MailSession m_session;
