@@ -20,7 +20,10 @@ QString serverOf(const QString& host) {
 }
 
 QString placeOf(const MailOrder& order) {
-    return order.smtpHost.isEmpty() ? u'@' + order.recipient.section(u'@', 1, 1).toLower() : serverOf(order.smtpHost);
+    if (!order.smtpHost.isEmpty())
+        return serverOf(order.smtpHost);
+    const QString first = order.recipient.section(u';', 0, 0, QString::SectionSkipEmpty);
+    return u'@' + serverOf(first.section(u'@', 1).trimmed());
 }
 } // namespace
 

@@ -1,5 +1,6 @@
 // The mail client against real servers on this machine, and its properties.
 #include "Fakes.h"
+#include "MailDispatch.h"
 #include "NameServerProcess.h"
 #include "PlatformServices.h"
 #include "clsSendMail.h"
@@ -117,6 +118,21 @@ struct Client {
     QStringList failures;
 };
 
+/// Does something just before the first queued call to an object of this class.
+template <typename Receiver>
+class BeforeCall final : public QObject {
+  public:
+    explicit BeforeCall(std::function<void()> what) : m_what(std::move(what)) { qApp->installEventFilter(this); }
+    bool eventFilter(QObject* receiver, QEvent* event) override {
+        if (event->type() == QEvent::MetaCall && qobject_cast<Receiver*>(receiver) != nullptr && m_what)
+            std::exchange(m_what, nullptr)();
+        return false;
+    }
+
+  private:
+    std::function<void()> m_what;
+};
+
 } // namespace
 
 class TestSendMail final : public QObject {
@@ -167,6 +183,25 @@ class TestSendMail final : public QObject {
         client.mail.SetRecipient(u"anna@anders.de"_qs);
         QVERIFY(!client.Send());
         QCOMPARE(client.failures.last(), u"Invalid or Missing SMTP Host Name"_qs);
+    }
+
+    /// Between the end of Connect and what follows it, nothing is under way that could be ended.
+    void doesNotConnectAnewWhenGivenUp() {
+        SmtpServer smtp;
+        Client client;
+        client.settings.values = {{u"Postrelle/Settings/PersistentSettings"_qs, u"1"_qs},
+                                  {u"Postrelle/Settings/RemotePort"_qs, QString::number(smtp.port)}};
+        MailOrder order;
+        order.smtpHost = u"127.0.0.1"_qs;
+        order.sender = order.recipient = u"anna@dort.de"_qs;
+        MailDispatch dispatch(order, client.settings, client.names, *client.services.clock);
+        BeforeCall<clsSendMail> end([&dispatch] { dispatch.Shutdown(); });
+        QSignalSpy ended(&dispatch, &MailDispatch::Ended);
+        int connections = 0;
+        dispatch.Begin([&connections](const QString& /*host*/) { return ++connections > 0; });
+        QVERIFY(ended.wait());
+        QCOMPARE(ended.first().first().toString(), u"Socket not Open"_qs);
+        QCOMPARE(connections, 1);
     }
 
     void refusesValues() {

@@ -51,8 +51,7 @@ void HostAddresses::Begin(const QByteArray& host) {
     Cancel();
     m_present = std::make_shared<LookUp>();
     m_present->receiver = this;
-    const auto ask = [lookUp = m_present, host] {
-        const QStringList addresses = addressesOf(host);
+    const auto answer = [lookUp = m_present](const QStringList& addresses) {
         const std::lock_guard lock(lookUp->mutex);
         if (lookUp->receiver == nullptr)
             return;
@@ -65,8 +64,8 @@ void HostAddresses::Begin(const QByteArray& host) {
     };
     try {
         // The C library cannot be told to stop asking, so the thread is left to itself.
-        std::thread(ask).detach();
+        std::thread([answer, host] { answer(addressesOf(host)); }).detach();
     } catch (const std::system_error&) {
-        ask();
+        answer({});
     }
 }
