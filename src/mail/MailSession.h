@@ -3,25 +3,12 @@
 // timer. Every failure is reported once, with its text, and closes the connection.
 #pragma once
 
+#include "MailServers.h"
 #include "MailSessionEvents.h"
 #include "MailWire.h"
 #include "MessageStream.h"
 #include "ReplyReader.h"
 #include <functional>
-
-struct MailServers {
-    QString smtpHost;
-    int smtpPort = 25;
-    QString popHost;
-    int popPort = 110;
-    QString username;
-    QString password;
-    bool useAuthentication = false;
-    bool usePopAuthentication = false;
-    int connectRetry = 4;    ///< attempts
-    int connectTimeout = 30; ///< seconds for each wait of the connect phase; below 1 every wait fails at once
-    int messageTimeout = 60; ///< seconds for each wait of the send phase
-};
 
 class MailSession final {
   public:
