@@ -5,6 +5,27 @@
 #include "StringTable.h"
 
 #include <QTimer>
+#include <algorithm>
+
+namespace {
+constexpr std::ptrdiff_t kMostSessions = 2;  // to one server
+constexpr std::ptrdiff_t kMostWaiting = 100; // of one activity
+
+/// One spelling for each server.
+QString serverOf(const QString& host) {
+    QString name = host.toLower();
+    if (name.startsWith(u'[') && name.endsWith(u']'))
+        name = name.mid(1, name.size() - 2);
+    return name.endsWith(u'.') ? name.chopped(1) : name;
+}
+
+QString placeOf(const MailOrder& order) {
+    if (!order.smtpHost.isEmpty())
+        return serverOf(order.smtpHost);
+    const QString first = order.recipient.section(u';', 0, 0, QString::SectionSkipEmpty);
+    return u'@' + serverOf(first.section(u'@', 1).trimmed());
+}
+} // namespace
 
 ActivityMail::ActivityMail(const Parts& parts) : m_parts(parts) {}
 
@@ -16,11 +37,14 @@ int ActivityMail::SendActivityMail(const QString& name, const QString& firstPath
         sendByDesktop(order);
         return 1;
     }
-    Lane& lane = m_lanes[name];
-    if (lane.present)
-        lane.waiting = std::move(order); // the newest tells more than those it replaces
-    else
-        begin(lane, std::move(order));
+    m_parts.runState.MailBegan();
+    if (m_givenUp) {
+        drop(order, m_parts.texts.Text(630));
+        return 1;
+    }
+    makeRoomFor(name);
+    m_waiting.push_back(std::move(order));
+    startWaiting();
     return 1;
 }
 
@@ -38,25 +62,85 @@ void ActivityMail::sendByDesktop(const MailOrder& order) {
     m_parts.desktop.Send(mail);
 }
 
-void ActivityMail::begin(Lane& lane, MailOrder order) {
-    m_parts.runState.MailBegan();
-    lane.present = std::make_unique<MailDispatch>(std::move(order), m_parts.settings, m_parts.names, m_parts.clock);
-    connect(lane.present.get(), &MailDispatch::Ended, this,
-            [this, name = lane.present->Order().name](const QString& failure) { ended(name, failure); });
-    lane.present->Begin();
+/// A server that is away for days must not take the memory. The newest mails tell more than those they replace.
+void ActivityMail::makeRoomFor(const QString& name) {
+    const auto isOfIt = [&name](const MailOrder& order) { return order.name == name; };
+    if (std::count_if(m_waiting.begin(), m_waiting.end(), isOfIt) < kMostWaiting)
+        return;
+    const auto oldest = std::find_if(m_waiting.begin(), m_waiting.end(), isOfIt);
+    drop(*oldest, m_parts.texts.Text(631).arg(kMostWaiting));
+    m_waiting.erase(oldest);
 }
 
-void ActivityMail::ended(const QString& name, const QString& failure) {
-    Lane& lane = m_lanes[name];
+void ActivityMail::startWaiting() {
+    for (Session& session : m_sessions)
+        if (session.isHeld && isFree(session.server)) {
+            session.isHeld = false;
+            session.dispatch->Resume();
+        }
+    for (std::size_t i = 0; i < m_waiting.size();) {
+        const QString place = placeOf(m_waiting[i]);
+        if (!isFree(place)) {
+            ++i;
+            continue;
+        }
+        MailOrder order = std::move(m_waiting[i]);
+        m_waiting.erase(m_waiting.begin() + static_cast<std::ptrdiff_t>(i));
+        begin(std::move(order), place);
+    }
+}
+
+bool ActivityMail::isFree(const QString& placeOrServer) const {
+    return std::count_if(m_sessions.begin(), m_sessions.end(), [&placeOrServer](const Session& session) {
+               return session.place == placeOrServer || (!session.isHeld && session.server == placeOrServer);
+           }) < kMostSessions;
+}
+
+void ActivityMail::begin(MailOrder order, const QString& place) {
+    Session& session = m_sessions.emplace_back();
+    session.place = place;
+    session.dispatch = std::make_unique<MailDispatch>(std::move(order), m_parts.settings, m_parts.names, m_parts.clock);
+    MailDispatch* const dispatch = session.dispatch.get();
+    connect(dispatch, &MailDispatch::NotAttached, this, [this, dispatch](const QString& path, const QString& reason) {
+        writeLine(dispatch->Order(), m_parts.texts.Text(632).arg(path, reason));
+    });
+    connect(dispatch, &MailDispatch::Ended, this,
+            [this, dispatch](const QString& failure) { ended(dispatch, failure); });
+    dispatch->Begin([this, dispatch](const QString& host) { return mayOpen(dispatch, host); });
+}
+
+/// The domains of several recipients may well have one and the same server.
+bool ActivityMail::mayOpen(const MailDispatch* dispatch, const QString& host) {
+    const auto session = std::find_if(m_sessions.begin(), m_sessions.end(),
+                                      [dispatch](const Session& one) { return one.dispatch.get() == dispatch; });
+    const QString server = serverOf(host);
+    if (session->place == server || session->server == server)
+        return true; // its place already
+    session->isHeld = !isFree(server);
+    session->server = server;
+    return !session->isHeld;
+}
+
+void ActivityMail::ended(const MailDispatch* dispatch, const QString& failure) {
+    const auto session = std::find_if(m_sessions.begin(), m_sessions.end(),
+                                      [dispatch](const Session& one) { return one.dispatch.get() == dispatch; });
     if (!failure.isEmpty())
-        m_parts.logs.WriteActionLine(name,
-                                     m_parts.texts.Text(241) + lane.present->Order().recipient + u"' - " + failure);
-    lane.present.release()->deleteLater(); // its signal is still on the stack
+        writeLine(dispatch->Order(), failure);
+    session->dispatch.release()->deleteLater(); // its signal is still on the stack
+    m_sessions.erase(session);
     m_parts.runState.MailEnded();
-    if (std::optional<MailOrder> next = std::exchange(lane.waiting, std::nullopt))
-        begin(lane, *std::move(next));
-    else
-        m_lanes.erase(name);
+    startWaiting();
+}
+
+/// Another record may have the activity's name by now, so the log is the one it had when the mail was queued.
+void ActivityMail::writeLine(const MailOrder& order, const QString& text) {
+    m_parts.logs.WriteActionLineTo(order.logFile, order.name,
+                                   m_parts.texts.Text(241) + order.recipient + u"' - " + text);
+}
+
+void ActivityMail::drop(const MailOrder& order, const QString& reason) {
+    writeLine(order, reason);
+    m_parts.runState.MailEnded();
 }
 
 void ActivityMail::GiveUpAfter(std::chrono::milliseconds grace) {
@@ -64,8 +148,9 @@ void ActivityMail::GiveUpAfter(std::chrono::milliseconds grace) {
 }
 
 void ActivityMail::giveUp() {
-    for (auto& [name, lane] : m_lanes) {
-        lane.waiting.reset();
-        lane.present->Shutdown();
-    }
+    m_givenUp = true;
+    for (const MailOrder& order : std::exchange(m_waiting, {}))
+        drop(order, m_parts.texts.Text(630));
+    for (const Session& session : m_sessions)
+        session.dispatch->Shutdown();
 }

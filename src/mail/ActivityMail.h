@@ -1,12 +1,13 @@
-// The notifications of all activities. Owns the mails on their way: they go side by side, so that a server that never
-// answers holds up its own activity's mail alone, and one activity has at most one on its way and one waiting. A mail
-// that fails leaves a line in the activity's log.
+// The notifications of all activities. Owns the mails on their way and those that wait: at most two go to one server at
+// a time, so that one which never answers holds up its own mails alone and none is swamped. A mail that does not go
+// leaves a line with the reason in the log that its activity had when it was queued.
 #pragma once
 
 #include "ActivityMailer.h"
 #include "MailDispatch.h"
 #include <chrono>
-#include <map>
+#include <deque>
+#include <list>
 
 class ActivityLogs;
 class DesktopMailClient;
@@ -28,22 +29,32 @@ class ActivityMail final : public QObject, public ActivityMailer {
     explicit ActivityMail(const Parts& parts);
     ~ActivityMail() override;
 
-    /// Begins to send and returns at once.
+    /// Queues the mail and returns at once.
     int SendActivityMail(const QString& name, const QString& firstPath, const QString& secondPath) override;
 
-    /// Gives up what is still on its way after this time.
+    /// Gives up what has not gone after this time.
     void GiveUpAfter(std::chrono::milliseconds grace);
 
   private:
-    struct Lane {
-        std::unique_ptr<MailDispatch> present;
-        std::optional<MailOrder> waiting;
+    struct Session {
+        std::unique_ptr<MailDispatch> dispatch;
+        QString place;       ///< what the record names: a server, or "@" and the domain whose server is looked up
+        QString server;      ///< once it is known
+        bool isHeld = false; ///< waits for others to the same server
     };
     void sendByDesktop(const MailOrder& order);
-    void begin(Lane& lane, MailOrder order);
-    void ended(const QString& name, const QString& failure);
+    void makeRoomFor(const QString& name);
+    void startWaiting();
+    void begin(MailOrder order, const QString& place);
+    [[nodiscard]] bool mayOpen(const MailDispatch* dispatch, const QString& host);
+    [[nodiscard]] bool isFree(const QString& placeOrServer) const;
+    void ended(const MailDispatch* dispatch, const QString& failure);
+    void writeLine(const MailOrder& order, const QString& text);
+    void drop(const MailOrder& order, const QString& reason);
     void giveUp();
 
     Parts m_parts;
-    std::map<QString, Lane> m_lanes;
+    std::deque<MailOrder> m_waiting; ///< in the order of their runs
+    std::list<Session> m_sessions;
+    bool m_givenUp = false;
 };

@@ -1,7 +1,8 @@
-// Puts a mail session on a TCP socket. Owns the socket, the session and the timer that lets it look at the clock; they
-// end with it at once. Failures come as the session's events.
+// Puts a mail session on a TCP socket. Owns the socket, the look-up of the host's addresses, the session and the timer
+// that lets it look at the clock; they end with it at once. Failures come as the session's events.
 #pragma once
 
+#include "HostAddresses.h"
 #include "MailSession.h"
 #include <QObject>
 #include <QTcpSocket>
@@ -19,7 +20,7 @@ class MailConnection final : public QObject, private MailWire {
     void Connect(const MailServers& servers, const QString& sender);
     void Send(const QString& sender, const QStringList& recipients, std::unique_ptr<MessageStream> message);
     void Disconnect() { m_session.Disconnect(); }
-    void Shutdown();
+    void Shutdown() { m_session.Shutdown(); }
     [[nodiscard]] bool IsReady() const { return m_session.IsReady(); }
     [[nodiscard]] bool IsBusy() const { return m_session.IsBusy(); }
 
@@ -28,11 +29,20 @@ class MailConnection final : public QObject, private MailWire {
     void Send(const QByteArray& bytes) override;
     void Close() override;
     [[nodiscard]] qint64 Unsent() const override;
+    [[nodiscard]] qint64 Untaken() const override;
+    void connectToNext();
     void connectSocket();
+    void lost();
+    void look();
     void read();
 
     int m_number = 0; ///< of the present connection
+    HostAddresses m_lookUp;
+    QStringList m_addresses; ///< of the server, those that were not tried yet
+    quint16 m_port = 0;
     std::unique_ptr<QTcpSocket> m_socket;
+    bool m_lost = false; ///< the socket has ended; what it brought may still be unread
+    int m_reads = 0;     ///< since the last look
     ReplyReader m_reader;
     QTimer m_timer;
     MailSession m_session;

@@ -1,7 +1,9 @@
 #include "MailSession.h"
 #include "modBase64.h"
 #include "modForeignText.h"
+#include "modMailDomain.h"
 
+#include <array>
 #include <utility>
 
 namespace {
@@ -12,353 +14,359 @@ constexpr int kSecondsOfADay = 24 * 60 * 60;
 
 const QString timeoutText = QStringLiteral("Timeout occurred: The SMTP Host did not respond to the request");
 const QString notOpenText = QStringLiteral("Socket not Open");
+constexpr const char* kLoginFailed = "Host Login Failed!";
 
 /// What goes into a command line must not end it.
-QByteArray commandWord(const QString& text) {
-    QByteArray word = text.toUtf8();
+QByteArray commandWord(QByteArray word) {
     word.removeIf([](char c) { return c == '\r' || c == '\n' || c == '\0'; });
     return word;
 }
 
+QByteArray commandAddress(const QString& address) {
+    return commandWord(modMailDomain::AddressToAscii(address));
+}
+
 } // namespace
+
+struct MailSession::Row {
+    const char* begun;           ///< status when the state is entered
+    void (MailSession::*send)(); ///< what it says to the server, if anything
+    Awaited awaited;
+    Patience patience;
+    const char* done; ///< status when what is awaited has come
+    State next;
+};
+
+const MailSession::Row& MailSession::rowOf(State state) {
+    using S = State;
+    using A = Awaited;
+    using P = Patience;
+    using M = MailSession;
+    static constexpr std::array<Row, 17> rows{{
+        /* Closed */ {"", nullptr, A::Nothing, P::None, "", S::Closed},
+        /* PopConnecting */ {"", &M::openPop, A::Connection, P::Connect, "", S::PopGreeting},
+        /* PopGreeting */ {"", nullptr, A::PopOk, P::Connect, "", S::PopUser},
+        /* PopUser */ {"", &M::sendUser, A::PopOk, P::Connect, "", S::PopPassword},
+        /* PopPassword */ {"", &M::sendPassword, A::PopOk, P::Connect, "", S::PopQuit},
+        /* PopQuit */ {"", &M::sendQuit, A::PopOk, P::Connect, "POP3 Authentication Successful...", S::Connecting},
+        /* Connecting */ {"", &M::openSmtp, A::Connection, P::Connect, "", S::Greeting},
+        /* Greeting */ {"", nullptr, A::Greeting, P::Connect, "", S::Hello},
+        /* Hello */ {"Initializing Communications...", &M::sendHello, A::Accepted, P::Connect, "", S::LoginOffer},
+        /* LoginOffer */ {"", nullptr, A::LoginOffer, P::Login, "", S::Login},
+        /* Login */
+        {"Sending Login Authentication...", &M::sendLogin, A::LoggedIn, P::Login, "Host Login OK!", S::Ready},
+        /* Ready */ {"", nullptr, A::Nothing, P::None, "", S::Ready},
+        /* Sender */
+        {"Sending Sender Information...", &M::sendSender, A::Accepted, P::Message, "", S::Recipient},
+        /* Recipient */
+        {"Sending Recipient Information...", &M::sendRecipient, A::Accepted, P::Message, "", S::Data},
+        /* Data */ {"Sending Message...", &M::sendData, A::GoAhead, P::Message, "", S::Content},
+        /* Content */ {"", &M::sendContent, A::Nothing, P::Message, "", S::Delivery},
+        /* Delivery */ {"", nullptr, A::Accepted, P::Message, "Transmission Complete...", S::Ready},
+    }};
+    static_assert(rows.size() == static_cast<std::size_t>(State::Delivery) + 1);
+    return rows.at(static_cast<std::size_t>(state));
+}
 
 MailSession::MailSession(MailWire& wire, MailSessionEvents& events, std::function<int()> secondsOfDay)
     : m_wire(wire), m_events(events), m_secondsOfDay(std::move(secondsOfDay)) {}
 
-void MailSession::await(Flag flag, int seconds, Next next) {
-    m_wait = {flag, seconds, 0, next};
+void MailSession::enter(State state) {
+    const State before = std::exchange(m_state, state);
+    if (state == State::Ready)
+        return endPhase(before, true);
+    const Row& row = rowOf(state);
+    if (state != before)
+        tell(row.begun);
     setDeadline();
+    if (row.send != nullptr)
+        (this->*row.send)();
+}
+
+/// What nobody waits for is let pass: a server may say more than it was asked.
+void MailSession::arrived(Awaited what) {
+    const Row& row = rowOf(m_state);
+    if (row.awaited != what || seconds() < 1)
+        return;
+    m_loggedIn = m_loggedIn || what == Awaited::LoggedIn;
+    m_attempt = 0;
+    tell(row.done);
+    enter(next());
+}
+
+MailSession::State MailSession::next() const {
+    if (m_state == State::Hello && !m_servers.useAuthentication)
+        return State::Ready;
+    if (m_state == State::Recipient && !m_recipients.isEmpty())
+        return State::Recipient;
+    return rowOf(m_state).next;
+}
+
+int MailSession::seconds() const {
+    switch (rowOf(m_state).patience) {
+    case Patience::None:
+        break;
+    case Patience::Connect:
+        return m_servers.connectTimeout;
+    case Patience::Login:
+        return kLoginWait;
+    case Patience::Message:
+        return m_servers.messageTimeout;
+    }
+    return 0;
 }
 
 /// Counted in seconds of the day: a wait that begins shortly before midnight ends at once.
 void MailSession::setDeadline() {
-    m_wait.deadline = m_secondsOfDay() + m_wait.seconds;
-    if (m_wait.deadline >= kSecondsOfADay)
-        m_wait.deadline -= kSecondsOfADay;
+    m_deadline = m_secondsOfDay() + seconds();
+    if (m_deadline >= kSecondsOfADay)
+        m_deadline -= kSecondsOfADay;
 }
 
 void MailSession::Poll() {
-    while (m_wait.next != nullptr) {
-        if (m_wait.seconds >= 1 && (m_flags & m_wait.flag) != 0)
-            finishWait(true);
-        else if (m_failed || m_dropped || m_wait.seconds < 1 || m_secondsOfDay() >= m_wait.deadline)
-            finishWait(false);
-        else
-            return;
+    lookAtProgress();
+    while (IsBusy() && (seconds() < 1 || m_secondsOfDay() >= m_deadline))
+        timedOut();
+}
+
+void MailSession::timedOut() {
+    if (m_state == State::PopConnecting || m_state == State::Connecting)
+        return enter(m_state); // the next attempt
+    if (m_state == State::LoginOffer) {
+        tell("Login Not Supported by Host, Continuing...");
+        return enter(State::Ready);
     }
+    if (m_state != State::Login)
+        return fail(timeoutText);
+    tell(kLoginFailed);
+    fail(QLatin1String(kLoginFailed));
 }
 
-void MailSession::finishWait(bool ok) {
-    const Next next = std::exchange(m_wait.next, nullptr);
-    (this->*next)(ok);
-}
-
-void MailSession::command(const QByteArray& line) {
-    m_flags = 0;
-    m_wire.Send(line + "\r\n");
+void MailSession::tell(const char* status) {
+    if (*status != '\0')
+        m_events.OnStatus(QLatin1String(status));
 }
 
 void MailSession::fail(const QString& text) {
-    if (m_failed)
-        return;
-    m_failed = true;
+    const State last = m_state;
     close();
     m_events.OnFailed(text);
+    if (last == State::Login && text != QLatin1String(kLoginFailed))
+        tell(kLoginFailed);
+    if (last != State::Closed && last != State::Ready)
+        endPhase(last, false);
 }
 
-/// The operation ends without success; whoever asked hears why, once.
-void MailSession::giveUp() {
-    fail(m_dropped ? notOpenText : timeoutText);
-    endPhase(false);
-}
-
-void MailSession::endPhase(bool ok) {
+void MailSession::endPhase(State last, bool ok) {
     m_message.reset();
-    if (std::exchange(m_phase, Phase::None) == Phase::Send) {
+    if (last > State::Ready)
         m_events.OnSendEnded(ok);
-        return;
-    }
-    m_ready = ok;
-    m_events.OnConnectEnded(ok);
+    else
+        m_events.OnConnectEnded(ok);
 }
 
 void MailSession::Connect(const MailServers& servers, const QString& sender) {
     m_servers = servers;
     m_sender = sender;
-    m_phase = Phase::Connect;
-    m_failed = m_loggedIn = m_loggingIn = m_ready = false;
-    m_popStep = 0;
-    m_inPop = servers.usePopAuthentication;
+    m_loggedIn = false;
     m_attempt = 0;
-    if (!m_inPop)
-        return startSmtp();
-    m_events.OnStatus(u"Connecting to POP3 Server (" + m_servers.popHost + u")...");
-    if (m_servers.popHost.isEmpty()) {
-        fail(QStringLiteral("Invalid or Missing POP3 Host Name"));
-        return endPhase(false);
-    }
-    tryToConnect();
+    const bool pop = m_servers.usePopAuthentication;
+    if (pop)
+        m_events.OnStatus(u"Connecting to POP3 Server (" + m_servers.popHost + u")...");
+    enter(pop ? State::PopConnecting : State::Connecting);
 }
 
-void MailSession::tryToConnect() {
-    if (m_attempt >= m_servers.connectRetry) {
-        fail(timeoutText);
-        return endPhase(false);
-    }
+void MailSession::openPop() {
+    if (m_servers.popHost.isEmpty())
+        return fail(QStringLiteral("Invalid or Missing POP3 Host Name"));
+    open(m_servers.popHost, m_servers.popPort);
+}
+
+void MailSession::openSmtp() {
+    if (m_servers.smtpHost.isEmpty())
+        return fail(QStringLiteral("Invalid or Missing SMTP Host Name"));
+    open(m_servers.smtpHost, m_servers.smtpPort);
+}
+
+void MailSession::open(const QString& host, int port) {
+    if (m_attempt >= m_servers.connectRetry)
+        return fail(timeoutText);
     ++m_attempt;
-    m_flags = 0;
-    m_dropped = false;
-    m_open = true;
-    const int port = m_inPop ? m_servers.popPort : m_servers.smtpPort;
-    m_wire.Open(m_inPop ? m_servers.popHost : m_servers.smtpHost, static_cast<quint16>(port));
-    await(Connected, m_servers.connectTimeout, &MailSession::attemptEnded);
+    m_wire.Open(host, static_cast<quint16>(port));
 }
 
-void MailSession::attemptEnded(bool ok) {
-    if (m_failed)
-        giveUp();
-    else if (!ok)
-        tryToConnect();
-    else if (m_inPop)
-        await(PopDone, m_servers.connectTimeout, &MailSession::popEnded);
-    else
-        await(Greeted, m_servers.connectTimeout, &MailSession::greeted);
+void MailSession::command(const QByteArray& line) {
+    m_wire.Send(line + "\r\n");
 }
 
-void MailSession::popEnded(bool ok) {
-    if (!ok)
-        return giveUp();
-    m_wire.Close();
-    m_inPop = false;
-    m_attempt = 0;
-    m_events.OnStatus(QStringLiteral("POP3 Authentication Successful..."));
-    startSmtp();
+void MailSession::sendUser() {
+    command("USER " + commandWord(m_servers.username.toUtf8()));
 }
 
-void MailSession::startSmtp() {
-    if (m_servers.smtpHost.isEmpty()) {
-        fail(QStringLiteral("Invalid or Missing SMTP Host Name"));
-        return endPhase(false);
-    }
-    tryToConnect();
+void MailSession::sendPassword() {
+    command("PASS " + commandWord(m_servers.password.toUtf8()));
 }
 
-void MailSession::greeted(bool ok) {
-    if (!ok) {
-        fail(timeoutText);
-        return endPhase(false);
-    }
-    m_events.OnStatus(QStringLiteral("Initializing Communications..."));
-    // Without a sender the mail is refused later, with a better reason than the server's.
-    const QByteArray domain = commandWord(m_sender.mid(m_sender.indexOf(u'@') + 1));
+void MailSession::sendQuit() {
+    command("QUIT");
+}
+
+void MailSession::sendHello() {
+    // With the address check off, a sender may have no domain.
+    const QByteArray domain = commandWord(modMailDomain::ToAscii(m_sender.mid(m_sender.indexOf(u'@') + 1)));
     command((m_servers.useAuthentication ? "EHLO " : "HELO ") + (domain.isEmpty() ? "localhost" : domain));
-    await(Accepted, m_servers.connectTimeout, &MailSession::helloAnswered);
 }
 
-void MailSession::helloAnswered(bool ok) {
-    if (!ok)
-        return giveUp();
-    if (!m_servers.useAuthentication)
-        return endPhase(true);
-    await(LoginOffered, kLoginWait, &MailSession::loginOfferAwaited);
-}
-
-void MailSession::loginOfferAwaited(bool ok) {
-    if (m_failed || m_dropped)
-        return giveUp();
-    if (!ok) {
-        m_events.OnStatus(QStringLiteral("Login Not Supported by Host, Continuing..."));
-        return endPhase(true);
-    }
-    m_events.OnStatus(QStringLiteral("Sending Login Authentication..."));
-    m_loggingIn = true;
+void MailSession::sendLogin() {
     command("AUTH Login");
-    await(LoggedIn, kLoginWait, &MailSession::loginEnded);
-}
-
-void MailSession::loginEnded(bool ok) {
-    m_loggingIn = false;
-    m_loggedIn = ok;
-    const QString text = ok ? QStringLiteral("Host Login OK!") : QStringLiteral("Host Login Failed!");
-    m_events.OnStatus(text);
-    if (!ok)
-        fail(text);
-    endPhase(ok);
-}
-
-void MailSession::Send(const QString& sender, const QStringList& recipients, std::unique_ptr<MessageStream> message) {
-    m_phase = Phase::Send;
-    m_sender = sender;
-    m_recipients = recipients;
-    m_message = std::move(message);
-    if (!m_ready || !m_open) {
-        fail(notOpenText);
-        return endPhase(false);
-    }
-    m_events.OnStatus(QStringLiteral("Sending Sender Information..."));
-    const QByteArray address = commandWord(sender);
-    command("MAIL FROM: <" + address + ">" + (m_loggedIn ? " AUTH=" + address : QByteArray()));
-    await(Accepted, m_servers.messageTimeout, &MailSession::senderAnswered);
-}
-
-void MailSession::senderAnswered(bool ok) {
-    if (!ok)
-        return giveUp();
-    m_events.OnStatus(QStringLiteral("Sending Recipient Information..."));
-    nextRecipient();
-}
-
-void MailSession::nextRecipient() {
-    if (m_recipients.isEmpty()) {
-        m_events.OnStatus(QStringLiteral("Sending Message..."));
-        command("DATA");
-        await(GoAhead, m_servers.messageTimeout, &MailSession::dataAnswered);
-        return;
-    }
-    command("RCPT TO: <" + commandWord(m_recipients.takeFirst()) + ">");
-    await(Accepted, m_servers.messageTimeout, &MailSession::recipientAnswered);
-}
-
-void MailSession::recipientAnswered(bool ok) {
-    ok ? nextRecipient() : giveUp();
-}
-
-void MailSession::dataAnswered(bool ok) {
-    if (!ok)
-        return giveUp();
-    sendContent(true);
-}
-
-/// One block each time little enough waits to leave, so that a large attachment is never held in memory.
-void MailSession::sendContent(bool ok) {
-    if (!ok)
-        return giveUp();
-    m_flags = 0;
-    while (!m_message->AtEnd() && m_wire.Unsent() <= kMostUnsent) {
-        const MessageStream::Block block = m_message->Next();
-        if (!block.status.isEmpty())
-            m_events.OnStatus(block.status);
-        if (const auto error = m_message->Error()) {
-            // The end mark was not sent: the server drops the half mail with the connection.
-            fail(*error);
-            return endPhase(false);
-        }
-        m_wire.Send(block.bytes);
-    }
-    if (m_message->AtEnd())
-        await(Accepted, m_servers.messageTimeout, &MailSession::contentAnswered);
-    else
-        await(Drained, m_servers.messageTimeout, &MailSession::sendContent);
-}
-
-void MailSession::contentAnswered(bool ok) {
-    if (!ok)
-        return giveUp();
-    m_events.OnStatus(QStringLiteral("Transmission Complete..."));
-    endPhase(true);
-}
-
-void MailSession::Disconnect() {
-    if (!m_open)
-        return;
-    m_events.OnStatus(QStringLiteral("Closing Connection..."));
-    m_wire.Send("QUIT\r\n");
-    close();
-}
-
-void MailSession::Shutdown() {
-    if (m_phase != Phase::None)
-        fail(notOpenText); // the wait under way ends at the next look
-    close();
-}
-
-void MailSession::close() {
-    m_ready = false;
-    if (std::exchange(m_open, false))
-        m_wire.Close();
-}
-
-void MailSession::OnConnected() {
-    m_flags |= Connected;
-    Poll();
-}
-
-void MailSession::OnClosed() {
-    m_dropped = true;
-    m_ready = false;
-    Poll();
-}
-
-void MailSession::OnOverrun() {
-    fail(QStringLiteral("The mail server sent a reply that is too long"));
-    Poll();
-}
-
-void MailSession::OnProgress() {
-    if (m_wait.next == nullptr)
-        return;
-    if (m_wire.Unsent() <= kMostUnsent)
-        m_flags |= Drained;
-    setDeadline(); // somebody is still reading
-    Poll();
-}
-
-void MailSession::OnReply(const ServerReply& reply) {
-    const bool isTaken = m_inPop ? takePop(reply) : takeSmtp(reply);
-    if (!isTaken)
-        fail(modForeignText::FromServer(QString::fromUtf8(reply.text)));
-    Poll();
-}
-
-bool MailSession::takePop(const ServerReply& reply) {
-    if (reply.code != "+OK")
-        return false;
-    answerPop();
-    return true;
-}
-
-bool MailSession::takeSmtp(const ServerReply& reply) {
-    if (reply.code == "220") {
-        m_flags |= Greeted;
-    } else if (reply.code == "250" || reply.code == "251") {
-        m_flags |= Accepted;
-        const QByteArray text = reply.text.toLower();
-        if (reply.code == "250" && (text.contains("auth login") || text.contains("auth=login")))
-            m_flags |= LoginOffered;
-    } else if (reply.code == "235") {
-        m_flags |= LoggedIn;
-    } else if (reply.code == "334" && m_loggingIn) {
-        answerLogin(reply);
-    } else if (reply.code == "354") {
-        m_flags |= GoAhead;
-    } else {
-        return reply.code == "221" || reply.code == "211" || reply.code == "214";
-    }
-    return true;
 }
 
 void MailSession::answerLogin(const ServerReply& reply) {
     const QByteArray prompt = modBase64::DecodeBase64String(reply.text.mid(4).trimmed()).toLower();
     if (prompt.contains("username"))
-        m_wire.Send(m_servers.username.toUtf8().toBase64() + "\r\n");
+        command(m_servers.username.toUtf8().toBase64());
     else if (prompt.contains("password"))
-        m_wire.Send(m_servers.password.toUtf8().toBase64() + "\r\n");
+        command(m_servers.password.toUtf8().toBase64());
     else
-        m_wire.Send("\r\n*\r\n");
+        command("\r\n*");
 }
 
-void MailSession::answerPop() {
-    switch (m_popStep++) {
-    case 0:
-        m_wire.Send("USER " + commandWord(m_servers.username) + "\r\n");
+void MailSession::Send(const QString& sender, const QStringList& recipients, std::unique_ptr<MessageStream> message) {
+    if (!IsReady()) {
+        m_events.OnFailed(notOpenText);
+        return m_events.OnSendEnded(false);
+    }
+    m_sender = sender;
+    m_recipients = recipients;
+    m_message = std::move(message);
+    enter(State::Sender);
+}
+
+void MailSession::sendSender() {
+    const QByteArray address = commandAddress(m_sender);
+    command("MAIL FROM: <" + address + ">" + (m_loggedIn ? " AUTH=" + address : QByteArray()));
+}
+
+void MailSession::sendRecipient() {
+    command("RCPT TO: <" + commandAddress(m_recipients.takeFirst()) + ">");
+}
+
+void MailSession::sendData() {
+    command("DATA");
+}
+
+/// One block each time little enough waits to leave, so that a large attachment is never held in memory.
+void MailSession::sendContent() {
+    while (!m_message->AtEnd() && m_wire.Unsent() <= kMostUnsent) {
+        const MessageStream::Block block = m_message->Next();
+        if (!block.status.isEmpty())
+            m_events.OnStatus(block.status);
+        if (const auto error = m_message->Error())
+            return fail(*error); // the end mark was not sent: the server drops the half mail with the connection
+        m_wire.Send(block.bytes);
+    }
+    m_untaken = m_wire.Untaken();
+    if (m_message->AtEnd())
+        enter(State::Delivery);
+}
+
+/// The system's buffers hide a slow line: only what the peer has taken shows that it is still reading.
+void MailSession::lookAtProgress() {
+    if (m_state != State::Content && m_state != State::Delivery)
+        return;
+    const qint64 before = std::exchange(m_untaken, m_wire.Untaken());
+    if (m_untaken < before)
+        setDeadline();
+}
+
+void MailSession::Disconnect() {
+    if (m_state == State::Closed)
+        return;
+    tell("Closing Connection...");
+    sendQuit();
+    close();
+}
+
+void MailSession::Shutdown() {
+    if (IsBusy())
+        fail(notOpenText);
+    else
+        close();
+}
+
+void MailSession::close() {
+    if (std::exchange(m_state, State::Closed) != State::Closed)
+        m_wire.Close();
+}
+
+void MailSession::OnConnected() {
+    arrived(Awaited::Connection);
+    Poll();
+}
+
+void MailSession::OnClosed() {
+    switch (m_state) {
+    case State::Closed:
         break;
-    case 1:
-        m_wire.Send("PASS " + commandWord(m_servers.password) + "\r\n");
+    case State::Ready:
+        close();
         break;
-    case 2:
-        m_wire.Send("QUIT\r\n");
+    case State::PopConnecting:
+    case State::Connecting:
+    case State::Greeting:
+    case State::Login:
+        timedOut();
         break;
     default:
-        m_flags |= PopDone;
+        fail(notOpenText);
     }
+    Poll();
+}
+
+void MailSession::OnOverrun() {
+    fail(QStringLiteral("The mail server sent a reply that is too long"));
+}
+
+void MailSession::OnProgress() {
+    lookAtProgress();
+    if (m_state == State::Content)
+        sendContent();
+}
+
+void MailSession::OnReply(const ServerReply& reply) {
+    if (m_state == State::Closed)
+        return;
+    bool isTaken = false;
+    if (m_state < State::Connecting) {
+        isTaken = reply.code == "+OK";
+        if (isTaken)
+            arrived(Awaited::PopOk);
+    } else {
+        isTaken = takeSmtp(reply);
+    }
+    if (!isTaken) {
+        const QString text = modForeignText::FromServer(QString::fromUtf8(reply.text));
+        fail(text.isEmpty() ? QStringLiteral("The mail server sent an empty reply") : text);
+    }
+    Poll();
+}
+
+bool MailSession::takeSmtp(const ServerReply& reply) {
+    if (reply.code == "220") {
+        arrived(Awaited::Greeting);
+    } else if (reply.code == "250" || reply.code == "251") {
+        const QByteArray text = reply.text.toLower();
+        arrived(Awaited::Accepted);
+        if (reply.code == "250" && (text.contains("auth login") || text.contains("auth=login")))
+            arrived(Awaited::LoginOffer);
+    } else if (reply.code == "235") {
+        arrived(Awaited::LoggedIn);
+    } else if (reply.code == "334" && m_state == State::Login) {
+        answerLogin(reply);
+    } else if (reply.code == "354") {
+        arrived(Awaited::GoAhead);
+    } else {
+        return reply.code == "221" || reply.code == "211" || reply.code == "214";
+    }
+    return true;
 }

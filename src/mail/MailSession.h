@@ -3,25 +3,12 @@
 // timer. Every failure is reported once, with its text, and closes the connection.
 #pragma once
 
+#include "MailServers.h"
 #include "MailSessionEvents.h"
 #include "MailWire.h"
 #include "MessageStream.h"
 #include "ReplyReader.h"
 #include <functional>
-
-struct MailServers {
-    QString smtpHost;
-    int smtpPort = 25;
-    QString popHost;
-    int popPort = 110;
-    QString username;
-    QString password;
-    bool useAuthentication = false;
-    bool usePopAuthentication = false;
-    int connectRetry = 4;    ///< attempts
-    int connectTimeout = 30; ///< seconds for each wait of the connect phase; below 1 every wait fails at once
-    int messageTimeout = 60; ///< seconds for each wait of the send phase
-};
 
 class MailSession final {
   public:
@@ -37,15 +24,16 @@ class MailSession final {
     /// Says QUIT and closes. Nothing happens on a session that is closed.
     void Disconnect();
 
-    /// Ends any wait and closes at once.
+    /// Ends what is under way, without success, and closes at once.
     void Shutdown();
 
-    [[nodiscard]] bool IsReady() const { return m_ready; }
-    [[nodiscard]] bool IsBusy() const { return m_phase != Phase::None; }
+    [[nodiscard]] bool IsReady() const { return m_state == State::Ready; }
+    [[nodiscard]] bool IsBusy() const { return m_state != State::Closed && m_state != State::Ready; }
 
     void OnConnected();
     void OnReply(const ServerReply& reply);
     void OnOverrun();
+    /// Some of what was sent has left.
     void OnProgress();
     void OnClosed();
 
@@ -53,55 +41,59 @@ class MailSession final {
     void Poll();
 
   private:
-    enum class Phase { None, Connect, Send };
-    enum Flag : unsigned {
-        Connected = 1,
-        Greeted = 2,
-        Accepted = 4,
-        LoginOffered = 8,
-        LoggedIn = 16,
-        GoAhead = 32,
-        PopDone = 64,
-        Drained = 128
+    /// In the order of the dialogue; what comes after Ready belongs to one mail.
+    enum class State {
+        Closed,
+        PopConnecting,
+        PopGreeting,
+        PopUser,
+        PopPassword,
+        PopQuit,
+        Connecting,
+        Greeting,
+        Hello,
+        LoginOffer,
+        Login,
+        Ready,
+        Sender,
+        Recipient,
+        Data,
+        Content,
+        Delivery
     };
-    using Next = void (MailSession::*)(bool ok);
-    struct Wait {
-        unsigned flag = 0;
-        int seconds = 0;
-        int deadline = 0;
-        Next next = nullptr;
-    };
+    enum class Awaited { Nothing, Connection, PopOk, Greeting, Accepted, LoginOffer, LoggedIn, GoAhead };
+    enum class Patience { None, Connect, Login, Message };
+    struct Row;
+    static const Row& rowOf(State state);
 
-    void await(Flag flag, int seconds, Next next);
-    void finishWait(bool ok);
+    void enter(State state);
+    void arrived(Awaited what);
+    [[nodiscard]] State next() const;
+    [[nodiscard]] int seconds() const;
     void setDeadline();
-    void command(const QByteArray& line);
+    void timedOut();
     void fail(const QString& text);
     void close();
-    void giveUp();
-    void endPhase(bool ok);
+    void endPhase(State last, bool ok);
+    void tell(const char* status);
 
-    void tryToConnect();
-    void attemptEnded(bool ok);
-    void popEnded(bool ok);
-    void startSmtp();
-    void greeted(bool ok);
-    void helloAnswered(bool ok);
-    void loginOfferAwaited(bool ok);
-    void loginEnded(bool ok);
-
-    void senderAnswered(bool ok);
-    void recipientAnswered(bool ok);
-    void nextRecipient();
-    void dataAnswered(bool ok);
-    void sendContent(bool ok);
-    void contentAnswered(bool ok);
-
-    /// False for a reply that has no place in the dialogue.
-    [[nodiscard]] bool takePop(const ServerReply& reply);
-    [[nodiscard]] bool takeSmtp(const ServerReply& reply);
+    void openPop();
+    void openSmtp();
+    void open(const QString& host, int port);
+    void command(const QByteArray& line);
+    void sendUser();
+    void sendPassword();
+    void sendQuit();
+    void sendHello();
+    void sendLogin();
+    void sendSender();
+    void sendRecipient();
+    void sendData();
+    void sendContent();
+    void lookAtProgress();
     void answerLogin(const ServerReply& reply);
-    void answerPop();
+    /// False for a reply that has no place in the dialogue.
+    [[nodiscard]] bool takeSmtp(const ServerReply& reply);
 
     MailWire& m_wire;
     MailSessionEvents& m_events;
@@ -111,16 +103,9 @@ class MailSession final {
     QStringList m_recipients;
     std::unique_ptr<MessageStream> m_message;
 
-    Phase m_phase = Phase::None;
-    Wait m_wait;
-    unsigned m_flags = 0;
+    State m_state = State::Closed;
+    int m_deadline = 0; ///< seconds of the day
     int m_attempt = 0;
-    int m_popStep = 0;
-    bool m_inPop = false;
-    bool m_loggingIn = false;
+    qint64 m_untaken = 0; ///< as of the last look at the content
     bool m_loggedIn = false;
-    bool m_open = false;
-    bool m_dropped = false; ///< the connection ended without our doing
-    bool m_failed = false;
-    bool m_ready = false;
 };

@@ -1,6 +1,7 @@
 #include "MailSettings.h"
 #include "SettingsStore.h"
 
+#include <QStringList>
 #include <array>
 #include <tuple>
 
@@ -23,15 +24,23 @@ constexpr std::array<Entry<QString>, 5> texts{{{"From", &Values::from},
                                                {"RemoteHost", &Values::smtpHost},
                                                {"Username", &Values::username}}};
 
-constexpr std::array<Entry<int>, 9> numbers{{{"RemotePort", &Values::smtpPort},
+constexpr std::array<Entry<int>, 7> numbers{{{"RemotePort", &Values::smtpPort},
                                              {"SMTPHostValidation", &Values::hostValidation},
                                              {"EmailValidation", &Values::emailValidation},
                                              {"ConnectTimeout", &Values::connectTimeout},
                                              {"MessageTimeout", &Values::messageTimeout},
                                              {"ConnectRetry", &Values::connectRetry},
-                                             {"EncodeType", &Values::encodeType},
-                                             {"UseAuthentication", &Values::useAuthentication},
-                                             {"UsePopAuthentication", &Values::usePopAuthentication}}};
+                                             {"EncodeType", &Values::encodeType}}};
+
+constexpr std::array<Entry<bool>, 2> switches{
+    {{"UseAuthentication", &Values::useAuthentication}, {"UsePopAuthentication", &Values::usePopAuthentication}}};
+
+/// People write "True" where the program writes 1.
+bool isOn(const QString& text) {
+    return text.toInt() != 0 ||
+           QStringList{QStringLiteral("true"), QStringLiteral("yes"), QStringLiteral("on")}.contains(
+               text.trimmed(), Qt::CaseInsensitive);
+}
 
 template <typename Table, typename Field>
 QString keyOf(const Table& table, Field field) {
@@ -44,31 +53,40 @@ QString keyOf(const Table& table, Field field) {
 } // namespace
 
 MailSettings::MailSettings(SettingsStore& store) : m_store(store) {
-    m_persistent = m_store.Read(MailSettings::Application, section, persistentKey).value_or(QString()).toInt() != 0;
+    const auto read = [this](const QString& key) { return m_store.Read(MailSettings::Application, section, key); };
+    m_persistent = isOn(read(persistentKey).value_or(QString()));
     if (!m_persistent)
         return;
     for (const auto& [key, field] : texts)
-        m_values.*field =
-            m_store.Read(MailSettings::Application, section, QLatin1String(key)).value_or(m_values.*field);
+        m_values.*field = read(QLatin1String(key)).value_or(m_values.*field);
     for (const auto& [key, field] : numbers) {
         bool isNumber = false;
-        const int value =
-            m_store.Read(MailSettings::Application, section, QLatin1String(key)).value_or(QString()).toInt(&isNumber);
+        const int value = read(QLatin1String(key)).value_or(QString()).toInt(&isNumber);
         if (isNumber)
             m_values.*field = value;
     }
+    for (const auto& [key, field] : switches)
+        m_values.*field = isOn(read(QLatin1String(key)).value_or(QString()));
 }
 
 void MailSettings::Set(QString Values::*field, const QString& value) {
     m_values.*field = value;
-    if (m_persistent)
-        std::ignore = m_store.Write(MailSettings::Application, section, keyOf(texts, field), value);
+    write(keyOf(texts, field), value);
 }
 
 void MailSettings::Set(int Values::*field, int value) {
     m_values.*field = value;
+    write(keyOf(numbers, field), QString::number(value));
+}
+
+void MailSettings::Set(bool Values::*field, bool value) {
+    m_values.*field = value;
+    write(keyOf(switches, field), QString::number(value ? 1 : 0));
+}
+
+void MailSettings::write(const QString& key, const QString& value) {
     if (m_persistent)
-        std::ignore = m_store.Write(MailSettings::Application, section, keyOf(numbers, field), QString::number(value));
+        std::ignore = m_store.Write(MailSettings::Application, section, key, value);
 }
 
 void MailSettings::SetPersistent(bool persistent) {

@@ -26,19 +26,25 @@ class MailSettings final {
         int connectRetry = 4;    ///< attempts
         int encodeType = 0;      ///< 0 MIME, 1 uuencode
         QString username;
-        int useAuthentication = 0;
-        int usePopAuthentication = 0;
+        bool useAuthentication = false;
+        bool usePopAuthentication = false;
     };
     [[nodiscard]] const Values& Get() const { return m_values; }
 
     /// Sets one value, and writes it when persistence is on.
     void Set(QString Values::*field, const QString& value);
     void Set(int Values::*field, int value);
+    void Set(bool Values::*field, bool value);
+
+    /// What the store says of this does not count; it is not written.
+    void Forget(QString Values::*field) { (m_values.*field).clear(); }
 
     [[nodiscard]] bool IsPersistent() const { return m_persistent; }
     void SetPersistent(bool persistent);
 
   private:
+    void write(const QString& key, const QString& value);
+
     SettingsStore& m_store;
     Values m_values;
     bool m_persistent = false;

@@ -15,6 +15,9 @@ class MailWire {
     /// What was sent goes out still; nothing that arrives is heard of any more.
     virtual void Close() = 0;
 
-    /// Bytes that were sent and have not left yet.
+    /// Bytes that were sent and have not left this program yet.
     [[nodiscard]] virtual qint64 Unsent() const = 0;
+
+    /// Bytes that were sent and that the peer has not taken yet; those in the system's buffers count too.
+    [[nodiscard]] virtual qint64 Untaken() const = 0;
 };

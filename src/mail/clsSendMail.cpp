@@ -1,10 +1,10 @@
 #include "clsSendMail.h"
 #include "Clock.h"
 #include "modNativePath.h"
+#include "modRegularFile.h"
 #include "modValidEMail.h"
 
 #include <QDateTime>
-#include <QFileInfo>
 #include <algorithm>
 
 namespace {
@@ -14,33 +14,35 @@ bool isHostName(const QString& host) {
     return !host.isEmpty() && std::none_of(host.begin(), host.end(),
                                            [](QChar c) { return c.isSpace() || c.category() == QChar::Other_Control; });
 }
+
+QStringList withoutBlanks(QStringList entries) {
+    entries.removeAll(QString());
+    return entries;
+}
 } // namespace
 
 clsSendMail::clsSendMail(SettingsStore& settings, const NameService& names, const Clock& clock)
     : m_settings(settings), m_clock(clock), m_lookup(names), m_connection(clock, *this) {
-    connect(&m_lookup, &MailHostLookup::Found, this, [this](const QString& host) {
-        if (std::exchange(m_lookingUp, false))
-            host.isEmpty() ? refuseConnection(missingHost) : open(host);
-    });
-    connect(&m_lookup, &MailHostLookup::Failed, this, [this](const QString& text) {
-        if (std::exchange(m_lookingUp, false))
-            refuseConnection(text);
-    });
+    connect(&m_lookup, &MailHostLookup::Found, this,
+            [this](const QString& host) { host.isEmpty() ? refuseConnection(missingHost) : reach(host); });
+    connect(&m_lookup, &MailHostLookup::Failed, this, &clsSendMail::refuseConnection);
 }
 
 clsSendMail::~clsSendMail() = default;
 
+/// Blank entries stay: a list of names goes with a list of addresses by position.
 QStringList clsSendMail::split(const QString& list) const {
     QStringList entries;
-    for (const QString& entry : list.split(Delimiter, Qt::SkipEmptyParts))
-        if (const QString trimmed = entry.trimmed(); !trimmed.isEmpty())
-            entries.append(trimmed);
+    for (const QString& entry : list.split(Delimiter))
+        entries.append(entry.trimmed());
     return entries;
 }
 
 bool clsSendMail::areValid(const QStringList& addresses) const {
     return m_settings.Get().emailValidation == 0 ||
-           std::all_of(addresses.begin(), addresses.end(), modValidEMail::IsValidEmailAddress);
+           std::all_of(addresses.begin(), addresses.end(), [](const QString& address) {
+               return address.isEmpty() || modValidEMail::IsValidEmailAddress(address);
+           });
 }
 
 void clsSendMail::SetFrom(const QString& address) {
@@ -53,7 +55,7 @@ void clsSendMail::SetFrom(const QString& address) {
 
 void clsSendMail::SetRecipient(const QString& addresses) {
     const QStringList entries = split(addresses);
-    if (entries.isEmpty() || !areValid(entries))
+    if (withoutBlanks(entries).isEmpty() || !areValid(entries))
         Q_EMIT SendFailed(QStringLiteral("Missing or Invalid Recipient E-mail Address"));
     else
         m_recipients = entries;
@@ -76,12 +78,17 @@ void clsSendMail::SetBccRecipient(const QString& addresses) {
 }
 
 void clsSendMail::SetAttachment(const QString& paths) {
-    for (const QString& path : split(paths)) {
-        std::error_code error;
-        if (!std::filesystem::is_regular_file(modNativePath::FromText(path), error)) {
-            Q_EMIT SendFailed(QStringLiteral("The file you tried to attach does not exist"));
-            return;
-        }
+    for (const QString& path : withoutBlanks(split(paths))) {
+        const std::filesystem::path file = modNativePath::FromText(path);
+        QFile opened;
+        const std::error_code error = modRegularFile::Open(file, opened);
+        if (!error)
+            continue;
+        std::error_code ignored;
+        Q_EMIT SendFailed(std::filesystem::is_regular_file(file, ignored)
+                              ? QString::fromStdString(error.message())
+                              : QStringLiteral("The file you tried to attach does not exist"));
+        return;
     }
     m_attachment = paths;
 }
@@ -103,6 +110,11 @@ void clsSendMail::setHost(QString MailSettings::Values::*field, const QString& h
         Q_EMIT SendFailed(QLatin1String(error));
 }
 
+void clsSendMail::ForgetStoredMail() {
+    m_settings.Forget(&MailSettings::Values::smtpHost);
+    m_settings.Forget(&MailSettings::Values::from);
+}
+
 void clsSendMail::SetSMTPHost(const QString& host) {
     setHost(&MailSettings::Values::smtpHost, host, "Invalid or Missing SMTP Host Name");
 }
@@ -120,28 +132,36 @@ void clsSendMail::SetSMTPPort(int port) {
 
 void clsSendMail::Connect() {
     const MailSettings::Values& settings = m_settings.Get();
+    m_opening = true;
     if (!settings.smtpHost.isEmpty())
-        return open(settings.smtpHost);
-    const QString address = m_recipients.value(0);
+        return reach(settings.smtpHost);
+    const QString address = withoutBlanks(m_recipients).value(0);
     const QString domain = address.mid(address.indexOf(u'@') + 1);
     Q_EMIT Status(u"Performing MX Query, Domain: " + domain);
-    m_lookingUp = true;
     m_lookup.Begin(domain);
 }
 
-void clsSendMail::open(const QString& host) {
+void clsSendMail::reach(const QString& host) {
+    m_server = host;
+    if (!MayOpen || MayOpen(host))
+        Resume();
+}
+
+void clsSendMail::Resume() {
+    if (!std::exchange(m_opening, false))
+        return;
     const MailSettings::Values& settings = m_settings.Get();
     // The stored number was not checked by anybody yet.
     if (settings.smtpPort < 1 || settings.smtpPort > 65535)
         return refuseConnection(QStringLiteral("Invalid Remote Port"));
-    m_connection.Connect({.smtpHost = host,
+    m_connection.Connect({.smtpHost = m_server,
                           .smtpPort = settings.smtpPort,
                           .popHost = settings.popHost,
                           .popPort = POP3Port,
                           .username = settings.username,
                           .password = Password,
-                          .useAuthentication = settings.useAuthentication != 0,
-                          .usePopAuthentication = settings.usePopAuthentication != 0,
+                          .useAuthentication = settings.useAuthentication,
+                          .usePopAuthentication = settings.usePopAuthentication,
                           .connectRetry = settings.connectRetry,
                           .connectTimeout = settings.connectTimeout,
                           .messageTimeout = settings.messageTimeout},
@@ -149,6 +169,7 @@ void clsSendMail::open(const QString& host) {
 }
 
 void clsSendMail::refuseConnection(const QString& text) {
+    m_opening = false;
     OnFailed(text);
     OnConnectEnded(false);
 }
@@ -182,7 +203,7 @@ void clsSendMail::Send() {
 void clsSendMail::transmit() {
     const QDateTime now =
         QDateTime::fromSecsSinceEpoch(std::chrono::system_clock::to_time_t(m_clock.Now()), Qt::LocalTime);
-    m_connection.Send(m_settings.Get().from, m_recipients + m_copies + m_blindCopies,
+    m_connection.Send(m_settings.Get().from, withoutBlanks(m_recipients + m_copies + m_blindCopies),
                       std::make_unique<MessageStream>(message(), now));
 }
 
@@ -205,7 +226,7 @@ MailMessage clsSendMail::message() const {
                      .priorityWord = m_priorityWord,
                      .encoding = settings.encodeType == 1 ? MailEncoding::UuEncode : MailEncoding::Mime,
                      .attachments = {}};
-    for (const QString& path : split(m_attachment))
+    for (const QString& path : withoutBlanks(split(m_attachment)))
         mail.attachments.push_back(modNativePath::FromText(path));
     return mail;
 }
@@ -222,7 +243,8 @@ void clsSendMail::OnSendEnded(bool accepted) {
 }
 
 void clsSendMail::Shutdown() {
-    if (std::exchange(m_lookingUp, false))
+    m_lookup.Cancel();
+    if (m_opening)
         refuseConnection(QStringLiteral("Socket not Open"));
     m_connection.Shutdown();
 }

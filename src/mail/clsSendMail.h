@@ -31,19 +31,21 @@ class clsSendMail final : public QObject, private MailSessionEvents {
     void SetRecipient(const QString& addresses);
     void SetCcRecipient(const QString& addresses);
     void SetBccRecipient(const QString& addresses);
-    /// A list of paths of regular files. One that does not exist refuses the whole list.
+    /// A list of paths of regular files. One that cannot be opened refuses the whole list.
     void SetAttachment(const QString& paths);
     [[nodiscard]] const QString& Attachment() const { return m_attachment; }
     /// 1 high, 3 normal, 5 low; any other number is kept too, but no word goes with it.
     void SetPriority(int priority);
 
+    /// Host and sender are this mail's own from here on: empty until they are set, whatever the store says.
+    void ForgetStoredMail();
     void SetSMTPHost(const QString& host);
     /// 1 to 65535.
     void SetSMTPPort(int port);
     void SetPOP3Host(const QString& host);
     void SetUsername(const QString& name) { m_settings.Set(&MailSettings::Values::username, name); }
-    void SetUseAuthentication(bool on) { m_settings.Set(&MailSettings::Values::useAuthentication, on ? 1 : 0); }
-    void SetUsePopAuthentication(bool on) { m_settings.Set(&MailSettings::Values::usePopAuthentication, on ? 1 : 0); }
+    void SetUseAuthentication(bool on) { m_settings.Set(&MailSettings::Values::useAuthentication, on); }
+    void SetUsePopAuthentication(bool on) { m_settings.Set(&MailSettings::Values::usePopAuthentication, on); }
     void SetConnectRetry(int attempts) { m_settings.Set(&MailSettings::Values::connectRetry, attempts); }
     void SetConnectTimeout(int seconds) { m_settings.Set(&MailSettings::Values::connectTimeout, seconds); }
     void SetMessageTimeout(int seconds) { m_settings.Set(&MailSettings::Values::messageTimeout, seconds); }
@@ -53,6 +55,10 @@ class clsSendMail final : public QObject, private MailSessionEvents {
     void SetSMTPHostValidation(int level) { m_settings.Set(&MailSettings::Values::hostValidation, level); }
     void SetPersistentSettings(bool on) { m_settings.SetPersistent(on); }
     [[nodiscard]] const MailSettings& Settings() const { return m_settings; }
+
+    /// Asked with the server's name before a connection is made; after a no, Resume() makes it later.
+    std::function<bool(const QString& host)> MayOpen;
+    void Resume();
 
     /// Makes the session ready for a mail. Without a host, that of the first recipient's domain is asked for.
     void Connect();
@@ -77,7 +83,7 @@ class clsSendMail final : public QObject, private MailSessionEvents {
     void OnConnectEnded(bool ready) override;
     void OnSendEnded(bool accepted) override;
 
-    void open(const QString& host);
+    void reach(const QString& host);
     void transmit();
     void refuseConnection(const QString& text);
     [[nodiscard]] MailMessage message() const;
@@ -95,7 +101,8 @@ class clsSendMail final : public QObject, private MailSessionEvents {
     QString m_priorityWord = QStringLiteral("Normal");
     bool m_sendWhenReady = false;  ///< Send waits for a session of its own
     bool m_closeAfterSend = false; ///< and closes it again
-    bool m_lookingUp = false;
+    bool m_opening = false;        ///< from Connect until there is a connection to be made, or none
+    QString m_server;              ///< given or found
     MailHostLookup m_lookup;
     MailConnection m_connection;
 };

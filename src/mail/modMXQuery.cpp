@@ -1,6 +1,7 @@
 #include "modMXQuery.h"
+#include "modMailDomain.h"
 
-#include <QUrl>
+#include <QByteArrayList>
 #include <QtEndian>
 
 #include <algorithm>
@@ -140,8 +141,7 @@ bool readAnswer(Reader& reader, QByteArrayView packet, std::vector<modMXQuery::M
 } // namespace
 
 std::optional<QByteArray> modMXQuery::BuildQuery(const QString& domain) {
-    const bool plain = std::all_of(domain.begin(), domain.end(), [](QChar c) { return c < QChar(0x80); });
-    const QByteArray name = plain ? domain.toLatin1() : QUrl::toAce(domain);
+    const QByteArray name = modMailDomain::ToAscii(domain);
     if (name.size() + 2 > longestName)
         return std::nullopt;
 

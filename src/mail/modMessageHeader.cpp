@@ -3,11 +3,17 @@
 #include "modHeaderWord.h"
 #include "modLatin1.h"
 #include "modMailDate.h"
+#include "modMailDomain.h"
 
 namespace {
 
+/// A domain has an ASCII form; what stands before it has none here.
+QByteArray asciiAddress(const QString& address) {
+    return modHeaderWord::Ascii(QString::fromUtf8(modMailDomain::AddressToAscii(address)));
+}
+
 QByteArray party(const QString& address, const QString& displayName) {
-    const QByteArray plain = modHeaderWord::Ascii(address);
+    const QByteArray plain = asciiAddress(address);
     return displayName.trimmed().isEmpty() ? plain : modHeaderWord::Encode(displayName, true) + " <" + plain + '>';
 }
 
@@ -60,7 +66,7 @@ QByteArray modMessageHeader::Write(const MailMessage& message, const QDateTime& 
         head += modHeaderLine::Write("Cc", copies);
     head += modHeaderLine::Write("Subject", modHeaderWord::Encode(message.subject, false));
     if (!message.replyTo.isEmpty())
-        head += modHeaderLine::Write("Reply-to", '<' + modHeaderWord::Ascii(message.replyTo) + '>');
+        head += modHeaderLine::Write("Reply-to", '<' + asciiAddress(message.replyTo) + '>');
     head += modHeaderLine::Write("Date", modMailDate::DateText(when));
     if (message.encoding == MailEncoding::Mime) {
         head += mimeLines(message);

@@ -20,9 +20,9 @@ constexpr QStringView topLevelDomains =
 
 constexpr QStringView illegalCharacters = u"!#$%^&*()=+{}[]|\\;:'/?>,< ";
 
-// A line end or a NUL would reach the mail session as a command of its own.
+// A control character would reach the mail session as a command of its own, a quote ends the address for some readers.
 bool isRefused(QChar character) {
-    return illegalCharacters.contains(character) || character == u'\r' || character == u'\n' || character.isNull();
+    return illegalCharacters.contains(character) || character == u'"' || character.category() == QChar::Other_Control;
 }
 
 bool isNumber(const QString& part) {

@@ -1474,6 +1474,18 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <source>'%1' belongs to Kalvenor itself and cannot be the log file of an activity.</source>
         <translation>'%1' gehört zu Kalvenor selbst und kann nicht die Protokolldatei einer Aktivität sein.</translation>
     </message>
+    <message id="630">
+        <source>Not sent: the program is closing.</source>
+        <translation>Nicht gesendet: Das Programm wird beendet.</translation>
+    </message>
+    <message id="631">
+        <source>Not sent: %1 later e-mails of this activity are waiting.</source>
+        <translation>Nicht gesendet: %1 spätere E-Mails dieser Aktivität warten.</translation>
+    </message>
+    <message id="632">
+        <source>'%1' is not attached: %2</source>
+        <translation>'%1' wird nicht angehängt: %2</translation>
+    </message>
     <message id="650">
         <source>Load it again now? What is entered in an open form stays there.</source>
         <translation>Jetzt neu laden? Was in einem offenen Formular eingegeben wurde, bleibt dort stehen.</translation>

@@ -1474,6 +1474,18 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <source>'%1' belongs to Kalvenor itself and cannot be the log file of an activity.</source>
         <translation>'%1' belongs to Kalvenor itself and cannot be the log file of an activity.</translation>
     </message>
+    <message id="630">
+        <source>Not sent: the program is closing.</source>
+        <translation>Not sent: the program is closing.</translation>
+    </message>
+    <message id="631">
+        <source>Not sent: %1 later e-mails of this activity are waiting.</source>
+        <translation>Not sent: %1 later e-mails of this activity are waiting.</translation>
+    </message>
+    <message id="632">
+        <source>'%1' is not attached: %2</source>
+        <translation>'%1' is not attached: %2</translation>
+    </message>
     <message id="650">
         <source>Load it again now? What is entered in an open form stays there.</source>
         <translation>Load it again now? What is entered in an open form stays there.</translation>

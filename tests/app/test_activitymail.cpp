@@ -1,4 +1,5 @@
 // Notifications of a whole program whose mail server takes its time.
+#include "NameServerProcess.h"
 #include "ProgramFixture.h"
 
 #include <QTcpServer>
@@ -9,21 +10,23 @@ namespace {
 /// Takes connections and says nothing until it is told to.
 class SlowServer final {
   public:
-    SlowServer() {
-        server.listen(QHostAddress::LocalHost);
+    explicit SlowServer(const QHostAddress& address) {
+        server.listen(address);
         QObject::connect(&server, &QTcpServer::newConnection, &server, [this] {
             ++connections;
-            present = server.nextPendingConnection();
+            present.append(server.nextPendingConnection());
         });
     }
-    void HangUp() { std::exchange(present, nullptr)->abort(); }
+    void HangUp() { present.takeFirst()->abort(); }
     QTcpServer server;
-    QTcpSocket* present = nullptr;
+    QList<QTcpSocket*> present;
     int connections = 0;
 };
 
 struct World : ProgramFixture {
-    explicit World(const Fields& more = {}) {
+    explicit World(const Fields& more = {}, const QHostAddress& address = QHostAddress::LocalHost,
+                   const Fields& second = {})
+        : server(address) {
         Fields fields{{u"sendmail"_qs, u"1"_qs},
                       {u"UseSMTP"_qs, u"1"_qs},
                       {u"SMTPHost"_qs, u"127.0.0.1"_qs},
@@ -31,47 +34,104 @@ struct World : ProgramFixture {
                       {u"recipient"_qs, u"you@there.de"_qs}};
         fields.insert(more);
         Add(u"A"_qs, fields);
+        fields.insert(second);
+        Add(u"B"_qs, fields);
         const QString base = u"Postrelle/Settings/"_qs;
         settings->values[base + u"PersistentSettings"] = u"1"_qs;
         settings->values[base + u"RemotePort"] = QString::number(server.server.serverPort());
         settings->values[base + u"ConnectRetry"] = u"1"_qs;
+        // What another activity's mail may have left there.
+        settings->values[base + u"RemoteHost"] = u"127.0.0.1"_qs;
+        settings->values[base + u"From"] = u"stranger@there.de"_qs;
         Start();
     }
     SlowServer server;
 };
 
-const QString failure =
-    u"E-Mail send to 'you@there.de' - Timeout occurred: The SMTP Host did not respond to the request"_qs;
+QString failureOf(const QString& recipient) {
+    return u"E-Mail send to '" + recipient + u"' - Timeout occurred: The SMTP Host did not respond to the request";
+}
 
 } // namespace
 
 class TestActivityMail final : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void oneMailOnItsWayAndOneWaiting() {
-        World world;
-        for (int run = 0; run < 4; ++run)
-            QVERIFY(world.program->RunNow(u"A"_qs).Succeeded());
-        for (const int connections : {1, 2}) {
-            QTRY_VERIFY(world.server.present != nullptr);
-            QTest::qWait(50);
-            QCOMPARE(world.server.connections, connections);
-            world.server.HangUp();
+    void twoMailsOnTheirWayAndTheOthersWait() {
+        NameServerProcess dns;
+        QVERIFY(dns.Start());
+        for (const QString& host : {u"127.0.0.1"_qs, QString()}) { // two domains with one server
+            World world({{u"SMTPHost"_qs, host}, {u"recipient"_qs, u"you@dort.de"_qs}}, QHostAddress::LocalHost,
+                        {{u"SMTPHost"_qs, host}, {u"recipient"_qs, u"you@fern.de"_qs}});
+            world.names->known = {{{u"127.0.0.1"_qs, dns.port}}, QString()};
+            for (const QString& name : {u"A"_qs, u"B"_qs, u"A"_qs, u"B"_qs})
+                QVERIFY(world.program->RunNow(name).Succeeded());
+            // Another record takes the name: it has nothing to do with these mails.
+            world.program->File().Write(u"A"_qs, "logfile", world.Path(u"stranger.log"_qs));
+            for (const int connections : {2, 3, 4, 4}) {
+                QTRY_COMPARE(world.server.connections, connections);
+                QTest::qWait(50);
+                QCOMPARE(world.server.connections, connections);
+                world.server.HangUp();
+            }
+            QTRY_VERIFY(!world.program->State().Running());
+            QCOMPARE(world.Log(u"A"_qs).count(failureOf(u"you@dort.de"_qs)), 2);
+            QCOMPARE(world.Log(u"B"_qs).count(failureOf(u"you@fern.de"_qs)), 2);
+            QVERIFY(!world.Exists(u"stranger.log"_qs));
         }
+    }
+
+    void eachMailStandsAlone_data() {
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<QString>("value");
+        QTest::addColumn<QString>("reason");
+        const QString sender = u"Missing or Invalid Sender E-mail Address"_qs;
+        QTest::newRow("no host") << u"SMTPHost"_qs << u""_qs << u"No DNS entries found, MX Query cannot contine."_qs;
+        QTest::newRow("no host's name") << u"SMTPHost"_qs << u"mail host"_qs << u"Invalid or Missing SMTP Host Name"_qs;
+        QTest::newRow("no sender") << u"sender"_qs << u""_qs << sender;
+        QTest::newRow("no sender's address") << u"sender"_qs << u"me"_qs << sender;
+    }
+    void eachMailStandsAlone() {
+        QFETCH(QString, field);
+        QFETCH(QString, value);
+        QFETCH(QString, reason);
+        World world({{field, value}});
+        QVERIFY(world.program->RunNow(u"A"_qs).Succeeded());
         QTRY_VERIFY(!world.program->State().Running());
-        QCOMPARE(world.server.connections, 2);
-        QCOMPARE(world.Log(u"A"_qs).count(failure), 2);
-        QCOMPARE(world.Log(u"A"_qs).count(u"E-Mail send to 'you@there.de'"_qs), 4);
+        QCOMPARE(world.server.connections, 0);
+        QCOMPARE(world.Log(u"A"_qs).last(), QString(u"E-Mail send to 'you@there.de' - " + reason));
+    }
+
+    void findsTheServer() {
+        for (const QString& host : {u"localhost"_qs, u"::1"_qs, u"[::1]"_qs}) {
+            World world({{u"SMTPHost"_qs, host}},
+                        host == u"localhost" ? QHostAddress::LocalHost : QHostAddress::LocalHostIPv6);
+            if (!world.server.server.isListening())
+                QSKIP("this machine has no IPv6");
+            QVERIFY(world.program->RunNow(u"A"_qs).Succeeded());
+            QTRY_VERIFY2(!world.server.present.isEmpty(), qPrintable(host));
+        }
+    }
+
+    void aServerThatNeverStopsTalking() {
+        World world;
+        QVERIFY(world.program->RunNow(u"A"_qs).Succeeded());
+        QTRY_VERIFY(!world.server.present.isEmpty());
+        QTcpSocket& server = *world.server.present.first();
+        server.setSocketOption(QAbstractSocket::SendBufferSizeSocketOption, 65536);
+        server.write(QByteArray("211 and so on\r\n").repeated(2'000'000));
+        QTest::qWait(500);
+        QVERIFY2(server.bytesToWrite() > 22'000'000, "all of it is read, held and looked at");
     }
 
     void theMachineStaysOnUntilTheMailHasGone() {
-        World world({{u"runningmode"_qs, u"1"_qs}});
+        World world({{u"runningmode"_qs, u"1"_qs}}, QHostAddress::LocalHost, {{u"activ"_qs, u"0"_qs}});
         Program& program = *world.program;
         program.Options().Shutdown = 1;
         program.Monitoring().ToggleMonitoring();
         world.Pass(std::chrono::seconds(15));
         QCOMPARE(world.Runs(u"A"_qs), 1);
-        QTRY_VERIFY(world.server.present != nullptr);
+        QTRY_VERIFY(!world.server.present.isEmpty());
         QVERIFY(program.Monitoring().IsOn());
         QCOMPARE(world.power->requests, 0);
         world.server.HangUp();
@@ -83,12 +143,18 @@ class TestActivityMail final : public QObject {
 
     void theEndOfTheProgramDoesNotWaitForLong() {
         World world;
-        QVERIFY(world.program->RunNow(u"A"_qs).Succeeded());
-        QTRY_VERIFY(world.server.present != nullptr);
+        for (int run = 0; run < 103; ++run)
+            QVERIFY(world.program->RunNow(u"A"_qs).Succeeded());
+        QTRY_VERIFY(!world.server.present.isEmpty());
         world.program->RequestEnd();
         QVERIFY(world.program->State().Running());
         QTRY_VERIFY_WITH_TIMEOUT(!world.program->State().Running(), 20'000);
-        QCOMPARE(world.Log(u"A"_qs).last(), u"E-Mail send to 'you@there.de' - Socket not Open"_qs);
+        const QStringList log = world.Log(u"A"_qs);
+        const QString mail = u"E-Mail send to 'you@there.de'"_qs;
+        QCOMPARE(log.count(mail), 103);
+        QCOMPARE(log.count(QString(mail + u" - Not sent: 100 later e-mails of this activity are waiting.")), 1);
+        QCOMPARE(log.count(QString(mail + u" - Not sent: the program is closing.")), 100);
+        QCOMPARE(log.last(2), QStringList(2, mail + u" - Socket not Open"));
     }
 };
 

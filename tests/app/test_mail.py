@@ -87,14 +87,15 @@ class Mail(RunFixture):
     def test_umlauts_recipients_and_details(self):
         self.serve()
         output = self.run_once(self.notifying(
-            subject="Überraschung für 5 €", message="Größe: 5 €\n.\nEnde\n", recipient="anna@dort.de;bert@dort.de",
+            subject="Überraschung für 5 €", message="Größe: 5 €\n.\nEnde\n", recipient=";anna@dort.de;bert@dort.de",
             attachaction="0", computername="1"))
-        self.assertIn("E-Mail send to 'anna@dort.de;bert@dort.de'\n", output)
+        self.assertIn("E-Mail send to ';anna@dort.de;bert@dort.de'\n", output)
         mail, envelope = self.the_mail(), self.box.envelopes[0]
         self.assertEqual(envelope.mail_from, "kalvenor@hier.de")
         self.assertEqual(envelope.rcpt_tos, ["anna@dort.de", "bert@dort.de"])
         self.assertTrue(envelope.content.startswith(b'From: "Kalvenor Pro" <kalvenor@hier.de>\r\n'))
-        self.assertEqual([one.addr_spec for one in mail["To"].addresses], envelope.rcpt_tos)
+        self.assertEqual([(one.display_name, one.addr_spec) for one in mail["To"].addresses],
+                         [(address, address) for address in envelope.rcpt_tos])
         self.assertEqual(mail["Subject"], "Überraschung für 5 ?")
         self.assertIsNotNone(mail["Date"].datetime.tzinfo)
         lines = mail.get_content().splitlines()
@@ -104,9 +105,10 @@ class Mail(RunFixture):
 
     def test_attached_log_and_login(self):
         self.serve()
-        self.mail_settings(self.box.port, UseAuthentication=1, Username="kalvenor")
-        self.run_once(self.notifying(attachlogfile="1", sendlastfile="1"))
+        self.mail_settings(self.box.port, UseAuthentication="True", Username="kalvenor")
+        output = self.run_once(self.notifying(attachlogfile="1", sendlastfile="1"))
         self.assertEqual(self.box.logins, [("LOGIN", "kalvenor", "")])
+        self.assertIn(f"'{self.root}/Akten-out' is not attached: The file you tried to attach does not exist\n", output)
         mail = self.the_mail()
         self.assertEqual(mail.get_body().get_content().strip(), "Es gibt etwas.")
         [attachment] = mail.iter_attachments()
@@ -135,10 +137,12 @@ class Mail(RunFixture):
         self.mail_settings(self.box.port, ConnectTimeout=3, ConnectRetry=1)
         with socket.create_server(("127.0.0.2", self.box.port)):
             output = self.run_once(
-                self.notifying("Stumm", SMTPHost="127.0.0.2", recipient="stumm@dort.de"), self.notifying())
+                self.notifying("Stumm", SMTPHost="127.0.0.2", recipient="stumm@dort.de"), self.notifying(),
+                self.notifying("Falsch", recipient="anna"))
         self.assertEqual([envelope.rcpt_tos for envelope in self.box.envelopes], [["anna@dort.de"]])
         self.assertIn("E-Mail send to 'stumm@dort.de' - Timeout occurred: ", output)
         self.assertNotIn("E-Mail send to 'anna@dort.de' - ", output)
+        self.assertIn("E-Mail send to 'anna' - Missing or Invalid Recipient E-mail Address\n", output)
 
 
 if __name__ == "__main__":

@@ -54,7 +54,7 @@ class Messages(unittest.TestCase):
         self.assertTrue(message["Disposition-Notification-To"].endswith(" <me@example.org>"))
         self.assertEqual(named(message["To"]), [('Doe, "J\\ohn"', "you@example.org"), ("Zoë", "her@example.org"),
                                                 ("", "plain@example.org")])
-        self.assertEqual(message["Cc"], "copy@example.org")
+        self.assertEqual(message["Cc"], "copy@xn--bcher-kva.example")
         self.assertNotIn(b"secret", received("plain.mail"))
         self.assertEqual(message["Subject"], "Grüße für 5 ?: " + "äöü und mehr " * 20)
         self.assertEqual(message["Date"].datetime.isoformat(), "2003-01-05T14:07:09+01:00")

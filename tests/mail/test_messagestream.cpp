@@ -148,7 +148,7 @@ class TestMessageStream final : public QObject {
         message.receipt = true;
         message.priority = 1;
         message.priorityWord = u"High"_qs;
-        message.copies << u"copy@example.org"_qs;
+        message.copies << u"copy@bücher.example"_qs;
         message.blindCopies << u"secret@example.org"_qs;
         message.subject = u"Grüße für 5 €: "_qs + u"äöü und mehr "_qs.repeated(20);
         message.text = u".Punkt\r\n..\n.\r\rÄÖÜß € \U0001F600 Ende\n"_qs;

@@ -1,5 +1,6 @@
 // The mail client against real servers on this machine, and its properties.
 #include "Fakes.h"
+#include "MailDispatch.h"
 #include "NameServerProcess.h"
 #include "PlatformServices.h"
 #include "clsSendMail.h"
@@ -117,6 +118,21 @@ struct Client {
     QStringList failures;
 };
 
+/// Does something just before the first queued call to an object of this class.
+template <typename Receiver>
+class BeforeCall final : public QObject {
+  public:
+    explicit BeforeCall(std::function<void()> what) : m_what(std::move(what)) { qApp->installEventFilter(this); }
+    bool eventFilter(QObject* receiver, QEvent* event) override {
+        if (event->type() == QEvent::MetaCall && qobject_cast<Receiver*>(receiver) != nullptr && m_what)
+            std::exchange(m_what, nullptr)();
+        return false;
+    }
+
+  private:
+    std::function<void()> m_what;
+};
+
 } // namespace
 
 class TestSendMail final : public QObject {
@@ -169,6 +185,25 @@ class TestSendMail final : public QObject {
         QCOMPARE(client.failures.last(), u"Invalid or Missing SMTP Host Name"_qs);
     }
 
+    /// Between the end of Connect and what follows it, nothing is under way that could be ended.
+    void doesNotConnectAnewWhenGivenUp() {
+        SmtpServer smtp;
+        Client client;
+        client.settings.values = {{u"Postrelle/Settings/PersistentSettings"_qs, u"1"_qs},
+                                  {u"Postrelle/Settings/RemotePort"_qs, QString::number(smtp.port)}};
+        MailOrder order;
+        order.smtpHost = u"127.0.0.1"_qs;
+        order.sender = order.recipient = u"anna@dort.de"_qs;
+        MailDispatch dispatch(order, client.settings, client.names, *client.services.clock);
+        BeforeCall<clsSendMail> end([&dispatch] { dispatch.Shutdown(); });
+        QSignalSpy ended(&dispatch, &MailDispatch::Ended);
+        int connections = 0;
+        dispatch.Begin([&connections](const QString& /*host*/) { return ++connections > 0; });
+        QVERIFY(ended.wait());
+        QCOMPARE(ended.first().first().toString(), u"Socket not Open"_qs);
+        QCOMPARE(connections, 1);
+    }
+
     void refusesValues() {
         Client client;
         client.mail.SetFrom(u"nobody"_qs);
@@ -178,7 +213,15 @@ class TestSendMail final : public QObject {
         client.mail.SetSMTPHost(u"a host"_qs);
         client.mail.SetSMTPPort(65536);
         client.mail.SetAttachment(u"; /"_qs);
-        QCOMPARE(client.failures.size(), 7);
+        const QTemporaryDir folder;
+        QFile locked(folder.filePath(u"locked"_qs));
+        QVERIFY(locked.open(QIODevice::WriteOnly) && locked.setPermissions({}));
+        const uid_t user = ::geteuid();
+        QVERIFY(::chmod(folder.path().toUtf8().constData(), 0755) == 0 && (user != 0 || ::seteuid(65534) == 0));
+        client.mail.SetAttachment(locked.fileName());
+        QCOMPARE(::seteuid(user), 0);
+        QCOMPARE(client.failures.last(), u"Permission denied"_qs);
+        QCOMPARE(client.failures.size(), 8);
         QVERIFY(!client.Send());
         QCOMPARE(client.failures.last(), u"Missing or Invalid Sender E-mail Address"_qs);
     }
@@ -192,7 +235,9 @@ class TestSendMail final : public QObject {
         client.mail.SetUsername(u"two"_qs);
         client.mail.SetSMTPPort(2525);
         QCOMPARE(client.settings.values.values(), (QStringList{u"1"_qs, u"2525"_qs, u"two"_qs}));
+        client.settings.values[u"Postrelle/Settings/UseAuthentication"_qs] = u"True"_qs;
         const MailSettings again(client.settings);
+        QVERIFY(again.Get().useAuthentication);
         QCOMPARE(again.Get().username, u"two"_qs);
         QCOMPARE(again.Get().smtpPort, 2525);
     }

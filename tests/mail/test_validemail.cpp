@@ -14,7 +14,7 @@ class TestValidEMail final : public QObject {
     }
     void refusesEachIllegalCharacterAnywhere() {
         const QString good = u"ab@example.de"_qs;
-        for (const QChar character : u"!#$%^&*()=+{}[]|\\;:'/?>,<\r\n\0"_qs)
+        for (const QChar character : u"!#$%^&*()=+{}[]|\\;:'/?>,<\"\t\r\n\0"_qs)
             for (const qsizetype place : {qsizetype(0), qsizetype(5), good.size()})
                 QVERIFY2(!modValidEMail::IsValidEmailAddress(QString(good).insert(place, character)),
                          qPrintable(QString(character)));

@@ -1,0 +1,12 @@
+// What the system still holds of the bytes that were written to a socket. A free function, no failure: 0 where the
+// system does not tell.
+#pragma once
+
+#include <QtGlobal>
+
+namespace modSocketQueue {
+
+/// Bytes that the peer of the TCP socket has not acknowledged yet.
+[[nodiscard]] qint64 Untaken(qintptr descriptor);
+
+} // namespace modSocketQueue
