@@ -24,7 +24,8 @@ class NameServerProcess final {
                 u"--no-daemon --conf-file=/dev/null --port=%1 --listen-address=127.0.0.1 --bind-interfaces --no-resolv "
                 "--no-hosts --local=/test/ --host-record=www.example.test,127.0.0.1 "
                 "--mx-host=example.test,backup.example.test,20 --mx-host=example.test,mail.example.test,10 "
-                "--mx-host=inner.test,mail.inner.test,5 --mx-host=dort.de,localhost,10 --mx-host=fern.de,LocalHost,10"_qs.arg(port);
+                "--mx-host=inner.test,mail.inner.test,5 --mx-host=dort.de,localhost,10 --mx-host=fern.de,LocalHost,10"_qs
+                    .arg(port);
             m_process.setProcessChannelMode(QProcess::MergedChannels);
             m_process.start(u"/usr/sbin/dnsmasq"_qs, arguments.split(u' '));
             QByteArray output;
