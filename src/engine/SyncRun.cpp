@@ -47,7 +47,7 @@ RunOutcome SyncRun::Run() {
     return {false, m_failures, m_end != RunEnd::None};
 }
 
-/// Only events can change the record and the program's own files, so between them one look is enough.
+/// Only events can change the record, so between them one look is enough.
 void SyncRun::readRecord() {
     const unsigned now = m_parts.interruptions.Count();
     if (m_recordReadAt == now || m_end != RunEnd::None)
@@ -59,6 +59,15 @@ void SyncRun::readRecord() {
     m_rules = SyncRules::RulesOf(m_identity.action, read("overwrite"), read("onlynew"));
     m_filter = FileTypeFilter(read("extensions"));
     m_log = read("logfile");
+}
+
+/// Only where a file is to be written, moved or deleted: a run that finds nothing to do need not ask.
+void SyncRun::lookAtOwnFiles() {
+    readRecord();
+    const unsigned now = m_parts.interruptions.Count();
+    if (m_ownFilesSeenAt == now)
+        return;
+    m_ownFilesSeenAt = now;
     m_ownFiles = m_parts.ownPlaces.Protected();
     m_logs = m_parts.ownPlaces.Logs(m_log);
 }
@@ -118,12 +127,12 @@ const FileTypeFilter& SyncRun::Filter() {
 }
 
 bool SyncRun::IsOwnFile(FileId file) {
-    readRecord();
+    lookAtOwnFiles();
     return m_ownFiles.contains(file);
 }
 
 bool SyncRun::IsLog(FileId file) {
-    readRecord();
+    lookAtOwnFiles();
     return m_logs.contains(file);
 }
 

@@ -110,6 +110,7 @@ class SyncRun final : public TransferObserver {
     void transferFolder(FolderPair& pair, const FolderEntry& entry);
     void walkInto(FolderPair& pair, const FolderEntry& source, const FolderEntry& destination);
     void readRecord();
+    void lookAtOwnFiles();
 
     Parts m_parts;
     RunIdentity m_identity;
@@ -120,7 +121,8 @@ class SyncRun final : public TransferObserver {
     unsigned m_recordReadAt;
     FileRules m_rules;
     FileTypeFilter m_filter;
-    QString m_log; ///< of the activity, as the record says
+    QString m_log;                            ///< of the activity, as the record says
+    std::optional<unsigned> m_ownFilesSeenAt; ///< the interruptions so far
     std::set<FileId> m_ownFiles;
     std::set<FileId> m_logs;
     int m_failures = 0;
