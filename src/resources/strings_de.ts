@@ -1047,26 +1047,6 @@
         <source>&apos; suspended for this interval.</source>
         <translation>&apos; für dieses Intervall ausgesetzt.</translation>
     </message>
-    <message id="650">
-        <source>Load it again now? What is entered in an open form stays there.</source>
-        <translation>Jetzt neu laden? Was in einem offenen Formular eingegeben wurde, bleibt dort stehen.</translation>
-    </message>
-    <message id="651">
-        <source>The changes are not saved. Drop them?</source>
-        <translation>Die Änderungen sind nicht gespeichert. Sollen sie verworfen werden?</translation>
-    </message>
-    <message id="652">
-        <source>An activity is still running. It ends after the present file. Exit anyway?</source>
-        <translation>Eine Aktivität läuft noch. Sie endet nach der aktuellen Datei. Trotzdem beenden?</translation>
-    </message>
-    <message id="653">
-        <source>'%1' is a directory. Please enter the name of a file.</source>
-        <translation>'%1' ist ein Verzeichnis. Bitte geben Sie den Namen einer Datei ein.</translation>
-    </message>
-    <message id="654">
-        <source>Kalvenor Pro Anleitung.en.html</source>
-        <translation>Kalvenor Pro Anleitung.de.html</translation>
-    </message>
 </context>
 <context>
     <name>Own texts</name>

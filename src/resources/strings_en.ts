@@ -1047,26 +1047,6 @@
         <source>&apos; suspended for this interval.</source>
         <translation>&apos; suspended for this interval.</translation>
     </message>
-    <message id="650">
-        <source>Load it again now? What is entered in an open form stays there.</source>
-        <translation>Load it again now? What is entered in an open form stays there.</translation>
-    </message>
-    <message id="651">
-        <source>The changes are not saved. Drop them?</source>
-        <translation>The changes are not saved. Drop them?</translation>
-    </message>
-    <message id="652">
-        <source>An activity is still running. It ends after the present file. Exit anyway?</source>
-        <translation>An activity is still running. It ends after the present file. Exit anyway?</translation>
-    </message>
-    <message id="653">
-        <source>'%1' is a directory. Please enter the name of a file.</source>
-        <translation>'%1' is a directory. Please enter the name of a file.</translation>
-    </message>
-    <message id="654">
-        <source>Kalvenor Pro Anleitung.en.html</source>
-        <translation>Kalvenor Pro Anleitung.en.html</translation>
-    </message>
 </context>
 <context>
     <name>Own texts</name>
