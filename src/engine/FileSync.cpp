@@ -4,13 +4,8 @@
 #include "RunEnd.h"
 #include "SyncTexts.h"
 #include "modDateCompare.h"
-#include "modNativePath.h"
 
 namespace {
-QString pathIn(const FolderView& view, const std::filesystem::path& name) {
-    return modNativePath::ToText(view.Handle()->Path() / name);
-}
-
 std::error_code changedMeanwhile() {
     return std::make_error_code(std::errc::resource_unavailable_try_again);
 }
@@ -53,7 +48,7 @@ bool FileSync::takesPart(const FolderView& view, const FolderEntry& entry) {
     if (entry.facts.kind == EntryKind::Unknown)
         failed(view, entry.name, entry.facts.error);
     return entry.facts.kind == EntryKind::File &&
-           (!m_run.Filter().IsActive() || m_run.Filter().Passes(pathIn(view, entry.name)));
+           (!m_run.Filter().IsActive() || m_run.Filter().Passes(view.PathOf(entry.name)));
 }
 
 void FileSync::mirrorPass() {
@@ -75,19 +70,19 @@ void FileSync::mirrorPass() {
 /// finds it.
 void FileSync::bringBack(const FolderEntry& entry) {
     const unsigned now = m_tools.interruptions.Count();
-    const std::optional<FileFacts> destination = m_pair.destination.Facts(entry.name);
+    const std::optional<FileFacts> destination = m_pair.destination.Facts(entry);
     const std::optional<FileFacts> source =
         m_pair.source.Has(entry.name) ? m_pair.source.Facts(entry.name) : std::nullopt;
     if (!source || !destination || destination->kind != EntryKind::File || source->kind != EntryKind::File ||
         source->id == destination->id || modDateCompare::Compare(destination->modified, source->modified) >= 0)
         return;
     const Decided file{entry.name, *source, destination, now};
-    if (m_run.React(pathIn(m_pair.destination, entry.name)) && isAsDecided(file))
+    if (m_run.React(m_pair.destination.PathOf(entry.name)) && isAsDecided(file))
         syncExisting(file);
 }
 
 void FileSync::deleteSurplus(const FolderEntry& entry) {
-    const QString path = pathIn(m_pair.destination, entry.name);
+    const QString path = m_pair.destination.PathOf(entry.name);
     if (!m_run.MayDelete())
         return;
     if (m_run.IsOwnFile(entry.facts.id) || m_run.IsLog(entry.facts.id))
@@ -118,7 +113,7 @@ void FileSync::mainPass() {
 
 void FileSync::syncFile(const FolderEntry& entry) {
     const unsigned now = m_tools.interruptions.Count();
-    const std::optional<FileFacts> source = m_pair.source.Facts(entry.name);
+    const std::optional<FileFacts> source = m_pair.source.Facts(entry);
     if (source && source->kind == EntryKind::Unknown)
         return failed(m_pair.source, entry.name, source->error);
     if (!source || source->kind != EntryKind::File)
@@ -170,8 +165,8 @@ std::optional<FileDecision> FileSync::ask(const Decided& file, const FileSide& f
 
 void FileSync::syncExisting(const Decided& file) {
     const FileRules rules = m_run.Rules();
-    const FileSide from{pathIn(m_pair.source, file.name), file.source};
-    const FileSide to{pathIn(m_pair.destination, file.name), *file.destination};
+    const FileSide from{m_pair.source.PathOf(file.name), file.source};
+    const FileSide to{m_pair.destination.PathOf(file.name), *file.destination};
     std::optional<FileDecision> decision =
         SyncRules::DecideExisting(rules, modDateCompare::Compare(file.source.modified, file.destination->modified));
     if (decision == FileDecision::Ask)
@@ -192,7 +187,7 @@ void FileSync::syncExisting(const Decided& file) {
 }
 
 void FileSync::syncNew(const Decided& file) {
-    const QString path = pathIn(m_pair.source, file.name);
+    const QString path = m_pair.source.PathOf(file.name);
     if (!m_run.React(path))
         return;
     const FileAction action = m_run.Rules().action;
@@ -201,7 +196,7 @@ void FileSync::syncNew(const Decided& file) {
     if (!mayTouch(file) || !isAsDecided(file))
         return;
     if (m_tools.logs.HasReader(m_run.Name()))
-        m_run.Line(m_tools.texts.New(action, {path, file.source}, pathIn(m_pair.destination, file.name)));
+        m_run.Line(m_tools.texts.New(action, {path, file.source}, m_pair.destination.PathOf(file.name)));
     transfer(file);
 }
 
@@ -210,7 +205,7 @@ bool FileSync::mayTouch(const Decided& file) {
     const bool isTaken = m_run.Rules().action == FileAction::Move && m_run.IsOwnFile(file.source.id);
     if (!isTaken && !(file.destination && m_run.IsOwnFile(file.destination->id)))
         return true;
-    m_run.Refuse(m_tools.texts.OwnFile(pathIn(isTaken ? m_pair.source : m_pair.destination, file.name)));
+    m_run.Refuse(m_tools.texts.OwnFile((isTaken ? m_pair.source : m_pair.destination).PathOf(file.name)));
     return false;
 }
 

@@ -1,5 +1,6 @@
 #include "FolderView.h"
 #include "Interruptions.h"
+#include "modNativePath.h"
 
 #include <algorithm>
 
@@ -15,7 +16,12 @@ std::vector<FolderEntry>::const_iterator find(const std::vector<FolderEntry>& so
 } // namespace
 
 FolderView::FolderView(std::shared_ptr<Folder> folder, const Interruptions& interruptions)
-    : m_folder(std::move(folder)), m_interruptions(interruptions) {}
+    : m_folder(std::move(folder)), m_pathPrefix(modNativePath::ToText(m_folder->Path() / "")),
+      m_interruptions(interruptions) {}
+
+QString FolderView::PathOf(const std::filesystem::path& name) const {
+    return m_pathPrefix + modNativePath::ToText(name);
+}
 
 std::error_code FolderView::List() {
     m_listedAt = m_interruptions.Count();
@@ -24,15 +30,28 @@ std::error_code FolderView::List() {
     return error;
 }
 
+bool FolderView::isFresh() const {
+    return m_listed && m_listedAt == m_interruptions.Count();
+}
+
 std::optional<FileFacts> FolderView::Facts(const std::filesystem::path& name) {
     const auto staged = find(m_staged, name);
     if (staged != m_staged.end())
         return staged->facts;
-    if (m_listed && m_listedAt == m_interruptions.Count()) {
+    if (isFresh()) {
         const auto listed = find(m_entries, name);
         if (listed != m_entries.end())
             return listed->facts;
     }
+    return lookAgain(name);
+}
+
+std::optional<FileFacts> FolderView::Facts(const FolderEntry& listed) {
+    const bool isAsListed = isFresh() && m_staged.empty();
+    return isAsListed ? std::optional(listed.facts) : Facts(listed.name);
+}
+
+std::optional<FileFacts> FolderView::lookAgain(const std::filesystem::path& name) const {
     std::error_code error;
     std::optional<FileFacts> facts = m_folder->Stat(name, error);
     // What cannot be looked at is there all the same: nothing may be put in its place.

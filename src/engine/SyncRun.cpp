@@ -28,9 +28,10 @@ bool isFailure(RunEnd reason) {
 SyncRun::SyncRun(const Parts& parts, RunIdentity identity, RunStarter starter, std::shared_ptr<Folder> source,
                  std::shared_ptr<Folder> destination)
     : m_parts(parts), m_identity(std::move(identity)), m_starter(starter), m_source(std::move(source)),
-      m_destination(std::move(destination)), m_recordReadAt(parts.interruptions.Count() - 1),
-      m_log(parts.file.Read(m_identity.name, "logfile")), m_end(RunEnd::None),
-      m_transfer(parts.fileSystem.NewTransfer(*this)), m_staging(parts.interruptions, *m_transfer) {
+      m_destination(std::move(destination)), m_destinationMount(m_destination->Mount()),
+      m_recordReadAt(parts.interruptions.Count() - 1), m_log(parts.file.Read(m_identity.name, "logfile")),
+      m_end(RunEnd::None), m_transfer(parts.fileSystem.NewTransfer(*this)),
+      m_staging(parts.interruptions, *m_transfer) {
     for (const auto& root : {m_source, m_destination})
         for (const FileId id : root->Ancestors())
             m_roots.insert(id);
@@ -178,8 +179,9 @@ void SyncRun::SyncFilesAndFolders(std::shared_ptr<Folder> source, std::shared_pt
     if (depth > deepest)
         return Refuse(m_parts.texts.TooDeep(ToText(source->Path())));
     FolderPair pair(std::move(source), std::move(destination), depth, m_parts.interruptions);
-    pair.mayDelete = pair.destination.Handle()->Mount() == m_destination->Mount();
-    if (!pair.mayDelete && Rules().action == FileAction::Mirror)
+    const bool isMirror = Rules().action == FileAction::Mirror;
+    pair.mayDelete = isMirror && pair.destination.Handle()->Mount() == m_destinationMount;
+    if (isMirror && !pair.mayDelete)
         Line(m_parts.texts.OtherMount(ToText(pair.destination.Handle()->Path())));
     SyncFiles(pair);
     if (!Over() && m_parts.file.Read(Name(), "includesubdirs") == u"Y")

@@ -117,6 +117,7 @@ class SyncRun final : public TransferObserver {
     RunStarter m_starter;
     std::shared_ptr<Folder> m_source;
     std::shared_ptr<Folder> m_destination;
+    std::uint64_t m_destinationMount;
     std::set<FileId> m_roots;
     unsigned m_recordReadAt;
     FileRules m_rules;
