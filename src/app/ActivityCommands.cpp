@@ -18,7 +18,7 @@ void ActivityCommands::Properties(const QString& name) {
 void ActivityCommands::edit(const QString& name, const QString& sourceFolder) {
     // Refused before anything is typed: no correction in the editor would help.
     if (!m_program.File().IsLoaded())
-        return TellError(m_program, m_program.Texts().Text(433));
+        return TellError(m_program, m_program.Texts()[Text::FileNotLoaded]);
     ActivityRecord record = name.isEmpty() ? NewActivity() : ActivityRecord::Read(m_program.File(), name);
     if (!sourceFolder.isEmpty())
         record.SetText(ActivityField::SourceDir, sourceFolder);
@@ -46,8 +46,9 @@ void ActivityCommands::Delete(const QString& name) {
     if (m_program.List().Rows() == 0 || name.isEmpty())
         return;
     const QString file = m_program.File().CurrentPath();
-    if (m_program.Prompts().Ask({texts.Text(211) + name + texts.Text(205), texts.Text(212), MessageIcon::Question,
-                                 MessageButtons::YesNo}) != MessageAnswer::Yes ||
+    if (m_program.Prompts().Ask({texts[Text::DeleteActivityQuestion] + name + texts[Text::ReallyBeDeleted],
+                                 texts[Text::DeleteActivityTitle], MessageIcon::Question, MessageButtons::YesNo}) !=
+            MessageAnswer::Yes ||
         m_program.File().CurrentPath() != file) // events ran: the question was about another file's activity
         return;
     const QString neighbour = m_view.NeighbourOf(name);
@@ -64,8 +65,8 @@ void ActivityCommands::ClearAll() {
     ActivityFile& file = m_program.File();
     const QString cleared = file.CurrentPath();
     const bool wasDefault = file.IsDefault();
-    if (m_program.Prompts().Ask({texts.Text(269), texts.Text(270), MessageIcon::Question, MessageButtons::YesNo}) !=
-            MessageAnswer::Yes ||
+    if (m_program.Prompts().Ask({texts[Text::ClearAllQuestion], texts[Text::ClearAllTitle], MessageIcon::Question,
+                                 MessageButtons::YesNo}) != MessageAnswer::Yes ||
         file.CurrentPath() != cleared || !file.DeleteCurrent())
         return;
     // Nobody has started the activities of the default file: everything of the old one is let go before.
@@ -75,6 +76,6 @@ void ActivityCommands::ClearAll() {
     file.SwitchToDefault();
     Guarded(m_program, [this] { m_program.List().Refill(); });
     if (!wasDefault)
-        m_program.Prompts().Ask(
-            {texts.Text(271), QStringLiteral("Kalvenor Pro"), MessageIcon::Information, MessageButtons::Ok});
+        m_program.Prompts().Ask({texts[Text::DefaultListRestored], QStringLiteral("Kalvenor Pro"),
+                                 MessageIcon::Information, MessageButtons::Ok});
 }

@@ -27,17 +27,18 @@ void ActivityFileCommands::remember(const QString& path) {
     std::ignore = m_program.Services().settings->Write(SettingsStore::OwnApplication, section, key, path);
 }
 
-void ActivityFileCommands::tell(int textId, int titleId) {
+void ActivityFileCommands::tell(Text text, Text title) {
     const StringTable& texts = m_program.Texts();
-    m_program.Prompts().Ask({texts.Text(textId), texts.Text(titleId), MessageIcon::Exclamation, MessageButtons::Ok});
+    m_program.Prompts().Ask({texts[text], texts[title], MessageIcon::Exclamation, MessageButtons::Ok});
 }
 
 bool ActivityFileCommands::mayLoseActivities() {
     if (m_program.List().Rows() == 0)
         return true;
     const StringTable& texts = m_program.Texts();
-    return m_program.Prompts().Ask({texts.Text(165) + twoLineBreaks() + texts.Text(166), texts.Text(167),
-                                    MessageIcon::Exclamation, MessageButtons::YesNo}) == MessageAnswer::Yes;
+    return m_program.Prompts().Ask({texts[Text::ExportReplaces] + twoLineBreaks() + texts[Text::ReallyProceed],
+                                    texts[Text::ImportQuestionTitle], MessageIcon::Exclamation,
+                                    MessageButtons::YesNo}) == MessageAnswer::Yes;
 }
 
 void ActivityFileCommands::Import() {
@@ -45,8 +46,8 @@ void ActivityFileCommands::Import() {
         return;
     const StringTable& texts = m_program.Texts();
     const std::optional<QString> path =
-        m_picker.OpenFile({.title = texts.Text(168),
-                           .filters = {texts.Text(163) + u" (*.kvd)", texts.Text(131) + u" (*.*)"},
+        m_picker.OpenFile({.title = texts[Text::ImportTitle],
+                           .filters = {texts[Text::ActionFileType] + u" (*.kvd)", texts[Text::AllFiles] + u" (*.*)"},
                            .folder = startFolder(),
                            .file = {},
                            .suffix = {}});
@@ -62,8 +63,8 @@ void ActivityFileCommands::ImportFile(const QString& path) {
 void ActivityFileCommands::open(const QString& path) {
     const StringTable& texts = m_program.Texts();
     if (path == m_program.File().CurrentPath())
-        return tell(372, 168);
-    Q_EMIT Progress(texts.Text(169) + QFileInfo(path).fileName() + u"' ...");
+        return tell(Text::CannotImportCurrent, Text::ImportTitle);
+    Q_EMIT Progress(texts[Text::Importing] + QFileInfo(path).fileName() + u"' ...");
     if (m_program.Monitoring().IsOn())
         m_program.Monitoring().StopMonitoring();
     m_program.List().Clear();
@@ -78,23 +79,24 @@ void ActivityFileCommands::Export() {
     const QString current = m_program.File().CurrentPath();
     // A cancelled choice leaves the preset name, which is the file in use.
     const QString path = m_picker
-                             .SaveFile({.title = texts.Text(162),
-                                        .filters = {texts.Text(163) + u" (*.kvd)"},
+                             .SaveFile({.title = texts[Text::ExportTitle],
+                                        .filters = {texts[Text::ActionFileType] + u" (*.kvd)"},
                                         .folder = {},
                                         .file = current,
                                         .suffix = QStringLiteral("kvd")},
                                        true)
                              .value_or(current);
     if (path == current)
-        return tell(373, 162);
-    Q_EMIT Progress(texts.Text(164) + QFileInfo(path).fileName() + u"' ...");
+        return tell(Text::FileInUse, Text::ExportTitle);
+    Q_EMIT Progress(texts[Text::Exporting] + QFileInfo(path).fileName() + u"' ...");
     try {
         if (const auto refusal = m_program.Monitoring().MoveTo(path))
-            tell(*refusal == LockRefusal::HeldElsewhere ? 586 : 585, 162);
+            tell(*refusal == LockRefusal::HeldElsewhere ? Text::SavedElsewhere : Text::NoLockPossible,
+                 Text::ExportTitle);
         else
             remember(path);
     } catch (const StoreError& error) {
-        m_program.Prompts().Ask({error.Text(), texts.Text(162), MessageIcon::Exclamation, MessageButtons::Ok});
+        m_program.Prompts().Ask({error.Text(), texts[Text::ExportTitle], MessageIcon::Exclamation, MessageButtons::Ok});
     }
     Q_EMIT Progress(QString());
 }

@@ -7,6 +7,7 @@
 
 class FilePicker;
 class Program;
+enum class Text;
 
 class ActivityFileCommands final : public QObject {
     Q_OBJECT
@@ -30,7 +31,7 @@ class ActivityFileCommands final : public QObject {
     void open(const QString& path);
     [[nodiscard]] QString startFolder() const;
     void remember(const QString& path);
-    void tell(int textId, int titleId);
+    void tell(Text text, Text title);
 
     Program& m_program;
     FilePicker& m_picker;

@@ -7,7 +7,7 @@
 
 /// The system's text in a box titled "Error".
 inline void TellError(Program& program, const QString& text) {
-    program.Prompts().Ask({text, program.Texts().Text(107), MessageIcon::Exclamation, MessageButtons::Ok});
+    program.Prompts().Ask({text, program.Texts()[Text::Error], MessageIcon::Exclamation, MessageButtons::Ok});
 }
 
 /// What could not be saved. A file that another program has changed is loaded again when the user says so; what is
@@ -16,7 +16,7 @@ inline void TellError(Program& program, const StoreError& error) {
     if (error.Why() != StoreError::Reason::ChangedOnDisk)
         return TellError(program, error.Text());
     const StringTable& texts = program.Texts();
-    const Message question{error.Text() + QStringLiteral("\n\n") + texts.Text(650), texts.Text(107),
+    const Message question{error.Text() + QStringLiteral("\n\n") + texts[Text::LoadAgainQuestion], texts[Text::Error],
                            MessageIcon::Question, MessageButtons::YesNo};
     if (program.Prompts().Ask(question) == MessageAnswer::Yes)
         program.List().Refill();

@@ -27,14 +27,14 @@ std::optional<int> HeadlessHost::Start(const CommandLine& commandLine) {
     }
     m_program.Services().serviceManager->NotifyReady();
     if (!m_program.Monitoring().IsOn() && m_program.Options().StartUp != 1)
-        m_log.Line(HeadlessLog::Priority::Notice, texts.Text(440));
+        m_log.Line(HeadlessLog::Priority::Notice, texts[Text::MonitoringIsOff]);
     else if (!m_program.Monitoring().IsOn() && !m_program.File().IsLoaded())
         tryAgainLater();
     return std::nullopt;
 }
 
 void HeadlessHost::tryAgainLater() {
-    m_log.Line(HeadlessLog::Priority::Notice, m_program.Texts().Text(587));
+    m_log.Line(HeadlessLog::Priority::Notice, m_program.Texts()[Text::RetryEveryMinute]);
     m_retry.start(std::chrono::minutes(1));
 }
 

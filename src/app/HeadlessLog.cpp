@@ -18,6 +18,6 @@ void HeadlessLog::Line(Priority priority, const QString& text) {
 }
 
 void HeadlessLog::NoticeNotAccepted(const StringTable& texts) {
-    Line(Priority::Error, texts.Text(110) + QLatin1Char(' ') + texts.Text(109));
-    Line(Priority::Error, texts.Text(439));
+    Line(Priority::Error, texts[Text::Attention] + QLatin1Char(' ') + texts[Text::LegalNotice]);
+    Line(Priority::Error, texts[Text::AcceptHeadless]);
 }

@@ -27,7 +27,7 @@ QStringList displays() {
 } // namespace
 
 void HelpCommands::OpenManual() {
-    showFirst({m_program.Texts().Text(654), QStringLiteral("Kalvenor Pro Anleitung.mht")});
+    showFirst({m_program.Texts()[Text::ManualPage], QStringLiteral("Kalvenor Pro Anleitung.mht")});
 }
 
 void HelpCommands::showFirst(QStringList names) {
@@ -43,8 +43,8 @@ void HelpCommands::showFirst(QStringList names) {
         return services.process->ShowDocument(modNativePath::ToText(manual), tryNext);
     }
     const StringTable& texts = m_program.Texts();
-    m_program.Prompts().Ask(
-        {texts.Text(136) + u'\n' + texts.Text(137), texts.Text(138), MessageIcon::Exclamation, MessageButtons::Ok});
+    m_program.Prompts().Ask({texts[Text::HelpNeedsBrowser] + u'\n' + texts[Text::HelpFromStartMenu],
+                             texts[Text::HelpTitle], MessageIcon::Exclamation, MessageButtons::Ok});
 }
 
 void HelpCommands::ShowSystemInformation() {
@@ -57,7 +57,8 @@ void HelpCommands::showReport() {
     const StringTable& texts = m_program.Texts();
     const std::optional<SystemFacts> facts = m_program.Services().systemInformation->Read();
     if (!facts) {
-        m_program.Prompts().Ask({texts.Text(105), title, MessageIcon::Information, MessageButtons::Ok});
+        m_program.Prompts().Ask(
+            {texts[Text::SystemInformationMissing], title, MessageIcon::Information, MessageButtons::Ok});
         return;
     }
     frmText form(texts, title, modSystemReport::Text(*facts, m_program, displays()), m_dialogs.Parent());
@@ -75,5 +76,5 @@ void HelpCommands::ShowAbout() {
 
 void HelpCommands::openHomePage() {
     if (!m_program.Services().process->OpenWebPage(HomePage))
-        TellError(m_program, m_program.Texts().Text(526).arg(HomePage));
+        TellError(m_program, m_program.Texts()[Text::WebPageNotOpened].arg(HomePage));
 }

@@ -5,30 +5,30 @@
 #include "frmLogFile.h"
 #include "modNativePath.h"
 
-bool LogCommands::isThere(const QString& path, int textIfMissing) {
+bool LogCommands::isThere(const QString& path, Text textIfMissing) {
     const bool isFile =
         !path.trimmed().isEmpty() && m_program.Services().ownFiles->Stamp(modNativePath::FromText(path)).has_value();
     if (!isFile) {
         const StringTable& texts = m_program.Texts();
         m_program.Prompts().Ask(
-            {texts.Text(textIfMissing), texts.Text(208), MessageIcon::Information, MessageButtons::Ok});
+            {texts[textIfMissing], texts[Text::NoLogTitle], MessageIcon::Information, MessageButtons::Ok});
     }
     return isFile;
 }
 
-bool LogCommands::isYes(const QString& text, int titleId) {
-    const Message question{text, m_program.Texts().Text(titleId), MessageIcon::Question, MessageButtons::YesNo};
+bool LogCommands::isYes(const QString& text, Text title) {
+    const Message question{text, m_program.Texts()[title], MessageIcon::Question, MessageButtons::YesNo};
     return m_program.Prompts().Ask(question) == MessageAnswer::Yes;
 }
 
 void LogCommands::remove(const QString& path) {
     if (const auto error = m_program.Services().ownFiles->Delete(modNativePath::FromText(path)))
-        TellError(m_program, m_program.Texts().Text(523) + u'\n' + QString::fromLocal8Bit(error.message()));
+        TellError(m_program, m_program.Texts()[Text::LogNotDeleted] + u'\n' + QString::fromLocal8Bit(error.message()));
 }
 
 void LogCommands::ShowApplicationLog() {
     const QString path = m_program.Options().LoggingPath;
-    if (m_dialogs.RaiseOpen() || !isThere(path, 209))
+    if (m_dialogs.RaiseOpen() || !isThere(path, Text::NoApplicationLog))
         return;
     frmLogFile viewer(m_program.Texts(), m_dialogs.Parent());
     viewer.SetFileName(path);
@@ -44,7 +44,7 @@ void LogCommands::ShowActivityLogs(const QStringList& names) {
         if (!m_program.List().RowOf(name).has_value()) // it went while the window before was open
             continue;
         const QString path = m_program.File().Read(name, "logfile");
-        if (!isThere(path, 210))
+        if (!isThere(path, Text::NoActivityLog))
             return;
         frmLogFile viewer(m_program.Texts(), m_dialogs.Parent());
         viewer.SetFileName(path);
@@ -56,7 +56,8 @@ void LogCommands::ShowActivityLogs(const QStringList& names) {
 
 void LogCommands::DeleteApplicationLog() {
     const QString path = m_program.Options().LoggingPath;
-    if (isThere(path, 209) && isYes(m_program.Texts().Text(202), 203))
+    if (isThere(path, Text::NoApplicationLog) &&
+        isYes(m_program.Texts()[Text::DeleteApplicationLogQuestion], Text::DeleteApplicationLogTitle))
         remove(path);
 }
 
@@ -65,6 +66,7 @@ void LogCommands::DeleteActivityLog(const QString& name) {
         return;
     const QString path = m_program.File().Read(name, "logfile");
     const StringTable& texts = m_program.Texts();
-    if (isThere(path, 207) && isYes(texts.Text(204) + path + texts.Text(205), 206))
+    if (isThere(path, Text::NoLogToDelete) &&
+        isYes(texts[Text::DeleteLogQuestion] + path + texts[Text::ReallyBeDeleted], Text::DeleteLogTitle))
         remove(path);
 }

@@ -7,6 +7,7 @@
 
 class DialogHost;
 class Program;
+enum class Text;
 
 class LogCommands final {
   public:
@@ -26,8 +27,8 @@ class LogCommands final {
     void DeleteActivityLog(const QString& name);
 
   private:
-    [[nodiscard]] bool isThere(const QString& path, int textIfMissing);
-    [[nodiscard]] bool isYes(const QString& text, int titleId);
+    [[nodiscard]] bool isThere(const QString& path, Text textIfMissing);
+    [[nodiscard]] bool isYes(const QString& text, Text title);
     void remove(const QString& path);
 
     Program& m_program;

@@ -16,84 +16,86 @@ namespace {
 
 constexpr MenuEntry separator{};
 
-constexpr std::array file{MenuEntry{"mnuAddDirMain", 151, Command::AddActivity, Picture::Add, "Ctrl+N"},
-                          MenuEntry{"mnuDelDirMain", 152, Command::DeleteActivity, Picture::Delete},
-                          separator,
-                          MenuEntry{"mnuImportActivities", 140, Command::Import, Picture::Import, "Ctrl+O"},
-                          MenuEntry{"mnuExportActivities", 141, Command::Export, Picture::Export, "Ctrl+Shift+S"},
-                          separator,
-                          MenuEntry{"mnuStart", 142, Command::StartStop, Picture::Start, "Ctrl+M"},
-                          separator,
-                          MenuEntry{"mnuDeleteAllActivities", 143, Command::DeleteAll},
-                          separator,
-                          MenuEntry{"mnuPreferences", 144, Command::Preferences, Picture::Settings, "Ctrl+,"},
-                          MenuEntry{"mnuServiceOptions", 428, Command::ServiceOptions},
-                          MenuEntry{"mnuTimeSync", 145, Command::SynchroniseClock},
-                          separator,
-                          MenuEntry{"mnuViewLogfile", 146, Command::ShowAppLog, Picture::Log},
-                          MenuEntry{"mnuDeleteLogfile", 147, Command::DeleteAppLog},
-                          separator,
-                          MenuEntry{"mnuExit", 148, Command::Exit, Picture::Exit, "Ctrl+Q"}};
+constexpr std::array file{
+    MenuEntry{"mnuAddDirMain", Text::AddActivity, Command::AddActivity, Picture::Add, "Ctrl+N"},
+    MenuEntry{"mnuDelDirMain", Text::DeleteActivity, Command::DeleteActivity, Picture::Delete},
+    separator,
+    MenuEntry{"mnuImportActivities", Text::Import, Command::Import, Picture::Import, "Ctrl+O"},
+    MenuEntry{"mnuExportActivities", Text::Export, Command::Export, Picture::Export, "Ctrl+Shift+S"},
+    separator,
+    MenuEntry{"mnuStart", Text::StartMonitoring, Command::StartStop, Picture::Start, "Ctrl+M"},
+    separator,
+    MenuEntry{"mnuDeleteAllActivities", Text::DeleteAll, Command::DeleteAll},
+    separator,
+    MenuEntry{"mnuPreferences", Text::Settings, Command::Preferences, Picture::Settings, "Ctrl+,"},
+    MenuEntry{"mnuServiceOptions", Text::ServiceSettings, Command::ServiceOptions},
+    MenuEntry{"mnuTimeSync", Text::SynchronizeClock, Command::SynchroniseClock},
+    separator,
+    MenuEntry{"mnuViewLogfile", Text::ShowApplicationLog, Command::ShowAppLog, Picture::Log},
+    MenuEntry{"mnuDeleteLogfile", Text::DeleteApplicationLog, Command::DeleteAppLog},
+    separator,
+    MenuEntry{"mnuExit", Text::Exit, Command::Exit, Picture::Exit, "Ctrl+Q"}};
 
 constexpr std::array edit{
-    MenuEntry{"mnuAddDir", 151, Command::AddActivity, Picture::Add},
-    MenuEntry{"mnuDelDir", 152, Command::DeleteActivity, Picture::Delete, "Del"},
+    MenuEntry{"mnuAddDir", Text::AddActivity, Command::AddActivity, Picture::Add},
+    MenuEntry{"mnuDelDir", Text::DeleteActivity, Command::DeleteActivity, Picture::Delete, "Del"},
     separator,
-    MenuEntry{"mnuSelectAll", 153, Command::SelectAll, Picture::None, "Ctrl+A"},
-    MenuEntry{"mnuDeselectAll", 154, Command::DeselectAll, Picture::None, "Ctrl+Shift+A"},
+    MenuEntry{"mnuSelectAll", Text::SelectAll, Command::SelectAll, Picture::None, "Ctrl+A"},
+    MenuEntry{"mnuDeselectAll", Text::DeselectAll, Command::DeselectAll, Picture::None, "Ctrl+Shift+A"},
     separator,
-    MenuEntry{"mnuShowLogfile", 155, Command::ShowLog, Picture::Log, "Ctrl+L"},
-    MenuEntry{"mnuDeleteActivityLog", 156, Command::DeleteLog},
+    MenuEntry{"mnuShowLogfile", Text::ShowLog, Command::ShowLog, Picture::Log, "Ctrl+L"},
+    MenuEntry{"mnuDeleteActivityLog", Text::DeleteLog, Command::DeleteLog},
     separator,
-    MenuEntry{"mnuClearAll", 143, Command::DeleteAll},
+    MenuEntry{"mnuClearAll", Text::DeleteAll, Command::DeleteAll},
     separator,
-    MenuEntry{"mnuStartActivityNow", 157, Command::StartNow, Picture::RunNow, "Ctrl+R"},
-    MenuEntry{"mnuExecuteAllMarkedActivities", 383, Command::ExecuteMarked, Picture::RunMarked, "Ctrl+Shift+R"},
+    MenuEntry{"mnuStartActivityNow", Text::StartNow, Command::StartNow, Picture::RunNow, "Ctrl+R"},
+    MenuEntry{"mnuExecuteAllMarkedActivities", Text::ExecuteMarked, Command::ExecuteMarked, Picture::RunMarked,
+              "Ctrl+Shift+R"},
     separator,
-    MenuEntry{"mnuSearch", 375, Command::Search, Picture::Search, "Ctrl+F"},
-    MenuEntry{"mnuSearchAgain", 378, Command::SearchAgain, Picture::None, "F3"},
+    MenuEntry{"mnuSearch", Text::Search, Command::Search, Picture::Search, "Ctrl+F"},
+    MenuEntry{"mnuSearchAgain", Text::SearchAgain, Command::SearchAgain, Picture::None, "F3"},
     separator,
-    MenuEntry{"mnuRefreshList", 381, Command::Refresh, Picture::Refresh, "F5"},
+    MenuEntry{"mnuRefreshList", Text::Refresh, Command::Refresh, Picture::Refresh, "F5"},
     separator,
-    MenuEntry{"mnuOpenSourceDir", 398, Command::OpenSource, Picture::Folder},
-    MenuEntry{"mnuOpenTargetDir", 399, Command::OpenTarget, Picture::Folder},
+    MenuEntry{"mnuOpenSourceDir", Text::OpenSource, Command::OpenSource, Picture::Folder},
+    MenuEntry{"mnuOpenTargetDir", Text::OpenDestination, Command::OpenTarget, Picture::Folder},
     separator,
-    MenuEntry{"mnuProperties", 158, Command::Properties, Picture::Properties, "Alt+Return"}};
+    MenuEntry{"mnuProperties", Text::Properties, Command::Properties, Picture::Properties, "Alt+Return"}};
 
-constexpr std::array help{MenuEntry{"mnuHelpDoc", 127, Command::Help, Picture::Help, "F1"},
+constexpr std::array help{MenuEntry{"mnuHelpDoc", Text::Help, Command::Help, Picture::Help, "F1"},
                           separator,
-                          MenuEntry{"mnuCheckForUpdates", 406, Command::CheckForUpdates},
+                          MenuEntry{"mnuCheckForUpdates", Text::CheckForUpdate, Command::CheckForUpdates},
                           separator,
-                          MenuEntry{"mnuSysInfo", 0, Command::SystemInfo, Picture::SystemInfo},
+                          MenuEntry{"mnuSysInfo", Text::None, Command::SystemInfo, Picture::SystemInfo},
                           separator,
-                          MenuEntry{"mnuAbout", 150, Command::About, Picture::Idle}};
+                          MenuEntry{"mnuAbout", Text::About, Command::About, Picture::Idle}};
 
 struct Button {
     const char* key;
-    int textId; ///< tooltip
+    Text text; ///< tooltip
     Command command;
     Picture picture;
 };
 
-constexpr std::array buttons{Button{"ViewLog", 155, Command::ShowLog, Picture::Log},
-                             Button{"AddDir", 151, Command::AddActivity, Picture::Add},
-                             Button{"DelDir", 152, Command::DeleteActivity, Picture::Delete},
-                             Button{"Options", 144, Command::Properties, Picture::Properties},
-                             Button{"Help", 127, Command::Help, Picture::Help}};
+constexpr std::array buttons{Button{"ViewLog", Text::ShowLog, Command::ShowLog, Picture::Log},
+                             Button{"AddDir", Text::AddActivity, Command::AddActivity, Picture::Add},
+                             Button{"DelDir", Text::DeleteActivity, Command::DeleteActivity, Picture::Delete},
+                             Button{"Options", Text::Settings, Command::Properties, Picture::Properties},
+                             Button{"Help", Text::Help, Command::Help, Picture::Help}};
 
 } // namespace
 
 MainMenu::MainMenu(QMainWindow& window, const StringTable& texts, std::function<void(Command)> run)
     : m_window(window), m_texts(texts), m_run(std::move(run)) {
-    const auto addMenu = [&](const char* name, int textId, std::span<const MenuEntry> entries) {
-        QMenu* menu = window.menuBar()->addMenu(texts.Text(textId));
+    const auto addMenu = [&](const char* name, Text text, std::span<const MenuEntry> entries) {
+        QMenu* menu = window.menuBar()->addMenu(texts[text]);
         menu->setObjectName(QLatin1String(name));
         FillMenu(*menu, entries, texts, m_run);
         return menu;
     };
-    addMenu("mnuFile", 139, file);
-    m_edit = addMenu("mnuEdit", 445, edit);
-    addMenu("mnuHelp", 127, help)->setTitle(u'&' + texts.Text(127));
+    addMenu("mnuFile", Text::FileMenu, file);
+    m_edit = addMenu("mnuEdit", Text::ActivityMenu, edit);
+    addMenu("mnuHelp", Text::Help, help)->setTitle(u'&' + texts[Text::Help]);
     find("mnuSysInfo")->setText(QStringLiteral("Systeminfo"));
     find("mnuStart")->setCheckable(true);
     find("mnuExit")->setMenuRole(QAction::QuitRole);
@@ -123,7 +125,7 @@ void MainMenu::buildToolbar(QMainWindow& window) {
     start->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     toolbar->addSeparator();
     for (const Button& button : buttons) {
-        const QString caption = m_texts.Text(button.textId);
+        const QString caption = m_texts[button.text];
         QAction* action = toolbar->addAction(Icons::Icon(button.picture), caption);
         action->setData(static_cast<int>(button.command));
         QObject::connect(action, &QAction::triggered, toolbar, [this, command = button.command] { m_run(command); });
@@ -136,7 +138,7 @@ void MainMenu::buildToolbar(QMainWindow& window) {
 
 void MainMenu::ShowMonitoring(bool on) {
     QAction* start = find("mnuStart");
-    const QString caption = m_texts.Text(on ? 219 : 142);
+    const QString caption = m_texts[on ? Text::StopMonitoring : Text::StartMonitoring];
     start->setText(caption);
     start->setToolTip(caption);
     start->setIcon(Icons::Icon(on ? Picture::Stop : Picture::Start));

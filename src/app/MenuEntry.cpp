@@ -10,7 +10,7 @@ void FillMenu(QMenu& menu, std::span<const MenuEntry> entries, const StringTable
             menu.addSeparator();
             continue;
         }
-        const QString caption = entry.textId == 0 ? QStringLiteral("Kalvenor") : texts.Text(entry.textId);
+        const QString caption = entry.text == Text::None ? QStringLiteral("Kalvenor") : texts[entry.text];
         QAction* action = menu.addAction(Icons::Icon(entry.picture), caption);
         action->setObjectName(QLatin1String(entry.name));
         action->setData(static_cast<int>(entry.command));

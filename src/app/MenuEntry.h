@@ -3,6 +3,7 @@
 
 #include "Command.h"
 #include "Icons.h"
+#include "Text.h"
 #include <QAction>
 #include <functional>
 #include <span>
@@ -12,7 +13,7 @@ class StringTable;
 
 struct MenuEntry {
     const char* name = nullptr;
-    int textId = 0; ///< 0: the caption is the product's name
+    Text text = Text::None; ///< None: the caption is the product's name
     Command command = Command::Exit;
     Icons::Picture picture = Icons::Picture::None;
     const char* shortcut = "";

@@ -65,5 +65,5 @@ void OptionsCommand::ShowOptions() {
     if (!error)
         return;
     takeBack(before, options);
-    TellError(m_program, m_program.Texts().Text(524) + u'\n' + QString::fromLocal8Bit(error.message()));
+    TellError(m_program, m_program.Texts()[Text::OptionsNotStored] + u'\n' + QString::fromLocal8Bit(error.message()));
 }

@@ -102,9 +102,9 @@ EngineLock::Token Program::LockForRunNow() {
     LockRefusal refusal{};
     EngineLock::Token lock = m_lock.Take(m_file.CurrentPath(), refusal);
     if (!lock)
-        m_prompter.Ask(
-            {refusal == LockRefusal::HeldElsewhere ? m_texts.Text(454).arg(m_file.CurrentPath()) : m_texts.Text(585),
-             m_texts.Text(196), MessageIcon::Exclamation, MessageButtons::Ok});
+        m_prompter.Ask({refusal == LockRefusal::HeldElsewhere ? m_texts[Text::RunRefused].arg(m_file.CurrentPath())
+                                                              : m_texts[Text::NoLockPossible],
+                        m_texts[Text::StartNowTitle], MessageIcon::Exclamation, MessageButtons::Ok});
     return lock;
 }
 
@@ -112,9 +112,9 @@ RunOutcome Program::RunNow(const QString& name) {
     const EngineLock::Token lock = LockForRunNow();
     if (!lock)
         return {false, 0, true};
-    m_engine->logs.SetActivityStatus(name, m_texts.Text(197));
+    m_engine->logs.SetActivityStatus(name, m_texts[Text::MonitoringInProcess]);
     const RunOutcome outcome = m_engine->changes.ProcessActivity(name, RunStarter::User);
-    m_engine->logs.SetActivityStatus(name, m_texts.Text(198));
+    m_engine->logs.SetActivityStatus(name, m_texts[Text::Idle]);
     return outcome;
 }
 

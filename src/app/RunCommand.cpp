@@ -27,15 +27,15 @@ RunCommand::ExitCode RunCommand::Execute(const Request& request) {
     }
     const std::filesystem::path path = modNativePath::Absolute(request.file);
     if (path.empty() || !m_program.Services().ownFiles->Stamp(path)) {
-        complain(m_program.Texts().Text(443) + QLatin1Char(' ') + request.file);
+        complain(m_program.Texts()[Text::FileUnreadable] + QLatin1Char(' ') + request.file);
         return Unusable;
     }
     m_program.File().SetCurrentPath(modNativePath::ToText(path));
     LockRefusal refusal{};
     m_lock = m_program.Lock().Take(m_program.File().CurrentPath(), refusal);
     if (!m_lock) {
-        complain(refusal == LockRefusal::HeldElsewhere ? m_program.Texts().Text(454).arg(request.file)
-                                                       : m_program.Texts().Text(585));
+        complain(refusal == LockRefusal::HeldElsewhere ? m_program.Texts()[Text::RunRefused].arg(request.file)
+                                                       : m_program.Texts()[Text::NoLockPossible]);
         return Refused;
     }
     QStringList names;
@@ -47,7 +47,7 @@ RunCommand::ExitCode RunCommand::Execute(const Request& request) {
 
 bool RunCommand::open(const QString& file) {
     if (!m_program.File().Load()) {
-        complain(m_program.Texts().Text(443) + QLatin1Char(' ') + file);
+        complain(m_program.Texts()[Text::FileUnreadable] + QLatin1Char(' ') + file);
         return false;
     }
     m_program.Options().ReadRegistry();
@@ -65,7 +65,7 @@ bool RunCommand::choose(const QStringList& wanted, QStringList& names) {
     }
     for (const QString& name : wanted) {
         if (!known.contains(name)) {
-            complain(m_program.Texts().Text(453).arg(m_program.File().CurrentPath(), name));
+            complain(m_program.Texts()[Text::RunUnknownActivity].arg(m_program.File().CurrentPath(), name));
             return false;
         }
     }

@@ -8,22 +8,23 @@ bool RunNowCommands::refuseEmptyList() {
     if (m_program.List().Rows() > 0)
         return false;
     const StringTable& texts = m_program.Texts();
-    m_program.Prompts().Ask({texts.Text(215), texts.Text(216), MessageIcon::Exclamation, MessageButtons::Ok});
+    m_program.Prompts().Ask({texts[Text::NothingToMonitor], texts[Text::StartMonitoringTitle], MessageIcon::Exclamation,
+                             MessageButtons::Ok});
     // The mark goes off with the timers it stands for. A list that could not be loaded may come back.
     if (m_program.Monitoring().IsOn() && m_program.File().IsLoaded())
         m_program.Monitoring().StopMonitoring();
     return true;
 }
 
-void RunNowCommands::askAndRun(QStringList names, int questionId, int titleId) {
+void RunNowCommands::askAndRun(QStringList names, Text question, Text title) {
     if (m_running || names.isEmpty())
         return;
     const QScopedValueRollback running(m_running, true);
     names.removeDuplicates(); // a name given twice in the file is one activity
     const QString file = m_program.File().CurrentPath();
     const StringTable& texts = m_program.Texts();
-    const Message question{texts.Text(questionId), texts.Text(titleId), MessageIcon::Question, MessageButtons::YesNo};
-    if (m_program.Prompts().Ask(question) != MessageAnswer::Yes)
+    const Message box{texts[question], texts[title], MessageIcon::Question, MessageButtons::YesNo};
+    if (m_program.Prompts().Ask(box) != MessageAnswer::Yes)
         return;
     // Held from the first to the last: no other engine comes in between, and a refusal is told once.
     const EngineLock::Token lock = m_program.LockForRunNow();
@@ -40,10 +41,10 @@ void RunNowCommands::askAndRun(QStringList names, int questionId, int titleId) {
 
 void RunNowCommands::StartActivity(const QString& name) {
     if (!refuseEmptyList() && !name.isEmpty())
-        askAndRun({name}, 195, 196);
+        askAndRun({name}, Text::StartNowQuestion, Text::StartNowTitle);
 }
 
 void RunNowCommands::ExecuteMarked(const QStringList& names) {
     if (!refuseEmptyList())
-        askAndRun(names, 384, 385);
+        askAndRun(names, Text::StartMarkedQuestion, Text::StartMarkedTitle);
 }

@@ -5,6 +5,7 @@
 #include <QStringList>
 
 class Program;
+enum class Text;
 
 class RunNowCommands final {
   public:
@@ -18,7 +19,7 @@ class RunNowCommands final {
 
   private:
     [[nodiscard]] bool refuseEmptyList();
-    void askAndRun(QStringList names, int questionId, int titleId);
+    void askAndRun(QStringList names, Text question, Text title);
 
     Program& m_program;
     bool m_running = false;

@@ -26,5 +26,6 @@ void SearchCommands::show(std::optional<int> row) {
         return;
     }
     const StringTable& texts = m_program.Texts();
-    m_program.Prompts().Ask({texts.Text(374), texts.Text(375), MessageIcon::Information, MessageButtons::Ok});
+    m_program.Prompts().Ask(
+        {texts[Text::SearchNotFound], texts[Text::Search], MessageIcon::Information, MessageButtons::Ok});
 }

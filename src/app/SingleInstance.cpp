@@ -15,8 +15,9 @@ SingleInstance::SingleInstance(Locks& locks, const CommandLine& commandLine, Pro
     m_mayRun = m_lock != nullptr;
     if (m_mayRun)
         return;
-    const QString reason =
-        refusal == LockRefusal::HeldElsewhere ? QString(texts.Text(172) + u"\n\n" + texts.Text(173)) : texts.Text(585);
+    const QString reason = refusal == LockRefusal::HeldElsewhere
+                               ? QString(texts[Text::InstanceFound] + u"\n\n" + texts[Text::OneInstanceOnly])
+                               : texts[Text::NoLockPossible];
     prompter.Ask({reason, QStringLiteral("Kalvenor Pro"), MessageIcon::Exclamation, MessageButtons::Ok});
 }
 

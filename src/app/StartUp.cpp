@@ -17,8 +17,8 @@ void openArgument(Program& program, const CommandLine& commandLine) {
         return;
     }
     const StringTable& texts = program.Texts();
-    program.Prompts().Ask({texts.Text(174) + commandLine.text + texts.Text(175), texts.Text(176), MessageIcon::Critical,
-                           MessageButtons::Ok});
+    program.Prompts().Ask({texts[Text::FileQuote] + commandLine.text + texts[Text::CouldNotBeStarted],
+                           texts[Text::InvalidFile], MessageIcon::Critical, MessageButtons::Ok});
 }
 
 /// True when the word ends the program; in a test this returns.

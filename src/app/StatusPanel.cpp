@@ -32,7 +32,7 @@ StatusPanel::StatusPanel(QStatusBar& bar, Program& program)
     m_progress->setTextVisible(false);
     m_progress->setFixedWidth(kBarWidth);
     m_progress->setMaximumHeight(m_running->sizeHint().height());
-    m_progress->setAccessibleName(program.Texts().Text(197));
+    m_progress->setAccessibleName(program.Texts()[Text::MonitoringInProcess]);
     bar.addPermanentWidget(m_progress);
     m_count = addLabel(bar, "lblCount");
     m_timer.setInterval(kLook);
@@ -54,7 +54,7 @@ void StatusPanel::ShowCount() {
     int active = 0;
     for (int row = 0; row < list.Rows(); ++row)
         active += list.IsChecked(row) ? 1 : 0;
-    m_count->setText(m_program.Texts().Text(438).arg(list.Rows()).arg(active));
+    m_count->setText(m_program.Texts()[Text::ActivityCount].arg(list.Rows()).arg(active));
 }
 
 void StatusPanel::look() {
@@ -67,6 +67,7 @@ void StatusPanel::look() {
     if (!isRunning)
         return;
     const QLocale locale;
-    m_running->setText(m_program.Texts().Text(601).arg(progress.activity, locale.toString(progress.files),
-                                                       locale.formattedDataSize(static_cast<qint64>(progress.bytes))));
+    m_running->setText(
+        m_program.Texts()[Text::FilesAndSize].arg(progress.activity, locale.toString(progress.files),
+                                                  locale.formattedDataSize(static_cast<qint64>(progress.bytes))));
 }

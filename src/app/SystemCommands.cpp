@@ -14,13 +14,15 @@ SystemCommands::SystemCommands(Program& program, DialogHost& dialogs)
           static_cast<void>(program.Services().process->OpenWebPage(address.toString()));
       }) {
     m_update.Configure(UpdateConfiguration::OfThisProgram());
-    connect(&m_clock, &ClockSync::Synchronised, this, [this] { tell(m_program.Texts().Text(273), 274, false); });
-    connect(&m_clock, &ClockSync::Failed, this, [this](const QString& reason) { tell(reason, 274, true); });
+    connect(&m_clock, &ClockSync::Synchronised, this,
+            [this] { tell(m_program.Texts()[Text::ClockSynchronized], Text::ClockTitle, false); });
+    connect(&m_clock, &ClockSync::Failed, this,
+            [this](const QString& reason) { tell(reason, Text::ClockTitle, true); });
     connect(&m_update, &ctlAutoUpdate::Checked, this, &SystemCommands::offerVersion);
 }
 
-void SystemCommands::tell(const QString& text, int titleId, bool isProblem) {
-    m_program.Prompts().Ask({text, m_program.Texts().Text(titleId),
+void SystemCommands::tell(const QString& text, Text title, bool isProblem) {
+    m_program.Prompts().Ask({text, m_program.Texts()[title],
                              isProblem ? MessageIcon::Exclamation : MessageIcon::Information, MessageButtons::Ok});
 }
 
@@ -29,7 +31,7 @@ void SystemCommands::SynchroniseClockOverDialUp() {
     if (m_program.Services().dialUp->IsActive())
         m_clock.Begin();
     else
-        tell(texts.Text(199) + u"\r\n" + texts.Text(200), 201, true);
+        tell(texts[Text::NeedsConnection] + u"\r\n" + texts[Text::EstablishConnection], Text::NoConnectionTitle, true);
 }
 
 void SystemCommands::CheckForUpdatesOfTheDay() {
@@ -40,11 +42,12 @@ void SystemCommands::offerVersion(ctlAutoUpdate::Check check) {
     const StringTable& texts = m_program.Texts();
     if (!m_update.IsOtherVersion()) {
         if (check == ctlAutoUpdate::Check::Manual)
-            tell(texts.Text(411), 410, false);
+            tell(texts[Text::NoUpdate], Text::UpdateTitle, false);
         return;
     }
-    const Message question{texts.Text(407) + m_update.GetNewVersion() + texts.Text(408) + u"\r\n\r\n" + texts.Text(409),
-                           texts.Text(410), MessageIcon::Information, MessageButtons::YesNo};
+    const Message question{texts[Text::NewVersion] + m_update.GetNewVersion() + texts[Text::IsAvailable] + u"\r\n\r\n" +
+                               texts[Text::VisitDownloadPage],
+                           texts[Text::UpdateTitle], MessageIcon::Information, MessageButtons::YesNo};
     if (m_program.Prompts().Ask(question) == MessageAnswer::Yes)
         m_update.OpenURL(UpdateConfiguration::DownloadPage());
 }

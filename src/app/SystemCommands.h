@@ -7,6 +7,7 @@
 
 class DialogHost;
 class Program;
+enum class Text;
 
 class SystemCommands final : public QObject {
     Q_OBJECT
@@ -32,7 +33,7 @@ class SystemCommands final : public QObject {
 
   private:
     void letGoOfTheFile();
-    void tell(const QString& text, int titleId, bool isProblem);
+    void tell(const QString& text, Text title, bool isProblem);
     void offerVersion(ctlAutoUpdate::Check check);
 
     Program& m_program;

@@ -11,19 +11,20 @@ namespace {
 
 constexpr MenuEntry separator{};
 
-constexpr std::array entries{MenuEntry{"mnuResizeTray", 0, Command::Restore, Picture::Idle},
-                             separator,
-                             MenuEntry{"mnuPreferencesTray", 144, Command::Preferences, Picture::Settings},
-                             MenuEntry{"mnuSyncTray", 145, Command::SynchroniseFromTray},
-                             separator,
-                             MenuEntry{"mnuStartTray", 142, Command::StartStop},
-                             separator,
-                             MenuEntry{"mnuViewLogfileTray", 146, Command::ShowAppLog, Picture::Log},
-                             MenuEntry{"mnuDeleteLogfileTray", 147, Command::DeleteAppLog},
-                             separator,
-                             MenuEntry{"mnuExitTray", 148, Command::Exit, Picture::Exit},
-                             separator,
-                             MenuEntry{"mnuAboutTray", 150, Command::About, Picture::Help}};
+constexpr std::array entries{
+    MenuEntry{"mnuResizeTray", Text::None, Command::Restore, Picture::Idle},
+    separator,
+    MenuEntry{"mnuPreferencesTray", Text::Settings, Command::Preferences, Picture::Settings},
+    MenuEntry{"mnuSyncTray", Text::SynchronizeClock, Command::SynchroniseFromTray},
+    separator,
+    MenuEntry{"mnuStartTray", Text::StartMonitoring, Command::StartStop},
+    separator,
+    MenuEntry{"mnuViewLogfileTray", Text::ShowApplicationLog, Command::ShowAppLog, Picture::Log},
+    MenuEntry{"mnuDeleteLogfileTray", Text::DeleteApplicationLog, Command::DeleteAppLog},
+    separator,
+    MenuEntry{"mnuExitTray", Text::Exit, Command::Exit, Picture::Exit},
+    separator,
+    MenuEntry{"mnuAboutTray", Text::About, Command::About, Picture::Help}};
 
 } // namespace
 
@@ -54,7 +55,7 @@ bool TrayIcon::IsAvailable() {
 void TrayIcon::ShowMonitoring(bool on) {
     QAction* start = m_menu.findChild<QAction*>(QStringLiteral("mnuStartTray"));
     start->setChecked(on);
-    start->setText(m_texts.Text(on ? 219 : 142));
+    start->setText(m_texts[on ? Text::StopMonitoring : Text::StartMonitoring]);
 }
 
 void TrayIcon::ShowState(TrayState state) {
@@ -69,5 +70,5 @@ void TrayIcon::ShowState(TrayState state) {
         m_icon.setIcon(Icons::Icon(Picture::Failed));
         break;
     }
-    m_icon.setToolTip(state == TrayState::Failed ? m_title + u" - " + m_texts.Text(600) : m_title);
+    m_icon.setToolTip(state == TrayState::Failed ? m_title + u" - " + m_texts[Text::RunFailed] : m_title);
 }

@@ -151,7 +151,7 @@ void frmMain::Appear() {
     m_tray.Show();
     m_placement.Restore();
     m_view->RestoreLayout(layoutOf(m_program));
-    m_status.Say(m_program.Texts().Text(183));
+    m_status.Say(m_program.Texts()[Text::Initializing]);
 }
 
 void frmMain::ShowState() {
@@ -245,8 +245,9 @@ bool frmMain::mayClose() {
     if (!isMonitoring && m_program.State().Depth() == 0)
         return true;
     const StringTable& texts = m_program.Texts();
-    return m_program.Prompts().Ask({texts.Text(isMonitoring ? 159 : 652), texts.Text(160), MessageIcon::Question,
-                                    MessageButtons::YesNo}) == MessageAnswer::Yes;
+    return m_program.Prompts().Ask({texts[isMonitoring ? Text::ExitWhileMonitoring : Text::ExitDuringRun],
+                                    texts[Text::ExitTitle], MessageIcon::Question, MessageButtons::YesNo}) ==
+           MessageAnswer::Yes;
 }
 
 void frmMain::CloseWithoutQuestion() {

@@ -11,11 +11,11 @@
 namespace {
 
 void describe(QCommandLineParser& parser, const StringTable& texts) {
-    parser.setApplicationDescription(texts.Text(450));
+    parser.setApplicationDescription(texts[Text::RunPurpose]);
     parser.addHelpOption();
     parser.addVersionOption();
-    parser.addPositionalArgument(QStringLiteral("file"), texts.Text(451), QStringLiteral("FILE.kvd"));
-    parser.addPositionalArgument(QStringLiteral("names"), texts.Text(452), QStringLiteral("[NAME ...]"));
+    parser.addPositionalArgument(QStringLiteral("file"), texts[Text::RunFileArgument], QStringLiteral("FILE.kvd"));
+    parser.addPositionalArgument(QStringLiteral("names"), texts[Text::RunNamesArgument], QStringLiteral("[NAME ...]"));
 }
 
 } // namespace

@@ -6,7 +6,7 @@
 
 namespace {
 
-void open(Program& program, const QString& name, const char* field, int missingId) {
+void open(Program& program, const QString& name, const char* field, Text missing) {
     if (!program.File().Has(name))
         return;
     const QString path = program.File().Read(name, field);
@@ -14,16 +14,18 @@ void open(Program& program, const QString& name, const char* field, int missingI
         return;
     const StringTable& texts = program.Texts();
     const bool exists = program.Services().ownFiles->FolderExists(modNativePath::FromText(path));
-    const QString text = exists ? texts.Text(545).arg(path) : QString(texts.Text(missingId) + path + texts.Text(133));
-    program.Prompts().Ask({text, texts.Text(exists ? 107 : 135), MessageIcon::Exclamation, MessageButtons::Ok});
+    const QString text =
+        exists ? texts[Text::FolderNotOpened].arg(path) : QString(texts[missing] + path + texts[Text::DoesNotExist]);
+    program.Prompts().Ask({text, texts[exists ? Text::Error : Text::DirectoryNotFoundTitle], MessageIcon::Exclamation,
+                           MessageButtons::Ok});
 }
 
 } // namespace
 
 void modOpenExplorer::OpenSource(Program& program, const QString& name) {
-    open(program, name, "sourcedir", 281);
+    open(program, name, "sourcedir", Text::SelectedSource);
 }
 
 void modOpenExplorer::OpenTarget(Program& program, const QString& name) {
-    open(program, name, "targetdir", 282);
+    open(program, name, "targetdir", Text::SelectedDestination);
 }

@@ -30,11 +30,11 @@ void ActivityLogs::SetActivityStatus(const QString& name, const QString& text) {
 }
 
 void ActivityLogs::WriteActionLine(const QString& name, const QString& text) {
-    WriteActivityLog(name, m_parts.texts.Text(268) + name + u"' - " + text, false);
+    WriteActivityLog(name, m_parts.texts[Text::ActivityQuote] + name + u"' - " + text, false);
 }
 
 void ActivityLogs::WriteActionLineTo(const QString& logFile, const QString& name, const QString& text) {
-    writeEntry(logFile, m_parts.texts.Text(268) + name + u"' - " + text, false);
+    writeEntry(logFile, m_parts.texts[Text::ActivityQuote] + name + u"' - " + text, false);
 }
 
 void ActivityLogs::WriteActivityLog(const QString& name, const QString& text, bool blankLineFirst) {

@@ -34,7 +34,7 @@ RunOutcome ChangeDetection::process(const QString& name, RunStarter starter, Run
     if (!lock || !mayRun(name, starter))
         return {false, 0, true};
     run.Started();
-    parts.logs.SetActivityStatus(name, m_parts.texts.Text(236));
+    parts.logs.SetActivityStatus(name, m_parts.texts[Text::CheckingStarts]);
     parts.monitoring.CheckAllIdle();
 
     const RunIdentity identity = RunIdentity::Of(parts.file, name);
@@ -54,7 +54,7 @@ RunOutcome ChangeDetection::process(const QString& name, RunStarter starter, Run
     if (outcome.interrupted)
         return outcome;
     sendMail(name, *source, *destination);
-    parts.logs.SetActivityStatus(name, m_parts.texts.Text(242));
+    parts.logs.SetActivityStatus(name, m_parts.texts[Text::CheckingFinished]);
     return outcome;
 }
 
@@ -78,22 +78,24 @@ void ChangeDetection::countRun(const QString& name) {
 void ChangeDetection::sendMail(const QString& name, const Folder& source, const Folder& destination) {
     if (m_parts.run.file.Read(name, "sendmail") != u"1")
         return;
-    m_parts.run.logs.SetActivityStatus(name, m_parts.texts.Text(241) + m_parts.run.file.Read(name, "recipient") + u"'");
+    m_parts.run.logs.SetActivityStatus(name, m_parts.texts[Text::MailSendTo] +
+                                                 m_parts.run.file.Read(name, "recipient") + u"'");
     m_parts.mailer.SendActivityMail(name, modNativePath::ToText(source.Path()),
                                     modNativePath::ToText(destination.Path()));
 }
 
 void ChangeDetection::handleMissing(const QString& name, const QString& directory) {
     const StringTable& texts = m_parts.texts;
-    const QString start = texts.Text(237) + directory;
+    const QString start = texts[Text::Directory] + directory;
     if (m_parts.options.StopOnMissingFolder()) {
         m_parts.list.TakeOut(name);
-        m_parts.run.logs.SetActivityStatus(name, start + texts.Text(238));
+        m_parts.run.logs.SetActivityStatus(name, start + texts[Text::NotFoundStopped]);
         m_parts.run.monitoring.CheckAllIdle();
-        m_parts.run.logs.WriteAppLog(start + texts.Text(239) + name + texts.Text(240));
+        m_parts.run.logs.WriteAppLog(start + texts[Text::NotFoundMonitoring] + name +
+                                     texts[Text::AutomaticallyStopped]);
         return;
     }
-    m_parts.run.logs.SetActivityStatus(name, start + texts.Text(430));
+    m_parts.run.logs.SetActivityStatus(name, start + texts[Text::NotFoundSuspended]);
     m_parts.run.monitoring.CheckAllIdle();
-    m_parts.run.logs.WriteAppLog(start + texts.Text(239) + name + texts.Text(431));
+    m_parts.run.logs.WriteAppLog(start + texts[Text::NotFoundMonitoring] + name + texts[Text::SuspendedForInterval]);
 }

@@ -41,22 +41,22 @@ bool MonitoringController::anyRowChecked() const {
     return false;
 }
 
-void MonitoringController::refuseStart(int textId) {
+void MonitoringController::refuseStart(Text text) {
     setOn(false);
     m_parts.prompter.Ask(
-        {m_parts.texts.Text(textId), m_parts.texts.Text(216), MessageIcon::Exclamation, MessageButtons::Ok});
+        {m_parts.texts[text], m_parts.texts[Text::StartMonitoringTitle], MessageIcon::Exclamation, MessageButtons::Ok});
 }
 
 void MonitoringController::StartMonitoring() {
     if (m_parts.list.Rows() == 0)
-        return refuseStart(215);
+        return refuseStart(Text::NothingToMonitor);
     m_parts.list.ReadmitAll();
     if (!anyRowChecked())
-        return refuseStart(217);
+        return refuseStart(Text::NoDirectoryToMonitor);
     LockRefusal refusal{};
     m_lock = m_parts.engineLock.Take(m_parts.file.CurrentPath(), refusal);
     if (!m_lock) {
-        refuseStart(refusal == LockRefusal::HeldElsewhere ? 437 : 585);
+        refuseStart(refusal == LockRefusal::HeldElsewhere ? Text::MonitoredElsewhere : Text::NoLockPossible);
         Q_EMIT LockRefused();
         return;
     }
@@ -71,7 +71,7 @@ void MonitoringController::StartMonitoring() {
         names.append(m_parts.list.NameAt(row));
         m_parts.list.SetText(names.last(), ActivityList::Count, QStringLiteral("0"));
     }
-    m_parts.logs.WriteAppLog(m_parts.texts.Text(218) + names.join(QStringLiteral("; ")) + u"'");
+    m_parts.logs.WriteAppLog(m_parts.texts[Text::MonitoringInProgress] + names.join(QStringLiteral("; ")) + u"'");
 
     m_parts.timers.tmrMonitoring.SetEnabled(true);
     m_parts.timers.tmrHours.SetEnabled(true);
@@ -80,7 +80,7 @@ void MonitoringController::StartMonitoring() {
     m_parts.timers.tmrDate.SetEnabled(true);
     m_parts.timers.tmrTime.SetEnabled(true);
     CheckAllIdle();
-    writeSessionLine(220, true);
+    writeSessionLine(Text::MonitoringStarted, true);
 }
 
 void MonitoringController::StopMonitoring() {
@@ -92,10 +92,10 @@ void MonitoringController::StopMonitoring() {
     m_parts.timers.tmrMinutes.SetEnabled(false);
     m_parts.timers.tmrTime.SetEnabled(false);
     m_parts.timers.tmrDate.SetEnabled(false);
-    m_parts.logs.WriteAppLog(m_parts.texts.Text(221) + u"\r\n\r\n");
-    writeSessionLine(221, false);
+    m_parts.logs.WriteAppLog(m_parts.texts[Text::MonitoringFinished] + u"\r\n\r\n");
+    writeSessionLine(Text::MonitoringFinished, false);
     for (int row = 0; row < m_parts.list.Rows(); ++row)
-        m_parts.list.SetText(m_parts.list.NameAt(row), ActivityList::Status, m_parts.texts.Text(198));
+        m_parts.list.SetText(m_parts.list.NameAt(row), ActivityList::Status, m_parts.texts[Text::Idle]);
     m_lock.reset();
     m_presentLock.reset();
 }
@@ -121,9 +121,9 @@ void MonitoringController::lockPresentFile() {
         m_presentLock = std::move(lock);
 }
 
-void MonitoringController::writeSessionLine(int textId, bool blankLineFirst) {
+void MonitoringController::writeSessionLine(Text text, bool blankLineFirst) {
     for (int row = 0; row < m_parts.list.Rows(); ++row)
-        m_parts.logs.WriteActivityLog(m_parts.list.NameAt(row), m_parts.texts.Text(textId), blankLineFirst);
+        m_parts.logs.WriteActivityLog(m_parts.list.NameAt(row), m_parts.texts[text], blankLineFirst);
 }
 
 void MonitoringController::CheckAllIdle() {
@@ -134,7 +134,7 @@ void MonitoringController::CheckAllIdle() {
         const bool checked = m_parts.list.IsChecked(row);
         anyChecked = anyChecked || checked;
         m_parts.list.SetText(m_parts.list.NameAt(row), ActivityList::Status,
-                             m_parts.texts.Text(checked && m_on ? 222 : 198));
+                             m_parts.texts[checked && m_on ? Text::Active : Text::Idle]);
     }
     m_doneByRun = m_doneByRun && !anyChecked && m_parts.file.IsLoaded();
     // While a run is on the stack its activity may be the one that was just taken out: it must end first. A list that
@@ -166,7 +166,7 @@ void MonitoringController::endByItself() {
     const QString last = m_parts.runState.LastProcessed();
     StopMonitoring();
     if (powerOff) {
-        const QString line = m_parts.texts.Text(223) + last + m_parts.texts.Text(224);
+        const QString line = m_parts.texts[Text::ShutdownAfterActivity] + last + m_parts.texts[Text::ShutDown];
         m_parts.logs.SetActivityStatus(last, line);
         m_parts.logs.WriteAppLog(line);
     }
@@ -179,24 +179,25 @@ void MonitoringController::tellEnd(bool wantsPowerOff, const QString& last) {
     if (m_parts.runState.Closing())
         return;
     if (wantsPowerOff) {
-        const int failure = powerOff();
-        if (failure != 0) {
-            m_parts.logs.SetActivityStatus(last, m_parts.texts.Text(failure));
-            m_parts.logs.WriteAppLog(m_parts.texts.Text(failure));
+        const Text failure = powerOff();
+        if (failure != Text::None) {
+            m_parts.logs.SetActivityStatus(last, m_parts.texts[failure]);
+            m_parts.logs.WriteAppLog(m_parts.texts[failure]);
         }
     }
     if (!m_on)
-        m_parts.prompter.Ask(
-            {m_parts.texts.Text(225), m_parts.texts.Text(221), MessageIcon::Information, MessageButtons::Ok});
+        m_parts.prompter.Ask({m_parts.texts[Text::AllIdle], m_parts.texts[Text::MonitoringFinished],
+                              MessageIcon::Information, MessageButtons::Ok});
 }
 
-/// 0 when the system has taken the request, else the text that says why not.
-int MonitoringController::powerOff() {
+/// None when the system has accepted the request, else the text that says why not.
+Text MonitoringController::powerOff() {
     const auto atWork = [this] { return m_on || m_parts.runState.Running() || m_parts.runState.Closing(); };
     if (atWork() ||
-        m_parts.prompter.Ask({m_parts.texts.Text(588), m_parts.texts.Text(221), MessageIcon::Exclamation,
-                              MessageButtons::OkCancel, std::chrono::seconds(60)}) != MessageAnswer::Ok ||
+        m_parts.prompter.Ask({m_parts.texts[Text::WillSwitchOff], m_parts.texts[Text::MonitoringFinished],
+                              MessageIcon::Exclamation, MessageButtons::OkCancel, std::chrono::seconds(60)}) !=
+            MessageAnswer::Ok ||
         atWork())
-        return 590;
-    return m_parts.power.PowerOff() ? 0 : 584;
+        return Text::SwitchOffCancelled;
+    return m_parts.power.PowerOff() ? Text::None : Text::NotSwitchedOff;
 }

@@ -18,6 +18,7 @@ struct MonitoringTimers;
 class PowerControl;
 class Prompter;
 class StringTable;
+enum class Text;
 class RunState;
 
 class MonitoringController final : public QObject, public MonitoringSwitch {
@@ -61,11 +62,11 @@ class MonitoringController final : public QObject, public MonitoringSwitch {
 
   private:
     [[nodiscard]] bool anyRowChecked() const;
-    void refuseStart(int textId);
-    void writeSessionLine(int textId, bool blankLineFirst);
+    void refuseStart(Text text);
+    void writeSessionLine(Text text, bool blankLineFirst);
     void endByItself();
     void tellEnd(bool wantsPowerOff, const QString& last);
-    [[nodiscard]] int powerOff();
+    [[nodiscard]] Text powerOff();
     void readmitted(const QString& name);
     void refilled();
     void setOn(bool on);

@@ -10,9 +10,9 @@
 void Reactions::ReactToChange(const QString& name, const QString& path, const std::function<bool()>& mayGoOn) {
     const StringTable& texts = m_parts.texts;
     if (m_parts.file.Read(name, "alert") == u"Y") {
-        m_parts.logs.SetActivityStatus(name, texts.Text(229) + u" " + path);
-        m_parts.interruptions.Ask({texts.Text(230) + modForeignText::OneLine(path) + texts.Text(231), texts.Text(232),
-                                   MessageIcon::Information, MessageButtons::Ok});
+        m_parts.logs.SetActivityStatus(name, texts[Text::ChangeInPath] + u" " + path);
+        m_parts.interruptions.Ask({texts[Text::NewOrChanged] + modForeignText::OneLine(path) + texts[Text::Found],
+                                   texts[Text::ChangeDetected], MessageIcon::Information, MessageButtons::Ok});
         if (!mayGoOn())
             return;
     }
@@ -23,7 +23,7 @@ void Reactions::ReactToChange(const QString& name, const QString& path, const st
 
 void Reactions::executeFile(const QString& name, const QString& executable) {
     const StringTable& texts = m_parts.texts;
-    m_parts.logs.SetActivityStatus(name, texts.Text(233) + executable + u"' ...");
+    m_parts.logs.SetActivityStatus(name, texts[Text::ExecutingFile] + executable + u"' ...");
     if (!m_parts.process.Open(executable))
-        m_parts.logs.SetActivityStatus(name, texts.Text(234) + executable + texts.Text(235));
+        m_parts.logs.SetActivityStatus(name, texts[Text::FileOpeningQuote] + executable + texts[Text::CouldNotExecute]);
 }

@@ -14,6 +14,6 @@ bool SafeExit::IsRequested() const {
 void SafeExit::End(MonitoringSwitch& monitoring) {
     monitoring.StopMonitoring();
     m_parts.interruptions.Ask(
-        {m_parts.texts.Text(404), m_parts.texts.Text(403), MessageIcon::Exclamation, MessageButtons::Ok});
+        {m_parts.texts[Text::AbortedByUser], m_parts.texts[Text::Abort], MessageIcon::Exclamation, MessageButtons::Ok});
     m_parts.process.EndNow(0);
 }

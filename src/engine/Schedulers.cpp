@@ -45,7 +45,7 @@ void Schedulers::runDue(const QString& name) {
     const bool isOnce = m_parts.file.Read(name, "runningmode") == u"1";
     if (isOnce) {
         m_parts.list.TakeOut(name);
-        m_parts.logs.SetActivityStatus(name, m_parts.texts.Text(228));
+        m_parts.logs.SetActivityStatus(name, m_parts.texts[Text::StoppedAfterOnce]);
     }
     const RunOutcome outcome = m_parts.changes.ProcessActivity(name, RunStarter::Schedule);
     // What was ended early is still to be done. Events ran: the user may have brought the row back already.
@@ -157,7 +157,8 @@ void Schedulers::runOnTime(const QString& name, bool isLast) {
 }
 
 void Schedulers::finishForGood(const QString& name, bool hasRun) {
-    m_parts.logs.SetActivityStatus(name, m_parts.texts.Text(226) + name + u" " + m_parts.texts.Text(227));
+    m_parts.logs.SetActivityStatus(name,
+                                   m_parts.texts[Text::MonitoringQuote] + name + u" " + m_parts.texts[Text::Stopped]);
     m_parts.file.Write(name, "activ", QStringLiteral("0"));
     m_parts.list.SetChecked(name, false);
     if (hasRun)

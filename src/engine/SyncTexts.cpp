@@ -28,58 +28,59 @@ bool isLocked(std::error_code error) {
 } // namespace
 
 QString SyncTexts::NoAction(const QString& path) const {
-    return m_texts.Text(232) + u" - " + m_texts.Text(244) + u" (" + path + u") ";
+    return m_texts[Text::ChangeDetected] + u" - " + m_texts[Text::NoActionSelected] + u" (" + path + u") ";
 }
 
 QString SyncTexts::New(FileAction action, const FileSide& source, const QString& destination) const {
-    return m_texts.Text(action == FileAction::Move ? 257 : 258) + dated(source) + u" " + m_texts.Text(259) + u" '" +
-           destination + u"'";
+    return m_texts[action == FileAction::Move ? Text::MoveFile : Text::CopyFile] + dated(source) + u" " +
+           m_texts[Text::ToWord] + u" '" + destination + u"'";
 }
 
 QString SyncTexts::Replacement(const FileRules& rules, const FileSide& source, const FileSide& destination) const {
     const bool move = rules.action == FileAction::Move;
     if (rules.asksFirst && rules.onlyNewer)
-        return m_texts.Text(260) + dated(destination) + u" " + m_texts.Text(261) + dated(source);
-    const QString both = dated(source) + u" " + m_texts.Text(259) + u" '" + dated(destination);
+        return m_texts[Text::Overwrite] + dated(destination) + u" " + m_texts[Text::With] + dated(source);
+    const QString both = dated(source) + u" " + m_texts[Text::ToWord] + u" '" + dated(destination);
     if (rules.asksFirst)
-        return m_texts.Text(move ? 262 : 263) + both;
-    return m_texts.Text(move ? 252 : 253) + both + u" " + m_texts.Text(254);
+        return m_texts[move ? Text::MoveNewer : Text::CopyNewer] + both;
+    return m_texts[move ? Text::Move : Text::Copy] + both + u" " + m_texts[Text::OverwriteNewer];
 }
 
 QString SyncTexts::NotNewer(const FileSide& source, const FileSide& destination) const {
-    return m_texts.Text(234) + dated(source) + u" " + m_texts.Text(264) + u" '" + dated(destination);
+    return m_texts[Text::FileOpeningQuote] + dated(source) + u" " + m_texts[Text::OlderOrEqual] + u" '" +
+           dated(destination);
 }
 
 QString SyncTexts::Declined(const QString& source) const {
-    return m_texts.Text(255) + source + m_texts.Text(256);
+    return m_texts[Text::OverwriteFrom] + source + m_texts[Text::DeclinedByUser];
 }
 
 QString SyncTexts::DeletingFile(const QString& path) const {
-    return m_texts.Text(247) + path + u"' ...";
+    return m_texts[Text::DeletingFile] + path + u"' ...";
 }
 
 QString SyncTexts::DeletingFolder(const QString& path) const {
-    return m_texts.Text(243) + path;
+    return m_texts[Text::DeletingDirectory] + path;
 }
 
 QString SyncTexts::TransferringFolder(const QString& source, const QString& destination) const {
-    return m_texts.Text(245) + source + m_texts.Text(246) + destination;
+    return m_texts[Text::CopyingDirectory] + source + m_texts[Text::To] + destination;
 }
 
 QString SyncTexts::OwnFile(const QString& path) const {
-    return m_texts.Text(610).arg(path);
+    return m_texts[Text::OwnFileLeftAlone].arg(path);
 }
 
 QString SyncTexts::OtherMount(const QString& path) const {
-    return m_texts.Text(611).arg(path);
+    return m_texts[Text::OtherMount].arg(path);
 }
 
 QString SyncTexts::NestedRoot(const QString& path) const {
-    return m_texts.Text(612).arg(path);
+    return m_texts[Text::NestedDirectory].arg(path);
 }
 
 QString SyncTexts::TooDeep(const QString& path) const {
-    return m_texts.Text(613).arg(path);
+    return m_texts[Text::TooDeep].arg(path);
 }
 
 QString SyncTexts::EndedEarly(RunEnd reason) const {
@@ -87,31 +88,31 @@ QString SyncTexts::EndedEarly(RunEnd reason) const {
     case RunEnd::None:
         break;
     case RunEnd::Closing:
-        return m_texts.Text(614);
+        return m_texts[Text::EndedByClosing];
     case RunEnd::Stopped:
-        return m_texts.Text(615);
+        return m_texts[Text::EndedByStop];
     case RunEnd::RecordChanged:
-        return m_texts.Text(616);
+        return m_texts[Text::EndedByRecordChange];
     case RunEnd::RootGone:
-        return m_texts.Text(617);
+        return m_texts[Text::EndedByLostDirectory];
     case RunEnd::Unreadable:
-        return m_texts.Text(618);
+        return m_texts[Text::EndedByUnreadable];
     case RunEnd::FolderExchanged:
-        return m_texts.Text(619);
+        return m_texts[Text::EndedByReplacedDirectory];
     case RunEnd::SafeExit:
-        return m_texts.Text(404);
+        return m_texts[Text::AbortedByUser];
     }
     return {};
 }
 
 QString SyncTexts::Failure(const QString& source, std::error_code error) const {
     if (isLocked(error))
-        return m_texts.Text(265) + source + m_texts.Text(266);
-    return m_texts.Text(265) + source + m_texts.Text(267) + QString::number(error.value());
+        return m_texts[Text::TransferFrom] + source + m_texts[Text::FailedLocked];
+    return m_texts[Text::TransferFrom] + source + m_texts[Text::FailedError] + QString::number(error.value());
 }
 
 Message SyncTexts::OverwriteQuestion(const FileSide& source, const FileSide& destination) const {
-    return {m_texts.Text(248) + datedAndSized(source) + m_texts.Text(249) + datedAndSized(destination) +
-                m_texts.Text(250),
-            m_texts.Text(251), MessageIcon::Question, MessageButtons::YesNo};
+    return {m_texts[Text::ShouldFile] + datedAndSized(source) + m_texts[Text::ReplaceFile] +
+                datedAndSized(destination) + m_texts[Text::QuestionMark],
+            m_texts[Text::FileExistsTitle], MessageIcon::Question, MessageButtons::YesNo};
 }

@@ -39,7 +39,7 @@ int ActivityMail::SendActivityMail(const QString& name, const QString& firstPath
     }
     m_parts.runState.MailBegan();
     if (m_givenUp) {
-        drop(order, m_parts.texts.Text(630));
+        drop(order, m_parts.texts[Text::MailNotSentClosing]);
         return 1;
     }
     makeRoomFor(name);
@@ -68,7 +68,7 @@ void ActivityMail::makeRoomFor(const QString& name) {
     if (std::count_if(m_waiting.begin(), m_waiting.end(), isOfIt) < kMostWaiting)
         return;
     const auto oldest = std::find_if(m_waiting.begin(), m_waiting.end(), isOfIt);
-    drop(*oldest, m_parts.texts.Text(631).arg(kMostWaiting));
+    drop(*oldest, m_parts.texts[Text::MailDropped].arg(kMostWaiting));
     m_waiting.erase(oldest);
 }
 
@@ -102,7 +102,7 @@ void ActivityMail::begin(MailOrder order, const QString& place) {
     session.dispatch = std::make_unique<MailDispatch>(std::move(order), m_parts.settings, m_parts.names, m_parts.clock);
     MailDispatch* const dispatch = session.dispatch.get();
     connect(dispatch, &MailDispatch::NotAttached, this, [this, dispatch](const QString& path, const QString& reason) {
-        writeLine(dispatch->Order(), m_parts.texts.Text(632).arg(path, reason));
+        writeLine(dispatch->Order(), m_parts.texts[Text::MailNotAttached].arg(path, reason));
     });
     connect(dispatch, &MailDispatch::Ended, this,
             [this, dispatch](const QString& failure) { ended(dispatch, failure); });
@@ -135,7 +135,7 @@ void ActivityMail::ended(const MailDispatch* dispatch, const QString& failure) {
 /// Another record may have the activity's name by now, so the log is the one it had when the mail was queued.
 void ActivityMail::writeLine(const MailOrder& order, const QString& text) {
     m_parts.logs.WriteActionLineTo(order.logFile, order.name,
-                                   m_parts.texts.Text(241) + order.recipient + u"' - " + text);
+                                   m_parts.texts[Text::MailSendTo] + order.recipient + u"' - " + text);
 }
 
 void ActivityMail::drop(const MailOrder& order, const QString& reason) {
@@ -150,7 +150,7 @@ void ActivityMail::GiveUpAfter(std::chrono::milliseconds grace) {
 void ActivityMail::giveUp() {
     m_givenUp = true;
     for (const MailOrder& order : std::exchange(m_waiting, {}))
-        drop(order, m_parts.texts.Text(630));
+        drop(order, m_parts.texts[Text::MailNotSentClosing]);
     for (const Session& session : m_sessions)
         session.dispatch->Shutdown();
 }

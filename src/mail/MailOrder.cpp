@@ -16,9 +16,9 @@ MailOrder MailOrder::Read(const ActivityFile& file, const StringTable& texts, co
     order.copies = text("cc"); // the editor stores "CC": a copy recipient never arrives
     order.subject = text("subject");
     if (isOn("computername"))
-        order.text = texts.Text(369) + u": " + QSysInfo::machineHostName() + u"\r\n\r\n";
+        order.text = texts[Text::FromSystem] + u": " + QSysInfo::machineHostName() + u"\r\n\r\n";
     order.text += text("message");
-    order.longText = order.text + u"\r\n\r\n" + texts.Text(272) + secondPath + u" -> " + firstPath;
+    order.longText = order.text + u"\r\n\r\n" + texts[Text::LastAccessed] + secondPath + u" -> " + firstPath;
     order.logFile = text("logfile");
     order.lastFile = secondPath;
     order.useDesktopClient = text("UseSMTP") == u"0";

@@ -24,6 +24,6 @@ StringTable::StringTable(Language language) {
     static_cast<void>(loaded);
 }
 
-QString StringTable::Text(int id) const {
-    return m_translator.translate("", QByteArray::number(id).constData());
+QString StringTable::operator[](Text text) const {
+    return m_translator.translate("", QByteArray::number(static_cast<int>(text)).constData());
 }

@@ -1,6 +1,7 @@
-// Every text the user reads, by number, in one language. Owns the loaded table. An id without a text gives "".
+// Every text the user reads, in one language. Owns the loaded table. A text that the table lacks is "".
 #pragma once
 
+#include "Text.h"
 #include <QString>
 #include <QTranslator>
 #include <initializer_list>
@@ -14,8 +15,8 @@ class StringTable final {
 
     explicit StringTable(Language language);
 
-    /// The text of this id, byte for byte, blanks at its ends included.
-    [[nodiscard]] QString Text(int id) const;
+    /// Byte for byte, blanks at the ends included.
+    [[nodiscard]] QString operator[](Text text) const;
 
   private:
     QTranslator m_translator;

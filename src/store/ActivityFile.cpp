@@ -58,13 +58,13 @@ QString ActivityFile::DefaultPath() const {
 }
 
 void ActivityFile::tell(const QString& text) {
-    m_prompter.Ask({text, m_texts.Text(107), MessageIcon::Critical, MessageButtons::Ok});
+    m_prompter.Ask({text, m_texts[Text::Error], MessageIcon::Critical, MessageButtons::Ok});
 }
 
 bool ActivityFile::EnsureDefaultExists() {
     const std::error_code error = m_files.CreateNew(modNativePath::FromText(DefaultPath()), emptyFile);
     if (error && error != std::errc::file_exists)
-        tell(m_texts.Text(436) + u' ' + textOf(error));
+        tell(m_texts[Text::FileNotCreated] + u' ' + textOf(error));
     return !error || error == std::errc::file_exists;
 }
 
@@ -84,7 +84,7 @@ void ActivityFile::Save() {
     const auto present = m_files.Stamp(modNativePath::FromText(m_currentPath));
     const bool isAsLoaded = m_loadedPath == m_currentPath && present == m_loadedStamp;
     if (IsLoaded() && present && !isAsLoaded)
-        throw StoreError(m_texts.Text(432), StoreError::Reason::ChangedOnDisk);
+        throw StoreError(m_texts[Text::FileChangedOutside], StoreError::Reason::ChangedOnDisk);
     saveTo(m_currentPath);
     Q_EMIT Saved();
 }
@@ -99,7 +99,7 @@ void ActivityFile::ChangeAndSave(const std::function<void()>& change) {
 
 void ActivityFile::requireLoaded() const {
     if (!IsLoaded())
-        throw StoreError(m_texts.Text(433));
+        throw StoreError(m_texts[Text::FileNotLoaded]);
 }
 
 void ActivityFile::SaveAs(const QString& absolutePath) {
@@ -113,7 +113,7 @@ void ActivityFile::saveTo(const QString& path) {
     try {
         m_document.Save(path);
     } catch (const StoreError& error) {
-        throw StoreError(m_texts.Text(434) + u' ' + error.Text());
+        throw StoreError(m_texts[Text::FileNotSaved] + u' ' + error.Text());
     }
     m_loadedPath = path;
     m_loadedStamp = m_files.Stamp(modNativePath::FromText(path));
@@ -124,11 +124,11 @@ bool ActivityFile::OfferRepair() {
     const std::filesystem::path file = modNativePath::FromText(damaged);
     QByteArray bytes;
     if (const std::error_code error = m_files.ReadAll(file, XmlParser::MaxBytes, bytes)) {
-        tell(m_texts.Text(443) + u' ' + damaged + u'\n' + textOf(error));
+        tell(m_texts[Text::FileUnreadable] + u' ' + damaged + u'\n' + textOf(error));
         return false;
     }
-    const MessageAnswer answer =
-        m_prompter.Ask({m_texts.Text(371), m_texts.Text(107), MessageIcon::Critical, MessageButtons::YesNo});
+    const MessageAnswer answer = m_prompter.Ask(
+        {m_texts[Text::FileCorrupted], m_texts[Text::Error], MessageIcon::Critical, MessageButtons::YesNo});
     if (answer != MessageAnswer::Yes)
         return false;
     // Events ran while the box was open: only a file that is damaged still may be moved.
@@ -137,11 +137,11 @@ bool ActivityFile::OfferRepair() {
     const std::error_code error = moveToOldName(m_files, file);
     const bool isGone = error == std::errc::no_such_file_or_directory && !m_files.Stamp(file);
     if (error && !isGone) {
-        tell(m_texts.Text(435) + u' ' + textOf(error));
+        tell(m_texts[Text::FileNotMovedAway] + u' ' + textOf(error));
         return false;
     }
     if (const std::error_code failed = m_files.CreateNew(file, emptyFile))
-        tell(m_texts.Text(436) + u' ' + textOf(failed));
+        tell(m_texts[Text::FileNotCreated] + u' ' + textOf(failed));
     return Load();
 }
 

@@ -9,7 +9,10 @@
 
 namespace {
 
-constexpr int headers[ActivityList::ColumnCount] = {179, 180, 181, 336, 182, 387, 388, 389, 390, 395};
+constexpr Text headers[ActivityList::ColumnCount] = {
+    Text::NameColumn,     Text::SourceColumn,       Text::DestinationColumn, Text::IntervalSettings,
+    Text::ActionColumn,   Text::ExecutionsColumn,   Text::WriteLog,          Text::ExecutableFiles,
+    Text::FileExtensions, Text::LastExecutionColumn};
 
 QString orDash(const QString& text) {
     return text.isEmpty() ? QStringLiteral("-") : text;
@@ -67,7 +70,7 @@ ActivityList::Row ActivityList::makeRow(const QString& name) const {
     row.texts[LogFile] = orDash(record.Text(ActivityField::LogFile));
     row.texts[Executable] = orDash(record.Text(ActivityField::Executable));
     row.texts[Extensions] =
-        record.IsOn(ActivityField::AllFiles) ? m_texts.Text(394) : record.Text(ActivityField::Extensions);
+        record.IsOn(ActivityField::AllFiles) ? m_texts[Text::All] : record.Text(ActivityField::Extensions);
     row.texts[LastRun] = QStringLiteral("-");
     row.comment = record.Text(ActivityField::Comment);
     row.checked = record.Text(ActivityField::Active) == u"1" && !m_takenOut.contains(name);
@@ -176,7 +179,7 @@ QVariant ActivityList::data(const QModelIndex& index, int role) const {
 QVariant ActivityList::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 || section >= ColumnCount)
         return {};
-    return m_texts.Text(headers[section]);
+    return m_texts[headers[section]];
 }
 
 Qt::ItemFlags ActivityList::flags(const QModelIndex& index) const {

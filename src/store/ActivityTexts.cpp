@@ -10,16 +10,18 @@ namespace {
 
 struct CodeText {
     const char* code;
-    int text;
+    Text text;
 };
 
-constexpr std::array intervals = {CodeText{"0", 337}, CodeText{"1", 338}, CodeText{"2", 339}};
-constexpr std::array actions = {CodeText{"0", 347}, CodeText{"1", 348}, CodeText{"3", 349}, CodeText{"2", 350}};
+constexpr std::array intervals = {CodeText{"0", Text::Seconds}, CodeText{"1", Text::Minutes},
+                                  CodeText{"2", Text::Hours}};
+constexpr std::array actions = {CodeText{"0", Text::CopyFiles}, CodeText{"1", Text::MoveFiles},
+                                CodeText{"3", Text::MirrorDirectory}, CodeText{"2", Text::NoAction}};
 
 QString lookUp(const auto& table, const QString& code, const StringTable& texts) {
     for (const CodeText& row : table)
         if (code == QLatin1String(row.code))
-            return texts.Text(row.text);
+            return texts[row.text];
     return {};
 }
 
@@ -32,12 +34,12 @@ QString description(const ActivityRecord& record, const StringTable& texts, cons
     const QString& type = record.Text(ActivityField::Type);
     const QString separator = QStringLiteral(": ");
     if (type == u"3")
-        return texts.Text(344) + separator + shownDate(record.Text(ActivityField::TriggerDate), locale) +
-               QStringLiteral(" / ") + texts.Text(345) + separator + record.Text(ActivityField::TriggerDateTime);
+        return texts[Text::Date] + separator + shownDate(record.Text(ActivityField::TriggerDate), locale) +
+               QStringLiteral(" / ") + texts[Text::Time] + separator + record.Text(ActivityField::TriggerDateTime);
     if (type == u"4") {
-        const QString time = texts.Text(345) + separator + record.Text(ActivityField::TriggerTime);
+        const QString time = texts[Text::Time] + separator + record.Text(ActivityField::TriggerTime);
         const bool isDaily = record.Text(ActivityField::Daily) == u"1";
-        return isDaily ? QString(time + QStringLiteral(" (") + texts.Text(343) + u')') : time;
+        return isDaily ? QString(time + QStringLiteral(" (") + texts[Text::Daily] + u')') : time;
     }
     const QString unit = lookUp(intervals, type, texts);
     return unit.isEmpty() ? QString() : QString(record.Text(ActivityField::Interval) + u' ' + unit);

@@ -13,14 +13,15 @@ bool ActivityWriter::Write(const QString& openedName, const QString& name, const
     const QString newName = name.trimmed();
     QString replaced = newName == openedName ? openedName : QString();
     const auto refuse = [this] {
-        m_prompter.Ask({m_texts.Text(386), m_texts.Text(318), MessageIcon::Exclamation, MessageButtons::Ok});
+        m_prompter.Ask(
+            {m_texts[Text::NameTaken], m_texts[Text::RenameTitle], MessageIcon::Exclamation, MessageButtons::Ok});
         return false;
     };
     if (isTaken(openedName, newName))
         return refuse();
     if (newName != openedName && !openedName.isEmpty()) {
-        const MessageAnswer answer =
-            m_prompter.Ask({m_texts.Text(317), m_texts.Text(318), MessageIcon::Question, MessageButtons::YesNo});
+        const MessageAnswer answer = m_prompter.Ask(
+            {m_texts[Text::RenameQuestion], m_texts[Text::RenameTitle], MessageIcon::Question, MessageButtons::YesNo});
         if (answer == MessageAnswer::Yes)
             replaced = openedName;
         // Events ran while the box was open: the name may be taken by now.

@@ -19,7 +19,7 @@ ClockSync::ClockSync(SystemClock& systemClock, const Clock& clock, const StringT
     : m_systemClock(systemClock), m_clock(clock), m_texts(texts), m_server(std::move(server)) {
     m_timeout.setSingleShot(true);
     m_timeout.setInterval(timeout);
-    connect(&m_timeout, &QTimer::timeout, this, [this] { fail(m_texts.Text(581)); });
+    connect(&m_timeout, &QTimer::timeout, this, [this] { fail(m_texts[Text::TimeServerSilent]); });
 }
 
 ClockSync::~ClockSync() {
@@ -61,7 +61,7 @@ void ClockSync::read() {
         return;
     m_answer += m_socket->read(mostBytes + 1);
     if (m_answer.size() > mostBytes)
-        fail(m_texts.Text(582));
+        fail(m_texts[Text::TimeServerNonsense]);
 }
 
 void ClockSync::onClosed() {
@@ -75,7 +75,7 @@ void ClockSync::onClosed() {
     if (!time)
         Q_EMIT Ignored();
     else if (*time < earliest)
-        fail(m_texts.Text(582));
+        fail(m_texts[Text::TimeServerNonsense]);
     else
         set(*time);
 }

@@ -25,9 +25,9 @@ bool ServiceMode::IsWord(const QString& text) {
 
 std::optional<int> ServiceMode::ServiceConfiguration(const QString& word, ServiceCaller caller) {
     if (word == QLatin1String("install"))
-        return tellInstallation(m_manager.Install(), 412, 413, caller);
+        return tellInstallation(m_manager.Install(), Text::ServiceInstalled, Text::ServiceInstallFailed, caller);
     if (word == QLatin1String("uninstall"))
-        return tellInstallation(m_manager.Uninstall(), 414, 415, caller);
+        return tellInstallation(m_manager.Uninstall(), Text::ServiceUninstalled, Text::ServiceUninstallFailed, caller);
     if (word == QLatin1String("startservice"))
         return control(true, caller);
     if (word == QLatin1String("stopservice"))
@@ -38,11 +38,11 @@ std::optional<int> ServiceMode::ServiceConfiguration(const QString& word, Servic
         // Refused in a window that nobody manages, which goes on as a window.
         static_cast<void>(m_manager.AcceptControls(m_debug, [this](ServiceControl control) { obey(control); }));
     else if (!word.isEmpty())
-        tell(416, true);
+        tell(Text::UnknownServiceParameter, true);
     return std::nullopt;
 }
 
-std::optional<int> ServiceMode::tellInstallation(bool succeeded, int success, int failure, ServiceCaller caller) {
+std::optional<int> ServiceMode::tellInstallation(bool succeeded, Text success, Text failure, ServiceCaller caller) {
     tell(succeeded ? success : failure, !succeeded && caller == ServiceCaller::CommandLine);
     if (caller == ServiceCaller::Dialog)
         return std::nullopt;
@@ -51,27 +51,27 @@ std::optional<int> ServiceMode::tellInstallation(bool succeeded, int success, in
 
 std::optional<int> ServiceMode::control(bool start, ServiceCaller caller) {
     if (caller == ServiceCaller::Dialog)
-        tell(start ? 426 : 425, true);
+        tell(start ? Text::ClosesToStartService : Text::ClosesToStopService, true);
     const QString name = serviceName(caller);
     if (start ? m_manager.Start(name) : m_manager.Stop(name))
         return EXIT_SUCCESS;
     // Nobody would take over what a window that closes now leaves.
-    tell(580, true);
+    tell(Text::ServiceManagerNotStarted, true);
     return caller == ServiceCaller::Dialog ? std::nullopt : std::optional<int>(EXIT_FAILURE);
 }
 
 void ServiceMode::obey(ServiceControl control) {
     switch (control) {
     case ServiceControl::Pause:
-        return m_manager.LogEvent(ServiceEvent::Error, pausedEvent, m_texts.Text(418) + m_texts.Text(420));
+        return m_manager.LogEvent(ServiceEvent::Error, pausedEvent, m_texts[Text::Service] + m_texts[Text::Paused]);
     case ServiceControl::Continue:
-        return m_manager.LogEvent(ServiceEvent::Information, continuedEvent, m_texts.Text(419));
+        return m_manager.LogEvent(ServiceEvent::Information, continuedEvent, m_texts[Text::ServiceContinued]);
     case ServiceControl::Stop:
         Q_EMIT StopWanted();
     }
 }
 
-void ServiceMode::tell(int text, bool isProblem) {
-    m_prompter.Ask({m_texts.Text(text), m_texts.Text(417),
+void ServiceMode::tell(Text text, bool isProblem) {
+    m_prompter.Ask({m_texts[text], m_texts[Text::ServiceTitle],
                     isProblem ? MessageIcon::Exclamation : MessageIcon::Information, MessageButtons::Ok});
 }

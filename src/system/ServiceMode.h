@@ -8,6 +8,7 @@
 
 class Prompter;
 class StringTable;
+enum class Text;
 
 /// Who gave the word: each has names and messages of its own.
 enum class ServiceCaller { CommandLine, Dialog };
@@ -30,10 +31,10 @@ class ServiceMode final : public QObject {
     void StopWanted();
 
   private:
-    [[nodiscard]] std::optional<int> tellInstallation(bool succeeded, int success, int failure, ServiceCaller caller);
+    [[nodiscard]] std::optional<int> tellInstallation(bool succeeded, Text success, Text failure, ServiceCaller caller);
     [[nodiscard]] std::optional<int> control(bool start, ServiceCaller caller);
     void obey(ServiceControl control);
-    void tell(int text, bool isProblem);
+    void tell(Text text, bool isProblem);
 
     ServiceManager& m_manager;
     Prompter& m_prompter;

@@ -25,6 +25,6 @@ void clsAssocFile::RegisterOnce(const ProgramPlaces& places) {
     if (isTrue(m_settings.Read(SettingsStore::OwnApplication, section, key).value_or(QString())))
         return;
     SetFileAssoc(places.programFolder / "Kalvenor", QStringLiteral(".kvd"), places.programFolder / "kvd.ico",
-                 m_texts.Text(583));
+                 m_texts[Text::FileTypeName]);
     static_cast<void>(m_settings.Write(SettingsStore::OwnApplication, section, key, QStringLiteral("1")));
 }

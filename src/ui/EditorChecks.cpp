@@ -21,8 +21,8 @@ using F = ActivityField;
 using Found = std::optional<Problem>;
 
 const QString lineBreak = QStringLiteral("\n");
-constexpr int errorInDate = 290;
-constexpr int errorInAddress = 303;
+constexpr Text errorInDate = Text::DateTitle;
+constexpr Text errorInAddress = Text::AddressTitle;
 
 struct Place {
     Tab tab;
@@ -46,28 +46,30 @@ Problem refusal(const Place& place, const QString& text, const QString& title,
     return {{text, title, MessageIcon::Exclamation, buttons}, place.tab, place.control};
 }
 
-Problem refusal(const Place& place, const Environment& e, int text, int title,
+Problem refusal(const Place& place, const Environment& e, Text text, Text title,
                 MessageButtons buttons = MessageButtons::Ok) {
-    return refusal(place, e.texts.Text(text), e.texts.Text(title), buttons);
+    return refusal(place, e.texts[text], e.texts[title], buttons);
 }
 
-Problem missing(const Place& place, const Environment& e, int text, const QString& path) {
-    return refusal(place, e.texts.Text(text) + path + e.texts.Text(133) + lineBreak + lineBreak + e.texts.Text(134),
-                   e.texts.Text(135));
+Problem missing(const Place& place, const Environment& e, Text text, const QString& path) {
+    return refusal(place,
+                   e.texts[text] + path + e.texts[Text::DoesNotExist] + lineBreak + lineBreak +
+                       e.texts[Text::SelectValidDirectory],
+                   e.texts[Text::DirectoryNotFoundTitle]);
 }
 
 Found missingFile(const Place& place, const Input& i, const Environment& e, F field) {
     const QString& path = i.record.Text(field);
     if (path.trimmed().isEmpty() || e.files.Stamp(modNativePath::Absolute(path)))
         return {};
-    return missing(place, e, 132, path);
+    return missing(place, e, Text::SelectedDirectory, path);
 }
 
 Found missingLogFile(const Input& i, const Environment& e) {
     const QString& path = i.record.Text(F::LogFile);
     const std::filesystem::path log = modNativePath::Absolute(path);
     if (!log.empty() && e.files.FolderExists(log))
-        return refusal(logFile, e.texts.Text(653).arg(path), e.texts.Text(135));
+        return refusal(logFile, e.texts[Text::LogIsDirectory].arg(path), e.texts[Text::DirectoryNotFoundTitle]);
     return missingFile(logFile, i, e, F::LogFile);
 }
 
@@ -75,10 +77,10 @@ Found ownLogFile(const Input& i, const Environment& e) {
     const QString path = i.record.Text(F::LogFile);
     if (path.trimmed().isEmpty() || !e.isOwnFile(path))
         return {};
-    return refusal(logFile, e.texts.Text(620).arg(path), e.texts.Text(135));
+    return refusal(logFile, e.texts[Text::LogIsOwnFile].arg(path), e.texts[Text::DirectoryNotFoundTitle]);
 }
 
-Found missingFolder(const Place& place, const Input& i, const Environment& e, F field, int text) {
+Found missingFolder(const Place& place, const Input& i, const Environment& e, F field, Text text) {
     const QString& path = i.record.Text(field);
     const std::filesystem::path folder = modNativePath::Absolute(path);
     if (!folder.empty() && e.files.FolderExists(folder))
@@ -98,7 +100,7 @@ bool isPartial(const QString& shown) {
 Found partialTime(const Place& place, const QString& shown, const Environment& e) {
     if (!isPartial(shown))
         return {};
-    return refusal(place, e, 286, 287, MessageButtons::OkCancel);
+    return refusal(place, e, Text::TimeInvalid, Text::TimeInvalidTitle, MessageButtons::OkCancel);
 }
 
 QTime timeOf(const QString& shown) {
@@ -115,7 +117,7 @@ QDateTime presentMinute(const Environment& e) {
 Found invalidTime(const Place& place, const QString& shown, const Environment& e) {
     if (timeOf(shown).isValid())
         return {};
-    return refusal(place, e, 397, 396);
+    return refusal(place, e, Text::TimeReenter, Text::TimeTitle);
 }
 
 bool isType(const Input& i, QStringView type) {
@@ -124,22 +126,22 @@ bool isType(const Input& i, QStringView type) {
 
 /// One and the same folder, by whatever path, link or spelling.
 Found protectedFolder(const Place& place, const Input& i, const Environment& e, F field,
-                      const std::filesystem::path& folder, int warning, int title) {
+                      const std::filesystem::path& folder, Text warning, Text title) {
     if (field == F::TargetDir && !hasDestination(i))
         return {};
     std::error_code unreadable;
     if (!std::filesystem::equivalent(modNativePath::Absolute(i.record.Text(field)), folder, unreadable))
         return {};
-    const QString text = e.texts.Text(110) + lineBreak + e.texts.Text(warning) + lineBreak + e.texts.Text(295) +
-                         lineBreak + e.texts.Text(296);
-    return refusal(place, text, e.texts.Text(title), MessageButtons::YesNo);
+    const QString text = e.texts[Text::Attention] + lineBreak + e.texts[warning] + lineBreak +
+                         e.texts[Text::MayDestroyWindows] + lineBreak + e.texts[Text::ReallyProceedEditor];
+    return refusal(place, text, e.texts[title], MessageButtons::YesNo);
 }
 
 bool mails(const Input& i) {
     return i.record.IsOn(F::SendMail);
 }
 
-Found missingMailText(const Place& place, const Input& i, const Environment& e, F field, int text) {
+Found missingMailText(const Place& place, const Input& i, const Environment& e, F field, Text text) {
     if (!mails(i) || !i.record.Text(field).trimmed().isEmpty())
         return {};
     return refusal(place, e, text, errorInAddress);
@@ -148,48 +150,50 @@ Found missingMailText(const Place& place, const Input& i, const Environment& e, 
 Found invalidAddress(const Place& place, const Input& i, const Environment& e, F field) {
     if (!mails(i) || modValidEMail::IsValidEmailAddress(i.record.Text(field)))
         return {};
-    return refusal(place, e, 370, errorInAddress);
+    return refusal(place, e, Text::CheckAddress, errorInAddress);
 }
 
 Found missingSubject(const Input& i, const Environment& e) {
     if (!mails(i) || !i.record.Text(F::Subject).trimmed().isEmpty())
         return {};
-    Problem problem =
-        refusal(subject, e.texts.Text(304) + lineBreak + e.texts.Text(296), e.texts.Text(305), MessageButtons::YesNo);
+    Problem problem = refusal(subject, e.texts[Text::SubjectMissing] + lineBreak + e.texts[Text::ReallyProceedEditor],
+                              e.texts[Text::SubjectTitle], MessageButtons::YesNo);
     problem.message.icon = MessageIcon::Question;
     return problem;
 }
 
 Found digitInFront(const Input& i, const Environment& e) {
-    return !i.name.isEmpty() && i.name.front().isDigit() ? Found(refusal(name, e, 283, 284)) : Found();
+    return !i.name.isEmpty() && i.name.front().isDigit()
+               ? Found(refusal(name, e, Text::NameStartsWithNumber, Text::NameTitle))
+               : Found();
 }
 Found emptyName(const Input& i, const Environment& e) {
-    return i.name.isEmpty() ? Found(refusal(name, e, 285, 284)) : Found();
+    return i.name.isEmpty() ? Found(refusal(name, e, Text::NameMissing, Text::NameTitle)) : Found();
 }
 Found unusableName(const Input& i, const Environment& e) {
-    return e.isUsableName(i.name) ? Found() : Found(refusal(name, e, 484, 284));
+    return e.isUsableName(i.name) ? Found() : Found(refusal(name, e, Text::NameUnusable, Text::NameTitle));
 }
 
 Found noFileTypes(const Input& i, const Environment& e) {
     if (i.record.IsOn(F::AllFiles) || !i.record.Text(F::Extensions).trimmed().isEmpty())
         return {};
-    return refusal(extensions, e, 380, 289, MessageButtons::OkCancel);
+    return refusal(extensions, e, Text::NoFileTypes, Text::ExtensionsTitle, MessageButtons::OkCancel);
 }
 Found pointInFileTypes(const Input& i, const Environment& e) {
     if (i.record.IsOn(F::AllFiles) || !i.record.Text(F::Extensions).contains(u'.'))
         return {};
-    return refusal(extensions, e, 288, 289, MessageButtons::OkCancel);
+    return refusal(extensions, e, Text::ExtensionsWithPoint, Text::ExtensionsTitle, MessageButtons::OkCancel);
 }
 
 Found invalidDate(const Input& i, const Environment& e) {
     if (!isType(i, u"3") || modTriggerDate::Read(i.shownDate, e.locale).isValid())
         return {};
-    return refusal(date, e, 291, errorInDate);
+    return refusal(date, e, Text::DateInvalid, errorInDate);
 }
 Found pastDate(const Input& i, const Environment& e) {
     if (!isType(i, u"3") || modTriggerDate::Read(i.shownDate, e.locale) >= presentMinute(e).date())
         return {};
-    return refusal(date, e, 292, errorInDate);
+    return refusal(date, e, Text::DateInPast, errorInDate);
 }
 Found pastMoment(const Input& i, const Environment& e) {
     const QTime time = timeOf(i.shownDateTime);
@@ -197,14 +201,14 @@ Found pastMoment(const Input& i, const Environment& e) {
     if (!isType(i, u"3") || !time.isValid() || modTriggerDate::Read(i.shownDate, e.locale) != now.date() ||
         time >= now.time())
         return {};
-    return refusal(dateTime, e, 293, errorInDate);
+    return refusal(dateTime, e, Text::TimeInPast, errorInDate);
 }
 Found pastTimeOfDay(const Input& i, const Environment& e) {
     const QTime time = timeOf(i.shownTime);
     // What runs every day runs tomorrow.
     if (!isType(i, u"4") || i.record.IsOn(F::Daily) || !time.isValid() || time >= presentMinute(e).time())
         return {};
-    return refusal(timeOfDay, e, 293, errorInDate);
+    return refusal(timeOfDay, e, Text::TimeInPast, errorInDate);
 }
 
 constexpr std::array checks{
@@ -213,10 +217,12 @@ constexpr std::array checks{
     Check{"the log file exists", missingLogFile},
     Check{"the log file is none of the program's own", ownLogFile},
     Check{"the source exists",
-          [](const Input& i, const Environment& e) { return missingFolder(source, i, e, F::SourceDir, 281); }},
+          [](const Input& i, const Environment& e) {
+              return missingFolder(source, i, e, F::SourceDir, Text::SelectedSource);
+          }},
     Check{"the destination exists",
           [](const Input& i, const Environment& e) {
-              return hasDestination(i) ? missingFolder(target, i, e, F::TargetDir, 282) : Found();
+              return hasDestination(i) ? missingFolder(target, i, e, F::TargetDir, Text::SelectedDestination) : Found();
           }},
     Check{"no digit begins the name", digitInFront},
     Check{"there is a name", emptyName},
@@ -241,32 +247,42 @@ constexpr std::array checks{
           }},
     Check{"the source is not the Windows directory",
           [](const Input& i, const Environment& e) {
-              return protectedFolder(source, i, e, F::SourceDir, e.system.WindowsDirectory(), 294, 297);
+              return protectedFolder(source, i, e, F::SourceDir, e.system.WindowsDirectory(), Text::WindowsDirectory,
+                                     Text::WindowsDirectoryTitle);
           }},
     Check{"the source is not the system directory",
           [](const Input& i, const Environment& e) {
-              return protectedFolder(source, i, e, F::SourceDir, e.system.SystemDirectory(), 298, 299);
+              return protectedFolder(source, i, e, F::SourceDir, e.system.SystemDirectory(), Text::SystemDirectory,
+                                     Text::SystemDirectoryTitle);
           }},
     Check{"the destination is not the Windows directory",
           [](const Input& i, const Environment& e) {
-              return protectedFolder(target, i, e, F::TargetDir, e.system.WindowsDirectory(), 294, 297);
+              return protectedFolder(target, i, e, F::TargetDir, e.system.WindowsDirectory(), Text::WindowsDirectory,
+                                     Text::WindowsDirectoryTitle);
           }},
     Check{"the destination is not the system directory",
           [](const Input& i, const Environment& e) {
-              return protectedFolder(target, i, e, F::TargetDir, e.system.SystemDirectory(), 298, 299);
+              return protectedFolder(target, i, e, F::TargetDir, e.system.SystemDirectory(), Text::SystemDirectory,
+                                     Text::SystemDirectoryTitle);
           }},
     Check{"the source is not the root",
           [](const Input& i, const Environment& e) {
-              return protectedFolder(source, i, e, F::SourceDir, e.system.RootDirectory(), 300, 301);
+              return protectedFolder(source, i, e, F::SourceDir, e.system.RootDirectory(), Text::RootDirectory,
+                                     Text::RootDirectoryTitle);
           }},
     Check{"the destination is not the root",
           [](const Input& i, const Environment& e) {
-              return protectedFolder(target, i, e, F::TargetDir, e.system.RootDirectory(), 300, 301);
+              return protectedFolder(target, i, e, F::TargetDir, e.system.RootDirectory(), Text::RootDirectory,
+                                     Text::RootDirectoryTitle);
           }},
     Check{"mail has a sender",
-          [](const Input& i, const Environment& e) { return missingMailText(sender, i, e, F::Sender, 366); }},
+          [](const Input& i, const Environment& e) {
+              return missingMailText(sender, i, e, F::Sender, Text::SenderMissing);
+          }},
     Check{"mail has a recipient",
-          [](const Input& i, const Environment& e) { return missingMailText(recipient, i, e, F::Recipient, 302); }},
+          [](const Input& i, const Environment& e) {
+              return missingMailText(recipient, i, e, F::Recipient, Text::RecipientMissing);
+          }},
     Check{"mail has a subject", missingSubject},
     Check{"the sender is an address",
           [](const Input& i, const Environment& e) { return invalidAddress(sender, i, e, F::Sender); }},

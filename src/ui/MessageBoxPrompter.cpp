@@ -46,24 +46,24 @@ void MessageBoxPrompter::SetWindow(QWidget* window) {
 }
 
 void MessageBoxPrompter::addButtons(QMessageBox& box, MessageButtons buttons) const {
-    const auto add = [&](QMessageBox::StandardButton which, int textId) {
+    const auto add = [&](QMessageBox::StandardButton which, Text id) {
         QPushButton* button = box.addButton(which);
-        if (const QString text = m_texts.Text(textId); !text.isEmpty())
+        if (const QString text = m_texts[id]; !text.isEmpty())
             button->setText(text);
         return button;
     };
     QPushButton* safe = nullptr;
     switch (buttons) {
     case MessageButtons::YesNo:
-        add(QMessageBox::Yes, 446);
-        safe = add(QMessageBox::No, 447);
+        add(QMessageBox::Yes, Text::Yes);
+        safe = add(QMessageBox::No, Text::No);
         break;
     case MessageButtons::OkCancel:
-        add(QMessageBox::Ok, 448);
-        safe = add(QMessageBox::Cancel, 449);
+        add(QMessageBox::Ok, Text::Ok);
+        safe = add(QMessageBox::Cancel, Text::Cancel);
         break;
     case MessageButtons::Ok:
-        safe = add(QMessageBox::Ok, 448);
+        safe = add(QMessageBox::Ok, Text::Ok);
         break;
     }
     box.setDefaultButton(safe);
@@ -72,7 +72,7 @@ void MessageBoxPrompter::addButtons(QMessageBox& box, MessageButtons buttons) co
 
 void MessageBoxPrompter::countDown(QMessageBox& box, std::chrono::seconds seconds) const {
     const auto show = [this, &box](std::chrono::seconds left) {
-        box.setInformativeText(m_texts.Text(589).arg(left.count()));
+        box.setInformativeText(m_texts[Text::SecondsLeft].arg(left.count()));
     };
     show(seconds);
     auto* second = new QTimer(&box);

@@ -20,19 +20,20 @@ enum Action { Copy, Move, None, Mirror };
 struct ActionRow {
     Action code;
     const char* name;
-    int text;
+    Text text;
 };
-constexpr std::array actionRows{ActionRow{Copy, "optCopy", 347}, ActionRow{Move, "optMove", 348},
-                                ActionRow{Mirror, "optMirror", 349}, ActionRow{None, "optNoAction", 350}};
+constexpr std::array actionRows{
+    ActionRow{Copy, "optCopy", Text::CopyFiles}, ActionRow{Move, "optMove", Text::MoveFiles},
+    ActionRow{Mirror, "optMirror", Text::MirrorDirectory}, ActionRow{None, "optNoAction", Text::NoAction}};
 
 struct SwitchRow {
     ActivityField field;
     const char* name;
-    int text;
+    Text text;
 };
-constexpr std::array switchRows{SwitchRow{ActivityField::Overwrite, "chkOverwrite", 351},
-                                SwitchRow{ActivityField::OnlyNew, "chkOnlyNew", 352},
-                                SwitchRow{ActivityField::IncludeSubdirs, "chkIncludeSubdirs", 354}};
+constexpr std::array switchRows{SwitchRow{ActivityField::Overwrite, "chkOverwrite", Text::OverwriteUnasked},
+                                SwitchRow{ActivityField::OnlyNew, "chkOnlyNew", Text::OnlyNewer},
+                                SwitchRow{ActivityField::IncludeSubdirs, "chkIncludeSubdirs", Text::IncludeSubfolders}};
 
 QString withPattern(const QString& description, const char* pattern) {
     return description + QStringLiteral(" (") + QLatin1String(pattern) + u')';
@@ -42,7 +43,7 @@ QString withPattern(const QString& description, const char* pattern) {
 
 OptionsActionTab::OptionsActionTab(const EditorServices& services)
     : m_services(services), m_actions(new QButtonGroup(this)),
-      optOnlyThis(FormParts::Option("optOnlyThis", services.texts.Text(362))), txtExtensions(new QLineEdit),
+      optOnlyThis(FormParts::Option("optOnlyThis", services.texts[Text::OnlyThese])), txtExtensions(new QLineEdit),
       m_extensions(*txtExtensions) {
     auto* all = new QVBoxLayout(this);
     all->addWidget(buildAction());
@@ -55,16 +56,16 @@ OptionsActionTab::OptionsActionTab(const EditorServices& services)
 }
 
 QGroupBox* OptionsActionTab::buildAction() {
-    QGroupBox* group = FormParts::Group(m_services.texts.Text(182));
+    QGroupBox* group = FormParts::Group(m_services.texts[Text::ActionColumn]);
     auto* options = new QVBoxLayout;
     for (const ActionRow& row : actionRows) {
-        QRadioButton* option = FormParts::Option(row.name, m_services.texts.Text(row.text));
+        QRadioButton* option = FormParts::Option(row.name, m_services.texts[row.text]);
         m_actions->addButton(option, row.code);
         options->addWidget(option);
     }
     auto* switches = new QVBoxLayout;
     for (const SwitchRow& row : switchRows) {
-        QCheckBox* box = FormParts::CheckBox(row.name, m_services.texts.Text(row.text));
+        QCheckBox* box = FormParts::CheckBox(row.name, m_services.texts[row.text]);
         m_bindings.Switch(*box, row.field);
         switches->addWidget(box);
     }
@@ -79,14 +80,14 @@ QGroupBox* OptionsActionTab::buildAction() {
 
 QGroupBox* OptionsActionTab::buildFileTypes() {
     const StringTable& texts = m_services.texts;
-    QGroupBox* group = FormParts::Group(FormParts::Spoken(texts.Text(360)));
-    QRadioButton* optAll = FormParts::Option("optAll", texts.Text(361));
+    QGroupBox* group = FormParts::Group(FormParts::Spoken(texts[Text::ObservedTypes]));
+    QRadioButton* optAll = FormParts::Option("optAll", texts[Text::AllTypes]);
     auto* types = new QButtonGroup(group);
     types->addButton(optAll);
     types->addButton(optOnlyThis);
     FormParts::EnterAtChosen(*types);
-    FormParts::Name(*txtExtensions, "txtExtensions", texts.Text(390));
-    txtExtensions->setPlaceholderText(texts.Text(477));
+    FormParts::Name(*txtExtensions, "txtExtensions", texts[Text::FileExtensions]);
+    txtExtensions->setPlaceholderText(texts[Text::ExtensionsExample]);
     auto* line = new QHBoxLayout(group);
     line->setSpacing(12);
     line->addWidget(optAll);
@@ -100,16 +101,16 @@ QGroupBox* OptionsActionTab::buildFileTypes() {
 
 QGroupBox* OptionsActionTab::buildReactions() {
     const StringTable& texts = m_services.texts;
-    QGroupBox* group = FormParts::Group(texts.Text(476));
-    QCheckBox* chkAlert = FormParts::CheckBox("chkAlert", texts.Text(353));
+    QGroupBox* group = FormParts::Group(texts[Text::Reactions]);
+    QCheckBox* chkAlert = FormParts::CheckBox("chkAlert", texts[Text::AlertOnChange]);
     PathRow* program = programRow();
     PathRow* logFile = logFileRow();
     auto* grid = new QGridLayout(group);
     grid->setHorizontalSpacing(12);
     grid->addWidget(chkAlert, 0, 0, 1, 2);
-    grid->addWidget(FormParts::Label(texts.Text(355), program->Line()), 1, 0);
+    grid->addWidget(FormParts::Label(texts[Text::ExecuteOnChange], program->Line()), 1, 0);
     grid->addWidget(program, 1, 1);
-    grid->addWidget(FormParts::Label(texts.Text(356), logFile->Line()), 2, 0);
+    grid->addWidget(FormParts::Label(texts[Text::LogOfActivity], logFile->Line()), 2, 0);
     grid->addWidget(logFile, 2, 1);
     m_bindings.Switch(*chkAlert, ActivityField::Alert);
     m_bindings.Text(program->Line(), ActivityField::Executable);
@@ -121,10 +122,10 @@ PathRow* OptionsActionTab::programRow() {
     auto* line = new QLineEdit;
     line->setObjectName(QStringLiteral("txtExecutable"));
     const StringTable& texts = m_services.texts;
-    const QStringList filters{withPattern(texts.Text(131), "*"),
-                              withPattern(texts.Text(389), "*.exe *.com *.bat *.cmd *.sh *.py *.pl")};
-    return new PathRow(line, {"cmdExecutable", texts.Text(357)}, [this, filters](const QString& present) {
-        return m_services.picker.OpenFile({m_services.texts.Text(357), filters, {}, present});
+    const QStringList filters{withPattern(texts[Text::AllFiles], "*"),
+                              withPattern(texts[Text::ExecutableFiles], "*.exe *.com *.bat *.cmd *.sh *.py *.pl")};
+    return new PathRow(line, {"cmdExecutable", texts[Text::SelectProgram]}, [this, filters](const QString& present) {
+        return m_services.picker.OpenFile({m_services.texts[Text::SelectProgram], filters, {}, present});
     });
 }
 
@@ -132,9 +133,9 @@ PathRow* OptionsActionTab::logFileRow() {
     auto* line = new QLineEdit;
     line->setObjectName(QStringLiteral("txtLogFile"));
     const StringTable& texts = m_services.texts;
-    const QStringList filters{withPattern(texts.Text(130), "*.log"), withPattern(texts.Text(131), "*")};
-    return new PathRow(line, {"cmdLogFile", texts.Text(358)}, [this, filters](const QString& present) {
-        const FileRequest request{m_services.texts.Text(358), filters, {}, present};
+    const QStringList filters{withPattern(texts[Text::LogFile], "*.log"), withPattern(texts[Text::AllFiles], "*")};
+    return new PathRow(line, {"cmdLogFile", texts[Text::SelectActivityLog]}, [this, filters](const QString& present) {
+        const FileRequest request{m_services.texts[Text::SelectActivityLog], filters, {}, present};
         std::optional<QString> picked = m_services.picker.SaveFile(request, false);
         // An existing log is left alone. A file that cannot be made is told of when the activity is saved.
         if (picked)

@@ -15,7 +15,7 @@ OptionsGeneralTab::OptionsGeneralTab(const EditorServices& services)
       m_recentSources(services.settings, QStringLiteral("SourceDirs")),
       m_recentTargets(services.settings, QStringLiteral("TargetDirs")), m_target(*txtTargetDir) {
     const StringTable& texts = services.texts;
-    QCheckBox* chkActiv = FormParts::CheckBox("chkActiv", texts.Text(466));
+    QCheckBox* chkActiv = FormParts::CheckBox("chkActiv", texts[Text::ActivityEnabled]);
     auto* txtComment = new QPlainTextEdit;
     txtComment->setTabChangesFocus(true);
     txtName->setObjectName(QStringLiteral("txtName"));
@@ -25,14 +25,14 @@ OptionsGeneralTab::OptionsGeneralTab(const EditorServices& services)
 
     auto* grid = new QGridLayout(this);
     grid->setHorizontalSpacing(12);
-    grid->addWidget(FormParts::Label(texts.Text(284), *txtName), 0, 0);
+    grid->addWidget(FormParts::Label(texts[Text::NameTitle], *txtName), 0, 0);
     grid->addWidget(txtName, 0, 1);
     grid->addWidget(chkActiv, 1, 1);
-    grid->addWidget(FormParts::Label(texts.Text(180), *txtSourceDir), 2, 0);
+    grid->addWidget(FormParts::Label(texts[Text::SourceColumn], *txtSourceDir), 2, 0);
     grid->addWidget(folderRow(txtSourceDir, true), 2, 1);
-    grid->addWidget(FormParts::Label(texts.Text(181), *txtTargetDir), 3, 0);
+    grid->addWidget(FormParts::Label(texts[Text::DestinationColumn], *txtTargetDir), 3, 0);
     grid->addWidget(folderRow(txtTargetDir, false), 3, 1);
-    grid->addWidget(FormParts::Label(texts.Text(341), *txtComment), 4, 0, Qt::AlignTop);
+    grid->addWidget(FormParts::Label(texts[Text::Comment], *txtComment), 4, 0, Qt::AlignTop);
     grid->addWidget(txtComment, 4, 1);
     grid->setRowStretch(4, 1);
 
@@ -44,14 +44,15 @@ OptionsGeneralTab::OptionsGeneralTab(const EditorServices& services)
 
 PathRow* OptionsGeneralTab::folderRow(FolderEdit* edit, bool isSource) {
     const StringTable& texts = m_services.texts;
-    const QString caption = texts.Text(isSource ? 467 : 468);
+    const QString caption = texts[isSource ? Text::SelectSource : Text::SelectDestination];
     const RecentFolders& recent = isSource ? m_recentSources : m_recentTargets;
     const auto pick = [this, caption, &recent](const QString& present) {
         const QString begin = QFileInfo(present).isDir() ? present : recent.Folders().value(0);
         return m_services.picker.PickFolder({caption, {}, begin, {}});
     };
     auto* row = new PathRow(edit, {isSource ? "cmdSourceDir" : "cmdTargetDir", caption}, pick);
-    row->AddRecent({isSource ? "cmdRecentSourceDirs" : "cmdRecentTargetDirs", texts.Text(isSource ? 469 : 470)},
+    row->AddRecent({isSource ? "cmdRecentSourceDirs" : "cmdRecentTargetDirs",
+                    texts[isSource ? Text::RecentSources : Text::RecentDestinations]},
                    recent);
     return row;
 }

@@ -20,27 +20,27 @@ namespace {
 struct SwitchRow {
     ActivityField field;
     const char* name;
-    int text;
+    Text text;
 };
-constexpr std::array contents{SwitchRow{ActivityField::AttachAction, "chkAttachAction", 326},
-                              SwitchRow{ActivityField::SendLastFile, "chkSendLastFile", 328},
-                              SwitchRow{ActivityField::ComputerName, "chkComputerName", 368},
-                              SwitchRow{ActivityField::AttachLogFile, "chkAttachLogFile", 482}};
+constexpr std::array contents{SwitchRow{ActivityField::AttachAction, "chkAttachAction", Text::AttachAction},
+                              SwitchRow{ActivityField::SendLastFile, "chkSendLastFile", Text::SendLastFile},
+                              SwitchRow{ActivityField::ComputerName, "chkComputerName", Text::AttachComputerName},
+                              SwitchRow{ActivityField::AttachLogFile, "chkAttachLogFile", Text::AttachLog}};
 
-enum Row { Sender, Recipient, Copies, Subject, Text, Contents, Host, Note };
+enum Row { Sender, Recipient, Copies, Subject, MessageText, Contents, Host, Note };
 
 } // namespace
 
 OptionsMailTab::OptionsMailTab(const EditorServices& services, const KnownAddresses& known)
     : m_services(services), m_hasMailProgram(services.desktopMail.IsMailHandler()),
-      chkMail(FormParts::CheckBox("chkMail", services.texts.Text(478))),
-      cmdLoadMailFromOutlook(new QPushButton(services.texts.Text(483))), m_mail(new QWidget),
+      chkMail(FormParts::CheckBox("chkMail", services.texts[Text::NotifyByMail])),
+      cmdLoadMailFromOutlook(new QPushButton(services.texts[Text::LoadContacts])), m_mail(new QWidget),
       m_grid(new QGridLayout(m_mail)), cboSender(new ctlAutoCompleteCombo), cboRecipient(new ctlAutoCompleteCombo),
-      cboCC(new ctlAutoCompleteCombo), chkUseSMTP(FormParts::CheckBox("chkUseSMTP", services.texts.Text(364))),
-      txtSMTPHost(new QLineEdit), lblNoMailProgram(new QLabel(services.texts.Text(486))) {
-    FormParts::Name(*cmdLoadMailFromOutlook, "cmdLoadMailFromOutlook", services.texts.Text(483));
+      cboCC(new ctlAutoCompleteCombo), chkUseSMTP(FormParts::CheckBox("chkUseSMTP", services.texts[Text::UseSmtpHost])),
+      txtSMTPHost(new QLineEdit), lblNoMailProgram(new QLabel(services.texts[Text::NoMailProgram])) {
+    FormParts::Name(*cmdLoadMailFromOutlook, "cmdLoadMailFromOutlook", services.texts[Text::LoadContacts]);
     if (!m_hasMailProgram)
-        cmdLoadMailFromOutlook->setToolTip(services.texts.Text(485));
+        cmdLoadMailFromOutlook->setToolTip(services.texts[Text::NoContacts]);
     auto* top = new QHBoxLayout;
     top->addWidget(chkMail, 1);
     top->addWidget(cmdLoadMailFromOutlook);
@@ -61,17 +61,17 @@ OptionsMailTab::OptionsMailTab(const EditorServices& services, const KnownAddres
 }
 
 void OptionsMailTab::buildAddresses(const KnownAddresses& known) {
-    const auto add = [this](ctlAutoCompleteCombo& combo, const char* name, int text, Row row, ActivityField field,
+    const auto add = [this](ctlAutoCompleteCombo& combo, const char* name, Text text, Row row, ActivityField field,
                             const QStringList& offers) {
         combo.setObjectName(QLatin1String(name));
         combo.Offer(offers);
-        m_grid->addWidget(FormParts::Label(m_services.texts.Text(text), combo), row, 0);
+        m_grid->addWidget(FormParts::Label(m_services.texts[text], combo), row, 0);
         m_grid->addWidget(&combo, row, 1);
         m_bindings.Text(combo, field);
     };
-    add(*cboSender, "cboSender", 479, Sender, ActivityField::Sender, known.senders);
-    add(*cboRecipient, "cboRecipient", 322, Recipient, ActivityField::Recipient, known.recipients);
-    add(*cboCC, "cboCC", 480, Copies, ActivityField::Cc, known.copies);
+    add(*cboSender, "cboSender", Text::Sender, Sender, ActivityField::Sender, known.senders);
+    add(*cboRecipient, "cboRecipient", Text::Recipient, Recipient, ActivityField::Recipient, known.recipients);
+    add(*cboCC, "cboCC", Text::CopyTo, Copies, ActivityField::Cc, known.copies);
 }
 
 void OptionsMailTab::buildText() {
@@ -81,11 +81,11 @@ void OptionsMailTab::buildText() {
     txtMessage->setObjectName(QStringLiteral("txtMessage"));
     txtMessage->setTabChangesFocus(true);
     txtMessage->setMinimumHeight(4 * txtMessage->fontMetrics().lineSpacing());
-    m_grid->addWidget(FormParts::Label(m_services.texts.Text(323), *txtSubject), Subject, 0);
+    m_grid->addWidget(FormParts::Label(m_services.texts[Text::Subject], *txtSubject), Subject, 0);
     m_grid->addWidget(txtSubject, Subject, 1);
-    m_grid->addWidget(FormParts::Label(m_services.texts.Text(481), *txtMessage), Text, 0, Qt::AlignTop);
-    m_grid->addWidget(txtMessage, Text, 1);
-    m_grid->setRowStretch(Text, 1);
+    m_grid->addWidget(FormParts::Label(m_services.texts[Text::MessageText], *txtMessage), MessageText, 0, Qt::AlignTop);
+    m_grid->addWidget(txtMessage, MessageText, 1);
+    m_grid->setRowStretch(MessageText, 1);
     m_bindings.Text(*txtSubject, ActivityField::Subject);
     m_bindings.Text(*txtMessage, ActivityField::Message);
 }
@@ -95,7 +95,7 @@ void OptionsMailTab::buildContents() {
     boxes->setHorizontalSpacing(24);
     int at = 0;
     for (const SwitchRow& row : contents) {
-        QCheckBox* box = FormParts::CheckBox(row.name, m_services.texts.Text(row.text));
+        QCheckBox* box = FormParts::CheckBox(row.name, m_services.texts[row.text]);
         boxes->addWidget(box, at / 2, at % 2);
         ++at;
         m_bindings.Switch(*box, row.field);
@@ -105,8 +105,8 @@ void OptionsMailTab::buildContents() {
 }
 
 void OptionsMailTab::buildHost() {
-    FormParts::Name(*txtSMTPHost, "txtSMTPHost", m_services.texts.Text(364));
-    txtSMTPHost->setPlaceholderText(m_services.texts.Text(487));
+    FormParts::Name(*txtSMTPHost, "txtSMTPHost", m_services.texts[Text::UseSmtpHost]);
+    txtSMTPHost->setPlaceholderText(m_services.texts[Text::MailHostOfRecipient]);
     lblNoMailProgram->setObjectName(QStringLiteral("lblNoMailProgram"));
     lblNoMailProgram->setTextFormat(Qt::PlainText);
     lblNoMailProgram->setWordWrap(true);
@@ -133,8 +133,8 @@ void OptionsMailTab::loadContacts() {
     const std::optional<QStringList> contacts = m_services.desktopMail.Contacts();
     if (!contacts) {
         const StringTable& texts = m_services.texts;
-        m_services.prompter.Ask({texts.Text(308) + QStringLiteral("\n\n") + texts.Text(309), texts.Text(310),
-                                 MessageIcon::Critical, MessageButtons::Ok});
+        m_services.prompter.Ask({texts[Text::ContactsUnreadable] + QStringLiteral("\n\n") + texts[Text::EnterRecipient],
+                                 texts[Text::ContactsTitle], MessageIcon::Critical, MessageButtons::Ok});
         return;
     }
     for (ctlAutoCompleteCombo* combo : {cboRecipient, cboCC}) {

@@ -16,15 +16,20 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <array>
 
 namespace {
 
 enum Type { Seconds, Minutes, Hours, AtDate, AtTime };
 
-constexpr int firstUnitText = 337;
 constexpr int longestInterval = 120;
 
 const QString timeFormat = QStringLiteral("hh:mm");
+
+Text unitText(int type) {
+    constexpr std::array units{Text::Seconds, Text::Minutes, Text::Hours};
+    return units.at(static_cast<std::size_t>(type));
+}
 
 /// A time as the mask shows it: two digits each, right or wrong.
 QString spelledTime(const QString& stored) {
@@ -54,9 +59,10 @@ void setWanted(MaskedField& field, bool wanted) {
 OptionsScheduleTab::OptionsScheduleTab(const EditorServices& services)
     : m_texts(services.texts), m_locale(services.locale), m_dateFormat(DateOrder::Format(services.locale)),
       m_types(new QButtonGroup(this)), sldInterval(new QSlider(Qt::Horizontal)), spnInterval(new QSpinBox),
-      chkRunningMode(FormParts::CheckBox("chkRunningMode", m_texts.Text(340))), txtDate(new MaskedField(m_dateFormat)),
-      txtDateTime(new MaskedField(timeFormat)), cmdSelectDate(new QPushButton(m_texts.Text(342))),
-      txtTime(new MaskedField(timeFormat)), chkDaily(FormParts::CheckBox("chkDaily", m_texts.Text(343))) {
+      chkRunningMode(FormParts::CheckBox("chkRunningMode", m_texts[Text::OnceOnly])),
+      txtDate(new MaskedField(m_dateFormat)), txtDateTime(new MaskedField(timeFormat)),
+      cmdSelectDate(new QPushButton(m_texts[Text::SelectDate])), txtTime(new MaskedField(timeFormat)),
+      chkDaily(FormParts::CheckBox("chkDaily", m_texts[Text::Daily])) {
     auto* all = new QVBoxLayout(this);
     all->addWidget(buildInterval());
     all->addWidget(buildFixedTimes());
@@ -69,19 +75,19 @@ OptionsScheduleTab::OptionsScheduleTab(const EditorServices& services)
 }
 
 QGroupBox* OptionsScheduleTab::buildInterval() {
-    QGroupBox* group = FormParts::Group(m_texts.Text(336));
+    QGroupBox* group = FormParts::Group(m_texts[Text::IntervalSettings]);
     auto* units = new QHBoxLayout;
     units->setSpacing(24);
     int type = Seconds;
     for (const char* name : {"optSeconds", "optMinutes", "optHours"}) {
-        QRadioButton* option = FormParts::Option(name, m_texts.Text(firstUnitText + type));
+        QRadioButton* option = FormParts::Option(name, m_texts[unitText(type)]);
         m_types->addButton(option, type++);
         units->addWidget(option);
     }
     units->addStretch(1);
 
-    FormParts::Name(*sldInterval, "sldInterval", m_texts.Text(336));
-    FormParts::Name(*spnInterval, "spnInterval", m_texts.Text(336));
+    FormParts::Name(*sldInterval, "sldInterval", m_texts[Text::IntervalSettings]);
+    FormParts::Name(*spnInterval, "spnInterval", m_texts[Text::IntervalSettings]);
     sldInterval->setRange(1, longestInterval);
     sldInterval->setPageStep(10);
     sldInterval->setTickPosition(QSlider::TicksBelow);
@@ -90,7 +96,7 @@ QGroupBox* OptionsScheduleTab::buildInterval() {
     // Wide enough for every unit, so that nothing jumps.
     int widest = 0;
     for (const int unit : {Seconds, Minutes, Hours}) {
-        spnInterval->setSuffix(u' ' + m_texts.Text(firstUnitText + unit));
+        spnInterval->setSuffix(u' ' + m_texts[unitText(unit)]);
         widest = std::max(widest, spnInterval->sizeHint().width());
     }
     spnInterval->setMinimumWidth(widest);
@@ -110,20 +116,20 @@ QGroupBox* OptionsScheduleTab::buildInterval() {
 }
 
 QGroupBox* OptionsScheduleTab::buildFixedTimes() {
-    QGroupBox* group = FormParts::Group(m_texts.Text(472));
-    QRadioButton* optDate = FormParts::Option("optDate", m_texts.Text(473));
-    QRadioButton* optTime = FormParts::Option("optTime", m_texts.Text(474));
+    QGroupBox* group = FormParts::Group(m_texts[Text::FixedTime]);
+    QRadioButton* optDate = FormParts::Option("optDate", m_texts[Text::OnceOnDate]);
+    QRadioButton* optTime = FormParts::Option("optTime", m_texts[Text::AtTimeOfDay]);
     m_types->addButton(optDate, AtDate);
     m_types->addButton(optTime, AtTime);
-    FormParts::Name(*txtDate, "txtDate", m_texts.Text(344));
-    FormParts::Name(*txtTime, "txtTime", m_texts.Text(345));
-    FormParts::Name(*cmdSelectDate, "cmdSelectDate", m_texts.Text(342));
+    FormParts::Name(*txtDate, "txtDate", m_texts[Text::Date]);
+    FormParts::Name(*txtTime, "txtTime", m_texts[Text::Time]);
+    FormParts::Name(*cmdSelectDate, "cmdSelectDate", m_texts[Text::SelectDate]);
     txtDateTime->setObjectName(QStringLiteral("txtDateTime"));
-    m_order = new QLabel(DateOrder::Spelled(m_dateFormat, m_texts.Text(475)));
+    m_order = new QLabel(DateOrder::Spelled(m_dateFormat, m_texts[Text::DateOrderLetters]));
     m_order->setTextFormat(Qt::PlainText);
     txtDate->setAccessibleDescription(m_order->text());
 
-    m_timeLabel = FormParts::Label(m_texts.Text(345), *txtDateTime);
+    m_timeLabel = FormParts::Label(m_texts[Text::Time], *txtDateTime);
 
     // Both options begin their own line; their fields stand below each other.
     auto* dateFields = new QHBoxLayout;
@@ -181,7 +187,7 @@ void OptionsScheduleTab::followSchedule() {
     for (QWidget* widget : {static_cast<QWidget*>(sldInterval), static_cast<QWidget*>(spnInterval),
                             static_cast<QWidget*>(chkRunningMode)})
         widget->setEnabled(isInterval);
-    spnInterval->setSuffix(isInterval ? u' ' + m_texts.Text(firstUnitText + type) : QString());
+    spnInterval->setSuffix(isInterval ? u' ' + m_texts[unitText(type)] : QString());
     setWanted(*txtDate, type == AtDate);
     setWanted(*txtDateTime, type == AtDate);
     for (QWidget* widget :
@@ -197,7 +203,7 @@ void OptionsScheduleTab::pickDate() {
     popup->setAttribute(Qt::WA_DeleteOnClose);
     popup->setFrameShape(QFrame::StyledPanel);
     auto* calendar = new QCalendarWidget;
-    FormParts::Name(*calendar, "calDate", m_texts.Text(342));
+    FormParts::Name(*calendar, "calDate", m_texts[Text::SelectDate]);
     calendar->setLocale(m_locale);
     calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     if (const QDate date = modTriggerDate::Read(ShownDate(), m_locale); date.isValid())

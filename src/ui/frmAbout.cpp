@@ -32,21 +32,21 @@ QLabel* linkLabel(const QString& caption) {
 
 frmAbout::frmAbout(const StringTable& texts, QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("frmAbout"));
-    setWindowTitle(texts.Text(527));
+    setWindowTitle(texts[Text::AboutTitle]);
 
     auto* picture = new QLabel;
     picture->setPixmap(Icons::Icon(Icons::Picture::Monitoring).pixmap(64, 64));
     picture->setAlignment(Qt::AlignTop);
-    QLabel* version = FormParts::PlainText("lblVersion", texts.Text(528).arg(QStringLiteral(KALVENOR_VERSION)));
-    QLabel* notice = FormParts::PlainText("lblNotice", texts.Text(529));
+    QLabel* version = FormParts::PlainText("lblVersion", texts[Text::Version].arg(QStringLiteral(KALVENOR_VERSION)));
+    QLabel* notice = FormParts::PlainText("lblNotice", texts[Text::Warranty]);
     notice->setWordWrap(true);
     notice->setMinimumWidth(notice->fontMetrics().averageCharWidth() * 60);
-    QLabel* link = linkLabel(texts.Text(103));
+    QLabel* link = linkLabel(texts[Text::VisitWebSite]);
     connect(link, &QLabel::linkActivated, this, &frmAbout::HomePageWanted);
 
     auto* buttons = new QDialogButtonBox(this);
-    QPushButton* system = buttons->addButton(texts.Text(530), QDialogButtonBox::ActionRole);
-    QPushButton* ok = FormParts::AddButton(*buttons, QDialogButtonBox::Ok, "cmdOK", texts.Text(448));
+    QPushButton* system = buttons->addButton(texts[Text::SystemInformation], QDialogButtonBox::ActionRole);
+    QPushButton* ok = FormParts::AddButton(*buttons, QDialogButtonBox::Ok, "cmdOK", texts[Text::Ok]);
     system->setObjectName(QStringLiteral("cmdSysInfo"));
     system->setAutoDefault(false);
     ok->setDefault(true);

@@ -16,19 +16,19 @@ frmDisclaimer::frmDisclaimer(const StringTable& texts, QWidget* parent) : QDialo
     sign->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(48, 48));
     sign->setAlignment(Qt::AlignTop);
 
-    QLabel* heading = FormParts::PlainText("lblHeading", texts.Text(110));
+    QLabel* heading = FormParts::PlainText("lblHeading", texts[Text::Attention]);
     QFont large = heading->font();
     large.setBold(true);
     large.setPointSizeF(large.pointSizeF() * 1.3);
     heading->setFont(large);
 
-    QLabel* notice = FormParts::PlainText("lblNotice", texts.Text(109));
+    QLabel* notice = FormParts::PlainText("lblNotice", texts[Text::LegalNotice]);
     notice->setWordWrap(true);
     notice->setMinimumWidth(notice->fontMetrics().averageCharWidth() * 70);
 
     auto* buttons = new QDialogButtonBox(this);
-    QPushButton* accept = FormParts::AddButton(*buttons, QDialogButtonBox::Ok, "cmdAccept", texts.Text(111));
-    QPushButton* decline = FormParts::AddButton(*buttons, QDialogButtonBox::Cancel, "cmdDecline", texts.Text(112));
+    QPushButton* accept = FormParts::AddButton(*buttons, QDialogButtonBox::Ok, "cmdAccept", texts[Text::Accept]);
+    QPushButton* decline = FormParts::AddButton(*buttons, QDialogButtonBox::Cancel, "cmdDecline", texts[Text::Decline]);
     // Enter must not accept what nobody has read.
     accept->setAutoDefault(false);
     decline->setDefault(true);

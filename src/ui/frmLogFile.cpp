@@ -16,7 +16,7 @@ constexpr qint64 BytesPerMebibyte = 1 << 20;
 } // namespace
 
 frmLogFile::frmLogFile(const StringTable& texts, QWidget* parent)
-    : QDialog(parent), m_texts(texts), m_text(modTextBox::Make(QStringLiteral("rtfText"), texts.Text(130))),
+    : QDialog(parent), m_texts(texts), m_text(modTextBox::Make(QStringLiteral("rtfText"), texts[Text::LogFile])),
       m_refresh(new QTimer(this)) {
     setObjectName(QStringLiteral("frmLogFile"));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
@@ -44,9 +44,10 @@ void frmLogFile::StartTimer() {
 void frmLogFile::load() {
     const modLogTail::Tail tail = modLogTail::Read(modNativePath::FromText(m_path), MostMebibytes * BytesPerMebibyte);
     // The note stands where the missing lines would.
-    const QString note = tail.isShortened ? QString(u'[' + m_texts.Text(521).arg(MostMebibytes) + u"]\n\n") : QString();
-    m_text->setPlaceholderText(tail.error ? m_texts.Text(522) + u'\n' + QString::fromLocal8Bit(tail.error.message())
-                                          : QString());
+    const QString note =
+        tail.isShortened ? QString(u'[' + m_texts[Text::LogCutOff].arg(MostMebibytes) + u"]\n\n") : QString();
+    m_text->setPlaceholderText(
+        tail.error ? m_texts[Text::LogUnreadable] + u'\n' + QString::fromLocal8Bit(tail.error.message()) : QString());
     m_text->setPlainText(note + tail.text);
     m_text->moveCursor(QTextCursor::End);
 }

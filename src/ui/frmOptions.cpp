@@ -25,7 +25,7 @@ frmOptions::frmOptions(const EditorServices& services, Request request, QWidget*
       m_action(new OptionsActionTab(m_services)), m_mail(new OptionsMailTab(m_services, m_request.known)) {
     const StringTable& texts = m_services.texts;
     setObjectName(QStringLiteral("frmOptions"));
-    setWindowTitle(m_request.name.isEmpty() ? texts.Text(460) : texts.Text(461).arg(m_request.name));
+    setWindowTitle(m_request.name.isEmpty() ? texts[Text::NewActivity] : texts[Text::PropertiesOf].arg(m_request.name));
     auto* all = new QVBoxLayout(this);
     all->addWidget(m_tabs, 1);
     buildTabs();
@@ -46,22 +46,22 @@ frmOptions::frmOptions(const EditorServices& services, Request request, QWidget*
 
 void frmOptions::buildTabs() {
     m_tabs->setObjectName(QStringLiteral("tabOptions"));
-    const auto add = [this](EditorChecks::Tab tab, QWidget* page, const char* name, int text) {
-        const QString caption = m_services.texts.Text(text);
+    const auto add = [this](EditorChecks::Tab tab, QWidget* page, const char* name, Text text) {
+        const QString caption = m_services.texts[text];
         FormParts::Name(*page, name, caption);
         m_tabs->insertTab(static_cast<int>(tab), new ScrollPage(page), caption);
     };
-    add(EditorChecks::Tab::Directories, m_general, "tabGeneral", 462);
-    add(EditorChecks::Tab::Schedule, m_schedule, "tabSchedule", 463);
-    add(EditorChecks::Tab::Action, m_action, "tabAction", 464);
-    add(EditorChecks::Tab::Mail, m_mail, "tabMail", 465);
+    add(EditorChecks::Tab::Directories, m_general, "tabGeneral", Text::DirectoriesTab);
+    add(EditorChecks::Tab::Schedule, m_schedule, "tabSchedule", Text::ScheduleTab);
+    add(EditorChecks::Tab::Action, m_action, "tabAction", Text::ActionTab);
+    add(EditorChecks::Tab::Mail, m_mail, "tabMail", Text::MailTab);
 }
 
 void frmOptions::buildButtons() {
     const StringTable& texts = m_services.texts;
     auto* buttons = new QDialogButtonBox(this);
-    QPushButton* ok = FormParts::AddButton(*buttons, QDialogButtonBox::Ok, "cmdOK", texts.Text(448));
-    QPushButton* cancel = FormParts::AddButton(*buttons, QDialogButtonBox::Cancel, "cmdCancel", texts.Text(449));
+    QPushButton* ok = FormParts::AddButton(*buttons, QDialogButtonBox::Ok, "cmdOK", texts[Text::Ok]);
+    QPushButton* cancel = FormParts::AddButton(*buttons, QDialogButtonBox::Cancel, "cmdCancel", texts[Text::Cancel]);
     ok->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &frmOptions::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, [this] { done(Rejected); });
@@ -95,7 +95,8 @@ void frmOptions::accept() {
 bool frmOptions::MayBeDropped() {
     if (m_over || (Name() == m_shownName && Record() == m_shownRecord))
         return true;
-    const Message question{m_services.texts.Text(651), windowTitle(), MessageIcon::Question, MessageButtons::YesNo};
+    const Message question{m_services.texts[Text::DropChanges], windowTitle(), MessageIcon::Question,
+                           MessageButtons::YesNo};
     return m_services.prompter.Ask(question) == MessageAnswer::Yes;
 }
 
@@ -130,7 +131,7 @@ bool frmOptions::write() {
     if (Name() != m_request.name)
         lead(EditorChecks::Tab::Directories, "txtName");
     const auto tell = [this](const QString& text) {
-        m_services.prompter.Ask({text, m_services.texts.Text(107), MessageIcon::Exclamation, MessageButtons::Ok});
+        m_services.prompter.Ask({text, m_services.texts[Text::Error], MessageIcon::Exclamation, MessageButtons::Ok});
     };
     try {
         return m_request.write(Name(), Record());

@@ -10,22 +10,22 @@
 #include <QVBoxLayout>
 
 frmSearch::frmSearch(const StringTable& texts, const QString& text, bool matchCase, QWidget* parent)
-    : QDialog(parent), m_text(new QLineEdit(text)), m_matchCase(new QCheckBox(texts.Text(377))) {
+    : QDialog(parent), m_text(new QLineEdit(text)), m_matchCase(new QCheckBox(texts[Text::MatchCase])) {
     setObjectName(QStringLiteral("frmSearch"));
-    setWindowTitle(texts.Text(375));
+    setWindowTitle(texts[Text::Search]);
 
-    auto* label = new QLabel(texts.Text(376));
+    auto* label = new QLabel(texts[Text::SearchText]);
     label->setBuddy(m_text);
     m_text->setObjectName(QStringLiteral("txtSearchText"));
-    m_text->setAccessibleName(texts.Text(376));
+    m_text->setAccessibleName(texts[Text::SearchText]);
     m_text->setMinimumWidth(m_text->fontMetrics().averageCharWidth() * 45);
     m_text->selectAll();
     m_matchCase->setObjectName(QStringLiteral("chkMatchCase"));
     m_matchCase->setChecked(matchCase);
 
     auto* buttons = new QDialogButtonBox(this);
-    QPushButton* ok = FormParts::AddButton(*buttons, QDialogButtonBox::Ok, "cmdOK", texts.Text(448));
-    FormParts::AddButton(*buttons, QDialogButtonBox::Cancel, "cmdCancel", texts.Text(525));
+    QPushButton* ok = FormParts::AddButton(*buttons, QDialogButtonBox::Ok, "cmdOK", texts[Text::Ok]);
+    FormParts::AddButton(*buttons, QDialogButtonBox::Cancel, "cmdCancel", texts[Text::CancelButton]);
     ok->setEnabled(!text.isEmpty());
     connect(m_text, &QLineEdit::textChanged, ok, [ok](const QString& now) { ok->setEnabled(!now.isEmpty()); });
     ok->setDefault(true);

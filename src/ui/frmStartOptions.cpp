@@ -27,18 +27,18 @@ using Options = frmStartOptions::Options;
 
 struct Switch {
     const char* control;
-    int caption;
+    Text caption;
     bool Options::*value;
 };
 
 constexpr std::array<Switch, 7> switches{{
-    {"chkStartWithWindows", 119, &Options::startWithWindows},
-    {"chkMinToTray", 120, &Options::minToTray},
-    {"chkShutdown", 121, &Options::shutdown},
-    {"chkStartUp", 122, &Options::startUp},
-    {"chkLogfileRefresh", 123, &Options::logfileRefresh},
-    {"chkExitAlert", 405, &Options::exitAlert},
-    {"chkStopIfFolderNotExist", 429, &Options::stopIfFolderNotExist},
+    {"chkStartWithWindows", Text::StartWithSession, &Options::startWithWindows},
+    {"chkMinToTray", Text::MinimizeToTray, &Options::minToTray},
+    {"chkShutdown", Text::ShutdownWhenFinished, &Options::shutdown},
+    {"chkStartUp", Text::MonitorAfterStart, &Options::startUp},
+    {"chkLogfileRefresh", Text::RefreshLogView, &Options::logfileRefresh},
+    {"chkExitAlert", Text::ActivateSafeExit, &Options::exitAlert},
+    {"chkStopIfFolderNotExist", Text::StopWithoutDirectory, &Options::stopIfFolderNotExist},
 }};
 constexpr std::size_t startWithWindows = 0;
 
@@ -78,7 +78,7 @@ void createMissing(OwnFiles& files, const std::filesystem::path& log) {
 frmStartOptions::frmStartOptions(const Parts& parts, const Options& options, QWidget* parent)
     : QDialog(parent), m_parts(parts) {
     setObjectName(QStringLiteral("frmStartOptions"));
-    setWindowTitle(parts.texts.Text(117));
+    setWindowTitle(parts.texts[Text::GeneralOptions]);
     auto* all = new QVBoxLayout(this);
     all->setSpacing(12);
     all->addWidget(buildSwitches(options));
@@ -89,10 +89,10 @@ frmStartOptions::frmStartOptions(const Parts& parts, const Options& options, QWi
 }
 
 QGroupBox* frmStartOptions::buildSwitches(const Options& options) {
-    auto* frame = new QGroupBox(m_parts.texts.Text(118));
+    auto* frame = new QGroupBox(m_parts.texts[Text::GeneralSettings]);
     auto* rows = new QVBoxLayout(frame);
     for (const Switch& row : switches) {
-        auto* box = new QCheckBox(m_parts.texts.Text(row.caption));
+        auto* box = new QCheckBox(m_parts.texts[row.caption]);
         box->setObjectName(QLatin1String(row.control));
         box->setChecked(options.*row.value);
         rows->addWidget(box);
@@ -104,12 +104,12 @@ QGroupBox* frmStartOptions::buildSwitches(const Options& options) {
 }
 
 QGroupBox* frmStartOptions::buildLogFile(const Options& options) {
-    auto* frame = new QGroupBox(m_parts.texts.Text(124));
+    auto* frame = new QGroupBox(m_parts.texts[Text::ApplicationLog]);
     m_loggingPath = new PathEdit(options.loggingPath);
     m_loggingPath->setObjectName(QStringLiteral("txtLoggingPath"));
-    m_loggingPath->setAccessibleName(m_parts.texts.Text(124));
+    m_loggingPath->setAccessibleName(m_parts.texts[Text::ApplicationLog]);
     m_loggingPath->setMinimumWidth(m_loggingPath->fontMetrics().averageCharWidth() * 50);
-    auto* select = new QPushButton(m_parts.texts.Text(128));
+    auto* select = new QPushButton(m_parts.texts[Text::SelectFile]);
     select->setObjectName(QStringLiteral("cmdSelectFile"));
     select->setAutoDefault(false);
     connect(select, &QPushButton::clicked, this, &frmStartOptions::selectFile);
@@ -122,9 +122,9 @@ QGroupBox* frmStartOptions::buildLogFile(const Options& options) {
 QDialogButtonBox* frmStartOptions::buildButtons() {
     auto* buttons = new QDialogButtonBox(this);
     const StringTable& texts = m_parts.texts;
-    FormParts::AddButton(*buttons, QDialogButtonBox::Save, "cmdSave", texts.Text(125))->setDefault(true);
-    FormParts::AddButton(*buttons, QDialogButtonBox::Cancel, "cmdCancel", texts.Text(126));
-    FormParts::AddButton(*buttons, QDialogButtonBox::Help, "cmdHelp", texts.Text(127));
+    FormParts::AddButton(*buttons, QDialogButtonBox::Save, "cmdSave", texts[Text::Save])->setDefault(true);
+    FormParts::AddButton(*buttons, QDialogButtonBox::Cancel, "cmdCancel", texts[Text::CancelOptions]);
+    FormParts::AddButton(*buttons, QDialogButtonBox::Help, "cmdHelp", texts[Text::Help]);
     connect(buttons, &QDialogButtonBox::accepted, this, &frmStartOptions::save);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(buttons, &QDialogButtonBox::helpRequested, this, &frmStartOptions::HelpWanted);
@@ -147,15 +147,16 @@ bool frmStartOptions::acceptsLogPath() {
     const StringTable& texts = m_parts.texts;
     QString objection;
     if (m_parts.files.FolderExists(log)) {
-        objection = texts.Text(653).arg(m_loggingPath->text());
+        objection = texts[Text::LogIsDirectory].arg(m_loggingPath->text());
     } else {
         createMissing(m_parts.files, log);
         if (m_parts.files.FolderExists(log.parent_path()))
             return true;
-        objection = texts.Text(132) + modNativePath::ToText(log.parent_path()) + texts.Text(133) +
-                    QStringLiteral("\n\n") + texts.Text(134);
+        objection = texts[Text::SelectedDirectory] + modNativePath::ToText(log.parent_path()) +
+                    texts[Text::DoesNotExist] + QStringLiteral("\n\n") + texts[Text::SelectValidDirectory];
     }
-    m_parts.prompter.Ask({objection, texts.Text(135), MessageIcon::Exclamation, MessageButtons::Ok});
+    m_parts.prompter.Ask(
+        {objection, texts[Text::DirectoryNotFoundTitle], MessageIcon::Exclamation, MessageButtons::Ok});
     m_loggingPath->setFocus();
     return false;
 }
@@ -172,17 +173,18 @@ void frmStartOptions::CreateAutoStart() {
     const std::error_code error =
         wanted ? m_parts.autostart.Create(autostartName, m_parts.program) : m_parts.autostart.Remove(autostartName);
     if (error)
-        m_parts.prompter.Ask({m_parts.texts.Text(520) + u'\n' + QString::fromLocal8Bit(error.message()),
-                              m_parts.texts.Text(107), MessageIcon::Exclamation, MessageButtons::Ok});
+        m_parts.prompter.Ask(
+            {m_parts.texts[Text::AutostartNotChanged] + u'\n' + QString::fromLocal8Bit(error.message()),
+             m_parts.texts[Text::Error], MessageIcon::Exclamation, MessageButtons::Ok});
 }
 
 void frmStartOptions::selectFile() {
     const QString last =
         m_parts.settings.Read(SettingsStore::OwnApplication, lastFileSection, lastLogKey).value_or(QString());
     FileRequest request;
-    request.title = m_parts.texts.Text(129);
-    request.filters = {m_parts.texts.Text(130) + QStringLiteral(" (*.log)"),
-                       m_parts.texts.Text(131) + QStringLiteral(" (*.*)")};
+    request.title = m_parts.texts[Text::SelectLogFile];
+    request.filters = {m_parts.texts[Text::LogFile] + QStringLiteral(" (*.log)"),
+                       m_parts.texts[Text::AllFiles] + QStringLiteral(" (*.*)")};
     request.folder = last.isEmpty() ? QString() : QFileInfo(last).path();
     request.file = m_loggingPath->text();
     const std::optional<QString> chosen = m_parts.picker.SaveFile(request, false);

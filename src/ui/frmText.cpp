@@ -19,8 +19,8 @@ frmText::frmText(const StringTable& texts, const QString& title, const QString& 
     box->setPlainText(text);
 
     auto* buttons = new QDialogButtonBox(this);
-    QPushButton* copy = buttons->addButton(texts.Text(532), QDialogButtonBox::ActionRole);
-    QPushButton* close = FormParts::AddButton(*buttons, QDialogButtonBox::Close, "cmdClose", texts.Text(531));
+    QPushButton* copy = buttons->addButton(texts[Text::CopyToClipboard], QDialogButtonBox::ActionRole);
+    QPushButton* close = FormParts::AddButton(*buttons, QDialogButtonBox::Close, "cmdClose", texts[Text::Close]);
     copy->setObjectName(QStringLiteral("cmdCopy"));
     copy->setAutoDefault(false);
     close->setDefault(true);

@@ -61,7 +61,7 @@ class TestCommands final : public QObject {
         };
         QTest::keyClick(&window.View(), Qt::Key_Return);
         QCOMPARE(window.editor.shown.Text(ActivityField::Interval), u"2"_qs);
-        QCOMPARE(world.prompter.shown.back().text, world.texts.Text(386));
+        QCOMPARE(world.prompter.shown.back().text, world.texts[Text::NameTaken]);
         QCOMPARE(window.Names(), (QStringList{u"A"_qs, u"C"_qs, u"B"_qs}));
         QVERIFY(bytesOf(world.DefaultFile()).contains("<comment>changed</comment>"));
         QVERIFY(window.program.List().IsChecked(2) && !window.program.List().IsTakenOut(u"B"_qs));
@@ -89,7 +89,8 @@ class TestCommands final : public QObject {
                 return write(u"B"_qs, window.editor.shown) || write(u"B"_qs, window.editor.shown);
             };
             window.Command("mnuProperties").trigger();
-            const QString asked = u"Error: "_qs + world.texts.Text(432) + u"\n\n"_qs + world.texts.Text(650);
+            const QString asked = u"Error: "_qs + world.texts[Text::FileChangedOutside] + u"\n\n"_qs +
+                                  world.texts[Text::LoadAgainQuestion];
             QCOMPARE(world.prompter.Told(), QStringList(reloads ? 1 : 2, asked));
             QCOMPARE(bytesOf(world.DefaultFile()) == foreign.toLatin1(), !reloads);
             QCOMPARE(window.Names(), reloads ? QStringList({u"Elsewhere"_qs, u"B"_qs}) : three);
@@ -103,7 +104,7 @@ class TestCommands final : public QObject {
         Window window(world);
         window.Command("mnuAddDir").trigger();
         QVERIFY(window.editor.opened.isEmpty());
-        QCOMPARE(world.prompter.shown.back().text, world.texts.Text(433));
+        QCOMPARE(world.prompter.shown.back().text, world.texts[Text::FileNotLoaded]);
     }
 
     /// Another program has changed the file, so nothing can be saved.
@@ -119,7 +120,7 @@ class TestCommands final : public QObject {
         window.program.Monitoring().ToggleMonitoring();
         window.Select({u"B"_qs});
         world.prompter.onAsk = [&](const Message& asked) {
-            world.prompter.yes = !asked.text.startsWith(world.texts.Text(432));
+            world.prompter.yes = !asked.text.startsWith(world.texts[Text::FileChangedOutside]);
         };
         const QString before = window.program.Document().XML();
         window.editor.onEdit = [&](const ActivityEditor::Writer& write) {
@@ -131,7 +132,7 @@ class TestCommands final : public QObject {
         const QByteArray bytes = bytesOf(world.DefaultFile());
         AppFixture::Write(world.DefaultFile(), QString::fromLatin1(bytes + ' '));
         window.Command(qPrintable(command)).trigger();
-        QVERIFY(world.prompter.shown.back().text.startsWith(world.texts.Text(432)));
+        QVERIFY(world.prompter.shown.back().text.startsWith(world.texts[Text::FileChangedOutside]));
         QCOMPARE(window.program.Document().XML(), before);
         QVERIFY(window.Names() == three && window.program.List().IsChecked(1));
         AppFixture::Write(world.DefaultFile(), QString::fromLatin1(bytes));
@@ -141,17 +142,18 @@ class TestCommands final : public QObject {
         QTest::addColumn<QString>("current");
         QTest::addColumn<bool>("yes");
         QTest::addColumn<bool>("canBeDeleted");
-        QTest::addColumn<QList<int>>("boxes");
-        QTest::newRow("another file") << u"other.kvd"_qs << true << true << QList<int>{269, 271};
-        QTest::newRow("the default file") << QString() << true << true << QList<int>{269};
-        QTest::newRow("not wanted") << u"other.kvd"_qs << false << true << QList<int>{269};
-        QTest::newRow("refused") << u"other.kvd"_qs << true << false << QList<int>{269, 0};
+        QTest::addColumn<QList<Text>>("boxes");
+        QTest::newRow("another file") << u"other.kvd"_qs << true << true
+                                      << QList<Text>{Text::ClearAllQuestion, Text::DefaultListRestored};
+        QTest::newRow("the default file") << QString() << true << true << QList<Text>{Text::ClearAllQuestion};
+        QTest::newRow("not wanted") << u"other.kvd"_qs << false << true << QList<Text>{Text::ClearAllQuestion};
+        QTest::newRow("refused") << u"other.kvd"_qs << true << false << QList<Text>{Text::ClearAllQuestion, Text::None};
     }
     void clears() {
         QFETCH(QString, current);
         QFETCH(bool, yes);
         QFETCH(bool, canBeDeleted);
-        QFETCH(QList<int>, boxes);
+        QFETCH(QList<Text>, boxes);
         World world;
         Window window(world);
         Program& program = window.program;
@@ -168,14 +170,14 @@ class TestCommands final : public QObject {
         }
         world.prompter.yes = yes;
         world.prompter.onAsk = [&](const Message& message) {
-            if (message.text == world.texts.Text(271))
+            if (message.text == world.texts[Text::DefaultListRestored])
                 QVERIFY(!program.Monitoring().IsOn() && world.locks->held.empty() && window.Names() == three);
         };
         window.Command("mnuDeleteAllActivities").trigger();
         QCOMPARE(world.prompter.shown.size(), static_cast<std::size_t>(boxes.size()));
         for (const Message& box : world.prompter.shown)
-            if (const int text = boxes.takeFirst())
-                QCOMPARE(box.text, world.texts.Text(text));
+            if (const Text text = boxes.takeFirst(); text != Text::None)
+                QCOMPARE(box.text, world.texts[text]);
         const bool cleared = yes && canBeDeleted;
         QCOMPARE(program.Monitoring().IsOn(), !cleared);
         QCOMPARE(program.File().CurrentPath(), cleared ? world.DefaultFile() : path);
@@ -186,14 +188,15 @@ class TestCommands final : public QObject {
 
     void imports_data() {
         QTest::addColumn<QString>("chosen"); // "" not even asked for
-        QTest::addColumn<QList<int>>("boxes");
-        QTest::newRow("other") << u"other.kvd"_qs << QList<int>{166};
-        QTest::newRow("not wanted") << QString() << QList<int>{166};
-        QTest::newRow("the same") << u"program/Kalvenor.kvd"_qs << QList<int>{166, 372};
+        QTest::addColumn<QList<Text>>("boxes");
+        QTest::newRow("other") << u"other.kvd"_qs << QList<Text>{Text::ReallyProceed};
+        QTest::newRow("not wanted") << QString() << QList<Text>{Text::ReallyProceed};
+        QTest::newRow("the same") << u"program/Kalvenor.kvd"_qs
+                                  << QList<Text>{Text::ReallyProceed, Text::CannotImportCurrent};
     }
     void imports() {
         QFETCH(QString, chosen);
-        QFETCH(QList<int>, boxes);
+        QFETCH(QList<Text>, boxes);
         const bool imported = chosen == u"other.kvd";
         World world;
         world.prompter.yes = !chosen.isEmpty();
@@ -204,7 +207,7 @@ class TestCommands final : public QObject {
         QCOMPARE(window.Names(), imported ? QStringList{u"Other"_qs} : three);
         QCOMPARE(world.prompter.shown.size(), static_cast<std::size_t>(boxes.size()));
         for (const Message& box : world.prompter.shown)
-            QVERIFY(box.text.endsWith(world.texts.Text(boxes.takeFirst())));
+            QVERIFY(box.text.endsWith(world.texts[boxes.takeFirst()]));
         QCOMPARE(window.program.Monitoring().IsOn(), !imported);
         QCOMPARE(world.settings->values.value(u"Kalvenor/LastFile/DBPath"_qs), imported ? world.other : QString());
         QCOMPARE(window.program.File().CurrentPath(), imported ? world.other : world.DefaultFile());

@@ -37,7 +37,7 @@ class TestFrmMain : public QObject {
         window.Command("mnuStart").trigger();
         QVERIFY(!window.program.Monitoring().IsOn() && !window.Command("mnuStart").isChecked());
         QCOMPARE(world.prompter.shown.size(), 1U);
-        QCOMPARE(world.prompter.shown.front().text, world.texts.Text(217));
+        QCOMPARE(world.prompter.shown.front().text, world.texts[Text::NoDirectoryToMonitor]);
     }
 
     void runNow() {
@@ -57,10 +57,11 @@ class TestFrmMain : public QObject {
             return said;
         };
         const StringTable texts(Language::English);
-        QCOMPARE(run("mnuStartActivityNow", false), QStringList{texts.Text(195)});
-        QCOMPARE(run("mnuStartActivityNow", true), (QStringList{texts.Text(195), u"B"_qs}));
-        QCOMPARE(run("mnuExecuteAllMarkedActivities", false), QStringList{texts.Text(384)});
-        QCOMPARE(run("mnuExecuteAllMarkedActivities", true), (QStringList{texts.Text(384), u"B"_qs, u"C"_qs}));
+        QCOMPARE(run("mnuStartActivityNow", false), QStringList{texts[Text::StartNowQuestion]});
+        QCOMPARE(run("mnuStartActivityNow", true), (QStringList{texts[Text::StartNowQuestion], u"B"_qs}));
+        QCOMPARE(run("mnuExecuteAllMarkedActivities", false), QStringList{texts[Text::StartMarkedQuestion]});
+        QCOMPARE(run("mnuExecuteAllMarkedActivities", true),
+                 (QStringList{texts[Text::StartMarkedQuestion], u"B"_qs, u"C"_qs}));
     }
 
     void closingAsksWhileMonitoring() {
@@ -70,7 +71,7 @@ class TestFrmMain : public QObject {
         window.Command("mnuStart").trigger();
         window.Command("mnuExit").trigger();
         QCOMPARE(world.prompter.shown.size(), 1U);
-        QCOMPARE(world.prompter.shown.front().text, world.texts.Text(159));
+        QCOMPARE(world.prompter.shown.front().text, world.texts[Text::ExitWhileMonitoring]);
         QVERIFY(window.program.Monitoring().IsOn() && window.form.isVisible());
         QVERIFY(world.Stored("Top").isEmpty());
 
@@ -94,7 +95,7 @@ class TestFrmMain : public QObject {
             Find<QPlainTextEdit>(form, "txtComment").setPlainText(u"typed"_qs);
             window.Command("mnuExit").trigger();
             QCOMPARE(world.prompter.shown.size(), 1U);
-            QCOMPARE(world.prompter.shown.front().text, world.texts.Text(651));
+            QCOMPARE(world.prompter.shown.front().text, world.texts[Text::DropChanges]);
             QVERIFY(form.isVisible() && window.form.isVisible());
             window.form.CloseWithoutQuestion();
             QVERIFY(!form.isVisible());
@@ -118,7 +119,7 @@ class TestFrmMain : public QObject {
                 return;
             world.prompter.yes = false;
             window.form.close(); // asks, and goes on
-            QCOMPARE(world.prompter.shown.back().text, world.texts.Text(652));
+            QCOMPARE(world.prompter.shown.back().text, world.texts[Text::ExitDuringRun]);
             QVERIFY(window.form.isVisible());
             world.prompter.yes = true;
             window.form.close();

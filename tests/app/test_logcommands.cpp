@@ -101,7 +101,7 @@ class TestLogCommands : public QObject {
         frmLogFile viewer(scene.texts);
         viewer.SetFileName(scene.Path(u"pipe"_qs)); // hangs if it waits for the other end
         QCOMPARE(textOf(viewer).toPlainText(), QString());
-        QVERIFY(textOf(viewer).placeholderText().startsWith(scene.texts.Text(522)));
+        QVERIFY(textOf(viewer).placeholderText().startsWith(scene.texts[Text::LogUnreadable]));
     }
 };
 

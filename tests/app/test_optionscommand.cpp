@@ -82,7 +82,7 @@ class TestOptionsCommand : public QObject {
         scene.settings->failing = u"ToTray"_qs;
         scene.Edit([](frmStartOptions& form) { Find<QCheckBox>(form, "chkExitAlert").click(); });
         QCOMPARE(scene.prompter.shown.size(), 1U);
-        QVERIFY(scene.prompter.shown.front().text.startsWith(scene.texts.Text(524)));
+        QVERIFY(scene.prompter.shown.front().text.startsWith(scene.texts[Text::OptionsNotStored]));
         QCOMPARE(scene.Stored(u"ExitAlert"_qs), QString());
         QVERIFY(scene.program.Options().SafeExit());
     }

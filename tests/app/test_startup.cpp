@@ -90,7 +90,7 @@ class TestStartUp : public QObject {
         RecordingFace face;
         QCOMPARE(RunStartUp(program, ParseCommandLine({u"install"_qs}), face), StartUpResult::Ended);
         QCOMPARE(fixture.serviceManager->asked, QStringList{u"install"_qs});
-        QCOMPARE(fixture.prompter.shown.front().text, fixture.texts.Text(412));
+        QCOMPARE(fixture.prompter.shown.front().text, fixture.texts[Text::ServiceInstalled]);
         QCOMPARE(fixture.process->endedWith, std::optional<int>(0));
         QVERIFY(face.steps.isEmpty());
     }
@@ -137,7 +137,7 @@ class TestStartUp : public QObject {
         HeadlessHost host(world.program, log);
         QCOMPARE(host.Start({}), std::optional<int>(3));
         const QString said = QString::fromStdString(lines.str());
-        QVERIFY(said.contains(world.texts.Text(109)) && said.contains(world.texts.Text(439)));
+        QVERIFY(said.contains(world.texts[Text::LegalNotice]) && said.contains(world.texts[Text::AcceptHeadless]));
         QVERIFY(world.settings->values.isEmpty());
         QVERIFY(!QFile::exists(world.DefaultFile()));
         QVERIFY(world.fileTypes->registered.empty() && world.serviceManager->asked.isEmpty());
@@ -155,7 +155,7 @@ class TestStartUp : public QObject {
             QCOMPARE(world.program.Monitoring().IsOn(), startUp);
             QVERIFY(world.prompter.shown.empty());
             QCOMPARE(QString::fromStdString(lines.str()),
-                     startUp ? QString() : u"<5>"_qs + world.texts.Text(440) + u'\n');
+                     startUp ? QString() : u"<5>"_qs + world.texts[Text::MonitoringIsOff] + u'\n');
 
             QSignalSpy closed(&host, &HeadlessHost::Closed);
             host.RequestStop();
@@ -195,7 +195,7 @@ class TestStartUp : public QObject {
             QVERIFY(world.program.Monitoring().IsOn() && !retry->isActive());
             QCOMPARE(world.program.List().NameAt(0), u"B"_qs);
             QCOMPARE(world.prompter.shown.size(), told);
-            QCOMPARE(QString::fromStdString(lines.str()), world.texts.Text(587) + u'\n');
+            QCOMPARE(QString::fromStdString(lines.str()), world.texts[Text::RetryEveryMinute] + u'\n');
         }
     }
 

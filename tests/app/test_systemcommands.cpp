@@ -18,7 +18,7 @@ class TestSystemCommands final : public QObject {
             if (widget->objectName() == u"mnuPopUpTray")
                 widget->findChild<QAction*>(u"mnuSyncTray"_qs)->trigger();
         QCOMPARE(fixture.prompter.shown.size(), std::size_t(1));
-        QCOMPARE(fixture.prompter.shown.front().title, fixture.texts.Text(201));
+        QCOMPARE(fixture.prompter.shown.front().title, fixture.texts[Text::NoConnectionTitle]);
         QVERIFY(fixture.systemClock->set.empty());
     }
 

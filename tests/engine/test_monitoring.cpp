@@ -20,16 +20,16 @@ class TestMonitoring final : public QObject {
     void refusedStartsLeaveMonitoringOff_data() {
         QTest::addColumn<int>("activities");
         QTest::addColumn<bool>("canBeLocked");
-        QTest::addColumn<int>("message");
-        QTest::newRow("empty list") << 0 << true << 215;
-        QTest::newRow("none checked") << 1 << true << 217;
-        QTest::newRow("another engine") << 2 << true << 437;
-        QTest::newRow("no lock can be made") << 2 << false << 585;
+        QTest::addColumn<Text>("message");
+        QTest::newRow("empty list") << 0 << true << Text::NothingToMonitor;
+        QTest::newRow("none checked") << 1 << true << Text::NoDirectoryToMonitor;
+        QTest::newRow("another engine") << 2 << true << Text::MonitoredElsewhere;
+        QTest::newRow("no lock can be made") << 2 << false << Text::NoLockPossible;
     }
     void refusedStartsLeaveMonitoringOff() {
         QFETCH(int, activities);
         QFETCH(bool, canBeLocked);
-        QFETCH(int, message);
+        QFETCH(Text, message);
         ProgramFixture fixture;
         if (activities > 0)
             fixture.Add(A, {{u"activ"_qs, u"0"_qs}});
@@ -46,7 +46,7 @@ class TestMonitoring final : public QObject {
         QVERIFY(!program.Monitoring().IsOn());
         QCOMPARE(marks.size(), 2);
         QCOMPARE(fixture.prompter.shown.size(), 1U);
-        QCOMPARE(fixture.prompter.shown[0].text, fixture.texts.Text(message));
+        QCOMPARE(fixture.prompter.shown[0].text, fixture.texts[message]);
         QCOMPARE(fixture.Read(appLog), QByteArray());
         QVERIFY(!program.Timers().tmrMonitoring.Enabled());
     }
@@ -87,7 +87,7 @@ class TestMonitoring final : public QObject {
         const EngineLock::Token other = elsewhere.Take(program.File().CurrentPath(), ignored);
         QVERIFY(program.RunNow(A).interrupted && !fixture.Exists(u"dst/f"_qs));
         QCOMPARE(fixture.prompter.Told().join(u'|'),
-                 u"Start activity: "_qs + fixture.texts.Text(454).arg(program.File().CurrentPath()));
+                 u"Start activity: "_qs + fixture.texts[Text::RunRefused].arg(program.File().CurrentPath()));
     }
 
     void startAndStopWriteExactlyTheirLines() {

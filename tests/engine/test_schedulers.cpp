@@ -127,7 +127,7 @@ class TestSchedulers final : public QObject {
         fixture.Pass(2s);
         QCOMPARE(program.Monitoring().IsOn(), !isOver);
         QCOMPARE(fixture.power->requests, requests);
-        const bool isTold = fixture.prompter.Told().join(u'|').contains(fixture.texts.Text(225));
+        const bool isTold = fixture.prompter.Told().join(u'|').contains(fixture.texts[Text::AllIdle]);
         QCOMPARE(isTold, isOver);
         if (end != u"damaged")
             return;

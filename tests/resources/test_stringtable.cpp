@@ -10,7 +10,7 @@
 
 namespace {
 
-using Table = std::map<int, QString>;
+using Table = std::map<Text, QString>;
 
 /// The table as a translator's file holds it, read without the compiler that made the embedded one.
 Table translations(const QString& language) {
@@ -19,11 +19,11 @@ Table translations(const QString& language) {
     if (!file.open(QIODevice::ReadOnly))
         return table;
     QXmlStreamReader xml(&file);
-    int id = 0;
+    Text id{};
     while (!xml.atEnd()) {
         xml.readNext();
         if (xml.isStartElement() && xml.name() == QLatin1String("message"))
-            id = xml.attributes().value(QLatin1String("id")).toInt();
+            id = static_cast<Text>(xml.attributes().value(QLatin1String("id")).toInt());
         if (xml.isStartElement() && xml.name() == QLatin1String("translation"))
             table[id] = xml.readElementText();
     }
@@ -50,27 +50,26 @@ class StringTableTest final : public QObject {
     void DelicateTexts() {
         struct Delicate {
             Language language;
-            int id;
+            Text id;
             QByteArray text;
         };
         const std::vector<Delicate> rows{
-            {Language::English, 221, "Monitoring finished! "},
-            {Language::English, 317,
+            {Language::English, Text::MonitoringFinished, "Monitoring finished! "},
+            {Language::English, Text::RenameQuestion,
              "To save the activity with new name select 'Yes', for creating a new activity press \"No':"},
-            {Language::English, 136,
+            {Language::English, Text::HelpNeedsBrowser,
              "The help from within Kalvenor works only with an installed Internet Explorer 5.x or higher!"},
-            {Language::English, 371,
+            {Language::English, Text::FileCorrupted,
              "Configuration file ist corrupted or invalid. Do you want to create a new empty file (the old file will "
              "not be deleted but get the extension .OLD)?"},
-            {Language::English, 274, "Synchronization of date & time"},
-            {Language::English, 133, "' doesn't exist."},
-            {Language::English, 272, "Last accessed:"},
-            {Language::English, 104, ""}, // no such text
-            {Language::German, 221, "Überwachung beendet! "},
-            {Language::German, 0, ""},
+            {Language::English, Text::ClockTitle, "Synchronization of date & time"},
+            {Language::English, Text::DoesNotExist, "' doesn't exist."},
+            {Language::English, Text::LastAccessed, "Last accessed:"},
+            {Language::German, Text::MonitoringFinished, "Überwachung beendet! "},
+            {Language::German, Text::None, ""},
         };
         for (const Delicate& row : rows)
-            QCOMPARE(StringTable(row.language).Text(row.id).toUtf8(), row.text);
+            QCOMPARE(StringTable(row.language)[row.id].toUtf8(), row.text);
     }
 
     void EveryTextIsEmbeddedInBothLanguages() {
@@ -81,17 +80,17 @@ class StringTableTest final : public QObject {
         const StringTable englishTexts(Language::English);
         const StringTable germanTexts(Language::German);
         for (const auto& [id, text] : english) {
-            QVERIFY2(!text.isEmpty(), qPrintable(QString::number(id)));
-            QVERIFY2(german.contains(id), qPrintable(QString::number(id)));
-            QCOMPARE(englishTexts.Text(id), text);
-            QCOMPARE(germanTexts.Text(id), german.at(id));
+            QVERIFY2(!text.isEmpty(), qPrintable(QString::number(static_cast<int>(id))));
+            QVERIFY2(german.contains(id), qPrintable(QString::number(static_cast<int>(id))));
+            QCOMPARE(englishTexts[id], text);
+            QCOMPARE(germanTexts[id], german.at(id));
         }
     }
 
     void GermanKeepsTheJoints() {
         const StringTable germanTexts(Language::German);
         for (const auto& [id, text] : translations(QStringLiteral("en")))
-            QVERIFY2(joints(germanTexts.Text(id)) == joints(text), qPrintable(QString::number(id)));
+            QVERIFY2(joints(germanTexts[id]) == joints(text), qPrintable(QString::number(static_cast<int>(id))));
     }
 };
 

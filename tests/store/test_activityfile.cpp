@@ -85,7 +85,7 @@ class TestActivityFile : public QObject {
         if (isReplaced)
             QCOMPARE(::rename(qPrintable(store.Path(other)), qPrintable(store.Path(own))), 0);
         store.file.Write(A, "activ", u"0"_qs);
-        QCOMPARE(refusal(store.file), store.texts.Text(432));
+        QCOMPARE(refusal(store.file), store.texts[Text::FileChangedOutside]);
         QCOMPARE(store.Read(own), bytes);
         // The change is still in memory until the user loads again.
         QCOMPARE(store.file.Read(A, "activ"), u"0"_qs);
@@ -111,7 +111,7 @@ class TestActivityFile : public QObject {
         for (const char* bytes : {"damaged", "<things/>"}) {
             ScratchStore store(bytes);
             QVERIFY(!store.file.Load());
-            QCOMPARE(refusal(store.file), store.texts.Text(433));
+            QCOMPARE(refusal(store.file), store.texts[Text::FileNotLoaded]);
             QVERIFY_THROWS_EXCEPTION(StoreError, store.file.ChangeAndSave([] { QFAIL("nothing to change"); }));
             QVERIFY_THROWS_EXCEPTION(StoreError, store.file.SaveAs(store.Path(other)));
             QCOMPARE(store.Read(own), QByteArray(bytes));
@@ -124,7 +124,7 @@ class TestActivityFile : public QObject {
         QVERIFY(store.Write(other, emptyFile));
         QVERIFY(store.file.Load());
         store.file.SetCurrentPath(store.Path(other));
-        QCOMPARE(refusal(store.file), store.texts.Text(432));
+        QCOMPARE(refusal(store.file), store.texts[Text::FileChangedOutside]);
         QCOMPARE(store.Read(other), emptyFile);
         store.file.SetCurrentPath(store.Path(own)); // back: it is still the one that was loaded
         QCOMPARE(refusal(store.file), QString());
@@ -164,7 +164,7 @@ class TestActivityFile : public QObject {
             QVERIFY(store.file.Load());
         }
         QCOMPARE(store.prompter.shown.size(), 6U);
-        QCOMPARE(store.prompter.shown[0].text, store.texts.Text(371));
+        QCOMPARE(store.prompter.shown[0].text, store.texts[Text::FileCorrupted]);
     }
 
     void failedMoveLeavesTheDamagedFile() {
@@ -174,7 +174,7 @@ class TestActivityFile : public QObject {
         store.prompter.yes = true;
         QVERIFY(!store.file.OfferRepair());
         QCOMPARE(store.Read(own), QByteArray("damaged"));
-        QVERIFY(store.prompter.shown.back().text.startsWith(store.texts.Text(435)));
+        QVERIFY(store.prompter.shown.back().text.startsWith(store.texts[Text::FileNotMovedAway]));
     }
 
     void onlyADamagedFileIsRepaired() {
@@ -186,7 +186,7 @@ class TestActivityFile : public QObject {
             store.prompter.yes = true;
             QVERIFY(!store.file.OfferRepair());
             QCOMPARE(store.prompter.shown.size(), 1U);
-            QVERIFY(store.prompter.shown[0].text.startsWith(store.texts.Text(443)));
+            QVERIFY(store.prompter.shown[0].text.startsWith(store.texts[Text::FileUnreadable]));
             QVERIFY(!store.Exists(u"none/a.kvd"_qs) && store.Exists(u"none"_qs) == isDanglingLink);
         }
     }

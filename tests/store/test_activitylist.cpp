@@ -64,7 +64,7 @@ class TestActivityList : public QObject {
         QVERIFY(store.Write(own, other));
         QVERIFY(!store.Click(0, true));
         QCOMPARE(failed.size(), 1);
-        QCOMPARE(failed[0][0].toString(), store.texts.Text(432));
+        QCOMPARE(failed[0][0].toString(), store.texts[Text::FileChangedOutside]);
         QVERIFY(!store.list.IsChecked(0));
         QCOMPARE(store.file.Read(A, "activ"), u"0"_qs);
         QCOMPARE(store.Read(own), other);

@@ -39,27 +39,27 @@ class TestActivityWriter : public QObject {
         QTest::addColumn<QString>("entered");
         QTest::addColumn<bool>("yes");
         QTest::addColumn<QString>("after"); // names in order
-        QTest::addColumn<int>("asked");     // text id, 0 = nothing, -1 = no name at all
-        const auto row = [](const char* opened, const char* entered, bool yes, const char* after, int asked) {
+        QTest::addColumn<Text>("asked");    // NameUnusable: thrown
+        const auto row = [](const char* opened, const char* entered, bool yes, const char* after, Text asked) {
             QTest::addRow("'%s' as '%s' %d", opened, entered, yes)
                 << QString::fromUtf8(opened) << QString::fromUtf8(entered) << yes << QString::fromUtf8(after) << asked;
         };
-        row("", "D", false, "A B C D", 0);
-        row("", "a", false, "A B C a", 0); // another letter case is another name
-        row("", "B", true, "A B C", 386);
-        row("A", "B", true, "A B C", 386);
-        row("A", " A", false, "B C A", 0); // an edited activity moves to the end
-        row("A", "D", true, "B C D", 317);
-        row("A", "D", false, "A B C D", 317);
-        row("gone", "gone", false, "A B C gone", 0);
+        row("", "D", false, "A B C D", Text::None);
+        row("", "a", false, "A B C a", Text::None); // another letter case is another name
+        row("", "B", true, "A B C", Text::NameTaken);
+        row("A", "B", true, "A B C", Text::NameTaken);
+        row("A", " A", false, "B C A", Text::None); // an edited activity moves to the end
+        row("A", "D", true, "B C D", Text::RenameQuestion);
+        row("A", "D", false, "A B C D", Text::RenameQuestion);
+        row("gone", "gone", false, "A B C gone", Text::None);
         for (const char* none : {"My Backup", "1abc", ""})
-            row("A", none, true, "A B C", -1);
+            row("A", none, true, "A B C", Text::NameUnusable);
     }
     void names() {
         QFETCH(QString, opened);
         QFETCH(QString, entered);
         QFETCH(bool, yes);
-        QFETCH(int, asked);
+        QFETCH(Text, asked);
         Store store;
         store.prompter.yes = yes;
         const QString before = store.document.XML();
@@ -67,12 +67,12 @@ class TestActivityWriter : public QObject {
         try {
             isWritten = store.writer.Write(opened, entered, record());
         } catch (const StoreError&) {
-            QCOMPARE(asked, -1);
+            QCOMPARE(asked, Text::NameUnusable);
         }
-        QCOMPARE(isWritten, asked == 0 || asked == 317);
+        QCOMPARE(isWritten, asked == Text::None || asked == Text::RenameQuestion);
         QTEST(store.file.Names().join(u' '), "after");
-        if (asked > 0)
-            QCOMPARE(store.prompter.shown.at(0).text, store.texts.Text(asked));
+        if (asked != Text::None && asked != Text::NameUnusable)
+            QCOMPARE(store.prompter.shown.at(0).text, store.texts[asked]);
         if (isWritten)
             QCOMPARE(store.file.Read(entered.trimmed(), "comment"), u"v-comment"_qs);
         else
@@ -100,12 +100,12 @@ class TestActivityWriter : public QObject {
     void nameTakenWhileAsking() {
         Store store;
         store.prompter.onAsk = [&](const Message& message) {
-            if (message.text == store.texts.Text(317))
+            if (message.text == store.texts[Text::RenameQuestion])
                 store.document.MakeNode(u"/items"_qs, D);
         };
         QVERIFY(!store.writer.Write(A, D, record()));
         QCOMPARE(store.file.Names().join(u' '), u"A B C D"_qs);
-        QCOMPARE(store.prompter.shown.back().text, store.texts.Text(386));
+        QCOMPARE(store.prompter.shown.back().text, store.texts[Text::NameTaken]);
     }
 
     void form() {

@@ -139,11 +139,11 @@ class TestClockSync final : public QObject {
         const QByteArray rest("\0\0", 2);
         row("in two parts", {half, rest}, true, u"2027-08-06T09:04:01Z"_qs);
         row("2020", {QByteArray::fromHex("e1b65f80")}, true, u"2020-01-01T00:00:01Z"_qs);
-        row("before 2020", {QByteArray::fromHex("e1b65f7e")}, true, m_texts.Text(582));
+        row("before 2020", {QByteArray::fromHex("e1b65f7e")}, true, m_texts[Text::TimeServerNonsense]);
         row("short", {half}, true, u"ignored"_qs);
-        row("silent", {}, false, m_texts.Text(581));
-        row("no end", {half, rest}, false, m_texts.Text(581));
-        row("endless", QList<QByteArray>(100, QByteArray(1000, '\xe0')), false, m_texts.Text(582));
+        row("silent", {}, false, m_texts[Text::TimeServerSilent]);
+        row("no end", {half, rest}, false, m_texts[Text::TimeServerSilent]);
+        row("endless", QList<QByteArray>(100, QByteArray(1000, '\xe0')), false, m_texts[Text::TimeServerNonsense]);
     }
     void bearsWithServers() {
         QFETCH(QList<QByteArray>, parts);

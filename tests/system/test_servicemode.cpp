@@ -24,20 +24,23 @@ class TestServiceMode final : public QObject {
                 said.append(box.text);
             return said.join(u'|') + (end ? u" -> %1"_qs.arg(*end) : QString());
         };
-        const auto text = [this](int id) { return m_texts.Text(id); };
+        const auto text = [this](Text id) { return m_texts[id]; };
         const auto line = ServiceCaller::CommandLine;
         const auto dialog = ServiceCaller::Dialog;
-        QCOMPARE(done(u"install"_qs, line), QString(u"install|" + text(412) + u" -> 0"));
-        QCOMPARE(done(u"install"_qs, line, false), QString(u"install|" + text(413) + u" -> 1"));
-        QCOMPARE(done(u"install"_qs, dialog, false), QString(u"install|" + text(413)));
-        QCOMPARE(done(u"uninstall"_qs, dialog), QString(u"uninstall|" + text(414)));
-        QCOMPARE(done(u"startservice"_qs, line, false), QString(u"start Kalvenor|" + text(580) + u" -> 1"));
-        QCOMPARE(done(u"startservice"_qs, dialog), QString(u"start KalvenorPro|" + text(426) + u" -> 0"));
+        QCOMPARE(done(u"install"_qs, line), QString(u"install|" + text(Text::ServiceInstalled) + u" -> 0"));
+        QCOMPARE(done(u"install"_qs, line, false), QString(u"install|" + text(Text::ServiceInstallFailed) + u" -> 1"));
+        QCOMPARE(done(u"install"_qs, dialog, false), QString(u"install|" + text(Text::ServiceInstallFailed)));
+        QCOMPARE(done(u"uninstall"_qs, dialog), QString(u"uninstall|" + text(Text::ServiceUninstalled)));
+        QCOMPARE(done(u"startservice"_qs, line, false),
+                 QString(u"start Kalvenor|" + text(Text::ServiceManagerNotStarted) + u" -> 1"));
+        QCOMPARE(done(u"startservice"_qs, dialog),
+                 QString(u"start KalvenorPro|" + text(Text::ClosesToStartService) + u" -> 0"));
         QCOMPARE(done(u"startservice"_qs, dialog, false),
-                 QString(u"start KalvenorPro|" + text(426) + u'|' + text(580)));
+                 QString(u"start KalvenorPro|" + text(Text::ClosesToStartService) + u'|' +
+                         text(Text::ServiceManagerNotStarted)));
         QCOMPARE(done(u"stopservice"_qs, line), u"stop Kalvenor -> 0"_qs);
         QCOMPARE(done(QString(), line), QString());
-        QCOMPARE(done(u"Install"_qs, line), text(416));
+        QCOMPARE(done(u"Install"_qs, line), text(Text::UnknownServiceParameter));
     }
 
     void obeysTheServiceManager() {

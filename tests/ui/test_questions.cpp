@@ -57,12 +57,12 @@ class TestQuestions : public QObject {
         counted.countdown = std::chrono::seconds(2);
         for (const bool isCancelled : {true, false}) {
             WhenOpen<QMessageBox>([&](QMessageBox& box) {
-                QCOMPARE(box.informativeText(), m_texts.Text(589).arg(2));
+                QCOMPARE(box.informativeText(), m_texts[Text::SecondsLeft].arg(2));
                 const auto aSecondLater = [timer = box.findChild<QTimer*>()] {
                     QVERIFY(QMetaObject::invokeMethod(timer, "timeout"));
                 };
                 aSecondLater();
-                QCOMPARE(box.informativeText(), m_texts.Text(589).arg(1));
+                QCOMPARE(box.informativeText(), m_texts[Text::SecondsLeft].arg(1));
                 isCancelled ? QTest::keyClick(&box, Qt::Key_Escape) : aSecondLater();
             });
             QCOMPARE(prompter.Ask(counted), isCancelled ? MessageAnswer::Cancel : MessageAnswer::Ok);
