@@ -3,6 +3,7 @@
 #include "CommandGuard.h"
 #include "DialogHost.h"
 #include "frmLogFile.h"
+#include "modForeignText.h"
 #include "modNativePath.h"
 
 bool LogCommands::isThere(const QString& path, Text textIfMissing) {
@@ -23,7 +24,7 @@ bool LogCommands::isYes(const QString& text, Text title) {
 
 void LogCommands::remove(const QString& path) {
     if (const auto error = m_program.Services().ownFiles->Delete(modNativePath::FromText(path)))
-        TellError(m_program, m_program.Texts()[Text::LogNotDeleted] + u'\n' + QString::fromLocal8Bit(error.message()));
+        TellError(m_program, m_program.Texts()[Text::LogNotDeleted] + u'\n' + modForeignText::OfError(error));
 }
 
 void LogCommands::ShowApplicationLog() {
@@ -43,7 +44,7 @@ void LogCommands::ShowActivityLogs(const QStringList& names) {
             return;
         if (!m_program.List().RowOf(name).has_value()) // it went while the window before was open
             continue;
-        const QString path = m_program.File().Read(name, "logfile");
+        const QString path = m_program.File().Read(name, ActivityField::LogFile);
         if (!isThere(path, Text::NoActivityLog))
             return;
         frmLogFile viewer(m_program.Texts(), m_dialogs.Parent());
@@ -64,7 +65,7 @@ void LogCommands::DeleteApplicationLog() {
 void LogCommands::DeleteActivityLog(const QString& name) {
     if (name.isEmpty())
         return;
-    const QString path = m_program.File().Read(name, "logfile");
+    const QString path = m_program.File().Read(name, ActivityField::LogFile);
     const StringTable& texts = m_program.Texts();
     if (isThere(path, Text::NoLogToDelete) &&
         isYes(texts[Text::DeleteLogQuestion] + path + texts[Text::ReallyBeDeleted], Text::DeleteLogTitle))

@@ -4,6 +4,7 @@
 #include "DialogHost.h"
 #include "HelpCommands.h"
 #include "frmStartOptions.h"
+#include "modForeignText.h"
 #include <array>
 
 namespace {
@@ -65,5 +66,5 @@ void OptionsCommand::ShowOptions() {
     if (!error)
         return;
     takeBack(before, options);
-    TellError(m_program, m_program.Texts()[Text::OptionsNotStored] + u'\n' + QString::fromLocal8Bit(error.message()));
+    TellError(m_program, m_program.Texts()[Text::OptionsNotStored] + u'\n' + modForeignText::OfError(error));
 }

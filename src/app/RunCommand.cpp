@@ -59,7 +59,7 @@ bool RunCommand::choose(const QStringList& wanted, QStringList& names) {
     const QStringList known = m_program.File().Names();
     if (wanted.isEmpty()) {
         std::copy_if(known.begin(), known.end(), std::back_inserter(names), [this](const QString& name) {
-            return m_program.File().Read(name, "activ") == QLatin1String("1");
+            return m_program.File().Read(name, ActivityField::Active) == QLatin1String("1");
         });
         return true;
     }

@@ -4,6 +4,7 @@
 #include "CommandLine.h"
 #include "Program.h"
 #include "clsAssocFile.h"
+#include "modForeignText.h"
 #include "modNativePath.h"
 
 namespace {
@@ -35,7 +36,7 @@ bool passNotice(Program& program, StartUpFace& face) {
     if (!face.AcceptsNotice())
         return false;
     if (const std::error_code error = program.AcceptNotice())
-        TellError(program, QString::fromStdString(error.message()));
+        TellError(program, modForeignText::OfError(error));
     return true;
 }
 

@@ -6,7 +6,7 @@
 
 namespace {
 
-void open(Program& program, const QString& name, const char* field, Text missing) {
+void open(Program& program, const QString& name, ActivityField field, Text missing) {
     if (!program.File().Has(name))
         return;
     const QString path = program.File().Read(name, field);
@@ -23,9 +23,9 @@ void open(Program& program, const QString& name, const char* field, Text missing
 } // namespace
 
 void modOpenExplorer::OpenSource(Program& program, const QString& name) {
-    open(program, name, "sourcedir", Text::SelectedSource);
+    open(program, name, ActivityField::SourceDir, Text::SelectedSource);
 }
 
 void modOpenExplorer::OpenTarget(Program& program, const QString& name) {
-    open(program, name, "targetdir", Text::SelectedDestination);
+    open(program, name, ActivityField::TargetDir, Text::SelectedDestination);
 }

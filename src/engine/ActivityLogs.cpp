@@ -21,7 +21,7 @@ QByteArray entry(const Clock& clock, const QString& text) {
 } // namespace
 
 bool ActivityLogs::HasReader(const QString& name) const {
-    return m_listener || !m_parts.file.Read(name, "logfile").trimmed().isEmpty();
+    return m_listener || !m_parts.file.Read(name, ActivityField::LogFile).trimmed().isEmpty();
 }
 
 void ActivityLogs::SetActivityStatus(const QString& name, const QString& text) {
@@ -38,7 +38,7 @@ void ActivityLogs::WriteActionLineTo(const QString& logFile, const QString& name
 }
 
 void ActivityLogs::WriteActivityLog(const QString& name, const QString& text, bool blankLineFirst) {
-    writeEntry(m_parts.file.Read(name, "logfile"), text, blankLineFirst);
+    writeEntry(m_parts.file.Read(name, ActivityField::LogFile), text, blankLineFirst);
 }
 
 bool ActivityLogs::mayWrite(const QString& path, Verdict& last) const {

@@ -76,10 +76,10 @@ void ChangeDetection::countRun(const QString& name) {
 }
 
 void ChangeDetection::sendMail(const QString& name, const Folder& source, const Folder& destination) {
-    if (m_parts.run.file.Read(name, "sendmail") != u"1")
+    if (m_parts.run.file.Read(name, ActivityField::SendMail) != u"1")
         return;
     m_parts.run.logs.SetActivityStatus(name, m_parts.texts[Text::MailSendTo] +
-                                                 m_parts.run.file.Read(name, "recipient") + u"'");
+                                                 m_parts.run.file.Read(name, ActivityField::Recipient) + u"'");
     m_parts.mailer.SendActivityMail(name, modNativePath::ToText(source.Path()),
                                     modNativePath::ToText(destination.Path()));
 }

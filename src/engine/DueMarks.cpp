@@ -11,7 +11,7 @@ void DueMarks::ResetCounters() {
     SecondCounter = 0;
 }
 
-std::optional<std::int32_t> DueMarks::Number(const QString& name, const char* field) const {
+std::optional<std::int32_t> DueMarks::Number(const QString& name, ActivityField field) const {
     bool isNumber = false;
     const int value = m_file.Read(name, field).toInt(&isNumber);
     return isNumber ? std::optional<std::int32_t>(value) : std::nullopt;
@@ -41,14 +41,14 @@ void DueMarks::ComputeDueMark(const QString& name, Kind kind, std::int32_t inter
     if (kind != Kind::Hours && mark > 59)
         mark -= 60;
     if (mark <= std::numeric_limits<std::int32_t>::max())
-        m_file.Write(name, "exceedtime", QString::number(mark));
+        m_file.Write(name, ActivityField::ExceedTime, QString::number(mark));
 }
 
 void DueMarks::ScheduleActivity(const QString& name) {
-    const QString type = m_file.Read(name, "type");
+    const QString type = m_file.Read(name, ActivityField::Type);
     if (type != u"0" && type != u"1" && type != u"2")
         return;
-    if (const std::optional<std::int32_t> interval = Number(name, "intervall"))
+    if (const std::optional<std::int32_t> interval = Number(name, ActivityField::Interval))
         ComputeDueMark(name, static_cast<Kind>(type.toInt()), *interval);
 }
 
@@ -60,11 +60,11 @@ void DueMarks::ScheduleCheckedActivities() {
 
 void DueMarks::ScheduleUnmarkedActivities() {
     for (int row = 0; row < m_list.Rows(); ++row)
-        if (m_list.IsChecked(row) && m_file.Read(m_list.NameAt(row), "exceedtime").isEmpty())
+        if (m_list.IsChecked(row) && m_file.Read(m_list.NameAt(row), ActivityField::ExceedTime).isEmpty())
             ScheduleActivity(m_list.NameAt(row));
 }
 
 void DueMarks::ClearDueMarks() {
     for (int row = 0; row < m_list.Rows(); ++row)
-        m_file.Write(m_list.NameAt(row), "exceedtime", QString());
+        m_file.Write(m_list.NameAt(row), ActivityField::ExceedTime, QString());
 }

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 
+enum class ActivityField;
 class ActivityFile;
 class ActivityList;
 
@@ -30,7 +31,7 @@ class DueMarks final {
     void ClearDueMarks();
 
     /// A field as a whole number of 32 bits; nothing when it is empty or no number.
-    [[nodiscard]] std::optional<std::int32_t> Number(const QString& name, const char* field) const;
+    [[nodiscard]] std::optional<std::int32_t> Number(const QString& name, ActivityField field) const;
 
   private:
     ActivityFile& m_file;

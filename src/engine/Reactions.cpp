@@ -9,14 +9,14 @@
 
 void Reactions::ReactToChange(const QString& name, const QString& path, const std::function<bool()>& mayGoOn) {
     const StringTable& texts = m_parts.texts;
-    if (m_parts.file.Read(name, "alert") == u"Y") {
+    if (m_parts.file.Read(name, ActivityField::Alert) == u"Y") {
         m_parts.logs.SetActivityStatus(name, texts[Text::ChangeInPath] + u" " + path);
         m_parts.interruptions.Ask({texts[Text::NewOrChanged] + modForeignText::OneLine(path) + texts[Text::Found],
                                    texts[Text::ChangeDetected], MessageIcon::Information, MessageButtons::Ok});
         if (!mayGoOn())
             return;
     }
-    const QString executable = m_parts.file.Read(name, "executeable");
+    const QString executable = m_parts.file.Read(name, ActivityField::Executable);
     if (!executable.isEmpty())
         executeFile(name, executable);
 }

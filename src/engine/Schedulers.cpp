@@ -33,8 +33,9 @@ void Schedulers::guarded(void (Schedulers::*tick)()) {
 
 bool Schedulers::isActive(int row, const QString& type) const {
     const QString name = m_parts.list.NameAt(row);
-    return m_parts.file.Read(name, "type") == type && m_parts.file.Read(name, "activ") == u"1" &&
-           !m_parts.list.IsTakenOut(name) && !m_parts.list.IsNamesake(row);
+    return m_parts.file.Read(name, ActivityField::Type) == type &&
+           m_parts.file.Read(name, ActivityField::Active) == u"1" && !m_parts.list.IsTakenOut(name) &&
+           !m_parts.list.IsNamesake(row);
 }
 
 bool Schedulers::mayGoOn() const {
@@ -42,7 +43,7 @@ bool Schedulers::mayGoOn() const {
 }
 
 void Schedulers::runDue(const QString& name) {
-    const bool isOnce = m_parts.file.Read(name, "runningmode") == u"1";
+    const bool isOnce = m_parts.file.Read(name, ActivityField::RunningMode) == u"1";
     if (isOnce) {
         m_parts.list.TakeOut(name);
         m_parts.logs.SetActivityStatus(name, m_parts.texts[Text::StoppedAfterOnce]);
@@ -59,8 +60,8 @@ void Schedulers::runDue(const QString& name) {
 void Schedulers::repairMark(const QString& name, std::int32_t mark) {
     if (mark < 60)
         return;
-    if (const std::optional<std::int32_t> interval = m_parts.dueMarks.Number(name, "intervall"))
-        m_parts.file.Write(name, "exceedtime", QString::number(*interval));
+    if (const std::optional<std::int32_t> interval = m_parts.dueMarks.Number(name, ActivityField::Interval))
+        m_parts.file.Write(name, ActivityField::ExceedTime, QString::number(*interval));
 }
 
 // Rows are walked by index against the present count: a run lets events in, and those can rebuild the list, stop
@@ -71,14 +72,14 @@ void Schedulers::onSecond() {
         counter = 0;
     for (int row = 0; row < m_parts.list.Rows() && mayGoOn(); ++row) {
         const QString name = m_parts.list.NameAt(row);
-        if (!m_parts.list.IsChecked(row) || m_parts.file.Read(name, "type") != u"0")
+        if (!m_parts.list.IsChecked(row) || m_parts.file.Read(name, ActivityField::Type) != u"0")
             continue;
-        const std::optional<std::int32_t> mark = m_parts.dueMarks.Number(name, "exceedtime");
+        const std::optional<std::int32_t> mark = m_parts.dueMarks.Number(name, ActivityField::ExceedTime);
         if (!mark)
             continue;
         if (*mark != counter)
             repairMark(name, *mark);
-        else if (m_parts.file.Read(name, "activ") == u"1")
+        else if (m_parts.file.Read(name, ActivityField::Active) == u"1")
             runDue(name);
     }
     if (!mayGoOn())
@@ -92,7 +93,7 @@ void Schedulers::tickOfInterval(const QString& type, std::int32_t counter, bool 
         const QString name = m_parts.list.NameAt(row);
         if (!isActive(row, type))
             continue;
-        const std::optional<std::int32_t> mark = m_parts.dueMarks.Number(name, "exceedtime");
+        const std::optional<std::int32_t> mark = m_parts.dueMarks.Number(name, ActivityField::ExceedTime);
         if (!mark)
             continue;
         if (counter == *mark || (dueFromMarkOn && counter > *mark))
@@ -121,8 +122,8 @@ void Schedulers::onTimeOfDay() {
     for (int row = 0; row < m_parts.list.Rows() && mayGoOn(); ++row) {
         const QString name = m_parts.list.NameAt(row);
         if (isActive(row, QStringLiteral("4")) &&
-            modLogTime::HoursAndMinutes(m_parts.clock.Now()) == m_parts.file.Read(name, "triggertime"))
-            runOnTime(name, m_parts.file.Read(name, "daily").toInt() == 0);
+            modLogTime::HoursAndMinutes(m_parts.clock.Now()) == m_parts.file.Read(name, ActivityField::TriggerTime))
+            runOnTime(name, m_parts.file.Read(name, ActivityField::Daily).toInt() == 0);
     }
 }
 
@@ -133,15 +134,16 @@ void Schedulers::onDate() {
             continue;
         const std::chrono::system_clock::time_point now = m_parts.clock.Now();
         const QDate today = QDateTime::fromSecsSinceEpoch(std::chrono::system_clock::to_time_t(now)).date();
-        if (modTriggerDate::Read(m_parts.file.Read(name, "triggerdate"), m_parts.locale) == today &&
-            modLogTime::HoursAndMinutes(now) == m_parts.file.Read(name, "triggerdatetime"))
+        if (modTriggerDate::Read(m_parts.file.Read(name, ActivityField::TriggerDate), m_parts.locale) == today &&
+            modLogTime::HoursAndMinutes(now) == m_parts.file.Read(name, ActivityField::TriggerDateTime))
             runOnTime(name, true);
     }
 }
 
 QString Schedulers::appointment(const QString& name) const {
     QStringList fields;
-    for (const char* field : {"type", "triggerdate", "triggerdatetime", "triggertime", "daily"})
+    for (const ActivityField field : {ActivityField::Type, ActivityField::TriggerDate, ActivityField::TriggerDateTime,
+                                      ActivityField::TriggerTime, ActivityField::Daily})
         fields.append(m_parts.file.Read(name, field));
     return fields.join(u'\n');
 }
@@ -159,7 +161,7 @@ void Schedulers::runOnTime(const QString& name, bool isLast) {
 void Schedulers::finishForGood(const QString& name, bool hasRun) {
     m_parts.logs.SetActivityStatus(name,
                                    m_parts.texts[Text::MonitoringQuote] + name + u" " + m_parts.texts[Text::Stopped]);
-    m_parts.file.Write(name, "activ", QStringLiteral("0"));
+    m_parts.file.Write(name, ActivityField::Active, QStringLiteral("0"));
     m_parts.list.SetChecked(name, false);
     if (hasRun)
         m_parts.monitoring.ActivityDone();

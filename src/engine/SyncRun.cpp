@@ -29,7 +29,7 @@ SyncRun::SyncRun(const Parts& parts, RunIdentity identity, RunStarter starter, s
                  std::shared_ptr<Folder> destination)
     : m_parts(parts), m_identity(std::move(identity)), m_starter(starter), m_source(std::move(source)),
       m_destination(std::move(destination)), m_destinationMount(m_destination->Mount()),
-      m_recordReadAt(parts.interruptions.Count() - 1), m_log(parts.file.Read(m_identity.name, "logfile")),
+      m_recordReadAt(parts.interruptions.Count() - 1), m_log(parts.file.Read(m_identity.name, ActivityField::LogFile)),
       m_end(RunEnd::None), m_transfer(parts.fileSystem.NewTransfer(*this)),
       m_staging(parts.interruptions, *m_transfer) {
     for (const auto& root : {m_source, m_destination})
@@ -56,10 +56,10 @@ void SyncRun::readRecord() {
     m_recordReadAt = now;
     if (RunIdentity::Of(m_parts.file, Name()) != m_identity)
         return End(RunEnd::RecordChanged);
-    const auto read = [this](const char* field) { return m_parts.file.Read(Name(), field); };
-    m_rules = SyncRules::RulesOf(m_identity.action, read("overwrite"), read("onlynew"));
-    m_filter = FileTypeFilter(read("extensions"));
-    m_log = read("logfile");
+    const auto read = [this](ActivityField field) { return m_parts.file.Read(Name(), field); };
+    m_rules = SyncRules::RulesOf(m_identity.action, read(ActivityField::Overwrite), read(ActivityField::OnlyNew));
+    m_filter = FileTypeFilter(read(ActivityField::Extensions));
+    m_log = read(ActivityField::LogFile);
 }
 
 /// Only where a file is to be written, moved or deleted: a run that finds nothing to do need not ask.
@@ -184,7 +184,7 @@ void SyncRun::SyncFilesAndFolders(std::shared_ptr<Folder> source, std::shared_pt
     if (isMirror && !pair.mayDelete)
         Line(m_parts.texts.OtherMount(ToText(pair.destination.Handle()->Path())));
     SyncFiles(pair);
-    if (!Over() && m_parts.file.Read(Name(), "includesubdirs") == u"Y")
+    if (!Over() && m_parts.file.Read(Name(), ActivityField::IncludeSubdirs) == u"Y")
         SyncFolders(pair);
 }
 

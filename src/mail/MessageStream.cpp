@@ -1,6 +1,7 @@
 #include "MessageStream.h"
 #include "modAttachmentHeader.h"
 #include "modBase64.h"
+#include "modForeignText.h"
 #include "modLatin1.h"
 #include "modMailDate.h"
 #include "modMessageHeader.h"
@@ -113,7 +114,7 @@ MessageStream::Block MessageStream::attachment() {
     if (const std::error_code error = modRegularFile::Open(file, m_file)) {
         fail(error == std::errc::no_such_file_or_directory
                  ? QStringLiteral("The file you tried to attach does not exist")
-                 : QString::fromStdString(error.message()));
+                 : modForeignText::OfError(error));
         return {};
     }
     // A file that grows meanwhile, such as a log, is sent as it was now; it could grow for ever.

@@ -1,5 +1,6 @@
 #include "clsSendMail.h"
 #include "Clock.h"
+#include "modForeignText.h"
 #include "modNativePath.h"
 #include "modRegularFile.h"
 #include "modValidEMail.h"
@@ -86,7 +87,7 @@ void clsSendMail::SetAttachment(const QString& paths) {
             continue;
         std::error_code ignored;
         Q_EMIT SendFailed(std::filesystem::is_regular_file(file, ignored)
-                              ? QString::fromStdString(error.message())
+                              ? modForeignText::OfError(error)
                               : QStringLiteral("The file you tried to attach does not exist"));
         return;
     }

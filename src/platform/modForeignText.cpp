@@ -62,3 +62,7 @@ QString modForeignText::FromServer(const QString& text) {
         line.chop(1);
     return line;
 }
+
+QString modForeignText::OfError(std::error_code error) {
+    return QString::fromLocal8Bit(error.message().c_str());
+}

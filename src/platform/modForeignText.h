@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QString>
+#include <system_error>
 
 namespace modForeignText {
 
@@ -15,5 +16,8 @@ namespace modForeignText {
 
 /// What a server says: one line without superfluous blanks, of at most 200 characters.
 [[nodiscard]] QString FromServer(const QString& text);
+
+/// The system's words for an error, in the language of the process.
+[[nodiscard]] QString OfError(std::error_code error);
 
 } // namespace modForeignText

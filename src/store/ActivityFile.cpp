@@ -1,4 +1,5 @@
 #include "ActivityFile.h"
+#include "ActivityRecord.h"
 #include "ProgramPlaces.h"
 #include "Prompter.h"
 #include "StoreError.h"
@@ -6,6 +7,7 @@
 #include "XmlNames.h"
 #include "XmlParser.h"
 #include "clsXML.h"
+#include "modForeignText.h"
 #include "modNativePath.h"
 
 namespace {
@@ -15,13 +17,13 @@ const QByteArray emptyFile = QByteArrayLiteral("<?xml version=\"1.0\" encoding=\
 constexpr const char* defaultName = "Kalvenor.kvd";
 constexpr int mostOldFiles = 10'000;
 
-QString textOf(std::error_code error) {
-    return QString::fromLocal8Bit(error.message().c_str());
-}
-
 /// "" for a name that is none: such a path could match another activity.
 QString pathOf(const QString& name) {
     return XmlNames::IsNcName(name) ? QString(items + u'/' + name) : QString();
+}
+
+const char* elementOf(ActivityField field) {
+    return ActivityRecord::Fields()[static_cast<std::size_t>(field)].element;
 }
 
 /// Gives the file the first free name of BASE.OLD, BASE.OLD1, BASE.OLD2 ... in the current directory.
@@ -64,7 +66,7 @@ void ActivityFile::tell(const QString& text) {
 bool ActivityFile::EnsureDefaultExists() {
     const std::error_code error = m_files.CreateNew(modNativePath::FromText(DefaultPath()), emptyFile);
     if (error && error != std::errc::file_exists)
-        tell(m_texts[Text::FileNotCreated] + u' ' + textOf(error));
+        tell(m_texts[Text::FileNotCreated] + u' ' + modForeignText::OfError(error));
     return !error || error == std::errc::file_exists;
 }
 
@@ -124,7 +126,7 @@ bool ActivityFile::OfferRepair() {
     const std::filesystem::path file = modNativePath::FromText(damaged);
     QByteArray bytes;
     if (const std::error_code error = m_files.ReadAll(file, XmlParser::MaxBytes, bytes)) {
-        tell(m_texts[Text::FileUnreadable] + u' ' + damaged + u'\n' + textOf(error));
+        tell(m_texts[Text::FileUnreadable] + u' ' + damaged + u'\n' + modForeignText::OfError(error));
         return false;
     }
     const MessageAnswer answer = m_prompter.Ask(
@@ -137,11 +139,11 @@ bool ActivityFile::OfferRepair() {
     const std::error_code error = moveToOldName(m_files, file);
     const bool isGone = error == std::errc::no_such_file_or_directory && !m_files.Stamp(file);
     if (error && !isGone) {
-        tell(m_texts[Text::FileNotMovedAway] + u' ' + textOf(error));
+        tell(m_texts[Text::FileNotMovedAway] + u' ' + modForeignText::OfError(error));
         return false;
     }
     if (const std::error_code failed = m_files.CreateNew(file, emptyFile))
-        tell(m_texts[Text::FileNotCreated] + u' ' + textOf(failed));
+        tell(m_texts[Text::FileNotCreated] + u' ' + modForeignText::OfError(failed));
     return Load();
 }
 
@@ -149,7 +151,7 @@ bool ActivityFile::DeleteCurrent() {
     const std::error_code error = m_files.Delete(modNativePath::FromText(m_currentPath));
     if (!error || error == std::errc::no_such_file_or_directory)
         return true;
-    tell(textOf(error));
+    tell(modForeignText::OfError(error));
     return false;
 }
 
@@ -170,12 +172,16 @@ bool ActivityFile::Has(const QString& name) const {
     return m_document.NodeCount(pathOf(name)) >= 0;
 }
 
-QString ActivityFile::Read(const QString& name, const char* field) const {
-    const QString path = pathOf(name);
-    return path.isEmpty() ? QString() : m_document.ReadNode(path + u'/' + QLatin1String(field));
+QString ActivityFile::Read(const QString& name, ActivityField field) const {
+    return ReadElement(name, elementOf(field));
 }
 
-void ActivityFile::Write(const QString& name, const char* field, const QString& value) {
+QString ActivityFile::ReadElement(const QString& name, const char* element) const {
+    const QString path = pathOf(name);
+    return path.isEmpty() ? QString() : m_document.ReadNode(path + u'/' + QLatin1String(element));
+}
+
+void ActivityFile::Write(const QString& name, ActivityField field, const QString& value) {
     if (const QString path = pathOf(name); !path.isEmpty())
-        m_document.WriteNode(path + u'/' + QLatin1String(field), value);
+        m_document.WriteNode(path + u'/' + QLatin1String(elementOf(field)), value);
 }

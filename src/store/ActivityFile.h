@@ -3,6 +3,7 @@
 // children); Save throws StoreError and then nothing was written.
 #pragma once
 
+#include "ActivityField.h"
 #include "OwnFiles.h"
 #include <QObject>
 #include <QString>
@@ -62,8 +63,10 @@ class ActivityFile final : public QObject {
     /// Names of the activities in document order.
     [[nodiscard]] QStringList Names() const;
     [[nodiscard]] bool Has(const QString& name) const;
-    [[nodiscard]] QString Read(const QString& name, const char* field) const;
-    void Write(const QString& name, const char* field, const QString& value);
+    [[nodiscard]] QString Read(const QString& name, ActivityField field) const;
+    /// The same for an element that is no field of the editor.
+    [[nodiscard]] QString ReadElement(const QString& name, const char* element) const;
+    void Write(const QString& name, ActivityField field, const QString& value);
 
   Q_SIGNALS:
     void CurrentPathChanged(const QString& path);

@@ -134,13 +134,13 @@ void ActivityList::TakeOut(const QString& name) {
 void ActivityList::Readmit(const QString& name) {
     m_takenOut.remove(name);
     // Shown is what the file holds: a record without the field cannot be switched on.
-    SetChecked(name, m_file.Read(name, "activ") == u"1");
+    SetChecked(name, m_file.Read(name, ActivityField::Active) == u"1");
     Q_EMIT Readmitted(name);
 }
 
 void ActivityList::ReadmitAll() {
     for (const QString& name : std::exchange(m_takenOut, {}))
-        SetChecked(name, m_file.Read(name, "activ") == u"1");
+        SetChecked(name, m_file.Read(name, ActivityField::Active) == u"1");
 }
 
 void ActivityList::Clear() {
@@ -198,7 +198,8 @@ bool ActivityList::toggle(const QString& name, bool checked) {
     if (!RowOf(name))
         return false;
     try {
-        m_file.ChangeAndSave([&] { m_file.Write(name, "activ", checked ? QStringLiteral("1") : QStringLiteral("0")); });
+        m_file.ChangeAndSave(
+            [&] { m_file.Write(name, ActivityField::Active, checked ? QStringLiteral("1") : QStringLiteral("0")); });
     } catch (const StoreError& error) {
         Q_EMIT ToggleFailed(error.Text(), error.Why());
         return false;

@@ -64,7 +64,7 @@ std::span<const FieldRow, ActivityRecord::FieldCount> ActivityRecord::Fields() {
 ActivityRecord ActivityRecord::Read(const ActivityFile& file, const QString& name) {
     ActivityRecord record;
     for (const FieldRow& row : fields)
-        record.SetText(row.field, file.Read(name, row.element));
+        record.SetText(row.field, file.Read(name, row.field));
     return record;
 }
 

@@ -2,6 +2,7 @@
 // they are written. Owns plain texts; cannot fail (what is missing or no number reads as the table says).
 #pragma once
 
+#include "ActivityField.h"
 #include <QList>
 #include <QString>
 #include <array>
@@ -10,56 +11,6 @@
 #include <utility>
 
 class ActivityFile;
-
-enum class ActivityField {
-    SourceDir,
-    TargetDir,
-    Type,
-    Interval,
-    TriggerDate,
-    TriggerDateTime,
-    TriggerTime,
-    Action,
-    Overwrite,
-    OnlyNew,
-    Alert,
-    IncludeSubdirs,
-    Executable,
-    AllFiles,
-    Extensions,
-    LogFile,
-    Comment,
-    Active,
-    SendMail,
-    AttachLogFile,
-    AttachAction,
-    Sender,
-    Recipient,
-    Cc,
-    Subject,
-    Message,
-    ExceedTime,
-    SendLastFile,
-    Daily,
-    RunningMode,
-    UseSmtp,
-    SmtpHost,
-    ComputerName
-};
-
-enum class FieldStyle {
-    Text,
-    Integer,       ///< decimal; missing or no number: 0
-    YesNo,         ///< "Y"/"N"; everything but "N" is on
-    OneZero,       ///< "1"/"0"; only "1" is on
-    CheckBoxNumber ///< the number of a check box's state, 1 is on
-};
-
-struct FieldRow {
-    ActivityField field;
-    const char* element; ///< name of the field's element, spelt as in every activity file
-    FieldStyle style;
-};
 
 class ActivityRecord final {
   public:

@@ -7,6 +7,7 @@
 #include "XmlPath.h"
 #include "XmlText.h"
 #include "XmlWriter.h"
+#include "modForeignText.h"
 #include "modNativePath.h"
 
 #include <QRegularExpression>
@@ -191,7 +192,7 @@ void clsXML::Save(const QString& filePath) {
                                 XmlChildren::Count(*m_document->Find(QStringLiteral("/*")), m_document->Index()))
         throw StoreError(QStringLiteral("The document cannot be written in its encoding."));
     if (const std::error_code error = m_files.ReplaceAll(modNativePath::FromText(filePath), *bytes))
-        throw StoreError(QString::fromLocal8Bit(error.message().c_str()));
+        throw StoreError(modForeignText::OfError(error));
 }
 
 void clsXML::DeleteNode(const QString& path) {

@@ -5,9 +5,9 @@
 KnownAddresses KnownAddresses::Of(const ActivityFile& file) {
     KnownAddresses known;
     for (const QString& name : file.Names()) {
-        known.senders.append(file.Read(name, "sender"));
-        known.recipients.append(file.Read(name, "recipient"));
-        known.copies.append(file.Read(name, "CC"));
+        known.senders.append(file.Read(name, ActivityField::Sender));
+        known.recipients.append(file.Read(name, ActivityField::Recipient));
+        known.copies.append(file.Read(name, ActivityField::Cc));
     }
     for (QStringList* list : {&known.senders, &known.recipients, &known.copies}) {
         list->removeAll(QString());

@@ -1,6 +1,7 @@
 #include "frmLogFile.h"
 
 #include "StringTable.h"
+#include "modForeignText.h"
 #include "modLogTail.h"
 #include "modNativePath.h"
 #include "modTextBox.h"
@@ -46,8 +47,8 @@ void frmLogFile::load() {
     // The note stands where the missing lines would.
     const QString note =
         tail.isShortened ? QString(u'[' + m_texts[Text::LogCutOff].arg(MostMebibytes) + u"]\n\n") : QString();
-    m_text->setPlaceholderText(
-        tail.error ? m_texts[Text::LogUnreadable] + u'\n' + QString::fromLocal8Bit(tail.error.message()) : QString());
+    m_text->setPlaceholderText(tail.error ? m_texts[Text::LogUnreadable] + u'\n' + modForeignText::OfError(tail.error)
+                                          : QString());
     m_text->setPlainText(note + tail.text);
     m_text->moveCursor(QTextCursor::End);
 }

@@ -7,6 +7,7 @@
 #include "Prompter.h"
 #include "SettingsStore.h"
 #include "StringTable.h"
+#include "modForeignText.h"
 #include "modNativePath.h"
 #include <QCheckBox>
 #include <QDialogButtonBox>
@@ -173,9 +174,8 @@ void frmStartOptions::CreateAutoStart() {
     const std::error_code error =
         wanted ? m_parts.autostart.Create(autostartName, m_parts.program) : m_parts.autostart.Remove(autostartName);
     if (error)
-        m_parts.prompter.Ask(
-            {m_parts.texts[Text::AutostartNotChanged] + u'\n' + QString::fromLocal8Bit(error.message()),
-             m_parts.texts[Text::Error], MessageIcon::Exclamation, MessageButtons::Ok});
+        m_parts.prompter.Ask({m_parts.texts[Text::AutostartNotChanged] + u'\n' + modForeignText::OfError(error),
+                              m_parts.texts[Text::Error], MessageIcon::Exclamation, MessageButtons::Ok});
 }
 
 void frmStartOptions::selectFile() {

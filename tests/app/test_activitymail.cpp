@@ -67,7 +67,7 @@ class TestActivityMail final : public QObject {
             for (const QString& name : {u"A"_qs, u"B"_qs, u"A"_qs, u"B"_qs})
                 QVERIFY(world.program->RunNow(name).Succeeded());
             // Another record takes the name: it has nothing to do with these mails.
-            world.program->File().Write(u"A"_qs, "logfile", world.Path(u"stranger.log"_qs));
+            world.program->File().Write(u"A"_qs, ActivityField::LogFile, world.Path(u"stranger.log"_qs));
             for (const int connections : {2, 3, 4, 4}) {
                 QTRY_COMPARE(world.server.connections, connections);
                 QTest::qWait(50);

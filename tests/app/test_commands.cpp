@@ -74,7 +74,7 @@ class TestCommands final : public QObject {
         window.Command("mnuAddDirMain").trigger();
         QCOMPARE(window.editor.opened, (QStringList{u"B"_qs, QString()}));
         QCOMPARE(window.Names(), (QStringList{u"A"_qs, u"C"_qs, u"B"_qs, u"New"_qs}));
-        QCOMPARE(window.program.File().Read(u"New"_qs, "exceedtime"), u"10"_qs);
+        QCOMPARE(window.program.File().Read(u"New"_qs, ActivityField::ExceedTime), u"10"_qs);
     }
 
     void anEditOverAChangedFileIsSavedAfterAReload() {

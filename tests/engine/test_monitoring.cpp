@@ -137,7 +137,7 @@ class TestMonitoring final : public QObject {
         fixture.Write(activityFile, foreign);
         fixture.Pass(70s);
         QCOMPARE(fixture.Read(activityFile), foreign);
-        QCOMPARE(program.File().Read(A, "activ"), u"0"_qs);
+        QCOMPARE(program.File().Read(A, ActivityField::Active), u"0"_qs);
         QCOMPARE(fixture.Log(A).count(u"Checking starts ..."_qs), 1);
     }
 };

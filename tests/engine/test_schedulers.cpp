@@ -74,7 +74,7 @@ class TestSchedulers final : public QObject {
             const QByteArray log = fixture.Read(u"app.log"_qs);
             QCOMPARE(log.contains("Computer after last activity 'A' shutted down."), shutdown);
             QCOMPARE(log.contains("The computer could not be switched off."), shutdown);
-            QCOMPARE(program.File().Read(A, "activ"), u"1"_qs); // the choice on disk is the user's
+            QCOMPARE(program.File().Read(A, ActivityField::Active), u"1"_qs); // the choice on disk is the user's
             program.List().Refill();
             QVERIFY(!program.List().IsChecked(0));
         }
@@ -175,7 +175,7 @@ class TestSchedulers final : public QObject {
         QVERIFY(!isClosed || !isDone);
         for (const QString& name : {A, second}) {
             const bool isOver = isDone && name == A;
-            QCOMPARE(program.File().Read(name, "activ") == u"0", isOver && type.toInt() > 2);
+            QCOMPARE(program.File().Read(name, ActivityField::Active) == u"0", isOver && type.toInt() > 2);
             QCOMPARE(program.List().IsChecked(*program.List().RowOf(name)), !isOver);
             QVERIFY(isOver || !program.List().IsTakenOut(name));
         }
@@ -186,9 +186,9 @@ class TestSchedulers final : public QObject {
         fixture.Add(A, {{u"type"_qs, u"4"_qs}, {u"triggertime"_qs, u"00:00"_qs}});
         Program& program = fixture.Start();
         program.Monitoring().ToggleMonitoring();
-        fixture.pump->onYield = [&] { program.File().Write(A, "triggertime", u"12:00"_qs); };
+        fixture.pump->onYield = [&] { program.File().Write(A, ActivityField::TriggerTime, u"12:00"_qs); };
         fixture.Pass(5s);
-        QCOMPARE(program.File().Read(A, "activ"), u"1"_qs);
+        QCOMPARE(program.File().Read(A, ActivityField::Active), u"1"_qs);
     }
 
     /// Taken out, then brought back: ticked, with a mark, and due again.
@@ -314,7 +314,7 @@ class TestSchedulers final : public QObject {
         }
         QTEST(runs, "runs");
         const bool finished = runs == 1;
-        QCOMPARE(program.File().Read(A, "activ"), finished ? u"0"_qs : u"1"_qs);
+        QCOMPARE(program.File().Read(A, ActivityField::Active), finished ? u"0"_qs : u"1"_qs);
         QCOMPARE(fixture.Read(u"Kalvenor.kvd"_qs).contains("<activ>0</activ>"), finished);
     }
 
@@ -332,8 +332,8 @@ class TestSchedulers final : public QObject {
         fixture.clock->Advance(24h - 3min);
         fixture.Pass(3min);
         QVERIFY(fixture.Exists(u"dst/f"_qs));
-        QCOMPARE(program.File().Read(A, "activ"), u"0"_qs);
-        QCOMPARE(program.File().Read(past, "activ"), u"1"_qs);
+        QCOMPARE(program.File().Read(A, ActivityField::Active), u"0"_qs);
+        QCOMPARE(program.File().Read(past, ActivityField::Active), u"1"_qs);
         QCOMPARE(fixture.Log(A).last(), u"Monitoring 'A stopped."_qs);
         QCOMPARE(fixture.Log(A).count(u"Checking starts ..."_qs), 1);
     }

@@ -81,8 +81,12 @@ class TestSyncRun final : public QObject {
             } else if (change == u"deleted") {
                 program.Document().DeleteNode(u"/items/A"_qs);
             } else {
-                program.File().Write(A, "action", change == u"edited" ? began : began == u"3" ? u"0"_qs : u"3"_qs);
-                program.File().Write(A, "sourcedir", fixture.Path(change == u"edited" ? u"other"_qs : u"src"_qs));
+                program.File().Write(A, ActivityField::Action,
+                                     change == u"edited" ? began
+                                     : began == u"3"     ? u"0"_qs
+                                                         : u"3"_qs);
+                program.File().Write(A, ActivityField::SourceDir,
+                                     fixture.Path(change == u"edited" ? u"other"_qs : u"src"_qs));
             }
         };
         const RunOutcome outcome = program.RunNow(A);

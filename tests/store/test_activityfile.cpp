@@ -84,11 +84,11 @@ class TestActivityFile : public QObject {
         QVERIFY(store.Write(changed, bytes) && setTime(store.Path(changed), time));
         if (isReplaced)
             QCOMPARE(::rename(qPrintable(store.Path(other)), qPrintable(store.Path(own))), 0);
-        store.file.Write(A, "activ", u"0"_qs);
+        store.file.Write(A, ActivityField::Active, u"0"_qs);
         QCOMPARE(refusal(store.file), store.texts[Text::FileChangedOutside]);
         QCOMPARE(store.Read(own), bytes);
         // The change is still in memory until the user loads again.
-        QCOMPARE(store.file.Read(A, "activ"), u"0"_qs);
+        QCOMPARE(store.file.Read(A, ActivityField::Active), u"0"_qs);
         if (store.file.Load())
             QCOMPARE(refusal(store.file), QString());
     }
@@ -97,7 +97,7 @@ class TestActivityFile : public QObject {
         ScratchStore store(oneActivity);
         QVERIFY(store.file.Load());
         for (const char* value : {"0", "1", "0"}) {
-            store.file.Write(A, "activ", QLatin1String(value));
+            store.file.Write(A, ActivityField::Active, QLatin1String(value));
             QCOMPARE(refusal(store.file), QString());
         }
         QVERIFY(store.Read(own).contains("<activ>0</activ>"));
@@ -217,10 +217,10 @@ class TestActivityFile : public QObject {
         ScratchStore store(oneActivity);
         QVERIFY(store.file.Load());
         for (const char* name : {"", "*", "..", "A/activ", "A|B"}) {
-            QCOMPARE(store.file.Read(QLatin1String(name), "activ"), QString());
-            store.file.Write(QLatin1String(name), "activ", u"9"_qs);
+            QCOMPARE(store.file.Read(QLatin1String(name), ActivityField::Active), QString());
+            store.file.Write(QLatin1String(name), ActivityField::Active, u"9"_qs);
         }
-        QCOMPARE(store.file.Read(A, "activ"), u"1"_qs);
+        QCOMPARE(store.file.Read(A, ActivityField::Active), u"1"_qs);
     }
 };
 

@@ -66,7 +66,7 @@ class TestActivityList : public QObject {
         QCOMPARE(failed.size(), 1);
         QCOMPARE(failed[0][0].toString(), store.texts[Text::FileChangedOutside]);
         QVERIFY(!store.list.IsChecked(0));
-        QCOMPARE(store.file.Read(A, "activ"), u"0"_qs);
+        QCOMPARE(store.file.Read(A, ActivityField::Active), u"0"_qs);
         QCOMPARE(store.Read(own), other);
     }
 

@@ -74,7 +74,7 @@ class TestActivityWriter : public QObject {
         if (asked != Text::None && asked != Text::NameUnusable)
             QCOMPARE(store.prompter.shown.at(0).text, store.texts[asked]);
         if (isWritten)
-            QCOMPARE(store.file.Read(entered.trimmed(), "comment"), u"v-comment"_qs);
+            QCOMPARE(store.file.Read(entered.trimmed(), ActivityField::Comment), u"v-comment"_qs);
         else
             QCOMPARE(store.document.XML(), before);
     }
@@ -83,7 +83,7 @@ class TestActivityWriter : public QObject {
         Store store("<A><comment>first</comment></A><A><comment>second</comment></A><B/>");
         QVERIFY(store.writer.Write(A, A, record()));
         QCOMPARE(store.file.Names().join(u' '), u"A A B"_qs);
-        QCOMPARE(store.file.Read(A, "comment"), u"v-comment"_qs);
+        QCOMPARE(store.file.Read(A, ActivityField::Comment), u"v-comment"_qs);
         QVERIFY(store.Read(u"a.kvd"_qs).contains("second"));
     }
 
@@ -94,7 +94,7 @@ class TestActivityWriter : public QObject {
         for (const QString& name : {A, D})
             QVERIFY_THROWS_EXCEPTION(StoreError, static_cast<void>(store.writer.Write(A, name, record())));
         QCOMPARE(store.document.XML(), before);
-        QCOMPARE(store.file.Read(A, "sourcedir"), u"/a"_qs);
+        QCOMPARE(store.file.Read(A, ActivityField::SourceDir), u"/a"_qs);
     }
 
     void nameTakenWhileAsking() {

@@ -1,6 +1,7 @@
 #include "LinuxSystemClock.h"
 
 #include "SystemError.h"
+#include "modForeignText.h"
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
@@ -27,7 +28,7 @@ void LinuxSystemClock::Set(std::chrono::system_clock::time_point time, Outcome o
         return;
     }
     const std::error_code refusal = LastError();
-    const QString reason = QString::fromStdString(refusal.message());
+    const QString reason = modForeignText::OfError(refusal);
     if (refusal == std::errc::operation_not_permitted)
         askTimedated(time, reason, outcome);
     else

@@ -1,4 +1,5 @@
 #include "WindowsSystemClock.h"
+#include "modForeignText.h"
 
 #include <system_error>
 
@@ -19,5 +20,5 @@ void WindowsSystemClock::Set(std::chrono::system_clock::time_point time, Outcome
         return;
     }
     const std::error_code refusal(static_cast<int>(GetLastError()), std::system_category());
-    outcome(QString::fromLocal8Bit(refusal.message().c_str()));
+    outcome(modForeignText::OfError(refusal));
 }
