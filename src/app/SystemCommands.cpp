@@ -64,14 +64,19 @@ void SystemCommands::ShowServiceOptions() {
         return;
     frmServiceOptions form(m_program.Texts(), m_dialogs.Parent());
     bool mustEnd = false;
+    ServiceMode& service = m_program.Service();
     connect(&form, &frmServiceOptions::Chosen, this, [&](const QString& word) {
         if (word == QLatin1String("startservice"))
             letGoOfTheFile();
-        if (m_program.Service().ServiceConfiguration(word, ServiceCaller::Dialog)) {
+        if (service.ServiceConfiguration(word, ServiceCaller::Dialog)) {
             mustEnd = true;
             form.accept();
         }
     });
+    connect(&service, &ServiceMode::Working, &form,
+            [this, &form] { form.ShowWorking(m_program.Texts()[Text::ServiceManagerWorking]); });
+    connect(&service, &ServiceMode::StateKnown, &form, &frmServiceOptions::ShowState);
+    service.QueryState();
     static_cast<void>(m_dialogs.Run(form));
     if (mustEnd)
         Q_EMIT EndWanted();

@@ -1,5 +1,5 @@
-// The part of the system that runs services: ours is put in and out of it, started and stopped, and tells it of its
-// state. Owns nothing; what fails is told by the results, and without a service manager the notices go nowhere.
+// The system's service manager (systemd, Windows SCM): installs, removes, starts and stops our service, and hears its
+// notices. Requests that take time run beside the program. Without a service manager the notices go nowhere.
 #pragma once
 
 #include <QString>
@@ -11,15 +11,29 @@ enum class ServiceControl { Pause, Continue, Stop };
 /// Kinds of entries in the event log; the numbers are fixed.
 enum class ServiceEvent { Error = 1, Warning = 2, Information = 4 };
 
+struct ServiceState {
+    enum class Kind { Unknown, NotInstalled, Stopped, Running, Failed };
+    Kind kind = Kind::Unknown;
+    QString reason; ///< of Unknown and Failed, in the system's words
+};
+
 class ServiceManager {
   public:
     virtual ~ServiceManager() = default;
 
-    /// Registers the service for this user, to be started with the session; false with everything as before.
-    [[nodiscard]] virtual bool Install() = 0;
+    /// Called once, from the event loop or before the request returns; never after the manager is gone. `reason` says
+    /// in the system's words why the request failed, as far as the system gave any.
+    using Outcome = std::function<void(bool succeeded, const QString& reason)>;
 
-    /// Removes what Install made; false when it was not there or the system refused. A running service goes on.
-    [[nodiscard]] virtual bool Uninstall() = 0;
+    /// Registers the service for this user, to be started with the session. A failure leaves everything as before.
+    virtual void Install(Outcome outcome) = 0;
+
+    /// Removes what Install made; fails when it was not there. A running service goes on.
+    virtual void Uninstall(Outcome outcome) = 0;
+
+    /// Like an Outcome: once, and never after the manager is gone.
+    using StateListener = std::function<void(const ServiceState& state)>;
+    virtual void QueryState(StateListener listener) = 0;
 
     /// Asks for the start or the stop of the service of this name and does not wait for it. False when there is nobody
     /// to ask.

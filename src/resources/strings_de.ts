@@ -1486,5 +1486,29 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <source>Kalvenor Pro Anleitung.en.html</source>
         <translation>Kalvenor Pro Anleitung.de.html</translation>
     </message>
+    <message id="655">
+        <source>The service is not installed.</source>
+        <translation>Der Dienst ist nicht installiert.</translation>
+    </message>
+    <message id="656">
+        <source>The service is installed but not running.</source>
+        <translation>Der Dienst ist installiert, läuft aber nicht.</translation>
+    </message>
+    <message id="657">
+        <source>The service is running.</source>
+        <translation>Der Dienst läuft.</translation>
+    </message>
+    <message id="658">
+        <source>The service has failed: %1</source>
+        <translation>Der Dienst ist fehlgeschlagen: %1</translation>
+    </message>
+    <message id="659">
+        <source>The state of the service is unknown: %1</source>
+        <translation>Der Zustand des Dienstes ist unbekannt: %1</translation>
+    </message>
+    <message id="660">
+        <source>Please wait for the service manager ...</source>
+        <translation>Bitte warten Sie auf die Dienstverwaltung ...</translation>
+    </message>
 </context>
 </TS>

@@ -1855,5 +1855,35 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <translation>Kalvenor Pro Anleitung.en.html</translation>
         <extra-name>ManualPage</extra-name>
     </message>
+    <message id="655">
+        <source>The service is not installed.</source>
+        <translation>The service is not installed.</translation>
+        <extra-name>ServiceIsNotInstalled</extra-name>
+    </message>
+    <message id="656">
+        <source>The service is installed but not running.</source>
+        <translation>The service is installed but not running.</translation>
+        <extra-name>ServiceIsStopped</extra-name>
+    </message>
+    <message id="657">
+        <source>The service is running.</source>
+        <translation>The service is running.</translation>
+        <extra-name>ServiceIsRunning</extra-name>
+    </message>
+    <message id="658">
+        <source>The service has failed: %1</source>
+        <translation>The service has failed: %1</translation>
+        <extra-name>ServiceHasFailed</extra-name>
+    </message>
+    <message id="659">
+        <source>The state of the service is unknown: %1</source>
+        <translation>The state of the service is unknown: %1</translation>
+        <extra-name>ServiceStateUnknown</extra-name>
+    </message>
+    <message id="660">
+        <source>Please wait for the service manager ...</source>
+        <translation>Please wait for the service manager ...</translation>
+        <extra-name>ServiceManagerWorking</extra-name>
+    </message>
 </context>
 </TS>

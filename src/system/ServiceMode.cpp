@@ -2,7 +2,11 @@
 
 #include "Prompter.h"
 #include "StringTable.h"
+#include "modForeignText.h"
+#include <QEventLoop>
+#include <QPointer>
 #include <QStringList>
+#include <utility>
 
 namespace {
 
@@ -25,9 +29,9 @@ bool ServiceMode::IsWord(const QString& text) {
 
 std::optional<int> ServiceMode::ServiceConfiguration(const QString& word, ServiceCaller caller) {
     if (word == QLatin1String("install"))
-        return tellInstallation(m_manager.Install(), Text::ServiceInstalled, Text::ServiceInstallFailed, caller);
+        return changeInstallation(true, caller);
     if (word == QLatin1String("uninstall"))
-        return tellInstallation(m_manager.Uninstall(), Text::ServiceUninstalled, Text::ServiceUninstallFailed, caller);
+        return changeInstallation(false, caller);
     if (word == QLatin1String("startservice"))
         return control(true, caller);
     if (word == QLatin1String("stopservice"))
@@ -38,25 +42,78 @@ std::optional<int> ServiceMode::ServiceConfiguration(const QString& word, Servic
         // Refused in a window that nobody manages, which goes on as a window.
         static_cast<void>(m_manager.AcceptControls(m_debug, [this](ServiceControl control) { obey(control); }));
     else if (!word.isEmpty())
-        tell(Text::UnknownServiceParameter, true);
+        tell(m_texts[Text::UnknownServiceParameter], true);
     return std::nullopt;
 }
 
-std::optional<int> ServiceMode::tellInstallation(bool succeeded, Text success, Text failure, ServiceCaller caller) {
-    tell(succeeded ? success : failure, !succeeded && caller == ServiceCaller::CommandLine);
-    if (caller == ServiceCaller::Dialog)
+std::optional<int> ServiceMode::changeInstallation(bool install, ServiceCaller caller) {
+    const auto request = [&](ServiceManager::Outcome outcome) {
+        install ? m_manager.Install(std::move(outcome)) : m_manager.Uninstall(std::move(outcome));
+    };
+    if (caller == ServiceCaller::CommandLine) {
+        QEventLoop waiting; // nothing else runs in this process
+        std::optional<bool> succeeded;
+        request([&](bool done, const QString& reason) {
+            succeeded = done;
+            showResult(install, done, reason, !done);
+            waiting.quit();
+        });
+        if (!succeeded)
+            waiting.exec();
+        return succeeded.value_or(false) ? EXIT_SUCCESS : EXIT_FAILURE;
+    }
+    if (std::exchange(m_isBusy, true))
         return std::nullopt;
-    return succeeded ? EXIT_SUCCESS : EXIT_FAILURE;
+    Q_EMIT Working();
+    request([self = QPointer(this), install](bool done, const QString& reason) {
+        if (self)
+            self->showResult(install, done, reason, false);
+        if (!self) // the box was open while the program ended
+            return;
+        self->m_isBusy = false;
+        self->QueryState();
+    });
+    return std::nullopt;
+}
+
+void ServiceMode::showResult(bool installed, bool succeeded, const QString& reason, bool asProblem) {
+    const Text success = installed ? Text::ServiceInstalled : Text::ServiceUninstalled;
+    const Text failure = installed ? Text::ServiceInstallFailed : Text::ServiceUninstallFailed;
+    const QString why = reason.isEmpty() ? QString() : QString(u"\n" + modForeignText::FromServer(reason));
+    tell(m_texts[succeeded ? success : failure] + why, asProblem);
+}
+
+void ServiceMode::QueryState() {
+    m_manager.QueryState([self = QPointer(this)](const ServiceState& state) {
+        if (self)
+            Q_EMIT self->StateKnown(self->textOf(state));
+    });
+}
+
+QString ServiceMode::textOf(const ServiceState& state) const {
+    switch (state.kind) {
+    case ServiceState::Kind::NotInstalled:
+        return m_texts[Text::ServiceIsNotInstalled];
+    case ServiceState::Kind::Stopped:
+        return m_texts[Text::ServiceIsStopped];
+    case ServiceState::Kind::Running:
+        return m_texts[Text::ServiceIsRunning];
+    case ServiceState::Kind::Failed:
+        return m_texts[Text::ServiceHasFailed].arg(modForeignText::FromServer(state.reason));
+    case ServiceState::Kind::Unknown:
+        break;
+    }
+    return m_texts[Text::ServiceStateUnknown].arg(modForeignText::FromServer(state.reason));
 }
 
 std::optional<int> ServiceMode::control(bool start, ServiceCaller caller) {
     if (caller == ServiceCaller::Dialog)
-        tell(start ? Text::ClosesToStartService : Text::ClosesToStopService, true);
+        tell(m_texts[start ? Text::ClosesToStartService : Text::ClosesToStopService], true);
     const QString name = serviceName(caller);
     if (start ? m_manager.Start(name) : m_manager.Stop(name))
         return EXIT_SUCCESS;
     // Nobody would take over what a window that closes now leaves.
-    tell(Text::ServiceManagerNotStarted, true);
+    tell(m_texts[Text::ServiceManagerNotStarted], true);
     return caller == ServiceCaller::Dialog ? std::nullopt : std::optional<int>(EXIT_FAILURE);
 }
 
@@ -71,7 +128,7 @@ void ServiceMode::obey(ServiceControl control) {
     }
 }
 
-void ServiceMode::tell(Text text, bool isProblem) {
-    m_prompter.Ask({m_texts[text], m_texts[Text::ServiceTitle],
-                    isProblem ? MessageIcon::Exclamation : MessageIcon::Information, MessageButtons::Ok});
+void ServiceMode::tell(const QString& text, bool isProblem) {
+    m_prompter.Ask({text, m_texts[Text::ServiceTitle], isProblem ? MessageIcon::Exclamation : MessageIcon::Information,
+                    MessageButtons::Ok});
 }

@@ -1,5 +1,5 @@
-// The words that manage this program as a service, and the service's own events. Owns the wish for debug mode.
-// Outcomes are told in message boxes.
+// The words that manage this program as a service, and the service's own events. Owns the wish for debug mode and
+// whether a request is under way. Results are shown in message boxes.
 #pragma once
 
 #include "ServiceManager.h"
@@ -24,20 +24,33 @@ class ServiceMode final : public QObject {
     [[nodiscard]] static bool IsWord(const QString& text);
 
     /// Does what the word says; "" does nothing. The exit code when the program has to end now, otherwise nullopt.
+    /// Called by the dialog, "install" and "uninstall" only begin here, and are ignored while one of them is under way;
+    /// called by the command line they are waited for.
     [[nodiscard]] std::optional<int> ServiceConfiguration(const QString& word, ServiceCaller caller);
+
+    /// Asks for the service's state. StateKnown follows.
+    void QueryState();
 
   Q_SIGNALS:
     /// The service manager ends the service: the program is to take its closing path.
     void StopWanted();
 
+    /// A request of the dialog has begun. StateKnown follows.
+    void Working();
+    /// The service's state, as text for people.
+    void StateKnown(const QString& text);
+
   private:
-    [[nodiscard]] std::optional<int> tellInstallation(bool succeeded, Text success, Text failure, ServiceCaller caller);
+    [[nodiscard]] std::optional<int> changeInstallation(bool install, ServiceCaller caller);
+    void showResult(bool installed, bool succeeded, const QString& reason, bool asProblem);
+    [[nodiscard]] QString textOf(const ServiceState& state) const;
     [[nodiscard]] std::optional<int> control(bool start, ServiceCaller caller);
     void obey(ServiceControl control);
-    void tell(Text text, bool isProblem);
+    void tell(const QString& text, bool isProblem);
 
     ServiceManager& m_manager;
     Prompter& m_prompter;
     const StringTable& m_texts;
     bool m_debug = false;
+    bool m_isBusy = false;
 };

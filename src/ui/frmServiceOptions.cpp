@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <array>
+#include <utility>
 
 namespace {
 
@@ -21,11 +22,18 @@ constexpr std::array choices{Choice{"cmdInstallSvc", Text::InstallService, "inst
                              Choice{"cmdStartSvc", Text::StartService, "startservice"},
                              Choice{"cmdStopSvc", Text::StopService, "stopservice"}};
 
-constexpr int kNoteWidth = 380; // pixels
+QLabel* lines(const char* name, const QString& text) {
+    constexpr int width = 380; // pixels
+    QLabel* label = FormParts::PlainText(name, text);
+    label->setWordWrap(true);
+    label->setMinimumWidth(width);
+    return label;
+}
 
 } // namespace
 
-frmServiceOptions::frmServiceOptions(const StringTable& texts, QWidget* parent) : QDialog(parent) {
+frmServiceOptions::frmServiceOptions(const StringTable& texts, QWidget* parent)
+    : QDialog(parent), m_state(lines("lblState", texts[Text::ServiceManagerWorking])) {
     setObjectName(QStringLiteral("frmServiceOptions"));
     setWindowTitle(texts[Text::ServiceTitle]);
     auto* layout = new QGridLayout(this);
@@ -36,16 +44,28 @@ frmServiceOptions::frmServiceOptions(const StringTable& texts, QWidget* parent) 
         connect(button, &QPushButton::clicked, this,
                 [this, word = QString::fromLatin1(choices[i].word)] { Q_EMIT Chosen(word); });
         layout->addWidget(button, static_cast<int>(i / 2), static_cast<int>(i % 2));
+        m_buttons.append(button);
     }
-    auto* note = new QLabel(texts[Text::ServiceNote], this);
-    note->setObjectName(QStringLiteral("lblNote"));
-    note->setTextFormat(Qt::PlainText);
-    note->setWordWrap(true);
-    note->setMinimumWidth(kNoteWidth);
-    layout->addWidget(note, 2, 0, 1, 2);
+    layout->addWidget(m_state, 2, 0, 1, 2);
+    layout->addWidget(lines("lblNote", texts[Text::ServiceNote]), 3, 0, 1, 2);
     auto* buttons = new QDialogButtonBox(this);
     FormParts::AddButton(*buttons, QDialogButtonBox::Ok, "cmdOK", texts[Text::Ok]);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    layout->addWidget(buttons, 3, 0, 1, 2);
+    layout->addWidget(buttons, 4, 0, 1, 2);
     layout->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void frmServiceOptions::setButtonsEnabled(bool enabled) {
+    for (QPushButton* button : std::as_const(m_buttons))
+        button->setEnabled(enabled);
+}
+
+void frmServiceOptions::ShowWorking(const QString& text) {
+    setButtonsEnabled(false);
+    m_state->setText(text);
+}
+
+void frmServiceOptions::ShowState(const QString& text) {
+    setButtonsEnabled(true);
+    m_state->setText(text);
 }

@@ -3,6 +3,7 @@
 #include "WindowFixture.h"
 #include "frmServiceOptions.h"
 
+#include <QLabel>
 #include <QMenu>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -27,8 +28,12 @@ class TestSystemCommands final : public QObject {
             AppFixture fixture;
             Window window(fixture);
             QSignalSpy closed(&window.form, &frmMain::Closed);
+            fixture.serviceManager->later = [](const std::function<void()>&) {}; // no answer yet
+            fixture.serviceManager->state.kind = ServiceState::Kind::Stopped;
             WhenOpen<frmServiceOptions>([&](const frmServiceOptions& form) {
+                QCOMPARE(Find<QLabel>(form, "lblState").text(), fixture.texts[Text::ServiceIsStopped]);
                 Find<QPushButton>(form, starts ? "cmdStartSvc" : "cmdInstallSvc").click();
+                QCOMPARE(Find<QPushButton>(form, "cmdStopSvc").isEnabled(), starts);
             });
             window.Command("mnuServiceOptions").trigger();
             QCOMPARE(fixture.serviceManager->asked, QStringList{starts ? u"start KalvenorPro"_qs : u"install"_qs});

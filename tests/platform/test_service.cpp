@@ -24,7 +24,7 @@ struct Scratch {
         // Fails on the word in "refuse"; in between the unit must be whole.
         Program(u"systemctl"_qs, "case \"$*\" in *\"$(cat '" + path(u"refuse"_qs) +
                                      "' 2>/dev/null || echo nothing)\"*)"
-                                     " exit 1;; esac\n");
+                                     " echo refused >&2; exit 1;; esac\n");
     }
     void Program(const QString& name, const QByteArray& rest) {
         QFile script(folder.filePath(u"bin/"_qs + name));
@@ -42,9 +42,21 @@ struct Scratch {
     [[nodiscard]] LinuxServiceManager Manager(const char* program = "/opt/k/Kalvenor") const {
         return {program, folder.path().toStdString(), ServiceNotifier({})};
     }
+    /// "done", or the reason why not.
+    [[nodiscard]] static QString Installed(LinuxServiceManager& manager) {
+        return ended([&](ServiceManager::Outcome outcome) { manager.Install(std::move(outcome)); });
+    }
+    [[nodiscard]] static QString Uninstalled(LinuxServiceManager& manager) {
+        return ended([&](ServiceManager::Outcome outcome) { manager.Uninstall(std::move(outcome)); });
+    }
     QTemporaryDir folder;
 
   private:
+    static QString ended(const std::function<void(ServiceManager::Outcome)>& request) {
+        std::optional<QString> end;
+        request([&](bool succeeded, const QString& reason) { end = succeeded ? u"done"_qs : reason; });
+        return QTest::qWaitFor([&] { return end.has_value(); }) ? *end : u"no answer"_qs;
+    }
     [[nodiscard]] QByteArray path(const QString& name) const { return folder.filePath(name).toUtf8(); }
     [[nodiscard]] QByteArray contentOf(const QString& name) const {
         QFile file(folder.filePath(name));
@@ -68,16 +80,19 @@ class TestService final : public QObject {
     void installsWholeOrNotAtAll() {
         Scratch scratch;
         LinuxServiceManager manager = scratch.Manager();
-        QVERIFY(!manager.Uninstall()); // of what is not there
+        QCOMPARE(Scratch::Uninstalled(manager), QString()); // of what is not there
         scratch.Refuse("enable");
-        QVERIFY(!manager.Install() && scratch.Unit().isEmpty());
+        QCOMPARE(Scratch::Installed(manager), u"refused"_qs);
+        QCOMPARE(scratch.Unit(), QByteArray());
         scratch.Refuse("nothing");
-        QVERIFY(manager.Install());
+        QCOMPARE(Scratch::Installed(manager), u"done"_qs);
         QCOMPARE(scratch.Unit(), ServiceUnit::Text("/opt/k/Kalvenor").value());
         scratch.Refuse("disable");
-        QVERIFY(!manager.Uninstall() && !scratch.Unit().isEmpty());
+        QCOMPARE(Scratch::Uninstalled(manager), u"refused"_qs);
+        QVERIFY(!scratch.Unit().isEmpty());
         scratch.Refuse("nothing");
-        QVERIFY(manager.Uninstall() && scratch.Unit().isEmpty());
+        QCOMPARE(Scratch::Uninstalled(manager), u"done"_qs);
+        QCOMPARE(scratch.Unit(), QByteArray());
         QVERIFY(manager.Stop(u"KalvenorPro"_qs));
         const QByteArray reload = "--user --quiet daemon-reload\n";
         const QByteArray enable = "--user --quiet enable KalvenorPro.service\n";
@@ -88,11 +103,32 @@ class TestService final : public QObject {
 
     void keepsAnEarlierUnitWhenItCannotBeEnabledAgain() {
         Scratch scratch;
-        QVERIFY(scratch.Manager("/opt/old/Kalvenor").Install());
-        QVERIFY(!scratch.Manager("/opt/it's/Kalvenor").Install());
+        LinuxServiceManager older = scratch.Manager("/opt/old/Kalvenor");
+        QCOMPARE(Scratch::Installed(older), u"done"_qs);
+        LinuxServiceManager badlyNamed = scratch.Manager("/opt/it's/Kalvenor");
+        QCOMPARE(Scratch::Installed(badlyNamed), QString());
         scratch.Refuse("enable");
-        QVERIFY(!scratch.Manager("/opt/new/Kalvenor").Install());
+        LinuxServiceManager newer = scratch.Manager("/opt/new/Kalvenor");
+        QCOMPARE(Scratch::Installed(newer), u"refused"_qs);
         QCOMPARE(scratch.Unit(), ServiceUnit::Text("/opt/old/Kalvenor").value());
+    }
+
+    void readsTheState() {
+        using Kind = ServiceState::Kind;
+        const auto kind = [](const QByteArray& answer) { return StateFromProperties(answer).kind; };
+        QCOMPARE(kind("LoadState=not-found\nActiveState=inactive\nUnitFileState=\n"), Kind::NotInstalled);
+        QCOMPARE(kind("ActiveState=inactive\nUnitFileState=disabled\n"), Kind::NotInstalled);
+        QCOMPARE(kind("ActiveState=inactive\nUnitFileState=enabled\n"), Kind::Stopped);
+        QCOMPARE(kind("ActiveState=active\nUnitFileState=enabled\n"), Kind::Running);
+        QCOMPARE(kind("ActiveState=activating\nUnitFileState=enabled\n"), Kind::Running);
+        QCOMPARE(StateFromProperties("ActiveState=failed\nResult=exit-code\nExecMainStatus=3\n").reason,
+                 u"exit-code, status 3"_qs);
+        Scratch scratch;
+        scratch.Refuse("show");
+        std::optional<ServiceState> state;
+        LinuxServiceManager manager = scratch.Manager();
+        manager.QueryState([&](const ServiceState& found) { state = found; });
+        QTRY_VERIFY(state && state->kind == Kind::Unknown && state->reason == u"refused"_qs);
     }
 
     void startsThroughTheInterpreter() {

@@ -170,8 +170,9 @@ class FakeAutostart final : public Autostart {
 
 class FakeServiceManager final : public ServiceManager {
   public:
-    bool Install() override { return did(u"install"_qs); }
-    bool Uninstall() override { return did(u"uninstall"_qs); }
+    void Install(Outcome outcome) override { answer(did(u"install"_qs), outcome); }
+    void Uninstall(Outcome outcome) override { answer(did(u"uninstall"_qs), outcome); }
+    void QueryState(StateListener told) override { told(state); }
     bool Start(const QString& service) override { return did(u"start "_qs + service); }
     bool Stop(const QString& service) override { return did(u"stop "_qs + service); }
     bool AcceptControls(bool debug, ControlListener newListener) override {
@@ -187,13 +188,19 @@ class FakeServiceManager final : public ServiceManager {
     }
     QStringList asked;
     bool succeeds = true;
+    QString reason;
+    ServiceState state;
     bool runsThisProcess = false;
+    std::function<void(std::function<void()> work)> later = [](const std::function<void()>& work) { work(); };
     ControlListener listener;
 
   private:
     bool did(const QString& what) {
         asked.append(what);
         return succeeds;
+    }
+    void answer(bool succeeded, const Outcome& outcome) {
+        later([=, this] { outcome(succeeded, reason); });
     }
 };
 

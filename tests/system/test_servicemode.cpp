@@ -43,6 +43,27 @@ class TestServiceMode final : public QObject {
         QCOMPARE(done(u"Install"_qs, line), text(Text::UnknownServiceParameter));
     }
 
+    void theDialogIsNotHeldUp() {
+        FakeServiceManager manager;
+        FakePrompter prompter;
+        ServiceMode mode(manager, prompter, m_texts);
+        QSignalSpy working(&mode, &ServiceMode::Working);
+        QSignalSpy states(&mode, &ServiceMode::StateKnown);
+        std::vector<std::function<void()>> pending;
+        manager.later = [&](const std::function<void()>& work) { pending.push_back(work); };
+        manager.succeeds = false;
+        manager.reason = u"no \x1b bus"_qs;
+        manager.state = {ServiceState::Kind::Failed, u"exit-code, status 3"_qs};
+        for (const char* word : {"install", "uninstall"}) // the second comes too early
+            QVERIFY(!mode.ServiceConfiguration(QLatin1String(word), ServiceCaller::Dialog));
+        QCOMPARE(working.size(), 1);
+        QVERIFY(prompter.shown.empty() && states.isEmpty());
+        QCOMPARE(pending.size(), 1U);
+        pending.front()();
+        QCOMPARE(prompter.shown.front().text, m_texts[Text::ServiceInstallFailed] + u"\nno \uFFFD bus");
+        QCOMPARE(states.value(0).value(0).toString(), m_texts[Text::ServiceHasFailed].arg(manager.state.reason));
+    }
+
     void obeysTheServiceManager() {
         FakeServiceManager manager;
         FakePrompter prompter;

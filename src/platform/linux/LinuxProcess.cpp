@@ -80,7 +80,10 @@ bool LinuxProcess::Open(const QString& path) {
 }
 
 void LinuxProcess::ShowDocument(const QString& path, const std::function<void()>& failed) {
-    m_openers.Start(xdgOpen, {modNativePath::ToText(modNativePath::Absolute(path))}, failed);
+    m_openers.Start(xdgOpen, {modNativePath::ToText(modNativePath::Absolute(path))}, [failed](const ToolEnd& end) {
+        if (!end.succeeded)
+            failed();
+    });
 }
 
 bool LinuxProcess::OpenFolder(const QString& path) {

@@ -5,6 +5,7 @@
 #include "ServiceUnit.h"
 #include "Tool.h"
 #include "modForeignText.h"
+#include <QHash>
 #include <iostream>
 
 namespace {
@@ -15,13 +16,10 @@ constexpr mode_t unitMode = 0644;
 constexpr std::int64_t mostBytes = 1 << 20;
 constexpr std::chrono::seconds patience{10};
 
-bool systemctl(const QStringList& words) {
-    return Tool::Run(QStringLiteral("systemctl"),
-                     QStringList{QStringLiteral("--user"), QStringLiteral("--quiet")} + words, patience);
-}
+const QStringList reload{QStringLiteral("daemon-reload")};
 
-bool reload() {
-    return systemctl({QStringLiteral("daemon-reload")});
+QString unitName() {
+    return QString::fromLatin1(ServiceUnit::FileName);
 }
 
 bool command(const QString& verb, const QString& service) {
@@ -50,44 +48,89 @@ QByteArray EventLine(ServiceEvent type, int id, const QString& text, bool journa
     return (journal ? priorityOf(type) : QByteArray()) + line.toUtf8() + '\n';
 }
 
+ServiceState StateFromProperties(const QByteArray& answer) {
+    QHash<QByteArray, QByteArray> properties;
+    for (const QByteArray& line : answer.split('\n')) {
+        const qsizetype separator = line.indexOf('=');
+        if (separator > 0)
+            properties[line.left(separator)] = line.mid(separator + 1).trimmed();
+    }
+    using Kind = ServiceState::Kind;
+    const QByteArray active = properties["ActiveState"];
+    if (active == "failed")
+        return {Kind::Failed, QString::fromUtf8(properties["Result"] + ", status " + properties["ExecMainStatus"])};
+    if (active == "active" || active == "activating" || active == "reloading" || active == "deactivating")
+        return {Kind::Running, {}};
+    const QByteArray file = properties["UnitFileState"];
+    return {file == "enabled" || file == "alias" || file == "static" ? Kind::Stopped : Kind::NotInstalled, {}};
+}
+
 LinuxServiceManager::LinuxServiceManager(fs::path program, const fs::path& configHome, ServiceNotifier notifier)
     : m_program(std::move(program)),
       m_unit(configHome.empty() ? fs::path() : configHome / "systemd/user" / ServiceUnit::FileName),
       m_notifier(std::move(notifier)) {}
 
-bool LinuxServiceManager::Install() {
+void LinuxServiceManager::systemctl(const QStringList& words, WatchedTools::Listener listener) {
+    m_tools.Run(QStringLiteral("systemctl"), QStringList{QStringLiteral("--user"), QStringLiteral("--quiet")} + words,
+                patience, std::move(listener));
+}
+
+void LinuxServiceManager::Install(Outcome outcome) {
     const std::optional<QByteArray> text = ServiceUnit::Text(m_program);
     if (!text || m_unit.empty())
-        return false;
+        return outcome(false, {});
     QByteArray former;
     const std::error_code noFormer = LinuxOwnFiles().ReadAll(m_unit, mostBytes, former);
     if (noFormer && noFormer != std::errc::no_such_file_or_directory)
-        return false;
-    if (AtomicFile::Put(m_unit, *text, unitMode))
-        return false;
-    if (reload() && systemctl({QStringLiteral("enable"), QString::fromLatin1(ServiceUnit::FileName)}))
-        return true;
-    // A unit that nobody enabled would look installed.
-    std::error_code error;
-    if (noFormer)
-        fs::remove(m_unit, error);
-    else
-        static_cast<void>(AtomicFile::Replace(m_unit, former, unitMode));
-    static_cast<void>(reload());
-    return false;
+        return outcome(false, modForeignText::OfError(noFormer));
+    if (const std::error_code error = AtomicFile::Put(m_unit, *text, unitMode))
+        return outcome(false, modForeignText::OfError(error));
+    const std::optional<QByteArray> before = noFormer ? std::nullopt : std::optional(former);
+    systemctl(reload, [this, before, outcome](const ToolEnd& reloaded) {
+        if (!reloaded.succeeded)
+            return undoInstall(before, reloaded.complaint, outcome);
+        systemctl({QStringLiteral("enable"), unitName()}, [this, before, outcome](const ToolEnd& enabled) {
+            if (!enabled.succeeded)
+                return undoInstall(before, enabled.complaint, outcome);
+            outcome(true, {});
+        });
+    });
 }
 
-bool LinuxServiceManager::Uninstall() {
+/// A unit that nobody enabled would look installed.
+void LinuxServiceManager::undoInstall(const std::optional<QByteArray>& former, const QString& reason,
+                                      const Outcome& outcome) {
+    std::error_code error;
+    if (former)
+        error = AtomicFile::Replace(m_unit, *former, unitMode);
+    else
+        fs::remove(m_unit, error);
+    const QString why = error ? modForeignText::OfError(error) : reason;
+    systemctl(reload, [outcome, why](const ToolEnd&) { outcome(false, why); });
+}
+
+void LinuxServiceManager::Uninstall(Outcome outcome) {
     std::error_code error;
     if (m_unit.empty() || !fs::exists(fs::symlink_status(m_unit, error)))
-        return false;
+        return outcome(false, {});
     // First, while the unit still says which links belong to it.
-    if (!systemctl({QStringLiteral("disable"), QString::fromLatin1(ServiceUnit::FileName)}))
-        return false;
-    if (!fs::remove(m_unit, error))
-        return false;
-    static_cast<void>(reload()); // the service is gone from the next session on in any case
-    return true;
+    systemctl({QStringLiteral("disable"), unitName()}, [this, outcome](const ToolEnd& disabled) {
+        if (!disabled.succeeded)
+            return outcome(false, disabled.complaint);
+        std::error_code failure;
+        if (!fs::remove(m_unit, failure))
+            return outcome(false, modForeignText::OfError(failure));
+        // Even if this fails, the service is gone from the next session on.
+        systemctl(reload, [outcome](const ToolEnd&) { outcome(true, {}); });
+    });
+}
+
+void LinuxServiceManager::QueryState(StateListener listener) {
+    const QString properties = QStringLiteral("--property=LoadState,UnitFileState,ActiveState,Result,ExecMainStatus");
+    systemctl({QStringLiteral("show"), properties, unitName()}, [listener](const ToolEnd& end) {
+        listener(end.succeeded ? StateFromProperties(end.output)
+                               : ServiceState{ServiceState::Kind::Unknown, end.complaint});
+    });
 }
 
 bool LinuxServiceManager::Start(const QString& service) {

@@ -7,8 +7,13 @@
 #include "ServiceManager.h"
 #include "ServiceNotifier.h"
 #include "SignalPipe.h"
+#include "WatchedTools.h"
 #include <filesystem>
 #include <memory>
+#include <optional>
+
+/// The state in the answer of `systemctl show`, a line "Property=value" each (org.freedesktop.systemd1(5)).
+[[nodiscard]] ServiceState StateFromProperties(const QByteArray& answer);
 
 class LinuxServiceManager final : public ServiceManager {
   public:
@@ -16,9 +21,10 @@ class LinuxServiceManager final : public ServiceManager {
     LinuxServiceManager(std::filesystem::path program, const std::filesystem::path& configHome,
                         ServiceNotifier notifier);
 
-    /// Both wait up to ten seconds for each call of systemctl.
-    [[nodiscard]] bool Install() override;
-    [[nodiscard]] bool Uninstall() override;
+    /// Each call of systemctl is killed after ten seconds.
+    void Install(Outcome outcome) override;
+    void Uninstall(Outcome outcome) override;
+    void QueryState(StateListener listener) override;
 
     /// Through the command interpreter that $COMSPEC names, where it is set.
     [[nodiscard]] bool Start(const QString& service) override;
@@ -30,10 +36,14 @@ class LinuxServiceManager final : public ServiceManager {
     void LogEvent(ServiceEvent type, int id, const QString& text) override;
 
   private:
+    void systemctl(const QStringList& words, WatchedTools::Listener listener);
+    void undoInstall(const std::optional<QByteArray>& former, const QString& reason, const Outcome& outcome);
+
     std::filesystem::path m_program;
     std::filesystem::path m_unit; ///< empty when there is no place for it
     ServiceNotifier m_notifier;
     std::unique_ptr<SignalPipe> m_controls;
+    WatchedTools m_tools; ///< last: its processes report to this object
 };
 
 /// One line for the event log; `journal`: it begins with its priority.

@@ -1,4 +1,4 @@
-// Runs one of the system's small tools and waits for it, but not for long. Owns nothing.
+// Runs one of the system's small tools, and waits for it where that cannot take long.
 #pragma once
 
 #include <QStringList>

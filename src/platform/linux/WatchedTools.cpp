@@ -1,6 +1,7 @@
 #include "WatchedTools.h"
 
 #include <QProcess>
+#include <QTimer>
 #include <unistd.h>
 
 WatchedTools::~WatchedTools() {
@@ -12,24 +13,36 @@ WatchedTools::~WatchedTools() {
     }
 }
 
-void WatchedTools::Start(const QString& name, const QStringList& arguments, const std::function<void()>& failed) {
-    auto* process = new QProcess(&m_processes);
-    process->setStandardInputFile(QProcess::nullDevice());
-    process->setStandardOutputFile(QProcess::nullDevice());
-    process->setStandardErrorFile(QProcess::nullDevice());
-    process->setChildProcessModifier([] { setsid(); });
-    const auto end = [process, failed](bool succeeded) {
-        process->deleteLater();
-        if (!succeeded)
-            failed();
+void WatchedTools::watch(QProcess& process, Listener listener) {
+    process.setStandardInputFile(QProcess::nullDevice());
+    const auto end = [&process, listener = std::move(listener)](bool succeeded) {
+        const QString complaint = QString::fromLocal8Bit(process.readAllStandardError()).trimmed();
+        process.deleteLater();
+        listener({succeeded, process.readAllStandardOutput(), complaint.isEmpty() ? process.errorString() : complaint});
     };
-    QObject::connect(process, &QProcess::finished, process, [end](int exitCode, QProcess::ExitStatus status) {
+    QObject::connect(&process, &QProcess::finished, &process, [end](int exitCode, QProcess::ExitStatus status) {
         end(status == QProcess::NormalExit && exitCode == 0);
     });
     const auto onError = [end](QProcess::ProcessError error) {
         if (error == QProcess::FailedToStart)
             end(false);
     };
-    QObject::connect(process, &QProcess::errorOccurred, process, onError, Qt::QueuedConnection);
+    QObject::connect(&process, &QProcess::errorOccurred, &process, onError, Qt::QueuedConnection);
+}
+
+void WatchedTools::Start(const QString& name, const QStringList& arguments, Listener listener) {
+    auto* process = new QProcess(&m_processes);
+    process->setStandardOutputFile(QProcess::nullDevice());
+    process->setStandardErrorFile(QProcess::nullDevice());
+    process->setChildProcessModifier([] { setsid(); });
+    watch(*process, std::move(listener));
+    process->start(name, arguments);
+}
+
+void WatchedTools::Run(const QString& name, const QStringList& arguments, std::chrono::milliseconds limit,
+                       Listener listener) {
+    auto* process = new QProcess(&m_processes);
+    watch(*process, std::move(listener));
+    QTimer::singleShot(limit, process, &QProcess::kill);
     process->start(name, arguments);
 }

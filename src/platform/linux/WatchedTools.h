@@ -1,10 +1,20 @@
-// Runs tools beside the program and tells of those that fail. Owns their processes; what still runs at the end is let
-// go of, and nothing is told any more.
+// Runs the system's small tools beside the program. Owns their processes. Those that still run at the end are killed,
+// and nothing is reported any more.
 #pragma once
 
 #include <QObject>
 #include <QStringList>
+#include <chrono>
 #include <functional>
+
+class QProcess;
+
+/// How a tool ended.
+struct ToolEnd {
+    bool succeeded = false; ///< by itself, with exit code 0
+    QByteArray output;      ///< empty where nobody asked for it
+    QString complaint;      ///< what it wrote to standard error, or why it could not be started
+};
 
 class WatchedTools final {
   public:
@@ -13,10 +23,17 @@ class WatchedTools final {
     WatchedTools(const WatchedTools&) = delete;
     WatchedTools& operator=(const WatchedTools&) = delete;
 
-    /// Looks the name up along PATH and starts it in a session of its own, without our input and output. `failed` comes
-    /// from the event loop when it cannot be started or ends with another exit code than 0.
-    void Start(const QString& name, const QStringList& arguments, const std::function<void()>& failed);
+    /// Always called from the event loop.
+    using Listener = std::function<void(const ToolEnd& end)>;
+
+    /// Looks the name up along PATH and starts it in a session of its own, without our input and output.
+    void Start(const QString& name, const QStringList& arguments, Listener listener);
+
+    /// The same with its output, and killed when it takes longer than `limit`.
+    void Run(const QString& name, const QStringList& arguments, std::chrono::milliseconds limit, Listener listener);
 
   private:
+    void watch(QProcess& process, Listener listener);
+
     QObject m_processes;
 };

@@ -1,4 +1,5 @@
 #include "WindowsServiceManager.h"
+#include "modForeignText.h"
 
 namespace {
 
@@ -36,25 +37,51 @@ bool net(const QString& verb, const QString& service) {
     return true;
 }
 
+QString textOf(DWORD code) {
+    return modForeignText::OfError({static_cast<int>(code), std::system_category()});
+}
+
+QString lastError() {
+    return textOf(GetLastError());
+}
+
 } // namespace
 
-bool WindowsServiceManager::Install() {
+void WindowsServiceManager::Install(Outcome outcome) {
     const ServiceHandle manager(OpenSCManagerW(nullptr, nullptr, SC_MANAGER_CREATE_SERVICE));
     if (!manager)
-        return false;
+        return outcome(false, lastError());
     const std::wstring line = L'"' + m_program.wstring() + L"\" STARTSERVICE";
     const ServiceHandle service(CreateServiceW(manager.get(), serviceName, displayName, SERVICE_QUERY_STATUS,
                                                SERVICE_WIN32_OWN_PROCESS, SERVICE_AUTO_START, SERVICE_ERROR_NORMAL,
                                                line.c_str(), nullptr, nullptr, nullptr, nullptr, nullptr));
-    return service != nullptr;
+    outcome(service != nullptr, service ? QString() : lastError());
 }
 
-bool WindowsServiceManager::Uninstall() {
+void WindowsServiceManager::Uninstall(Outcome outcome) {
     const ServiceHandle manager(OpenSCManagerW(nullptr, nullptr, SC_MANAGER_CONNECT));
     if (!manager)
-        return false;
+        return outcome(false, lastError());
     const ServiceHandle service(OpenServiceW(manager.get(), serviceName, DELETE));
-    return service && DeleteService(service.get()) != FALSE;
+    const bool succeeded = service && DeleteService(service.get()) != FALSE;
+    outcome(succeeded, succeeded ? QString() : lastError());
+}
+
+void WindowsServiceManager::QueryState(StateListener listener) {
+    const ServiceHandle manager(OpenSCManagerW(nullptr, nullptr, SC_MANAGER_CONNECT));
+    if (!manager)
+        return listener({ServiceState::Kind::Unknown, lastError()});
+    const ServiceHandle service(OpenServiceW(manager.get(), serviceName, SERVICE_QUERY_STATUS));
+    if (!service && GetLastError() == ERROR_SERVICE_DOES_NOT_EXIST)
+        return listener({ServiceState::Kind::NotInstalled, {}});
+    SERVICE_STATUS status{};
+    if (!service || QueryServiceStatus(service.get(), &status) == FALSE)
+        return listener({ServiceState::Kind::Unknown, lastError()});
+    if (status.dwCurrentState != SERVICE_STOPPED)
+        return listener({ServiceState::Kind::Running, {}});
+    const bool hasFailed = status.dwWin32ExitCode != NO_ERROR && status.dwWin32ExitCode != ERROR_SERVICE_NEVER_STARTED;
+    listener({hasFailed ? ServiceState::Kind::Failed : ServiceState::Kind::Stopped,
+              hasFailed ? textOf(status.dwWin32ExitCode) : QString()});
 }
 
 bool WindowsServiceManager::Start(const QString& service) {

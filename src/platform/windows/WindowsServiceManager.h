@@ -11,8 +11,9 @@ class WindowsServiceManager final : public ServiceManager {
     explicit WindowsServiceManager(std::filesystem::path program) : m_program(std::move(program)) {}
 
     /// The service starts with the computer.
-    [[nodiscard]] bool Install() override;
-    [[nodiscard]] bool Uninstall() override;
+    void Install(Outcome outcome) override;
+    void Uninstall(Outcome outcome) override;
+    void QueryState(StateListener listener) override;
 
     /// Through the command interpreter that %COMSPEC% names.
     [[nodiscard]] bool Start(const QString& service) override;
