@@ -22,38 +22,41 @@ const QString acceptedKey = QStringLiteral("Accepted");
 /// The parts of the engine, each handed the ones above it.
 struct Program::Engine {
     Engine(Program& program, const KeyState& keys)
-        : syncTexts(program.m_texts),
-          interruptions(program.m_prompter, *program.m_services.eventPump, *program.m_services.clock),
-          ownPlaces({program.m_file,
-                     program.m_options,
-                     *program.m_services.ownFiles,
-                     *program.m_services.fileSystem,
-                     {program.m_services.settings->FileOf(SettingsStore::OwnApplication),
-                      program.m_services.settings->FileOf(MailSettings::Application)},
-                     program.m_services.locks->Place()}),
-          logs({program.m_file, program.m_list, program.m_options, *program.m_services.ownFiles, ownPlaces,
-                *program.m_services.clock, program.m_texts}),
-          reactions({program.m_file, logs, *program.m_services.process, interruptions, program.m_texts}),
+        : services{.file = program.m_file,
+                   .list = program.m_list,
+                   .options = program.m_options,
+                   .texts = program.m_texts,
+                   .prompter = program.m_prompter,
+                   .runState = program.m_runState,
+                   .lock = program.m_lock,
+                   .clock = *program.m_services.clock,
+                   .fileSystem = *program.m_services.fileSystem,
+                   .ownFiles = *program.m_services.ownFiles,
+                   .process = *program.m_services.process,
+                   .power = *program.m_services.power},
+          syncTexts(services.texts), interruptions(services.prompter, *program.m_services.eventPump, services.clock),
+          ownPlaces(services,
+                    {program.m_services.settings->FileOf(SettingsStore::OwnApplication),
+                     program.m_services.settings->FileOf(MailSettings::Application)},
+                    program.m_services.locks->Place()),
+          logs(services, ownPlaces), reactions(services, logs, interruptions),
           mail({program.m_file, logs, *program.m_services.settings, *program.m_services.nameService,
                 *program.m_services.clock, *program.m_services.desktopMail, program.m_texts, program.m_runState}),
-          safeExit({program.m_options, keys, *program.m_services.process, interruptions, program.m_texts}),
-          dueMarks(program.m_file, program.m_list),
-          monitoring({program.m_file, program.m_list, logs, dueMarks, program.m_options, program.m_lock,
-                      program.m_timers, *program.m_services.power, program.m_prompter, program.m_texts,
-                      program.m_runState}),
-          changes({{program.m_file, logs, reactions, safeExit, monitoring, ownPlaces, syncTexts, interruptions,
-                    *program.m_services.fileSystem, program.m_runState},
-                   program.m_list,
-                   program.m_options,
-                   program.m_texts,
-                   *program.m_services.clock,
-                   mail,
-                   program.m_lock}),
-          schedulers({program.m_file, program.m_list, logs, changes, dueMarks, monitoring, *program.m_services.clock,
-                      program.m_texts, program.m_runState, QLocale::system()}) {
+          safeExit(services, keys, interruptions), dueMarks(services.file, services.list),
+          monitoring(services, logs, dueMarks, program.m_timers), changes({.services = services,
+                                                                           .logs = logs,
+                                                                           .reactions = reactions,
+                                                                           .safeExit = safeExit,
+                                                                           .monitoring = monitoring,
+                                                                           .ownPlaces = ownPlaces,
+                                                                           .texts = syncTexts,
+                                                                           .interruptions = interruptions},
+                                                                          mail),
+          schedulers(services, logs, changes, dueMarks, monitoring, QLocale::system()) {
         schedulers.ConnectTo(program.m_timers);
     }
 
+    EngineServices services;
     SyncTexts syncTexts;
     Interruptions interruptions;
     OwnPlaces ownPlaces;

@@ -4,11 +4,10 @@
 
 #include "ActivityFile.h"
 #include "ActivityList.h"
-#include "ActivityMailer.h"
+#include "EngineServices.h"
 #include "EngineLock.h"
-#include "EngineOptions.h"
 #include "MonitoringController.h"
-#include "MonitoringTimers.h"
+#include "TimerEx.h"
 #include "PlatformServices.h"
 #include "RunState.h"
 #include "ServiceMode.h"

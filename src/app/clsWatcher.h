@@ -2,7 +2,7 @@
 // absent or broken value takes its key's default); writing stores all of them or none.
 #pragma once
 
-#include "EngineOptions.h"
+#include "EngineServices.h"
 #include <QString>
 #include <cstdint>
 #include <system_error>

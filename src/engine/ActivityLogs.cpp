@@ -2,7 +2,6 @@
 #include "ActivityFile.h"
 #include "ActivityList.h"
 #include "Clock.h"
-#include "EngineOptions.h"
 #include "OwnFiles.h"
 #include "OwnPlaces.h"
 #include "StringTable.h"
@@ -21,31 +20,31 @@ QByteArray entry(const Clock& clock, const QString& text) {
 } // namespace
 
 bool ActivityLogs::HasReader(const QString& name) const {
-    return m_listener || !m_parts.file.Read(name, ActivityField::LogFile).trimmed().isEmpty();
+    return m_listener || !m_services.file.Read(name, ActivityField::LogFile).trimmed().isEmpty();
 }
 
 void ActivityLogs::SetActivityStatus(const QString& name, const QString& text) {
-    m_parts.list.SetText(name, ActivityList::Status, text);
+    m_services.list.SetText(name, ActivityList::Status, text);
     WriteActionLine(name, text);
 }
 
 void ActivityLogs::WriteActionLine(const QString& name, const QString& text) {
-    WriteActivityLog(name, m_parts.texts[Text::ActivityQuote] + name + u"' - " + text, false);
+    WriteActivityLog(name, m_services.texts[Text::ActivityQuote] + name + u"' - " + text, false);
 }
 
 void ActivityLogs::WriteActionLineTo(const QString& logFile, const QString& name, const QString& text) {
-    writeEntry(logFile, m_parts.texts[Text::ActivityQuote] + name + u"' - " + text, false);
+    writeEntry(logFile, m_services.texts[Text::ActivityQuote] + name + u"' - " + text, false);
 }
 
 void ActivityLogs::WriteActivityLog(const QString& name, const QString& text, bool blankLineFirst) {
-    writeEntry(m_parts.file.Read(name, ActivityField::LogFile), text, blankLineFirst);
+    writeEntry(m_services.file.Read(name, ActivityField::LogFile), text, blankLineFirst);
 }
 
 bool ActivityLogs::mayWrite(const QString& path, Verdict& last) const {
     constexpr std::chrono::seconds goodFor{1};
-    const auto now = m_parts.clock.MonotonicNow();
+    const auto now = m_services.clock.MonotonicNow();
     if (last.path != path || now - last.at >= goodFor)
-        last = {path, now, !m_parts.ownPlaces.IsProtected(path)};
+        last = {path, now, !m_ownPlaces.IsProtected(path)};
     return last.mayWrite;
 }
 
@@ -56,20 +55,20 @@ void ActivityLogs::writeEntry(const QString& path, const QString& text, bool bla
         m_listener(line);
     if (path.trimmed().isEmpty() || !mayWrite(path, m_activityLog))
         return;
-    QByteArray bytes = entry(m_parts.clock, line);
+    QByteArray bytes = entry(m_services.clock, line);
     if (blankLineFirst)
         bytes.prepend(lineEnd.toUtf8());
-    std::ignore = m_parts.files.Append(modNativePath::FromText(path), bytes, true);
+    std::ignore = m_services.ownFiles.Append(modNativePath::FromText(path), bytes, true);
 }
 
 void ActivityLogs::WriteAppLog(const QString& text) {
-    const QString path = m_parts.options.ApplicationLog();
+    const QString path = m_services.options.ApplicationLog();
     if (path.isEmpty() || !mayWrite(path, m_applicationLog))
         return;
     // Line ends that close the entry are its own and stay; they set the end of a session apart.
     qsizetype length = text.size();
     while (length > 0 && (text[length - 1] == u'\n' || text[length - 1] == u'\r'))
         --length;
-    const QByteArray bytes = entry(m_parts.clock, modForeignText::OneLine(text.left(length)) + text.mid(length));
-    std::ignore = m_parts.files.Append(modNativePath::FromText(path), bytes, false);
+    const QByteArray bytes = entry(m_services.clock, modForeignText::OneLine(text.left(length)) + text.mid(length));
+    std::ignore = m_services.ownFiles.Append(modNativePath::FromText(path), bytes, false);
 }

@@ -2,30 +2,17 @@
 // that cannot be written loses its entry; nothing else is affected. The program's own files are never logged into.
 #pragma once
 
+#include "EngineServices.h"
 #include <QString>
 #include <chrono>
 #include <functional>
 
-class ActivityFile;
-class ActivityList;
-class Clock;
-class EngineOptions;
-class OwnFiles;
 class OwnPlaces;
-class StringTable;
 
 class ActivityLogs final {
   public:
-    struct Parts {
-        ActivityFile& file;
-        ActivityList& list;
-        const EngineOptions& options;
-        OwnFiles& files;
-        const OwnPlaces& ownPlaces;
-        const Clock& clock;
-        const StringTable& texts;
-    };
-    explicit ActivityLogs(const Parts& parts) : m_parts(parts) {}
+    ActivityLogs(const EngineServices& services, const OwnPlaces& ownPlaces)
+        : m_services(services), m_ownPlaces(ownPlaces) {}
 
     /// Shows the text in the activity's row and, when it has a log of its own, writes it there.
     void SetActivityStatus(const QString& name, const QString& text);
@@ -58,7 +45,8 @@ class ActivityLogs final {
     void writeEntry(const QString& path, const QString& text, bool blankLineFirst);
     [[nodiscard]] bool mayWrite(const QString& path, Verdict& last) const;
 
-    Parts m_parts;
+    const EngineServices& m_services;
+    const OwnPlaces& m_ownPlaces;
     Verdict m_activityLog;
     Verdict m_applicationLog;
     std::function<void(const QString&)> m_listener;

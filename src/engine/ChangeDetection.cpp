@@ -2,18 +2,15 @@
 #include "ActivityFile.h"
 #include "ActivityList.h"
 #include "ActivityLogs.h"
-#include "ActivityMailer.h"
 #include "Clock.h"
 #include "EngineLock.h"
-#include "EngineOptions.h"
-#include "MonitoringSwitch.h"
 #include "StringTable.h"
 #include "SyncTexts.h"
 #include "modLogTime.h"
 #include "modNativePath.h"
 
 RunOutcome ChangeDetection::ProcessActivity(const QString& name, RunStarter starter) {
-    RunState::Run run(m_parts.run.runState, name);
+    RunState::Run run(m_services.runState, name);
     const RunOutcome outcome = process(name, starter, run);
     run.Ended(outcome);
     return outcome;
@@ -21,40 +18,40 @@ RunOutcome ChangeDetection::ProcessActivity(const QString& name, RunStarter star
 
 /// Asked after events have run: monitoring may be off and the record gone by then.
 bool ChangeDetection::mayRun(const QString& name, RunStarter starter) const {
-    return !m_parts.run.runState.Closing() && m_parts.run.file.Has(name) &&
-           (starter == RunStarter::User || m_parts.run.monitoring.IsOn());
+    return !m_services.runState.Closing() && m_services.file.Has(name) &&
+           (starter == RunStarter::User || m_tools.monitoring.IsOn());
 }
 
 RunOutcome ChangeDetection::process(const QString& name, RunStarter starter, RunState::Run& run) {
-    const SyncRun::Parts& parts = m_parts.run;
-    parts.interruptions.Yield();
+    m_tools.interruptions.Yield();
     // Held to the end of the run, whatever becomes of monitoring and of the current file meanwhile.
     LockRefusal refusal{};
-    const EngineLock::Token lock = m_parts.lock.Take(parts.file.CurrentPath(), refusal);
+    const EngineLock::Token lock = m_services.lock.Take(m_services.file.CurrentPath(), refusal);
     if (!lock || !mayRun(name, starter))
         return {false, 0, true};
     run.Started();
-    parts.logs.SetActivityStatus(name, m_parts.texts[Text::CheckingStarts]);
-    parts.monitoring.CheckAllIdle();
+    m_tools.logs.SetActivityStatus(name, m_services.texts[Text::CheckingStarts]);
+    m_tools.monitoring.CheckAllIdle();
 
-    const RunIdentity identity = RunIdentity::Of(parts.file, name);
+    const RunIdentity identity = RunIdentity::Of(m_services.file, name);
     std::error_code error;
-    const std::shared_ptr<Folder> source = parts.fileSystem.OpenFolder(modNativePath::Absolute(identity.source), error);
+    const std::shared_ptr<Folder> source =
+        m_services.fileSystem.OpenFolder(modNativePath::Absolute(identity.source), error);
     if (!source)
         return refuse(name, identity.source, error);
     // An activity that only reports needs no destination; nothing is changed in the directory that stands in for it.
     const bool needsNone = identity.destination.trimmed().isEmpty() && identity.action == u"2";
     const QString destinationText = needsNone ? QStringLiteral(".") : identity.destination;
     const std::shared_ptr<Folder> destination =
-        parts.fileSystem.OpenFolder(modNativePath::Absolute(destinationText), error);
+        m_services.fileSystem.OpenFolder(modNativePath::Absolute(destinationText), error);
     if (!destination)
         return refuse(name, identity.destination, error);
     countRun(name);
-    const RunOutcome outcome = SyncRun(parts, identity, starter, source, destination).Run();
+    const RunOutcome outcome = SyncRun(m_tools, identity, starter, source, destination).Run();
     if (outcome.interrupted)
         return outcome;
     sendMail(name, *source, *destination);
-    parts.logs.SetActivityStatus(name, m_parts.texts[Text::CheckingFinished]);
+    m_tools.logs.SetActivityStatus(name, m_services.texts[Text::CheckingFinished]);
     return outcome;
 }
 
@@ -65,37 +62,35 @@ RunOutcome ChangeDetection::refuse(const QString& name, const QString& directory
         handleMissing(name, directory);
         return {true, 0, false};
     }
-    m_parts.run.logs.SetActivityStatus(name, m_parts.run.texts.Failure(directory, error));
+    m_tools.logs.SetActivityStatus(name, m_tools.texts.Failure(directory, error));
     return {false, 1, true};
 }
 
 void ChangeDetection::countRun(const QString& name) {
-    const int count = m_parts.list.Text(name, ActivityList::Count).toInt();
-    m_parts.list.SetText(name, ActivityList::Count, QString::number(count + 1));
-    m_parts.list.SetText(name, ActivityList::LastRun, modLogTime::Text(m_parts.clock.Now()));
+    const int count = m_services.list.Text(name, ActivityList::Count).toInt();
+    m_services.list.SetText(name, ActivityList::Count, QString::number(count + 1));
+    m_services.list.SetText(name, ActivityList::LastRun, modLogTime::Text(m_services.clock.Now()));
 }
 
 void ChangeDetection::sendMail(const QString& name, const Folder& source, const Folder& destination) {
-    if (m_parts.run.file.Read(name, ActivityField::SendMail) != u"1")
+    if (m_services.file.Read(name, ActivityField::SendMail) != u"1")
         return;
-    m_parts.run.logs.SetActivityStatus(name, m_parts.texts[Text::MailSendTo] +
-                                                 m_parts.run.file.Read(name, ActivityField::Recipient) + u"'");
-    m_parts.mailer.SendActivityMail(name, modNativePath::ToText(source.Path()),
-                                    modNativePath::ToText(destination.Path()));
+    m_tools.logs.SetActivityStatus(name, m_services.texts[Text::MailSendTo] +
+                                             m_services.file.Read(name, ActivityField::Recipient) + u"'");
+    m_mailer.SendActivityMail(name, modNativePath::ToText(source.Path()), modNativePath::ToText(destination.Path()));
 }
 
 void ChangeDetection::handleMissing(const QString& name, const QString& directory) {
-    const StringTable& texts = m_parts.texts;
+    const StringTable& texts = m_services.texts;
     const QString start = texts[Text::Directory] + directory;
-    if (m_parts.options.StopOnMissingFolder()) {
-        m_parts.list.TakeOut(name);
-        m_parts.run.logs.SetActivityStatus(name, start + texts[Text::NotFoundStopped]);
-        m_parts.run.monitoring.CheckAllIdle();
-        m_parts.run.logs.WriteAppLog(start + texts[Text::NotFoundMonitoring] + name +
-                                     texts[Text::AutomaticallyStopped]);
+    if (m_services.options.StopOnMissingFolder()) {
+        m_services.list.TakeOut(name);
+        m_tools.logs.SetActivityStatus(name, start + texts[Text::NotFoundStopped]);
+        m_tools.monitoring.CheckAllIdle();
+        m_tools.logs.WriteAppLog(start + texts[Text::NotFoundMonitoring] + name + texts[Text::AutomaticallyStopped]);
         return;
     }
-    m_parts.run.logs.SetActivityStatus(name, start + texts[Text::NotFoundSuspended]);
-    m_parts.run.monitoring.CheckAllIdle();
-    m_parts.run.logs.WriteAppLog(start + texts[Text::NotFoundMonitoring] + name + texts[Text::SuspendedForInterval]);
+    m_tools.logs.SetActivityStatus(name, start + texts[Text::NotFoundSuspended]);
+    m_tools.monitoring.CheckAllIdle();
+    m_tools.logs.WriteAppLog(start + texts[Text::NotFoundMonitoring] + name + texts[Text::SuspendedForInterval]);
 }

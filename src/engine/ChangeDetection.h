@@ -4,25 +4,10 @@
 
 #include "SyncRun.h"
 
-class ActivityList;
-class ActivityMailer;
-class Clock;
-class EngineLock;
-class EngineOptions;
-class StringTable;
-
 class ChangeDetection final {
   public:
-    struct Parts {
-        SyncRun::Parts run;
-        ActivityList& list;
-        const EngineOptions& options;
-        const StringTable& texts;
-        const Clock& clock;
-        ActivityMailer& mailer;
-        EngineLock& lock;
-    };
-    explicit ChangeDetection(const Parts& parts) : m_parts(parts) {}
+    ChangeDetection(const RunTools& tools, ActivityMailer& mailer)
+        : m_tools(tools), m_services(tools.services), m_mailer(mailer) {}
 
     /// Runs the activity once, now. Events run inside: rows and documents can be others afterwards.
     RunOutcome ProcessActivity(const QString& name, RunStarter starter);
@@ -35,5 +20,7 @@ class ChangeDetection final {
     void countRun(const QString& name);
     void sendMail(const QString& name, const Folder& source, const Folder& destination);
 
-    Parts m_parts;
+    RunTools m_tools;
+    const EngineServices& m_services;
+    ActivityMailer& m_mailer;
 };

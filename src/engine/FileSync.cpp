@@ -1,7 +1,7 @@
 #include "FileSync.h"
 #include "ActivityLogs.h"
 #include "Prompter.h"
-#include "RunEnd.h"
+#include "RunFacts.h"
 #include "SyncTexts.h"
 #include "modDateCompare.h"
 

@@ -39,7 +39,7 @@ class FileSync final {
     void failed(const FolderView& view, const std::filesystem::path& name, std::error_code error);
 
     SyncRun& m_run;
-    const SyncRun::Parts& m_tools;
+    const RunTools& m_tools;
     FolderPair& m_pair;
     std::set<std::filesystem::path> m_failed; ///< not to be tried a second time
 };

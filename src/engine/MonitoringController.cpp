@@ -3,17 +3,18 @@
 #include "ActivityList.h"
 #include "ActivityLogs.h"
 #include "DueMarks.h"
-#include "EngineOptions.h"
-#include "MonitoringTimers.h"
 #include "PowerControl.h"
 #include "Prompter.h"
 #include "RunState.h"
 #include "StringTable.h"
+#include "TimerEx.h"
 
-MonitoringController::MonitoringController(const Parts& parts) : m_parts(parts) {
-    connect(&m_parts.file, &ActivityFile::Saved, this, &MonitoringController::lockPresentFile);
-    connect(&m_parts.list, &ActivityList::Readmitted, this, &MonitoringController::readmitted);
-    connect(&m_parts.list, &ActivityList::Refilled, this, &MonitoringController::refilled);
+MonitoringController::MonitoringController(const EngineServices& services, ActivityLogs& logs, DueMarks& dueMarks,
+                                           MonitoringTimers& timers)
+    : m_services(services), m_logs(logs), m_dueMarks(dueMarks), m_timers(timers) {
+    connect(&m_services.file, &ActivityFile::Saved, this, &MonitoringController::lockPresentFile);
+    connect(&m_services.list, &ActivityList::Readmitted, this, &MonitoringController::readmitted);
+    connect(&m_services.list, &ActivityList::Refilled, this, &MonitoringController::refilled);
 }
 
 MonitoringController::~MonitoringController() = default;
@@ -35,77 +36,77 @@ void MonitoringController::ToggleMonitoring() {
 }
 
 bool MonitoringController::anyRowChecked() const {
-    for (int row = 0; row < m_parts.list.Rows(); ++row)
-        if (m_parts.list.IsChecked(row))
+    for (int row = 0; row < m_services.list.Rows(); ++row)
+        if (m_services.list.IsChecked(row))
             return true;
     return false;
 }
 
 void MonitoringController::refuseStart(Text text) {
     setOn(false);
-    m_parts.prompter.Ask(
-        {m_parts.texts[text], m_parts.texts[Text::StartMonitoringTitle], MessageIcon::Exclamation, MessageButtons::Ok});
+    m_services.prompter.Ask({m_services.texts[text], m_services.texts[Text::StartMonitoringTitle],
+                             MessageIcon::Exclamation, MessageButtons::Ok});
 }
 
 void MonitoringController::StartMonitoring() {
-    if (m_parts.list.Rows() == 0)
+    if (m_services.list.Rows() == 0)
         return refuseStart(Text::NothingToMonitor);
-    m_parts.list.ReadmitAll();
+    m_services.list.ReadmitAll();
     if (!anyRowChecked())
         return refuseStart(Text::NoDirectoryToMonitor);
     LockRefusal refusal{};
-    m_lock = m_parts.engineLock.Take(m_parts.file.CurrentPath(), refusal);
+    m_lock = m_services.lock.Take(m_services.file.CurrentPath(), refusal);
     if (!m_lock) {
         refuseStart(refusal == LockRefusal::HeldElsewhere ? Text::MonitoredElsewhere : Text::NoLockPossible);
         Q_EMIT LockRefused();
         return;
     }
     m_doneByRun = false;
-    m_parts.dueMarks.ClearDueMarks();
-    m_parts.dueMarks.ScheduleCheckedActivities();
+    m_dueMarks.ClearDueMarks();
+    m_dueMarks.ScheduleCheckedActivities();
 
     QStringList names;
-    for (int row = 0; row < m_parts.list.Rows(); ++row) {
-        if (!m_parts.list.IsChecked(row))
+    for (int row = 0; row < m_services.list.Rows(); ++row) {
+        if (!m_services.list.IsChecked(row))
             continue;
-        names.append(m_parts.list.NameAt(row));
-        m_parts.list.SetText(names.last(), ActivityList::Count, QStringLiteral("0"));
+        names.append(m_services.list.NameAt(row));
+        m_services.list.SetText(names.last(), ActivityList::Count, QStringLiteral("0"));
     }
-    m_parts.logs.WriteAppLog(m_parts.texts[Text::MonitoringInProgress] + names.join(QStringLiteral("; ")) + u"'");
+    m_logs.WriteAppLog(m_services.texts[Text::MonitoringInProgress] + names.join(QStringLiteral("; ")) + u"'");
 
-    m_parts.timers.tmrMonitoring.SetEnabled(true);
-    m_parts.timers.tmrHours.SetEnabled(true);
-    m_parts.timers.tmrMinutes.SetEnabled(true);
-    m_parts.dueMarks.ResetCounters();
-    m_parts.timers.tmrDate.SetEnabled(true);
-    m_parts.timers.tmrTime.SetEnabled(true);
+    m_timers.tmrMonitoring.SetEnabled(true);
+    m_timers.tmrHours.SetEnabled(true);
+    m_timers.tmrMinutes.SetEnabled(true);
+    m_dueMarks.ResetCounters();
+    m_timers.tmrDate.SetEnabled(true);
+    m_timers.tmrTime.SetEnabled(true);
     CheckAllIdle();
     writeSessionLine(Text::MonitoringStarted, true);
 }
 
 void MonitoringController::StopMonitoring() {
     setOn(false);
-    m_parts.dueMarks.ClearDueMarks();
-    m_parts.dueMarks.ScheduleCheckedActivities();
-    m_parts.timers.tmrMonitoring.SetEnabled(false);
-    m_parts.timers.tmrHours.SetEnabled(false);
-    m_parts.timers.tmrMinutes.SetEnabled(false);
-    m_parts.timers.tmrTime.SetEnabled(false);
-    m_parts.timers.tmrDate.SetEnabled(false);
-    m_parts.logs.WriteAppLog(m_parts.texts[Text::MonitoringFinished] + u"\r\n\r\n");
+    m_dueMarks.ClearDueMarks();
+    m_dueMarks.ScheduleCheckedActivities();
+    m_timers.tmrMonitoring.SetEnabled(false);
+    m_timers.tmrHours.SetEnabled(false);
+    m_timers.tmrMinutes.SetEnabled(false);
+    m_timers.tmrTime.SetEnabled(false);
+    m_timers.tmrDate.SetEnabled(false);
+    m_logs.WriteAppLog(m_services.texts[Text::MonitoringFinished] + u"\r\n\r\n");
     writeSessionLine(Text::MonitoringFinished, false);
-    for (int row = 0; row < m_parts.list.Rows(); ++row)
-        m_parts.list.SetText(m_parts.list.NameAt(row), ActivityList::Status, m_parts.texts[Text::Idle]);
+    for (int row = 0; row < m_services.list.Rows(); ++row)
+        m_services.list.SetText(m_services.list.NameAt(row), ActivityList::Status, m_services.texts[Text::Idle]);
     m_lock.reset();
     m_presentLock.reset();
 }
 
 std::optional<LockRefusal> MonitoringController::MoveTo(const QString& path) {
     LockRefusal refusal{};
-    EngineLock::Token lock = m_parts.engineLock.Take(path, refusal);
+    EngineLock::Token lock = m_services.lock.Take(path, refusal);
     if (!lock)
         return refusal;
-    m_parts.file.SaveAs(path);
+    m_services.file.SaveAs(path);
     if (m_on)
         m_lock = std::move(lock);
     return std::nullopt;
@@ -117,29 +118,29 @@ void MonitoringController::lockPresentFile() {
     LockRefusal ignored{};
     if (!m_on)
         return;
-    if (EngineLock::Token lock = m_parts.engineLock.Take(m_parts.file.CurrentPath(), ignored))
+    if (EngineLock::Token lock = m_services.lock.Take(m_services.file.CurrentPath(), ignored))
         m_presentLock = std::move(lock);
 }
 
 void MonitoringController::writeSessionLine(Text text, bool blankLineFirst) {
-    for (int row = 0; row < m_parts.list.Rows(); ++row)
-        m_parts.logs.WriteActivityLog(m_parts.list.NameAt(row), m_parts.texts[text], blankLineFirst);
+    for (int row = 0; row < m_services.list.Rows(); ++row)
+        m_logs.WriteActivityLog(m_services.list.NameAt(row), m_services.texts[text], blankLineFirst);
 }
 
 void MonitoringController::CheckAllIdle() {
-    if (m_parts.list.ListBusy())
+    if (m_services.list.ListBusy())
         return;
     bool anyChecked = false;
-    for (int row = 0; row < m_parts.list.Rows(); ++row) {
-        const bool checked = m_parts.list.IsChecked(row);
+    for (int row = 0; row < m_services.list.Rows(); ++row) {
+        const bool checked = m_services.list.IsChecked(row);
         anyChecked = anyChecked || checked;
-        m_parts.list.SetText(m_parts.list.NameAt(row), ActivityList::Status,
-                             m_parts.texts[checked && m_on ? Text::Active : Text::Idle]);
+        m_services.list.SetText(m_services.list.NameAt(row), ActivityList::Status,
+                                m_services.texts[checked && m_on ? Text::Active : Text::Idle]);
     }
-    m_doneByRun = m_doneByRun && !anyChecked && m_parts.file.IsLoaded();
+    m_doneByRun = m_doneByRun && !anyChecked && m_services.file.IsLoaded();
     // While a run is on the stack its activity may be the one that was just taken out: it must end first. A list that
     // is empty because its file could not be loaded says nothing about the activities.
-    if (!anyChecked && m_on && !m_parts.runState.Running() && m_parts.file.IsLoaded())
+    if (!anyChecked && m_on && !m_services.runState.Running() && m_services.file.IsLoaded())
         endByItself();
 }
 
@@ -149,26 +150,26 @@ void MonitoringController::ActivityDone() {
 
 void MonitoringController::readmitted(const QString& name) {
     m_doneByRun = false;
-    const std::optional<int> row = m_parts.list.RowOf(name);
-    if (m_on && row && m_parts.list.IsChecked(*row))
-        m_parts.dueMarks.ScheduleActivity(name);
+    const std::optional<int> row = m_services.list.RowOf(name);
+    if (m_on && row && m_services.list.IsChecked(*row))
+        m_dueMarks.ScheduleActivity(name);
 }
 
 void MonitoringController::refilled() {
     if (!m_on)
         return;
     lockPresentFile();
-    m_parts.dueMarks.ScheduleUnmarkedActivities();
+    m_dueMarks.ScheduleUnmarkedActivities();
 }
 
 void MonitoringController::endByItself() {
-    const bool powerOff = m_doneByRun && m_parts.options.ShutdownWhenIdle();
-    const QString last = m_parts.runState.LastProcessed();
+    const bool powerOff = m_doneByRun && m_services.options.ShutdownWhenIdle();
+    const QString last = m_services.runState.LastProcessed();
     StopMonitoring();
     if (powerOff) {
-        const QString line = m_parts.texts[Text::ShutdownAfterActivity] + last + m_parts.texts[Text::ShutDown];
-        m_parts.logs.SetActivityStatus(last, line);
-        m_parts.logs.WriteAppLog(line);
+        const QString line = m_services.texts[Text::ShutdownAfterActivity] + last + m_services.texts[Text::ShutDown];
+        m_logs.SetActivityStatus(last, line);
+        m_logs.WriteAppLog(line);
     }
     // The caller is mostly a timer's handler, and that timer is dead until it returns: no box may keep it.
     QMetaObject::invokeMethod(
@@ -176,28 +177,28 @@ void MonitoringController::endByItself() {
 }
 
 void MonitoringController::tellEnd(bool wantsPowerOff, const QString& last) {
-    if (m_parts.runState.Closing())
+    if (m_services.runState.Closing())
         return;
     if (wantsPowerOff) {
         const Text failure = powerOff();
         if (failure != Text::None) {
-            m_parts.logs.SetActivityStatus(last, m_parts.texts[failure]);
-            m_parts.logs.WriteAppLog(m_parts.texts[failure]);
+            m_logs.SetActivityStatus(last, m_services.texts[failure]);
+            m_logs.WriteAppLog(m_services.texts[failure]);
         }
     }
     if (!m_on)
-        m_parts.prompter.Ask({m_parts.texts[Text::AllIdle], m_parts.texts[Text::MonitoringFinished],
-                              MessageIcon::Information, MessageButtons::Ok});
+        m_services.prompter.Ask({m_services.texts[Text::AllIdle], m_services.texts[Text::MonitoringFinished],
+                                 MessageIcon::Information, MessageButtons::Ok});
 }
 
 /// None when the system has accepted the request, else the text that says why not.
 Text MonitoringController::powerOff() {
-    const auto atWork = [this] { return m_on || m_parts.runState.Running() || m_parts.runState.Closing(); };
+    const auto atWork = [this] { return m_on || m_services.runState.Running() || m_services.runState.Closing(); };
     if (atWork() ||
-        m_parts.prompter.Ask({m_parts.texts[Text::WillSwitchOff], m_parts.texts[Text::MonitoringFinished],
-                              MessageIcon::Exclamation, MessageButtons::OkCancel, std::chrono::seconds(60)}) !=
+        m_services.prompter.Ask({m_services.texts[Text::WillSwitchOff], m_services.texts[Text::MonitoringFinished],
+                                 MessageIcon::Exclamation, MessageButtons::OkCancel, std::chrono::seconds(60)}) !=
             MessageAnswer::Ok ||
         atWork())
         return Text::SwitchOffCancelled;
-    return m_parts.power.PowerOff() ? Text::None : Text::NotSwitchedOff;
+    return m_services.power.PowerOff() ? Text::None : Text::NotSwitchedOff;
 }

@@ -3,41 +3,21 @@
 #pragma once
 
 #include "EngineLock.h"
-#include "MonitoringSwitch.h"
+#include "EngineServices.h"
 #include <QObject>
 #include <QString>
 #include <optional>
 
-class ActivityFile;
-class ActivityList;
 class ActivityLogs;
-class ChangeDetection;
 class DueMarks;
-class EngineOptions;
 struct MonitoringTimers;
-class PowerControl;
-class Prompter;
-class StringTable;
 enum class Text;
-class RunState;
 
 class MonitoringController final : public QObject, public MonitoringSwitch {
     Q_OBJECT
   public:
-    struct Parts {
-        ActivityFile& file;
-        ActivityList& list;
-        ActivityLogs& logs;
-        DueMarks& dueMarks;
-        const EngineOptions& options;
-        EngineLock& engineLock;
-        MonitoringTimers& timers;
-        PowerControl& power;
-        Prompter& prompter;
-        const StringTable& texts;
-        RunState& runState;
-    };
-    explicit MonitoringController(const Parts& parts);
+    MonitoringController(const EngineServices& services, ActivityLogs& logs, DueMarks& dueMarks,
+                         MonitoringTimers& timers);
     ~MonitoringController() override;
 
     /// The start and stop command. Sets the mark before StartMonitoring, which clears it when its checks fail.
@@ -72,7 +52,10 @@ class MonitoringController final : public QObject, public MonitoringSwitch {
     void setOn(bool on);
     void lockPresentFile();
 
-    Parts m_parts;
+    const EngineServices& m_services;
+    ActivityLogs& m_logs;
+    DueMarks& m_dueMarks;
+    MonitoringTimers& m_timers;
     EngineLock::Token m_lock;        ///< on the file as monitoring found it
     EngineLock::Token m_presentLock; ///< on the file that the last save or load has made of it
     bool m_on = false;

@@ -1,6 +1,5 @@
 #include "OwnPlaces.h"
 #include "ActivityFile.h"
-#include "EngineOptions.h"
 #include "FileSystem.h"
 #include "OwnFiles.h"
 #include "modNativePath.h"
@@ -19,26 +18,25 @@ std::set<FileId> idsOf(const OwnFiles& files, const std::vector<std::filesystem:
 } // namespace
 
 std::vector<std::filesystem::path> OwnPlaces::protectedPaths() const {
-    std::vector<std::filesystem::path> paths = m_parts.settings;
-    paths.push_back(FromText(m_parts.file.CurrentPath()));
+    std::vector<std::filesystem::path> paths = m_settings;
+    paths.push_back(FromText(m_services.file.CurrentPath()));
     std::error_code error; // no folder: no locks
-    for (std::filesystem::directory_iterator lock(m_parts.locks, error), end; !error && lock != end;
-         lock.increment(error))
+    for (std::filesystem::directory_iterator lock(m_locks, error), end; !error && lock != end; lock.increment(error))
         paths.push_back(lock->path());
     return paths;
 }
 
 std::set<FileId> OwnPlaces::Protected() const {
-    return idsOf(m_parts.files, protectedPaths());
+    return idsOf(m_services.ownFiles, protectedPaths());
 }
 
 bool OwnPlaces::IsProtected(const QString& path) const {
-    const std::optional<FileStamp> stamp = m_parts.files.Stamp(FromText(path));
+    const std::optional<FileStamp> stamp = m_services.ownFiles.Stamp(FromText(path));
     return stamp && Protected().contains(stamp->id);
 }
 
 std::set<FileId> OwnPlaces::Logs(const QString& activityLog) const {
-    return idsOf(m_parts.files, {FromText(activityLog), FromText(m_parts.options.ApplicationLog())});
+    return idsOf(m_services.ownFiles, {FromText(activityLog), FromText(m_services.options.ApplicationLog())});
 }
 
 std::set<FileId> OwnPlaces::Folders() const {
@@ -48,7 +46,7 @@ std::set<FileId> OwnPlaces::Folders() const {
         const std::filesystem::path file = std::filesystem::weakly_canonical(path, error);
         if (error || file.empty())
             continue;
-        if (const auto folder = m_parts.fileSystem.OpenFolder(file.parent_path(), error)) {
+        if (const auto folder = m_services.fileSystem.OpenFolder(file.parent_path(), error)) {
             for (const FileId id : folder->Ancestors())
                 folders.insert(id);
         }

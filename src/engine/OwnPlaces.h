@@ -3,27 +3,17 @@
 // that cannot be looked at is none of them.
 #pragma once
 
+#include "EngineServices.h"
 #include "FileFacts.h"
 #include <QString>
 #include <set>
 #include <vector>
 
-class ActivityFile;
-class EngineOptions;
-class FileSystem;
-class OwnFiles;
-
 class OwnPlaces final {
   public:
-    struct Parts {
-        const ActivityFile& file;
-        const EngineOptions& options;
-        const OwnFiles& files;
-        FileSystem& fileSystem;
-        std::vector<std::filesystem::path> settings; ///< files of the settings store
-        std::filesystem::path locks;                 ///< folder of the locks; without them a second engine would start
-    };
-    explicit OwnPlaces(Parts parts) : m_parts(std::move(parts)) {}
+    /// `settings`: files of the settings store. `locks`: folder of the locks; without them a second engine would start.
+    OwnPlaces(const EngineServices& services, std::vector<std::filesystem::path> settings, std::filesystem::path locks)
+        : m_services(services), m_settings(std::move(settings)), m_locks(std::move(locks)) {}
 
     /// The activity file, the settings and the locks, as they are now: every save gives a file a new id.
     [[nodiscard]] std::set<FileId> Protected() const;
@@ -40,5 +30,7 @@ class OwnPlaces final {
   private:
     [[nodiscard]] std::vector<std::filesystem::path> protectedPaths() const;
 
-    Parts m_parts;
+    const EngineServices& m_services;
+    std::vector<std::filesystem::path> m_settings;
+    std::filesystem::path m_locks;
 };

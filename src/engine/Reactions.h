@@ -2,25 +2,17 @@
 // a program that cannot be started leaves a line in the activity's log.
 #pragma once
 
+#include "EngineServices.h"
 #include <QString>
 #include <functional>
 
-class ActivityFile;
 class ActivityLogs;
 class Interruptions;
-class Process;
-class StringTable;
 
 class Reactions final {
   public:
-    struct Parts {
-        ActivityFile& file;
-        ActivityLogs& logs;
-        Process& process;
-        Interruptions& interruptions;
-        const StringTable& texts;
-    };
-    explicit Reactions(const Parts& parts) : m_parts(parts) {}
+    Reactions(const EngineServices& services, ActivityLogs& logs, Interruptions& interruptions)
+        : m_services(services), m_logs(logs), m_interruptions(interruptions) {}
 
     /// The pop-up comes first and waits for the user; only then the program is started, unless the answer to
     /// `mayGoOn` is no by that time: the record may be another one.
@@ -28,5 +20,8 @@ class Reactions final {
 
   private:
     void executeFile(const QString& name, const QString& executable);
-    Parts m_parts;
+
+    const EngineServices& m_services;
+    ActivityLogs& m_logs;
+    Interruptions& m_interruptions;
 };

@@ -2,17 +2,10 @@
 // program; cannot fail.
 #pragma once
 
+#include "RunFacts.h"
 #include <QString>
 #include <cstdint>
 #include <utility>
-
-/// How a run of one activity ended.
-struct RunOutcome {
-    bool directoryMissing = false;
-    int failures = 0;         ///< files or folders that could not be handled
-    bool interrupted = false; ///< refused or ended early: what was to be done is not done
-    [[nodiscard]] bool Succeeded() const { return !directoryMissing && failures == 0 && !interrupted; }
-};
 
 /// What the run on top of the stack has done so far.
 struct RunProgress {

@@ -1,23 +1,15 @@
 // The emergency exit: F8 held down while actions run ends the whole program. Owns nothing, cannot fail.
 #pragma once
 
-class EngineOptions;
+#include "EngineServices.h"
+
 class Interruptions;
 class KeyState;
-class MonitoringSwitch;
-class Process;
-class StringTable;
 
 class SafeExit final {
   public:
-    struct Parts {
-        const EngineOptions& options;
-        const KeyState& keys;
-        Process& process;
-        Interruptions& interruptions;
-        const StringTable& texts;
-    };
-    explicit SafeExit(const Parts& parts) : m_parts(parts) {}
+    SafeExit(const EngineServices& services, const KeyState& keys, Interruptions& interruptions)
+        : m_services(services), m_keys(keys), m_interruptions(interruptions) {}
 
     /// True while the key is down and the option allows it.
     [[nodiscard]] bool IsRequested() const;
@@ -26,5 +18,7 @@ class SafeExit final {
     void End(MonitoringSwitch& monitoring);
 
   private:
-    Parts m_parts;
+    const EngineServices& m_services;
+    const KeyState& m_keys;
+    Interruptions& m_interruptions;
 };

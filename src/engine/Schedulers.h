@@ -3,33 +3,22 @@
 #pragma once
 
 #include "DueMarks.h"
+#include "EngineServices.h"
 #include <QLocale>
 #include <QObject>
 
 class ActivityLogs;
 class ChangeDetection;
-class Clock;
-class MonitoringSwitch;
-class StringTable;
 struct MonitoringTimers;
-class RunState;
 
 class Schedulers final : public QObject {
     Q_OBJECT
   public:
-    struct Parts {
-        ActivityFile& file;
-        ActivityList& list;
-        ActivityLogs& logs;
-        ChangeDetection& changes;
-        DueMarks& dueMarks;
-        MonitoringSwitch& monitoring;
-        const Clock& clock;
-        const StringTable& texts;
-        RunState& runState;
-        QLocale locale; ///< in whose order dates with "/" are read
-    };
-    explicit Schedulers(const Parts& parts) : m_parts(parts) {}
+    /// `locale`: in whose order dates with "/" are read.
+    Schedulers(const EngineServices& services, ActivityLogs& logs, ChangeDetection& changes, DueMarks& dueMarks,
+               MonitoringSwitch& monitoring, QLocale locale)
+        : m_services(services), m_logs(logs), m_changes(changes), m_dueMarks(dueMarks), m_monitoring(monitoring),
+          m_locale(std::move(locale)) {}
 
     /// Each timer's event runs its scheduler.
     void ConnectTo(MonitoringTimers& timers);
@@ -53,6 +42,11 @@ class Schedulers final : public QObject {
     [[nodiscard]] bool isActive(int row, const QString& type) const;
     void finishForGood(const QString& name, bool hasRun);
 
-    Parts m_parts;
+    const EngineServices& m_services;
+    ActivityLogs& m_logs;
+    ChangeDetection& m_changes;
+    DueMarks& m_dueMarks;
+    MonitoringSwitch& m_monitoring;
+    QLocale m_locale;
     bool m_allowed = false;
 };

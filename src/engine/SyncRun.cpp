@@ -2,10 +2,9 @@
 #include "ActivityFile.h"
 #include "ActivityLogs.h"
 #include "FileSync.h"
-#include "MonitoringSwitch.h"
 #include "OwnPlaces.h"
 #include "Reactions.h"
-#include "RunEnd.h"
+#include "RunFacts.h"
 #include "SafeExit.h"
 #include "SurplusRemoval.h"
 #include "SyncTexts.h"
@@ -25,13 +24,13 @@ bool isFailure(RunEnd reason) {
 }
 } // namespace
 
-SyncRun::SyncRun(const Parts& parts, RunIdentity identity, RunStarter starter, std::shared_ptr<Folder> source,
+SyncRun::SyncRun(const RunTools& tools, RunIdentity identity, RunStarter starter, std::shared_ptr<Folder> source,
                  std::shared_ptr<Folder> destination)
-    : m_parts(parts), m_identity(std::move(identity)), m_starter(starter), m_source(std::move(source)),
+    : m_tools(tools), m_identity(std::move(identity)), m_starter(starter), m_source(std::move(source)),
       m_destination(std::move(destination)), m_destinationMount(m_destination->Mount()),
-      m_recordReadAt(parts.interruptions.Count() - 1), m_log(parts.file.Read(m_identity.name, ActivityField::LogFile)),
-      m_end(RunEnd::None), m_transfer(parts.fileSystem.NewTransfer(*this)),
-      m_staging(parts.interruptions, *m_transfer) {
+      m_recordReadAt(tools.interruptions.Count() - 1),
+      m_log(tools.services.file.Read(m_identity.name, ActivityField::LogFile)), m_end(RunEnd::None),
+      m_transfer(tools.services.fileSystem.NewTransfer(*this)), m_staging(tools.interruptions, *m_transfer) {
     for (const auto& root : {m_source, m_destination})
         for (const FileId id : root->Ancestors())
             m_roots.insert(id);
@@ -50,13 +49,13 @@ RunOutcome SyncRun::Run() {
 
 /// Only events can change the record, so between them one look is enough.
 void SyncRun::readRecord() {
-    const unsigned now = m_parts.interruptions.Count();
+    const unsigned now = m_tools.interruptions.Count();
     if (m_recordReadAt == now || m_end != RunEnd::None)
         return;
     m_recordReadAt = now;
-    if (RunIdentity::Of(m_parts.file, Name()) != m_identity)
+    if (RunIdentity::Of(m_tools.services.file, Name()) != m_identity)
         return End(RunEnd::RecordChanged);
-    const auto read = [this](ActivityField field) { return m_parts.file.Read(Name(), field); };
+    const auto read = [this](ActivityField field) { return m_tools.services.file.Read(Name(), field); };
     m_rules = SyncRules::RulesOf(m_identity.action, read(ActivityField::Overwrite), read(ActivityField::OnlyNew));
     m_filter = FileTypeFilter(read(ActivityField::Extensions));
     m_log = read(ActivityField::LogFile);
@@ -65,18 +64,18 @@ void SyncRun::readRecord() {
 /// Only where a file is to be written, moved or deleted: a run that finds nothing to do need not ask.
 void SyncRun::lookAtOwnFiles() {
     readRecord();
-    const unsigned now = m_parts.interruptions.Count();
+    const unsigned now = m_tools.interruptions.Count();
     if (m_ownFilesSeenAt == now)
         return;
     m_ownFilesSeenAt = now;
-    m_ownFiles = m_parts.ownPlaces.Protected();
-    m_logs = m_parts.ownPlaces.Logs(m_log);
+    m_ownFiles = m_tools.ownPlaces.Protected();
+    m_logs = m_tools.ownPlaces.Logs(m_log);
 }
 
 bool SyncRun::Over() {
-    if (m_parts.runState.Closing())
+    if (m_tools.services.runState.Closing())
         End(RunEnd::Closing);
-    else if (m_starter == RunStarter::Schedule && !m_parts.monitoring.IsOn())
+    else if (m_starter == RunStarter::Schedule && !m_tools.monitoring.IsOn())
         End(RunEnd::Stopped);
     readRecord();
     return m_end != RunEnd::None;
@@ -87,16 +86,16 @@ void SyncRun::End(RunEnd reason) {
         return;
     m_end = reason;
     if (isFailure(reason))
-        Refuse(m_parts.texts.EndedEarly(reason));
+        Refuse(m_tools.texts.EndedEarly(reason));
     else
-        Line(m_parts.texts.EndedEarly(reason));
+        Line(m_tools.texts.EndedEarly(reason));
 }
 
 void SyncRun::AbortTest() {
-    if (!m_parts.safeExit.IsRequested())
+    if (!m_tools.safeExit.IsRequested())
         return;
     End(RunEnd::SafeExit);
-    m_parts.safeExit.End(m_parts.monitoring);
+    m_tools.safeExit.End(m_tools.monitoring);
 }
 
 bool SyncRun::MayDelete() {
@@ -138,16 +137,16 @@ bool SyncRun::IsLog(FileId file) {
 }
 
 bool SyncRun::React(const QString& path) {
-    m_parts.reactions.ReactToChange(Name(), path, [this] { return !Over(); });
+    m_tools.reactions.ReactToChange(Name(), path, [this] { return !Over(); });
     return !Over();
 }
 
 /// Once the record is another one's, its log is, too.
 void SyncRun::Line(const QString& text) {
     if (m_end == RunEnd::RecordChanged)
-        m_parts.logs.WriteActionLineTo(m_log, Name(), text);
+        m_tools.logs.WriteActionLineTo(m_log, Name(), text);
     else
-        m_parts.logs.WriteActionLine(Name(), text);
+        m_tools.logs.WriteActionLine(Name(), text);
 }
 
 void SyncRun::Refuse(const QString& text) {
@@ -156,20 +155,20 @@ void SyncRun::Refuse(const QString& text) {
 }
 
 void SyncRun::Failed(const std::filesystem::path& source, std::error_code error) {
-    Refuse(m_parts.texts.Failure(ToText(source), error));
+    Refuse(m_tools.texts.Failure(ToText(source), error));
 }
 
 void SyncRun::Progress(std::uint64_t bytes) {
-    m_parts.runState.CountBytes(bytes);
-    m_parts.interruptions.YieldWhenDue();
+    m_tools.services.runState.CountBytes(bytes);
+    m_tools.interruptions.YieldWhenDue();
 }
 
 bool SyncRun::MustGiveUp() {
-    if (!m_parts.runState.Closing())
+    if (!m_tools.services.runState.Closing())
         return false;
     if (!m_closingSince)
-        m_closingSince = m_parts.interruptions.Now();
-    return m_parts.interruptions.Now() - *m_closingSince >= grace;
+        m_closingSince = m_tools.interruptions.Now();
+    return m_tools.interruptions.Now() - *m_closingSince >= grace;
 }
 
 void SyncRun::SyncFilesAndFolders(std::shared_ptr<Folder> source, std::shared_ptr<Folder> destination, int depth) {
@@ -177,19 +176,19 @@ void SyncRun::SyncFilesAndFolders(std::shared_ptr<Folder> source, std::shared_pt
     if (Over())
         return;
     if (depth > deepest)
-        return Refuse(m_parts.texts.TooDeep(ToText(source->Path())));
-    FolderPair pair(std::move(source), std::move(destination), depth, m_parts.interruptions);
+        return Refuse(m_tools.texts.TooDeep(ToText(source->Path())));
+    FolderPair pair(std::move(source), std::move(destination), depth, m_tools.interruptions);
     const bool isMirror = Rules().action == FileAction::Mirror;
     pair.mayDelete = isMirror && pair.destination.Handle()->Mount() == m_destinationMount;
     if (isMirror && !pair.mayDelete)
-        Line(m_parts.texts.OtherMount(ToText(pair.destination.Handle()->Path())));
+        Line(m_tools.texts.OtherMount(ToText(pair.destination.Handle()->Path())));
     SyncFiles(pair);
-    if (!Over() && m_parts.file.Read(Name(), ActivityField::IncludeSubdirs) == u"Y")
+    if (!Over() && m_tools.services.file.Read(Name(), ActivityField::IncludeSubdirs) == u"Y")
         SyncFolders(pair);
 }
 
 void SyncRun::SyncFiles(FolderPair& pair) {
-    m_parts.interruptions.Yield();
+    m_tools.interruptions.Yield();
     if (!Over())
         FileSync(*this, pair).Run();
 }
@@ -238,10 +237,10 @@ void SyncRun::transferFolder(FolderPair& pair, const FolderEntry& entry) {
         return;
     const FileAction action = m_rules.action;
     if (action == FileAction::None)
-        return Line(m_parts.texts.NoAction(path));
-    if (action == FileAction::Move && m_parts.ownPlaces.Folders().contains(entry.facts.id))
-        return Refuse(m_parts.texts.OwnFile(path));
-    Line(m_parts.texts.TransferringFolder(path, ToText(pair.destination.Handle()->Path() / entry.name)));
+        return Line(m_tools.texts.NoAction(path));
+    if (action == FileAction::Move && m_tools.ownPlaces.Folders().contains(entry.facts.id))
+        return Refuse(m_tools.texts.OwnFile(path));
+    Line(m_tools.texts.TransferringFolder(path, ToText(pair.destination.Handle()->Path() / entry.name)));
     if (action == FileAction::Move)
         m_transfer->MoveTree(pair.source.Handle(), pair.destination.Handle(), entry, m_roots);
     else
@@ -252,7 +251,7 @@ void SyncRun::walkInto(FolderPair& pair, const FolderEntry& source, const Folder
     const std::filesystem::path path = pair.destination.Handle()->Path() / destination.name;
     // Work there would take the source itself for the destination's surplus.
     if (IsRootOrAbove(destination.facts.id))
-        return Refuse(m_parts.texts.NestedRoot(ToText(path)));
+        return Refuse(m_tools.texts.NestedRoot(ToText(path)));
     std::error_code error;
     auto from = pair.source.Handle()->OpenChild(source, error);
     auto to = from ? pair.destination.Handle()->OpenChild(destination, error) : nullptr;

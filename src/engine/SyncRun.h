@@ -3,54 +3,35 @@
 // never throws. What fails is logged and counted and the run goes on; where going on is unsafe it ends with a reason.
 #pragma once
 
-#include "DestinationNames.h"
+#include "EngineServices.h"
 #include "FileSystem.h"
 #include "FileTypeFilter.h"
+#include "FolderPair.h"
 #include "Interruptions.h"
-#include "RunIdentity.h"
 #include "RunState.h"
 #include "SyncRules.h"
 
-class ActivityFile;
 class ActivityLogs;
-class MonitoringSwitch;
 class OwnPlaces;
 class Reactions;
 class SafeExit;
 class SyncTexts;
-enum class RunEnd;
 
-/// One level of the walk.
-struct FolderPair {
-    FolderPair(std::shared_ptr<Folder> sourceFolder, std::shared_ptr<Folder> destinationFolder, int level,
-               const Interruptions& interruptions)
-        : source(std::move(sourceFolder), interruptions), destination(std::move(destinationFolder), interruptions),
-          names(source, destination), depth(level) {}
-    FolderView source;
-    FolderView destination;
-    DestinationNames names;
-    int depth;             ///< 0 for the two roots
-    bool mayDelete = true; ///< false below a mount in the destination: what lies there is another tree's
+/// What a run works with; everything outlives it.
+struct RunTools {
+    const EngineServices& services;
+    ActivityLogs& logs;
+    Reactions& reactions;
+    SafeExit& safeExit;
+    MonitoringSwitch& monitoring;
+    const OwnPlaces& ownPlaces;
+    const SyncTexts& texts;
+    Interruptions& interruptions;
 };
-
-/// Who wants the run: a scheduled one ends when monitoring is stopped.
-enum class RunStarter { Schedule, User };
 
 class SyncRun final : public TransferObserver {
   public:
-    struct Parts {
-        const ActivityFile& file;
-        ActivityLogs& logs;
-        Reactions& reactions;
-        SafeExit& safeExit;
-        MonitoringSwitch& monitoring;
-        const OwnPlaces& ownPlaces;
-        const SyncTexts& texts;
-        Interruptions& interruptions;
-        FileSystem& fileSystem;
-        RunState& runState;
-    };
-    SyncRun(const Parts& parts, RunIdentity identity, RunStarter starter, std::shared_ptr<Folder> source,
+    SyncRun(const RunTools& tools, RunIdentity identity, RunStarter starter, std::shared_ptr<Folder> source,
             std::shared_ptr<Folder> destination);
     ~SyncRun() override;
     SyncRun(const SyncRun&) = delete;
@@ -78,7 +59,7 @@ class SyncRun final : public TransferObserver {
     /// True for an entry of the destination that the source lacks, now as when it was listed.
     [[nodiscard]] bool IsSurplus(FolderPair& pair, const FolderEntry& entry);
 
-    [[nodiscard]] const Parts& Tools() const { return m_parts; }
+    [[nodiscard]] const RunTools& Tools() const { return m_tools; }
     [[nodiscard]] FileTransfer& Transfer() { return *m_transfer; }
     [[nodiscard]] const FileRules& Rules();
     [[nodiscard]] const FileTypeFilter& Filter();
@@ -98,7 +79,7 @@ class SyncRun final : public TransferObserver {
     void Refuse(const QString& text);
 
     void Failed(const std::filesystem::path& source, std::error_code error) override;
-    void Transferred() override { m_parts.runState.CountFile(); }
+    void Transferred() override { m_tools.services.runState.CountFile(); }
     void Progress(std::uint64_t bytes) override;
     [[nodiscard]] bool MustGiveUp() override;
     [[nodiscard]] bool StopRequested() override { return Over(); }
@@ -112,7 +93,7 @@ class SyncRun final : public TransferObserver {
     void readRecord();
     void lookAtOwnFiles();
 
-    Parts m_parts;
+    RunTools m_tools;
     RunIdentity m_identity;
     RunStarter m_starter;
     std::shared_ptr<Folder> m_source;

@@ -1,6 +1,6 @@
 #include "SyncTexts.h"
 #include "Prompter.h"
-#include "RunEnd.h"
+#include "RunFacts.h"
 #include "StringTable.h"
 #include "modForeignText.h"
 #include "modLogTime.h"

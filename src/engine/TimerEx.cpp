@@ -1,6 +1,5 @@
 #include "TimerEx.h"
 #include "Clock.h"
-#include "EngineError.h"
 
 #include <QScopedValueRollback>
 
@@ -20,6 +19,11 @@ constexpr std::array<Unit, 4> units{{{1, std::chrono::milliseconds(100)},
 
 std::int64_t wholeSeconds(std::chrono::system_clock::time_point time) {
     return std::chrono::floor<std::chrono::seconds>(time.time_since_epoch()).count();
+}
+
+void setUp(TimerEx& timer, std::int32_t interval, std::int32_t unit) {
+    timer.SetInterval(interval);
+    timer.SetIntervalUnit(unit);
 }
 } // namespace
 
@@ -80,4 +84,17 @@ void TimerEx::onInnerTick() {
         // The period can never elapse; an exception must not pass through the event loop.
         m_tmr.stop();
     }
+}
+
+MonitoringTimers::MonitoringTimers(const Clock& clock)
+    : tmrMonitoring(clock), tmrMinutes(clock), tmrHours(clock), tmrTime(clock), tmrDate(clock), tmrStatusbar(clock),
+      TimerEx1(clock) {
+    setUp(tmrMonitoring, 1, 0);
+    setUp(tmrMinutes, 1, 1);
+    setUp(tmrHours, 1, 2);
+    setUp(tmrTime, 1, 0);
+    setUp(tmrDate, 1, 0);
+    setUp(tmrStatusbar, 3, 0);
+    setUp(TimerEx1, 2, 0);
+    tmrStatusbar.SetEnabled(true);
 }

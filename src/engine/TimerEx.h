@@ -6,8 +6,19 @@
 #include <QTimer>
 #include <chrono>
 #include <cstdint>
+#include <stdexcept>
 
 class Clock;
+
+/// The one exception of this floor, with the error number callers know: 380 invalid value, 6 overflow.
+class EngineError final : public std::runtime_error {
+  public:
+    EngineError(int number, const char* what) : std::runtime_error(what), m_number(number) {}
+    [[nodiscard]] int Number() const { return m_number; }
+
+  private:
+    int m_number;
+};
 
 class TimerEx final : public QObject {
     Q_OBJECT
@@ -41,4 +52,17 @@ class TimerEx final : public QObject {
     std::int32_t m_unit = 0;
     bool m_enabled = false;
     bool m_firing = false;
+};
+
+/// The seven timers of monitoring with their fixed settings.
+struct MonitoringTimers {
+    explicit MonitoringTimers(const Clock& clock);
+
+    TimerEx tmrMonitoring; ///< seconds scheduler, every second
+    TimerEx tmrMinutes;    ///< minutes scheduler, every minute
+    TimerEx tmrHours;      ///< hours scheduler, every hour
+    TimerEx tmrTime;       ///< time of day, every second
+    TimerEx tmrDate;       ///< date and time, every second
+    TimerEx tmrStatusbar;  ///< status bar, every 3 s, always on
+    TimerEx TimerEx1;      ///< diagnostic countdown, every 2 s when enabled
 };

@@ -3,7 +3,7 @@
 // leaves a line with the reason in the log that its activity had when it was queued.
 #pragma once
 
-#include "ActivityMailer.h"
+#include "EngineServices.h"
 #include "MailDispatch.h"
 #include <chrono>
 #include <deque>

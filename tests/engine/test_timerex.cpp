@@ -1,6 +1,5 @@
-#include "EngineError.h"
-#include "Fakes.h"
 #include "TimerEx.h"
+#include "Fakes.h"
 
 #include <QSignalSpy>
 #include <QTest>

@@ -1,4 +1,4 @@
-#include "RunIdentity.h"
+#include "RunFacts.h"
 #include "ActivityFile.h"
 
 RunIdentity RunIdentity::Of(const ActivityFile& file, const QString& name) {

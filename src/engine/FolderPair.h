@@ -1,0 +1,105 @@
+// The two folders of one level of a run: what each lists, and which of their names are one. Owns both listings. A
+// folder that cannot be listed is an error, never empty.
+#pragma once
+
+#include "Folder.h"
+#include <QMultiHash>
+#include <QString>
+#include <map>
+#include <set>
+
+class Interruptions;
+
+/// One listing of a folder, kept fresh while the folder is worked on. Owns the entries; a listing that failed is empty
+/// and says so. What was staged for the folder counts as being there already.
+class FolderView final {
+  public:
+    FolderView(std::shared_ptr<Folder> folder, const Interruptions& interruptions);
+
+    /// Reads the folder to its end. The error must be looked at: only a listing without one may count as empty.
+    [[nodiscard]] std::error_code List();
+
+    [[nodiscard]] const std::shared_ptr<Folder>& Handle() const { return m_folder; }
+    [[nodiscard]] const std::vector<FolderEntry>& Entries() const { return m_entries; }
+
+    /// The full path of an entry, as text for people.
+    [[nodiscard]] QString PathOf(const std::filesystem::path& name) const;
+
+    /// The entry as it is now: from the listing as long as nothing else could run since, else looked at again. What the
+    /// listing lacks is always looked for: a disk that folds letter case finds it under another spelling.
+    [[nodiscard]] std::optional<FileFacts> Facts(const std::filesystem::path& name);
+
+    /// The same for one of Entries(), which need not be searched for.
+    [[nodiscard]] std::optional<FileFacts> Facts(const FolderEntry& listed);
+
+    /// Whether the listing had any entry of this name.
+    [[nodiscard]] bool Has(const std::filesystem::path& name) const;
+
+    /// A file was staged under this name and will look so once it is committed.
+    void SetStaged(const std::filesystem::path& name, const FileFacts& facts);
+
+  private:
+    [[nodiscard]] bool isFresh() const;
+    [[nodiscard]] std::optional<FileFacts> lookAgain(const std::filesystem::path& name) const;
+
+    std::shared_ptr<Folder> m_folder;
+    QString m_pathPrefix; ///< with a separator at its end
+    const Interruptions& m_interruptions;
+    std::vector<FolderEntry> m_entries;
+    std::vector<FolderEntry> m_staged;
+    unsigned m_listedAt = 0;
+    bool m_listed = false;
+};
+
+/// Which entry of the destination each name of the source leads to. Only the disk can tell: on one that folds letter
+/// case two names may be one file, and an entry that is spelt differently is no surplus. What cannot be told for sure
+/// is an error, or spared.
+class DestinationNames final {
+  public:
+    DestinationNames(FolderView& source, FolderView& destination) : m_source(source), m_destination(destination) {}
+
+    /// Claims the entry `found`, to which the name leads, for a name of the source. std::errc::file_exists when the
+    /// entry belongs to another name of the source: two files meet at one place, and the second one stays where it is.
+    /// `exactOnly`: the entry must be spelt like the name (what is moved here a moment ago would else be replaced).
+    [[nodiscard]] std::error_code Claim(const std::filesystem::path& name, const FileFacts& found, bool exactOnly);
+
+    /// To be called when both folders were listed and nothing has been transferred yet: finds the entries that are
+    /// counterparts of differently spelt names.
+    void FindCounterparts();
+
+    /// True for an entry that FindCounterparts has found, and for all of them when it could not tell which.
+    [[nodiscard]] bool IsCounterpart(const std::filesystem::path& name) const {
+        return m_isUnclear || m_counterparts.contains(name);
+    }
+
+  private:
+    void remember(const std::vector<FolderEntry>& entries);
+    [[nodiscard]] bool folds(const std::filesystem::path& name);
+    [[nodiscard]] std::optional<std::filesystem::path> listedName(const std::filesystem::path& name,
+                                                                  const FileFacts& found) const;
+    [[nodiscard]] std::optional<std::filesystem::path> realName(const std::filesystem::path& name,
+                                                                const FileFacts& found);
+
+    FolderView& m_source;
+    FolderView& m_destination;
+    // The destination's entries, where it folds.
+    std::map<std::filesystem::path, FileId> m_listed;
+    QMultiHash<QString, std::filesystem::path> m_alike;              ///< by the name without regard to letter case
+    std::optional<bool> m_folds;                                     ///< unknown until an entry with a letter was met
+    std::map<std::filesystem::path, std::filesystem::path> m_claims; ///< entry -> name
+    std::set<std::filesystem::path> m_counterparts;
+    bool m_isUnclear = false;
+};
+
+/// One level of the walk.
+struct FolderPair {
+    FolderPair(std::shared_ptr<Folder> sourceFolder, std::shared_ptr<Folder> destinationFolder, int level,
+               const Interruptions& interruptions)
+        : source(std::move(sourceFolder), interruptions), destination(std::move(destinationFolder), interruptions),
+          names(source, destination), depth(level) {}
+    FolderView source;
+    FolderView destination;
+    DestinationNames names;
+    int depth;             ///< 0 for the two roots
+    bool mayDelete = true; ///< false below a mount in the destination: what lies there is another tree's
+};

@@ -1,0 +1,41 @@
+// The facts of one run of an activity: who wanted it, what it began with, why it ended. Plain values.
+#pragma once
+
+#include <QString>
+
+class ActivityFile;
+
+/// Who wants the run: a scheduled one ends when monitoring is stopped.
+enum class RunStarter { Schedule, User };
+
+/// What a run belongs to: an activity file, a record, and the directories and action of the record. A record of the
+/// same name that says anything else is another one, and its rules do not apply to this run.
+struct RunIdentity {
+    QString activityFile; ///< path
+    QString name;
+    QString source;      ///< `sourcedir`
+    QString destination; ///< `targetdir`
+    QString action;
+
+    [[nodiscard]] static RunIdentity Of(const ActivityFile& file, const QString& name);
+    bool operator==(const RunIdentity&) const = default;
+};
+
+enum class RunEnd {
+    None,
+    Closing,         ///< the program ends
+    Stopped,         ///< monitoring was stopped
+    RecordChanged,   ///< the activity is not the one the run began with, or another file is open
+    RootGone,        ///< a root's path leads to another folder, or nowhere
+    Unreadable,      ///< a folder of a mirror could not be read to its end
+    FolderExchanged, ///< a folder is not the one that was listed
+    SafeExit         ///< the emergency key
+};
+
+/// How a run of one activity ended.
+struct RunOutcome {
+    bool directoryMissing = false;
+    int failures = 0;         ///< files or folders that could not be handled
+    bool interrupted = false; ///< refused or ended early: what was to be done is not done
+    [[nodiscard]] bool Succeeded() const { return !directoryMissing && failures == 0 && !interrupted; }
+};
