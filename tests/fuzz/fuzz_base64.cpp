@@ -1,6 +1,6 @@
 // Base64 in both directions: what was encoded reads back, and any text decodes as another decoder does it.
 #include "Require.h"
-#include "modBase64.h"
+#include "modMailEncoding.h"
 
 #include <QList>
 #include <QStringBuilder>
@@ -8,19 +8,20 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const QByteArray input(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
-    const QByteArray code = modBase64::Encode(input);
-    Require(modBase64::DecodeBase64String(code) == input);
+    const QByteArray code = modMailEncoding::Base64Lines(input);
+    Require(modMailEncoding::DecodeBase64String(code) == input);
     Require(QByteArray::fromBase64(QByteArray(code).replace("\r\n", ""), QByteArray::AbortOnBase64DecodingErrors) ==
             input);
     for (const QByteArray& line : QByteArray(code).replace("\r\n", "\n").split('\n'))
         Require(line.size() <= 76 && !line.contains('\r') && (!line.isEmpty() || input.isEmpty()));
 
     // Whole lines may be encoded one by one.
-    const qsizetype cut = modBase64::bytesPerLine;
+    const qsizetype cut = modMailEncoding::Base64LineBytes;
     if (input.size() > cut)
-        Require(modBase64::Encode(input.left(cut)) + "\r\n" + modBase64::Encode(input.mid(cut)) == code);
+        Require(modMailEncoding::Base64Lines(input.left(cut)) + "\r\n" + modMailEncoding::Base64Lines(input.mid(cut)) ==
+                code);
 
     const qsizetype end = input.indexOf('=');
-    Require(modBase64::DecodeBase64String(input) == QByteArray::fromBase64(end < 0 ? input : input.left(end)));
+    Require(modMailEncoding::DecodeBase64String(input) == QByteArray::fromBase64(end < 0 ? input : input.left(end)));
     return 0;
 }

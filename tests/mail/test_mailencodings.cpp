@@ -1,5 +1,5 @@
-#include "LineTransparency.h"
-#include "modHeaderWord.h"
+#include "MessageStream.h"
+#include "modMailEncoding.h"
 
 #include <QTest>
 
@@ -11,7 +11,7 @@ class TestMailEncodings final : public QObject {
                                 u"word and word "_qs.repeated(400), u"\"\\ "_qs.repeated(2000)};
         for (const QString& text : texts)
             for (const bool quoted : {false, true})
-                for (const QByteArray& line : modHeaderWord::Encode(text, quoted).split('\n')) {
+                for (const QByteArray& line : modMailEncoding::HeaderWord(text, quoted).split('\n')) {
                     QVERIFY(line.size() < 998);
                     QVERIFY2(!line.trimmed().isEmpty(), "a line of blanks ends the header for some readers");
                 }

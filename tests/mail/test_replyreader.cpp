@@ -1,5 +1,5 @@
 // The cutting of replies: whatever the pieces, the same replies come out.
-#include "ReplyReader.h"
+#include "MailWire.h"
 
 #include <QTest>
 
