@@ -22,7 +22,6 @@ class MailConnection final : public QObject, private MailWire {
     void Disconnect() { m_session.Disconnect(); }
     void Shutdown() { m_session.Shutdown(); }
     [[nodiscard]] bool IsReady() const { return m_session.IsReady(); }
-    [[nodiscard]] bool IsBusy() const { return m_session.IsBusy(); }
 
   private:
     void Open(const QString& host, quint16 port) override;

@@ -54,7 +54,6 @@ class clsSendMail final : public QObject, private MailSessionEvents {
     void SetEmailAddressValidation(int level) { m_settings.Set(&MailSettings::Values::emailValidation, level); }
     void SetSMTPHostValidation(int level) { m_settings.Set(&MailSettings::Values::hostValidation, level); }
     void SetPersistentSettings(bool on) { m_settings.SetPersistent(on); }
-    [[nodiscard]] const MailSettings& Settings() const { return m_settings; }
 
     /// Called with the server's name before a connection is opened; after a no, Resume() opens it.
     std::function<bool(const QString& host)> MayOpen;
