@@ -8,10 +8,10 @@
 #include <algorithm>
 
 namespace {
-constexpr std::ptrdiff_t kMostSessions = 2;  // to one server
-constexpr std::ptrdiff_t kMostWaiting = 100; // of one activity
+constexpr std::ptrdiff_t mostSessions = 2;  // to one server
+constexpr std::ptrdiff_t mostWaiting = 100; // of one activity
 
-/// One spelling for each server.
+/// One spelling per server.
 QString serverOf(const QString& host) {
     QString name = host.toLower();
     if (name.startsWith(u'[') && name.endsWith(u']'))
@@ -62,13 +62,13 @@ void ActivityMail::sendByDesktop(const MailOrder& order) {
     m_parts.desktop.Send(mail);
 }
 
-/// A server that is away for days must not take the memory. The newest mails tell more than those they replace.
+/// A server that is down for days must not fill the memory. The oldest mails go first: the newest tell more.
 void ActivityMail::makeRoomFor(const QString& name) {
     const auto isOfIt = [&name](const MailOrder& order) { return order.name == name; };
-    if (std::count_if(m_waiting.begin(), m_waiting.end(), isOfIt) < kMostWaiting)
+    if (std::count_if(m_waiting.begin(), m_waiting.end(), isOfIt) < mostWaiting)
         return;
     const auto oldest = std::find_if(m_waiting.begin(), m_waiting.end(), isOfIt);
-    drop(*oldest, m_parts.texts[Text::MailDropped].arg(kMostWaiting));
+    drop(*oldest, m_parts.texts[Text::MailDropped].arg(mostWaiting));
     m_waiting.erase(oldest);
 }
 
@@ -93,7 +93,7 @@ void ActivityMail::startWaiting() {
 bool ActivityMail::isFree(const QString& placeOrServer) const {
     return std::count_if(m_sessions.begin(), m_sessions.end(), [&placeOrServer](const Session& session) {
                return session.place == placeOrServer || (!session.isHeld && session.server == placeOrServer);
-           }) < kMostSessions;
+           }) < mostSessions;
 }
 
 void ActivityMail::begin(MailOrder order, const QString& place) {
@@ -109,13 +109,13 @@ void ActivityMail::begin(MailOrder order, const QString& place) {
     dispatch->Begin([this, dispatch](const QString& host) { return mayOpen(dispatch, host); });
 }
 
-/// The domains of several recipients may well have one and the same server.
+/// Several domains may have the same server, which only the lookup tells.
 bool ActivityMail::mayOpen(const MailDispatch* dispatch, const QString& host) {
     const auto session = std::find_if(m_sessions.begin(), m_sessions.end(),
                                       [dispatch](const Session& one) { return one.dispatch.get() == dispatch; });
     const QString server = serverOf(host);
     if (session->place == server || session->server == server)
-        return true; // its place already
+        return true; // already counted
     session->isHeld = !isFree(server);
     session->server = server;
     return !session->isHeld;
@@ -132,7 +132,7 @@ void ActivityMail::ended(const MailDispatch* dispatch, const QString& failure) {
     startWaiting();
 }
 
-/// Another record may have the activity's name by now, so the log is the one it had when the mail was queued.
+/// Another record may have the activity's name by now, so the order's log is used, not the record's.
 void ActivityMail::writeLine(const MailOrder& order, const QString& text) {
     m_parts.logs.WriteActionLineTo(order.logFile, order.name,
                                    m_parts.texts[Text::MailSendTo] + order.recipient + u"' - " + text);

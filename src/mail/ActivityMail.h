@@ -1,6 +1,6 @@
-// The notifications of all activities. Owns the mails on their way and those that wait: at most two go to one server at
-// a time, so that one which never answers holds up its own mails alone and none is swamped. A mail that does not go
-// leaves a line with the reason in the log that its activity had when it was queued.
+// The queue of all notifications. Owns the mails under way and those that wait. At most two go to one server at a time,
+// so that a server which never answers delays only its own mails and none is swamped. A mail that fails leaves a line
+// with the reason in the log that its activity had when the mail was queued.
 #pragma once
 
 #include "EngineServices.h"
@@ -29,18 +29,18 @@ class ActivityMail final : public QObject, public ActivityMailer {
     explicit ActivityMail(const Parts& parts);
     ~ActivityMail() override;
 
-    /// Queues the mail and returns at once.
+    /// Reads the record, queues the mail and returns at once.
     int SendActivityMail(const QString& name, const QString& firstPath, const QString& secondPath) override;
 
-    /// Gives up what has not gone after this time.
+    /// Gives up whatever is not sent after this time.
     void GiveUpAfter(std::chrono::milliseconds grace);
 
   private:
     struct Session {
         std::unique_ptr<MailDispatch> dispatch;
-        QString place;       ///< what the record names: a server, or "@" and the domain whose server is looked up
+        QString place;       ///< as the record says: a server, or "@" and the domain whose server is looked up
         QString server;      ///< once it is known
-        bool isHeld = false; ///< waits for others to the same server
+        bool isHeld = false; ///< waits until another session to this server ends
     };
     void sendByDesktop(const MailOrder& order);
     void makeRoomFor(const QString& name);
@@ -54,7 +54,7 @@ class ActivityMail final : public QObject, public ActivityMailer {
     void giveUp();
 
     Parts m_parts;
-    std::deque<MailOrder> m_waiting; ///< in the order of their runs
+    std::deque<MailOrder> m_waiting; ///< in the order they were queued
     std::list<Session> m_sessions;
     bool m_givenUp = false;
 };

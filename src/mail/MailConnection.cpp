@@ -1,23 +1,23 @@
 #include "MailConnection.h"
 #include "Clock.h"
 #include "modLogTime.h"
-#include "modMailDomain.h"
+#include "modMailEncoding.h"
 #include "modSocketQueue.h"
 
 #include <QHostAddress>
 
 namespace {
-constexpr std::chrono::milliseconds kLook{10};
-constexpr std::chrono::seconds kLinger{5};
-constexpr qint64 kReadAtOnce = 1024; // bytes
-constexpr int kMostReads = 8;        // between two looks
-constexpr qint64 kReadAhead = 4096;  // bytes
+constexpr std::chrono::milliseconds tickInterval{10};
+constexpr std::chrono::seconds linger{5};
+constexpr qint64 readAtOnce = 1024; // bytes
+constexpr int mostReads = 8;        // between two ticks
+constexpr qint64 readAhead = 4096;  // bytes
 } // namespace
 
 MailConnection::MailConnection(const Clock& clock, MailSessionEvents& events)
     : m_session(*this, events, [&clock] { return modLogTime::SecondsOfDay(clock.Now()); }) {
-    m_timer.setInterval(kLook);
-    connect(&m_timer, &QTimer::timeout, this, &MailConnection::look);
+    m_timer.setInterval(tickInterval);
+    connect(&m_timer, &QTimer::timeout, this, &MailConnection::tick);
     connect(&m_lookUp, &HostAddresses::Found, this, [this](const QStringList& addresses) {
         m_addresses = addresses;
         m_addresses.isEmpty() ? m_session.OnClosed() : connectToNext();
@@ -45,7 +45,7 @@ void MailConnection::Open(const QString& host, quint16 port) {
     const QString name = inBrackets ? host.mid(1, host.size() - 2) : host;
     m_addresses = {name};
     if (QHostAddress(name).isNull())
-        m_lookUp.Begin(modMailDomain::ToAscii(name));
+        m_lookUp.Begin(modMailEncoding::DomainToAscii(name));
     else
         connectToNext();
 }
@@ -53,14 +53,14 @@ void MailConnection::Open(const QString& host, quint16 port) {
 void MailConnection::connectToNext() {
     Close();
     m_socket = std::make_unique<QTcpSocket>();
-    m_socket->setReadBufferSize(kReadAhead);
+    m_socket->setReadBufferSize(readAhead);
     connectSocket();
     m_socket->connectToHost(QHostAddress(m_addresses.takeFirst()), m_port);
 }
 
 void MailConnection::connectSocket() {
-    // Queued: an error inside a call is no callback out of it. Such a call may come when the next connection stands
-    // already.
+    // Queued, so that an error inside a call does not call back into the session. By then the next connection may be
+    // open already; the number tells.
     const auto lost = [this, number = ++m_number] {
         if (number == m_number)
             this->lost();
@@ -70,7 +70,7 @@ void MailConnection::connectSocket() {
         m_session.OnConnected();
     });
     connect(m_socket.get(), &QTcpSocket::readyRead, this, [this] {
-        if (m_reads < kMostReads)
+        if (m_reads < mostReads)
             read();
     });
     connect(m_socket.get(), &QTcpSocket::bytesWritten, this, [this] { m_session.OnProgress(); });
@@ -83,11 +83,11 @@ void MailConnection::lost() {
         return connectToNext();
     m_lost = true;
     m_timer.start();
-    look();
+    tick();
 }
 
-/// What arrived before the end is read first.
-void MailConnection::look() {
+/// Reads what arrived before the socket closed, then reports the loss.
+void MailConnection::tick() {
     m_reads = 0;
     if (m_socket && m_socket->bytesAvailable() > 0)
         read();
@@ -98,13 +98,13 @@ void MailConnection::look() {
         m_timer.stop();
 }
 
-/// A little at a time, so that a server which never stops talking takes neither the program's time nor its memory: the
-/// rest waits for the timer.
+/// A little at a time; the rest waits for the timer. A server that never stops sending must not take all of the
+/// program's time or memory.
 void MailConnection::read() {
-    // Each reply may end the connection, and with it the reading.
+    // Each reply may end this connection.
     const int before = m_number;
     ++m_reads;
-    m_reader.Feed(m_socket->read(kReadAtOnce));
+    m_reader.Feed(m_socket->read(readAtOnce));
     while (m_number == before) {
         const std::optional<ServerReply> reply = m_reader.Next();
         if (!reply)
@@ -120,7 +120,7 @@ void MailConnection::Send(const QByteArray& bytes) {
         m_socket->write(bytes);
 }
 
-/// The socket lives on without us until what was written has left, or the server gives up.
+/// The socket outlives this call until its last bytes have left or the linger time is over.
 void MailConnection::Close() {
     m_lookUp.Cancel();
     m_lost = false;
@@ -131,7 +131,7 @@ void MailConnection::Close() {
     socket->disconnect();
     connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
     connect(socket, &QTcpSocket::errorOccurred, socket, &QObject::deleteLater);
-    QTimer::singleShot(kLinger, socket, &QObject::deleteLater);
+    QTimer::singleShot(linger, socket, &QObject::deleteLater);
     if (socket->state() == QAbstractSocket::ConnectedState)
         socket->disconnectFromHost();
     else

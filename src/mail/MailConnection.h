@@ -1,5 +1,5 @@
-// Puts a mail session on a TCP socket. Owns the socket, the look-up of the host's addresses, the session and the timer
-// that lets it look at the clock; they end with it at once. Failures come as the session's events.
+// Runs a mail session over TCP. Owns the socket, the lookup of the host's addresses, the session and the timer that
+// makes it check its deadline. Failures arrive as the session's events.
 #pragma once
 
 #include "HostAddresses.h"
@@ -16,13 +16,12 @@ class MailConnection final : public QObject, private MailWire {
     MailConnection(const Clock& clock, MailSessionEvents& events);
     ~MailConnection() override;
 
-    /// Operations begin through here; nothing else keeps the clock running.
+    /// The operations of the session; Connect and Send also start the timer.
     void Connect(const MailServers& servers, const QString& sender);
     void Send(const QString& sender, const QStringList& recipients, std::unique_ptr<MessageStream> message);
     void Disconnect() { m_session.Disconnect(); }
     void Shutdown() { m_session.Shutdown(); }
     [[nodiscard]] bool IsReady() const { return m_session.IsReady(); }
-    [[nodiscard]] bool IsBusy() const { return m_session.IsBusy(); }
 
   private:
     void Open(const QString& host, quint16 port) override;
@@ -33,16 +32,16 @@ class MailConnection final : public QObject, private MailWire {
     void connectToNext();
     void connectSocket();
     void lost();
-    void look();
+    void tick();
     void read();
 
-    int m_number = 0; ///< of the present connection
+    int m_number = 0; ///< counts the connections, to recognise calls queued for an earlier one
     HostAddresses m_lookUp;
-    QStringList m_addresses; ///< of the server, those that were not tried yet
+    QStringList m_addresses; ///< of the server, not tried yet
     quint16 m_port = 0;
     std::unique_ptr<QTcpSocket> m_socket;
-    bool m_lost = false; ///< the socket has ended; what it brought may still be unread
-    int m_reads = 0;     ///< since the last look
+    bool m_lost = false; ///< the socket is closed; its last bytes may still be unread
+    int m_reads = 0;     ///< since the last tick
     ReplyReader m_reader;
     QTimer m_timer;
     MailSession m_session;

@@ -1,4 +1,32 @@
 #include "MailDispatch.h"
+#include "ActivityFile.h"
+#include "StringTable.h"
+
+#include <QSysInfo>
+
+MailOrder MailOrder::Read(const ActivityFile& file, const StringTable& texts, const QString& name,
+                          const QString& firstPath, const QString& secondPath) {
+    const auto text = [&](ActivityField field) { return file.Read(name, field); };
+    const auto isOn = [&](ActivityField field) { return text(field) == u"1"; };
+    MailOrder order;
+    order.name = name;
+    order.smtpHost = text(ActivityField::SmtpHost).trimmed();
+    order.recipient = text(ActivityField::Recipient);
+    order.sender = text(ActivityField::Sender);
+    order.copies = file.ReadElement(name, "cc"); // the editor stores "CC", so copies are never sent
+    order.subject = text(ActivityField::Subject);
+    if (isOn(ActivityField::ComputerName))
+        order.text = texts[Text::FromSystem] + u": " + QSysInfo::machineHostName() + u"\r\n\r\n";
+    order.text += text(ActivityField::Message);
+    order.longText = order.text + u"\r\n\r\n" + texts[Text::LastAccessed] + secondPath + u" -> " + firstPath;
+    order.logFile = text(ActivityField::LogFile);
+    order.lastFile = secondPath;
+    order.useDesktopClient = text(ActivityField::UseSmtp) == u"0";
+    order.detailsWanted = isOn(ActivityField::AttachAction);
+    order.attachLogFile = isOn(ActivityField::AttachLogFile);
+    order.attachLastFile = isOn(ActivityField::SendLastFile);
+    return order;
+}
 
 MailDispatch::MailDispatch(MailOrder order, SettingsStore& settings, const NameService& names, const Clock& clock)
     : m_order(std::move(order)), m_mail(settings, names, clock) {
@@ -24,14 +52,14 @@ void MailDispatch::Begin(std::function<bool(const QString& host)> mayOpen) {
     m_mail.Connect();
 }
 
-/// False with the reason of the first value that was refused: the mail must not go another way than the record says.
+/// False when a value was refused; m_failure then holds the first reason.
 bool MailDispatch::setEnvelope() {
     m_mail.ForgetStoredMail();
     if (!m_order.smtpHost.isEmpty())
         m_mail.SetSMTPHost(m_order.smtpHost);
     if (m_failure.isEmpty())
         m_mail.SetFrom(m_order.sender);
-    // Without a server the recipient's domain names one.
+    // Without a host, the recipient's domain is asked for one.
     if (m_failure.isEmpty() && m_order.smtpHost.isEmpty())
         m_mail.SetRecipient(m_order.recipient);
     return m_failure.isEmpty();
@@ -44,7 +72,7 @@ void MailDispatch::attach(const QString& list, const QString& path) {
 }
 
 void MailDispatch::send(bool ready) {
-    // A mail that was given up does not connect anew.
+    // Send would connect anew, even for a mail that was given up.
     if (!ready || m_shutDown)
         return end(false);
     if (!m_order.smtpHost.isEmpty())

@@ -1,17 +1,40 @@
-// One notification on its way through the program's own mail client. Owns the client until the mail has gone or failed.
-// Host, sender and recipient have to be as the record says, or the mail fails with the reason; any other step that
-// fails is skipped.
+// One notification on its way through the program's own mail client, from the activity's record to the server's answer.
+// Owns the client. A mail whose host, sender or recipient is refused fails with the reason: it must not go another way
+// than the record says. Any other step that fails is skipped.
 #pragma once
 
-#include "MailOrder.h"
 #include "clsSendMail.h"
+
+class ActivityFile;
+class StringTable;
+
+/// What the record says about its notification, read when the mail is queued.
+struct MailOrder {
+    QString name; ///< of the activity
+    QString smtpHost;
+    QString recipient;
+    QString sender;
+    QString copies;
+    QString subject;
+    QString text;     ///< the body without the lines about the last access
+    QString longText; ///< the body with them
+    QString logFile;
+    QString lastFile;
+    bool useDesktopClient = false;
+    bool detailsWanted = false;
+    bool attachLogFile = false;
+    bool attachLastFile = false;
+
+    [[nodiscard]] static MailOrder Read(const ActivityFile& file, const StringTable& texts, const QString& name,
+                                        const QString& firstPath, const QString& secondPath);
+};
 
 class MailDispatch final : public QObject {
     Q_OBJECT
   public:
     MailDispatch(MailOrder order, SettingsStore& settings, const NameService& names, const Clock& clock);
 
-    /// `mayOpen` is asked with the server's name before a connection is made; after a no, Resume() makes it later.
+    /// Asks `mayOpen` with the server's name before it connects; after a no it waits for Resume().
     void Begin(std::function<bool(const QString& host)> mayOpen);
     void Resume() { m_mail.Resume(); }
     /// Gives up; Ended follows.
@@ -22,7 +45,7 @@ class MailDispatch final : public QObject {
     /// The mail goes without this file.
     void NotAttached(const QString& path, const QString& reason);
 
-    /// Once, from the event loop. `failure` is empty when the server has taken the mail.
+    /// Emitted once, from the event loop. `failure` is empty when the server has accepted the mail.
     void Ended(const QString& failure);
 
   private:

@@ -57,7 +57,7 @@ void MailHostLookup::ask() {
         return;
     }
     m_query = *query;
-    // A port of the system's choice: only who saw the query, or is lucky, can answer in the server's name.
+    // The system picks the port: whoever forges a reply must have seen the query, or be lucky.
     const auto family =
         m_server.protocol() == QAbstractSocket::IPv6Protocol ? QHostAddress::AnyIPv6 : QHostAddress::AnyIPv4;
     const bool bound = m_socket.state() == QAbstractSocket::BoundState || m_socket.bind(family);
@@ -71,13 +71,13 @@ void MailHostLookup::ask() {
 void MailHostLookup::onReadyRead() {
     try {
         readReplies();
-    } catch (const std::exception&) { // out of memory; nothing may pass through the event loop
+    } catch (const std::exception&) { // out of memory; no exception may pass through the event loop
         finish(&MailHostLookup::Failed, notReceived());
     }
 }
 
 void MailHostLookup::readReplies() {
-    // Bounded, so that a flood of packets cannot keep the timer from its turn; the rest raises the next signal.
+    // Bounded, so that a flood of packets cannot starve the timer; the rest raises the next signal.
     constexpr int packetsInOneGo = 64;
     for (int packets = 0; packets < packetsInOneGo && m_timeout.isActive() && m_socket.hasPendingDatagrams();
          ++packets) {
@@ -92,14 +92,14 @@ void MailHostLookup::readReplies() {
 void MailHostLookup::takeReply(const QByteArray& packet) {
     const auto reply = modMXQuery::ParseReply(packet, m_query);
     if (!reply)
-        return; // forged or late: the right one may still come
+        return; // forged or late: the right one may still arrive
     if (reply->answers == 0 && shortenDomain())
         ask();
     else
         finish(&MailHostLookup::Found, reply->hosts.empty() ? QString() : reply->hosts.front().host);
 }
 
-// A machine of the local domain rarely takes mail itself; its domain may.
+// A machine of the local domain rarely accepts mail itself; its domain may.
 bool MailHostLookup::shortenDomain() {
     const qsizetype dot = m_domain.indexOf(u'.');
     const bool insideLocalDomain =
@@ -110,7 +110,7 @@ bool MailHostLookup::shortenDomain() {
     return true;
 }
 
-// Queued, so that nobody is told from inside of Begin(), and that whoever is told may begin or delete at will.
+// Queued, so that no signal is emitted during Begin(), and that a slot may start the next lookup or delete this object.
 void MailHostLookup::finish(void (MailHostLookup::*outcome)(const QString&), const QString& text) {
     Cancel();
     const auto tell = [this, outcome, text, lookup = m_lookup] {

@@ -1,5 +1,5 @@
-// Asks the first name server for the preferred mail host of a domain, without holding up the event loop. Owns the
-// socket and the timer of one lookup at a time; everything that goes wrong is told by Failed().
+// Asks the first name server for the preferred mail host of a domain, without blocking the event loop. Owns the socket
+// and the timer of one lookup at a time; every failure arrives as Failed().
 #pragma once
 
 #include <QHostAddress>
@@ -16,11 +16,11 @@ class MailHostLookup final : public QObject {
     /// `timeout` counts from each query sent; `names` must outlive the lookup.
     explicit MailHostLookup(const NameService& names, std::chrono::milliseconds timeout = std::chrono::seconds(5));
 
-    /// Starts a lookup; an empty domain stands for the local one. One of the signals follows, never from inside of this
-    /// call. A lookup still under way is dropped and stays silent.
+    /// Starts a lookup; an empty domain means the local one. One of the signals follows, never during this call. A
+    /// lookup still under way is dropped without a signal.
     void Begin(const QString& domain);
 
-    /// Drops the lookup, if there is one; no signal follows.
+    /// Drops the lookup, if any, without a signal.
     void Cancel();
 
   Q_SIGNALS:
@@ -44,5 +44,5 @@ class MailHostLookup final : public QObject {
     QString m_localDomain;
     QString m_domain;
     QByteArray m_query;
-    quint64 m_lookup = 0; ///< counts the lookups, so that an outcome still queued is told from the present one
+    quint64 m_lookup = 0; ///< counts the lookups, to recognise an outcome queued for an earlier one
 };

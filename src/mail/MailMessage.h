@@ -1,4 +1,4 @@
-// One mail as its sender wrote it, ready to be composed. A plain value; addresses are checked by whoever fills it.
+// One mail, ready to be composed. A plain value; clsSendMail checks the addresses before it fills one.
 #pragma once
 
 #include <QString>
@@ -12,10 +12,10 @@ struct MailMessage {
     QString from;
     QString fromDisplayName;
     QStringList recipients;
-    QStringList recipientDisplayNames; ///< by position; a missing or blank one is none
+    QStringList recipientDisplayNames; ///< by position; a missing or blank one counts as none
     QStringList copies;
     QStringList copyDisplayNames;
-    QStringList blindCopies; ///< part of the envelope only
+    QStringList blindCopies; ///< appear in the envelope only
     QString replyTo;
     QString subject;
     QString text;

@@ -1,39 +1,39 @@
 #include "MailSession.h"
-#include "modBase64.h"
 #include "modForeignText.h"
-#include "modMailDomain.h"
+#include "modMailEncoding.h"
 
 #include <array>
 #include <utility>
 
 namespace {
 
-constexpr int kLoginWait = 5;        // seconds
-constexpr qint64 kMostUnsent = 4096; // bytes
-constexpr int kSecondsOfADay = 24 * 60 * 60;
+constexpr int loginWait = 5;        // seconds
+constexpr qint64 mostUnsent = 4096; // bytes
+constexpr int secondsPerDay = 24 * 60 * 60;
 
 const QString timeoutText = QStringLiteral("Timeout occurred: The SMTP Host did not respond to the request");
 const QString notOpenText = QStringLiteral("Socket not Open");
-constexpr const char* kLoginFailed = "Host Login Failed!";
+constexpr const char* loginFailed = "Host Login Failed!";
 
-/// What goes into a command line must not end it.
+/// No value may end the command line that contains it.
 QByteArray commandWord(QByteArray word) {
     word.removeIf([](char c) { return c == '\r' || c == '\n' || c == '\0'; });
     return word;
 }
 
 QByteArray commandAddress(const QString& address) {
-    return commandWord(modMailDomain::AddressToAscii(address));
+    return commandWord(modMailEncoding::AddressToAscii(address));
 }
 
 } // namespace
 
 struct MailSession::Row {
-    const char* begun;           ///< status when the state is entered
-    void (MailSession::*send)(); ///< what it says to the server, if anything
+    const char* begun;          ///< status when the state is entered, or ""
+    const char* command;        ///< sent when the state is entered, or ""
+    void (MailSession::*act)(); ///< done when the state is entered, or null
     Awaited awaited;
     Patience patience;
-    const char* done; ///< status when what is awaited has come
+    const char* done; ///< status when the awaited reply has arrived, or ""
     State next;
 };
 
@@ -43,26 +43,27 @@ const MailSession::Row& MailSession::rowOf(State state) {
     using P = Patience;
     using M = MailSession;
     static constexpr std::array<Row, 17> rows{{
-        /* Closed */ {"", nullptr, A::Nothing, P::None, "", S::Closed},
-        /* PopConnecting */ {"", &M::openPop, A::Connection, P::Connect, "", S::PopGreeting},
-        /* PopGreeting */ {"", nullptr, A::PopOk, P::Connect, "", S::PopUser},
-        /* PopUser */ {"", &M::sendUser, A::PopOk, P::Connect, "", S::PopPassword},
-        /* PopPassword */ {"", &M::sendPassword, A::PopOk, P::Connect, "", S::PopQuit},
-        /* PopQuit */ {"", &M::sendQuit, A::PopOk, P::Connect, "POP3 Authentication Successful...", S::Connecting},
-        /* Connecting */ {"", &M::openSmtp, A::Connection, P::Connect, "", S::Greeting},
-        /* Greeting */ {"", nullptr, A::Greeting, P::Connect, "", S::Hello},
-        /* Hello */ {"Initializing Communications...", &M::sendHello, A::Accepted, P::Connect, "", S::LoginOffer},
-        /* LoginOffer */ {"", nullptr, A::LoginOffer, P::Login, "", S::Login},
+        /* Closed */ {"", "", nullptr, A::Nothing, P::None, "", S::Closed},
+        /* PopConnecting */ {"", "", &M::openPop, A::Connection, P::Connect, "", S::PopGreeting},
+        /* PopGreeting */ {"", "", nullptr, A::PopOk, P::Connect, "", S::PopUser},
+        /* PopUser */ {"", "", &M::sendUser, A::PopOk, P::Connect, "", S::PopPassword},
+        /* PopPassword */ {"", "", &M::sendPassword, A::PopOk, P::Connect, "", S::PopQuit},
+        /* PopQuit */ {"", "QUIT", nullptr, A::PopOk, P::Connect, "POP3 Authentication Successful...", S::Connecting},
+        /* Connecting */ {"", "", &M::openSmtp, A::Connection, P::Connect, "", S::Greeting},
+        /* Greeting */ {"", "", nullptr, A::Greeting, P::Connect, "", S::Hello},
+        /* Hello */
+        {"Initializing Communications...", "", &M::sendHello, A::Accepted, P::Connect, "", S::LoginOffer},
+        /* LoginOffer */ {"", "", nullptr, A::LoginOffer, P::Login, "", S::Login},
         /* Login */
-        {"Sending Login Authentication...", &M::sendLogin, A::LoggedIn, P::Login, "Host Login OK!", S::Ready},
-        /* Ready */ {"", nullptr, A::Nothing, P::None, "", S::Ready},
+        {"Sending Login Authentication...", "AUTH Login", nullptr, A::LoggedIn, P::Login, "Host Login OK!", S::Ready},
+        /* Ready */ {"", "", nullptr, A::Nothing, P::None, "", S::Ready},
         /* Sender */
-        {"Sending Sender Information...", &M::sendSender, A::Accepted, P::Message, "", S::Recipient},
+        {"Sending Sender Information...", "", &M::sendSender, A::Accepted, P::Message, "", S::Recipient},
         /* Recipient */
-        {"Sending Recipient Information...", &M::sendRecipient, A::Accepted, P::Message, "", S::Data},
-        /* Data */ {"Sending Message...", &M::sendData, A::GoAhead, P::Message, "", S::Content},
-        /* Content */ {"", &M::sendContent, A::Nothing, P::Message, "", S::Delivery},
-        /* Delivery */ {"", nullptr, A::Accepted, P::Message, "Transmission Complete...", S::Ready},
+        {"Sending Recipient Information...", "", &M::sendRecipient, A::Accepted, P::Message, "", S::Data},
+        /* Data */ {"Sending Message...", "DATA", nullptr, A::GoAhead, P::Message, "", S::Content},
+        /* Content */ {"", "", &M::sendContent, A::Nothing, P::Message, "", S::Delivery},
+        /* Delivery */ {"", "", nullptr, A::Accepted, P::Message, "Transmission Complete...", S::Ready},
     }};
     static_assert(rows.size() == static_cast<std::size_t>(State::Delivery) + 1);
     return rows.at(static_cast<std::size_t>(state));
@@ -79,11 +80,13 @@ void MailSession::enter(State state) {
     if (state != before)
         tell(row.begun);
     setDeadline();
-    if (row.send != nullptr)
-        (this->*row.send)();
+    if (*row.command != '\0')
+        command(row.command);
+    if (row.act != nullptr)
+        (this->*row.act)();
 }
 
-/// What nobody waits for is let pass: a server may say more than it was asked.
+/// Ignores a reply that this state does not wait for: a server may send more than it was asked.
 void MailSession::arrived(Awaited what) {
     const Row& row = rowOf(m_state);
     if (row.awaited != what || seconds() < 1)
@@ -109,18 +112,18 @@ int MailSession::seconds() const {
     case Patience::Connect:
         return m_servers.connectTimeout;
     case Patience::Login:
-        return kLoginWait;
+        return loginWait;
     case Patience::Message:
         return m_servers.messageTimeout;
     }
     return 0;
 }
 
-/// Counted in seconds of the day: a wait that begins shortly before midnight ends at once.
+/// The deadline is a second of the day, so a wait that begins shortly before midnight times out at once.
 void MailSession::setDeadline() {
     m_deadline = m_secondsOfDay() + seconds();
-    if (m_deadline >= kSecondsOfADay)
-        m_deadline -= kSecondsOfADay;
+    if (m_deadline >= secondsPerDay)
+        m_deadline -= secondsPerDay;
 }
 
 void MailSession::Poll() {
@@ -138,8 +141,8 @@ void MailSession::timedOut() {
     }
     if (m_state != State::Login)
         return fail(timeoutText);
-    tell(kLoginFailed);
-    fail(QLatin1String(kLoginFailed));
+    tell(loginFailed);
+    fail(QLatin1String(loginFailed));
 }
 
 void MailSession::tell(const char* status) {
@@ -151,8 +154,8 @@ void MailSession::fail(const QString& text) {
     const State last = m_state;
     close();
     m_events.OnFailed(text);
-    if (last == State::Login && text != QLatin1String(kLoginFailed))
-        tell(kLoginFailed);
+    if (last == State::Login && text != QLatin1String(loginFailed))
+        tell(loginFailed);
     if (last != State::Closed && last != State::Ready)
         endPhase(last, false);
 }
@@ -207,22 +210,14 @@ void MailSession::sendPassword() {
     command("PASS " + commandWord(m_servers.password.toUtf8()));
 }
 
-void MailSession::sendQuit() {
-    command("QUIT");
-}
-
 void MailSession::sendHello() {
     // With the address check off, a sender may have no domain.
-    const QByteArray domain = commandWord(modMailDomain::ToAscii(m_sender.mid(m_sender.indexOf(u'@') + 1)));
+    const QByteArray domain = commandWord(modMailEncoding::DomainToAscii(m_sender.mid(m_sender.indexOf(u'@') + 1)));
     command((m_servers.useAuthentication ? "EHLO " : "HELO ") + (domain.isEmpty() ? "localhost" : domain));
 }
 
-void MailSession::sendLogin() {
-    command("AUTH Login");
-}
-
 void MailSession::answerLogin(const ServerReply& reply) {
-    const QByteArray prompt = modBase64::DecodeBase64String(reply.text.mid(4).trimmed()).toLower();
+    const QByteArray prompt = modMailEncoding::DecodeBase64String(reply.text.mid(4).trimmed()).toLower();
     if (prompt.contains("username"))
         command(m_servers.username.toUtf8().toBase64());
     else if (prompt.contains("password"))
@@ -251,18 +246,14 @@ void MailSession::sendRecipient() {
     command("RCPT TO: <" + commandAddress(m_recipients.takeFirst()) + ">");
 }
 
-void MailSession::sendData() {
-    command("DATA");
-}
-
-/// One block each time little enough waits to leave, so that a large attachment is never held in memory.
+/// Composes a block only while few bytes wait to leave, so that a large attachment is never held in memory.
 void MailSession::sendContent() {
-    while (!m_message->AtEnd() && m_wire.Unsent() <= kMostUnsent) {
+    while (!m_message->AtEnd() && m_wire.Unsent() <= mostUnsent) {
         const MessageStream::Block block = m_message->Next();
         if (!block.status.isEmpty())
             m_events.OnStatus(block.status);
         if (const auto error = m_message->Error())
-            return fail(*error); // the end mark was not sent: the server drops the half mail with the connection
+            return fail(*error); // without the end mark the server drops the torn mail
         m_wire.Send(block.bytes);
     }
     m_untaken = m_wire.Untaken();
@@ -270,7 +261,7 @@ void MailSession::sendContent() {
         enter(State::Delivery);
 }
 
-/// The system's buffers hide a slow line: only what the peer has taken shows that it is still reading.
+/// Only bytes the peer has acknowledged count as progress: the system's buffers would hide that it stopped reading.
 void MailSession::lookAtProgress() {
     if (m_state != State::Content && m_state != State::Delivery)
         return;
@@ -283,7 +274,7 @@ void MailSession::Disconnect() {
     if (m_state == State::Closed)
         return;
     tell("Closing Connection...");
-    sendQuit();
+    command("QUIT");
     close();
 }
 

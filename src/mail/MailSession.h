@@ -1,30 +1,40 @@
-// One dialogue with a mail server: POP3 login first when wanted (RFC 1939), then SMTP (RFC 5321) with AUTH LOGIN. A
-// state machine: it is told what the connection does and what time it is, and says what to send. Owns no socket and no
-// timer. Every failure is reported once, with its text, and closes the connection.
+// One dialogue with a mail server: POP3 login first if wanted (RFC 1939), then SMTP (RFC 5321) with AUTH LOGIN. A state
+// machine without socket or timer: MailConnection hands it replies and calls Poll(). Every failure is reported once,
+// with its text, and closes the connection.
 #pragma once
 
-#include "MailServers.h"
-#include "MailSessionEvents.h"
+#include "MailSettings.h"
 #include "MailWire.h"
 #include "MessageStream.h"
-#include "ReplyReader.h"
 #include <functional>
+
+/// How a session gets on. The session calls from the middle of its work: an implementation must not destroy it, nor
+/// begin or end an operation on it.
+class MailSessionEvents {
+  public:
+    virtual ~MailSessionEvents() = default;
+
+    virtual void OnStatus(const QString& text) = 0;
+    virtual void OnFailed(const QString& text) = 0;
+    virtual void OnConnectEnded(bool ready) = 0; ///< `ready`: a mail can be sent now
+    virtual void OnSendEnded(bool accepted) = 0;
+};
 
 class MailSession final {
   public:
     /// `secondsOfDay` gives the seconds since midnight, local time.
     MailSession(MailWire& wire, MailSessionEvents& events, std::function<int()> secondsOfDay);
 
-    /// Begins the connect phase. `sender` names the domain of the greeting.
+    /// Starts the connect phase. HELO names the domain of `sender`.
     void Connect(const MailServers& servers, const QString& sender);
 
-    /// Begins to send one mail on a session that is ready. `recipients` is the whole envelope.
+    /// Starts the send phase of one mail; the session has to be ready. `recipients` is the whole envelope.
     void Send(const QString& sender, const QStringList& recipients, std::unique_ptr<MessageStream> message);
 
-    /// Says QUIT and closes. Nothing happens on a session that is closed.
+    /// Sends QUIT and closes; does nothing on a closed session.
     void Disconnect();
 
-    /// Ends what is under way, without success, and closes at once.
+    /// Fails what is under way and closes without QUIT.
     void Shutdown();
 
     [[nodiscard]] bool IsReady() const { return m_state == State::Ready; }
@@ -33,15 +43,14 @@ class MailSession final {
     void OnConnected();
     void OnReply(const ServerReply& reply);
     void OnOverrun();
-    /// Some of what was sent has left.
-    void OnProgress();
+    void OnProgress(); ///< some of what was sent has left this process
     void OnClosed();
 
-    /// Looks at the clock; to be called every 10 ms or so while the session is busy.
+    /// Checks the deadline; to be called every 10 ms or so while the session is busy.
     void Poll();
 
   private:
-    /// In the order of the dialogue; what comes after Ready belongs to one mail.
+    /// In the order of the dialogue; the states after Ready belong to one mail.
     enum class State {
         Closed,
         PopConnecting,
@@ -83,16 +92,13 @@ class MailSession final {
     void command(const QByteArray& line);
     void sendUser();
     void sendPassword();
-    void sendQuit();
     void sendHello();
-    void sendLogin();
     void sendSender();
     void sendRecipient();
-    void sendData();
     void sendContent();
     void lookAtProgress();
     void answerLogin(const ServerReply& reply);
-    /// False for a reply that has no place in the dialogue.
+    /// False for a reply that fails the dialogue.
     [[nodiscard]] bool takeSmtp(const ServerReply& reply);
 
     MailWire& m_wire;
@@ -106,6 +112,6 @@ class MailSession final {
     State m_state = State::Closed;
     int m_deadline = 0; ///< seconds of the day
     int m_attempt = 0;
-    qint64 m_untaken = 0; ///< as of the last look at the content
+    qint64 m_untaken = 0; ///< at the last check
     bool m_loggedIn = false;
 };

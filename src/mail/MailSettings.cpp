@@ -35,7 +35,7 @@ constexpr std::array<Entry<int>, 7> numbers{{{"RemotePort", &Values::smtpPort},
 constexpr std::array<Entry<bool>, 2> switches{
     {{"UseAuthentication", &Values::useAuthentication}, {"UsePopAuthentication", &Values::usePopAuthentication}}};
 
-/// People write "True" where the program writes 1.
+/// The program writes 1; people who edit the file write "True".
 bool isOn(const QString& text) {
     return text.toInt() != 0 ||
            QStringList{QStringLiteral("true"), QStringLiteral("yes"), QStringLiteral("on")}.contains(
@@ -53,7 +53,7 @@ QString keyOf(const Table& table, Field field) {
 } // namespace
 
 MailSettings::MailSettings(SettingsStore& store) : m_store(store) {
-    const auto read = [this](const QString& key) { return m_store.Read(MailSettings::Application, section, key); };
+    const auto read = [this](const QString& key) { return m_store.Read(Application, section, key); };
     m_persistent = isOn(read(persistentKey).value_or(QString()));
     if (!m_persistent)
         return;
@@ -86,10 +86,10 @@ void MailSettings::Set(bool Values::*field, bool value) {
 
 void MailSettings::write(const QString& key, const QString& value) {
     if (m_persistent)
-        std::ignore = m_store.Write(MailSettings::Application, section, key, value);
+        std::ignore = m_store.Write(Application, section, key, value);
 }
 
 void MailSettings::SetPersistent(bool persistent) {
     m_persistent = persistent;
-    std::ignore = m_store.Write(MailSettings::Application, section, persistentKey, QString::number(persistent ? 1 : 0));
+    std::ignore = m_store.Write(Application, section, persistentKey, QString::number(persistent ? 1 : 0));
 }

@@ -1,10 +1,25 @@
-// The mail client's own settings, kept for the user when persistence is switched on. Owns their values; a value that
-// cannot be read takes its default, one that cannot be written is lost without a word.
+// The mail client's own settings, stored for the user while persistence is on. A value that cannot be read takes its
+// default; a failed write is ignored.
 #pragma once
 
 #include <QString>
 
 class SettingsStore;
+
+/// The servers a mail session talks to, how it logs in and how long it waits. Nothing in it is checked.
+struct MailServers {
+    QString smtpHost;
+    int smtpPort = 25;
+    QString popHost;
+    int popPort = 110;
+    QString username;
+    QString password;
+    bool useAuthentication = false;
+    bool usePopAuthentication = false;
+    int connectRetry = 4;    ///< attempts
+    int connectTimeout = 30; ///< seconds for each wait of the connect phase; below 1 every wait fails at once
+    int messageTimeout = 60; ///< seconds for each wait of the send phase
+};
 
 class MailSettings final {
   public:
@@ -13,21 +28,13 @@ class MailSettings final {
 
     explicit MailSettings(SettingsStore& store);
 
-    struct Values {
+    /// POP3 port and password are never stored.
+    struct Values : MailServers {
         QString from;
         QString fromDisplayName;
-        QString popHost;
-        QString smtpHost;
-        int smtpPort = 25;
         int hostValidation = 3;  ///< 0 accepts every host name
         int emailValidation = 1; ///< 0 accepts every address
-        int connectTimeout = 30; ///< seconds
-        int messageTimeout = 60; ///< seconds
-        int connectRetry = 4;    ///< attempts
         int encodeType = 0;      ///< 0 MIME, 1 uuencode
-        QString username;
-        bool useAuthentication = false;
-        bool usePopAuthentication = false;
     };
     [[nodiscard]] const Values& Get() const { return m_values; }
 
@@ -36,10 +43,9 @@ class MailSettings final {
     void Set(int Values::*field, int value);
     void Set(bool Values::*field, bool value);
 
-    /// What the store says of this does not count; it is not written.
+    /// Clears the value for this object only; the store keeps it.
     void Forget(QString Values::*field) { (m_values.*field).clear(); }
 
-    [[nodiscard]] bool IsPersistent() const { return m_persistent; }
     void SetPersistent(bool persistent);
 
   private:

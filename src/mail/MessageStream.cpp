@@ -1,12 +1,8 @@
 #include "MessageStream.h"
-#include "modAttachmentHeader.h"
-#include "modBase64.h"
 #include "modForeignText.h"
-#include "modLatin1.h"
-#include "modMailDate.h"
-#include "modMessageHeader.h"
+#include "modMailEncoding.h"
+#include "modMailHeader.h"
 #include "modRegularFile.h"
-#include "modUuEncode.h"
 
 #include <algorithm>
 #include <utility>
@@ -14,25 +10,53 @@
 namespace {
 
 constexpr qsizetype textPiece = 4096;
-constexpr qint64 mimePiece = modBase64::bytesPerLine * 54;
-constexpr qint64 uuPiece = modUuEncode::bytesPerLine * 68;
+constexpr qint64 mimePiece = modMailEncoding::Base64LineBytes * 54;
+constexpr qint64 uuPiece = modMailEncoding::UuLineBytes * 68;
 
 qsizetype countAddresses(const QStringList& addresses) {
     return std::count_if(addresses.begin(), addresses.end(),
                          [](const QString& address) { return !address.trimmed().isEmpty(); });
 }
 
-/// What may follow a file's name within it, so that "cid:a.png" is no reference to a file "a.pn".
+/// A reference ends where the file's name ends: "cid:a.png" does not refer to a file "a.pn".
 bool continuesName(QChar letter) {
     return letter.isLetterOrNumber() || letter == u'.' || letter == u'-' || letter == u'_';
 }
 
 } // namespace
 
+void LineTransparency::endLine(QByteArray& out) {
+    out.append("\r\n");
+    m_column = 0;
+}
+
+QByteArray LineTransparency::Pass(const QByteArray& chunk) {
+    constexpr qsizetype longestLine = 998;
+    QByteArray out;
+    out.reserve(chunk.size() + chunk.size() / 16);
+    for (const char letter : chunk) {
+        const bool closesCr = m_afterCr && letter == '\n';
+        m_afterCr = letter == '\r';
+        if (closesCr)
+            continue;
+        if (letter == '\r' || letter == '\n') {
+            endLine(out);
+            continue;
+        }
+        if (m_column == longestLine)
+            endLine(out);
+        if (m_column == 0 && letter == '.')
+            out.append('.');
+        out.append(letter);
+        ++m_column;
+    }
+    return out;
+}
+
 MessageStream::MessageStream(MailMessage message, const QDateTime& when) : m_message(std::move(message)), m_when(when) {
     std::erase_if(m_message.attachments, [](const std::filesystem::path& file) { return file.empty(); });
     if (isMime() && !m_message.attachments.empty())
-        m_boundary = modMailDate::Boundary(m_when);
+        m_boundary = modMailHeader::Boundary(m_when);
 }
 
 QString MessageStream::Check(const MailMessage& message) {
@@ -64,7 +88,7 @@ MessageStream::Block MessageStream::Next() {
         block.bytes = data();
         break;
     case Stage::End:
-        // The end of message is no text: its "." stays single.
+        // The end mark bypasses the filter: its "." stays single.
         m_stage = Stage::Over;
         return {m_transparency.Pass(end()) + "\r\n.\r\n", {}};
     case Stage::Over:
@@ -92,37 +116,36 @@ QByteArray MessageStream::head() {
     m_stage = Stage::Text;
     const bool related = std::any_of(
         m_message.attachments.begin(), m_message.attachments.end(),
-        [this](const std::filesystem::path& file) { return isEmbedded(modAttachmentHeader::NameOf(file)); });
-    return modMessageHeader::Write(m_message, m_when, m_boundary, related);
+        [this](const std::filesystem::path& file) { return isEmbedded(modMailHeader::AttachmentName(file)); });
+    return modMailHeader::OfMessage(m_message, m_when, m_boundary, related);
 }
 
 QByteArray MessageStream::text() {
     QStringView piece = QStringView(m_message.text).mid(m_textAt, textPiece);
-    // The halves of one character stay together.
+    // Do not split a surrogate pair.
     const qsizetype after = m_textAt + piece.size();
     if (after < m_message.text.size() && m_message.text[after].isLowSurrogate())
         piece = QStringView(m_message.text).mid(m_textAt, piece.size() + 1);
     m_textAt += piece.size();
     if (m_textAt == m_message.text.size())
         m_stage = m_message.attachments.empty() ? Stage::End : Stage::Attachment;
-    return modLatin1::FromText(piece);
+    return modMailEncoding::Latin1(piece);
 }
 
 MessageStream::Block MessageStream::attachment() {
     const std::filesystem::path& file = m_message.attachments[m_attachment];
-    const QString name = modAttachmentHeader::NameOf(file);
+    const QString name = modMailHeader::AttachmentName(file);
     if (const std::error_code error = modRegularFile::Open(file, m_file)) {
         fail(error == std::errc::no_such_file_or_directory
                  ? QStringLiteral("The file you tried to attach does not exist")
                  : modForeignText::OfError(error));
         return {};
     }
-    // A file that grows meanwhile, such as a log, is sent as it was now; it could grow for ever.
+    // A file that grows while it is sent, such as a log, is sent up to its present size: it could grow for ever.
     m_left = m_file.size();
     m_stage = Stage::Data;
     const bool embedded = isEmbedded(name);
-    QByteArray bytes =
-        isMime() ? modAttachmentHeader::MimePart(name, m_boundary, embedded) : modAttachmentHeader::UuBegin(name);
+    QByteArray bytes = isMime() ? modMailHeader::OfMimePart(name, m_boundary, embedded) : modMailHeader::OfUuPart(name);
     if (m_left == 0)
         bytes += endOfData();
     const QString status =
@@ -135,7 +158,7 @@ QByteArray MessageStream::data() {
     if (m_error)
         return {};
     m_left -= piece.size();
-    QByteArray bytes = isMime() ? modBase64::Encode(piece) : modUuEncode::Encode(piece);
+    QByteArray bytes = isMime() ? modMailEncoding::Base64Lines(piece) : modMailEncoding::UuLines(piece);
     if (m_left == 0)
         bytes += endOfData();
     else if (isMime())
@@ -161,7 +184,7 @@ QByteArray MessageStream::endOfData() {
     m_file.close();
     ++m_attachment;
     m_stage = m_attachment < m_message.attachments.size() ? Stage::Attachment : Stage::End;
-    return isMime() ? QByteArray() : modUuEncode::End();
+    return isMime() ? QByteArray() : modMailEncoding::UuEnd();
 }
 
 QByteArray MessageStream::end() {
@@ -171,5 +194,5 @@ QByteArray MessageStream::end() {
 void MessageStream::fail(const QString& reason) {
     m_file.close();
     m_stage = Stage::Over;
-    m_error = modAttachmentHeader::NameOf(m_message.attachments[m_attachment]) + QStringLiteral(": ") + reason;
+    m_error = modMailHeader::AttachmentName(m_message.attachments[m_attachment]) + QStringLiteral(": ") + reason;
 }

@@ -31,7 +31,7 @@ clsSendMail::clsSendMail(SettingsStore& settings, const NameService& names, cons
 
 clsSendMail::~clsSendMail() = default;
 
-/// Blank entries stay: a list of names goes with a list of addresses by position.
+/// Keeps blank entries: names belong to addresses by position.
 QStringList clsSendMail::split(const QString& list) const {
     QStringList entries;
     for (const QString& entry : list.split(Delimiter))
@@ -152,21 +152,14 @@ void clsSendMail::Resume() {
     if (!std::exchange(m_opening, false))
         return;
     const MailSettings::Values& settings = m_settings.Get();
-    // The stored number was not checked by anybody yet.
+    // A port read from the store has not been checked yet.
     if (settings.smtpPort < 1 || settings.smtpPort > 65535)
         return refuseConnection(QStringLiteral("Invalid Remote Port"));
-    m_connection.Connect({.smtpHost = m_server,
-                          .smtpPort = settings.smtpPort,
-                          .popHost = settings.popHost,
-                          .popPort = POP3Port,
-                          .username = settings.username,
-                          .password = Password,
-                          .useAuthentication = settings.useAuthentication,
-                          .usePopAuthentication = settings.usePopAuthentication,
-                          .connectRetry = settings.connectRetry,
-                          .connectTimeout = settings.connectTimeout,
-                          .messageTimeout = settings.messageTimeout},
-                         settings.from);
+    MailServers servers = settings;
+    servers.smtpHost = m_server;
+    servers.popPort = POP3Port;
+    servers.password = Password;
+    m_connection.Connect(servers, settings.from);
 }
 
 void clsSendMail::refuseConnection(const QString& text) {

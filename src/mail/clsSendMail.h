@@ -1,6 +1,6 @@
-// The program's own mail client: what is to be sent, through which server, and the operations on it. Owns the
-// connection. Operations begin here and end with an event; a refused value keeps the old one. Errors come as
-// SendFailed.
+// The program's own mail client: the mail, the server and the operations Connect, Send, Disconnect. Owns the
+// connection. An operation ends with a signal. A setter that refuses its value keeps the old one; every error arrives
+// as SendFailed.
 #pragma once
 
 #include "MailConnection.h"
@@ -14,7 +14,7 @@ class clsSendMail final : public QObject, private MailSessionEvents {
     clsSendMail(SettingsStore& settings, const NameService& names, const Clock& clock);
     ~clsSendMail() override;
 
-    QString Delimiter = QStringLiteral(";"); ///< between the entries of a list
+    QString Delimiter = QStringLiteral(";"); ///< between the entries of all lists
     QString RecipientDisplayName;
     QString CcDisplayName;
     QString ReplyToAddress;
@@ -34,10 +34,10 @@ class clsSendMail final : public QObject, private MailSessionEvents {
     /// A list of paths of regular files. One that cannot be opened refuses the whole list.
     void SetAttachment(const QString& paths);
     [[nodiscard]] const QString& Attachment() const { return m_attachment; }
-    /// 1 high, 3 normal, 5 low; any other number is kept too, but no word goes with it.
+    /// 1 high, 3 normal, 5 low. Any other number is taken too, but leaves the word as it was.
     void SetPriority(int priority);
 
-    /// Host and sender are this mail's own from here on: empty until they are set, whatever the store says.
+    /// Clears host and sender, so that this mail cannot go through a stored server or under a stored name.
     void ForgetStoredMail();
     void SetSMTPHost(const QString& host);
     /// 1 to 65535.
@@ -54,18 +54,17 @@ class clsSendMail final : public QObject, private MailSessionEvents {
     void SetEmailAddressValidation(int level) { m_settings.Set(&MailSettings::Values::emailValidation, level); }
     void SetSMTPHostValidation(int level) { m_settings.Set(&MailSettings::Values::hostValidation, level); }
     void SetPersistentSettings(bool on) { m_settings.SetPersistent(on); }
-    [[nodiscard]] const MailSettings& Settings() const { return m_settings; }
 
-    /// Asked with the server's name before a connection is made; after a no, Resume() makes it later.
+    /// Called with the server's name before a connection is opened; after a no, Resume() opens it.
     std::function<bool(const QString& host)> MayOpen;
     void Resume();
 
-    /// Makes the session ready for a mail. Without a host, that of the first recipient's domain is asked for.
+    /// Makes the session ready for a mail. Without a host, the domain of the first recipient is looked up.
     void Connect();
-    /// Sends the mail; connects first when needed, and then closes again.
+    /// Sends the mail. Without a ready session it connects first and closes afterwards.
     void Send();
     void Disconnect() { m_connection.Disconnect(); }
-    /// Ends whatever is under way.
+    /// Fails whatever is under way.
     void Shutdown();
 
   Q_SIGNALS:
@@ -73,7 +72,7 @@ class clsSendMail final : public QObject, private MailSessionEvents {
     void SendSuccesful();
     void SendFailed(const QString& text);
 
-    /// The end of Connect and of Send; they come from the event loop, so that the next operation may begin at once.
+    /// Connect and Send have ended. Emitted from the event loop, so that a slot may start the next operation.
     void ConnectEnded(bool ready);
     void SendEnded(bool accepted);
 
@@ -99,10 +98,10 @@ class clsSendMail final : public QObject, private MailSessionEvents {
     QString m_attachment;
     int m_priority = 3;
     QString m_priorityWord = QStringLiteral("Normal");
-    bool m_sendWhenReady = false;  ///< Send waits for a session of its own
-    bool m_closeAfterSend = false; ///< and closes it again
-    bool m_opening = false;        ///< from Connect until there is a connection to be made, or none
-    QString m_server;              ///< given or found
+    bool m_sendWhenReady = false;  ///< Send is connecting
+    bool m_closeAfterSend = false; ///< Send opened the session
+    bool m_opening = false;        ///< from Connect until the connection is opened or refused
+    QString m_server;              ///< given or looked up
     MailHostLookup m_lookup;
     MailConnection m_connection;
 };

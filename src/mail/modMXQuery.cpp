@@ -1,11 +1,12 @@
 #include "modMXQuery.h"
-#include "modMailDomain.h"
+#include "modMailEncoding.h"
 
 #include <QByteArrayList>
 #include <QtEndian>
 
 #include <algorithm>
 #include <array>
+#include <tuple>
 
 namespace {
 
@@ -22,7 +23,7 @@ void append16(QByteArray& packet, quint16 value) {
     packet.append(static_cast<char>(value >> 8U)).append(static_cast<char>(value & 0xFFU));
 }
 
-// Neither a blank nor a control character, which would go on into logs and commands, nor a dot inside of a label.
+// No blank or control character, which would reach logs and commands, and no dot inside a label.
 bool isHostCharacter(char character) {
     return character > ' ' && character <= '~' && character != '.';
 }
@@ -32,7 +33,7 @@ struct Name {
     bool isHost = true;
 };
 
-// Reads a packet from front to back. Nothing is read beyond the end: the first attempt makes it fail for good.
+// Reads a packet from front to back. The first attempt to read beyond the end makes it fail for good.
 class Reader final {
   public:
     Reader(QByteArrayView packet, qsizetype position) : m_packet(packet), m_position(position) {}
@@ -65,10 +66,10 @@ class Reader final {
     bool m_failed = false;
 };
 
-// Each pointer must lead to before the piece it ends, so the pieces come nearer to the start and there is no circle.
+// Each pointer must lead to before the piece it ends. So the pieces move towards the start, and there is no circle.
 Name Reader::ReadName() {
     Name name;
-    std::optional<qsizetype> end; // of the name where it stands, if a pointer led away from there
+    std::optional<qsizetype> end; // of the name in the record, if a pointer led away
     qsizetype pieceStart = m_position;
     while (true) {
         const quint8 length = read8();
@@ -115,9 +116,9 @@ bool isReplyTo(QByteArrayView packet, QByteArrayView query, qsizetype& endOfQues
     return !question.Failed() && same && sameKind;
 }
 
-// False when the record is broken, and with it everything behind.
+// False when the record is broken; nothing after it can be read then.
 bool readAnswer(Reader& reader, QByteArrayView packet, std::vector<modMXQuery::MailHost>& hosts) {
-    static_cast<void>(reader.ReadName());
+    std::ignore = reader.ReadName();
     const quint16 type = reader.Read16();
     constexpr qsizetype classAndTimeToLive = 6;
     reader.Skip(classAndTimeToLive);
@@ -141,7 +142,7 @@ bool readAnswer(Reader& reader, QByteArrayView packet, std::vector<modMXQuery::M
 } // namespace
 
 std::optional<QByteArray> modMXQuery::BuildQuery(const QString& domain) {
-    const QByteArray name = modMailDomain::ToAscii(domain);
+    const QByteArray name = modMailEncoding::DomainToAscii(domain);
     if (name.size() + 2 > longestName)
         return std::nullopt;
 

@@ -1,5 +1,5 @@
-// Questions for a domain's mail exchangers and the replies to them, as the packets of RFC 1035 (sections 3.3.9 and 4).
-// Pure functions without a socket or a state; what cannot be asked or is no reply is nullopt.
+// MX queries and their replies as packets (RFC 1035, 3.3.9 and 4), without a socket. Pure functions: a domain that
+// cannot be asked for and a packet that is no reply give nullopt.
 #pragma once
 
 #include <QByteArray>
@@ -9,7 +9,7 @@
 
 namespace modMXQuery {
 
-/// Replies are read as far as this many bytes; what comes after is lost.
+/// The bytes of a reply that are read; the rest is dropped.
 inline constexpr qsizetype MaximumReply = 2048;
 
 struct MailHost {
@@ -19,18 +19,17 @@ struct MailHost {
 };
 
 struct Reply {
-    quint16 answers = 0;         ///< as the header counts them, whatever their type
+    quint16 answers = 0;         ///< the header's count, of every type
     std::vector<MailHost> hosts; ///< by preference, equal ones in the order of the reply
 };
 
-/// The question for the MX records of `domain`, to be answered recursively. Letters outside ASCII go as IDNA (RFC
-/// 3490). nullopt when no domain can be called so: an empty label or one above 63 bytes, above 255 bytes in all, blanks
-/// or control characters.
+/// The query for the MX records of `domain`, recursion desired, in its ASCII form (IDNA, RFC 3490). nullopt for what
+/// cannot be a domain: an empty label or one above 63 bytes, more than 255 bytes in all, blanks or control characters.
 [[nodiscard]] std::optional<QByteArray> BuildQuery(const QString& domain);
 
-/// Reads the reply to `query`; nullopt when the packet is none to it (identifier, response bit, question). Broken
-/// records end the reading: the hosts before them count. Exchanges that are no host's name are left out, with them the
-/// single dot by which a domain says that it takes no mail (RFC 7505).
+/// Reads the reply to `query`; nullopt when the packet is no reply to it (identifier, response bit, question). A broken
+/// record ends the reading: the hosts before it count. Exchanges that are no host name are left out, and so is the
+/// single dot of a domain that accepts no mail (RFC 7505).
 [[nodiscard]] std::optional<Reply> ParseReply(const QByteArray& packet, const QByteArray& query);
 
 } // namespace modMXQuery

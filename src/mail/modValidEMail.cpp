@@ -6,7 +6,7 @@
 
 namespace {
 
-// Fixed on purpose: a domain that is not in it is taken for a slip of the pen.
+// Fixed on purpose: any other ending is taken for a typing error.
 constexpr QStringView topLevelDomains =
     u" "
     u"COM ORG NET EDU GOV MIL INT AF AL DZ AS AD AO AI AQ AG AR AM AW AC AU AT AZ BS BH BD BB BY BZ BT BJ "
@@ -20,7 +20,7 @@ constexpr QStringView topLevelDomains =
 
 constexpr QStringView illegalCharacters = u"!#$%^&*()=+{}[]|\\;:'/?>,< ";
 
-// A control character would reach the mail session as a command of its own, a quote ends the address for some readers.
+// A control character could start a command of its own in the session; a quote ends the address for some readers.
 bool isRefused(QChar character) {
     return illegalCharacters.contains(character) || character == u'"' || character.category() == QChar::Other_Control;
 }

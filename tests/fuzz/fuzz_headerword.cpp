@@ -1,7 +1,6 @@
 // Any text in a header: it stays within its line, is plain ASCII, and reads back as what was written.
 #include "Require.h"
-#include "modHeaderWord.h"
-#include "modLatin1.h"
+#include "modMailEncoding.h"
 
 #include <QList>
 #include <QRegularExpression>
@@ -66,16 +65,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const bool quoted = (data[0] & 1U) != 0;
     const QByteArray input(reinterpret_cast<const char*>(data + 1), static_cast<qsizetype>(size - 1));
     const QString text = (data[0] & 2U) != 0 ? QString::fromUtf8(input) : QString::fromLatin1(input);
-    const QByteArray bytes = modLatin1::FromText(text);
+    const QByteArray bytes = modMailEncoding::Latin1(text);
     const bool isAscii =
         std::all_of(bytes.begin(), bytes.end(), [](char letter) { return letter >= 0 && letter < 127; });
 
-    const QByteArray result = modHeaderWord::Encode(text, quoted);
+    const QByteArray result = modMailEncoding::HeaderWord(text, quoted);
     static const QRegularExpression lines(QStringLiteral("\\A[\\t -~]{0,950}(\\r\\n[\\t ][\\t -~]{0,949})*+\\z"));
     Require(matches(lines, result));
     const QByteArray unfolded = QByteArray(result).replace("\r\n", "");
     const QByteArray plain = replaced(bytes, true);
-    if (isAscii && unfolded == (quoted ? modHeaderWord::QuotedAscii(text) : plain)) {
+    if (isAscii && unfolded == (quoted ? modMailEncoding::QuotedAscii(text) : plain)) {
         Require(!quoted || unquoted(unfolded) == plain);
         return 0;
     }

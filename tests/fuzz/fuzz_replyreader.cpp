@@ -1,5 +1,5 @@
 // Whatever a server sends, in whatever pieces: the same replies come out, within bounds.
-#include "ReplyReader.h"
+#include "MailWire.h"
 #include "Require.h"
 
 #include <cstdint>
@@ -12,7 +12,7 @@ QByteArray replies(const QByteArray& bytes, qsizetype piece) {
     for (qsizetype at = 0; at < bytes.size(); at += piece) {
         reader.Feed(bytes.mid(at, piece));
         while (const auto reply = reader.Next()) {
-            Require(reply->code.size() <= 3 && reply->text.size() <= 2 * ReplyReader::kLongestReply);
+            Require(reply->code.size() <= 3 && reply->text.size() <= 2 * ReplyReader::LongestReply);
             all.append(reply->code).append(reply->text).append('\0');
         }
     }

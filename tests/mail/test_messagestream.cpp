@@ -1,8 +1,10 @@
 #include "MessageStream.h"
 
 #include <QProcess>
+#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <sys/stat.h>
@@ -33,12 +35,9 @@ QByteArray compose(const MailMessage& message) {
 }
 
 QByteArray noise(int size) {
-    QByteArray bytes;
-    std::uint32_t state = 12345;
-    for (int i = 0; i < size; ++i) {
-        state = state * 1664525 + 1013904223;
-        bytes.append(static_cast<char>(static_cast<unsigned char>(state >> 24U)));
-    }
+    QRandomGenerator random(12345);
+    QByteArray bytes(size, '\0');
+    std::generate(bytes.begin(), bytes.end(), [&random] { return static_cast<char>(random.bounded(256)); });
     return bytes;
 }
 
@@ -51,7 +50,7 @@ class TestMessageStream final : public QObject {
         m_folder = std::make_unique<QTemporaryDir>();
         QVERIFY(m_folder->isValid());
     }
-    // Qt cannot remove names that are no text.
+    // Qt cannot remove names that are not UTF-8.
     void cleanup() { fs::remove_all(root()); }
 
     void check() {
@@ -107,7 +106,7 @@ class TestMessageStream final : public QObject {
             }
     }
 
-    /// Another program reads what was written: names of the messages and expectations are in the script.
+    /// The script decodes the mails with Python's own library and holds what to expect.
     void otherReaders() {
         writePlain();
         writeAttachments();
@@ -157,7 +156,7 @@ class TestMessageStream final : public QObject {
 
     void writeAttachments() {
         MailMessage message = letter();
-        message.text = u"cid:size0.bin"_qs; // is no reference outside of HTML
+        message.text = u"cid:size0.bin"_qs; // no reference outside HTML
         // 14 bytes: a line of uuencoded text that begins with a ".".
         for (const int size : {0, 1, 2, 3, 14, 45, 57, 100 * 1024})
             message.attachments.push_back(file("size" + std::to_string(size) + ".bin", noise(size)));

@@ -118,13 +118,12 @@ struct Client {
     QStringList failures;
 };
 
-/// Does something just before the first queued call to an object of this class.
-template <typename Receiver>
+/// Does something just before the first queued call to a mail client.
 class BeforeCall final : public QObject {
   public:
     explicit BeforeCall(std::function<void()> what) : m_what(std::move(what)) { qApp->installEventFilter(this); }
     bool eventFilter(QObject* receiver, QEvent* event) override {
-        if (event->type() == QEvent::MetaCall && qobject_cast<Receiver*>(receiver) != nullptr && m_what)
+        if (event->type() == QEvent::MetaCall && qobject_cast<clsSendMail*>(receiver) != nullptr && m_what)
             std::exchange(m_what, nullptr)();
         return false;
     }
@@ -163,7 +162,7 @@ class TestSendMail final : public QObject {
         QVERIFY(mail[u"content"].toString().contains(u"\r\n\r\nGuten Tag\r\n"));
         QCOMPARE(client.statuses.mid(client.statuses.size() - 2),
                  (QStringList{u"Transmission Complete..."_qs, u"Closing Connection..."_qs}));
-        // What goes meanwhile ends the mail at once, without the mark that makes a server take it.
+        // A file that vanishes while the mail is sent ends it without the end mark, so the server drops it.
         const QString attached = pop.folder.filePath(u"attached"_qs);
         QVERIFY(QFile(attached).open(QIODevice::WriteOnly));
         client.mail.SetAttachment(attached);
@@ -185,7 +184,7 @@ class TestSendMail final : public QObject {
         QCOMPARE(client.failures.last(), u"Invalid or Missing SMTP Host Name"_qs);
     }
 
-    /// Between the end of Connect and what follows it, nothing is under way that could be ended.
+    /// Between the end of Connect and the slot that follows it, nothing is under way that Shutdown could end.
     void doesNotConnectAnewWhenGivenUp() {
         SmtpServer smtp;
         Client client;
@@ -195,7 +194,7 @@ class TestSendMail final : public QObject {
         order.smtpHost = u"127.0.0.1"_qs;
         order.sender = order.recipient = u"anna@dort.de"_qs;
         MailDispatch dispatch(order, client.settings, client.names, *client.services.clock);
-        BeforeCall<clsSendMail> end([&dispatch] { dispatch.Shutdown(); });
+        BeforeCall end([&dispatch] { dispatch.Shutdown(); });
         QSignalSpy ended(&dispatch, &MailDispatch::Ended);
         int connections = 0;
         dispatch.Begin([&connections](const QString& /*host*/) { return ++connections > 0; });

@@ -1,8 +1,8 @@
-#include "ReplyReader.h"
+#include "MailWire.h"
 
 namespace {
 
-/// POP3 marks its single lines with a sign; there the fourth character is part of the word.
+/// A POP3 reply starts with a sign and has one line; its fourth character is part of the text.
 bool isFinal(const QByteArray& line) {
     return line.startsWith('+') || line.startsWith('-') || line.size() < 4 || line.at(3) != '-';
 }
@@ -17,7 +17,7 @@ void ReplyReader::Feed(const QByteArray& bytes) {
 std::optional<ServerReply> ReplyReader::Next() {
     while (!m_overrun) {
         const qsizetype end = m_bytes.indexOf('\n');
-        m_overrun = (end < 0 ? m_bytes.size() : end) > kLongestLine || m_reply.size() > kLongestReply;
+        m_overrun = (end < 0 ? m_bytes.size() : end) > LongestLine || m_reply.size() > LongestReply;
         if (m_overrun || end < 0)
             return std::nullopt;
         QByteArray line = m_bytes.left(end);
