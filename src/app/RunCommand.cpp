@@ -1,6 +1,6 @@
 #include "RunCommand.h"
 
-#include "HeadlessLog.h"
+#include "HeadlessUser.h"
 #include "Program.h"
 #include "RunEndWaiter.h"
 #include "modNativePath.h"

@@ -2,12 +2,12 @@
 // selection, which it carries over a refill by name. It never fails.
 #pragma once
 
-#include "ActivityOrder.h"
 #include <QStringList>
 #include <QTreeView>
 #include <vector>
 
 class ActivityList;
+class QSortFilterProxyModel;
 
 class ActivityListView final : public QTreeView {
     Q_OBJECT
@@ -53,7 +53,7 @@ class ActivityListView final : public QTreeView {
     [[nodiscard]] QString nameAt(const QModelIndex& shown) const;
 
     ActivityList& m_list;
-    ActivityOrder m_order;
+    QSortFilterProxyModel& m_order;
     QStringList m_keptSelection;
     QString m_keptCurrent;
 };

@@ -3,7 +3,9 @@
 #include <QBoxLayout>
 #include <QButtonGroup>
 #include <QComboBox>
+#include <QFontDatabase>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRegularExpression>
 
@@ -79,6 +81,18 @@ QToolButton* FormParts::SignButton(const char* objectName, const QString& sign, 
     button->setToolTip(Spoken(caption).toHtmlEscaped());
     button->setFocusPolicy(Qt::StrongFocus);
     return button;
+}
+
+QPlainTextEdit* FormParts::TextBox(const char* objectName, const QString& accessibleName) {
+    auto* box = new QPlainTextEdit;
+    box->setObjectName(QLatin1String(objectName));
+    box->setAccessibleName(accessibleName);
+    box->setReadOnly(true);
+    box->setUndoRedoEnabled(false);
+    box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    box->setLineWrapMode(QPlainTextEdit::NoWrap);
+    box->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    return box;
 }
 
 void FormParts::LayOut(QWidget& form, QWidget& picture, QLayout& words, QWidget& buttons) {

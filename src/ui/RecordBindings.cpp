@@ -1,7 +1,6 @@
 #include "RecordBindings.h"
 
-#include "MaskedField.h"
-#include "ctlAutoCompleteCombo.h"
+#include "EditorFields.h"
 #include <QAbstractButton>
 #include <QButtonGroup>
 #include <QCheckBox>

@@ -4,16 +4,15 @@
 
 #include "ActivityRecord.h"
 #include "EditorChecks.h"
-#include "EditorServices.h"
-#include "KnownAddresses.h"
+#include "EditorMailTab.h"
+#include "FormServices.h"
 
 #include <QDialog>
 #include <functional>
 
-class OptionsActionTab;
-class OptionsGeneralTab;
-class OptionsMailTab;
-class OptionsScheduleTab;
+class EditorActionTab;
+class EditorGeneralTab;
+class EditorScheduleTab;
 class QTabWidget;
 
 class frmOptions final : public QDialog {
@@ -30,6 +29,10 @@ class frmOptions final : public QDialog {
         /// the editor stays open.
         std::function<bool(const QString& name, const ActivityRecord& record)> write;
     };
+
+    /// What a new activity looks like before anybody has edited it: active, copies all files every ten minutes, sends
+    /// mail (once that is switched on) by itself, shows no message for each file.
+    [[nodiscard]] static ActivityRecord NewActivity();
 
     /// What the services refer to must outlive the editor.
     frmOptions(const EditorServices& services, Request request, QWidget* parent = nullptr);
@@ -58,10 +61,10 @@ class frmOptions final : public QDialog {
     EditorServices m_services;
     Request m_request;
     QTabWidget* m_tabs;
-    OptionsGeneralTab* m_general;
-    OptionsScheduleTab* m_schedule;
-    OptionsActionTab* m_action;
-    OptionsMailTab* m_mail;
+    EditorGeneralTab* m_general;
+    EditorScheduleTab* m_schedule;
+    EditorActionTab* m_action;
+    EditorMailTab* m_mail;
     QString m_shownName;
     ActivityRecord m_shownRecord; ///< as the controls gave it back before anybody typed
     bool m_over = false;

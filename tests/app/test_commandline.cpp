@@ -1,6 +1,5 @@
 // What the command line asks for, and whether a window would be seen.
 #include "CommandLine.h"
-#include "DisplayChoice.h"
 #include <QDir>
 #include <QtTest>
 

@@ -1,5 +1,5 @@
 // The real main window over a real program: monitoring, running now, and above all how it closes.
-#include "EditorDialog.h"
+#include "ActivityEditor.h"
 #include "ModalForm.h"
 #include "WindowFixture.h"
 #include "frmOptions.h"

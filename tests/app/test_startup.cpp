@@ -2,8 +2,7 @@
 #include "AppFixture.h"
 #include "CommandLine.h"
 #include "HeadlessHost.h"
-#include "HeadlessLog.h"
-#include "HeadlessPrompter.h"
+#include "HeadlessUser.h"
 #include "SingleInstance.h"
 #include "StartUp.h"
 #include <QtTest>
