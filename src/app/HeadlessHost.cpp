@@ -45,7 +45,7 @@ void HeadlessHost::tryAgainLater() {
 void HeadlessHost::tryAgain() {
     LockRefusal ignored{};
     const EngineLock::Token lock = m_program.Lock().Take(m_program.File().CurrentPath(), ignored);
-    // Read anew: whoever had the file until now may have changed it.
+    // Load it again: the process that had the file until now may have changed it.
     if (!lock || !m_program.File().Load())
         return;
     m_retry.stop();

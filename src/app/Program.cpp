@@ -19,7 +19,7 @@ constexpr std::chrono::seconds mailGrace{5};
 const QString acceptedKey = QStringLiteral("Accepted");
 } // namespace
 
-/// The parts of the engine, each handed the ones above it.
+/// The parts of the engine, each built on the ones above it.
 struct Program::Engine {
     Engine(Program& program, const KeyState& keys)
         : syncTexts(program.m_texts),

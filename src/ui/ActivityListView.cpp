@@ -16,7 +16,7 @@ constexpr int mostColumnWidth = 4000; // pixels
 // In average characters of the view's font.
 constexpr int columnCharacters[ActivityList::ColumnCount] = {22, 30, 30, 36, 28, 10, 22, 22, 14, 20};
 
-/// Gives the rows some air and shortens paths in their middle, where they tell least.
+/// Makes the rows a little higher and elides paths in the middle, where they say least.
 class RowDelegate final : public QStyledItemDelegate {
   public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -234,11 +234,11 @@ void ActivityListView::keyPressEvent(QKeyEvent* event) {
             Q_EMIT RowOpened(name);
         return;
     }
-    // The box belongs to the row: it follows the space bar wherever in the row the last click was.
+    // Space toggles the row's box, whichever column was clicked last.
     if (event->key() == Qt::Key_Space && currentIndex().column() > 0)
         selectionModel()->setCurrentIndex(currentIndex().siblingAtColumn(0), QItemSelectionModel::NoUpdate);
     QTreeView::keyPressEvent(event);
-    // Qt highlights a row when the current one changes. The only row is the current one from the start.
+    // Qt selects a row when the current one changes, but a list's only row is current from the start.
     const bool moves = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down || event->key() == Qt::Key_Home ||
                        event->key() == Qt::Key_End;
     if (moves && event->modifiers() == Qt::NoModifier && CurrentName().isEmpty() && currentIndex().isValid())

@@ -138,7 +138,7 @@ PathRow* EditorActionTab::logFileRow() {
     return new PathRow(line, {"cmdLogFile", texts[Text::SelectActivityLog]}, [this, filters](const QString& present) {
         const FileRequest request{m_services.texts[Text::SelectActivityLog], filters, {}, present};
         std::optional<QString> picked = m_services.picker.SaveFile(request, false);
-        // An existing log is left alone. A file that cannot be made is told of when the activity is saved.
+        // An existing log is left alone. A file that cannot be created is reported when the activity is saved.
         if (picked)
             std::ignore = m_services.files.CreateNew(modNativePath::Absolute(*picked), {});
         return picked;
@@ -146,7 +146,7 @@ PathRow* EditorActionTab::logFileRow() {
 }
 
 void EditorActionTab::Show(const ActivityRecord& record) {
-    // Shown first and switched off then, so that the kept text comes back with "Only this:".
+    // Fill the field before switching it off, so that "Only this:" brings its text back.
     m_extensions.SetWanted(true);
     m_bindings.Show(record);
     m_extensions.SetWanted(optOnlyThis->isChecked());

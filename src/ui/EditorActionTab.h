@@ -1,5 +1,5 @@
-// The editor's third tab: what happens with which files, and what follows a change. Owns its controls; creates an empty
-// log file when the user picks one that does not exist.
+// The editor's third tab: what happens with which files, and what follows a change. Creates an empty log file when the
+// user picks one that does not exist.
 #pragma once
 
 #include "EditorFields.h"

@@ -1,5 +1,5 @@
-// The editor's first tab: the activity's name, its two directories, comment and whether it is enabled. Owns its
-// controls; touches the disk only to offer folders.
+// The editor's first tab: the activity's name, its two directories, comment and whether it is enabled. Touches the disk
+// only to offer folders.
 #pragma once
 
 #include "EditorFields.h"
@@ -20,7 +20,7 @@ class EditorGeneralTab final : public QWidget {
     /// Trimmed.
     [[nodiscard]] QString Name() const;
 
-    /// Without one the destination is empty.
+    /// An unwanted destination is empty and disabled.
     void SetDestinationWanted(bool wanted) { m_target.SetWanted(wanted); }
 
     /// Offers both directories again the next time.

@@ -125,7 +125,7 @@ void EditorMailTab::buildHost() {
     lblNoMailProgram->setObjectName(QStringLiteral("lblNoMailProgram"));
     lblNoMailProgram->setTextFormat(Qt::PlainText);
     lblNoMailProgram->setWordWrap(true);
-    // Takes its place even while it is hidden, so that nothing jumps.
+    // Keeps its space while it is hidden, so that nothing jumps.
     QSizePolicy policy = lblNoMailProgram->sizePolicy();
     policy.setRetainSizeWhenHidden(!m_hasMailProgram);
     lblNoMailProgram->setSizePolicy(policy);

@@ -1,5 +1,5 @@
-// The editor's fourth tab: the mail that follows a run. Owns its controls, all of them off without the notification;
-// addresses are offered from the activity file and from the contacts of the desktop's mail program.
+// The editor's fourth tab: the mail that follows a run. All its controls are disabled while the notification is off.
+// Offers the addresses of the activity file and the contacts of the desktop's mail program.
 #pragma once
 
 #include "RecordBindings.h"

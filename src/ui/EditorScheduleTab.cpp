@@ -47,7 +47,7 @@ QString spelledTime(const QString& stored) {
     return spelled;
 }
 
-/// A partly filled field of another schedule would be objected to where nobody can mend it.
+/// A partly filled field of another schedule would cause an objection that the user could not correct.
 void setWanted(MaskedField& field, bool wanted) {
     if (!wanted && !field.IsFull())
         field.clear();
@@ -131,7 +131,7 @@ QGroupBox* EditorScheduleTab::buildFixedTimes() {
 
     m_timeLabel = FormParts::Label(m_texts[Text::Time], *txtDateTime);
 
-    // Both options begin their own line; their fields stand below each other.
+    // Each option begins its own line, with the fields aligned below each other.
     auto* dateFields = new QHBoxLayout;
     dateFields->addWidget(txtDate);
     dateFields->addWidget(m_order);
@@ -173,7 +173,7 @@ void EditorScheduleTab::bindFields() {
 }
 
 void EditorScheduleTab::Show(const ActivityRecord& record) {
-    // A longer interval must not shrink by being looked at.
+    // Opening the editor must not shorten a longer interval.
     const int longest = std::max(longestInterval, record.Number(ActivityField::Interval));
     sldInterval->setMaximum(longest);
     spnInterval->setMaximum(longest);

@@ -1,4 +1,4 @@
-// The editor's second tab: when the activity runs. Owns its controls; only those of the chosen schedule are enabled.
+// The editor's second tab: when the activity runs. Only the controls of the chosen schedule are enabled.
 #pragma once
 
 #include "RecordBindings.h"

@@ -6,7 +6,7 @@
 
 namespace {
 
-/// Each filter is shown as it was written, in front of a pattern of its own: "*.*" stands for every file, and most
+/// Each filter is shown as written, in front of a pattern of its own: "*.*" means every file here, but most
 /// names here have no dot.
 QStringList withPatterns(const QStringList& filters) {
     QStringList result;

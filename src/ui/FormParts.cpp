@@ -27,7 +27,7 @@ QLabel* FormParts::Label(const QString& caption, QWidget& field) {
     label->setTextFormat(Qt::PlainText);
     label->setBuddy(&field);
     field.setAccessibleName(Spoken(caption));
-    // The text field within an editable box is a control of its own to whoever reads the screen aloud.
+    // To a screen reader the line inside an editable box is a control of its own.
     if (auto* box = qobject_cast<QComboBox*>(&field); box != nullptr && box->isEditable())
         box->lineEdit()->setAccessibleName(Spoken(caption));
     return label;
@@ -67,7 +67,7 @@ QPushButton* FormParts::AddButton(QDialogButtonBox& buttons, QDialogButtonBox::S
 }
 
 void FormParts::EnterAtChosen(QButtonGroup& options) {
-    // Qt knows this too, but not before the group has had the focus.
+    // Qt does this too, but only once the group has had the focus.
     QObject::connect(&options, &QButtonGroup::idToggled, &options, [&options] {
         for (QAbstractButton* option : options.buttons())
             option->setFocusPolicy(option == options.checkedButton() ? Qt::StrongFocus : Qt::ClickFocus);

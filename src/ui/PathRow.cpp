@@ -33,7 +33,7 @@ QString draggedFolder(const QMimeData& data) {
     return QFileInfo(path).isDir() ? QDir::toNativeSeparators(QDir::cleanPath(path)) : QString();
 }
 
-/// Files, or more than one thing: taking their addresses as text would help nobody.
+/// Files, or more than one thing: their addresses as text would be of no use.
 bool isUselessDrag(const QMimeData& data) {
     return data.hasUrls() && draggedFolder(data).isEmpty();
 }
@@ -55,7 +55,7 @@ class FolderEdit final : public QLineEdit {
 
 FolderEdit::FolderEdit() {
     setAcceptDrops(true);
-    // The model starts a thread: not before it is needed.
+    // The model starts a thread, so it is made only when it is needed.
     connect(this, &QLineEdit::textEdited, this, &FolderEdit::offerFolders);
 }
 
@@ -66,7 +66,7 @@ void FolderEdit::offerFolders(const QString& typed) {
         m_folders->setFilter(QDir::AllDirs | QDir::NoDotAndDotDot);
         setCompleter(new QCompleter(m_folders, this));
     }
-    // Left to itself the model reads folder by folder from the root, one with each key that is typed.
+    // By itself the model would read every folder from the root on, one for each key typed.
     const QFileInfo path(typed);
     if (path.isAbsolute())
         m_folders->setRootPath(path.path());
@@ -162,7 +162,7 @@ bool PathRow::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void PathRow::followLine() {
-    // Only what the line decides for itself; a disabled form disables the buttons anyway.
+    // Follow the line's own state only; a disabled form disables the buttons anyway.
     for (QToolButton* button : findChildren<QToolButton*>())
         button->setEnabled(m_line->isEnabledTo(this));
 }

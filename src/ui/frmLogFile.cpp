@@ -94,7 +94,7 @@ void frmLogFile::StartTimer() {
 
 void frmLogFile::load() {
     const Tail tail = readTail(modNativePath::FromText(m_path), MostMebibytes * bytesPerMebibyte);
-    // The note stands where the missing lines would.
+    // The note takes the place of the missing lines.
     const QString note =
         tail.isShortened ? QString(u'[' + m_texts[Text::LogCutOff].arg(MostMebibytes) + u"]\n\n") : QString();
     m_text->setPlaceholderText(tail.error ? m_texts[Text::LogUnreadable] + u'\n' + modForeignText::OfError(tail.error)
@@ -105,7 +105,7 @@ void frmLogFile::load() {
 
 void frmLogFile::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
-    // The text was loaded into a box that had no size yet.
+    // The text was loaded before the box had a size.
     layout()->activate();
     m_text->ensureCursorVisible();
 }

@@ -70,7 +70,7 @@ frmOptions::frmOptions(const EditorServices& services, Request request, QWidget*
     m_mail->Show(m_request.record);
     m_shownName = Name();
     m_shownRecord = Record();
-    // A desktop that puts Cancel in front would also begin there, and Enter would mean Cancel.
+    // Where the desktop puts Cancel first it would have the focus, and Enter would mean Cancel.
     lead(EditorChecks::Tab::Directories, "txtName");
     resize(sizeHint().boundedTo(screen()->availableSize() - windowFrame));
 }
@@ -96,7 +96,7 @@ void frmOptions::buildButtons() {
     ok->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &frmOptions::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, [this] { done(Rejected); });
-    // Enter in a field means OK and no other button.
+    // Enter in a field means OK.
     for (QPushButton* button : findChildren<QPushButton*>())
         button->setAutoDefault(button == ok || button == cancel);
     layout()->addWidget(buttons);
@@ -158,7 +158,7 @@ bool frmOptions::wavesThrough(const EditorChecks::Problem& problem) {
 }
 
 bool frmOptions::write() {
-    // What the writer may ask about or refuse is the name.
+    // The writer can only ask about or refuse the name.
     if (Name() != m_request.name)
         lead(EditorChecks::Tab::Directories, "txtName");
     const auto tell = [this](const QString& text) {

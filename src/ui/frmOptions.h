@@ -1,5 +1,5 @@
-// The activity editor: takes one activity as a value and gives one back. Owns its tabs. It checks what was entered,
-// lets its caller write it, and stays open until both have succeeded or the user gives up; it never sees the document.
+// The activity editor: takes one activity as a value and gives one back. It checks the input, lets its caller write it,
+// and stays open until both succeed or the user gives up; it never sees the document.
 #pragma once
 
 #include "ActivityRecord.h"
@@ -25,8 +25,8 @@ class frmOptions final : public QDialog {
         /// Whether an activity of this name can be stored.
         std::function<bool(const QString& name)> isUsableName;
         std::function<bool(const QString& path)> isOwnFile;
-        /// Writes the activity. False when it was refused and the user knows; an exception is shown here. Either way
-        /// the editor stays open.
+        /// Writes the activity. False when it was refused and the user has seen why; an exception is shown here. Either
+        /// way the editor stays open.
         std::function<bool(const QString& name, const ActivityRecord& record)> write;
     };
 
@@ -41,12 +41,12 @@ class frmOptions final : public QDialog {
     [[nodiscard]] QString Name() const;
     [[nodiscard]] ActivityRecord Record() const;
 
-    /// Whether the editor may end: nothing was changed, or the user says that it may be lost.
+    /// Whether the editor may end: nothing was changed, or the user agrees to lose it.
     [[nodiscard]] bool MayBeDropped();
 
   public Q_SLOTS:
     void accept() override;
-    /// Escape and a close of the window: asks first when something was changed. Cancel does not ask.
+    /// Escape and closing the window: asks first when something was changed. Cancel does not ask.
     void reject() override;
     void done(int result) override;
 
@@ -66,6 +66,6 @@ class frmOptions final : public QDialog {
     EditorActionTab* m_action;
     EditorMailTab* m_mail;
     QString m_shownName;
-    ActivityRecord m_shownRecord; ///< as the controls gave it back before anybody typed
+    ActivityRecord m_shownRecord; ///< as the controls gave it back before any input
     bool m_over = false;
 };

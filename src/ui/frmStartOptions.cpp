@@ -48,7 +48,7 @@ const QString autostartName = QStringLiteral("Kalvenor");
 const QString lastFileSection = QStringLiteral("LastFile");
 const QString lastLogKey = QStringLiteral("AppLogfilePath");
 
-/// Selects its whole text when it gets the focus, by a click too. A menu or another window only borrows the focus.
+/// Selects all its text when it gets the focus, by a click too; not when it gets it back from a menu or another window.
 class PathEdit final : public QLineEdit {
   public:
     using QLineEdit::QLineEdit;
@@ -59,17 +59,18 @@ class PathEdit final : public QLineEdit {
         if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason)
             return;
         selectAll();
-        if (event->reason() == Qt::MouseFocusReason) // the click itself is still to set the caret
+        if (event->reason() == Qt::MouseFocusReason) // the click has yet to set the caret
             QMetaObject::invokeMethod(this, &QLineEdit::selectAll, Qt::QueuedConnection);
     }
 };
 
-/// "~" as a shell understands it; a log in a folder of that name would be looked for in vain.
+/// Expands "~" as a shell does, so that no log ends up in a folder of that name.
 QString withHomeFolder(const QString& path) {
     return path == u"~" || path.startsWith(u"~/") ? QDir::homePath() + path.mid(1) : path;
 }
 
-/// Creates the log, empty, when nothing has its name. A failure is silent: the test of its folder tells the usual one.
+/// Creates the log, empty, when no file has its name. A failure is silent: the usual one, a missing folder, is reported
+/// by the check that follows.
 void createMissing(OwnFiles& files, const std::filesystem::path& log) {
     if (files.FolderExists(log.parent_path()))
         std::ignore = files.CreateNew(log, {});

@@ -1,6 +1,5 @@
-// The dialog "General options". Takes the options as values and gives them back. "Save" creates a log file that does
-// not exist yet, and brings the start with the user's session in line; a log in a folder that does not exist keeps the
-// dialog open.
+// The dialog "General options". Takes the options as values and gives them back. "Save" creates a missing log file and
+// updates the autostart entry; a log in a folder that does not exist keeps the dialog open.
 #pragma once
 
 #include "FormServices.h"
@@ -32,7 +31,7 @@ class frmStartOptions final : public QDialog {
     frmStartOptions(const FormServices& services, Autostart& autostart, std::filesystem::path program,
                     const Options& options, QWidget* parent = nullptr);
 
-    /// What the controls show. Of use only when the dialog ended accepted, which is "Save".
+    /// What the controls show. Valid after "Save", when the dialog has ended accepted.
     [[nodiscard]] Options Values() const;
 
     /// Makes or removes the entry for the user's session, as chkStartWithWindows says.

@@ -16,14 +16,14 @@ void ActivityCommands::Properties(const QString& name) {
 }
 
 void ActivityCommands::edit(const QString& name, const QString& sourceFolder) {
-    // Refused before anything is typed: no correction in the editor would help.
+    // Refuse before the user types anything: no correction in the editor would help.
     if (!m_program.File().IsLoaded())
         return TellError(m_program, m_program.Texts()[Text::FileNotLoaded]);
     ActivityRecord record = name.isEmpty() ? frmOptions::NewActivity() : ActivityRecord::Read(m_program.File(), name);
     if (!sourceFolder.isEmpty())
         record.SetText(ActivityField::SourceDir, sourceFolder);
     QString written;
-    // Saved while the editor is still open: what cannot be saved can still be corrected there.
+    // Save while the editor is still open: what cannot be saved can still be corrected there.
     const auto write = [&](const QString& newName, const ActivityRecord& edited) {
         bool taken = true;
         const bool saved = Guarded(m_program, [&] {
@@ -49,7 +49,7 @@ void ActivityCommands::Delete(const QString& name) {
     if (m_program.Prompts().Ask({texts[Text::DeleteActivityQuestion] + name + texts[Text::ReallyBeDeleted],
                                  texts[Text::DeleteActivityTitle], MessageIcon::Question, MessageButtons::YesNo}) !=
             MessageAnswer::Yes ||
-        m_program.File().CurrentPath() != file) // events ran: the question was about another file's activity
+        m_program.File().CurrentPath() != file) // events ran: the question was about another file
         return;
     const QString neighbour = m_view.NeighbourOf(name);
     Guarded(m_program, [&] {
@@ -69,7 +69,7 @@ void ActivityCommands::ClearAll() {
                                  MessageButtons::YesNo}) != MessageAnswer::Yes ||
         file.CurrentPath() != cleared || !file.DeleteCurrent())
         return;
-    // Nobody has started the activities of the default file: everything of the old one is let go before.
+    // The user has not started the activities of the default file, so everything of the old one ends first.
     if (m_program.Monitoring().IsOn())
         m_program.Monitoring().StopMonitoring();
     m_program.List().Clear();

@@ -1,5 +1,5 @@
-// The commands on single activities: new, properties, delete, clear all, and showing their folders. Owns nothing; the
-// editor and the file manager are handed in. They never throw: the user is told of what fails.
+// The commands on single activities: new, properties, delete, clear all. A save that fails is shown in a box and leaves
+// document, list and file as they were.
 #pragma once
 
 #include <QString>
@@ -13,7 +13,7 @@ class ActivityCommands final {
     ActivityCommands(Program& program, ActivityListView& view, ActivityEditor& editor)
         : m_program(program), m_view(view), m_editor(editor) {}
 
-    /// `sourceFolder` is filled in where it is not empty.
+    /// Begins with `sourceFolder` unless it is empty.
     void Add(const QString& sourceFolder = {});
     void Properties(const QString& name);
     void Delete(const QString& name);

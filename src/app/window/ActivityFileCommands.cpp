@@ -17,7 +17,7 @@ QString twoLineBreaks() {
 } // namespace
 
 QString ActivityFileCommands::startFolder() const {
-    // Nobody chose the place of the default file: there the last choice says more.
+    // The default file is not where the user chose to put it: the last choice says more.
     const ActivityFile& file = m_program.File();
     const auto last = m_program.Services().settings->Read(SettingsStore::OwnApplication, section, key);
     return QFileInfo(file.IsDefault() && last && !last->isEmpty() ? *last : file.CurrentPath()).path();

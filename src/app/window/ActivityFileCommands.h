@@ -1,5 +1,5 @@
-// Import and export: another activity file becomes the current one. Owns nothing; a cancelled or failed command leaves
-// the file that was in use in use, and the user is told of a failure.
+// Import and export: another activity file becomes the current one. A cancelled or failed command keeps the file that
+// was in use; a failure is shown in a box.
 #pragma once
 
 #include <QObject>
@@ -14,9 +14,9 @@ class ActivityFileCommands final : public QObject {
   public:
     ActivityFileCommands(Program& program, FilePicker& picker) : m_program(program), m_picker(picker) {}
 
-    /// mnuImportActivities: asks, lets a file be chosen and works on it from then on.
+    /// mnuImportActivities: asks, lets the user choose a file and works on it from then on.
     void Import();
-    /// The same for a file that was chosen already.
+    /// The same for a file that is already chosen.
     void ImportFile(const QString& path);
 
     /// mnuExportActivities: saves the activities under another name and works on that file from then on.

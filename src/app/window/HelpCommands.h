@@ -1,5 +1,5 @@
-// The commands of the help menu: manual, system information, about box. Owns nothing. What the desktop cannot show is
-// told in a box.
+// The commands of the help menu: manual, system information, about box. What the desktop cannot show is reported in a
+// box.
 #pragma once
 
 #include <QLatin1String>

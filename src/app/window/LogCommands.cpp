@@ -42,7 +42,7 @@ void LogCommands::ShowActivityLogs(const QStringList& names) {
     for (const QString& name : names) {
         if (!m_dialogs.IsWaiting())
             return;
-        if (!m_program.List().RowOf(name).has_value()) // it went while the window before was open
+        if (!m_program.List().RowOf(name).has_value()) // deleted while the last window was open
             continue;
         const QString path = m_program.File().Read(name, ActivityField::LogFile);
         if (!isThere(path, Text::NoActivityLog))

@@ -1,5 +1,5 @@
-// The commands on the logs: show and delete the application log and those of activities. Owns nothing. A log that is
-// missing is told of; nothing but a regular file is deleted, and only after "Yes".
+// The commands on the logs: show and delete the application log and those of activities. A missing log is reported in a
+// box; only a regular file is deleted, and only after "Yes".
 #pragma once
 
 #include <QStringList>
@@ -16,8 +16,8 @@ class LogCommands final {
     /// mnuViewLogfile, mnuViewLogfileTray.
     void ShowApplicationLog();
 
-    /// mnuShowLogfile and the toolbar's ViewLog: one window after the other, in this order. A missing log ends the
-    /// walk.
+    /// mnuShowLogfile and the toolbar's ViewLog: one window after the other, in this order. Stops at the first
+    /// missing log.
     void ShowActivityLogs(const QStringList& names);
 
     /// mnuDeleteLogfile, mnuDeleteLogfileTray.

@@ -116,7 +116,7 @@ void MainMenu::buildToolbar(QMainWindow& window) {
     toolbar->setObjectName(QStringLiteral("tlbMain"));
     toolbar->setMovable(false);
     toolbar->setIconSize(QSize(24, 24));
-    // A toolbar that was switched off by accident could not be brought back.
+    // No command could bring back a toolbar that was switched off by accident.
     toolbar->setContextMenuPolicy(Qt::PreventContextMenu);
     toolbar->addAction(find("mnuStart"));
     auto* start = qobject_cast<QToolButton*>(toolbar->widgetForAction(find("mnuStart")));

@@ -1,5 +1,5 @@
-// The main window's menu bar, the context menu of its list and its toolbar, with captions from the string table. The
-// window owns the widgets; this only knows them by name.
+// The main window's menu bar, the context menu of its list and its toolbar, built from tables. The window owns the
+// widgets; this finds them by name.
 #pragma once
 
 #include "MenuEntry.h"
@@ -14,12 +14,12 @@ class StringTable;
 
 class MainMenu final {
   public:
-    /// Every entry and button hands its command to `run`, which must outlive the window's widgets.
+    /// Every entry and button passes its command to `run`, which must outlive the window's widgets.
     MainMenu(QMainWindow& window, const StringTable& texts, std::function<void(Command)> run);
 
     /// mnuStart and the toolbar's start button follow the monitoring.
     void ShowMonitoring(bool on);
-    /// What there is to work on: commands that could do nothing are disabled.
+    /// Disables the commands that have nothing to work on.
     void ShowRows(bool isAnyThere, bool isAnySelected);
     void SetRunNowEnabled(bool enabled);
     void SetSearchAgainEnabled(bool enabled);

@@ -52,7 +52,7 @@ struct MenuEntry {
     const char* shortcut = "";
 };
 
-/// Adds the lines to `menu`. Each action holds the number of its command as its data and hands the command to `run`,
+/// Adds the lines to `menu`. Each action holds the number of its command as its data and passes the command to `run`,
 /// which must outlive the menu.
 void FillMenu(QMenu& menu, std::span<const MenuEntry> entries, const StringTable& texts,
               const std::function<void(Command)>& run);

@@ -1,5 +1,5 @@
-// The command that edits the general options: shows their dialog and stores what comes out of it. Owns nothing. Options
-// that cannot be stored are told of; they hold until the program ends.
+// The command that edits the general options: shows their dialog and stores the result. When the options cannot be
+// stored, the old ones stay in force and a box says why.
 #pragma once
 
 class DialogHost;

@@ -10,7 +10,7 @@ bool RunNowCommands::refuseEmptyList() {
     const StringTable& texts = m_program.Texts();
     m_program.Prompts().Ask({texts[Text::NothingToMonitor], texts[Text::StartMonitoringTitle], MessageIcon::Exclamation,
                              MessageButtons::Ok});
-    // The mark goes off with the timers it stands for. A list that could not be loaded may come back.
+    // Nothing is left to monitor. A list that could not be loaded may come back, so monitoring goes on then.
     if (m_program.Monitoring().IsOn() && m_program.File().IsLoaded())
         m_program.Monitoring().StopMonitoring();
     return true;
@@ -20,13 +20,13 @@ void RunNowCommands::askAndRun(QStringList names, Text question, Text title) {
     if (m_running || names.isEmpty())
         return;
     const QScopedValueRollback running(m_running, true);
-    names.removeDuplicates(); // a name given twice in the file is one activity
+    names.removeDuplicates(); // a name that occurs twice in the file is one activity
     const QString file = m_program.File().CurrentPath();
     const StringTable& texts = m_program.Texts();
     const Message box{texts[question], texts[title], MessageIcon::Question, MessageButtons::YesNo};
     if (m_program.Prompts().Ask(box) != MessageAnswer::Yes)
         return;
-    // Held from the first to the last: no other engine comes in between, and a refusal is told once.
+    // Held for all of them: no other engine gets in between, and a refusal is shown once.
     const EngineLock::Token lock = m_program.LockForRunNow();
     if (!lock)
         return;

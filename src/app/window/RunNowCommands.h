@@ -1,5 +1,5 @@
-// The two commands that run activities at once, outside their schedules. Owns nothing but the mark that one is going
-// on: a command that comes while another runs does nothing. It never throws.
+// The two commands that run activities at once, outside their schedules. A command does nothing while another one is
+// running.
 #pragma once
 
 #include <QStringList>

@@ -8,8 +8,8 @@
 
 namespace {
 
-constexpr std::chrono::milliseconds kLook{200};
-constexpr int kBarWidth = 90; // pixels
+constexpr std::chrono::milliseconds lookInterval{200};
+constexpr int barWidth = 90; // pixels
 
 QLabel* addLabel(QStatusBar& bar, const char* name) {
     auto* label = new QLabel(&bar);
@@ -26,18 +26,18 @@ StatusPanel::StatusPanel(QStatusBar& bar, Program& program)
     : m_bar(bar), m_program(program), m_running(addLabel(bar, "lblRunning")), m_progress(new QProgressBar(&bar)),
       m_count(nullptr) {
     bar.setObjectName(QStringLiteral("stbMain"));
-    // How much there is to do is known only when it is done: the bar shows that work goes on.
+    // A run does not know its total in advance, so the bar only shows that work goes on.
     m_progress->setObjectName(QStringLiteral("prgRun"));
     m_progress->setRange(0, 0);
     m_progress->setTextVisible(false);
-    m_progress->setFixedWidth(kBarWidth);
+    m_progress->setFixedWidth(barWidth);
     m_progress->setMaximumHeight(m_running->sizeHint().height());
     m_progress->setAccessibleName(program.Texts()[Text::MonitoringInProcess]);
     bar.addPermanentWidget(m_progress);
     m_count = addLabel(bar, "lblCount");
-    m_timer.setInterval(kLook);
+    m_timer.setInterval(lookInterval);
     connect(&m_timer, &QTimer::timeout, this, &StatusPanel::look);
-    // A run begins with a status in its row; as long as nothing runs, nothing wakes.
+    // A run begins by setting the status of its row; until then no timer wakes the program.
     connect(&program.List(), &ActivityList::dataChanged, this, [this] {
         if (!m_timer.isActive())
             look();

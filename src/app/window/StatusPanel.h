@@ -1,5 +1,5 @@
-// The status bar: what is being said, what runs and how far it has come, how many activities there are. Owns its
-// widgets and a timer that looks at the running work a few times a second.
+// The status bar: a message, what runs and how far it has come, how many activities there are. A timer reads the
+// progress a few times a second, only while something runs.
 #pragma once
 
 #include <QObject>

@@ -37,8 +37,8 @@ TrayIcon::TrayIcon(const StringTable& texts, const QString& title, const std::fu
     ShowMonitoring(false);
     ShowState(TrayState::Idle);
     connect(&m_icon, &QSystemTrayIcon::activated, this, [this, run](QSystemTrayIcon::ActivationReason reason) {
-        // A status notifier tells of activations only, and tells nothing of the icon's place. The icon goes with the
-        // first of two events, which the second one finds.
+        // A status notifier reports activations only and no geometry. A double click may come as two events: the first
+        // hides the icon, so the second does nothing.
         const bool onlyActivates = m_icon.geometry().isEmpty();
         const bool restores =
             reason == QSystemTrayIcon::DoubleClick || (reason == QSystemTrayIcon::Trigger && onlyActivates);

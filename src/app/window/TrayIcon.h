@@ -1,5 +1,5 @@
-// The icon in the notification area and its menu mnuPopUpTray. Owns both. Where the desktop has no such area it stays
-// unseen and IsAvailable says so.
+// The icon in the notification area and its menu mnuPopUpTray. Where the desktop has no such area the icon stays
+// invisible and IsAvailable is false.
 #pragma once
 
 #include "MenuEntry.h"
@@ -16,7 +16,7 @@ enum class TrayState { Idle, Monitoring, Failed };
 class TrayIcon final : public QObject {
     Q_OBJECT
   public:
-    /// Every entry hands its command to `run`; a double click is Restore, and so is a plain activation where
+    /// Every entry passes its command to `run`; a double click is Restore, and so is a plain activation where
     /// the desktop sends nothing else.
     TrayIcon(const StringTable& texts, const QString& title, const std::function<void(Command)>& run);
 
@@ -27,7 +27,7 @@ class TrayIcon final : public QObject {
     /// The start command follows the monitoring.
     void ShowMonitoring(bool on);
 
-    /// The image, and a word about it in the tooltip.
+    /// Sets the image, and the tooltip that explains it.
     void ShowState(TrayState state);
 
   private:

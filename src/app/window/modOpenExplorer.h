@@ -1,4 +1,4 @@
-// Shows an activity's folders in the desktop's file manager. Free functions; a folder that cannot be shown is told of.
+// Shows an activity's folders in the desktop's file manager. A folder that cannot be shown is reported in a box.
 #pragma once
 
 class Program;
