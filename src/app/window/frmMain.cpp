@@ -10,7 +10,9 @@
 #include <QDragEnterEvent>
 #include <QFileInfo>
 #include <QMimeData>
+#include <QScopeGuard>
 #include <QScopedValueRollback>
+#include <tuple>
 
 namespace {
 
@@ -41,7 +43,7 @@ frmMain::frmMain(Program& program, const Tools& tools)
       m_placement(*this, *program.Services().settings), m_runNow(program), m_activities(program, *m_view, tools.editor),
       m_files(program, tools.picker), m_help(program, tools.dialogs),
       m_options(program, tools.dialogs, tools.picker, m_help), m_logs(program, tools.dialogs),
-      m_search(program, tools.dialogs, *m_view), m_system(program, tools.dialogs), m_waiter(program),
+      m_search(program, tools.dialogs, *m_view), m_system(program, tools.dialogs), m_waiter(program, this),
       m_commands(commandTable()) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(Program::Title());
@@ -50,7 +52,8 @@ frmMain::frmMain(Program& program, const Tools& tools)
     setCentralWidget(m_view);
     connect(m_view, &QWidget::customContextMenuRequested, this,
             [this](const QPoint& at) { m_menu.PopUp(m_view->viewport()->mapToGlobal(at)); });
-    connect(m_view, &ActivityListView::RowOpened, this, [this](const QString& name) { m_activities.Properties(name); });
+    connect(m_view, &ActivityListView::RowOpened, this,
+            [this](const QString& name) { perform([&] { m_activities.Properties(name); }); });
     connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this, &frmMain::showRows);
     connect(&m_files, &ActivityFileCommands::Progress, &m_status, &StatusPanel::Say);
     connect(&m_search, &SearchCommands::SearchAgainEnabled, this,
@@ -71,7 +74,7 @@ void frmMain::connectProgram() {
         m_status.ShowCount();
         showRows();
     });
-    // Comes out of the middle of the user's click, which must be over before a box opens.
+    // Emitted in the middle of the user's click, which must be over before a box opens.
     connect(
         &m_program.List(), &ActivityList::ToggleFailed, this,
         [this](const QString& text, StoreError::Reason reason) { TellError(m_program, StoreError(text, reason)); },
@@ -80,7 +83,7 @@ void frmMain::connectProgram() {
         if (!m_program.List().ListBusy())
             m_status.ShowCount();
         showTrayState();
-        // The panel with the tray went away under a hidden window: bring it back within reach.
+        // The panel with the tray is gone and the window is hidden: bring the window back within reach.
         if (m_started && !m_waiter.Waiting() && !isVisible() && !TrayIcon::IsAvailable())
             showMinimized();
     });
@@ -126,15 +129,18 @@ std::map<Command, std::function<void()>> frmMain::commandTable() {
 }
 
 void frmMain::run(Command command) {
-    const auto entry = m_commands.find(command);
-    if (entry != m_commands.end())
-        entry->second();
+    if (const auto entry = m_commands.find(command); entry != m_commands.end())
+        perform(entry->second);
+}
+
+void frmMain::perform(const std::function<void()>& work) {
+    Guarded(m_program, work);
 }
 
 void frmMain::runNow(const std::function<void()>& work) {
     m_menu.SetRunNowEnabled(false);
+    const auto enable = qScopeGuard([this] { m_menu.SetRunNowEnabled(true); });
     work();
-    m_menu.SetRunNowEnabled(true);
 }
 
 StartUpResult frmMain::Start(const CommandLine& commandLine) {
@@ -165,7 +171,7 @@ void frmMain::Minimise() {
 }
 
 bool frmMain::AcceptsNotice() {
-    m_status.Say(QString()); // ready; only the answer is waited for
+    m_status.Say(QString()); // ready but for the answer
     frmDisclaimer notice(m_program.Texts(), isVisible() && !isMinimized() ? this : nullptr);
     connect(this, &frmMain::Closing, &notice, &QDialog::reject);
     return notice.exec() == QDialog::Accepted;
@@ -187,7 +193,7 @@ void frmMain::showMonitoring(bool on) {
     showTrayState();
 }
 
-/// A failure is shown until somebody has had the window before them, even when later runs went well.
+/// A failure stays visible until the user has seen the window, even when later runs succeed.
 void frmMain::showTrayState() {
     RunState& state = m_program.State();
     if (isActiveWindow())
@@ -198,18 +204,18 @@ void frmMain::showTrayState() {
 }
 
 void frmMain::toggleMonitoring() {
-    // The click has flipped the command that was used; the marks show the state of the monitoring and nothing else.
+    // The click has toggled the action itself; its mark has to show the state of monitoring.
     showMonitoring(m_program.Monitoring().IsOn());
     m_program.Monitoring().ToggleMonitoring();
 }
 
 void frmMain::refreshList() {
     if (!m_program.List().ListBusy())
-        Guarded(m_program, [this] { m_program.List().Refill(); });
+        m_program.List().Refill();
 }
 
 void frmMain::hideInTray() {
-    // Without a tray nothing would lead back to a hidden window.
+    // Without a tray the user could not get a hidden window back.
     if (isMinimized() && m_program.Options().ToTray == 1 && TrayIcon::IsAvailable()) {
         hide();
         m_tray.Show();
@@ -262,10 +268,10 @@ void frmMain::beginClosing() {
     if (m_program.Monitoring().IsOn())
         m_program.Monitoring().StopMonitoring();
     if (m_started) {
-        // Nobody is left to tell; what was stored before stays stored then.
-        static_cast<void>(m_placement.Save());
-        static_cast<void>(m_program.Services().settings->Write(SettingsStore::OwnApplication, listSection, layoutKey,
-                                                               m_view->Layout()));
+        // The user has left, so a failure is not shown. What was stored before stays.
+        std::ignore = m_placement.Save();
+        std::ignore = m_program.Services().settings->Write(SettingsStore::OwnApplication, listSection, layoutKey,
+                                                           m_view->Layout());
     }
     m_tray.Hide();
     hide();
@@ -280,12 +286,13 @@ void frmMain::dragEnterEvent(QDragEnterEvent* event) {
 void frmMain::dropEvent(QDropEvent* event) {
     const QString path = draggedPath(event->mimeData());
     event->acceptProposedAction();
-    // The program that is dragged from waits for its answer: what asks the user comes after it.
+    // The drag source waits for our answer, so nothing may ask the user before it is given.
     const auto take = [this, path] {
         if (QFileInfo(path).isDir())
             m_activities.Add(path);
         else if (isActivityFile(path))
             m_files.ImportFile(path);
     };
-    QMetaObject::invokeMethod(this, take, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this, take] { perform(take); }, Qt::QueuedConnection);
 }

@@ -1,6 +1,6 @@
-// The main window: shows the list and the state of monitoring and hands each command to the object that does it. Owns
-// its widgets and the tray icon, not the program. It is hidden when it closes and destroyed by its owner only after
-// Closed, when no run is on the stack.
+// The main window: shows the list and the state of monitoring, and routes each command to the object that does it. A
+// command that throws ends in a box that says why. Closing hides the window; its owner destroys it only after Closed,
+// when no run is on the stack.
 #pragma once
 
 #include "ActivityCommands.h"
@@ -27,7 +27,7 @@ class FilePicker;
 class frmMain final : public QMainWindow, private StartUpFace {
     Q_OBJECT
   public:
-    /// What lets the user choose and edit; tests answer in its place.
+    /// How the user chooses and edits; tests answer instead.
     struct Tools {
         DialogHost& dialogs;
         FilePicker& picker;
@@ -39,11 +39,11 @@ class frmMain final : public QMainWindow, private StartUpFace {
     /// The start in its fixed order; returns when the window is ready, was declined or has been closed.
     [[nodiscard]] StartUpResult Start(const CommandLine& commandLine);
 
-    /// The closing path of a session's end: no question is asked.
+    /// The closing path without its question, as at the end of a session.
     void CloseWithoutQuestion();
 
   Q_SIGNALS:
-    /// The close was accepted: nothing may wait for the user any more.
+    /// The close is accepted: from now on nothing may wait for the user.
     void Closing();
     /// No run is left on the stack: the window can be destroyed.
     void Closed();
@@ -63,6 +63,8 @@ class frmMain final : public QMainWindow, private StartUpFace {
     void connectProgram();
     [[nodiscard]] std::map<Command, std::function<void()>> commandTable();
     void run(Command command);
+    /// Runs whatever the user started; every exception ends here, in a box.
+    void perform(const std::function<void()>& work);
     void runNow(const std::function<void()>& work);
     void showCaption();
     void showRows();
@@ -91,7 +93,7 @@ class frmMain final : public QMainWindow, private StartUpFace {
     SearchCommands m_search;
     SystemCommands m_system;
     RunEndWaiter m_waiter;
-    const std::map<Command, std::function<void()>> m_commands; ///< every command that there is
+    const std::map<Command, std::function<void()>> m_commands;
     bool m_started = false;
     bool m_askingToClose = false;
 };
