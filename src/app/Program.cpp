@@ -15,7 +15,6 @@
 
 namespace {
 const QString optionsSection = QStringLiteral("Options");
-constexpr std::chrono::seconds mailGrace{5};
 const QString acceptedKey = QStringLiteral("Accepted");
 } // namespace
 
@@ -122,7 +121,7 @@ void Program::OnLogLine(std::function<void(const QString& line)> listener) {
     m_engine->logs.SetListener(std::move(listener));
 }
 
-void Program::RequestEnd() {
+void Program::RequestEnd(std::chrono::milliseconds mailGrace) {
     m_runState.RequestEnd();
     m_engine->mail.GiveUpAfter(mailGrace);
 }

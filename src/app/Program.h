@@ -15,6 +15,7 @@
 #include "StringTable.h"
 #include "clsWatcher.h"
 #include "clsXML.h"
+#include <chrono>
 #include <functional>
 #include <memory>
 
@@ -68,9 +69,9 @@ class Program final {
     /// Until this is called the schedulers do nothing, so that no activity runs before the notice is answered.
     void AllowTicks();
 
-    /// Ends a run after its present file, and a mail being sent after a few seconds. The host calls it before it
-    /// closes, then waits until nothing is running.
-    void RequestEnd();
+    /// Ends a run after its present file, and a mail being sent after `mailGrace`. The host calls it before it closes,
+    /// then waits until nothing is running.
+    void RequestEnd(std::chrono::milliseconds mailGrace = std::chrono::seconds(5));
 
   private:
     struct Engine;
