@@ -80,6 +80,6 @@ RunCommand::ExitCode RunCommand::runAll(const QStringList& names) {
             break;
         succeeded = m_program.RunNow(name).Succeeded() && succeeded;
     }
-    RunEndWaiter(m_program).WaitOut(); // the mails
+    RunEndWaiter(m_program).WaitOut(); // for the mails
     return succeeded && !m_program.State().Closing() ? Ran : SomethingFailed;
 }

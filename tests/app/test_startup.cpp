@@ -34,12 +34,6 @@ struct World : ProgramFixture {
         Build();
     }
     StartUpResult Begin(const QStringList& words = {}) { return RunStartUp(*program, ParseCommandLine(words), face); }
-    void Tick() {
-        for (int second = 0; second < 10; ++second) {
-            clock->Advance(std::chrono::seconds(1));
-            program->Timers().tmrMonitoring.Poll();
-        }
-    }
     RecordingFace face;
 };
 
@@ -135,13 +129,13 @@ class TestStartUp : public QObject {
         bool monitoredMeanwhile = false;
         world.face.onNotice = [&] {
             monitoredMeanwhile = world.program->Monitoring().IsOn();
-            world.Tick();
+            world.Pass(std::chrono::seconds(10));
             QVERIFY(!QFile::exists(copy));
         };
         QCOMPARE(world.Begin(), StartUpResult::Running);
         QCOMPARE(world.face.steps, (QStringList{u"appear"_qs, u"state"_qs, u"notice"_qs}));
         QVERIFY(monitoredMeanwhile && world.program->IsNoticeAccepted());
-        world.Tick();
+        world.Pass(std::chrono::seconds(10));
         QVERIFY(QFile::exists(copy));
     }
 
