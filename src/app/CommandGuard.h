@@ -1,17 +1,18 @@
-// Ends a command handler whose work failed and tells the user why: no exception may reach the event loop.
+// Shows the user why a command failed. No exception may reach the event loop, so whatever an event starts runs under
+// Guarded.
 #pragma once
 
 #include "Program.h"
 #include "Prompter.h"
 #include "StoreError.h"
 
-/// The system's text in a box titled "Error".
+/// A box titled "Error".
 inline void TellError(Program& program, const QString& text) {
     program.Prompts().Ask({text, program.Texts()[Text::Error], MessageIcon::Exclamation, MessageButtons::Ok});
 }
 
-/// What could not be saved. A file that another program has changed is loaded again when the user says so; what is
-/// typed in an open form is still there and can be saved then.
+/// A failed save. If another program has changed the file, offers to load it again; what is typed in an open form stays
+/// and can be saved afterwards.
 inline void TellError(Program& program, const StoreError& error) {
     if (error.Why() != StoreError::Reason::ChangedOnDisk)
         return TellError(program, error.Text());
@@ -22,7 +23,7 @@ inline void TellError(Program& program, const StoreError& error) {
         program.List().Refill();
 }
 
-/// Runs the work. False when it failed; the user has been told then.
+/// Runs the work. False when it failed, after a box that says why.
 template <typename Work>
 bool Guarded(Program& program, Work&& work) {
     try {

@@ -2,6 +2,7 @@
 
 #include "ServiceMode.h"
 #include "modNativePath.h"
+#include <QtGlobal>
 #include <array>
 
 namespace {
@@ -12,7 +13,7 @@ struct QtOption {
 };
 
 // The options that Qt's application objects take for themselves, with one or two hyphens.
-constexpr std::array QtOptions = {
+constexpr std::array qtOptions = {
     QtOption{"platform", true},      QtOption{"platformpluginpath", true},
     QtOption{"platformtheme", true}, QtOption{"plugin", true},
     QtOption{"style", true},         QtOption{"stylesheet", true},
@@ -26,7 +27,7 @@ constexpr std::array QtOptions = {
 };
 
 const QtOption* findQtOption(const QString& word) {
-    for (const QtOption& option : QtOptions) {
+    for (const QtOption& option : qtOptions) {
         const QString name = QLatin1Char('-') + QLatin1String(option.name);
         if (word == name || word == QLatin1Char('-') + name)
             return &option;
@@ -75,4 +76,20 @@ CommandLine ParseCommandLine(const QStringList& words) {
     result.kind = CommandLine::Kind::File;
     result.file = modNativePath::ToText(modNativePath::Absolute(result.text));
     return result;
+}
+
+DisplayFacts ReadDisplayFacts() {
+    return {qEnvironmentVariable("DISPLAY"), qEnvironmentVariable("WAYLAND_DISPLAY"),
+            qEnvironmentVariable("QT_QPA_PLATFORM")};
+}
+
+bool ShowsWindows(const DisplayFacts& facts) {
+    static const QStringList drawIntoMemory = {QStringLiteral("offscreen"), QStringLiteral("minimal")};
+    static const QStringList bringTheirScreen = {QStringLiteral("eglfs"), QStringLiteral("linuxfb"),
+                                                 QStringLiteral("vnc"), QStringLiteral("vkkhrdisplay"),
+                                                 QStringLiteral("directfb")};
+    const QString plugin = facts.platformPlugin.section(QLatin1Char(';'), 0, 0).section(QLatin1Char(':'), 0, 0);
+    if (drawIntoMemory.contains(plugin))
+        return false;
+    return bringTheirScreen.contains(plugin) || !facts.display.isEmpty() || !facts.waylandDisplay.isEmpty();
 }

@@ -1,4 +1,5 @@
-// What the command line asks for. Pure: nothing is opened, nothing fails.
+// How the program is to start: what the command line asks for, and whether this display can show a window. Pure
+// functions but for the one that reads the environment; no path is opened.
 #pragma once
 
 #include <QString>
@@ -12,11 +13,24 @@ struct CommandLine {
         File          ///< the path of an activity file
     };
     Kind kind = Kind::Nothing;
-    QString text;     ///< the argument as it was written, without surrounding quotes
+    QString text;     ///< the argument as written, without surrounding quotes
     QString file;     ///< kind File: the absolute path it names; "" when it names none
     QString platform; ///< value of Qt's own option "-platform"; "" when it was not given
 };
 
-/// Takes the words after the program's name. Qt's own options are left out and the other words are joined with one
-/// blank, since a desktop may hand over an unquoted path with blanks in pieces.
+/// Takes the words after the program's name. Drops Qt's own options and joins the rest with one blank, because a
+/// desktop may pass an unquoted path with blanks in pieces.
 [[nodiscard]] CommandLine ParseCommandLine(const QStringList& words);
+
+/// What the environment says about the display.
+struct DisplayFacts {
+    QString display;        ///< DISPLAY
+    QString waylandDisplay; ///< WAYLAND_DISPLAY
+    QString platformPlugin; ///< the platform plug-in asked for, "name" or "name:options", several joined with ";"
+};
+
+[[nodiscard]] DisplayFacts ReadDisplayFacts();
+
+/// False without a display server, and for platform plug-ins that draw into memory only. A plug-in that brings its own
+/// screen (a frame buffer, a remote desktop) needs no server.
+[[nodiscard]] bool ShowsWindows(const DisplayFacts& facts);

@@ -1,7 +1,11 @@
 #include "HeadlessHost.h"
 
-#include "HeadlessLog.h"
+#include "CommandLine.h"
+#include "HeadlessUser.h"
 #include "Program.h"
+#include "SingleInstance.h"
+#include "TerminationSignal.h"
+#include <QCoreApplication>
 #include <chrono>
 
 HeadlessHost::HeadlessHost(Program& program, HeadlessLog& log) : m_program(program), m_log(log), m_waiter(program) {
@@ -41,7 +45,7 @@ void HeadlessHost::tryAgainLater() {
 void HeadlessHost::tryAgain() {
     LockRefusal ignored{};
     const EngineLock::Token lock = m_program.Lock().Take(m_program.File().CurrentPath(), ignored);
-    // Read anew: whoever had the file until now may have changed it.
+    // Load it again: the process that had the file until now may have changed it.
     if (!lock || !m_program.File().Load())
         return;
     m_retry.stop();
@@ -58,4 +62,29 @@ void HeadlessHost::RequestStop() {
     m_waiter.Begin();
     if (m_program.Monitoring().IsOn())
         m_program.Monitoring().StopMonitoring();
+}
+
+int RunHeadless(int& argc, char** argv, const CommandLine& commandLine) {
+    QCoreApplication application(argc, argv);
+    PlatformServices services = MakePlatformServices();
+    const StringTable texts(StringTable::PreferredLanguage());
+    HeadlessLog log = HeadlessLog::OnStandardError();
+    HeadlessPrompter prompter(log);
+    const SingleInstance instance(*services.locks, commandLine, prompter, texts);
+    if (!instance.MayRun())
+        return 1;
+    const NoKeys keys;
+    Program program(services, prompter, keys, texts);
+    HeadlessHost host(program, log);
+
+    const TerminationSignal termination;
+    QObject::connect(&termination, &TerminationSignal::Raised, &host, &HeadlessHost::RequestStop);
+    QObject::connect(&host, &HeadlessHost::Closed, &application, [] { QCoreApplication::exit(0); });
+    // From inside the event loop, so that a stop that comes during the start is not lost.
+    const auto start = [&] {
+        if (const std::optional<int> code = host.Start(commandLine))
+            QCoreApplication::exit(*code);
+    };
+    QMetaObject::invokeMethod(&host, start, Qt::QueuedConnection);
+    return QCoreApplication::exec();
 }

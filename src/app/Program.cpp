@@ -15,11 +15,10 @@
 
 namespace {
 const QString optionsSection = QStringLiteral("Options");
-constexpr std::chrono::seconds mailGrace{5};
 const QString acceptedKey = QStringLiteral("Accepted");
 } // namespace
 
-/// The parts of the engine, each handed the ones above it.
+/// The parts of the engine, each built on the ones above it.
 struct Program::Engine {
     Engine(Program& program, const KeyState& keys)
         : services{.file = program.m_file,
@@ -40,8 +39,14 @@ struct Program::Engine {
                      program.m_services.settings->FileOf(MailSettings::Application)},
                     program.m_services.locks->Place()),
           logs(services, ownPlaces), reactions(services, logs, interruptions),
-          mail({program.m_file, logs, *program.m_services.settings, *program.m_services.nameService,
-                *program.m_services.clock, *program.m_services.desktopMail, program.m_texts, program.m_runState}),
+          mail({.file = services.file,
+                .logs = logs,
+                .settings = *program.m_services.settings,
+                .names = *program.m_services.nameService,
+                .clock = services.clock,
+                .desktop = *program.m_services.desktopMail,
+                .texts = services.texts,
+                .runState = services.runState}),
           safeExit(services, keys, interruptions), dueMarks(services.file, services.list),
           monitoring(services, logs, dueMarks, program.m_timers), changes({.services = services,
                                                                            .logs = logs,
@@ -125,7 +130,7 @@ void Program::OnLogLine(std::function<void(const QString& line)> listener) {
     m_engine->logs.SetListener(std::move(listener));
 }
 
-void Program::RequestEnd() {
+void Program::RequestEnd(std::chrono::milliseconds mailGrace) {
     m_runState.RequestEnd();
     m_engine->mail.GiveUpAfter(mailGrace);
 }

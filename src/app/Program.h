@@ -1,5 +1,5 @@
-// The one place where the program's objects are made and wired. Owns them all, destroyed in reverse order. Both faces
-// (window and headless) and the tests build the same Program; only what shows and asks differs.
+// Makes and wires the program's objects, and destroys them in reverse order. Window, headless host, kalvenor-run and
+// tests build the same Program; only what shows and what asks differs.
 #pragma once
 
 #include "ActivityFile.h"
@@ -14,6 +14,7 @@
 #include "StringTable.h"
 #include "clsWatcher.h"
 #include "clsXML.h"
+#include <chrono>
 #include <functional>
 #include <memory>
 
@@ -22,7 +23,7 @@ class Prompter;
 
 class Program final {
   public:
-    /// Everything outside is handed in and must outlive the program.
+    /// What is passed in must outlive the program.
     Program(PlatformServices& services, Prompter& prompter, const KeyState& keys, const StringTable& texts);
     ~Program();
     Program(const Program&) = delete;
@@ -51,25 +52,25 @@ class Program final {
     std::error_code AcceptNotice();
 
     /// Keeps other processes from running the current file's activities while the token lives. Null when that is
-    /// refused; the user has been told then.
+    /// refused, after a box that says so.
     [[nodiscard]] EngineLock::Token LockForRunNow();
 
-    /// Runs one activity now, outside its schedule, with the statuses the run-now commands show. Interrupted when the
-    /// file's lock is refused; the user has been told then. Never throws.
+    /// Runs one activity now, outside its schedule, and shows it in the activity's status. Interrupted when the file's
+    /// lock is refused, after a box that says so. Never throws.
     RunOutcome RunNow(const QString& name);
 
-    /// Is told every entry of every activity's log, written or not.
+    /// Calls `listener` with every entry of every activity's log, whether the entry could be written or not.
     void OnLogLine(std::function<void(const QString& line)> listener);
 
-    /// True for a path that leads to the activity file or the settings: no activity may log there.
+    /// True for a path that leads to the activity file or the settings, where no activity may log.
     [[nodiscard]] bool IsOwnFile(const QString& path) const;
 
-    /// Schedulers do nothing until this is called: no activity runs before the notice is answered.
+    /// Until this is called the schedulers do nothing, so that no activity runs before the notice is answered.
     void AllowTicks();
 
-    /// Ends a run after its present file, and a mail on its way after a few seconds. The host calls it before it
-    /// closes, then waits until nothing is running any more.
-    void RequestEnd();
+    /// Ends a run after its present file, and a mail being sent after `mailGrace`. The host calls it before it closes,
+    /// then waits until nothing is running.
+    void RequestEnd(std::chrono::milliseconds mailGrace = std::chrono::seconds(5));
 
   private:
     struct Engine;

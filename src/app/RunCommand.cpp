@@ -1,6 +1,6 @@
 #include "RunCommand.h"
 
-#include "HeadlessLog.h"
+#include "HeadlessUser.h"
 #include "Program.h"
 #include "RunEndWaiter.h"
 #include "modNativePath.h"
@@ -80,6 +80,6 @@ RunCommand::ExitCode RunCommand::runAll(const QStringList& names) {
             break;
         succeeded = m_program.RunNow(name).Succeeded() && succeeded;
     }
-    RunEndWaiter(m_program).WaitOut(); // the mails
+    RunEndWaiter(m_program).WaitOut(); // for the mails
     return succeeded && !m_program.State().Closing() ? Ran : SomethingFailed;
 }

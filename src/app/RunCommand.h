@@ -1,5 +1,5 @@
-// Runs activities of one file once, now, and says how it went: what the command kalvenor-run does. It creates and
-// writes nothing but what the activities themselves do; the activity file is only read.
+// The command kalvenor-run: runs activities of one file once, now, and returns an exit code. It only reads the activity
+// file and writes nothing but what the activities themselves write.
 #pragma once
 
 #include "EngineLock.h"
@@ -19,7 +19,7 @@ class RunCommand final {
         Ran = 0,               ///< every activity ran without a failure
         SomethingFailed = 1,   ///< a directory was missing, a file failed, or the run was ended early
         Unusable = 2,          ///< wrong usage, unknown name, or a file that cannot be read
-        NoticeNotAccepted = 3, ///< nobody has accepted the notice of possible data loss
+        NoticeNotAccepted = 3, ///< the notice of possible data loss is not accepted
         Refused = 4,           ///< another process works on this file, or that cannot be ruled out
     };
 

@@ -7,7 +7,7 @@ namespace {
 constexpr std::chrono::milliseconds lookInterval{20};
 } // namespace
 
-RunEndWaiter::RunEndWaiter(Program& program) : m_program(program) {
+RunEndWaiter::RunEndWaiter(Program& program, QObject* parent) : QObject(parent), m_program(program) {
     connect(&m_timer, &QTimer::timeout, this, &RunEndWaiter::look);
 }
 

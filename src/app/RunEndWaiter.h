@@ -1,4 +1,5 @@
-// Tells when nothing is under way any more: no run on the stack, no mail. Owns a timer; never fails.
+// Waits until nothing is under way: no run on the stack, no mail. Polls with a timer, since a run may end deep in a
+// nested event loop.
 #pragma once
 
 #include <QObject>
@@ -9,9 +10,9 @@ class Program;
 class RunEndWaiter final : public QObject {
     Q_OBJECT
   public:
-    explicit RunEndWaiter(Program& program);
+    explicit RunEndWaiter(Program& program, QObject* parent = nullptr);
 
-    /// Asks a run to end after its present file and starts to wait. A second call changes nothing.
+    /// Asks a run to end after its present file and starts waiting. A second call changes nothing.
     void Begin();
     [[nodiscard]] bool Waiting() const { return m_begun; }
 
@@ -19,13 +20,13 @@ class RunEndWaiter final : public QObject {
     void WaitOut();
 
   Q_SIGNALS:
-    /// Comes from the event loop, never from inside Begin.
+    /// Emitted from the event loop, never from inside Begin.
     void Ended();
 
   private:
     void look();
 
     Program& m_program;
-    QTimer m_timer;
+    QTimer m_timer{this};
     bool m_begun = false;
 };

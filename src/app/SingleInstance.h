@@ -10,8 +10,8 @@ class StringTable;
 
 class SingleInstance final {
   public:
-    /// Tested before anything is opened or written. A second copy is told so. A process of the service manager neither
-    /// tests nor takes the lock: the user's own copy may run beside it.
+    /// Call it before anything is opened or written. Shows a box when another copy runs. A process of the service
+    /// manager neither tests nor takes the lock: the user's own copy may run beside it.
     SingleInstance(Locks& locks, const CommandLine& commandLine, Prompter& prompter, const StringTable& texts);
 
     [[nodiscard]] bool MayRun() const { return m_mayRun; }

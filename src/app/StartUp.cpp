@@ -6,6 +6,7 @@
 #include "clsAssocFile.h"
 #include "modForeignText.h"
 #include "modNativePath.h"
+#include <tuple>
 
 namespace {
 
@@ -22,7 +23,7 @@ void openArgument(Program& program, const CommandLine& commandLine) {
                            texts[Text::InvalidFile], MessageIcon::Critical, MessageButtons::Ok});
 }
 
-/// True when the word ends the program; in a test this returns.
+/// True when the word ends the program; EndNow returns in tests only.
 bool obeys(Program& program, const QString& word) {
     const std::optional<int> code = program.Service().ServiceConfiguration(word, ServiceCaller::CommandLine);
     if (code)
@@ -71,6 +72,6 @@ StartUpResult RunStartUp(Program& program, const CommandLine& commandLine, Start
     if (!accepted)
         return StartUpResult::Declined;
     program.AllowTicks();
-    static_cast<void>(program.Service().ServiceConfiguration(QStringLiteral("initialize"), ServiceCaller::CommandLine));
+    std::ignore = program.Service().ServiceConfiguration(QStringLiteral("initialize"), ServiceCaller::CommandLine);
     return StartUpResult::Running;
 }

@@ -1,11 +1,11 @@
-// The order in which the program starts, the same with and without a window. Owns nothing. Problems are told through
-// the program's prompter; the start goes on with the default file.
+// The steps of a start in their order, the same with and without a window. Problems are shown in boxes; the start goes
+// on with the default file.
 #pragma once
 
 class Program;
 struct CommandLine;
 
-/// What the window and the headless host do differently during the start.
+/// What the window and the headless host do differently during a start.
 class StartUpFace {
   public:
     virtual ~StartUpFace() = default;
@@ -24,7 +24,7 @@ class StartUpFace {
 enum class StartUpResult {
     Running,  ///< everything is ready, the schedulers may tick
     Declined, ///< the notice was not accepted: the process ends with nothing saved
-    Ended     ///< the program was told to end meanwhile
+    Ended     ///< the program was asked to end meanwhile
 };
 
 [[nodiscard]] StartUpResult RunStartUp(Program& program, const CommandLine& commandLine, StartUpFace& face);

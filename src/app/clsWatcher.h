@@ -1,5 +1,5 @@
-// The general options: eight values in the user's settings store. Owns their present values. Reading never fails (an
-// absent or broken value takes its key's default); writing stores all of them or none.
+// The general options: eight values in the user's settings store. An absent or broken value reads as its key's default;
+// a write stores all of them or none.
 #pragma once
 
 #include "EngineServices.h"

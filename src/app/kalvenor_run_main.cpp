@@ -1,6 +1,4 @@
-#include "HeadlessLog.h"
-#include "HeadlessPrompter.h"
-#include "NoKeys.h"
+#include "HeadlessUser.h"
 #include "Program.h"
 #include "RunCommand.h"
 #include "TerminationSignal.h"

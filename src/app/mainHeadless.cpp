@@ -1,5 +1,5 @@
 #include "CommandLine.h"
-#include "HeadlessRun.h"
+#include "HeadlessHost.h"
 
 int main(int argc, char* argv[]) {
     QStringList words;

@@ -1,9 +1,11 @@
 #include "ActivityListView.h"
 
 #include "ActivityList.h"
+#include "modForeignText.h"
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QSortFilterProxyModel>
 #include <QStyledItemDelegate>
 #include <algorithm>
 
@@ -12,9 +14,9 @@ namespace {
 constexpr int mostColumnWidth = 4000; // pixels
 
 // In average characters of the view's font.
-constexpr int ColumnCharacters[ActivityList::ColumnCount] = {22, 30, 30, 36, 28, 10, 22, 22, 14, 20};
+constexpr int columnCharacters[ActivityList::ColumnCount] = {22, 30, 30, 36, 28, 10, 22, 22, 14, 20};
 
-/// Gives the rows some air and shortens paths in their middle, where they tell least.
+/// Makes the rows a little higher and elides paths in the middle, where they say least.
 class RowDelegate final : public QStyledItemDelegate {
   public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -39,9 +41,50 @@ class RowDelegate final : public QStyledItemDelegate {
     }
 };
 
+/// "dd.MM.yyyy HH:mm:ss" as a text that sorts by time; "-" comes first.
+QString sortable(const QString& time) {
+    return time.mid(6, 4) + time.mid(3, 2) + time.left(2) + time.mid(10);
+}
+
+/// The order on the screen. Activities still run in the order of the file.
+class ActivityOrder final : public QSortFilterProxyModel {
+  public:
+    using QSortFilterProxyModel::QSortFilterProxyModel;
+
+    /// Texts as they may be shown.
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+
+  protected:
+    /// Counts by number, times by date, everything else as a reader of the user's language expects.
+    [[nodiscard]] bool lessThan(const QModelIndex& left, const QModelIndex& right) const override;
+};
+
+QVariant ActivityOrder::data(const QModelIndex& index, int role) const {
+    QVariant value = QSortFilterProxyModel::data(index, role);
+    if (role == Qt::DisplayRole)
+        return modForeignText::OneLine(value.toString());
+    if (role == Qt::ToolTipRole && value.isValid())
+        return modForeignText::Lines(value.toString());
+    return value;
+}
+
+bool ActivityOrder::lessThan(const QModelIndex& left, const QModelIndex& right) const {
+    const QString a = left.data().toString();
+    const QString b = right.data().toString();
+    switch (left.column()) {
+    case ActivityList::Count:
+        return a.toInt() < b.toInt();
+    case ActivityList::LastRun:
+        return sortable(a) < sortable(b);
+    default:
+        return a.localeAwareCompare(b) < 0;
+    }
+}
+
 } // namespace
 
-ActivityListView::ActivityListView(ActivityList& list, QWidget* parent) : QTreeView(parent), m_list(list) {
+ActivityListView::ActivityListView(ActivityList& list, QWidget* parent)
+    : QTreeView(parent), m_list(list), m_order(*new ActivityOrder(this)) {
     setObjectName(QStringLiteral("lvwActivities"));
     setRootIsDecorated(false);
     setItemsExpandable(false);
@@ -70,7 +113,7 @@ void ActivityListView::setColumnWidths() {
     header()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     const int character = fontMetrics().averageCharWidth();
     for (int column = 0; column < ActivityList::ColumnCount; ++column)
-        setColumnWidth(column, std::max(ColumnCharacters[column] * character, header()->sectionSizeHint(column)));
+        setColumnWidth(column, std::max(columnCharacters[column] * character, header()->sectionSizeHint(column)));
 }
 
 QString ActivityListView::nameAt(const QModelIndex& shown) const {
@@ -191,11 +234,11 @@ void ActivityListView::keyPressEvent(QKeyEvent* event) {
             Q_EMIT RowOpened(name);
         return;
     }
-    // The box belongs to the row: it follows the space bar wherever in the row the last click was.
+    // Space toggles the row's box, whichever column was clicked last.
     if (event->key() == Qt::Key_Space && currentIndex().column() > 0)
         selectionModel()->setCurrentIndex(currentIndex().siblingAtColumn(0), QItemSelectionModel::NoUpdate);
     QTreeView::keyPressEvent(event);
-    // Qt highlights a row when the current one changes. The only row is the current one from the start.
+    // Qt selects a row when the current one changes, but a list's only row is current from the start.
     const bool moves = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down || event->key() == Qt::Key_Home ||
                        event->key() == Qt::Key_End;
     if (moves && event->modifiers() == Qt::NoModifier && CurrentName().isEmpty() && currentIndex().isValid())

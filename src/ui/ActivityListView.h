@@ -1,13 +1,13 @@
-// Shows the list of activities as rows with check boxes and ten columns. Owns the order in which they are shown and the
-// selection, which it carries over a refill by name. It never fails.
+// Shows the list of activities as rows with check boxes and ten columns. Owns the sort order and the selection, which
+// it restores by name after a refill.
 #pragma once
 
-#include "ActivityOrder.h"
 #include <QStringList>
 #include <QTreeView>
 #include <vector>
 
 class ActivityList;
+class QSortFilterProxyModel;
 
 class ActivityListView final : public QTreeView {
     Q_OBJECT
@@ -30,9 +30,9 @@ class ActivityListView final : public QTreeView {
     /// The activity shown below this one, else the one above; "" when there is no other.
     [[nodiscard]] QString NeighbourOf(const QString& name) const;
 
-    /// Widths of the columns and the order, as a text for the settings.
+    /// Column widths and sort order, as a text for the settings.
     [[nodiscard]] QString Layout() const;
-    /// Takes over what Layout gave; a text that is none of those changes nothing.
+    /// Restores what Layout returned; any other text changes nothing.
     void RestoreLayout(const QString& layout);
 
   Q_SIGNALS:
@@ -53,7 +53,7 @@ class ActivityListView final : public QTreeView {
     [[nodiscard]] QString nameAt(const QModelIndex& shown) const;
 
     ActivityList& m_list;
-    ActivityOrder m_order;
+    QSortFilterProxyModel& m_order;
     QStringList m_keptSelection;
     QString m_keptCurrent;
 };

@@ -1,5 +1,5 @@
-// Chooses how the F8 key is seen on this desktop: asked of the display system where that can be done, else from the key
-// events of the program's own windows.
+// The F8 key as this desktop lets a program see it: asked of the display system where that works, else taken from the
+// key events of the program's own windows. Where neither sees the key it reads as "not held".
 #pragma once
 
 #include "KeyState.h"
@@ -7,5 +7,5 @@
 
 class QGuiApplication;
 
-/// Never null. The application must outlive the result.
+/// Not null. The application must outlive the result.
 [[nodiscard]] std::unique_ptr<KeyState> MakeDesktopKeyState(QGuiApplication& application);

@@ -1,11 +1,17 @@
 #include "DialogHost.h"
 
-#include "modDialogParent.h"
+#include <QApplication>
 #include <QDialog>
 #include <algorithm>
 
+QWidget* DialogHost::ParentFor(QWidget* window) {
+    if (QWidget* modal = QApplication::activeModalWidget(); modal != nullptr)
+        return modal;
+    return window != nullptr && window->isVisible() && !window->isMinimized() ? window : nullptr;
+}
+
 QWidget* DialogHost::Parent() const {
-    return modDialogParent::Choose(m_window);
+    return ParentFor(m_window);
 }
 
 bool DialogHost::RaiseOpen() const {

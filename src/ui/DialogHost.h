@@ -1,5 +1,5 @@
-// Shows the dialogs of the main window's commands. Owns nothing but the list of those that are open. Once it has been
-// told that nobody is waited for any more, every dialog ends cancelled at once.
+// Shows the dialogs of the main window's commands and knows which are open. After StopWaiting every dialog is cancelled
+// at once, so that nothing waits for a user who has left.
 #pragma once
 
 #include <QPointer>
@@ -11,21 +11,26 @@ class QWidget;
 
 class DialogHost final {
   public:
-    /// Dialogs stand in front of this window while it is visible; otherwise they stand alone.
+    /// What a dialog or a box opens in front of: the dialog that is open, else the window, else null. What belongs to a
+    /// hidden or minimised window would stay out of sight with it. Takes null.
+    [[nodiscard]] static QWidget* ParentFor(QWidget* window);
+
+    /// Dialogs open in front of this window while it is visible, otherwise on their own.
     void SetWindow(QWidget* window) { m_window = window; }
     [[nodiscard]] QWidget* Parent() const;
 
-    /// True when a dialog is open already: it is brought to the front. The menu of the tray icon can be used while a
-    /// dialog is open, so a command that opens one asks this first.
+    /// True when a dialog is open already; brings it to the front. The tray menu works while a dialog is open, so a
+    /// command that opens one calls this first.
     [[nodiscard]] bool RaiseOpen() const;
 
-    /// Asks the user about what would be lost when the dialog ended now; false when it has to stay.
+    /// Asks the user about what would be lost if the dialog ended now; false when it has to stay.
     using MayEnd = std::function<bool()>;
 
     /// Shows the dialog modally and returns how it ended (QDialog::DialogCode).
     int Run(QDialog& dialog, const MayEnd& mayEnd = nullptr);
 
-    /// Whether all open dialogs may end. Events run; no dialog is destroyed meanwhile, for each waits below us.
+    /// Whether all open dialogs may end. Events run, but no dialog is destroyed meanwhile: each is further down the
+    /// stack.
     [[nodiscard]] bool MayAllEnd() const;
 
     /// Ends the open dialogs without a question, the innermost first, and opens no more.

@@ -1,5 +1,5 @@
-// What the activity editor objects to, as a list of named checks in the order in which the user meets them. Each is a
-// pure function of the edited value and a little of the world. Owns nothing, never fails.
+// What the activity editor objects to: a table of named checks in the order in which the user meets them. Each is a
+// function of the edited value and of the few facts in Environment.
 #pragma once
 
 #include "ActivityRecord.h"
@@ -20,7 +20,7 @@ namespace EditorChecks {
 
 enum class Tab { Directories, Schedule, Action, Mail };
 
-/// The edited value. The masked fields are judged as they are shown, with blanks where nothing was typed.
+/// The edited value. Masked fields are judged as they are shown, with blanks where nothing was typed.
 struct Input {
     QString name; ///< trimmed
     ActivityRecord record;
@@ -41,7 +41,7 @@ struct Environment {
     const std::function<bool(const QString&)>& isOwnFile;
 };
 
-/// What to say, and where to look. A question (Yes/No) can be waved through; anything else has to be mended.
+/// What to say, and which field to show. The user may accept a question (Yes/No); anything else has to be corrected.
 struct Problem {
     Message message;
     Tab tab = Tab::Directories;
@@ -55,7 +55,8 @@ struct Check {
 
 [[nodiscard]] std::span<const Check> All();
 
-/// Runs the checks in order. `wavesThrough` is told of each problem and ends the walk with false. Events may run in it.
+/// Runs the checks in order and passes each problem to `wavesThrough`, which stops by returning false. Events may run
+/// in it.
 [[nodiscard]] bool Pass(const Input& input, const Environment& environment,
                         const std::function<bool(const Problem&)>& wavesThrough);
 

@@ -3,7 +3,9 @@
 #include <QBoxLayout>
 #include <QButtonGroup>
 #include <QComboBox>
+#include <QFontDatabase>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRegularExpression>
 
@@ -25,7 +27,7 @@ QLabel* FormParts::Label(const QString& caption, QWidget& field) {
     label->setTextFormat(Qt::PlainText);
     label->setBuddy(&field);
     field.setAccessibleName(Spoken(caption));
-    // The text field within an editable box is a control of its own to whoever reads the screen aloud.
+    // To a screen reader the line inside an editable box is a control of its own.
     if (auto* box = qobject_cast<QComboBox*>(&field); box != nullptr && box->isEditable())
         box->lineEdit()->setAccessibleName(Spoken(caption));
     return label;
@@ -65,7 +67,7 @@ QPushButton* FormParts::AddButton(QDialogButtonBox& buttons, QDialogButtonBox::S
 }
 
 void FormParts::EnterAtChosen(QButtonGroup& options) {
-    // Qt knows this too, but not before the group has had the focus.
+    // Qt does this too, but only once the group has had the focus.
     QObject::connect(&options, &QButtonGroup::idToggled, &options, [&options] {
         for (QAbstractButton* option : options.buttons())
             option->setFocusPolicy(option == options.checkedButton() ? Qt::StrongFocus : Qt::ClickFocus);
@@ -79,6 +81,18 @@ QToolButton* FormParts::SignButton(const char* objectName, const QString& sign, 
     button->setToolTip(Spoken(caption).toHtmlEscaped());
     button->setFocusPolicy(Qt::StrongFocus);
     return button;
+}
+
+QPlainTextEdit* FormParts::TextBox(const char* objectName, const QString& accessibleName) {
+    auto* box = new QPlainTextEdit;
+    box->setObjectName(QLatin1String(objectName));
+    box->setAccessibleName(accessibleName);
+    box->setReadOnly(true);
+    box->setUndoRedoEnabled(false);
+    box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    box->setLineWrapMode(QPlainTextEdit::NoWrap);
+    box->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    return box;
 }
 
 void FormParts::LayOut(QWidget& form, QWidget& picture, QLayout& words, QWidget& buttons) {

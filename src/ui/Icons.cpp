@@ -5,7 +5,7 @@
 #include <QSvgRenderer>
 #include <array>
 
-/// A library's resources are not there by themselves. (The macro does not work inside a namespace.)
+/// A static library has to register its resources itself. (The macro does not work inside a namespace.)
 static void loadDrawings() {
     Q_INIT_RESOURCE(icons);
 }

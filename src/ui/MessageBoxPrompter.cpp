@@ -1,7 +1,7 @@
 #include "MessageBoxPrompter.h"
 
+#include "DialogHost.h"
 #include "StringTable.h"
-#include "modDialogParent.h"
 #include "modForeignText.h"
 #include <QMessageBox>
 #include <QPushButton>
@@ -88,7 +88,7 @@ void MessageBoxPrompter::countDown(QMessageBox& box, std::chrono::seconds second
 MessageAnswer MessageBoxPrompter::Ask(const Message& message) {
     if (!m_asking)
         return safeAnswer(message.buttons);
-    QMessageBox box(modDialogParent::Choose(m_window));
+    QMessageBox box(DialogHost::ParentFor(m_window));
     box.setTextFormat(Qt::PlainText);
     box.setText(modForeignText::Lines(message.text));
     box.setWindowTitle(modForeignText::OneLine(message.title));

@@ -1,5 +1,5 @@
-// Asks through message boxes on the screen. Owns nothing but the box that is open. Once it has been told to stop asking
-// it gives the safe answer at once, so that nothing waits for a user who has left.
+// Asks the user through message boxes. After StopAsking it gives the safe answer at once, so that nothing waits for a
+// user who has left.
 #pragma once
 
 #include "Prompter.h"
@@ -15,7 +15,7 @@ class MessageBoxPrompter final : public Prompter {
     explicit MessageBoxPrompter(const StringTable& texts);
     ~MessageBoxPrompter() override;
 
-    /// Boxes stand in front of this window while it is visible; otherwise they stand alone.
+    /// Boxes open in front of this window while it is visible, otherwise on their own.
     void SetWindow(QWidget* window);
 
     MessageAnswer Ask(const Message& message) override;

@@ -1,12 +1,124 @@
 #include "PathRow.h"
 
 #include "FormParts.h"
-#include "RecentFolders.h"
+#include "SettingsStore.h"
+#include <QCompleter>
 #include <QDir>
-#include <QEvent>
+#include <QDropEvent>
+#include <QFileInfo>
+#include <QFileSystemModel>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMimeData>
+#include <QUrl>
+#include <tuple>
+#include <utility>
+
+namespace {
+
+constexpr qsizetype mostRecent = 10;
+constexpr QChar separator = u'|';
+
+QString section() {
+    return QStringLiteral("LastFile");
+}
+
+/// The one folder that is being dragged; "" for anything else.
+QString draggedFolder(const QMimeData& data) {
+    const QList<QUrl> urls = data.urls();
+    if (urls.size() != 1 || !urls.first().isLocalFile())
+        return {};
+    const QString path = urls.first().toLocalFile();
+    return QFileInfo(path).isDir() ? QDir::toNativeSeparators(QDir::cleanPath(path)) : QString();
+}
+
+/// Files, or more than one thing: their addresses as text would be of no use.
+bool isUselessDrag(const QMimeData& data) {
+    return data.hasUrls() && draggedFolder(data).isEmpty();
+}
+
+/// Completes folders while one types. A path that leads nowhere is just a text.
+class FolderEdit final : public QLineEdit {
+  public:
+    FolderEdit();
+
+  protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+  private:
+    void offerFolders(const QString& typed);
+    QFileSystemModel* m_folders = nullptr;
+};
+
+FolderEdit::FolderEdit() {
+    setAcceptDrops(true);
+    // The model starts a thread, so it is made only when it is needed.
+    connect(this, &QLineEdit::textEdited, this, &FolderEdit::offerFolders);
+}
+
+void FolderEdit::offerFolders(const QString& typed) {
+    if (m_folders == nullptr) {
+        m_folders = new QFileSystemModel(this);
+        m_folders->setOptions(QFileSystemModel::DontUseCustomDirectoryIcons | QFileSystemModel::DontWatchForChanges);
+        m_folders->setFilter(QDir::AllDirs | QDir::NoDotAndDotDot);
+        setCompleter(new QCompleter(m_folders, this));
+    }
+    // By itself the model would read every folder from the root on, one for each key typed.
+    const QFileInfo path(typed);
+    if (path.isAbsolute())
+        m_folders->setRootPath(path.path());
+}
+
+void FolderEdit::dragEnterEvent(QDragEnterEvent* event) {
+    if (!draggedFolder(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+    else if (!isUselessDrag(*event->mimeData()))
+        QLineEdit::dragEnterEvent(event);
+}
+
+void FolderEdit::dragMoveEvent(QDragMoveEvent* event) {
+    if (!draggedFolder(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+    else if (!isUselessDrag(*event->mimeData()))
+        QLineEdit::dragMoveEvent(event);
+}
+
+void FolderEdit::dropEvent(QDropEvent* event) {
+    const QString folder = draggedFolder(*event->mimeData());
+    if (folder.isEmpty()) {
+        QLineEdit::dropEvent(event);
+        return;
+    }
+    setText(folder);
+    event->acceptProposedAction();
+}
+
+} // namespace
+
+RecentFolders::RecentFolders(SettingsStore& settings, QString key) : m_settings(settings), m_key(std::move(key)) {}
+
+QStringList RecentFolders::Folders() const {
+    const QString joined = m_settings.Read(SettingsStore::OwnApplication, section(), m_key).value_or(QString());
+    return joined.split(separator, Qt::SkipEmptyParts).mid(0, mostRecent);
+}
+
+void RecentFolders::Remember(const QString& folder) {
+    // A folder's name may hold the separator on some systems; cut in two it would name other folders.
+    if (folder.trimmed().isEmpty() || folder.contains(separator))
+        return;
+    QStringList folders = Folders();
+    folders.removeAll(folder);
+    folders.prepend(folder);
+    std::ignore =
+        m_settings.Write(SettingsStore::OwnApplication, section(), m_key, folders.mid(0, mostRecent).join(separator));
+}
+
+QLineEdit* PathRow::FolderLine() {
+    return new FolderEdit;
+}
 
 PathRow::PathRow(QLineEdit* line, const Button& picker, const Pick& pick)
     : m_line(line), m_layout(new QHBoxLayout(this)) {
@@ -50,7 +162,7 @@ bool PathRow::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void PathRow::followLine() {
-    // Only what the line decides for itself; a disabled form disables the buttons anyway.
+    // Follow the line's own state only; a disabled form disables the buttons anyway.
     for (QToolButton* button : findChildren<QToolButton*>())
         button->setEnabled(m_line->isEnabledTo(this));
 }

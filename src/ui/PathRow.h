@@ -1,7 +1,8 @@
-// A line for a path with the buttons that fill it: a picker, and for some a menu of recent choices. Owns the buttons
-// and lays the line out; they are enabled as the line is.
+// A line for a path with the buttons that fill it: a picker, and for some a menu of recent choices. The row owns the
+// buttons and lays the line out; they are enabled as the line is.
 #pragma once
 
+#include <QStringList>
 #include <QWidget>
 #include <functional>
 #include <optional>
@@ -9,18 +10,38 @@
 class QHBoxLayout;
 class QLineEdit;
 class QToolButton;
-class RecentFolders;
+class SettingsStore;
+
+/// The last folders chosen for one purpose, kept in the user's settings. A choice that cannot be stored is forgotten
+/// without a message: it is a convenience.
+class RecentFolders final {
+  public:
+    /// `key` names the list: "SourceDirs" or "TargetDirs".
+    RecentFolders(SettingsStore& settings, QString key);
+
+    /// At most ten, the latest first.
+    [[nodiscard]] QStringList Folders() const;
+
+    void Remember(const QString& folder);
+
+  private:
+    SettingsStore& m_settings;
+    QString m_key;
+};
 
 class PathRow final : public QWidget {
     Q_OBJECT
   public:
-    /// Asked for a path when the button is pressed; nullopt leaves the old one.
+    /// Called for a path when the button is pressed; nullopt leaves the old one.
     using Pick = std::function<std::optional<QString>(const QString& present)>;
 
     struct Button {
         const char* objectName;
         QString caption;
     };
+
+    /// A line for a folder: completes folders while one types, and takes a folder that is dropped on it.
+    [[nodiscard]] static QLineEdit* FolderLine();
 
     PathRow(QLineEdit* line, const Button& picker, const Pick& pick);
 

@@ -1,7 +1,6 @@
 #include "RecordBindings.h"
 
-#include "MaskedField.h"
-#include "ctlAutoCompleteCombo.h"
+#include "EditorFields.h"
 #include <QAbstractButton>
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -11,7 +10,7 @@
 
 template <typename Read, typename Write>
 void RecordBindings::bindText(ActivityField field, Read read, Write write) {
-    // Controls cannot hold every text: line breaks, odd blanks and forms of other times would not come back.
+    // Controls cannot hold every text: line breaks and unusual blanks would be lost.
     const auto shown = std::make_shared<QString>();
     m_bindings.push_back({[=](const ActivityRecord& record) {
                               write(record.Text(field));
@@ -41,7 +40,7 @@ void RecordBindings::Text(ctlAutoCompleteCombo& combo, ActivityField field) {
 void RecordBindings::Masked(MaskedField& line, ActivityField field, const Spell& show, const Spell& store) {
     m_bindings.push_back({[=, &line](const ActivityRecord& record) { line.setText(show(record.Text(field))); },
                           [=, &line](ActivityRecord& record) {
-                              // What the mask cannot show must not be lost by looking at it.
+                              // What the mask cannot show must survive an unedited field.
                               const QString stored = record.Text(field);
                               const QString shown = line.Shown();
                               const QString spelled = store(shown);

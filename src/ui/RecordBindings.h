@@ -1,6 +1,5 @@
-// Which control edits which field of an activity: shows a record in the controls and reads it back. A text nobody has
-// changed is given back exactly as it was; switches and numbers are given back as they are shown. Refers to the
-// controls.
+// Binds controls to the fields of an activity: shows a record in them and reads it back. A text that was not edited
+// comes back exactly as it was; switches and numbers come back as they are shown. Refers to the controls.
 #pragma once
 
 #include "ActivityRecord.h"
@@ -22,21 +21,21 @@ class RecordBindings final {
     void Text(QPlainTextEdit& lines, ActivityField field);
     void Text(ctlAutoCompleteCombo& combo, ActivityField field);
 
-    /// One text in the other's form, "" when it has none.
+    /// Converts a text into another form; "" when that fails.
     using Spell = std::function<QString(const QString&)>;
 
-    /// `show` turns the stored text into one that fits the mask, `store` what the mask shows into the stored one. What
-    /// cannot be turned is stored as it is shown.
+    /// `show` converts the stored text into the mask's form, `store` converts it back. What cannot be converted is
+    /// stored as it is shown.
     void Masked(MaskedField& line, ActivityField field, const Spell& show, const Spell& store);
     void Switch(QCheckBox& box, ActivityField field);
 
     /// A switch as a pair of options.
     void Switch(QAbstractButton& on, QAbstractButton& off, ActivityField field);
 
-    /// Options whose ids are the field's codes. Without a known code none is chosen, and the code stays.
+    /// Options whose ids are the field's codes. With an unknown code none is chosen, and the code is kept.
     void Choice(QButtonGroup& options, ActivityField field);
 
-    /// The number must lie in the range, or the nearest one is shown.
+    /// A number outside the range is shown as the nearest one inside.
     void Number(QSpinBox& box, ActivityField field);
 
     void Show(const ActivityRecord& record);

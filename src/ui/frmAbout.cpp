@@ -19,7 +19,7 @@ QLabel* nameLabel() {
     return name;
 }
 
-/// A link that the keyboard reaches too. Where it leads is not its own affair.
+/// A link that the keyboard reaches too. The signal's receiver knows the address.
 QLabel* linkLabel(const QString& caption) {
     auto* link = new QLabel(u"<a href=\"home\">" + caption.toHtmlEscaped() + u"</a>");
     link->setObjectName(QStringLiteral("lblLink"));

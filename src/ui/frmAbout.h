@@ -1,5 +1,5 @@
-// The about box: name, version and legal notice. A form without side effects: what its link and its button do is up to
-// whoever shows it.
+// The about box: name, version and legal notice. It has no side effects: the caller decides what its link and its
+// button do.
 #pragma once
 
 #include <QDialog>

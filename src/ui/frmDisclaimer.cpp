@@ -29,7 +29,7 @@ frmDisclaimer::frmDisclaimer(const StringTable& texts, QWidget* parent) : QDialo
     auto* buttons = new QDialogButtonBox(this);
     QPushButton* accept = FormParts::AddButton(*buttons, QDialogButtonBox::Ok, "cmdAccept", texts[Text::Accept]);
     QPushButton* decline = FormParts::AddButton(*buttons, QDialogButtonBox::Cancel, "cmdDecline", texts[Text::Decline]);
-    // Enter must not accept what nobody has read.
+    // Enter must not accept a notice that was not read.
     accept->setAutoDefault(false);
     decline->setDefault(true);
     decline->setFocus();

@@ -1,5 +1,5 @@
-// The notice of possible data loss that is shown until it has been accepted. A form without side effects: it ends
-// accepted or rejected, and every way of closing it but the "Accept" button counts as "Decline".
+// The notice of possible data loss, shown until the user accepts it. It has no side effects. Every way of closing it
+// but the "Accept" button counts as "Decline".
 #pragma once
 
 #include <QDialog>

@@ -1,5 +1,5 @@
-// The window that shows a log. Owns the text it shows, never the file. A log that cannot be read leaves the window
-// empty but for the reason.
+// The window that shows a log. It keeps no file open. A log that cannot be read leaves the window empty but for the
+// reason.
 #pragma once
 
 #include <QDialog>
@@ -11,7 +11,7 @@ class StringTable;
 class frmLogFile final : public QDialog {
     Q_OBJECT
   public:
-    /// Of a larger log only the end is shown.
+    /// Only the end of a larger log is shown.
     static constexpr qint64 MostMebibytes = 4;
 
     explicit frmLogFile(const StringTable& texts, QWidget* parent = nullptr);
@@ -19,7 +19,7 @@ class frmLogFile final : public QDialog {
     /// Shows this file under its caption, the caret behind its last line.
     void SetFileName(const QString& path);
 
-    /// From now on the file is read again every 10 seconds.
+    /// Reads the file again every 10 seconds from now on.
     void StartTimer();
 
   protected:

@@ -1,28 +1,59 @@
 #include "frmOptions.h"
 
+#include "EditorActionTab.h"
+#include "EditorGeneralTab.h"
+#include "EditorMailTab.h"
+#include "EditorScheduleTab.h"
 #include "FormParts.h"
-#include "OptionsActionTab.h"
-#include "OptionsGeneralTab.h"
-#include "OptionsMailTab.h"
-#include "OptionsScheduleTab.h"
-#include "ScrollPage.h"
 #include "StoreError.h"
 #include "StringTable.h"
 #include <QDialogButtonBox>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <utility>
 
 namespace {
+
 constexpr QSize windowFrame(16, 48); // room for what the desktop puts around a window
+
+/// A page that asks for as much room as it needs and scrolls where the screen gives less.
+class ScrollPage final : public QScrollArea {
+  public:
+    explicit ScrollPage(QWidget* page) {
+        setFrameShape(QFrame::NoFrame);
+        setFocusPolicy(Qt::NoFocus);
+        setWidgetResizable(true);
+        setWidget(page);
+        // The tab's own background shows through.
+        page->setAutoFillBackground(false);
+        viewport()->setAutoFillBackground(false);
+        setAccessibleName(page->accessibleName());
+    }
+
+    QSize sizeHint() const override { return widget()->sizeHint().expandedTo(widget()->minimumSizeHint()); }
+};
+
 } // namespace
+
+ActivityRecord frmOptions::NewActivity() {
+    ActivityRecord record;
+    record.SetNumber(ActivityField::Type, 1);
+    record.SetNumber(ActivityField::Interval, 10);
+    record.SetNumber(ActivityField::Action, 0);
+    record.SetOn(ActivityField::Alert, false);
+    record.SetOn(ActivityField::AllFiles, true);
+    record.SetOn(ActivityField::Active, true);
+    record.SetOn(ActivityField::UseSmtp, true);
+    return record;
+}
 
 frmOptions::frmOptions(const EditorServices& services, Request request, QWidget* parent)
     : QDialog(parent), m_services(services), m_request(std::move(request)), m_tabs(new QTabWidget),
-      m_general(new OptionsGeneralTab(m_services)), m_schedule(new OptionsScheduleTab(m_services)),
-      m_action(new OptionsActionTab(m_services)), m_mail(new OptionsMailTab(m_services, m_request.known)) {
+      m_general(new EditorGeneralTab(m_services)), m_schedule(new EditorScheduleTab(m_services)),
+      m_action(new EditorActionTab(m_services)), m_mail(new EditorMailTab(m_services, m_request.known)) {
     const StringTable& texts = m_services.texts;
     setObjectName(QStringLiteral("frmOptions"));
     setWindowTitle(m_request.name.isEmpty() ? texts[Text::NewActivity] : texts[Text::PropertiesOf].arg(m_request.name));
@@ -31,7 +62,7 @@ frmOptions::frmOptions(const EditorServices& services, Request request, QWidget*
     buildTabs();
     buildButtons();
 
-    connect(m_action, &OptionsActionTab::ActionChosen, m_general,
+    connect(m_action, &EditorActionTab::ActionChosen, m_general,
             [this] { m_general->SetDestinationWanted(m_action->IsDestinationWanted()); });
     m_general->Show(m_request.name, m_request.record);
     m_schedule->Show(m_request.record);
@@ -39,7 +70,7 @@ frmOptions::frmOptions(const EditorServices& services, Request request, QWidget*
     m_mail->Show(m_request.record);
     m_shownName = Name();
     m_shownRecord = Record();
-    // A desktop that puts Cancel in front would also begin there, and Enter would mean Cancel.
+    // Where the desktop puts Cancel first it would have the focus, and Enter would mean Cancel.
     lead(EditorChecks::Tab::Directories, "txtName");
     resize(sizeHint().boundedTo(screen()->availableSize() - windowFrame));
 }
@@ -65,7 +96,7 @@ void frmOptions::buildButtons() {
     ok->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &frmOptions::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, [this] { done(Rejected); });
-    // Enter in a field means OK and no other button.
+    // Enter in a field means OK.
     for (QPushButton* button : findChildren<QPushButton*>())
         button->setAutoDefault(button == ok || button == cancel);
     layout()->addWidget(buttons);
@@ -127,7 +158,7 @@ bool frmOptions::wavesThrough(const EditorChecks::Problem& problem) {
 }
 
 bool frmOptions::write() {
-    // What the writer may ask about or refuse is the name.
+    // The writer can only ask about or refuse the name.
     if (Name() != m_request.name)
         lead(EditorChecks::Tab::Directories, "txtName");
     const auto tell = [this](const QString& text) {
@@ -145,7 +176,7 @@ bool frmOptions::write() {
 
 void frmOptions::lead(EditorChecks::Tab tab, const char* control) {
     m_tabs->setCurrentIndex(static_cast<int>(tab));
-    auto* page = qobject_cast<ScrollPage*>(m_tabs->currentWidget());
+    auto* page = qobject_cast<QScrollArea*>(m_tabs->currentWidget());
     auto* field = findChild<QWidget*>(QLatin1String(control));
     if (page == nullptr || field == nullptr)
         return;

@@ -1,19 +1,18 @@
-// The activity editor: takes one activity as a value and gives one back. Owns its tabs. It checks what was entered,
-// lets its caller write it, and stays open until both have succeeded or the user gives up; it never sees the document.
+// The activity editor: takes one activity as a value and gives one back. It checks the input, lets its caller write it,
+// and stays open until both succeed or the user gives up; it never sees the document.
 #pragma once
 
 #include "ActivityRecord.h"
 #include "EditorChecks.h"
-#include "EditorServices.h"
-#include "KnownAddresses.h"
+#include "EditorMailTab.h"
+#include "FormServices.h"
 
 #include <QDialog>
 #include <functional>
 
-class OptionsActionTab;
-class OptionsGeneralTab;
-class OptionsMailTab;
-class OptionsScheduleTab;
+class EditorActionTab;
+class EditorGeneralTab;
+class EditorScheduleTab;
 class QTabWidget;
 
 class frmOptions final : public QDialog {
@@ -26,10 +25,14 @@ class frmOptions final : public QDialog {
         /// Whether an activity of this name can be stored.
         std::function<bool(const QString& name)> isUsableName;
         std::function<bool(const QString& path)> isOwnFile;
-        /// Writes the activity. False when it was refused and the user knows; an exception is shown here. Either way
-        /// the editor stays open.
+        /// Writes the activity. False when it was refused and the user has seen why; an exception is shown here. Either
+        /// way the editor stays open.
         std::function<bool(const QString& name, const ActivityRecord& record)> write;
     };
+
+    /// What a new activity looks like before anybody has edited it: active, copies all files every ten minutes, sends
+    /// mail (once that is switched on) by itself, shows no message for each file.
+    [[nodiscard]] static ActivityRecord NewActivity();
 
     /// What the services refer to must outlive the editor.
     frmOptions(const EditorServices& services, Request request, QWidget* parent = nullptr);
@@ -38,12 +41,12 @@ class frmOptions final : public QDialog {
     [[nodiscard]] QString Name() const;
     [[nodiscard]] ActivityRecord Record() const;
 
-    /// Whether the editor may end: nothing was changed, or the user says that it may be lost.
+    /// Whether the editor may end: nothing was changed, or the user agrees to lose it.
     [[nodiscard]] bool MayBeDropped();
 
   public Q_SLOTS:
     void accept() override;
-    /// Escape and a close of the window: asks first when something was changed. Cancel does not ask.
+    /// Escape and closing the window: asks first when something was changed. Cancel does not ask.
     void reject() override;
     void done(int result) override;
 
@@ -58,11 +61,11 @@ class frmOptions final : public QDialog {
     EditorServices m_services;
     Request m_request;
     QTabWidget* m_tabs;
-    OptionsGeneralTab* m_general;
-    OptionsScheduleTab* m_schedule;
-    OptionsActionTab* m_action;
-    OptionsMailTab* m_mail;
+    EditorGeneralTab* m_general;
+    EditorScheduleTab* m_schedule;
+    EditorActionTab* m_action;
+    EditorMailTab* m_mail;
     QString m_shownName;
-    ActivityRecord m_shownRecord; ///< as the controls gave it back before anybody typed
+    ActivityRecord m_shownRecord; ///< as the controls gave it back before any input
     bool m_over = false;
 };

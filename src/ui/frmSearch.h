@@ -1,4 +1,4 @@
-// Asks what to search for in the list. A form without side effects.
+// Asks what to search for in the list. It has no side effects.
 #pragma once
 
 #include <QDialog>

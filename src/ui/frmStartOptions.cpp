@@ -21,6 +21,7 @@
 #include <QVBoxLayout>
 #include <array>
 #include <tuple>
+#include <utility>
 
 namespace {
 
@@ -47,7 +48,7 @@ const QString autostartName = QStringLiteral("Kalvenor");
 const QString lastFileSection = QStringLiteral("LastFile");
 const QString lastLogKey = QStringLiteral("AppLogfilePath");
 
-/// Selects its whole text when it gets the focus, by a click too. A menu or another window only borrows the focus.
+/// Selects all its text when it gets the focus, by a click too; not when it gets it back from a menu or another window.
 class PathEdit final : public QLineEdit {
   public:
     using QLineEdit::QLineEdit;
@@ -58,17 +59,18 @@ class PathEdit final : public QLineEdit {
         if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason)
             return;
         selectAll();
-        if (event->reason() == Qt::MouseFocusReason) // the click itself is still to set the caret
+        if (event->reason() == Qt::MouseFocusReason) // the click has yet to set the caret
             QMetaObject::invokeMethod(this, &QLineEdit::selectAll, Qt::QueuedConnection);
     }
 };
 
-/// "~" as a shell understands it; a log in a folder of that name would be looked for in vain.
+/// Expands "~" as a shell does, so that no log ends up in a folder of that name.
 QString withHomeFolder(const QString& path) {
     return path == u"~" || path.startsWith(u"~/") ? QDir::homePath() + path.mid(1) : path;
 }
 
-/// Creates the log, empty, when nothing has its name. A failure is silent: the test of its folder tells the usual one.
+/// Creates the log, empty, when no file has its name. A failure is silent: the usual one, a missing folder, is reported
+/// by the check that follows.
 void createMissing(OwnFiles& files, const std::filesystem::path& log) {
     if (files.FolderExists(log.parent_path()))
         std::ignore = files.CreateNew(log, {});
@@ -76,10 +78,11 @@ void createMissing(OwnFiles& files, const std::filesystem::path& log) {
 
 } // namespace
 
-frmStartOptions::frmStartOptions(const Parts& parts, const Options& options, QWidget* parent)
-    : QDialog(parent), m_parts(parts) {
+frmStartOptions::frmStartOptions(const FormServices& services, Autostart& autostart, std::filesystem::path program,
+                                 const Options& options, QWidget* parent)
+    : QDialog(parent), m_services(services), m_autostart(autostart), m_program(std::move(program)) {
     setObjectName(QStringLiteral("frmStartOptions"));
-    setWindowTitle(parts.texts[Text::GeneralOptions]);
+    setWindowTitle(services.texts[Text::GeneralOptions]);
     auto* all = new QVBoxLayout(this);
     all->setSpacing(12);
     all->addWidget(buildSwitches(options));
@@ -90,27 +93,27 @@ frmStartOptions::frmStartOptions(const Parts& parts, const Options& options, QWi
 }
 
 QGroupBox* frmStartOptions::buildSwitches(const Options& options) {
-    auto* frame = new QGroupBox(m_parts.texts[Text::GeneralSettings]);
+    auto* frame = new QGroupBox(m_services.texts[Text::GeneralSettings]);
     auto* rows = new QVBoxLayout(frame);
     for (const Switch& row : switches) {
-        auto* box = new QCheckBox(m_parts.texts[row.caption]);
+        auto* box = new QCheckBox(m_services.texts[row.caption]);
         box->setObjectName(QLatin1String(row.control));
         box->setChecked(options.*row.value);
         rows->addWidget(box);
         m_switches.push_back(box);
     }
-    if (m_parts.autostart.Exists(autostartName))
+    if (m_autostart.Exists(autostartName))
         m_switches[startWithWindows]->setChecked(true);
     return frame;
 }
 
 QGroupBox* frmStartOptions::buildLogFile(const Options& options) {
-    auto* frame = new QGroupBox(m_parts.texts[Text::ApplicationLog]);
+    auto* frame = new QGroupBox(m_services.texts[Text::ApplicationLog]);
     m_loggingPath = new PathEdit(options.loggingPath);
     m_loggingPath->setObjectName(QStringLiteral("txtLoggingPath"));
-    m_loggingPath->setAccessibleName(m_parts.texts[Text::ApplicationLog]);
+    m_loggingPath->setAccessibleName(m_services.texts[Text::ApplicationLog]);
     m_loggingPath->setMinimumWidth(m_loggingPath->fontMetrics().averageCharWidth() * 50);
-    auto* select = new QPushButton(m_parts.texts[Text::SelectFile]);
+    auto* select = new QPushButton(m_services.texts[Text::SelectFile]);
     select->setObjectName(QStringLiteral("cmdSelectFile"));
     select->setAutoDefault(false);
     connect(select, &QPushButton::clicked, this, &frmStartOptions::selectFile);
@@ -122,7 +125,7 @@ QGroupBox* frmStartOptions::buildLogFile(const Options& options) {
 
 QDialogButtonBox* frmStartOptions::buildButtons() {
     auto* buttons = new QDialogButtonBox(this);
-    const StringTable& texts = m_parts.texts;
+    const StringTable& texts = m_services.texts;
     FormParts::AddButton(*buttons, QDialogButtonBox::Save, "cmdSave", texts[Text::Save])->setDefault(true);
     FormParts::AddButton(*buttons, QDialogButtonBox::Cancel, "cmdCancel", texts[Text::CancelOptions]);
     FormParts::AddButton(*buttons, QDialogButtonBox::Help, "cmdHelp", texts[Text::Help]);
@@ -145,18 +148,18 @@ bool frmStartOptions::acceptsLogPath() {
     m_loggingPath->setText(modNativePath::ToText(log));
     if (log.empty()) // blanks name no file
         return true;
-    const StringTable& texts = m_parts.texts;
+    const StringTable& texts = m_services.texts;
     QString objection;
-    if (m_parts.files.FolderExists(log)) {
+    if (m_services.files.FolderExists(log)) {
         objection = texts[Text::LogIsDirectory].arg(m_loggingPath->text());
     } else {
-        createMissing(m_parts.files, log);
-        if (m_parts.files.FolderExists(log.parent_path()))
+        createMissing(m_services.files, log);
+        if (m_services.files.FolderExists(log.parent_path()))
             return true;
         objection = texts[Text::SelectedDirectory] + modNativePath::ToText(log.parent_path()) +
                     texts[Text::DoesNotExist] + QStringLiteral("\n\n") + texts[Text::SelectValidDirectory];
     }
-    m_parts.prompter.Ask(
+    m_services.prompter.Ask(
         {objection, texts[Text::DirectoryNotFoundTitle], MessageIcon::Exclamation, MessageButtons::Ok});
     m_loggingPath->setFocus();
     return false;
@@ -172,25 +175,25 @@ void frmStartOptions::save() {
 void frmStartOptions::CreateAutoStart() {
     const bool wanted = m_switches[startWithWindows]->isChecked();
     const std::error_code error =
-        wanted ? m_parts.autostart.Create(autostartName, m_parts.program) : m_parts.autostart.Remove(autostartName);
+        wanted ? m_autostart.Create(autostartName, m_program) : m_autostart.Remove(autostartName);
     if (error)
-        m_parts.prompter.Ask({m_parts.texts[Text::AutostartNotChanged] + u'\n' + modForeignText::OfError(error),
-                              m_parts.texts[Text::Error], MessageIcon::Exclamation, MessageButtons::Ok});
+        m_services.prompter.Ask({m_services.texts[Text::AutostartNotChanged] + u'\n' + modForeignText::OfError(error),
+                                 m_services.texts[Text::Error], MessageIcon::Exclamation, MessageButtons::Ok});
 }
 
 void frmStartOptions::selectFile() {
     const QString last =
-        m_parts.settings.Read(SettingsStore::OwnApplication, lastFileSection, lastLogKey).value_or(QString());
+        m_services.settings.Read(SettingsStore::OwnApplication, lastFileSection, lastLogKey).value_or(QString());
     FileRequest request;
-    request.title = m_parts.texts[Text::SelectLogFile];
-    request.filters = {m_parts.texts[Text::LogFile] + QStringLiteral(" (*.log)"),
-                       m_parts.texts[Text::AllFiles] + QStringLiteral(" (*.*)")};
+    request.title = m_services.texts[Text::SelectLogFile];
+    request.filters = {m_services.texts[Text::LogFile] + QStringLiteral(" (*.log)"),
+                       m_services.texts[Text::AllFiles] + QStringLiteral(" (*.*)")};
     request.folder = last.isEmpty() ? QString() : QFileInfo(last).path();
     request.file = m_loggingPath->text();
-    const std::optional<QString> chosen = m_parts.picker.SaveFile(request, false);
+    const std::optional<QString> chosen = m_services.picker.SaveFile(request, false);
     if (!chosen)
         return;
     m_loggingPath->setText(*chosen);
-    createMissing(m_parts.files, modNativePath::Absolute(*chosen));
-    std::ignore = m_parts.settings.Write(SettingsStore::OwnApplication, lastFileSection, lastLogKey, *chosen);
+    createMissing(m_services.files, modNativePath::Absolute(*chosen));
+    std::ignore = m_services.settings.Write(SettingsStore::OwnApplication, lastFileSection, lastLogKey, *chosen);
 }

@@ -1,22 +1,17 @@
-// The dialog "General options". Takes the options as values and gives them back. "Save" creates a log file that does
-// not exist yet, and brings the start with the user's session in line; a log in a folder that does not exist keeps the
-// dialog open.
+// The dialog "General options". Takes the options as values and gives them back. "Save" creates a missing log file and
+// updates the autostart entry; a log in a folder that does not exist keeps the dialog open.
 #pragma once
 
+#include "FormServices.h"
 #include <QDialog>
 #include <filesystem>
 #include <vector>
 
 class Autostart;
-class FilePicker;
-class OwnFiles;
-class Prompter;
 class QCheckBox;
 class QDialogButtonBox;
 class QGroupBox;
 class QLineEdit;
-class SettingsStore;
-class StringTable;
 
 class frmStartOptions final : public QDialog {
     Q_OBJECT
@@ -31,20 +26,12 @@ class frmStartOptions final : public QDialog {
         bool stopIfFolderNotExist = true;
         QString loggingPath; ///< "" = no application log
     };
-    struct Parts {
-        OwnFiles& files;
-        SettingsStore& settings;
-        Autostart& autostart;
-        Prompter& prompter;
-        FilePicker& picker;
-        const StringTable& texts;
-        std::filesystem::path program; ///< what starts with the session
-    };
+    /// `program` is what starts with the session. An entry for it that exists already checks chkStartWithWindows,
+    /// whatever the option says.
+    frmStartOptions(const FormServices& services, Autostart& autostart, std::filesystem::path program,
+                    const Options& options, QWidget* parent = nullptr);
 
-    /// An entry for the user's session that exists already checks chkStartWithWindows, whatever the option says.
-    frmStartOptions(const Parts& parts, const Options& options, QWidget* parent = nullptr);
-
-    /// What the controls show. Of use only when the dialog ended accepted, which is "Save".
+    /// What the controls show. Valid after "Save", when the dialog has ended accepted.
     [[nodiscard]] Options Values() const;
 
     /// Makes or removes the entry for the user's session, as chkStartWithWindows says.
@@ -61,7 +48,9 @@ class frmStartOptions final : public QDialog {
     void selectFile();
     [[nodiscard]] bool acceptsLogPath();
 
-    Parts m_parts;
+    FormServices m_services;
+    Autostart& m_autostart;
+    std::filesystem::path m_program;
     std::vector<QCheckBox*> m_switches; ///< in the order of their table
     QLineEdit* m_loggingPath = nullptr;
 };

@@ -1,12 +1,12 @@
-// The real main window over a real program; whoever chooses and edits is the test.
+// The real main window over a real program; the test chooses and edits.
 #pragma once
 
 #include "ActivityEditor.h"
 #include "ActivityListView.h"
-#include "AppFixture.h"
 #include "CommandLine.h"
 #include "DialogHost.h"
 #include "FakeFilePicker.h"
+#include "ProgramFixture.h"
 #include "frmMain.h"
 
 #include <QAction>
@@ -25,9 +25,7 @@ class FakeEditor final : public ActivityEditor {
 };
 
 struct Window {
-    explicit Window(AppFixture& fixture)
-        : program(fixture.services, fixture.prompter, fixture.keys, fixture.texts),
-          form(program, {dialogs, picker, editor}) {
+    explicit Window(ProgramFixture& fixture) : program(fixture.Build()) {
         QCOMPARE(form.Start({}), StartUpResult::Running);
     }
     QAction& Command(const char* name) { return *form.findChild<QAction*>(QLatin1String(name)); }
@@ -50,6 +48,6 @@ struct Window {
     DialogHost dialogs;
     FakeFilePicker picker;
     FakeEditor editor;
-    Program program;
-    frmMain form;
+    Program& program;
+    frmMain form{program, {dialogs, picker, editor}};
 };

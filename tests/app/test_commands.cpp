@@ -5,16 +5,10 @@ namespace {
 
 const QStringList three{u"A"_qs, u"B"_qs, u"C"_qs};
 
-QByteArray bytesOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<none>");
-}
-
-struct World : AppFixture {
+struct World : ProgramFixture {
     World() {
         Fill(three);
-        Write(other,
-              u"<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><items>"_qs + Activity(u"Other"_qs) + u"</items>"_qs);
+        WriteActivities(other, Copying(u"Other"_qs));
         prompter.yes = true;
     }
     const QString other = Path(u"other.kvd"_qs);
@@ -63,7 +57,7 @@ class TestCommands final : public QObject {
         QCOMPARE(window.editor.shown.Text(ActivityField::Interval), u"2"_qs);
         QCOMPARE(world.prompter.shown.back().text, world.texts[Text::NameTaken]);
         QCOMPARE(window.Names(), (QStringList{u"A"_qs, u"C"_qs, u"B"_qs}));
-        QVERIFY(bytesOf(world.DefaultFile()).contains("<comment>changed</comment>"));
+        QVERIFY(world.Read(world.DefaultFile()).contains("<comment>changed</comment>"));
         QVERIFY(window.program.List().IsChecked(2) && !window.program.List().IsTakenOut(u"B"_qs));
 
         window.editor.onEdit = [&](const ActivityEditor::Writer& write) {
@@ -82,25 +76,42 @@ class TestCommands final : public QObject {
             World world;
             Window window(world);
             window.Select({u"B"_qs});
-            const QString foreign = u"<items><Elsewhere/></items>"_qs;
+            const QByteArray foreign = "<items><Elsewhere/></items>";
             world.prompter.yes = reloads;
             window.editor.onEdit = [&](const ActivityEditor::Writer& write) {
-                AppFixture::Write(world.DefaultFile(), foreign); // by somebody else, meanwhile
+                world.Write(world.DefaultFile(), foreign); // by another program, meanwhile
                 return write(u"B"_qs, window.editor.shown) || write(u"B"_qs, window.editor.shown);
             };
             window.Command("mnuProperties").trigger();
             const QString asked = u"Error: "_qs + world.texts[Text::FileChangedOutside] + u"\n\n"_qs +
                                   world.texts[Text::LoadAgainQuestion];
             QCOMPARE(world.prompter.Told(), QStringList(reloads ? 1 : 2, asked));
-            QCOMPARE(bytesOf(world.DefaultFile()) == foreign.toLatin1(), !reloads);
+            QCOMPARE(world.Read(world.DefaultFile()) == foreign, !reloads);
             QCOMPARE(window.Names(), reloads ? QStringList({u"Elsewhere"_qs, u"B"_qs}) : three);
         }
+    }
+
+    void aCommandThatThrowsEndsInABox() {
+        World world;
+        Window window(world);
+        window.Select({u"B"_qs});
+        window.editor.onEdit = [](const ActivityEditor::Writer&) -> bool { throw std::runtime_error("no memory"); };
+        window.Command("mnuProperties").trigger();
+        QTest::keyClick(&window.View(), Qt::Key_Return);
+        QCOMPARE(world.prompter.Told(), QStringList(2, u"Error: no memory"_qs));
+        world.prompter.onAsk = [&](const Message& asked) {
+            if (asked.text == world.texts[Text::StartNowQuestion])
+                throw std::runtime_error("no box");
+        };
+        window.Command("mnuStartActivityNow").trigger();
+        QCOMPARE(world.prompter.shown.back().text, u"no box"_qs);
+        QVERIFY(window.Command("mnuStartActivityNow").isEnabled());
     }
 
     void nothingIsTypedForAFileThatWasNotLoaded() {
         World world;
         world.prompter.yes = false;
-        AppFixture::Write(world.DefaultFile(), u"damaged"_qs);
+        world.Write(world.DefaultFile(), "damaged");
         Window window(world);
         window.Command("mnuAddDir").trigger();
         QVERIFY(window.editor.opened.isEmpty());
@@ -126,16 +137,16 @@ class TestCommands final : public QObject {
         window.editor.onEdit = [&](const ActivityEditor::Writer& write) {
             ActivityRecord record = window.editor.shown;
             record.SetNumber(ActivityField::Action, 3);
-            static_cast<void>(write(u"B"_qs, record) || write(u"New"_qs, record));
+            std::ignore = write(u"B"_qs, record) || write(u"New"_qs, record);
             return false;
         };
-        const QByteArray bytes = bytesOf(world.DefaultFile());
-        AppFixture::Write(world.DefaultFile(), QString::fromLatin1(bytes + ' '));
+        const QByteArray bytes = world.Read(world.DefaultFile());
+        world.Write(world.DefaultFile(), bytes + ' ');
         window.Command(qPrintable(command)).trigger();
         QVERIFY(world.prompter.shown.back().text.startsWith(world.texts[Text::FileChangedOutside]));
         QCOMPARE(window.program.Document().XML(), before);
         QVERIFY(window.Names() == three && window.program.List().IsChecked(1));
-        AppFixture::Write(world.DefaultFile(), QString::fromLatin1(bytes));
+        world.Write(world.DefaultFile(), bytes);
     }
 
     void clears_data() {
@@ -191,8 +202,7 @@ class TestCommands final : public QObject {
         QTest::addColumn<QList<Text>>("boxes");
         QTest::newRow("other") << u"other.kvd"_qs << QList<Text>{Text::ReallyProceed};
         QTest::newRow("not wanted") << QString() << QList<Text>{Text::ReallyProceed};
-        QTest::newRow("the same") << u"program/Kalvenor.kvd"_qs
-                                  << QList<Text>{Text::ReallyProceed, Text::CannotImportCurrent};
+        QTest::newRow("the same") << u"Kalvenor.kvd"_qs << QList<Text>{Text::ReallyProceed, Text::CannotImportCurrent};
     }
     void imports() {
         QFETCH(QString, chosen);
@@ -217,7 +227,7 @@ class TestCommands final : public QObject {
         QTest::addColumn<QString>("chosen");
         QTest::addColumn<QString>("box");
         QTest::newRow("existing file") << u"other.kvd"_qs << QString();
-        QTest::newRow("the same") << u"program/Kalvenor.kvd"_qs << u"The file is in use"_qs;
+        QTest::newRow("the same") << u"Kalvenor.kvd"_qs << u"The file is in use"_qs;
         QTest::newRow("no such folder") << u"none/copy.kvd"_qs << u"could not be saved"_qs;
     }
     void exports() {
@@ -238,7 +248,7 @@ class TestCommands final : public QObject {
         QVERIFY(world.prompter.shown.empty());
         QCOMPARE(window.program.File().CurrentPath(), path);
         QVERIFY(window.form.windowTitle().contains(path));
-        QVERIFY(bytesOf(path).contains("<A>") && bytesOf(path).contains("<C>"));
+        QVERIFY(world.Read(path).contains("<A>") && world.Read(path).contains("<C>"));
         // The lock has moved along: the old file may be monitored elsewhere, the new one may not.
         EngineLock elsewhere(*world.locks, *world.services.ownFiles);
         LockRefusal refusal{};

@@ -1,5 +1,5 @@
 // The real main window over a real program: monitoring, running now, and above all how it closes.
-#include "EditorDialog.h"
+#include "ActivityEditor.h"
 #include "ModalForm.h"
 #include "WindowFixture.h"
 #include "frmOptions.h"
@@ -8,15 +8,11 @@
 
 namespace {
 
-struct World : AppFixture {
+struct World : ProgramFixture {
     explicit World(const QStringList& activities = {u"A"_qs}, const QStringList& files = {u"f"_qs}) {
         Fill(activities, files);
     }
-    QByteArray Bytes() {
-        QFile file(DefaultFile());
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-    QStringList Copies(const QString& name) { return QDir(Folder(name + u"-out"_qs)).entryList(QDir::Files); }
+    QStringList Copies(const QString& name) const { return Entries(name + u"-out"_qs); }
     QString Stored(const char* key) const {
         return settings->values.value(u"Kalvenor/WindowPos/"_qs + QLatin1String(key));
     }
@@ -32,7 +28,7 @@ class TestFrmMain : public QObject {
   private Q_SLOTS:
     void refusesToStartWithNothingActive() {
         World world;
-        world.WriteActivities({world.Activity(u"A"_qs, false)});
+        world.WriteActivities(world.DefaultFile(), world.Copying(u"A"_qs, false));
         Window window(world);
         window.Command("mnuStart").trigger();
         QVERIFY(!window.program.Monitoring().IsOn() && !window.Command("mnuStart").isChecked());
@@ -79,14 +75,15 @@ class TestFrmMain : public QObject {
         window.form.close();
         QVERIFY(!window.program.Monitoring().IsOn() && !window.form.isVisible());
         QCOMPARE(world.Stored("WindowState"), u"0"_qs);
-        QVERIFY(closed.wait());
+        QTRY_COMPARE(closed.size(), 1);
     }
 
     void exitAsksAboutAChangedEditorAndTheSystemDoesNot() {
         World world;
-        const QByteArray before = world.Bytes();
+        const QByteArray before = world.Read(world.DefaultFile());
         Window window(world);
         QSignalSpy closed(&window.form, &frmMain::Closed);
+        window.Command("mnuStart").trigger();
         window.editor.onEdit = [&](const ActivityEditor::Writer& write) {
             EditorDialog editor(window.program, window.dialogs, window.picker);
             return editor.Edit(u"A"_qs, window.editor.shown, write);
@@ -103,8 +100,9 @@ class TestFrmMain : public QObject {
         window.Select({u"A"_qs});
         window.Command("mnuProperties").trigger();
         QCOMPARE(world.prompter.shown.size(), 1U);
-        QCOMPARE(world.Bytes(), before);
-        QVERIFY(closed.wait());
+        QCOMPARE(world.Read(world.DefaultFile()), before);
+        QVERIFY(!window.program.Monitoring().IsOn() && !world.Stored("Top").isEmpty());
+        QTRY_COMPARE(closed.size(), 1);
     }
 
     void closingDuringARunWaitsForItsFile() {
@@ -123,39 +121,28 @@ class TestFrmMain : public QObject {
             QVERIFY(window.form.isVisible());
             world.prompter.yes = true;
             window.form.close();
-            QTest::qWait(60); // longer than the window takes to look again
+            // The window looks whether the run has ended.
+            const auto* waiter = window.form.findChild<RunEndWaiter*>();
+            QVERIFY(QMetaObject::invokeMethod(waiter->findChild<QTimer*>(), "timeout"));
             isOver = !closed.isEmpty();
         };
         window.Command("mnuStartActivityNow").trigger();
         QVERIFY(!isOver && !window.form.isVisible());
         QVERIFY(world.Copies(u"A"_qs).size() < 4);
-        QVERIFY(closed.wait());
-    }
-
-    void sessionEndAsksNothing() {
-        World world;
-        Window window(world);
-        QSignalSpy closed(&window.form, &frmMain::Closed);
-        window.Command("mnuStart").trigger();
-        window.form.CloseWithoutQuestion();
-        QVERIFY(world.prompter.shown.empty());
-        QVERIFY(!window.program.Monitoring().IsOn());
-        QVERIFY(closed.wait());
-        QVERIFY(!world.Stored("Top").isEmpty());
+        QTRY_COMPARE(closed.size(), 1);
     }
 
     void endDuringTheNoticeSavesNothing() {
         World world;
         world.settings->values.clear();
-        Program program(world.services, world.prompter, world.keys, world.texts);
         DialogHost dialogs;
         FakeFilePicker picker;
         FakeEditor editor;
-        frmMain form(program, {dialogs, picker, editor});
+        frmMain form(world.Build(), {dialogs, picker, editor});
         QSignalSpy closed(&form, &frmMain::Closed);
         QTimer::singleShot(0, &form, [&] { form.CloseWithoutQuestion(); });
         QCOMPARE(form.Start({}), StartUpResult::Ended);
-        QVERIFY(closed.wait());
+        QTRY_COMPARE(closed.size(), 1);
         QCOMPARE(world.settings->values.keys(), QStringList{u"Kalvenor/Options/Done"_qs});
     }
 

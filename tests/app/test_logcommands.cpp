@@ -60,7 +60,7 @@ class TestLogCommands : public QObject {
     }
 
     void deletesConfirmedRegularFilesOnly() {
-        /// What is told, and "gone" when the file is.
+        /// What the boxes say, and "gone" when the file is.
         const auto removal = [](const QString& log, const QString& kind, bool yes) {
             Scene scene;
             scene.prompter.yes = yes;

@@ -1,10 +1,10 @@
-// The general options as the user edits them: what is stored, created and started with the session.
-#include "AppFixture.h"
+// The general options: how they are read, and what the dialog stores, creates and starts with the session.
 #include "DialogHost.h"
 #include "FakeFilePicker.h"
 #include "HelpCommands.h"
 #include "ModalForm.h"
 #include "OptionsCommand.h"
+#include "ProgramFixture.h"
 #include "frmStartOptions.h"
 #include <QCheckBox>
 #include <QLineEdit>
@@ -12,8 +12,8 @@
 
 namespace {
 
-struct Scene : AppFixture {
-    Scene() { program.Options().ReadRegistry(); }
+struct Scene : ProgramFixture {
+    Scene() { program->Options().ReadRegistry(); }
 
     /// Opens the dialog, acts in it and saves, unless the act has ended it.
     template <typename Act>
@@ -27,11 +27,10 @@ struct Scene : AppFixture {
     }
     QString Stored(const QString& key) const { return settings->values.value(u"Kalvenor/Options/"_qs + key); }
 
-    Program program{services, prompter, keys, texts};
     DialogHost dialogs;
     FakeFilePicker picker;
-    HelpCommands help{program, dialogs};
-    OptionsCommand command{program, dialogs, picker, help};
+    HelpCommands help{Build(), dialogs};
+    OptionsCommand command{*program, dialogs, picker, help};
 };
 
 } // namespace
@@ -40,6 +39,25 @@ class TestOptionsCommand : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
+    void whatIsNoNumberSwitchesNoSafetyOff() {
+        const auto read = [](const std::optional<QString>& stored) {
+            MemorySettings settings;
+            if (stored)
+                for (const char* key : {"Shutdown", "StartUp", "ExitAlert", "StopIfFolderNotExist"})
+                    settings.values[u"Kalvenor/Options/"_qs + QLatin1String(key)] = *stored;
+            clsWatcher options(settings);
+            options.Shutdown = 9; // must not be left over
+            options.ReadRegistry();
+            return QList<int>{options.Shutdown, options.StartUp, options.ExitAlert, options.StopIfFolderNotExist};
+        };
+        const QList byDefault{0, 0, 1, 1};
+        QCOMPARE(read(u" 1 "_qs), QList({1, 1, 1, 1}));
+        QCOMPARE(read(u"0"_qs), QList({0, 0, 0, 0}));
+        QCOMPARE(read(std::nullopt), byDefault);
+        for (const QString& broken : {QString(), u"256"_qs, u"4294967296"_qs, u"-1"_qs, u"0x"_qs})
+            QCOMPARE(read(broken), byDefault);
+    }
+
     void everyControlIsItsOption() {
         const QMap<const char*, QString> switches{{"chkStartWithWindows", u"ActivateWhileWindowsStarting"_qs},
                                                   {"chkMinToTray", u"ToTray"_qs},
@@ -61,8 +79,8 @@ class TestOptionsCommand : public QObject {
 
     void cancelWritesWhatWas() {
         Scene scene;
-        scene.program.Options().ToTray = 7;
-        scene.program.Options().LoggingPath = u"/a, b.log"_qs;
+        scene.program->Options().ToTray = 7;
+        scene.program->Options().LoggingPath = u"/a, b.log"_qs;
         scene.Edit([&](frmStartOptions& form) {
             QVERIFY(!Find<QCheckBox>(form, "chkMinToTray").isChecked());
             Find<QCheckBox>(form, "chkStartWithWindows").click();
@@ -72,7 +90,7 @@ class TestOptionsCommand : public QObject {
         QCOMPARE(scene.Stored(u"ToTray"_qs), u"7"_qs);
         QCOMPARE(scene.Stored(u"LoggingPath"_qs), u"/a, b.log"_qs);
         QCOMPARE(scene.Stored(u"ExitAlert"_qs), u"1"_qs);
-        QVERIFY(scene.program.Options().CancelOptions);
+        QVERIFY(scene.program->Options().CancelOptions);
         QVERIFY(scene.autostart->entries.isEmpty());
         QVERIFY(!QFile::exists(scene.Path("new.log")));
     }
@@ -84,14 +102,14 @@ class TestOptionsCommand : public QObject {
         QCOMPARE(scene.prompter.shown.size(), 1U);
         QVERIFY(scene.prompter.shown.front().text.startsWith(scene.texts[Text::OptionsNotStored]));
         QCOMPARE(scene.Stored(u"ExitAlert"_qs), QString());
-        QVERIFY(scene.program.Options().SafeExit());
+        QVERIFY(scene.program->Options().SafeExit());
     }
 
     void createsTheLogButNoFolder() {
         Scene scene;
-        AppFixture::Write(scene.Path("old.log"), u"entries"_qs);
+        scene.Write(u"old.log"_qs, "entries");
         scene.Edit([&](frmStartOptions& form) {
-            for (const char* refused : {"no/new.log", "old.log/new.log", "program"}) {
+            for (const char* refused : {"no/new.log", "old.log/new.log", "."}) {
                 Find<QLineEdit>(form, "txtLoggingPath").setText(scene.Path(refused));
                 Find<QPushButton>(form, "cmdSave").click();
                 QVERIFY(form.isVisible());
@@ -114,10 +132,10 @@ class TestOptionsCommand : public QObject {
         const auto& entries = scene.autostart->entries;
         const auto click = [](frmStartOptions& form) { Find<QCheckBox>(form, "chkStartWithWindows").click(); };
         scene.Edit(click);
-        QCOMPARE(entries.value(u"Kalvenor"_qs), scene.Folder(u"program"_qs) + u"/Kalvenor"_qs);
+        QCOMPARE(entries.value(u"Kalvenor"_qs), scene.Path("Kalvenor"));
 
         // Somebody else's entry, and the option says no: the box shows the entry, clearing it removes the entry.
-        scene.program.Options().ActivateWhileWindowsStarting = 0;
+        scene.program->Options().ActivateWhileWindowsStarting = 0;
         scene.autostart->entries[u"Kalvenor"_qs] = u"/other/program"_qs;
         scene.Edit(click);
         QVERIFY(entries.isEmpty());
@@ -125,7 +143,7 @@ class TestOptionsCommand : public QObject {
         scene.autostart->failure = std::make_error_code(std::errc::read_only_file_system);
         scene.Edit([](frmStartOptions&) {});
         QCOMPARE(scene.prompter.shown.size(), 1U);
-        QVERIFY(!scene.program.Options().CancelOptions);
+        QVERIFY(!scene.program->Options().CancelOptions);
     }
 };
 

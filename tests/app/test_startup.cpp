@@ -1,9 +1,8 @@
-// The order of the start, with and without a window, and what must not have happened when it is broken off.
-#include "AppFixture.h"
+// The command line, the order of the start with and without a window, and what must not happen when it is cut short.
 #include "CommandLine.h"
 #include "HeadlessHost.h"
-#include "HeadlessLog.h"
-#include "HeadlessPrompter.h"
+#include "HeadlessUser.h"
+#include "ProgramFixture.h"
 #include "SingleInstance.h"
 #include "StartUp.h"
 #include <QtTest>
@@ -28,19 +27,13 @@ struct RecordingFace final : StartUpFace {
 };
 
 /// A program that has not started yet, without a window.
-struct World : AppFixture {
+struct World : ProgramFixture {
     explicit World(bool isAccepted = true) {
         if (!isAccepted)
             settings->values.clear();
+        Build();
     }
-    StartUpResult Start(const QStringList& words = {}) { return RunStartUp(program, ParseCommandLine(words), face); }
-    void Tick() {
-        for (int second = 0; second < 10; ++second) {
-            clock->Advance(std::chrono::seconds(1));
-            program.Timers().tmrMonitoring.Poll();
-        }
-    }
-    Program program{services, prompter, keys, texts};
+    StartUpResult Begin(const QStringList& words = {}) { return RunStartUp(*program, ParseCommandLine(words), face); }
     RecordingFace face;
 };
 
@@ -49,9 +42,44 @@ struct World : AppFixture {
 class TestStartUp : public QObject {
     Q_OBJECT
 
+    /// "kind: text -> file", the file relative to the present folder.
+    static QString parsed(const QStringList& words) {
+        const QStringList kinds{u"nothing"_qs, u"start"_qs, u"word"_qs, u"file"_qs};
+        const CommandLine result = ParseCommandLine(words);
+        QString said = kinds.at(static_cast<int>(result.kind)) + u": " + result.text;
+        if (!result.file.isEmpty())
+            said += u" -> " + QString(result.file).replace(QDir::currentPath() + u'/', u"./"_qs);
+        return said;
+    }
+
   private Q_SLOTS:
+    void parses() {
+        QCOMPARE(parsed({}), u"nothing: "_qs);
+        QCOMPARE(parsed({u"STARTSERVICE"_qs}), u"start: STARTSERVICE"_qs);
+        QCOMPARE(parsed({u"STARTSERVICE"_qs, u"x"_qs}), u"file: STARTSERVICE x -> ./STARTSERVICE x"_qs);
+        QCOMPARE(parsed({u"/a/my"_qs, u"own"_qs, u"file.kvd"_qs}),
+                 u"file: /a/my own file.kvd -> /a/my own file.kvd"_qs);
+        QCOMPARE(parsed({u"\"\"/a\"\""_qs}), u"file: \"/a\" -> ./\"/a\""_qs); // one pair of quotes goes
+        QCOMPARE(parsed({u"link/../b.kvd"_qs}), u"file: link/../b.kvd -> ./link/../b.kvd"_qs);
+    }
+
+    void leavesOutWhatQtTakes() {
+        QCOMPARE(parsed({u"-plugin"_qs, u"xcb"_qs, u"--style"_qs, u"fusion"_qs, u"-reverse"_qs, u"/a.kvd"_qs}),
+                 u"file: /a.kvd -> /a.kvd"_qs);
+        QCOMPARE(parsed({u"STARTSERVICE"_qs, u"-platform"_qs, u"offscreen"_qs}), u"start: STARTSERVICE"_qs);
+        QCOMPARE(parsed({u"/a.kvd"_qs, u"-platform"_qs}), u"file: /a.kvd -> /a.kvd"_qs); // its value is missing
+    }
+
+    void showsWindowsOnlyWhereSomebodySeesThem() {
+        const QString display = u":0"_qs;
+        QVERIFY(!ShowsWindows({{}, {}, {}}));
+        QVERIFY(ShowsWindows({display, {}, {}}));
+        QVERIFY(ShowsWindows({{}, u"wayland-0"_qs, {}}));
+        QVERIFY(!ShowsWindows({display, {}, u"offscreen"_qs}));
+    }
+
     void secondCopyIsRefused() {
-        AppFixture fixture;
+        ProgramFixture fixture;
         const auto start = [&](const QStringList& words = {}) {
             return std::make_unique<SingleInstance>(*fixture.locks, ParseCommandLine(words), fixture.prompter,
                                                     fixture.texts);
@@ -68,31 +96,28 @@ class TestStartUp : public QObject {
     }
 
     void takesAFileThatIsThere() {
-        for (const QString& argument : {u"%1/other.kvd"_qs, u"%1/none.kvd"_qs, u"%1/program"_qs}) {
+        for (const QString& argument : {u"%1/other.kvd"_qs, u"%1/none.kvd"_qs, u"%1/folder"_qs}) {
             World world;
             const QString path = QString(argument).replace(u"%1"_qs, world.Path());
             const bool taken = argument == u"%1/other.kvd";
-            AppFixture::Write(world.Path(u"other.kvd"_qs),
-                              u"<?xml version=\"1.0\"?><items>"_qs + world.Activity(u"A"_qs) + u"</items>"_qs);
-            QCOMPARE(world.Start({path}), StartUpResult::Running);
+            world.Folder(u"folder"_qs);
+            world.WriteActivities(u"other.kvd"_qs, world.Copying(u"A"_qs));
+            QCOMPARE(world.Begin({path}), StartUpResult::Running);
             QVERIFY(QFile::exists(world.DefaultFile())); // ensured in any case
-            QCOMPARE(world.program.File().CurrentPath(), taken ? path : world.DefaultFile());
-            QCOMPARE(world.program.List().Rows(), taken ? 1 : 0);
+            QCOMPARE(world.program->File().CurrentPath(), taken ? path : world.DefaultFile());
+            QCOMPARE(world.program->List().Rows(), taken ? 1 : 0);
             const QString box = u"Invalid file: File '"_qs + path + u"' could not be started with Kalvenor."_qs;
             QCOMPARE(world.prompter.Told(), taken ? QStringList() : QStringList{box});
         }
     }
 
     void wordsOfTheServiceEndTheStart() {
-        AppFixture fixture;
-        fixture.WriteActivities({fixture.Activity(u"A"_qs)});
-        Program program(fixture.services, fixture.prompter, fixture.keys, fixture.texts);
-        RecordingFace face;
-        QCOMPARE(RunStartUp(program, ParseCommandLine({u"install"_qs}), face), StartUpResult::Ended);
-        QCOMPARE(fixture.serviceManager->asked, QStringList{u"install"_qs});
-        QCOMPARE(fixture.prompter.shown.front().text, fixture.texts[Text::ServiceInstalled]);
-        QCOMPARE(fixture.process->endedWith, std::optional<int>(0));
-        QVERIFY(face.steps.isEmpty());
+        World world;
+        QCOMPARE(world.Begin({u"install"_qs}), StartUpResult::Ended);
+        QCOMPARE(world.serviceManager->asked, QStringList{u"install"_qs});
+        QCOMPARE(world.prompter.shown.front().text, world.texts[Text::ServiceInstalled]);
+        QCOMPARE(world.process->endedWith, std::optional<int>(0));
+        QVERIFY(world.face.steps.isEmpty());
     }
 
     void nothingRunsBeforeTheNoticeIsAnswered() {
@@ -103,38 +128,36 @@ class TestStartUp : public QObject {
         world.face.accepts = true;
         bool monitoredMeanwhile = false;
         world.face.onNotice = [&] {
-            monitoredMeanwhile = world.program.Monitoring().IsOn();
-            world.Tick();
+            monitoredMeanwhile = world.program->Monitoring().IsOn();
+            world.Pass(std::chrono::seconds(10));
             QVERIFY(!QFile::exists(copy));
         };
-        QCOMPARE(world.Start(), StartUpResult::Running);
+        QCOMPARE(world.Begin(), StartUpResult::Running);
         QCOMPARE(world.face.steps, (QStringList{u"appear"_qs, u"state"_qs, u"notice"_qs}));
-        QVERIFY(monitoredMeanwhile && world.program.IsNoticeAccepted());
-        world.Tick();
+        QVERIFY(monitoredMeanwhile && world.program->IsNoticeAccepted());
+        world.Pass(std::chrono::seconds(10));
         QVERIFY(QFile::exists(copy));
     }
 
     void declineSavesNothing() {
         World world(false);
-        QCOMPARE(world.Start(), StartUpResult::Declined);
+        QCOMPARE(world.Begin(), StartUpResult::Declined);
         QCOMPARE(world.settings->values.keys(), QStringList{u"Kalvenor/Options/Done"_qs}); // of the file type
-        QVERIFY(!world.program.IsNoticeAccepted());
+        QVERIFY(!world.program->IsNoticeAccepted());
     }
 
     void damagedFileIsLeftAloneWithoutAYes() {
         World world;
-        AppFixture::Write(world.DefaultFile(), u"no activity file"_qs);
-        QCOMPARE(world.Start(), StartUpResult::Running);
-        QFile file(world.DefaultFile());
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QCOMPARE(file.readAll(), QByteArray("no activity file"));
+        world.Write(world.DefaultFile(), "no activity file");
+        QCOMPARE(world.Begin(), StartUpResult::Running);
+        QCOMPARE(world.Read(world.DefaultFile()), QByteArray("no activity file"));
     }
 
     void headlessWithoutAcceptanceTouchesNothing() {
         World world(false);
         std::ostringstream lines;
         HeadlessLog log(lines, false);
-        HeadlessHost host(world.program, log);
+        HeadlessHost host(*world.program, log);
         QCOMPARE(host.Start({}), std::optional<int>(3));
         const QString said = QString::fromStdString(lines.str());
         QVERIFY(said.contains(world.texts[Text::LegalNotice]) && said.contains(world.texts[Text::AcceptHeadless]));
@@ -150,17 +173,17 @@ class TestStartUp : public QObject {
             world.SetOption("StartUp", startUp ? u"1"_qs : u"0"_qs);
             std::ostringstream lines;
             HeadlessLog log(lines, true);
-            HeadlessHost host(world.program, log);
+            HeadlessHost host(*world.program, log);
             QCOMPARE(host.Start({}), std::nullopt);
-            QCOMPARE(world.program.Monitoring().IsOn(), startUp);
+            QCOMPARE(world.program->Monitoring().IsOn(), startUp);
             QVERIFY(world.prompter.shown.empty());
             QCOMPARE(QString::fromStdString(lines.str()),
                      startUp ? QString() : u"<5>"_qs + world.texts[Text::MonitoringIsOff] + u'\n');
 
             QSignalSpy closed(&host, &HeadlessHost::Closed);
             host.RequestStop();
-            QVERIFY(closed.wait());
-            QVERIFY(!world.program.Monitoring().IsOn() && world.program.State().Closing());
+            QTRY_COMPARE(closed.size(), 1);
+            QVERIFY(!world.program->Monitoring().IsOn() && world.program->State().Closing());
             QCOMPARE(world.serviceManager->asked, (QStringList{u"ready"_qs, u"stopping"_qs}));
         }
     }
@@ -168,7 +191,7 @@ class TestStartUp : public QObject {
     void headlessWaitsForItsFile() {
         for (const bool isLocked : {true, false}) { // else it cannot be loaded
             World world;
-            const QString damaged = u"<items>"_qs;
+            const QByteArray damaged = "<items>";
             world.Fill({u"A"_qs});
             world.SetOption("StartUp", u"1"_qs);
             EngineLock elsewhere(*world.locks, *world.services.ownFiles);
@@ -177,23 +200,23 @@ class TestStartUp : public QObject {
             if (isLocked)
                 other = elsewhere.Take(world.DefaultFile(), ignored);
             else
-                AppFixture::Write(world.DefaultFile(), damaged);
+                world.Write(world.DefaultFile(), damaged);
             std::ostringstream lines;
             HeadlessLog log(lines, false);
-            HeadlessHost host(world.program, log);
+            HeadlessHost host(*world.program, log);
             QCOMPARE(host.Start({}), std::nullopt);
             auto* retry = host.findChild<QTimer*>();
             const auto aMinuteLater = [&] { QVERIFY(QMetaObject::invokeMethod(retry, "timeout")); };
             const std::size_t told = world.prompter.shown.size();
             aMinuteLater();
-            AppFixture::Write(world.DefaultFile(), damaged);
+            world.Write(world.DefaultFile(), damaged);
             other.reset();
             aMinuteLater();
-            QVERIFY(retry->isActive() && !world.program.Monitoring().IsOn());
-            world.WriteActivities({world.Activity(u"B"_qs)}); // by the other process
+            QVERIFY(retry->isActive() && !world.program->Monitoring().IsOn());
+            world.WriteActivities(world.DefaultFile(), world.Copying(u"B"_qs)); // by the other process
             aMinuteLater();
-            QVERIFY(world.program.Monitoring().IsOn() && !retry->isActive());
-            QCOMPARE(world.program.List().NameAt(0), u"B"_qs);
+            QVERIFY(world.program->Monitoring().IsOn() && !retry->isActive());
+            QCOMPARE(world.program->List().NameAt(0), u"B"_qs);
             QCOMPARE(world.prompter.shown.size(), told);
             QCOMPARE(QString::fromStdString(lines.str()), world.texts[Text::RetryEveryMinute] + u'\n');
         }
@@ -209,7 +232,7 @@ class TestStartUp : public QObject {
         QCOMPARE(prompter.Ask({u"Gone"_qs, title, MessageIcon::Exclamation, MessageButtons::Ok}), MessageAnswer::Ok);
         const Message countdown{u"Off"_qs, title, MessageIcon::Exclamation, MessageButtons::OkCancel,
                                 std::chrono::seconds(60)};
-        QCOMPARE(prompter.Ask(countdown), MessageAnswer::Ok); // nobody could cancel it
+        QCOMPARE(prompter.Ask(countdown), MessageAnswer::Ok); // no user could cancel it
         QCOMPARE(QString::fromStdString(lines.str()), u"<5>T: Replace 'a'? -> No\n<4>T: Gone\n<4>T: Off\n"_qs);
     }
 };

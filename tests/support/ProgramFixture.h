@@ -1,4 +1,4 @@
-// A whole program on folders of its own: real files, everything else steered by the test.
+// A whole program on folders of its own: real files; the test steers everything else. The notice is accepted.
 #pragma once
 
 #include "FakeWorld.h"
@@ -9,6 +9,18 @@ class ProgramFixture : public FakeWorld {
   public:
     using Fields = QMap<QString, QString>;
 
+    ProgramFixture() { SetOption("Accepted", u"Yes"_qs); }
+
+    QString DefaultFile() const { return Path(u"Kalvenor.kvd"_qs); }
+    void SetOption(const char* key, const QString& value) {
+        settings->values[u"Kalvenor/Options/"_qs + QLatin1String(key)] = value;
+    }
+    /// An existing folder.
+    QString Folder(const QString& name) const {
+        QDir().mkpath(Path(name));
+        return Path(name);
+    }
+
     void Write(const QString& relative, const QByteArray& bytes, qint64 modifiedSeconds = 1'700'000'000) const {
         QVERIFY(ScratchFolder::Write(relative, bytes));
         QFile file(Path(relative));
@@ -16,8 +28,8 @@ class ProgramFixture : public FakeWorld {
         file.setFileTime(QDateTime::fromSecsSinceEpoch(modifiedSeconds), QFileDevice::FileModificationTime);
     }
 
-    /// An activity with sensible fields; `fields` replaces or adds some.
-    void Add(const QString& name, const Fields& fields = {}) {
+    /// The element of an activity with sensible fields; `fields` replaces or adds some.
+    QString Activity(const QString& name, const Fields& fields = {}) const {
         Fields all{{QStringLiteral("sourcedir"), Path(QStringLiteral("src"))},
                    {QStringLiteral("targetdir"), Path(QStringLiteral("dst"))},
                    {QStringLiteral("type"), QStringLiteral("0")},
@@ -31,24 +43,51 @@ class ProgramFixture : public FakeWorld {
                    {QStringLiteral("exceedtime"), QString()}};
         for (auto field = fields.begin(); field != fields.end(); ++field)
             all[field.key()] = field.value();
-        m_xml += QStringLiteral("  <") + name + QStringLiteral(">\n");
+        QString xml = QStringLiteral("  <") + name + QStringLiteral(">\n");
         for (auto field = all.begin(); field != all.end(); ++field)
-            m_xml += QStringLiteral("    <%1>%2</%1>\n").arg(field.key(), field.value().toHtmlEscaped());
-        m_xml += QStringLiteral("  </") + name + QStringLiteral(">\n");
+            xml += QStringLiteral("    <%1>%2</%1>\n").arg(field.key(), field.value().toHtmlEscaped());
+        return xml + QStringLiteral("  </") + name + QStringLiteral(">\n");
+    }
+    /// One that copies from a folder of its own, NAME-in, to NAME-out every other second.
+    QString Copying(const QString& name, bool active = true) const {
+        return Activity(name, {{u"sourcedir"_qs, Folder(name + u"-in"_qs)},
+                               {u"targetdir"_qs, Folder(name + u"-out"_qs)},
+                               {u"intervall"_qs, u"2"_qs},
+                               {u"logfile"_qs, QString()},
+                               {u"activ"_qs, active ? u"1"_qs : u"0"_qs}});
+    }
+    void WriteActivities(const QString& path, const QString& activities) const {
+        const QString xml =
+            u"<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n<items>\n"_qs + activities + u"</items>\n"_qs;
+        if (!ScratchFolder::Write(path, xml.toLatin1()))
+            qFatal("no activity file");
+    }
+    /// The default file with a copying activity of each name, each with these files to copy.
+    void Fill(const QStringList& activityNames, const QStringList& files = {u"f"_qs}) const {
+        QString activities;
+        for (const QString& name : activityNames) {
+            activities += Copying(name);
+            for (const QString& file : files)
+                Write(name + u"-in/"_qs + file, "content of " + file.toLatin1());
+        }
+        WriteActivities(DefaultFile(), activities);
+    }
+
+    /// Adds one to the file that Start writes.
+    void Add(const QString& name, const Fields& fields = {}) { m_xml += Activity(name, fields); }
+
+    /// The program before its start.
+    Program& Build() {
+        program = std::make_unique<Program>(services, prompter, keys, texts);
+        return *program;
     }
 
     /// Writes the activity file, builds the program and fills its list.
     Program& Start() {
-        QDir().mkpath(Path(QStringLiteral("src")));
-        QDir().mkpath(Path(QStringLiteral("dst")));
-        QFile file(Path(QStringLiteral("Kalvenor.kvd")));
-        if (!file.open(QIODevice::WriteOnly))
-            qFatal("no activity file");
-        file.write((QStringLiteral("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n<items>\n") + m_xml +
-                    QStringLiteral("</items>\n"))
-                       .toLatin1());
-        file.close();
-        program = std::make_unique<Program>(services, prompter, keys, texts);
+        Folder(u"src"_qs);
+        Folder(u"dst"_qs);
+        WriteActivities(DefaultFile(), m_xml);
+        Build();
         program->Options().LoggingPath = Path(QStringLiteral("app.log"));
         program->List().Refill();
         program->AllowTicks();

@@ -3,7 +3,6 @@
 
 #include "DesktopMailClient.h"
 #include "FakeFilePicker.h"
-#include "NewActivity.h"
 #include "ScratchStore.h"
 #include "clsGetSystemDirectoryPaths.h"
 #include "frmOptions.h"
@@ -21,7 +20,7 @@ struct EditorWorld {
 
     EditorServices Services() {
         const QLocale locale(QLocale::English, QLocale::UnitedStates);
-        return {store.texts, store.prompter, picker, store.files, settings, clock, mail, system, locale};
+        return {{store.texts, store.prompter, picker, store.files, settings}, clock, mail, system, locale};
     }
     frmOptions::Request Request(const QString& name, const ActivityRecord& record) {
         return {name,
@@ -38,7 +37,7 @@ struct EditorWorld {
     }
     /// An activity that can be saved as it is.
     ActivityRecord Usable() {
-        ActivityRecord record = NewActivity();
+        ActivityRecord record = frmOptions::NewActivity();
         record.SetText(ActivityField::SourceDir, store.Path("cwd"));
         record.SetText(ActivityField::TargetDir, store.Path("program"));
         return record;

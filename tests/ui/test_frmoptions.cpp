@@ -1,8 +1,8 @@
-// The activity editor as its user meets it: what goes in and comes out of its controls, and what keeps it open.
+// The activity editor: what goes in and comes out of its controls, and what keeps it open.
+#include "EditorFields.h"
 #include "EditorWorld.h"
 #include "ModalForm.h"
 #include "StoreError.h"
-#include "ctlAutoCompleteCombo.h"
 
 #include <QAbstractButton>
 #include <QLineEdit>
@@ -93,7 +93,7 @@ class TestFrmOptions : public QObject {
             {"chkUseSMTP", "-", F::UseSmtp, "0"},
         };
         EditorWorld world;
-        frmOptions form(world.Services(), world.Request({}, NewActivity()));
+        frmOptions form(world.Services(), world.Request({}, frmOptions::NewActivity()));
         Find<QLineEdit>(form, "txtName").setText(q("  Photos "));
         QCOMPARE(form.Name(), q("Photos"));
         ActivityRecord expected = form.Record();
@@ -148,7 +148,7 @@ class TestFrmOptions : public QObject {
         choose("optTime");
         Find<QLineEdit>(form, "txtTime").setText(q("1"));
         choose("optDate");
-        QCOMPARE(form.Record().Text(F::TriggerTime), QString()); // half a time nobody could reach any more
+        QCOMPARE(form.Record().Text(F::TriggerTime), QString()); // half a time that the user could not reach any more
         choose("optNoAction");
         QCOMPARE(form.Record().Text(F::TargetDir), QString());
         choose("optMove");

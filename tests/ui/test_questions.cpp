@@ -1,5 +1,5 @@
 // The boxes that ask the user: what they show and which answer each way of closing them gives.
-#include "DialogFilePicker.h"
+#include "FilePicker.h"
 #include "MessageBoxPrompter.h"
 #include "ModalForm.h"
 #include "ScratchFolder.h"
@@ -86,10 +86,9 @@ class TestQuestions : public QObject {
             Find<QDialogButtonBox>(dialog, "buttonBox").button(QDialogButtonBox::Save)->click();
             QVERIFY(dialog.isVisible());
         });
-        DialogFilePicker picker;
         const FileRequest request{
             .title = {}, .filters = {u"K (*.kvd)"_qs}, .folder = {}, .file = preset, .suffix = u"kvd"_qs};
-        QVERIFY(!picker.SaveFile(request, true).has_value());
+        QVERIFY(!MakeFilePicker()->SaveFile(request, true).has_value());
     }
 
     void noticeIsAcceptedByItsButtonOnly() {

@@ -1,5 +1,6 @@
 // The abort key as the program's own windows see it.
-#include "WindowKeyState.h"
+#include "DesktopKeyState.h"
+#include <QApplication>
 #include <QKeyEvent>
 #include <QWidget>
 #include <QtTest>
@@ -14,19 +15,19 @@ class TestWindowKeys : public QObject {
 
   private Q_SLOTS:
     void followsTheKey() {
-        const WindowKeyState keys(*qApp);
+        const auto keys = MakeDesktopKeyState(*qApp);
         QWidget window;
         send(window, QEvent::KeyPress, Qt::Key_F7);
-        QVERIFY(!keys.IsF8Down());
+        QVERIFY(!keys->IsF8Down());
         send(window, QEvent::KeyPress, Qt::Key_F8);
         send(window, QEvent::KeyRelease, Qt::Key_F8, true); // auto-repeat of a key that is still held
-        QVERIFY(keys.IsF8Down());
+        QVERIFY(keys->IsF8Down());
         send(window, QEvent::KeyRelease, Qt::Key_F8);
-        QVERIFY(!keys.IsF8Down());
+        QVERIFY(!keys->IsF8Down());
         send(window, QEvent::KeyPress, Qt::Key_F8);
         QEvent change(QEvent::ApplicationStateChange); // the focus goes elsewhere
         QCoreApplication::sendEvent(qApp, &change);
-        QVERIFY(!keys.IsF8Down());
+        QVERIFY(!keys->IsF8Down());
     }
 };
 

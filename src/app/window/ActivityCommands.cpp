@@ -1,0 +1,81 @@
+#include "ActivityCommands.h"
+
+#include "ActivityEditor.h"
+#include "ActivityListView.h"
+#include "ActivityWriter.h"
+#include "CommandGuard.h"
+#include "frmOptions.h"
+
+void ActivityCommands::Add(const QString& sourceFolder) {
+    edit(QString(), sourceFolder);
+}
+
+void ActivityCommands::Properties(const QString& name) {
+    if (!name.isEmpty() && m_program.File().Has(name))
+        edit(name, QString());
+}
+
+void ActivityCommands::edit(const QString& name, const QString& sourceFolder) {
+    // Refuse before the user types anything: no correction in the editor would help.
+    if (!m_program.File().IsLoaded())
+        return TellError(m_program, m_program.Texts()[Text::FileNotLoaded]);
+    ActivityRecord record = name.isEmpty() ? frmOptions::NewActivity() : ActivityRecord::Read(m_program.File(), name);
+    if (!sourceFolder.isEmpty())
+        record.SetText(ActivityField::SourceDir, sourceFolder);
+    QString written;
+    // Save while the editor is still open: what cannot be saved can still be corrected there.
+    const auto write = [&](const QString& newName, const ActivityRecord& edited) {
+        bool taken = true;
+        const bool saved = Guarded(m_program, [&] {
+            ActivityWriter writer(m_program.Document(), m_program.File(), m_program.Prompts(), m_program.Texts());
+            taken = writer.Write(name, newName, edited);
+            if (taken)
+                written = newName;
+        });
+        return saved && taken;
+    };
+    if (!m_editor.Edit(name, record, write))
+        return;
+    Guarded(m_program, [this] { m_program.List().Refill(); });
+    m_program.List().Readmit(written);
+    m_view.Select(written);
+}
+
+void ActivityCommands::Delete(const QString& name) {
+    const StringTable& texts = m_program.Texts();
+    if (m_program.List().Rows() == 0 || name.isEmpty())
+        return;
+    const QString file = m_program.File().CurrentPath();
+    if (m_program.Prompts().Ask({texts[Text::DeleteActivityQuestion] + name + texts[Text::ReallyBeDeleted],
+                                 texts[Text::DeleteActivityTitle], MessageIcon::Question, MessageButtons::YesNo}) !=
+            MessageAnswer::Yes ||
+        m_program.File().CurrentPath() != file) // events ran: the question was about another file
+        return;
+    const QString neighbour = m_view.NeighbourOf(name);
+    Guarded(m_program, [&] {
+        m_program.File().ChangeAndSave([&] { m_program.Document().DeleteNode(u"/items/" + name); });
+        m_program.List().Refill();
+    });
+    if (!m_program.List().RowOf(name).has_value())
+        m_view.Select(neighbour);
+}
+
+void ActivityCommands::ClearAll() {
+    const StringTable& texts = m_program.Texts();
+    ActivityFile& file = m_program.File();
+    const QString cleared = file.CurrentPath();
+    const bool wasDefault = file.IsDefault();
+    if (m_program.Prompts().Ask({texts[Text::ClearAllQuestion], texts[Text::ClearAllTitle], MessageIcon::Question,
+                                 MessageButtons::YesNo}) != MessageAnswer::Yes ||
+        file.CurrentPath() != cleared || !file.DeleteCurrent())
+        return;
+    // The user has not started the activities of the default file, so everything of the old one ends first.
+    if (m_program.Monitoring().IsOn())
+        m_program.Monitoring().StopMonitoring();
+    m_program.List().Clear();
+    file.SwitchToDefault();
+    Guarded(m_program, [this] { m_program.List().Refill(); });
+    if (!wasDefault)
+        m_program.Prompts().Ask({texts[Text::DefaultListRestored], QStringLiteral("Kalvenor Pro"),
+                                 MessageIcon::Information, MessageButtons::Ok});
+}

@@ -1,0 +1,28 @@
+// The commands on single activities: new, properties, delete, clear all. A save that fails is shown in a box and leaves
+// document, list and file as they were.
+#pragma once
+
+#include <QString>
+
+class ActivityEditor;
+class ActivityListView;
+class Program;
+
+class ActivityCommands final {
+  public:
+    ActivityCommands(Program& program, ActivityListView& view, ActivityEditor& editor)
+        : m_program(program), m_view(view), m_editor(editor) {}
+
+    /// Begins with `sourceFolder` unless it is empty.
+    void Add(const QString& sourceFolder = {});
+    void Properties(const QString& name);
+    void Delete(const QString& name);
+    void ClearAll();
+
+  private:
+    void edit(const QString& name, const QString& sourceFolder);
+
+    Program& m_program;
+    ActivityListView& m_view;
+    ActivityEditor& m_editor;
+};

@@ -1,0 +1,43 @@
+// The main window's menu bar, the context menu of its list and its toolbar, built from tables. The window owns the
+// widgets; this finds them by name.
+#pragma once
+
+#include "MenuEntry.h"
+#include <functional>
+#include <vector>
+
+class QAction;
+class QMainWindow;
+class QMenu;
+class QPoint;
+class StringTable;
+
+class MainMenu final {
+  public:
+    /// Every entry and button passes its command to `run`, which must outlive the window's widgets.
+    MainMenu(QMainWindow& window, const StringTable& texts, std::function<void(Command)> run);
+
+    /// mnuStart and the toolbar's start button follow the monitoring.
+    void ShowMonitoring(bool on);
+    /// Disables the commands that have nothing to work on.
+    void ShowRows(bool isAnyThere, bool isAnySelected);
+    void SetRunNowEnabled(bool enabled);
+    void SetSearchAgainEnabled(bool enabled);
+    void PopUp(const QPoint& position);
+
+  private:
+    void buildToolbar(QMainWindow& window);
+    [[nodiscard]] bool canWork(Command command) const;
+    void enable();
+    [[nodiscard]] QAction* find(const char* name) const;
+
+    QMainWindow& m_window;
+    const StringTable& m_texts;
+    std::function<void(Command)> m_run;
+    std::vector<QAction*> m_actions; ///< each with the number of its command as its data
+    bool m_hasRows = false;
+    bool m_hasSelection = false;
+    bool m_mayRun = true;
+    bool m_maySearchAgain = false;
+    QMenu* m_edit; ///< in the menu bar and at the pointer over the list
+};

@@ -1,0 +1,74 @@
+#include "OptionsCommand.h"
+
+#include "CommandGuard.h"
+#include "DialogHost.h"
+#include "HelpCommands.h"
+#include "frmStartOptions.h"
+#include "modForeignText.h"
+#include <array>
+
+namespace {
+
+using Form = frmStartOptions::Options;
+
+struct Switch {
+    std::uint8_t clsWatcher::*stored;
+    bool Form::*shown;
+};
+
+constexpr std::array<Switch, 7> switches{{
+    {&clsWatcher::ActivateWhileWindowsStarting, &Form::startWithWindows},
+    {&clsWatcher::ToTray, &Form::minToTray},
+    {&clsWatcher::Shutdown, &Form::shutdown},
+    {&clsWatcher::StartUp, &Form::startUp},
+    {&clsWatcher::LogfileRefresh, &Form::logfileRefresh},
+    {&clsWatcher::ExitAlert, &Form::exitAlert},
+    {&clsWatcher::StopIfFolderNotExist, &Form::stopIfFolderNotExist},
+}};
+
+Form toForm(const clsWatcher& options) {
+    Form form;
+    for (const Switch& row : switches)
+        form.*row.shown = options.*row.stored == 1;
+    form.loggingPath = options.LoggingPath;
+    return form;
+}
+
+void fromForm(const Form& form, clsWatcher& options) {
+    for (const Switch& row : switches)
+        options.*row.stored = form.*row.shown ? 1 : 0;
+    options.LoggingPath = form.loggingPath;
+}
+
+void takeBack(const clsWatcher& before, clsWatcher& options) {
+    for (const Switch& row : switches)
+        options.*row.stored = before.*row.stored;
+    options.LoggingPath = before.LoggingPath;
+}
+
+} // namespace
+
+void OptionsCommand::ShowOptions() {
+    if (m_dialogs.RaiseOpen())
+        return;
+    PlatformServices& services = m_program.Services();
+    clsWatcher& options = m_program.Options();
+    frmStartOptions form({.texts = m_program.Texts(),
+                          .prompter = m_program.Prompts(),
+                          .picker = m_picker,
+                          .files = *services.ownFiles,
+                          .settings = *services.settings},
+                         *services.autostart, services.places.programFolder / "Kalvenor", toForm(options),
+                         m_dialogs.Parent());
+    QObject::connect(&form, &frmStartOptions::HelpWanted, &form, [this] { m_help.OpenManual(); });
+    const bool isCancelled = m_dialogs.Run(form) != QDialog::Accepted;
+    const clsWatcher before = options;
+    if (!isCancelled)
+        fromForm(form.Values(), options);
+    const std::error_code error = options.WriteRegistry();
+    options.CancelOptions = isCancelled;
+    if (!error)
+        return;
+    takeBack(before, options);
+    TellError(m_program, m_program.Texts()[Text::OptionsNotStored] + u'\n' + modForeignText::OfError(error));
+}

@@ -1,0 +1,54 @@
+// The editor's fourth tab: the mail that follows a run. All its controls are disabled while the notification is off.
+// Offers the addresses of the activity file and the contacts of the desktop's mail program.
+#pragma once
+
+#include "RecordBindings.h"
+#include <QStringList>
+#include <QWidget>
+
+class ActivityFile;
+class QGridLayout;
+class QLabel;
+class QPushButton;
+struct EditorServices;
+
+/// The mail addresses that the activities of a file use already, to choose from.
+struct KnownAddresses {
+    QStringList senders;
+    QStringList recipients;
+    QStringList copies;
+
+    /// Each list sorted, without doubles and empty ones.
+    [[nodiscard]] static KnownAddresses Of(const ActivityFile& file);
+};
+
+class EditorMailTab final : public QWidget {
+    Q_OBJECT
+  public:
+    EditorMailTab(const EditorServices& services, const KnownAddresses& known);
+
+    void Show(const ActivityRecord& record);
+    void Store(ActivityRecord& record) const { m_bindings.Store(record); }
+
+  private:
+    void buildAddresses(const KnownAddresses& known);
+    void buildText();
+    void buildContents();
+    void buildHost();
+    void loadContacts();
+    void followSwitches();
+
+    const EditorServices& m_services;
+    bool m_hasMailProgram;
+    QCheckBox* chkMail;
+    QPushButton* cmdLoadMailFromOutlook;
+    QWidget* m_mail;
+    QGridLayout* m_grid;
+    ctlAutoCompleteCombo* cboSender;
+    ctlAutoCompleteCombo* cboRecipient;
+    ctlAutoCompleteCombo* cboCC;
+    QCheckBox* chkUseSMTP;
+    QLineEdit* txtSMTPHost;
+    QLabel* lblNoMailProgram;
+    RecordBindings m_bindings;
+};

@@ -1,0 +1,55 @@
+// The editor's second tab: when the activity runs. Only the controls of the chosen schedule are enabled.
+#pragma once
+
+#include "RecordBindings.h"
+#include <QLocale>
+#include <QString>
+#include <QWidget>
+
+class MaskedField;
+class QButtonGroup;
+class QCheckBox;
+class QGroupBox;
+class QLabel;
+class QPushButton;
+class QSlider;
+class QSpinBox;
+class StringTable;
+struct EditorServices;
+
+class EditorScheduleTab final : public QWidget {
+    Q_OBJECT
+  public:
+    explicit EditorScheduleTab(const EditorServices& services);
+
+    void Show(const ActivityRecord& record);
+    void Store(ActivityRecord& record) const { m_bindings.Store(record); }
+
+    /// The masked fields as they are shown, with a blank for each missing digit.
+    [[nodiscard]] QString ShownDate() const;
+    [[nodiscard]] QString ShownDateTime() const;
+    [[nodiscard]] QString ShownTime() const;
+
+  private:
+    [[nodiscard]] QGroupBox* buildInterval();
+    [[nodiscard]] QGroupBox* buildFixedTimes();
+    void bindFields();
+    void followSchedule();
+    void pickDate();
+
+    const StringTable& m_texts;
+    QLocale m_locale;
+    QString m_dateFormat;
+    QButtonGroup* m_types;
+    QSlider* sldInterval;
+    QSpinBox* spnInterval;
+    QCheckBox* chkRunningMode;
+    MaskedField* txtDate;
+    QLabel* m_order = nullptr;
+    QLabel* m_timeLabel = nullptr;
+    MaskedField* txtDateTime;
+    QPushButton* cmdSelectDate;
+    MaskedField* txtTime;
+    QCheckBox* chkDaily;
+    RecordBindings m_bindings;
+};
