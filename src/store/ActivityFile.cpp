@@ -4,8 +4,7 @@
 #include "Prompter.h"
 #include "StoreError.h"
 #include "StringTable.h"
-#include "XmlNames.h"
-#include "XmlParser.h"
+#include "XmlTree.h"
 #include "clsXML.h"
 #include "modForeignText.h"
 #include "modNativePath.h"
@@ -19,7 +18,7 @@ constexpr int mostOldFiles = 10'000;
 
 /// "" for a name that is none: such a path could match another activity.
 QString pathOf(const QString& name) {
-    return XmlNames::IsNcName(name) ? QString(items + u'/' + name) : QString();
+    return XmlTree::IsNcName(name) ? QString(items + u'/' + name) : QString();
 }
 
 const char* elementOf(ActivityField field) {
