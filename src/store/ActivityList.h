@@ -65,7 +65,7 @@ class ActivityList final : public QAbstractTableModel {
 
   Q_SIGNALS:
     void Refilled();
-    /// The user checked, unchecked or edited this activity, or its run ended without a result.
+    /// The user checked, unchecked or edited this activity, or its scheduled run was interrupted.
     void Readmitted(const QString& name);
     /// A toggle by the user could not be saved, for the reason in `text`.
     void ToggleFailed(const QString& text, StoreError::Reason reason);
