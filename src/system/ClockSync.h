@@ -10,7 +10,6 @@
 #include <QTimer>
 #include <chrono>
 #include <memory>
-#include <optional>
 
 class Clock;
 class StringTable;
@@ -31,11 +30,6 @@ class ClockSync final : public QObject {
 
     /// Asks the server. Drops a pending synchronisation, which then emits nothing. Never emits a signal itself.
     void Begin();
-
-    /// The time (UTC) in the first four bytes plus half of the round trip, rounded to seconds. nullopt for fewer bytes
-    /// and for times before 1921-12-13 20:45:52, which do not fit a signed 32-bit count from 1990.
-    [[nodiscard]] static std::optional<std::chrono::sys_seconds> Convert(const QByteArray& answer,
-                                                                         std::chrono::steady_clock::duration roundTrip);
 
   Q_SIGNALS:
     /// The clock was set.

@@ -11,6 +11,7 @@
 namespace {
 
 const QString section = QStringLiteral("AutoUpdate");
+const QString versionSection = QStringLiteral("~UP");
 const QString everyDay = QStringLiteral("AutoCheckForUpdates");
 const QString lastCheck = QStringLiteral("LastCheck");
 const QString timeOfCheck = QStringLiteral("Time");
@@ -20,7 +21,7 @@ bool write(const QString& file, const QByteArray& bytes) {
     return target.open(QIODevice::WriteOnly) && target.write(bytes) == bytes.size() && target.flush();
 }
 
-/// The lines end with "\n".
+/// UTF-8, or ISO-8859-1 when it is not valid UTF-8. The lines end with "\n".
 QString decoded(const QByteArray& bytes) {
     QStringDecoder utf8(QStringDecoder::Utf8);
     const QString text = utf8(bytes);
@@ -36,6 +37,28 @@ QStringView withoutQuotes(QStringView value) {
     const bool quoted = value.size() >= 2 && value.front() == value.back() &&
                         (value.front() == QLatin1Char('"') || value.front() == QLatin1Char('\''));
     return quoted ? value.mid(1, value.size() - 2) : value;
+}
+
+/// The first such key of the first "[~UP]" in an INI file, without regard to case; "" when there is none. Drops blanks
+/// and one pair of quotes around the value, and what exceeds 1023 characters.
+QString valueIn(const QByteArray& file, const QString& key) {
+    constexpr qsizetype maxCharacters = 1023;
+    const QString text = decoded(file);
+    bool inSection = false;
+    for (const QStringView whole : QStringView(text).split(QLatin1Char('\n'))) {
+        const QStringView line = whole.trimmed();
+        if (line.startsWith(QLatin1Char('['))) {
+            if (inSection)
+                break;
+            const qsizetype end = line.indexOf(QLatin1Char(']'));
+            inSection = end > 0 && isSame(line.mid(1, end - 1).trimmed(), versionSection);
+            continue;
+        }
+        const qsizetype equals = line.indexOf(QLatin1Char('='));
+        if (inSection && equals > 0 && isSame(line.left(equals).trimmed(), key))
+            return withoutQuotes(line.mid(equals + 1).trimmed()).left(maxCharacters).toString();
+    }
+    return {};
 }
 
 } // namespace
@@ -105,31 +128,11 @@ void ctlAutoUpdate::Download(const QUrl& url, const QString& file, const std::fu
 
 void ctlAutoUpdate::readVersionFile() {
     const QByteArray file = m_temporary->read(HttpFetch::MaxBytes);
-    const auto value = [&](const QString& key) { return ReadValue(file, QStringLiteral("~UP"), key); };
+    const auto value = [&](const QString& key) { return valueIn(file, key); };
     m_newVersion = modForeignText::FromServer(value(QStringLiteral("Version")));
     m_releaseDate = value(QStringLiteral("Release"));
     m_fileSize = value(QStringLiteral("Size"));
     m_fileInfo = value(QStringLiteral("Info"));
-}
-
-QString ctlAutoUpdate::ReadValue(const QByteArray& file, const QString& section, const QString& key) {
-    constexpr qsizetype maxCharacters = 1023;
-    const QString text = decoded(file);
-    bool inSection = false;
-    for (const QStringView whole : QStringView(text).split(QLatin1Char('\n'))) {
-        const QStringView line = whole.trimmed();
-        if (line.startsWith(QLatin1Char('['))) {
-            if (inSection)
-                break;
-            const qsizetype end = line.indexOf(QLatin1Char(']'));
-            inSection = end > 0 && isSame(line.mid(1, end - 1).trimmed(), section);
-            continue;
-        }
-        const qsizetype equals = line.indexOf(QLatin1Char('='));
-        if (inSection && equals > 0 && isSame(line.left(equals).trimmed(), key))
-            return withoutQuotes(line.mid(equals + 1).trimmed()).left(maxCharacters).toString();
-    }
-    return {};
 }
 
 std::unique_ptr<QTemporaryFile> ctlAutoUpdate::CreateTempFile() {

@@ -69,11 +69,6 @@ class ctlAutoUpdate final : public QObject {
     /// A new file in the user's temporary folder, removed with the object; null when it cannot be created.
     [[nodiscard]] static std::unique_ptr<QTemporaryFile> CreateTempFile();
 
-    /// The first such key of the first such section in an INI file, without regard to case; "" when there is none.
-    /// Blanks and one pair of quotes around the value are dropped, and what exceeds 1023 characters. The file is UTF-8,
-    /// or ISO-8859-1 when it is not valid UTF-8.
-    [[nodiscard]] static QString ReadValue(const QByteArray& file, const QString& section, const QString& key);
-
     void OpenURL(const QUrl& url) const { m_browser(url); }
 
   Q_SIGNALS:
