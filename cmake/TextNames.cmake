@@ -11,9 +11,10 @@ foreach(part ${parts})
         string(APPEND entries "    ${CMAKE_MATCH_1} = ${number},\n")
     endif()
 endforeach()
-file(WRITE "${HEADER}" "// Generated from the English text table. The names of the texts; a StringTable gives their words.
+# Leaves an unchanged header alone: rewording a text must not recompile every source.
+file(CONFIGURE OUTPUT "${HEADER}" CONTENT "// Generated from the English text table. The names of the texts; a StringTable gives their words.
 #pragma once
 
 enum class Text {
 ${entries}};
-")
+" @ONLY)

@@ -3,9 +3,10 @@
 #include <QByteArray>
 #include <QLocale>
 #include <QStringList>
+#include <tuple>
 
-// The resource lies in a static library, where nothing refers to it: the linker would leave it out. The macro must
-// stand outside every namespace.
+// Nothing refers to the resource in this static library, so the linker would drop it. The macro must be used outside of
+// every namespace.
 static void registerTables() {
     Q_INIT_RESOURCE(strings);
 }
@@ -21,7 +22,7 @@ StringTable::StringTable(Language language) {
     const QString table = language == Language::German ? QStringLiteral("de") : QStringLiteral("en");
     const bool loaded = m_translator.load(QStringLiteral(":/strings/strings_%1.qm").arg(table));
     Q_ASSERT_X(loaded, "StringTable", "the compiled-in table is unreadable");
-    static_cast<void>(loaded);
+    std::ignore = loaded;
 }
 
 QString StringTable::operator[](Text text) const {

@@ -1,4 +1,4 @@
-// Every text the user reads, in one language. Owns the loaded table. A text that the table lacks is "".
+// All texts for the user in one language. Owns the loaded table. A missing text reads as "".
 #pragma once
 
 #include "Text.h"
@@ -10,12 +10,12 @@ enum class Language { English, German };
 
 class StringTable final {
   public:
-    /// German when the first of the user's interface languages begins with "de", else English.
+    /// German if the user's first interface language is German, else English.
     [[nodiscard]] static Language PreferredLanguage();
 
     explicit StringTable(Language language);
 
-    /// Byte for byte, blanks at the ends included.
+    /// Exactly as in the table, with leading and trailing blanks.
     [[nodiscard]] QString operator[](Text text) const;
 
   private:

@@ -1063,7 +1063,7 @@
         <translation>Dienst </translation>
     </message>
     <message id="432">
-        <source>The activity file was changed on disk by another program. Nothing was saved.</source>
+        <source>Another program changed the activity file on disk. Nothing was saved.</source>
         <translation>Die Aktivitätsdatei wurde von einem anderen Programm auf der Festplatte geändert. Es wurde nichts gespeichert.</translation>
     </message>
     <message id="433">
@@ -1075,7 +1075,7 @@
         <translation>Die Aktivitätsdatei konnte nicht gespeichert werden:</translation>
     </message>
     <message id="435">
-        <source>The damaged activity file could not be moved away:</source>
+        <source>The damaged activity file could not be moved aside:</source>
         <translation>Die beschädigte Aktivitätsdatei konnte nicht verschoben werden:</translation>
     </message>
     <message id="436">
@@ -1083,7 +1083,7 @@
         <translation>Die Aktivitätsdatei konnte nicht angelegt werden:</translation>
     </message>
     <message id="437">
-        <source>Another process already works on this activity file. Monitoring was not started.</source>
+        <source>Another process is already using this activity file. Monitoring was not started.</source>
         <translation>Ein anderer Prozess arbeitet bereits mit dieser Aktivitätsdatei. Die Überwachung wurde nicht gestartet.</translation>
     </message>
     <message id="438">
@@ -1123,7 +1123,7 @@
         <translation>Abbrechen</translation>
     </message>
     <message id="450">
-        <source>Runs activities of an activity file once, now.</source>
+        <source>Runs activities from an activity file once, immediately.</source>
         <translation>Führt Aktivitäten einer Aktivitätsdatei einmal sofort aus.</translation>
     </message>
     <message id="451">
@@ -1131,7 +1131,7 @@
         <translation>Pfad der Aktivitätsdatei.</translation>
     </message>
     <message id="452">
-        <source>Names of the activities to run, in this order; without a name every active one.</source>
+        <source>Names of the activities to run, in this order. Without names, every active one.</source>
         <translation>Namen der auszuführenden Aktivitäten in dieser Reihenfolge; ohne Namen alle aktiven.</translation>
     </message>
     <message id="453">
@@ -1139,7 +1139,7 @@
         <translation>Die Aktivitätsdatei '%1' enthält keine Aktivität '%2'.</translation>
     </message>
     <message id="454">
-        <source>Another process works on the activity file '%1'. Nothing was run.</source>
+        <source>Another process is using the activity file '%1'. Nothing was run.</source>
         <translation>Ein anderer Prozess arbeitet mit der Aktivitätsdatei '%1'. Nichts wurde ausgeführt.</translation>
     </message>
     <message id="460">
@@ -1179,11 +1179,11 @@
         <translation>Zielverzeichnis auswählen</translation>
     </message>
     <message id="469">
-        <source>Source directories used before</source>
+        <source>Recent source directories</source>
         <translation>Zuletzt verwendete Quellverzeichnisse</translation>
     </message>
     <message id="470">
-        <source>Destination directories used before</source>
+        <source>Recent destination directories</source>
         <translation>Zuletzt verwendete Zielverzeichnisse</translation>
     </message>
     <message id="472">
@@ -1235,19 +1235,19 @@
         <translation>Kontakte &amp;laden</translation>
     </message>
     <message id="484">
-        <source>This name cannot be used. A name begins with a letter or &quot;_&quot; and holds only letters, digits, &quot;-&quot;, &quot;_&quot; and &quot;.&quot;; blanks are not possible. Letters must exist in the character set of the activity file.</source>
+        <source>This name cannot be used. A name starts with a letter or &quot;_&quot; and contains only letters, digits, &quot;-&quot;, &quot;_&quot; and &quot;.&quot;, but no blanks. The character set of the activity file must include every letter.</source>
         <translation>Dieser Name kann nicht verwendet werden. Ein Name beginnt mit einem Buchstaben oder &quot;_&quot; und enthält nur Buchstaben, Ziffern, &quot;-&quot;, &quot;_&quot; und &quot;.&quot;; Leerzeichen sind nicht möglich. Die Buchstaben müssen im Zeichensatz der Aktivitätsdatei vorkommen.</translation>
     </message>
     <message id="485">
-        <source>No mail program was found whose contacts can be read.</source>
+        <source>No mail program with readable contacts was found.</source>
         <translation>Es wurde kein Mailprogramm gefunden, dessen Kontakte gelesen werden können.</translation>
     </message>
     <message id="486">
-        <source>No mail program was found that could send the mail. Without the SMTP host no mail is sent.</source>
+        <source>No mail program was found that could send the message. Without an SMTP host, no mail is sent.</source>
         <translation>Es wurde kein Mailprogramm gefunden, das die Nachricht senden könnte. Ohne den SMTP-Server wird nichts gesendet.</translation>
     </message>
     <message id="487">
-        <source>empty: the mail host of the recipient</source>
+        <source>empty: the recipient's mail host</source>
         <translation>leer: Mailserver des Empfängers</translation>
     </message>
     <message id="600">
@@ -1375,7 +1375,7 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <translation>Der Zeitserver hat nicht rechtzeitig geantwortet.</translation>
     </message>
     <message id="582">
-        <source>The answer of the time server is no time.</source>
+        <source>The time server's answer is not a valid time.</source>
         <translation>Die Antwort des Zeitservers ist keine Uhrzeit.</translation>
     </message>
     <message id="583">
@@ -1387,15 +1387,15 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <translation>Der Computer konnte nicht ausgeschaltet werden.</translation>
     </message>
     <message id="585">
-        <source>No lock could be made in the folder for the state of programs ($XDG_STATE_HOME, normally ~/.local/state), so another process may be at work on the same files. Nothing was started.</source>
+        <source>No lock could be created in the state folder ($XDG_STATE_HOME, usually ~/.local/state), so another process may be using the same files. Nothing was started.</source>
         <translation>Im Ordner für den Zustand von Programmen ($XDG_STATE_HOME, normalerweise ~/.local/state) konnte keine Sperre angelegt werden; vielleicht arbeitet ein anderer Prozess mit denselben Dateien. Nichts wurde gestartet.</translation>
     </message>
     <message id="586">
-        <source>Another process works on this activity file. Nothing was saved to it.</source>
+        <source>Another process is using this activity file. Nothing was saved.</source>
         <translation>Ein anderer Prozess arbeitet mit dieser Aktivitätsdatei. In ihr wurde nichts gespeichert.</translation>
     </message>
     <message id="587">
-        <source>Starting monitoring is tried again every minute.</source>
+        <source>Kalvenor retries to start monitoring every minute.</source>
         <translation>Der Start der Überwachung wird jede Minute erneut versucht.</translation>
     </message>
     <message id="588">
@@ -1407,7 +1407,7 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <translation>Verbleibende Sekunden: %1</translation>
     </message>
     <message id="590">
-        <source>The computer was not switched off: it was cancelled, or work has begun again.</source>
+        <source>The computer was not switched off: it was cancelled, or new work has started.</source>
         <translation>Der Computer wurde nicht ausgeschaltet: Es wurde abgebrochen, oder die Arbeit geht weiter.</translation>
     </message>
     <message id="610">
@@ -1423,7 +1423,7 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <translation>Verzeichnis '%1' bleibt, wie es ist: Es ist oder enthält ein Verzeichnis dieser Aktivität.</translation>
     </message>
     <message id="613">
-        <source>Directory '%1' is left alone: it lies more than 1,000 levels deep.</source>
+        <source>Directory '%1' is left alone: it is nested more than 1,000 levels deep.</source>
         <translation>Verzeichnis '%1' bleibt, wie es ist: Es liegt mehr als 1.000 Ebenen tief.</translation>
     </message>
     <message id="614">
@@ -1439,15 +1439,15 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <translation>Lauf vorzeitig beendet: Die Aktivität wurde geändert oder eine andere Aktivitätsdatei geöffnet.</translation>
     </message>
     <message id="617">
-        <source>Run ended early: a directory of the activity is no longer there.</source>
+        <source>Run ended early: a directory of the activity no longer exists.</source>
         <translation>Lauf vorzeitig beendet: Ein Verzeichnis der Aktivität ist nicht mehr da.</translation>
     </message>
     <message id="618">
-        <source>Run ended early: nothing is deleted when a directory cannot be read.</source>
+        <source>Run ended early: a directory cannot be read, so nothing is deleted.</source>
         <translation>Lauf vorzeitig beendet: Solange ein Verzeichnis nicht gelesen werden kann, wird nichts gelöscht.</translation>
     </message>
     <message id="619">
-        <source>Run ended early: a directory was replaced by another one.</source>
+        <source>Run ended early: a directory was replaced.</source>
         <translation>Lauf vorzeitig beendet: Ein Verzeichnis wurde durch ein anderes ersetzt.</translation>
     </message>
     <message id="620">
@@ -1467,15 +1467,15 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <translation>'%1' wird nicht angehängt: %2</translation>
     </message>
     <message id="650">
-        <source>Load it again now? What is entered in an open form stays there.</source>
+        <source>Reload it now? Entries in an open form are kept.</source>
         <translation>Jetzt neu laden? Was in einem offenen Formular eingegeben wurde, bleibt dort stehen.</translation>
     </message>
     <message id="651">
-        <source>The changes are not saved. Drop them?</source>
+        <source>The changes are not saved. Discard them?</source>
         <translation>Die Änderungen sind nicht gespeichert. Sollen sie verworfen werden?</translation>
     </message>
     <message id="652">
-        <source>An activity is still running. It ends after the present file. Exit anyway?</source>
+        <source>An activity is still running. It will end after the current file. Exit anyway?</source>
         <translation>Eine Aktivität läuft noch. Sie endet nach der aktuellen Datei. Trotzdem beenden?</translation>
     </message>
     <message id="653">

@@ -1327,8 +1327,8 @@
         <extra-name>Service</extra-name>
     </message>
     <message id="432">
-        <source>The activity file was changed on disk by another program. Nothing was saved.</source>
-        <translation>The activity file was changed on disk by another program. Nothing was saved.</translation>
+        <source>Another program changed the activity file on disk. Nothing was saved.</source>
+        <translation>Another program changed the activity file on disk. Nothing was saved.</translation>
         <extra-name>FileChangedOutside</extra-name>
     </message>
     <message id="433">
@@ -1342,8 +1342,8 @@
         <extra-name>FileNotSaved</extra-name>
     </message>
     <message id="435">
-        <source>The damaged activity file could not be moved away:</source>
-        <translation>The damaged activity file could not be moved away:</translation>
+        <source>The damaged activity file could not be moved aside:</source>
+        <translation>The damaged activity file could not be moved aside:</translation>
         <extra-name>FileNotMovedAway</extra-name>
     </message>
     <message id="436">
@@ -1352,8 +1352,8 @@
         <extra-name>FileNotCreated</extra-name>
     </message>
     <message id="437">
-        <source>Another process already works on this activity file. Monitoring was not started.</source>
-        <translation>Another process already works on this activity file. Monitoring was not started.</translation>
+        <source>Another process is already using this activity file. Monitoring was not started.</source>
+        <translation>Another process is already using this activity file. Monitoring was not started.</translation>
         <extra-name>MonitoredElsewhere</extra-name>
     </message>
     <message id="438">
@@ -1402,8 +1402,8 @@
         <extra-name>Cancel</extra-name>
     </message>
     <message id="450">
-        <source>Runs activities of an activity file once, now.</source>
-        <translation>Runs activities of an activity file once, now.</translation>
+        <source>Runs activities from an activity file once, immediately.</source>
+        <translation>Runs activities from an activity file once, immediately.</translation>
         <extra-name>RunPurpose</extra-name>
     </message>
     <message id="451">
@@ -1412,8 +1412,8 @@
         <extra-name>RunFileArgument</extra-name>
     </message>
     <message id="452">
-        <source>Names of the activities to run, in this order; without a name every active one.</source>
-        <translation>Names of the activities to run, in this order; without a name every active one.</translation>
+        <source>Names of the activities to run, in this order. Without names, every active one.</source>
+        <translation>Names of the activities to run, in this order. Without names, every active one.</translation>
         <extra-name>RunNamesArgument</extra-name>
     </message>
     <message id="453">
@@ -1422,8 +1422,8 @@
         <extra-name>RunUnknownActivity</extra-name>
     </message>
     <message id="454">
-        <source>Another process works on the activity file '%1'. Nothing was run.</source>
-        <translation>Another process works on the activity file '%1'. Nothing was run.</translation>
+        <source>Another process is using the activity file '%1'. Nothing was run.</source>
+        <translation>Another process is using the activity file '%1'. Nothing was run.</translation>
         <extra-name>RunRefused</extra-name>
     </message>
     <message id="460">
@@ -1472,13 +1472,13 @@
         <extra-name>SelectDestination</extra-name>
     </message>
     <message id="469">
-        <source>Source directories used before</source>
-        <translation>Source directories used before</translation>
+        <source>Recent source directories</source>
+        <translation>Recent source directories</translation>
         <extra-name>RecentSources</extra-name>
     </message>
     <message id="470">
-        <source>Destination directories used before</source>
-        <translation>Destination directories used before</translation>
+        <source>Recent destination directories</source>
+        <translation>Recent destination directories</translation>
         <extra-name>RecentDestinations</extra-name>
     </message>
     <message id="472">
@@ -1542,23 +1542,23 @@
         <extra-name>LoadContacts</extra-name>
     </message>
     <message id="484">
-        <source>This name cannot be used. A name begins with a letter or &quot;_&quot; and holds only letters, digits, &quot;-&quot;, &quot;_&quot; and &quot;.&quot;; blanks are not possible. Letters must exist in the character set of the activity file.</source>
-        <translation>This name cannot be used. A name begins with a letter or &quot;_&quot; and holds only letters, digits, &quot;-&quot;, &quot;_&quot; and &quot;.&quot;; blanks are not possible. Letters must exist in the character set of the activity file.</translation>
+        <source>This name cannot be used. A name starts with a letter or &quot;_&quot; and contains only letters, digits, &quot;-&quot;, &quot;_&quot; and &quot;.&quot;, but no blanks. The character set of the activity file must include every letter.</source>
+        <translation>This name cannot be used. A name starts with a letter or &quot;_&quot; and contains only letters, digits, &quot;-&quot;, &quot;_&quot; and &quot;.&quot;, but no blanks. The character set of the activity file must include every letter.</translation>
         <extra-name>NameUnusable</extra-name>
     </message>
     <message id="485">
-        <source>No mail program was found whose contacts can be read.</source>
-        <translation>No mail program was found whose contacts can be read.</translation>
+        <source>No mail program with readable contacts was found.</source>
+        <translation>No mail program with readable contacts was found.</translation>
         <extra-name>NoContacts</extra-name>
     </message>
     <message id="486">
-        <source>No mail program was found that could send the mail. Without the SMTP host no mail is sent.</source>
-        <translation>No mail program was found that could send the mail. Without the SMTP host no mail is sent.</translation>
+        <source>No mail program was found that could send the message. Without an SMTP host, no mail is sent.</source>
+        <translation>No mail program was found that could send the message. Without an SMTP host, no mail is sent.</translation>
         <extra-name>NoMailProgram</extra-name>
     </message>
     <message id="487">
-        <source>empty: the mail host of the recipient</source>
-        <translation>empty: the mail host of the recipient</translation>
+        <source>empty: the recipient's mail host</source>
+        <translation>empty: the recipient's mail host</translation>
         <extra-name>MailHostOfRecipient</extra-name>
     </message>
     <message id="600">
@@ -1716,8 +1716,8 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <extra-name>TimeServerSilent</extra-name>
     </message>
     <message id="582">
-        <source>The answer of the time server is no time.</source>
-        <translation>The answer of the time server is no time.</translation>
+        <source>The time server's answer is not a valid time.</source>
+        <translation>The time server's answer is not a valid time.</translation>
         <extra-name>TimeServerNonsense</extra-name>
     </message>
     <message id="583">
@@ -1731,18 +1731,18 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <extra-name>NotSwitchedOff</extra-name>
     </message>
     <message id="585">
-        <source>No lock could be made in the folder for the state of programs ($XDG_STATE_HOME, normally ~/.local/state), so another process may be at work on the same files. Nothing was started.</source>
-        <translation>No lock could be made in the folder for the state of programs ($XDG_STATE_HOME, normally ~/.local/state), so another process may be at work on the same files. Nothing was started.</translation>
+        <source>No lock could be created in the state folder ($XDG_STATE_HOME, usually ~/.local/state), so another process may be using the same files. Nothing was started.</source>
+        <translation>No lock could be created in the state folder ($XDG_STATE_HOME, usually ~/.local/state), so another process may be using the same files. Nothing was started.</translation>
         <extra-name>NoLockPossible</extra-name>
     </message>
     <message id="586">
-        <source>Another process works on this activity file. Nothing was saved to it.</source>
-        <translation>Another process works on this activity file. Nothing was saved to it.</translation>
+        <source>Another process is using this activity file. Nothing was saved.</source>
+        <translation>Another process is using this activity file. Nothing was saved.</translation>
         <extra-name>SavedElsewhere</extra-name>
     </message>
     <message id="587">
-        <source>Starting monitoring is tried again every minute.</source>
-        <translation>Starting monitoring is tried again every minute.</translation>
+        <source>Kalvenor retries to start monitoring every minute.</source>
+        <translation>Kalvenor retries to start monitoring every minute.</translation>
         <extra-name>RetryEveryMinute</extra-name>
     </message>
     <message id="588">
@@ -1756,8 +1756,8 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <extra-name>SecondsLeft</extra-name>
     </message>
     <message id="590">
-        <source>The computer was not switched off: it was cancelled, or work has begun again.</source>
-        <translation>The computer was not switched off: it was cancelled, or work has begun again.</translation>
+        <source>The computer was not switched off: it was cancelled, or new work has started.</source>
+        <translation>The computer was not switched off: it was cancelled, or new work has started.</translation>
         <extra-name>SwitchOffCancelled</extra-name>
     </message>
     <message id="610">
@@ -1776,8 +1776,8 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <extra-name>NestedDirectory</extra-name>
     </message>
     <message id="613">
-        <source>Directory '%1' is left alone: it lies more than 1,000 levels deep.</source>
-        <translation>Directory '%1' is left alone: it lies more than 1,000 levels deep.</translation>
+        <source>Directory '%1' is left alone: it is nested more than 1,000 levels deep.</source>
+        <translation>Directory '%1' is left alone: it is nested more than 1,000 levels deep.</translation>
         <extra-name>TooDeep</extra-name>
     </message>
     <message id="614">
@@ -1796,18 +1796,18 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <extra-name>EndedByRecordChange</extra-name>
     </message>
     <message id="617">
-        <source>Run ended early: a directory of the activity is no longer there.</source>
-        <translation>Run ended early: a directory of the activity is no longer there.</translation>
+        <source>Run ended early: a directory of the activity no longer exists.</source>
+        <translation>Run ended early: a directory of the activity no longer exists.</translation>
         <extra-name>EndedByLostDirectory</extra-name>
     </message>
     <message id="618">
-        <source>Run ended early: nothing is deleted when a directory cannot be read.</source>
-        <translation>Run ended early: nothing is deleted when a directory cannot be read.</translation>
+        <source>Run ended early: a directory cannot be read, so nothing is deleted.</source>
+        <translation>Run ended early: a directory cannot be read, so nothing is deleted.</translation>
         <extra-name>EndedByUnreadable</extra-name>
     </message>
     <message id="619">
-        <source>Run ended early: a directory was replaced by another one.</source>
-        <translation>Run ended early: a directory was replaced by another one.</translation>
+        <source>Run ended early: a directory was replaced.</source>
+        <translation>Run ended early: a directory was replaced.</translation>
         <extra-name>EndedByReplacedDirectory</extra-name>
     </message>
     <message id="620">
@@ -1831,18 +1831,18 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <extra-name>MailNotAttached</extra-name>
     </message>
     <message id="650">
-        <source>Load it again now? What is entered in an open form stays there.</source>
-        <translation>Load it again now? What is entered in an open form stays there.</translation>
+        <source>Reload it now? Entries in an open form are kept.</source>
+        <translation>Reload it now? Entries in an open form are kept.</translation>
         <extra-name>LoadAgainQuestion</extra-name>
     </message>
     <message id="651">
-        <source>The changes are not saved. Drop them?</source>
-        <translation>The changes are not saved. Drop them?</translation>
+        <source>The changes are not saved. Discard them?</source>
+        <translation>The changes are not saved. Discard them?</translation>
         <extra-name>DropChanges</extra-name>
     </message>
     <message id="652">
-        <source>An activity is still running. It ends after the present file. Exit anyway?</source>
-        <translation>An activity is still running. It ends after the present file. Exit anyway?</translation>
+        <source>An activity is still running. It will end after the current file. Exit anyway?</source>
+        <translation>An activity is still running. It will end after the current file. Exit anyway?</translation>
         <extra-name>ExitDuringRun</extra-name>
     </message>
     <message id="653">

@@ -1,11 +1,9 @@
 #include "ActivityFile.h"
-#include "ActivityRecord.h"
 #include "ProgramPlaces.h"
 #include "Prompter.h"
 #include "StoreError.h"
 #include "StringTable.h"
-#include "XmlNames.h"
-#include "XmlParser.h"
+#include "XmlTree.h"
 #include "clsXML.h"
 #include "modForeignText.h"
 #include "modNativePath.h"
@@ -15,22 +13,22 @@ namespace {
 const QString items = QStringLiteral("/items");
 const QByteArray emptyFile = QByteArrayLiteral("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><items></items>\r\n");
 constexpr const char* defaultName = "Kalvenor.kvd";
-constexpr int mostOldFiles = 10'000;
+constexpr int maxOldFiles = 10'000;
 
-/// "" for a name that is none: such a path could match another activity.
+/// "" for an invalid name, since such a path could match another activity.
 QString pathOf(const QString& name) {
-    return XmlNames::IsNcName(name) ? QString(items + u'/' + name) : QString();
+    return XmlTree::IsNcName(name) ? QString(items + u'/' + name) : QString();
 }
 
 const char* elementOf(ActivityField field) {
     return ActivityRecord::Fields()[static_cast<std::size_t>(field)].element;
 }
 
-/// Gives the file the first free name of BASE.OLD, BASE.OLD1, BASE.OLD2 ... in the current directory.
+/// Moves the file to the first free name of BASE.OLD, BASE.OLD1, BASE.OLD2 ... in the current directory.
 std::error_code moveToOldName(OwnFiles& files, const std::filesystem::path& file) {
     const std::string base = file.stem().string() + ".OLD";
     std::error_code error = files.MoveAway(file, base);
-    for (int number = 1; error == std::errc::file_exists && number <= mostOldFiles; ++number)
+    for (int number = 1; error == std::errc::file_exists && number <= maxOldFiles; ++number)
         error = files.MoveAway(file, base + std::to_string(number));
     return error;
 }
@@ -71,7 +69,7 @@ bool ActivityFile::EnsureDefaultExists() {
 }
 
 bool ActivityFile::Load() {
-    // The stamp is taken first: a change that comes while the file is read is then seen by the next save.
+    // Take the stamp first, so that the next save detects a change made during the read.
     m_loadedPath = m_currentPath;
     m_loadedStamp = m_files.Stamp(modNativePath::FromText(m_currentPath));
     m_document.OpenXML(m_currentPath, 0);
@@ -133,7 +131,7 @@ bool ActivityFile::OfferRepair() {
         {m_texts[Text::FileCorrupted], m_texts[Text::Error], MessageIcon::Critical, MessageButtons::YesNo});
     if (answer != MessageAnswer::Yes)
         return false;
-    // Events ran while the box was open: only a file that is damaged still may be moved.
+    // Events ran while the box was open. Move the file only if it is still damaged.
     if (m_currentPath != damaged || Load())
         return true;
     const std::error_code error = moveToOldName(m_files, file);

@@ -1,9 +1,8 @@
-// The activity file on disk: which one is current, loading, saving, creating, repairing and clearing it. Owns the
-// current path and what the file looked like when it was loaded. Load never fails loudly (a damaged file reads as -1
-// children); Save throws StoreError and then nothing was written.
+// The activity file on disk: loads, saves, creates, repairs and clears it. Owns the current path and the stamp the file
+// had when it was loaded. Load returns false for a damaged file; Save throws StoreError and then wrote nothing.
 #pragma once
 
-#include "ActivityField.h"
+#include "ActivityRecord.h"
 #include "OwnFiles.h"
 #include <QObject>
 #include <QString>
@@ -21,56 +20,56 @@ class ActivityFile final : public QObject {
     ActivityFile(clsXML& document, OwnFiles& files, Prompter& prompter, const StringTable& texts,
                  const ProgramPlaces& places);
 
-    /// Absolute path of the file in use; the default file at first.
+    /// Absolute path of the file in use, initially the default file.
     [[nodiscard]] const QString& CurrentPath() const { return m_currentPath; }
-    /// Another file is in use from now on. Load follows: until then Save does not touch a file that exists there.
+    /// The caller loads the file next. Until then Save refuses to overwrite an existing file at this path.
     void SetCurrentPath(const QString& absolutePath);
     [[nodiscard]] bool IsDefault() const;
 
-    /// "Kalvenor.kvd" in the program folder (a variant in letter case that exists is used), or in the user's data
-    /// folder when the program folder is not writable.
+    /// "Kalvenor.kvd" in the program folder, or in the user's data folder when the program folder is not writable. An
+    /// existing file whose name differs only in case wins.
     [[nodiscard]] QString DefaultPath() const;
 
-    /// Creates the default file when it is missing. Returns false (and tells why through the prompter) on failure.
+    /// Creates the default file when it is missing. On failure shows the reason and returns false.
     bool EnsureDefaultExists();
 
-    /// Loads the current file into the document. False when it is damaged (NodeCount("/items") is -1).
+    /// Loads the current file into the document. False when it is damaged.
     bool Load();
-    /// Whether the document holds what the last Load found; false after a failed one.
+    /// False after a failed Load: the document is empty then.
     [[nodiscard]] bool IsLoaded() const;
 
-    /// Saves the document to the current file. Refused when the document has no "items" root or the file changed on
-    /// disk since it was loaded. A file that has gone is written anew.
+    /// Saves the document to the current file. Throws when the document has no "items" root, and when the file changed
+    /// on disk since it was loaded. Writes a file that has disappeared again.
     void Save();
 
-    /// Changes the document and saves it; refused when there is none to change. When either throws, the document is as
-    /// it was before. The work shows no box: what the engine wrote meanwhile would be taken back with it.
+    /// Changes the document and saves it. When either throws, restores the document. `change` must not show a box:
+    /// restoring would also undo what the engine wrote while it was open.
     void ChangeAndSave(const std::function<void()>& change);
 
-    /// Saves the document to another file, whatever is there now, and makes it current. When it throws, the former
-    /// file is still current.
+    /// Saves the document to another file, overwriting it, and makes that current. When it throws, the former file
+    /// stays current.
     void SaveAs(const QString& absolutePath);
 
-    /// Offers to move a damaged file away and start an empty one. True when the file can be loaded again. A file that
-    /// is missing or cannot be read is none to repair: the user is told why.
+    /// Offers to move a damaged file away and to create an empty one. True when the file can be loaded again. A file
+    /// that is missing or unreadable is not damaged: shows the reason instead.
     bool OfferRepair();
 
-    /// Deletes the current file. False when it cannot be deleted; the user has been told then.
+    /// Deletes the current file. On failure shows the reason and returns false.
     [[nodiscard]] bool DeleteCurrent();
-    /// Makes the default file current, created empty when it is missing. Load follows.
+    /// Makes the default file current and creates it when it is missing. The caller loads it next.
     void SwitchToDefault();
 
     /// Names of the activities in document order.
     [[nodiscard]] QStringList Names() const;
     [[nodiscard]] bool Has(const QString& name) const;
     [[nodiscard]] QString Read(const QString& name, ActivityField field) const;
-    /// The same for an element that is no field of the editor.
+    /// Reads an element that the editor has no field for.
     [[nodiscard]] QString ReadElement(const QString& name, const char* element) const;
     void Write(const QString& name, ActivityField field, const QString& value);
 
   Q_SIGNALS:
     void CurrentPathChanged(const QString& path);
-    /// The current file has been written. It is another file for the system now, under the same name.
+    /// The current file was written. It is a new inode under the same name.
     void Saved();
 
   private:

@@ -1,10 +1,10 @@
 #include "ActivityList.h"
 #include "ActivityFile.h"
-#include "ActivityRecord.h"
-#include "ActivityTexts.h"
 #include "StringTable.h"
+#include "modTriggerDate.h"
 
 #include <QScopedValueRollback>
+#include <array>
 #include <utility>
 
 namespace {
@@ -18,6 +18,49 @@ QString orDash(const QString& text) {
     return text.isEmpty() ? QStringLiteral("-") : text;
 }
 
+struct CodeText {
+    const char* code;
+    Text text;
+};
+
+constexpr std::array intervalTexts = {CodeText{"0", Text::Seconds}, CodeText{"1", Text::Minutes},
+                                      CodeText{"2", Text::Hours}};
+constexpr std::array actionTexts = {CodeText{"0", Text::CopyFiles}, CodeText{"1", Text::MoveFiles},
+                                    CodeText{"3", Text::MirrorDirectory}, CodeText{"2", Text::NoAction}};
+
+QString lookUp(const auto& table, const QString& code, const StringTable& texts) {
+    for (const CodeText& row : table)
+        if (code == QLatin1String(row.code))
+            return texts[row.text];
+    return {};
+}
+
+QString shownDate(const QString& stored, const QLocale& locale) {
+    const QDate date = modTriggerDate::Read(stored, locale);
+    return date.isValid() ? date.toString(modTriggerDate::Format(locale)) : stored;
+}
+
+QString scheduleText(const ActivityRecord& record, const StringTable& texts, const QLocale& locale) {
+    const QString& type = record.Text(ActivityField::Type);
+    const QString separator = QStringLiteral(": ");
+    if (type == u"3")
+        return texts[Text::Date] + separator + shownDate(record.Text(ActivityField::TriggerDate), locale) +
+               QStringLiteral(" / ") + texts[Text::Time] + separator + record.Text(ActivityField::TriggerDateTime);
+    if (type == u"4") {
+        const QString time = texts[Text::Time] + separator + record.Text(ActivityField::TriggerTime);
+        const bool isDaily = record.Text(ActivityField::Daily) == u"1";
+        return isDaily ? QString(time + QStringLiteral(" (") + texts[Text::Daily] + u')') : time;
+    }
+    const QString unit = lookUp(intervalTexts, type, texts);
+    return unit.isEmpty() ? QString() : QString(record.Text(ActivityField::Interval) + u' ' + unit);
+}
+
+/// "10 Seconds - Copy files", "Date: ... / Time: ... - ..."; an unknown type or action leaves its part empty.
+QString description(const ActivityRecord& record, const StringTable& texts, const QLocale& locale) {
+    return scheduleText(record, texts, locale) + QStringLiteral(" - ") +
+           lookUp(actionTexts, record.Text(ActivityField::Action), texts);
+}
+
 } // namespace
 
 ActivityList::ActivityList(ActivityFile& file, const StringTable& texts, const QLocale& locale)
@@ -25,7 +68,7 @@ ActivityList::ActivityList(ActivityFile& file, const StringTable& texts, const Q
 
 void ActivityList::Refill() {
     if (m_listBusy)
-        return; // asked for from inside the repair question: the refill that asks it goes on anyway
+        return; // called while the repair question is open: the outer refill continues anyway
     {
         const QScopedValueRollback<bool> busy(m_listBusy, true);
         if (!m_file.Load()) {
@@ -49,7 +92,7 @@ void ActivityList::fill(const QStringList& names) {
     m_rows.reserve(static_cast<std::size_t>(names.size()));
     for (const QString& name : names) {
         Row row = makeRow(name);
-        // A name given twice names the first of the two: the second is shown, and takes part in nothing.
+        // A duplicate name refers to the first row; the second is shown, but never runs.
         if (m_rowOfName.contains(name))
             row.checked = false;
         else
@@ -65,7 +108,7 @@ ActivityList::Row ActivityList::makeRow(const QString& name) const {
     row.texts[Name] = name;
     row.texts[Source] = record.Text(ActivityField::SourceDir);
     row.texts[Destination] = record.Text(ActivityField::TargetDir);
-    row.texts[Schedule] = ActivityTexts::Schedule(record, m_texts, m_locale);
+    row.texts[Schedule] = description(record, m_texts, m_locale);
     row.texts[Count] = QStringLiteral("0");
     row.texts[LogFile] = orDash(record.Text(ActivityField::LogFile));
     row.texts[Executable] = orDash(record.Text(ActivityField::Executable));
@@ -133,7 +176,7 @@ void ActivityList::TakeOut(const QString& name) {
 
 void ActivityList::Readmit(const QString& name) {
     m_takenOut.remove(name);
-    // Shown is what the file holds: a record without the field cannot be switched on.
+    // Show what the file contains: a record without the field cannot be enabled.
     SetChecked(name, m_file.Read(name, ActivityField::Active) == u"1");
     Q_EMIT Readmitted(name);
 }
@@ -170,7 +213,7 @@ QVariant ActivityList::data(const QModelIndex& index, int role) const {
         return row->texts[index.column()];
     if (role == Qt::CheckStateRole && index.column() == Name)
         return row->checked ? Qt::Checked : Qt::Unchecked;
-    // Tooltips guess whether a text is HTML. Marked up and escaped, a comment shows as it was entered.
+    // QToolTip guesses whether a text is HTML. As escaped HTML a comment always shows as entered.
     if (role == Qt::ToolTipRole && !row->comment.isEmpty())
         return QString(u"<span style=\"white-space:pre-wrap\">" + row->comment.toHtmlEscaped() + u"</span>");
     return {};

@@ -1,5 +1,5 @@
-// The list of activities as rows and columns: what the window shows and the engine walks. Owns the rows, their check
-// marks and the names the engine has taken out of monitoring. Rows are found by name; an unknown name changes nothing.
+// The list of activities as a table: the window shows it, the engine walks it. Owns the rows, their check marks and the
+// set of activities that the engine took out of monitoring. Rows are found by name; an unknown name changes nothing.
 #pragma once
 
 #include "StoreError.h"
@@ -20,39 +20,39 @@ class ActivityList final : public QAbstractTableModel {
     enum Column { Name, Source, Destination, Schedule, Status, Count, LogFile, Executable, Extensions, LastRun };
     static constexpr int ColumnCount = 10;
 
-    /// The locale is that of the dates in column Schedule.
+    /// The locale formats the dates in column Schedule.
     ActivityList(ActivityFile& file, const StringTable& texts, const QLocale& locale);
 
-    /// Loads the current file (offering to repair a damaged one) and rebuilds every row. Columns Count and LastRun
-    /// start anew. `ListBusy` is set meanwhile.
+    /// Loads the current file (offers to repair a damaged one) and rebuilds every row, which resets columns Count and
+    /// LastRun. `ListBusy` is set meanwhile.
     void Refill();
-    /// Rebuilds every row from the document as it was loaded last.
+    /// Rebuilds every row from the document without loading it again.
     void ShowLoaded();
     [[nodiscard]] bool ListBusy() const { return m_listBusy; }
 
     [[nodiscard]] int Rows() const { return static_cast<int>(m_rows.size()); }
-    /// "" for a row that does not exist (any more).
+    /// "" for a row that does not exist.
     [[nodiscard]] QString NameAt(int row) const;
     [[nodiscard]] bool IsChecked(int row) const;
-    /// Whether a row above has the same name; such a row can be seen, but neither ticked nor run.
+    /// Whether a row above has the same name. Such a row is shown, but can be neither checked nor run.
     [[nodiscard]] bool IsNamesake(int row) const;
     [[nodiscard]] std::optional<int> RowOf(const QString& name) const;
     [[nodiscard]] QString Text(const QString& name, Column column) const;
-    /// The comment as it was entered (the tooltip shows it escaped).
+    /// The comment as entered; data() escapes it for the tooltip.
     [[nodiscard]] QString CommentAt(int row) const;
 
-    /// Changes by the program; none of them counts as a user's toggle.
+    /// Changes by the program, never reported as a toggle by the user.
     void SetText(const QString& name, Column column, const QString& text);
     void SetChecked(const QString& name, bool checked);
 
-    /// Clears the box of an activity that the engine took out of monitoring; a refill keeps it cleared.
+    /// Takes an activity out of monitoring: unchecks it, and refills keep it unchecked.
     void TakeOut(const QString& name);
     [[nodiscard]] bool IsTakenOut(const QString& name) const { return m_takenOut.contains(name); }
-    /// Takes part again: forgets that it was taken out and, in the same step, ticks it where `activ` is "1".
+    /// Reverts TakeOut: checks the activity if its `activ` is "1".
     void Readmit(const QString& name);
-    /// The same for whatever was taken out, without the signal.
+    /// Reverts every TakeOut, without the signal.
     void ReadmitAll();
-    /// Lets go of every row and of what was taken out: they belong to a file that is no longer the current one.
+    /// Removes all rows and forgets what was taken out, because another file becomes current.
     void Clear();
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -60,14 +60,14 @@ class ActivityList final : public QAbstractTableModel {
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
-    /// The user's toggle: writes `activ`, saves and loads the file again.
+    /// A toggle by the user: writes `activ`, saves and reloads the file.
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
 
   Q_SIGNALS:
     void Refilled();
-    /// The user ticked, unticked or edited this activity, or its run came to nothing.
+    /// The user checked, unchecked or edited this activity, or its scheduled run was interrupted.
     void Readmitted(const QString& name);
-    /// A user's toggle could not be saved; the text says why.
+    /// A toggle by the user could not be saved, for the reason in `text`.
     void ToggleFailed(const QString& text, StoreError::Reason reason);
 
   private:

@@ -49,7 +49,7 @@ static_assert(
                 return false;
         return true;
     }(),
-    "the table's rows stand in the order of the enumeration");
+    "the rows of the table follow the enumeration");
 
 FieldStyle styleOf(ActivityField field) {
     return fields[static_cast<std::size_t>(field)].style;

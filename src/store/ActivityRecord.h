@@ -1,8 +1,7 @@
-// One activity as a value: its fields as texts, read and set by kind. Holds the one table of all fields, in the order
-// they are written. Owns plain texts; cannot fail (what is missing or no number reads as the table says).
+// One activity as a value: its fields as texts, read and set by type. Holds the one table of all fields. Missing or
+// malformed values read as the table says.
 #pragma once
 
-#include "ActivityField.h"
 #include <QList>
 #include <QString>
 #include <array>
@@ -12,14 +11,65 @@
 
 class ActivityFile;
 
+/// In the order in which an activity file lists them.
+enum class ActivityField {
+    SourceDir,
+    TargetDir,
+    Type,
+    Interval,
+    TriggerDate,
+    TriggerDateTime,
+    TriggerTime,
+    Action,
+    Overwrite,
+    OnlyNew,
+    Alert,
+    IncludeSubdirs,
+    Executable,
+    AllFiles,
+    Extensions,
+    LogFile,
+    Comment,
+    Active,
+    SendMail,
+    AttachLogFile,
+    AttachAction,
+    Sender,
+    Recipient,
+    Cc,
+    Subject,
+    Message,
+    ExceedTime,
+    SendLastFile,
+    Daily,
+    RunningMode,
+    UseSmtp,
+    SmtpHost,
+    ComputerName
+};
+
+enum class FieldStyle {
+    Text,
+    Integer,       ///< decimal; missing or no number: 0
+    YesNo,         ///< "Y"/"N"; anything but "N" is on
+    OneZero,       ///< "1"/"0"; only "1" is on
+    CheckBoxNumber ///< the number of a check box's state, 1 is on
+};
+
+struct FieldRow {
+    ActivityField field;
+    const char* element; ///< element name in the activity file
+    FieldStyle style;
+};
+
 class ActivityRecord final {
   public:
     static constexpr std::size_t FieldCount = 33;
 
-    /// The table, in the order of the file.
+    /// In the order of the file.
     [[nodiscard]] static std::span<const FieldRow, FieldCount> Fields();
 
-    /// Every field of this activity as it stands in the document; a missing one is "".
+    /// Reads every field of this activity; a missing one is "".
     [[nodiscard]] static ActivityRecord Read(const ActivityFile& file, const QString& name);
 
     [[nodiscard]] const QString& Text(ActivityField field) const { return m_texts[static_cast<std::size_t>(field)]; }
@@ -33,8 +83,8 @@ class ActivityRecord final {
     [[nodiscard]] bool IsOn(ActivityField field) const;
     void SetOn(ActivityField field, bool on);
 
-    /// (element, text) as they are written: the schedule type stands before the interval for types 0 to 2, behind it
-    /// for 3 and 4, and is left out otherwise; what the other fields rule out is empty; exceedtime is the interval.
+    /// (element, text) in the order of writing. The schedule type comes before the interval for types 0 to 2, after it
+    /// for 3 and 4, and is omitted otherwise. Fields that others rule out are empty; exceedtime is the interval.
     [[nodiscard]] QList<std::pair<QString, QString>> Elements() const;
 
     bool operator==(const ActivityRecord&) const = default;

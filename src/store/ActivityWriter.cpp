@@ -24,7 +24,7 @@ bool ActivityWriter::Write(const QString& openedName, const QString& name, const
             {m_texts[Text::RenameQuestion], m_texts[Text::RenameTitle], MessageIcon::Question, MessageButtons::YesNo});
         if (answer == MessageAnswer::Yes)
             replaced = openedName;
-        // Events ran while the box was open: the name may be taken by now.
+        // Events ran while the box was open, so check the name again.
         if (isTaken(openedName, newName))
             return refuse();
     }

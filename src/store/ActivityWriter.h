@@ -1,5 +1,5 @@
-// Writes an edited activity into the activity file: refuses a name that is taken, asks about a rename, replaces the
-// record. Owns nothing; a record that cannot be written or saved throws StoreError with the document as it was before.
+// Writes an edited activity to the activity file: refuses a name that is taken, asks about a rename, replaces the
+// record. Throws StoreError when the record cannot be written or saved, and then leaves the document unchanged.
 #pragma once
 
 #include <QString>
@@ -15,9 +15,9 @@ class ActivityWriter final {
     ActivityWriter(clsXML& document, ActivityFile& file, Prompter& prompter, const StringTable& texts)
         : m_document(document), m_file(file), m_prompter(prompter), m_texts(texts) {}
 
-    /// `openedName` is the name the editor was opened with ("" for a new activity). The written activity stands at the
-    /// end of the list, or in the old one's place where its name is given twice. False when the name is taken: the user
-    /// has been told and nothing has changed.
+    /// `openedName` is the name the editor was opened with ("" for a new activity). The activity moves to the end of
+    /// the list, or takes the old one's place if another has the same name. False, after a message, when the name is
+    /// taken; nothing has changed then.
     [[nodiscard]] bool Write(const QString& openedName, const QString& name, const ActivityRecord& record);
 
   private:

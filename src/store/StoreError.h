@@ -1,5 +1,5 @@
-// The one exception of this floor: an operation on the activity document or its file that could not be done. Carries
-// the text for the user, and whether loading the file again would help.
+// The only exception of the store: an operation on the document or its file failed. Carries the text for the user, and
+// whether loading the file again would help.
 #pragma once
 
 #include <QString>
@@ -9,7 +9,7 @@ class StoreError final : public std::runtime_error {
   public:
     enum class Reason {
         Failed,
-        ChangedOnDisk ///< another program has written the file since it was loaded
+        ChangedOnDisk ///< another program wrote the file after it was loaded
     };
     explicit StoreError(const QString& text, Reason reason = Reason::Failed)
         : std::runtime_error(text.toStdString()), m_text(text), m_reason(reason) {}

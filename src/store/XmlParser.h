@@ -1,22 +1,36 @@
-// Turns bytes or text into a document, or refuses them: what is not well-formed, declares a DOCTYPE, is larger than
-// 64 MiB or holds an overlong tag gives null. Nothing is repaired, no entity is loaded, nothing is printed.
+// Parses bytes or text into a document. Refuses (null) what is not well-formed, declares a DOCTYPE, exceeds 64 MiB or
+// contains an overlong tag. Nothing is repaired, no entity is loaded, nothing is printed.
 #pragma once
 
-#include "XmlHandles.h"
-#include <QByteArray>
-#include <QString>
+#include "XmlText.h"
+#include <libxml/parser.h>
+#include <libxml/xmlerror.h>
+
+using XmlDocument = std::unique_ptr<xmlDoc, XmlRelease<xmlFreeDoc>>;
+
+/// While it lives, libxml2 prints no errors and loads no external entities. These settings are global to the process:
+/// the destructor restores them.
+class XmlQuiet final {
+  public:
+    XmlQuiet();
+    ~XmlQuiet();
+    XmlQuiet(const XmlQuiet&) = delete;
+    XmlQuiet& operator=(const XmlQuiet&) = delete;
+
+  private:
+    xmlStructuredErrorFunc m_handler;
+    void* m_context;
+    xmlExternalEntityLoader m_loader;
+};
 
 namespace XmlParser {
 
 constexpr qsizetype MaxBytes = 64 << 20;
 
-/// The cost of a tag grows with the square of its attributes; no tag of ours has any.
-constexpr qsizetype MaxTagBytes = 8 << 10;
-
-/// Bytes in the encoding that they declare themselves.
+/// Parses bytes in the encoding they declare.
 [[nodiscard]] XmlDocument Parse(const QByteArray& bytes);
 
-/// Text; the encoding it declares is not used but kept for saving.
+/// Parses text. The encoding it declares is ignored for parsing and kept for saving.
 [[nodiscard]] XmlDocument ParseText(const QString& text);
 
 } // namespace XmlParser

@@ -39,7 +39,7 @@ QString XmlText::Storable(const QString& text) {
 }
 
 QString XmlText::Of(const xmlNode* node) {
-    // Nearly every value is one piece of text.
+    // Nearly every value is a single text node.
     const xmlNode* only = node->type == XML_ELEMENT_NODE ? node->children : nullptr;
     if (only != nullptr && only->type == XML_TEXT_NODE && only->next == nullptr)
         return FromXml(only->content);
@@ -56,7 +56,7 @@ bool XmlText::Set(xmlNode* node, const QString& text) {
     }
     if (node->type != XML_ELEMENT_NODE && node->type != XML_ATTRIBUTE_NODE)
         return false;
-    // A text node of its own: the library's own setters would read "&" as the start of an entity.
+    // libxml2's own setters would parse "&" as the start of an entity.
     XmlLooseNode content(xmlNewDocTextLen(node->doc, ToXml(utf8), static_cast<int>(utf8.size())));
     if (!content)
         return false;

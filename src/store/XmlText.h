@@ -1,9 +1,20 @@
-// Text in and out of libxml2's nodes, as strings. Free functions; they do not fail except for lack of memory.
+// Strings in and out of libxml2's nodes. Text is taken literally: markup in it stays text. Whoever calls owns the
+// nodes; Set returns false for a node that holds no text, and when memory runs out.
 #pragma once
 
-#include "XmlHandles.h"
 #include <QByteArray>
 #include <QString>
+#include <libxml/tree.h>
+#include <memory>
+
+/// Releases a handle of libxml2 with the library's own function.
+template <auto release>
+struct XmlRelease {
+    void operator()(auto* handle) const { release(handle); }
+};
+
+/// A node that is not part of a tree yet.
+using XmlLooseNode = std::unique_ptr<xmlNode, XmlRelease<xmlFreeNode>>;
 
 namespace XmlText {
 
@@ -12,17 +23,16 @@ namespace XmlText {
     return reinterpret_cast<const xmlChar*>(utf8.constData());
 }
 
-/// Whether XML 1.0 can hold this character at all.
+/// Whether XML 1.0 allows this character.
 [[nodiscard]] bool IsXmlCharacter(char32_t character);
 
-/// The text without the characters XML cannot hold (control characters, halves of surrogate pairs).
+/// The text without control characters, lone surrogates and the other characters that XML 1.0 does not allow.
 [[nodiscard]] QString Storable(const QString& text);
 
-/// The text of a node and everything below it, text and CDATA only.
+/// The text and CDATA of a node and all its descendants.
 [[nodiscard]] QString Of(const xmlNode* node);
 
-/// Replaces the content of an element or attribute, or the characters of a text node, by this text, taken literally.
-/// False when the node holds no text of this kind.
+/// Replaces the content of an element or attribute, or the characters of a text node.
 bool Set(xmlNode* node, const QString& text);
 
 } // namespace XmlText

@@ -1,18 +1,17 @@
 #include "XmlWriter.h"
-#include "XmlQuiet.h"
-#include "XmlText.h"
+#include "XmlParser.h"
 
 #include <libxml/xmlsave.h>
 
 namespace {
 
-constexpr int undeclared = -1;
+using Buffer = std::unique_ptr<xmlBuffer, XmlRelease<xmlBufferFree>>;
 
-/// Saves through `save`, which gets the context; nullopt on any error.
+/// Calls `save` with a context that writes into memory; nullopt on any error.
 template <typename Save>
 std::optional<QByteArray> saved(const char* encoding, int options, const Save& save) {
     const XmlQuiet quiet;
-    const XmlBuffer buffer(xmlBufferCreate());
+    const Buffer buffer(xmlBufferCreate());
     if (!buffer)
         return std::nullopt;
     xmlSaveCtxt* context = xmlSaveToBuffer(buffer.get(), encoding, options);
@@ -25,7 +24,7 @@ std::optional<QByteArray> saved(const char* encoding, int options, const Save& s
 }
 
 QString declaration(const xmlDoc& document) {
-    if (document.standalone == undeclared)
+    if (!XmlWriter::IsDeclared(document))
         return {};
     QString text = QStringLiteral("<?xml version=\"%1\"").arg(XmlText::FromXml(document.version));
     if (document.encoding != nullptr)
@@ -37,8 +36,13 @@ QString declaration(const xmlDoc& document) {
 
 } // namespace
 
+bool XmlWriter::IsDeclared(const xmlDoc& document) {
+    constexpr int undeclared = -1; // libxml2 notes it in this field
+    return document.standalone != undeclared;
+}
+
 std::optional<QByteArray> XmlWriter::Bytes(xmlDoc& document) {
-    const bool isDeclared = document.standalone != undeclared;
+    const bool isDeclared = IsDeclared(document);
     const auto* encoding = reinterpret_cast<const char*>(document.encoding);
     if (encoding == nullptr && !isDeclared)
         encoding = "UTF-8";

@@ -1,18 +1,22 @@
-// Markup of a document or of one node. Free functions; nullopt when the document's encoding is unknown or cannot hold
-// it.
+// Serializes a document or one of its nodes. Bytes fails (nullopt) when the encoding is unknown or cannot hold the
+// document, Markup (for people) then returns "".
 #pragma once
 
-#include "XmlHandles.h"
 #include <QByteArray>
 #include <QString>
+#include <libxml/tree.h>
 #include <optional>
 
 namespace XmlWriter {
 
-/// The bytes of a file: declared encoding and standalone are kept; without a declaration it stays without (UTF-8).
+/// Whether the document has an XML declaration.
+[[nodiscard]] bool IsDeclared(const xmlDoc& document);
+
+/// The bytes of a file: keeps the declared encoding and standalone. Without a declaration it stays without one, in
+/// UTF-8.
 [[nodiscard]] std::optional<QByteArray> Bytes(xmlDoc& document);
 
-/// The markup as text, with the declaration as it would stand in the file.
+/// The markup as text, with the declaration that the file would have.
 [[nodiscard]] QString Markup(xmlDoc& document);
 [[nodiscard]] QString Markup(xmlNode& node);
 

@@ -1,21 +1,17 @@
 #include "clsXML.h"
 #include "OwnFiles.h"
 #include "StoreError.h"
-#include "XmlChildren.h"
-#include "XmlNames.h"
-#include "XmlParser.h"
-#include "XmlPath.h"
-#include "XmlText.h"
+#include "XmlTree.h"
 #include "XmlWriter.h"
 #include "modForeignText.h"
 #include "modNativePath.h"
 
 #include <QRegularExpression>
 #include <algorithm>
+#include <tuple>
 
 namespace {
 
-constexpr int undeclared = -1;
 constexpr int shiftWidth = 13;
 
 [[noreturn]] void noSuchNode(const QString& path) {
@@ -32,7 +28,7 @@ QString attributeText(xmlNode* node, const QString& name) {
     return attribute == nullptr ? QString() : XmlText::Of(reinterpret_cast<const xmlNode*>(attribute));
 }
 
-/// A loose element that holds this text. Throws when there is no memory for it.
+/// Throws when memory runs out.
 XmlLooseNode newElement(xmlDoc* document, const QString& name, const QString& text) {
     XmlLooseNode element(xmlNewDocNode(document, nullptr, XmlText::ToXml(name.toUtf8()), nullptr));
     if (!element || !XmlText::Set(element.get(), text))
@@ -40,77 +36,39 @@ XmlLooseNode newElement(xmlDoc* document, const QString& name, const QString& te
     return element;
 }
 
+/// Throws when nothing matches.
+xmlNode& require(XmlTree& tree, const QString& path) {
+    xmlNode* node = tree.Find(path);
+    if (node == nullptr)
+        noSuchNode(path);
+    return *node;
+}
+
+xmlNode& requireElement(XmlTree& tree, const QString& path) {
+    xmlNode& node = require(tree, path);
+    if (node.type != XML_ELEMENT_NODE)
+        noSuchNode(path);
+    return node;
+}
+
+xmlNode* childOf(XmlTree& tree, const QString& path, int position) {
+    const xmlNode* node = tree.Find(path);
+    return node == nullptr ? nullptr : tree.Child(*node, position);
+}
+
+int activityCount(XmlTree& tree) {
+    return tree.CountChildren(*tree.Find(QStringLiteral("/*")));
+}
+
 } // namespace
 
-/// The document with its index. Both live and die together.
-class clsXML::Document final {
-  public:
-    explicit Document(XmlDocument document) : m_document(std::move(document)) {}
-
-    [[nodiscard]] xmlDoc* Get() const { return m_document.get(); }
-    [[nodiscard]] XmlIndex& Index() { return m_index; }
-    [[nodiscard]] bool HasRoot() const { return m_document && xmlDocGetRootElement(Get()) != nullptr; }
-    [[nodiscard]] xmlNode* Find(const QString& path) {
-        return m_document ? XmlPath::FindFirst(*m_document, m_index, path) : nullptr;
-    }
-    /// Throws when nothing matches.
-    [[nodiscard]] xmlNode* Require(const QString& path) {
-        xmlNode* node = Find(path);
-        if (node == nullptr)
-            noSuchNode(path);
-        return node;
-    }
-    [[nodiscard]] xmlNode* Child(const QString& path, int position) {
-        const xmlNode* node = Find(path);
-        return node == nullptr ? nullptr : XmlChildren::At(*node, m_index, position);
-    }
-
-    // The index points at the root's children only: changes further down leave it right.
-    void SetText(xmlNode* node, const QString& text) {
-        if (node == xmlDocGetRootElement(Get()))
-            m_index.Drop();
-        XmlText::Set(node, text);
-    }
-    void Remove(xmlNode* node) {
-        if (node->type == XML_DOCUMENT_NODE)
-            return;
-        if (node->type == XML_ATTRIBUTE_NODE) {
-            xmlRemoveProp(reinterpret_cast<xmlAttr*>(node));
-            return;
-        }
-        const xmlNode* root = xmlDocGetRootElement(Get());
-        if (node == root || node->parent == root)
-            m_index.Drop();
-        xmlUnlinkNode(node);
-        xmlFreeNode(node);
-    }
-    void Append(xmlNode* parent, XmlLooseNode element) {
-        xmlNode* added = xmlAddChild(parent, element.get());
-        if (added == nullptr)
-            throw StoreError(QStringLiteral("An element could not be added to the activity file."));
-        static_cast<void>(element.release());
-        if (parent == xmlDocGetRootElement(Get()))
-            m_index.Appended(added);
-    }
-    /// Puts the element where the old one stands, which goes.
-    void Replace(xmlNode* old, XmlLooseNode element) {
-        m_index.Drop();
-        xmlReplaceNode(old, element.release());
-        xmlFreeNode(old);
-    }
-
-  private:
-    XmlDocument m_document;
-    XmlIndex m_index;
-};
-
-clsXML::clsXML(OwnFiles& files) : m_files(files), m_document(std::make_unique<Document>(nullptr)) {}
+clsXML::clsXML(OwnFiles& files) : m_files(files), m_tree(std::make_unique<XmlTree>(nullptr)) {}
 
 clsXML::~clsXML() = default;
 
 QString clsXML::XMLDocumentInfo(int kind) const {
-    const xmlDoc* document = m_document->Get();
-    if (document == nullptr || document->standalone == undeclared)
+    const xmlDoc* document = m_tree->Document();
+    if (document == nullptr || !XmlWriter::IsDeclared(*document))
         throw StoreError(QStringLiteral("The activity file has no XML declaration."));
     switch (kind) {
     case 0:
@@ -127,7 +85,7 @@ QString clsXML::XMLDocumentInfo(int kind) const {
 }
 
 bool clsXML::OpenXML(const QString& source, int mode) {
-    m_document = std::make_unique<Document>(nullptr);
+    m_tree = std::make_unique<XmlTree>(nullptr);
     XmlDocument opened;
     QByteArray bytes;
     if (mode == 0 && !m_files.ReadAll(modNativePath::FromText(source), XmlParser::MaxBytes, bytes))
@@ -136,39 +94,39 @@ bool clsXML::OpenXML(const QString& source, int mode) {
         opened = XmlParser::ParseText(source);
     if (!opened)
         return false;
-    m_document = std::make_unique<Document>(std::move(opened));
+    m_tree = std::make_unique<XmlTree>(std::move(opened));
     return true;
 }
 
 QString clsXML::ReadNode(const QString& path) const {
-    const xmlNode* node = m_document->Find(path);
+    const xmlNode* node = m_tree->Find(path);
     return node == nullptr ? QString() : XmlText::Of(node);
 }
 
 QString clsXML::ReadNodeXML(const QString& path) const {
-    xmlNode* node = m_document->Require(path);
-    return node->type == XML_DOCUMENT_NODE ? XML() : XmlWriter::Markup(*node);
+    xmlNode& node = require(*m_tree, path);
+    return node.type == XML_DOCUMENT_NODE ? XML() : XmlWriter::Markup(node);
 }
 
 QString clsXML::XML() const {
-    return m_document->HasRoot() ? XmlWriter::Markup(*m_document->Get()) : QString();
+    return m_tree->HasRoot() ? XmlWriter::Markup(*m_tree->Document()) : QString();
 }
 
 void clsXML::WriteNode(const QString& path, const QString& value) {
-    if (xmlNode* node = m_document->Find(path))
-        m_document->SetText(node, value);
+    if (xmlNode* node = m_tree->Find(path))
+        m_tree->SetText(*node, value);
 }
 
 QString clsXML::ReadAttribute(const QString& path, const QString& name) const {
-    return attributeText(m_document->Find(path), name);
+    return attributeText(m_tree->Find(path), name);
 }
 
 void clsXML::WriteAttribute(const QString& path, const QStringList& names, const QStringList& values) {
-    xmlNode* node = m_document->Find(path);
+    xmlNode* node = m_tree->Find(path);
     if (node == nullptr || node->type != XML_ELEMENT_NODE)
         return;
     for (qsizetype i = 0; i < std::min(names.size(), values.size()); ++i) {
-        // "xmlns" would move the element into a namespace, where no path finds it after the next load.
+        // "xmlns" would move the element into a namespace; after the next load no plain path would find it.
         if (names[i] == QLatin1String("xmlns") || !IsUsableName(names[i]))
             continue;
         const QByteArray value = XmlText::Storable(values[i]).toUtf8();
@@ -177,75 +135,69 @@ void clsXML::WriteAttribute(const QString& path, const QStringList& names, const
 }
 
 int clsXML::NodeCount(const QString& path) const {
-    const xmlNode* node = m_document->Find(path);
-    return node == nullptr ? -1 : XmlChildren::Count(*node, m_document->Index());
+    const xmlNode* node = m_tree->Find(path);
+    return node == nullptr ? -1 : m_tree->CountChildren(*node);
 }
 
 void clsXML::Save(const QString& filePath) {
-    if (!m_document->HasRoot())
+    if (!m_tree->HasRoot())
         throw StoreError(QStringLiteral("There is no document to save."));
-    const auto bytes = XmlWriter::Bytes(*m_document->Get());
-    // The library stops at what it cannot encode and still reports success: only bytes that give the document back
-    // may replace a file.
-    Document again(bytes ? XmlParser::Parse(*bytes) : nullptr);
-    if (!again.HasRoot() || XmlChildren::Count(*again.Find(QStringLiteral("/*")), again.Index()) !=
-                                XmlChildren::Count(*m_document->Find(QStringLiteral("/*")), m_document->Index()))
+    const auto bytes = XmlWriter::Bytes(*m_tree->Document());
+    // libxml2 stops at what it cannot encode and still reports success. Parse the bytes again: a truncated document
+    // must not replace a file.
+    XmlTree again(bytes ? XmlParser::Parse(*bytes) : nullptr);
+    if (!again.HasRoot() || activityCount(again) != activityCount(*m_tree))
         throw StoreError(QStringLiteral("The document cannot be written in its encoding."));
     if (const std::error_code error = m_files.ReplaceAll(modNativePath::FromText(filePath), *bytes))
         throw StoreError(modForeignText::OfError(error));
 }
 
 void clsXML::DeleteNode(const QString& path) {
-    if (xmlNode* node = m_document->Find(path))
-        m_document->Remove(node);
+    if (xmlNode* node = m_tree->Find(path))
+        m_tree->Remove(*node);
 }
 
 void clsXML::MakeNode(const QString& parentPath, const QString& name, const std::optional<QString>& value) {
-    xmlNode* parent = m_document->Require(parentPath);
-    if (parent->type != XML_ELEMENT_NODE)
-        noSuchNode(parentPath);
+    xmlNode& parent = requireElement(*m_tree, parentPath);
     requireUsableName(name);
-    m_document->Append(parent, newElement(m_document->Get(), name, value.value_or(QString())));
+    m_tree->Append(parent, newElement(m_tree->Document(), name, value.value_or(QString())));
 }
 
 void clsXML::ReplaceElement(const QString& parentPath, const QString& oldName, const QString& newName,
                             const QList<std::pair<QString, QString>>& children) {
-    xmlNode* parent = m_document->Require(parentPath);
-    if (parent->type != XML_ELEMENT_NODE)
-        noSuchNode(parentPath);
+    xmlNode& parent = requireElement(*m_tree, parentPath);
     requireUsableName(newName);
-    XmlLooseNode element = newElement(m_document->Get(), newName, {});
+    XmlLooseNode element = newElement(m_tree->Document(), newName, {});
     for (const auto& [name, text] : children) {
         requireUsableName(name);
-        XmlLooseNode child = newElement(m_document->Get(), name, text);
+        XmlLooseNode child = newElement(m_tree->Document(), name, text);
         if (xmlAddChild(element.get(), child.get()) == nullptr)
             throw StoreError(QStringLiteral("There is not enough memory for \"%1\".").arg(name));
-        static_cast<void>(child.release());
+        std::ignore = child.release();
     }
-    xmlNode* old = oldName.isEmpty() ? nullptr : m_document->Find(parentPath + u'/' + oldName);
-    if (old != nullptr && newName == oldName && m_document->Find(parentPath + u'/' + oldName + u"[2]") != nullptr)
-        return m_document->Replace(old, std::move(element));
+    xmlNode* old = oldName.isEmpty() ? nullptr : m_tree->Find(parentPath + u'/' + oldName);
+    if (old != nullptr && newName == oldName && m_tree->Find(parentPath + u'/' + oldName + u"[2]") != nullptr)
+        return m_tree->Replace(*old, std::move(element));
     if (old != nullptr)
-        m_document->Remove(old);
-    m_document->Append(parent, std::move(element));
+        m_tree->Remove(*old);
+    m_tree->Append(parent, std::move(element));
 }
 
 void clsXML::AllOrNothing(const std::function<void()>& work) {
-    XmlDocument copy(m_document->Get() == nullptr ? nullptr : xmlCopyDoc(m_document->Get(), 1));
-    if (!copy && m_document->Get() != nullptr)
+    XmlDocument copy(m_tree->Document() == nullptr ? nullptr : xmlCopyDoc(m_tree->Document(), 1));
+    if (!copy && m_tree->Document() != nullptr)
         throw StoreError(QStringLiteral("There is not enough memory for the change."));
-    auto before = std::make_unique<Document>(std::move(copy));
+    auto before = std::make_unique<XmlTree>(std::move(copy));
     try {
         work();
     } catch (...) {
-        m_document = std::move(before);
+        m_tree = std::move(before);
         throw;
     }
 }
 
 void clsXML::DeleteAttribute(const QString& path, const QString& name) {
-    xmlNode* node = m_document->Require(path);
-    if (xmlAttr* attribute = attributeOf(node, name))
+    if (xmlAttr* attribute = attributeOf(&require(*m_tree, path), name))
         xmlRemoveProp(attribute);
 }
 
@@ -268,19 +220,19 @@ void clsXML::SetColorValue(const QString& path, int red, int green, int blue) {
 }
 
 QString clsXML::GetChildValue(const QString& path, int index) const {
-    const xmlNode* child = m_document->Child(path, index);
+    const xmlNode* child = childOf(*m_tree, path, index);
     return child == nullptr ? QString() : XmlText::Of(child);
 }
 
 QString clsXML::GetChildAttribute(const QString& path, int index, const QString& name) const {
-    return attributeText(m_document->Child(path, index), name);
+    return attributeText(childOf(*m_tree, path, index), name);
 }
 
 QString clsXML::GetChildName(const QString& path, int index) const {
-    const xmlNode* child = m_document->Child(path, index);
+    const xmlNode* child = childOf(*m_tree, path, index);
     if (child == nullptr)
         noSuchNode(QStringLiteral("%1[%2]").arg(path).arg(index));
-    return XmlChildren::NameOf(*child);
+    return XmlTree::NameOf(*child);
 }
 
 void clsXML::EncryptNode(const QString& path) {
@@ -294,7 +246,7 @@ void clsXML::DecryptNode(const QString& path) {
 void clsXML::shift(const QString& path, int by) {
     QList<uint> characters = ReadNode(path).toUcs4();
     for (uint& character : characters) {
-        character += static_cast<uint>(by); // a character below 13 wraps round to a value XML has no character for
+        character += static_cast<uint>(by); // a character below 13 wraps to a value that is no XML character
         if (!XmlText::IsXmlCharacter(character))
             return;
     }
@@ -303,7 +255,7 @@ void clsXML::shift(const QString& path, int by) {
 }
 
 bool clsXML::IsUsableName(const QString& name) const {
-    return m_document->Get() != nullptr && XmlNames::IsUsable(name, *m_document->Get());
+    return m_tree->IsUsableName(name);
 }
 
 void clsXML::requireUsableName(const QString& name) const {

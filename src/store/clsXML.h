@@ -1,6 +1,6 @@
-// The one XML document that holds all activities, addressed by paths such as "/items/NAME/sourcedir". Owns the document
-// and an index over the activities. Reads never fail: what is missing reads as "" (NodeCount: -1). MakeNode, Save,
-// ReadNodeXML, GetChildName, DeleteAttribute and XMLDocumentInfo throw StoreError.
+// The XML document with all activities, addressed by paths such as "/items/NAME/sourcedir". Owns the document. Reads
+// never fail: what is missing reads as "" (NodeCount: -1). MakeNode, ReplaceElement, Save, ReadNodeXML, GetChildName,
+// DeleteAttribute and XMLDocumentInfo throw StoreError.
 #pragma once
 
 #include <QList>
@@ -13,6 +13,7 @@
 #include <utility>
 
 class OwnFiles;
+class XmlTree;
 
 class clsXML final {
   public:
@@ -23,10 +24,10 @@ class clsXML final {
     [[nodiscard]] QString XMLDocumentInfo(int kind) const;
 
     /// Replaces the document: mode 0 loads a file (64 MiB at most), mode 1 parses text; any other mode loads nothing.
-    /// False leaves an empty document behind, never the previous one. DOCTYPE declarations are refused.
+    /// On failure (false) the document is empty, never the previous one. DOCTYPE declarations are refused.
     bool OpenXML(const QString& source, int mode);
 
-    /// Text of the first node that matches; about a microsecond for "/items/NAME/field" whatever the file's size.
+    /// Text of the first match. "/items/NAME/field" takes about a microsecond, however large the file.
     [[nodiscard]] QString ReadNode(const QString& path) const;
     [[nodiscard]] QString ReadNodeXML(const QString& path) const;
     [[nodiscard]] QString XML() const;
@@ -36,16 +37,16 @@ class clsXML final {
     [[nodiscard]] QString ReadAttribute(const QString& path, const QString& name) const;
     void WriteAttribute(const QString& path, const QStringList& names, const QStringList& values);
 
-    /// Children of the first matching node: elements only below the root element, else every node but blank text.
+    /// Children of the first match: only elements below the root element, elsewhere every node but blank text.
     [[nodiscard]] int NodeCount(const QString& path) const;
 
-    /// Writes the document, in its declared encoding, atomically. The bytes must parse again before they replace
-    /// anything.
+    /// Writes the document atomically, in its declared encoding. Throws and leaves the file alone when the bytes would
+    /// not parse again.
     void Save(const QString& filePath);
     void DeleteNode(const QString& path);
 
-    /// Appends an element to the first node that matches. Throws, with the document unchanged, when the parent is
-    /// missing or the name is no XML name (no colon) in the document's encoding.
+    /// Appends an element to the first match. Throws, with the document unchanged, when the parent is missing or the
+    /// document's encoding has no such XML name (without colon).
     void MakeNode(const QString& parentPath, const QString& name, const std::optional<QString>& value = std::nullopt);
     void DeleteAttribute(const QString& path, const QString& name);
 
@@ -56,27 +57,26 @@ class clsXML final {
     [[nodiscard]] QString GetChildAttribute(const QString& path, int index, const QString& name) const;
     [[nodiscard]] QString GetChildName(const QString& path, int index) const;
 
-    /// Shifts every character's code by 13. A text that XML could not hold after the shift is left as it is.
+    /// Shifts every character's code by 13. Leaves a text alone when XML could not hold the result.
     void EncryptNode(const QString& path);
     void DecryptNode(const QString& path);
 
     /// Whether MakeNode would take this as an element name.
     [[nodiscard]] bool IsUsableName(const QString& name) const;
 
-    /// Builds an element with one child for each (name, text), and only when that is complete removes the first
-    /// `oldName` below the parent (unless empty) and appends the new one. Under the same name, where another
-    /// of it is left, it takes the old one's place instead: behind its namesake no path would find it. Throws with the
+    /// Builds an element with one child for each (name, text). Only when that is complete, removes the first `oldName`
+    /// below the parent (unless empty) and appends the new element. If the name stays the same and another element has
+    /// it too, the new one takes the old one's place: after its namesake no path would find it. Throws with the
     /// document unchanged.
     void ReplaceElement(const QString& parentPath, const QString& oldName, const QString& newName,
                         const QList<std::pair<QString, QString>>& children);
 
-    /// Does the work. When that throws, the document is again what it was before, and the exception passes.
+    /// Runs `work`. If it throws, restores the document and rethrows.
     void AllOrNothing(const std::function<void()>& work);
 
   private:
-    class Document;
     void requireUsableName(const QString& name) const;
     void shift(const QString& path, int by);
     OwnFiles& m_files;
-    std::unique_ptr<Document> m_document;
+    std::unique_ptr<XmlTree> m_tree;
 };

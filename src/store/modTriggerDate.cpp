@@ -28,3 +28,29 @@ QDate modTriggerDate::Read(const QString& text, const QLocale& locale) {
     const bool monthFirst = locale.language() == QLocale::C || order.indexOf(u'M') < order.indexOf(u'd');
     return monthFirst ? fromParts(parts, 2, 0, 1) : fromParts(parts, 2, 1, 0);
 }
+
+QString modTriggerDate::Format(const QLocale& locale) {
+    if (locale.language() == QLocale::German)
+        return QStringLiteral("dd.MM.yyyy");
+    if (locale.language() == QLocale::C)
+        return QStringLiteral("MM/dd/yyyy");
+    const QString order = locale.dateFormat(QLocale::ShortFormat);
+    const qsizetype day = order.indexOf(u'd');
+    const qsizetype month = order.indexOf(u'M');
+    const qsizetype year = order.indexOf(u'y');
+    if (year < day && year < month)
+        return QStringLiteral("yyyy-MM-dd");
+    if (month < day)
+        return QStringLiteral("MM/dd/yyyy");
+    return order.contains(u'.') ? QStringLiteral("dd.MM.yyyy") : QStringLiteral("dd/MM/yyyy");
+}
+
+QString modTriggerDate::Spelled(const QString& format, const QString& letters) {
+    QString spelled = format;
+    for (QChar& c : spelled) {
+        const qsizetype which = QStringLiteral("dMy").indexOf(c);
+        if (which >= 0 && which < letters.size())
+            c = letters[which];
+    }
+    return spelled;
+}

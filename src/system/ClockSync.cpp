@@ -2,15 +2,36 @@
 
 #include "Clock.h"
 #include "StringTable.h"
-#include "TimeAnswer.h"
+
+#include <QtEndian>
+#include <cmath>
+#include <limits>
+#include <optional>
 
 namespace {
 
-constexpr qsizetype mostBytes = 64; // a server that says more is none for the time
+constexpr qsizetype maxBytes = 64; // a server that sends more is no time server
 
-/// A server that lives in the past has lost its battery. On its word every file would look newer than what is copied
-/// from now on.
+/// A server in the past has lost its battery. If the clock followed it, every existing file would look newer than all
+/// later copies.
 constexpr std::chrono::sys_days earliest{std::chrono::year{2020} / std::chrono::January / 1};
+
+/// The time (UTC) in the first four bytes plus half of the round trip, rounded to seconds. nullopt for fewer bytes and
+/// for times before 1921-12-13 20:45:52, which do not fit a signed 32-bit count from 1990.
+std::optional<std::chrono::sys_seconds> timeIn(const QByteArray& answer,
+                                               std::chrono::steady_clock::duration roundTrip) {
+    using namespace std::chrono;
+    constexpr qsizetype answerBytes = 4;
+    constexpr std::int64_t from1900To1990 = 2840140800;
+    constexpr sys_days base{year{1990} / January / 1};
+    if (answer.size() < answerBytes)
+        return std::nullopt;
+    const std::int64_t since1990 = qFromBigEndian<quint32>(answer.constData()) - from1900To1990;
+    if (since1990 < std::numeric_limits<std::int32_t>::min())
+        return std::nullopt;
+    const double oneWay = duration<double>(roundTrip).count() / 2;
+    return sys_seconds(base) + seconds(since1990) + seconds(std::llrint(oneWay));
+}
 
 } // namespace
 
@@ -31,14 +52,14 @@ void ClockSync::Begin() {
     m_attempt = std::make_shared<const int>();
     m_answer.clear();
     m_socket = std::make_unique<QTcpSocket>();
-    m_socket->setReadBufferSize(mostBytes + 1);
+    m_socket->setReadBufferSize(maxBytes + 1);
     connectSocket();
     m_timeout.start();
     m_socket->connectToHost(m_server.host, m_server.port);
 }
 
 void ClockSync::connectSocket() {
-    // Queued, since each may end the socket; an outcome that still waits for a former one is dropped with it.
+    // Queued, because each may delete the socket. Calls still queued for an earlier attempt are dropped.
     connect(m_socket.get(), &QTcpSocket::connected, this, [this] { m_connected = m_clock.MonotonicNow(); });
     connect(m_socket.get(), &QTcpSocket::readyRead, this, &ClockSync::read, Qt::QueuedConnection);
     const auto unlessDropped = [this](auto action) {
@@ -50,7 +71,7 @@ void ClockSync::connectSocket() {
     connect(m_socket.get(), &QTcpSocket::disconnected, this, unlessDropped([this] { onClosed(); }),
             Qt::QueuedConnection);
     const auto onError = unlessDropped([this] {
-        if (m_socket->error() != QAbstractSocket::RemoteHostClosedError) // that is the end of an answer
+        if (m_socket->error() != QAbstractSocket::RemoteHostClosedError) // the normal end of an answer
             fail(m_socket->errorString());
     });
     connect(m_socket.get(), &QTcpSocket::errorOccurred, this, onError, Qt::QueuedConnection);
@@ -59,8 +80,8 @@ void ClockSync::connectSocket() {
 void ClockSync::read() {
     if (!m_socket)
         return;
-    m_answer += m_socket->read(mostBytes + 1);
-    if (m_answer.size() > mostBytes)
+    m_answer += m_socket->read(maxBytes + 1);
+    if (m_answer.size() > maxBytes)
         fail(m_texts[Text::TimeServerNonsense]);
 }
 
@@ -71,7 +92,7 @@ void ClockSync::onClosed() {
     const auto roundTrip = m_clock.MonotonicNow() - m_connected;
     m_timeout.stop();
     m_socket.reset();
-    const auto time = TimeAnswer::Convert(m_answer, roundTrip);
+    const auto time = timeIn(m_answer, roundTrip);
     if (!time)
         Q_EMIT Ignored();
     else if (*time < earliest)

@@ -1,36 +1,44 @@
-// Sets the computer's clock by a time server, without holding up the event loop. Owns the connection of one
-// synchronisation at a time. Every Begin ends with exactly one of the signals, unless it is dropped.
+// Sets the computer's clock from a Time Protocol server (RFC 868) without blocking the event loop. Owns the connection
+// of one synchronisation at a time. Each Begin emits exactly one of the signals, unless a later Begin replaces it.
 #pragma once
 
 #include "SystemClock.h"
-#include "TimeServer.h"
+#include <QByteArray>
 #include <QObject>
+#include <QString>
 #include <QTcpSocket>
 #include <QTimer>
+#include <chrono>
 #include <memory>
 
 class Clock;
 class StringTable;
 
+/// A public server by default.
+struct TimeServer {
+    QString host = QStringLiteral("time.nist.gov");
+    quint16 port = 37;
+};
+
 class ClockSync final : public QObject {
     Q_OBJECT
   public:
-    /// Everything handed in must outlive this object. `timeout` is for connection and answer together.
+    /// Everything passed in must outlive this object. `timeout` covers connection and answer together.
     ClockSync(SystemClock& systemClock, const Clock& clock, const StringTable& texts, TimeServer server = {},
               std::chrono::milliseconds timeout = std::chrono::seconds(10));
     ~ClockSync() override;
 
-    /// Asks the server. One under way is dropped and stays silent. No signal comes from inside of this call.
+    /// Asks the server. Drops a pending synchronisation, which then emits nothing. Never emits a signal itself.
     void Begin();
 
   Q_SIGNALS:
     /// The clock was set.
     void Synchronised();
 
-    /// It was not, for this reason of the network's or the system's; or the answer lies before 2020.
+    /// Network or system refused, or the answer was invalid.
     void Failed(const QString& reason);
 
-    /// It was not, and there is nothing to say: the server's answer was too short or out of range.
+    /// The answer was too short or out of range: the clock was not set and no message is due.
     void Ignored();
 
   private:
@@ -49,5 +57,5 @@ class ClockSync final : public QObject {
     std::unique_ptr<QTcpSocket> m_socket;
     QByteArray m_answer;
     std::chrono::steady_clock::time_point m_connected;
-    std::shared_ptr<const int> m_attempt; ///< expires with it, for outcomes that come too late
+    std::shared_ptr<const int> m_attempt; ///< expires with the attempt, so that late outcomes are dropped
 };

@@ -4,12 +4,12 @@
 
 namespace {
 
-constexpr int mostRedirections = 5;
+constexpr int maxRedirects = 5;
 
 QNetworkRequest requestFor(const QUrl& address, const QString& agent) {
     QNetworkRequest request(address);
     request.setHeader(QNetworkRequest::UserAgentHeader, agent);
-    request.setRawHeader("Accept-Encoding", "identity"); // the limit counts what arrives
+    request.setRawHeader("Accept-Encoding", "identity"); // the limit applies to the bytes received
     request.setRawHeader("Cache-Control", "no-cache");
     request.setRawHeader("Pragma", "no-cache");
     request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
@@ -17,7 +17,7 @@ QNetworkRequest requestFor(const QUrl& address, const QString& agent) {
     request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
-    request.setMaximumRedirectsAllowed(mostRedirections);
+    request.setMaximumRedirectsAllowed(maxRedirects);
     return request;
 }
 
@@ -42,16 +42,16 @@ void HttpFetch::Begin(const QUrl& address, const QString& agent, Outcome outcome
     drop();
     m_outcome = std::move(outcome);
     m_timeout.start();
-    // Anything but the web would be answered from this computer: a file, say.
+    // Other schemes (file:, data:) would be answered from this computer.
     m_reply = m_network.get(requestFor(isWeb(address) ? address : QUrl(), agent));
-    m_reply->setReadBufferSize(MostBytes + 1);
+    m_reply->setReadBufferSize(MaxBytes + 1);
     connect(m_reply, &QNetworkReply::readyRead, this, &HttpFetch::read);
     connect(m_reply, &QNetworkReply::finished, this, &HttpFetch::onFinished, Qt::QueuedConnection);
 }
 
 void HttpFetch::read() {
-    m_body += m_reply->read(MostBytes + 1);
-    if (m_body.size() > MostBytes)
+    m_body += m_reply->read(MaxBytes + 1);
+    if (m_body.size() > MaxBytes)
         finish(std::nullopt);
 }
 

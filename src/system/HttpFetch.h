@@ -1,5 +1,5 @@
-// Fetches a small file over HTTP, fresh and without cookies, without holding up the event loop. Owns the connection of
-// one fetch at a time. A redirection is followed to the same scheme or from http to https, never back.
+// Fetches a small file over HTTP, uncached and without cookies, without blocking the event loop. Owns the connection of
+// one fetch at a time. Follows redirects within a scheme and from http to https, never from https to http.
 #pragma once
 
 #include <QNetworkAccessManager>
@@ -14,17 +14,16 @@
 class HttpFetch final : public QObject {
     Q_OBJECT
   public:
-    static constexpr qint64 MostBytes = 64 << 10;
+    static constexpr qint64 MaxBytes = 64 << 10;
 
-    /// The body of an answer with status 200; nullopt for everything else: no such answer, one larger than MostBytes,
-    /// or none within the time.
+    /// The body of an answer with status 200; nullopt for every failure, including a body above MaxBytes and a timeout.
     using Outcome = std::function<void(const std::optional<QByteArray>& body)>;
 
-    /// `timeout` is for one fetch as a whole.
+    /// `timeout` covers a whole fetch.
     explicit HttpFetch(std::chrono::milliseconds timeout = std::chrono::seconds(15));
     ~HttpFetch() override;
 
-    /// One under way is dropped and stays silent. The outcome never comes from inside of this call.
+    /// Drops a pending fetch without an outcome. Never calls `outcome` itself.
     void Begin(const QUrl& address, const QString& agent, Outcome outcome);
 
   private:
@@ -35,7 +34,7 @@ class HttpFetch final : public QObject {
 
     QNetworkAccessManager m_network;
     QTimer m_timeout;
-    QNetworkReply* m_reply = nullptr; ///< deletes itself when it is let go
+    QNetworkReply* m_reply = nullptr; ///< deleted later by drop()
     QByteArray m_body;
     Outcome m_outcome;
 };

@@ -4,6 +4,8 @@
 #include "SettingsStore.h"
 #include "StringTable.h"
 
+#include <tuple>
+
 namespace {
 
 const QString section = QStringLiteral("Options");
@@ -18,7 +20,7 @@ bool isTrue(const QString& value) {
 
 void clsAssocFile::SetFileAssoc(const std::filesystem::path& program, const QString& extension,
                                 const std::filesystem::path& icon, const QString& description) {
-    static_cast<void>(m_types.Register({program, extension, icon, description}));
+    std::ignore = m_types.Register({program, extension, icon, description});
 }
 
 void clsAssocFile::RegisterOnce(const ProgramPlaces& places) {
@@ -26,5 +28,5 @@ void clsAssocFile::RegisterOnce(const ProgramPlaces& places) {
         return;
     SetFileAssoc(places.programFolder / "Kalvenor", QStringLiteral(".kvd"), places.programFolder / "kvd.ico",
                  m_texts[Text::FileTypeName]);
-    static_cast<void>(m_settings.Write(SettingsStore::OwnApplication, section, key, QStringLiteral("1")));
+    std::ignore = m_settings.Write(SettingsStore::OwnApplication, section, key, QStringLiteral("1"));
 }

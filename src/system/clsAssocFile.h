@@ -1,5 +1,5 @@
-// Makes a double click on an activity file open it in this program. Owns nothing. Failures are silent: the program
-// works as well without.
+// Registers the file type of activity files, so that a double click opens them in this program. Failures are silent:
+// the program works without it.
 #pragma once
 
 #include "FileTypes.h"
@@ -10,14 +10,14 @@ struct ProgramPlaces;
 
 class clsAssocFile final {
   public:
-    /// Everything handed in must outlive this object.
+    /// Everything passed in must outlive this object.
     clsAssocFile(FileTypes& types, SettingsStore& settings, const StringTable& texts)
         : m_types(types), m_settings(settings), m_texts(texts) {}
 
     void SetFileAssoc(const std::filesystem::path& program, const QString& extension, const std::filesystem::path& icon,
                       const QString& description);
 
-    /// Registers ".kvd", once for each user, whether it succeeds or not: who has it otherwise keeps it so.
+    /// Registers ".kvd" once per user, even if that fails, so that a later choice of the user is never overwritten.
     void RegisterOnce(const ProgramPlaces& places);
 
   private:

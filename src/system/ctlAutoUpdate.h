@@ -1,13 +1,29 @@
-// Asks the maker's site for the newest version, on demand and once a day, without holding up the event loop. Owns the
-// download of one check at a time and the values of the last one. Whatever fails leaves these values empty.
+// Asks the update site for the newest version, on demand and once a day, without blocking the event loop. Owns the
+// download of one check at a time and the values of the last one. Any failure leaves these values empty.
 #pragma once
 
 #include "HttpFetch.h"
-#include "UpdateConfiguration.h"
+#include <QString>
 #include <QTemporaryFile>
+#include <QUrl>
 
 class Clock;
 class SettingsStore;
+
+struct UpdateConfiguration {
+    QString title;          ///< application name in the settings store
+    QString currentVersion; ///< "2.1.0"
+    QString site;           ///< base address without a trailing "/"
+    QString versionFile;    ///< name of the version file below the site
+    QString executable;     ///< address of the new program
+    QString agent;          ///< user agent of each request
+
+    /// Of this build; CMake sets the addresses.
+    [[nodiscard]] static UpdateConfiguration OfThisProgram();
+
+    /// The page where users download a new version.
+    [[nodiscard]] static QUrl DownloadPage();
+};
 
 class ctlAutoUpdate final : public QObject {
     Q_OBJECT
@@ -18,14 +34,14 @@ class ctlAutoUpdate final : public QObject {
     /// Opens an address in the default browser.
     using Browser = std::function<void(const QUrl& address)>;
 
-    /// Everything handed in must outlive this object. `timeout` is for one download as a whole.
+    /// Everything passed in must outlive this object. `timeout` covers a whole download.
     ctlAutoUpdate(SettingsStore& settings, const Clock& clock, Browser browser,
                   std::chrono::milliseconds timeout = std::chrono::seconds(15));
 
-    /// Before anything else.
+    /// Must come before any other call.
     void Configure(UpdateConfiguration configuration) { m_configuration = std::move(configuration); }
 
-    /// Values of the last successful check; empty before, during and after one that failed.
+    /// Values of the last check; empty before it, while it runs and when it failed.
     [[nodiscard]] QString GetNewVersion() const { return m_newVersion; }
     [[nodiscard]] QString GetReleaseDate() const { return m_releaseDate; }
     [[nodiscard]] QString GetFileSize() const { return m_fileSize; }
@@ -34,23 +50,23 @@ class ctlAutoUpdate final : public QObject {
     [[nodiscard]] QString GetCurrentVersion() const { return m_configuration.currentVersion; }
     [[nodiscard]] QString GetUpdateURL() const { return m_configuration.executable; }
 
-    /// True when the last check found a version of another name than this one, be it higher or lower.
+    /// Whether the last check found a version other than this one, higher or lower.
     [[nodiscard]] bool IsOtherVersion() const;
 
     [[nodiscard]] bool GetCheckForUpdatesEveryDay() const;
     void SetCheckForUpdatesEveryDay(bool on);
 
-    /// Begins a check; Checked follows. One under way is dropped and stays silent.
+    /// Begins a check; Checked follows. Drops a pending check without a signal.
     void CheckForNewVersion() { check(Check::Manual); }
 
-    /// Begins a check if the user wants one each day and there was none today; true when it did.
+    /// Begins a check and returns true if the user wants one each day and there was none today.
     bool CheckOncePerDay();
 
-    /// Fetches a file of at most HttpFetch::MostBytes; `done` is told, never from inside of this call, whether it was
-    /// written. A download under way is dropped.
+    /// Downloads a file of at most HttpFetch::MaxBytes and calls `done`, never from within this call. Drops a pending
+    /// download.
     void Download(const QUrl& url, const QString& file, const std::function<void(bool written)>& done);
 
-    /// A new file in the user's temporary folder that goes with its object; null when there is no room for it.
+    /// A new file in the user's temporary folder, removed with the object; null when it cannot be created.
     [[nodiscard]] static std::unique_ptr<QTemporaryFile> CreateTempFile();
 
     void OpenURL(const QUrl& url) const { m_browser(url); }
@@ -66,7 +82,7 @@ class ctlAutoUpdate final : public QObject {
     const Clock& m_clock;
     Browser m_browser;
     UpdateConfiguration m_configuration;
-    std::unique_ptr<QTemporaryFile> m_temporary; ///< of the check under way
+    std::unique_ptr<QTemporaryFile> m_temporary; ///< of the pending check
     QString m_newVersion;
     QString m_releaseDate;
     QString m_fileSize;

@@ -1,6 +1,5 @@
 #include "EditorScheduleTab.h"
 
-#include "DateOrder.h"
 #include "EditorFields.h"
 #include "FormParts.h"
 #include "FormServices.h"
@@ -57,7 +56,7 @@ void setWanted(MaskedField& field, bool wanted) {
 } // namespace
 
 EditorScheduleTab::EditorScheduleTab(const EditorServices& services)
-    : m_texts(services.texts), m_locale(services.locale), m_dateFormat(DateOrder::Format(services.locale)),
+    : m_texts(services.texts), m_locale(services.locale), m_dateFormat(modTriggerDate::Format(services.locale)),
       m_types(new QButtonGroup(this)), sldInterval(new QSlider(Qt::Horizontal)), spnInterval(new QSpinBox),
       chkRunningMode(FormParts::CheckBox("chkRunningMode", m_texts[Text::OnceOnly])),
       txtDate(new MaskedField(m_dateFormat)), txtDateTime(new MaskedField(timeFormat)),
@@ -125,7 +124,7 @@ QGroupBox* EditorScheduleTab::buildFixedTimes() {
     FormParts::Name(*txtTime, "txtTime", m_texts[Text::Time]);
     FormParts::Name(*cmdSelectDate, "cmdSelectDate", m_texts[Text::SelectDate]);
     txtDateTime->setObjectName(QStringLiteral("txtDateTime"));
-    m_order = new QLabel(DateOrder::Spelled(m_dateFormat, m_texts[Text::DateOrderLetters]));
+    m_order = new QLabel(modTriggerDate::Spelled(m_dateFormat, m_texts[Text::DateOrderLetters]));
     m_order->setTextFormat(Qt::PlainText);
     txtDate->setAccessibleDescription(m_order->text());
 
@@ -165,7 +164,7 @@ void EditorScheduleTab::bindFields() {
     };
     m_bindings.Choice(*m_types, ActivityField::Type);
     m_bindings.Number(*spnInterval, ActivityField::Interval);
-    m_bindings.Masked(*txtDate, ActivityField::TriggerDate, inForm(m_dateFormat), inForm(DateOrder::Stored));
+    m_bindings.Masked(*txtDate, ActivityField::TriggerDate, inForm(m_dateFormat), inForm(modTriggerDate::Stored));
     m_bindings.Masked(*txtDateTime, ActivityField::TriggerDateTime, spelledTime, spelledTime);
     m_bindings.Masked(*txtTime, ActivityField::TriggerTime, spelledTime, spelledTime);
     m_bindings.Switch(*chkDaily, ActivityField::Daily);

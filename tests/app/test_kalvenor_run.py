@@ -81,8 +81,8 @@ class KalvenorRun(RunFixture):
         first.send_signal(signal.SIGCONT)
         first.communicate(timeout=60)
         self.assertEqual([process.returncode for process in [*refused, unlockable]], [4, 4, 4])
-        self.assertIn("Another process works", refused[1].stderr)
-        self.assertIn("No lock could be made", unlockable.stderr)
+        self.assertIn("Another process is using", refused[1].stderr)
+        self.assertIn("No lock could be created", unlockable.stderr)
         self.assertEqual(first.returncode, 1)
         for path in (self.root / "A-out").iterdir():
             self.assertEqual(path.stat().st_size, (source / path.name).stat().st_size, path.name)

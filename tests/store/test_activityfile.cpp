@@ -1,5 +1,4 @@
-// The activity file on disk: where it is, how it is created, saved, repaired and cleared. Nothing may be lost on the
-// way.
+// The activity file on disk: where it is, how it is created, saved and repaired without losing anything.
 #include "ScratchStore.h"
 #include "StoreError.h"
 
@@ -24,6 +23,14 @@ QString refusal(ActivityFile& file) {
     }
     return {};
 }
+
+/// A damaged file; the current directory is "cwd" and the user agrees to the repair.
+struct DamagedStore : ScratchStore {
+    DamagedStore() : ScratchStore("damaged") {
+        QDir::setCurrent(Path(u"cwd"_qs));
+        prompter.yes = true;
+    }
+};
 
 } // namespace
 
@@ -132,7 +139,7 @@ class TestActivityFile : public QObject {
 
     void exportMakesTheNewFileCurrent() {
         ScratchStore store(oneActivity);
-        QVERIFY(store.Write(other, "to be replaced"));
+        QVERIFY(store.Write(other, "old"));
         QVERIFY(store.file.Load());
         QVERIFY_THROWS_EXCEPTION(StoreError, store.file.SaveAs(store.Path(u"none/b.kvd"_qs)));
         QCOMPARE(store.file.CurrentPath(), store.Path(own));
@@ -144,13 +151,11 @@ class TestActivityFile : public QObject {
     }
 
     void repairTakesTheFirstFreeName() {
-        ScratchStore store;
-        QVERIFY(QDir::setCurrent(store.Path(u"cwd"_qs)));
+        DamagedStore store;
         QMap<QString, QByteArray> kept;
         for (const auto& moved : {u"a.OLD"_qs, u"a.OLD1"_qs, u"a.OLD2"_qs}) {
             kept[moved] = "<items><A><sourcedir>/only/copy/" + moved.toLatin1() + "</sourcedir></A>";
             QVERIFY(store.Write(own, kept[moved]));
-            store.file.SetCurrentPath(store.Path(own));
             QVERIFY(!store.file.Load());
             store.prompter.yes = false;
             QVERIFY(!store.file.OfferRepair());
@@ -158,20 +163,18 @@ class TestActivityFile : public QObject {
             store.prompter.yes = true;
             QVERIFY(store.file.OfferRepair());
             QCOMPARE(store.Read(own), emptyFile);
-            QCOMPARE(store.Entries(u"cwd"_qs), QStringList(kept.keys()));
             for (auto old = kept.cbegin(); old != kept.cend(); ++old)
                 QCOMPARE(store.Read(u"cwd/"_qs + old.key()), old.value());
             QVERIFY(store.file.Load());
         }
+        QCOMPARE(store.Entries(u"cwd"_qs), QStringList(kept.keys()));
         QCOMPARE(store.prompter.shown.size(), 6U);
         QCOMPARE(store.prompter.shown[0].text, store.texts[Text::FileCorrupted]);
     }
 
     void failedMoveLeavesTheDamagedFile() {
-        ScratchStore store("damaged");
-        QVERIFY(QDir::setCurrent(store.Path(u"cwd"_qs)));
+        DamagedStore store;
         QVERIFY(QDir().rmdir(store.Path(u"cwd"_qs))); // nothing can be moved into a directory that is gone
-        store.prompter.yes = true;
         QVERIFY(!store.file.OfferRepair());
         QCOMPARE(store.Read(own), QByteArray("damaged"));
         QVERIFY(store.prompter.shown.back().text.startsWith(store.texts[Text::FileNotMovedAway]));
@@ -179,11 +182,10 @@ class TestActivityFile : public QObject {
 
     void onlyADamagedFileIsRepaired() {
         for (const bool isDanglingLink : {false, true}) {
-            ScratchStore store;
+            DamagedStore store;
             store.file.SetCurrentPath(store.Path(u"none/a.kvd"_qs));
             QVERIFY(!isDanglingLink || (QDir(store.Path()).mkdir(u"none"_qs) &&
                                         QFile::link(store.Path(u"nowhere"_qs), store.Path(u"none/a.kvd"_qs))));
-            store.prompter.yes = true;
             QVERIFY(!store.file.OfferRepair());
             QCOMPARE(store.prompter.shown.size(), 1U);
             QVERIFY(store.prompter.shown[0].text.startsWith(store.texts[Text::FileUnreadable]));
@@ -192,9 +194,7 @@ class TestActivityFile : public QObject {
     }
 
     void fileMendedMeanwhileIsNotMoved() {
-        ScratchStore store("damaged");
-        QVERIFY(QDir::setCurrent(store.Path(u"cwd"_qs)));
-        store.prompter.yes = true;
+        DamagedStore store;
         store.prompter.onAsk = [&](const Message&) { QVERIFY(store.Write(own, oneActivity)); };
         QVERIFY(store.file.OfferRepair());
         QCOMPARE(store.Read(own), oneActivity);
@@ -202,11 +202,9 @@ class TestActivityFile : public QObject {
     }
 
     void linkedFileIsRepairedToo() {
-        ScratchStore store("damaged");
-        QVERIFY(QDir::setCurrent(store.Path(u"cwd"_qs)));
+        DamagedStore store;
         QVERIFY(QFile::link(own, store.Path(u"link.kvd"_qs)));
         store.file.SetCurrentPath(store.Path(u"link.kvd"_qs));
-        store.prompter.yes = true;
         QVERIFY(store.file.OfferRepair());
         QCOMPARE(store.Read(u"cwd/link.OLD"_qs), QByteArray("damaged"));
         QCOMPARE(store.Read(own), QByteArray("damaged"));

@@ -5,6 +5,7 @@
 #include "StoreError.h"
 
 #include <QtTest>
+#include <tuple>
 
 namespace {
 
@@ -92,7 +93,7 @@ class TestActivityWriter : public QObject {
         const QString before = store.document.XML();
         QVERIFY(QFile::remove(store.Path(u"a.kvd"_qs)) && QDir(store.Path()).mkdir(u"a.kvd"_qs));
         for (const QString& name : {A, D})
-            QVERIFY_THROWS_EXCEPTION(StoreError, static_cast<void>(store.writer.Write(A, name, record())));
+            QVERIFY_THROWS_EXCEPTION(StoreError, std::ignore = store.writer.Write(A, name, record()));
         QCOMPARE(store.document.XML(), before);
         QCOMPARE(store.file.Read(A, ActivityField::SourceDir), u"/a"_qs);
     }

@@ -1,64 +1,110 @@
-// The version file against a real web server, good and bad; how the file is read; the check of the day.
+// The version file from a web server, good and bad, and the check once a day.
 #include "Fakes.h"
-#include "ServerProcess.h"
-#include "VersionFile.h"
 #include "ctlAutoUpdate.h"
 
 #include <QSignalSpy>
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTest>
 
 using namespace std::chrono_literals;
 
+namespace {
+
+const QByteArray release = "[~UP]\r\nVersion=2.2.0\r\nRelease=24.12.2026\r\nSize=3 MB\r\nInfo=\"Much better\"\r\n";
+
+QByteArray reply(const QByteArray& status, const QByteArray& body, int missing = 0) {
+    return "HTTP/1.1 " + status + "\r\nConnection: close\r\nSet-Cookie: known=1\r\nContent-Length: " +
+           QByteArray::number(body.size() + missing) + "\r\n\r\n" + body;
+}
+
+/// Sends the answer given for a path; a path without one gets none.
+struct WebServer : QTcpServer {
+    WebServer() {
+        listen(QHostAddress::LocalHost);
+        connect(this, &QTcpServer::newConnection, this, [this] {
+            QTcpSocket* client = nextPendingConnection();
+            connect(client, &QTcpSocket::readyRead, this, [this, client] {
+                if (!client->peek(10'000).contains("\r\n\r\n"))
+                    return;
+                lastRequest = client->readAll();
+                const QByteArray answer = answers.value(lastRequest.split(' ').at(1));
+                client->write(answer);
+                if (!answer.isEmpty())
+                    client->disconnectFromHost();
+            });
+        });
+    }
+    QMap<QByteArray, QByteArray> answers;
+    QByteArray lastRequest;
+};
+
+} // namespace
+
 class TestAutoUpdate final : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void initTestCase() {
-        QVERIFY(m_server.Start(u"update_server.py"_qs));
-        qputenv("TMPDIR", m_temporary.path().toUtf8());
-    }
+    void initTestCase() { qputenv("TMPDIR", m_temporary.path().toUtf8()); }
 
     void asksTheSite_data() {
-        QTest::addColumn<QString>("version"); // "": taken for up to date
-        QTest::addColumn<bool>("isOther");
-        QTest::addColumn<int>("seconds"); // until it is given up
-        const auto row = [](const char* folder, const QString& version, bool isOther = false, int seconds = 60) {
-            QTest::newRow(folder) << version << isOther << seconds;
+        QTest::addColumn<QByteArray>("answer");
+        QTest::addColumn<QString>("values"); // version, date, size, description
+        const auto row = [](const char* name, const QByteArray& answer, const QString& values = u"|||"_qs) {
+            QTest::newRow(name) << answer << values;
         };
-        row("newer", u"2.2.0"_qs, true);
-        row("equal", u"2.1.0"_qs);
-        row("moved", u"2.2.0"_qs, true);
-        for (const char* folder : {"novalue", "html", "missing", "cut", "endless", "tofile", "circle"})
-            row(folder, {});
-        row("silent", {}, false, 2);
+        const auto file = [&](const char* name, const QByteArray& bytes, const QString& values) {
+            row(name, reply("200 OK", bytes), values);
+        };
+        file("newer", release, m_newer);
+        file("equal", QByteArray(release).replace("2.2.0", "2.1.0"), u"2.1.0|24.12.2026|3 MB|Much better"_qs);
+        file("spelling", "\xEF\xBB\xBF [ ~up ] \r\n\t version \t=  2.1.0 \t\r\nVersion=2\nInfo = \" x \"",
+             u"2.1.0||| x "_qs);
+        file("first", "Version=0\n[UP]\nVersion=1\n[~UP]\n;Version=0\nVersions=1\nVersion=2=b\nInfo=\"",
+             u"2=b|||\""_qs);
+        file("Latin-1", "[~UP]\nVersion=\xE4\nInfo=" + QByteArray(1024, 'x'), u"\u00E4|||"_qs + QString(1023, u'x'));
+        file("no section", "[~UP\nVersion=2\n", u"|||"_qs);
+        row("moved", reply("302 Found\r\nLocation: /good/Version.inf", {}), m_newer);
+        row("circle", reply("302 Found\r\nLocation: /site/Version.inf", {}));
+        row("to a file", reply("302 Found\r\nLocation: file:///etc/hostname", {}));
+        row("missing", reply("404 Not Found", release));
+        row("truncated", reply("200 OK", release, 1));
+        row("too large", reply("200 OK", release + QByteArray(HttpFetch::MaxBytes, '\n')));
+        row("silent", {});
     }
     void asksTheSite() {
-        QFETCH(QString, version);
-        QFETCH(int, seconds);
-        ctlAutoUpdate update(m_settings, m_clock, {}, std::chrono::seconds(seconds));
-        update.Configure(configuration(u"newer"_qs));
+        QFETCH(QByteArray, answer);
+        QFETCH(QString, values);
+        m_server.answers = {{"/good/Version.inf", reply("200 OK", release)}, {"/site/Version.inf", answer}};
+        ctlAutoUpdate update(m_settings, m_clock, {}, answer.isEmpty() ? 100ms : 60s);
         QSignalSpy checked(&update, &ctlAutoUpdate::Checked);
+        const auto found = [&] {
+            const QStringList all{update.GetNewVersion(), update.GetReleaseDate(), update.GetFileSize(),
+                                  update.GetFileInfo()};
+            return all.join(u'|');
+        };
+        if (!answer.isEmpty()) { // a good check first, so that there are values to forget
+            update.Configure(configuration(u"good"_qs));
+            update.CheckForNewVersion();
+            QVERIFY(checked.wait(60000));
+            QCOMPARE(found(), m_newer);
+        }
+        update.Configure(configuration(u"site"_qs));
         update.CheckForNewVersion();
-        QVERIFY(checked.wait(60000)); // so that there are values to forget
-        QCOMPARE(update.GetNewVersion(), u"2.2.0"_qs);
-        update.Configure(configuration(QString::fromLatin1(QTest::currentDataTag())));
-        update.CheckForNewVersion();
-        QVERIFY(update.GetNewVersion().isEmpty() && checked.size() == 1);
+        QCOMPARE(found(), u"|||"_qs);
         QVERIFY(checked.wait(60000));
         QCOMPARE(checked.last().front().value<ctlAutoUpdate::Check>(), ctlAutoUpdate::Check::Manual);
-        QTEST(update.GetNewVersion(), "version");
-        QTEST(update.IsOtherVersion(), "isOther");
-        if (!version.isEmpty()) {
-            QCOMPARE(update.GetReleaseDate(), u"24.12.2026"_qs);
-            QCOMPARE(update.GetFileSize(), u"3 MB"_qs);
-            QCOMPARE(update.GetFileInfo(), u"Much better"_qs);
-        }
-        QVERIFY(leftOver().isEmpty());
+        QCOMPARE(found(), values);
+        QCOMPARE(update.IsOtherVersion(), !values.startsWith(u'|') && !values.startsWith(u"2.1.0"));
+        QCOMPARE(QDir(m_temporary.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
+        for (const char* header : {"User-Agent: Test agent", "Cache-Control: no-cache"})
+            QVERIFY2(m_server.lastRequest.contains(header), m_server.lastRequest.constData());
+        QVERIFY(!m_server.lastRequest.contains("Cookie:"));
     }
 
     void fetchesFromTheWebAlone() {
         ctlAutoUpdate update(m_settings, m_clock, {});
-        update.Configure(UpdateConfiguration::OfThisProgram());
+        update.Configure(configuration({}));
         const QString file = m_temporary.filePath(u"target"_qs);
         for (const QString& address : {u"file:///etc/hostname"_qs, u"data:,[~UP]"_qs, QString()}) {
             std::optional<bool> written;
@@ -68,22 +114,11 @@ class TestAutoUpdate final : public QObject {
         }
     }
 
-    void readsTheFile() {
-        const auto value = [](const QByteArray& bytes) { return VersionFile(bytes).Value(u"~UP"_qs, u"Version"_qs); };
-        QCOMPARE(value("\xEF\xBB\xBF [ ~up ] \r\n\t version \t=  2.1.0 \t\r\nVersion=2\n"), u"2.1.0"_qs);
-        QCOMPARE(value("[~UP]\nVersion = \" 2.1.0 \"\n"), u" 2.1.0 "_qs);
-        QCOMPARE(value("[~UP]\nVersion=\"\n"), u"\""_qs); // one quote alone
-        QCOMPARE(value("Version=0\n[UP]\nVersion=1\n[~UP]\n;Version=0\nVersions=1\nVersion=2=b\n"), u"2=b"_qs);
-        QCOMPARE(value("[~UP]\nVersion=\xE4\n"), u"\u00E4"_qs); // not UTF-8
-        QCOMPARE(value("[~UP]\nVersion=" + QByteArray(1024, 'x')), QString(1023, u'x'));
-        QCOMPARE(value("[~UP\nVersion=2\n"), QString());
-    }
-
     void checksOnceADay() {
         const auto checks = [&](const QString& everyDay, const QString& lastCheck) {
             m_settings.values = {{m_prefix + u"AutoCheckForUpdates", everyDay}, {m_prefix + u"LastCheck", lastCheck}};
             ctlAutoUpdate update(m_settings, m_clock, {});
-            update.Configure(configuration(u"newer"_qs));
+            update.Configure(configuration(u"good"_qs));
             return update.CheckOncePerDay() && !update.CheckOncePerDay();
         };
         const QDateTime now(QDate(2026, 11, 18), QTime(9, 5, 7));
@@ -97,20 +132,14 @@ class TestAutoUpdate final : public QObject {
     }
 
   private:
-    const QString m_prefix = u"Kalvenor/AutoUpdate/"_qs;
-
     [[nodiscard]] UpdateConfiguration configuration(const QString& folder) const {
-        UpdateConfiguration made = UpdateConfiguration::OfThisProgram();
-        made.site = u"http://127.0.0.1:%1/"_qs.arg(m_server.port) + folder;
-        made.agent = u"Test agent"_qs;
-        made.currentVersion = u"2.1.0"_qs;
-        return made;
-    }
-    [[nodiscard]] QStringList leftOver() const {
-        return QDir(m_temporary.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+        return {u"Kalvenor"_qs,    u"2.1.0"_qs, u"http://127.0.0.1:%1/"_qs.arg(m_server.serverPort()) + folder,
+                u"Version.inf"_qs, {},          u"Test agent"_qs};
     }
 
-    ServerProcess m_server;
+    const QString m_newer = u"2.2.0|24.12.2026|3 MB|Much better"_qs;
+    const QString m_prefix = u"Kalvenor/AutoUpdate/"_qs;
+    WebServer m_server;
     QTemporaryDir m_temporary;
     MemorySettings m_settings;
     FakeClock m_clock;

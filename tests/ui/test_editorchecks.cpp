@@ -1,5 +1,4 @@
 // What the activity editor objects to: one table of edited values, without any window.
-#include "DateOrder.h"
 #include "EditorChecks.h"
 #include "Fakes.h"
 #include "ScratchStore.h"
@@ -183,7 +182,7 @@ class TestEditorChecks : public QObject {
         const QDate date(2026, 3, 14);
         for (const QLocale& locale :
              QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory))
-            QVERIFY2(modTriggerDate::Read(date.toString(DateOrder::Format(locale)), locale) == date,
+            QVERIFY2(modTriggerDate::Read(date.toString(modTriggerDate::Format(locale)), locale) == date,
                      qPrintable(locale.name()));
     }
 };

@@ -1,0 +1,318 @@
+#include "XmlTree.h"
+#include "StoreError.h"
+#include "XmlWriter.h"
+
+#include <QVarLengthArray>
+#include <algorithm>
+#include <array>
+#include <libxml/xpathInternals.h>
+#include <tuple>
+
+namespace {
+
+// Names.
+
+constexpr qsizetype maxNameUnits = 1000;
+
+struct Range {
+    char32_t first;
+    char32_t last;
+};
+
+/// Beyond ASCII, as are all ranges here.
+constexpr std::array startRanges = {
+    Range{0xC0, 0xD6},     Range{0xD8, 0xF6},     Range{0xF8, 0x2FF},    Range{0x370, 0x37D},
+    Range{0x37F, 0x1FFF},  Range{0x200C, 0x200D}, Range{0x2070, 0x218F}, Range{0x2C00, 0x2FEF},
+    Range{0x3001, 0xD7FF}, Range{0xF900, 0xFDCF}, Range{0xFDF0, 0xFFFD}, Range{0x10000, 0xEFFFF},
+};
+constexpr std::array furtherRanges = {
+    Range{0xB7, 0xB7},
+    Range{0x300, 0x36F},
+    Range{0x203F, 0x2040},
+};
+
+bool isIn(const auto& ranges, char32_t character) {
+    return std::any_of(ranges.begin(), ranges.end(),
+                       [character](const Range& r) { return character >= r.first && character <= r.last; });
+}
+
+/// The fast path: nearly every name is ASCII, and each read of a field checks twice.
+bool isAsciiNameUnit(char16_t c, bool isFirst) {
+    const char16_t letter = c | 0x20;
+    return (letter >= 'a' && letter <= 'z' && c < 0x80) || c == '_' ||
+           (!isFirst && ((c >= '0' && c <= '9') || c == '-' || c == '.'));
+}
+
+bool isAscii(QStringView text) {
+    return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
+}
+
+// Children.
+
+const xmlNode* nextCounted(const xmlNode* node) {
+    while (node != nullptr && node->type == XML_TEXT_NODE && xmlIsBlankNode(node) == 1)
+        node = node->next;
+    return node;
+}
+
+bool hasChildren(const xmlNode& node) {
+    return node.type == XML_ELEMENT_NODE || node.type == XML_ATTRIBUTE_NODE || node.type == XML_DOCUMENT_NODE;
+}
+
+// Paths.
+
+using XPathContext = std::unique_ptr<xmlXPathContext, XmlRelease<xmlXPathFreeContext>>;
+using XPathObject = std::unique_ptr<xmlXPathObject, XmlRelease<xmlXPathFreeObject>>;
+using Steps = QVarLengthArray<std::string_view, 8>;
+
+bool isElement(const xmlNode& node, std::string_view name) {
+    const auto* own = reinterpret_cast<const char*>(node.name);
+    return node.type == XML_ELEMENT_NODE && node.ns == nullptr && name.front() == own[0] && name == own;
+}
+
+xmlNode* walk(xmlNode* node, std::span<const std::string_view> steps) {
+    if (steps.empty())
+        return node;
+    for (xmlNode* child = node->children; child != nullptr; child = child->next) {
+        if (!isElement(*child, steps.front()))
+            continue;
+        // The rest of the path may exist only below a later element of the same name.
+        if (xmlNode* found = walk(child, steps.subspan(1)))
+            return found;
+    }
+    return nullptr;
+}
+
+/// True when every step is a plain name.
+bool isPlain(QStringView path) {
+    if (!path.startsWith(QLatin1Char('/')))
+        return false;
+    for (qsizetype start = 1; start <= path.size();) {
+        const qsizetype slash = path.indexOf(QLatin1Char('/'), start);
+        const qsizetype end = slash < 0 ? path.size() : slash;
+        if (!XmlTree::IsNcName(path.mid(start, end - start)))
+            return false;
+        start = end + 1;
+    }
+    return path.size() > 1;
+}
+
+Steps splitSteps(std::string_view path) {
+    Steps steps;
+    for (size_t start = 1; start <= path.size();) {
+        const size_t end = std::min(path.find('/', start), path.size());
+        steps.append(path.substr(start, end - start));
+        start = end + 1;
+    }
+    return steps;
+}
+
+/// "//" outside of a literal. XPath reads it as "any descendant": it would match the first activity instead of none.
+bool hasEmptyStep(QStringView path) {
+    QChar quote;
+    for (qsizetype at = 0; at < path.size(); ++at) {
+        const QChar c = path[at];
+        if (!quote.isNull())
+            quote = c == quote ? QChar() : quote;
+        else if (c == QLatin1Char('"') || c == QLatin1Char('\''))
+            quote = c;
+        else if (c == QLatin1Char('/') && at + 1 < path.size() && path[at + 1] == c)
+            return true;
+    }
+    return false;
+}
+
+xmlNode* findByXPath(xmlDoc& document, xmlNode& root, const QByteArray& path) {
+    const XmlQuiet quiet;
+    const XPathContext context(xmlXPathNewContext(&document));
+    if (!context)
+        return nullptr;
+    context->node = &root;
+    context->error = [](void*, auto*) {};
+    const XPathObject result(xmlXPathEval(XmlText::ToXml(path), context.get()));
+    if (!result || result->type != XPATH_NODESET || xmlXPathNodeSetIsEmpty(result->nodesetval))
+        return nullptr;
+    xmlXPathNodeSetSort(result->nodesetval);
+    xmlNode* first = result->nodesetval->nodeTab[0];
+    return first->type == XML_NAMESPACE_DECL ? nullptr : first;
+}
+
+} // namespace
+
+xmlNode* XmlTree::Find(const QString& path) {
+    if (!HasRoot() || path.contains(QChar(u'\0')))
+        return nullptr;
+    const QByteArray utf8 = path.toUtf8();
+    if (isPlain(path)) {
+        const Steps steps = splitSteps({utf8.constData(), static_cast<size_t>(utf8.size())});
+        return findPlain({steps.constData(), static_cast<size_t>(steps.size())});
+    }
+    return hasEmptyStep(path) ? nullptr : findByXPath(*m_document, *root(), utf8);
+}
+
+xmlNode* XmlTree::findPlain(std::span<const std::string_view> steps) {
+    xmlNode* top = root();
+    if (!isElement(*top, steps.front()))
+        return nullptr;
+    if (steps.size() == 1)
+        return top;
+    for (int at = m_index.First(*top, steps[1]); at != Index::None; at = m_index.NextOfSameName(at))
+        if (xmlNode* found = walk(m_index.Elements(*top)[static_cast<size_t>(at)], steps.subspan(2)))
+            return found;
+    return nullptr;
+}
+
+int XmlTree::CountChildren(const xmlNode& node) {
+    if (&node == root())
+        return static_cast<int>(m_index.Elements(node).size());
+    int count = 0;
+    const xmlNode* child = hasChildren(node) ? nextCounted(node.children) : nullptr;
+    for (; child != nullptr; child = nextCounted(child->next))
+        ++count;
+    return count;
+}
+
+xmlNode* XmlTree::Child(const xmlNode& node, int position) {
+    if (position < 0 || !hasChildren(node))
+        return nullptr;
+    if (&node == root()) {
+        const auto& elements = m_index.Elements(node);
+        return static_cast<size_t>(position) < elements.size() ? elements[static_cast<size_t>(position)] : nullptr;
+    }
+    const xmlNode* child = nextCounted(node.children);
+    for (; child != nullptr && position > 0; --position)
+        child = nextCounted(child->next);
+    return const_cast<xmlNode*>(child);
+}
+
+QString XmlTree::NameOf(const xmlNode& node) {
+    switch (node.type) {
+    case XML_TEXT_NODE:
+        return QStringLiteral("#text");
+    case XML_CDATA_SECTION_NODE:
+        return QStringLiteral("#cdata-section");
+    case XML_COMMENT_NODE:
+        return QStringLiteral("#comment");
+    default:
+        break;
+    }
+    const QString name = XmlText::FromXml(node.name);
+    const bool isPrefixed = node.type == XML_ELEMENT_NODE && node.ns != nullptr && node.ns->prefix != nullptr;
+    return isPrefixed ? XmlText::FromXml(node.ns->prefix) + u':' + name : name;
+}
+
+bool XmlTree::IsNcName(QStringView name) {
+    for (qsizetype at = 0; at < name.size(); ++at) {
+        char32_t character = name[at].unicode();
+        const bool isFirst = at == 0;
+        if (character < 0x80) {
+            if (!isAsciiNameUnit(name[at].unicode(), isFirst))
+                return false;
+            continue;
+        }
+        if (QChar::isHighSurrogate(character) && at + 1 < name.size() && name[at + 1].isLowSurrogate())
+            character = QChar::surrogateToUcs4(name[at], name[at + 1]), ++at;
+        if (!isIn(startRanges, character) && (isFirst || !isIn(furtherRanges, character)))
+            return false;
+    }
+    return !name.isEmpty();
+}
+
+bool XmlTree::IsUsableName(const QString& name) const {
+    if (!m_document || name.size() > maxNameUnits || !IsNcName(name))
+        return false;
+    if (isAscii(name))
+        return true;
+    // There are many encodings: a trial document shows whether this one can hold the name.
+    const XmlDocument trial(xmlNewDoc(reinterpret_cast<const xmlChar*>("1.0")));
+    if (!trial)
+        return false;
+    trial->standalone = m_document->standalone;
+    trial->encoding = xmlStrdup(m_document->encoding);
+    xmlDocSetRootElement(trial.get(), xmlNewDocNode(trial.get(), nullptr, XmlText::ToXml(name.toUtf8()), nullptr));
+    const auto bytes = XmlWriter::Bytes(*trial);
+    const XmlDocument again = bytes ? XmlParser::Parse(*bytes) : nullptr;
+    return again && XmlText::FromXml(xmlDocGetRootElement(again.get())->name) == name;
+}
+
+// The index points at the root's children only: changes further down do not affect it.
+
+void XmlTree::SetText(xmlNode& node, const QString& text) {
+    if (&node == root())
+        m_index.Drop();
+    XmlText::Set(&node, text);
+}
+
+void XmlTree::Remove(xmlNode& node) {
+    if (node.type == XML_DOCUMENT_NODE)
+        return;
+    if (node.type == XML_ATTRIBUTE_NODE) {
+        xmlRemoveProp(reinterpret_cast<xmlAttr*>(&node));
+        return;
+    }
+    if (&node == root() || node.parent == root())
+        m_index.Drop();
+    xmlUnlinkNode(&node);
+    xmlFreeNode(&node);
+}
+
+void XmlTree::Append(xmlNode& parent, XmlLooseNode element) {
+    xmlNode* added = xmlAddChild(&parent, element.get());
+    if (added == nullptr)
+        throw StoreError(QStringLiteral("An element could not be added to the activity file."));
+    std::ignore = element.release();
+    if (&parent == root())
+        m_index.Appended(added);
+}
+
+void XmlTree::Replace(xmlNode& old, XmlLooseNode element) {
+    m_index.Drop();
+    xmlReplaceNode(&old, element.release());
+    xmlFreeNode(&old);
+}
+
+void XmlTree::Index::Drop() {
+    m_isBuilt = false;
+    m_elements.clear();
+    m_next.clear();
+    m_chains.clear();
+}
+
+void XmlTree::Index::Appended(xmlNode* element) {
+    if (m_isBuilt)
+        add(element);
+}
+
+const std::vector<xmlNode*>& XmlTree::Index::Elements(const xmlNode& root) {
+    build(root);
+    return m_elements;
+}
+
+int XmlTree::Index::First(const xmlNode& root, std::string_view name) {
+    build(root);
+    const auto found = m_chains.find(name);
+    return found == m_chains.end() ? None : found->second.first;
+}
+
+void XmlTree::Index::build(const xmlNode& root) {
+    if (m_isBuilt)
+        return;
+    for (xmlNode* child = root.children; child != nullptr; child = child->next)
+        if (child->type == XML_ELEMENT_NODE)
+            add(child);
+    m_isBuilt = true;
+}
+
+void XmlTree::Index::add(xmlNode* element) {
+    const int position = static_cast<int>(m_elements.size());
+    m_elements.push_back(element);
+    m_next.push_back(None);
+    if (element->ns != nullptr)
+        return; // a plain step means "no namespace"
+    const auto [chain, isNew] =
+        m_chains.try_emplace(reinterpret_cast<const char*>(element->name), Chain{position, position});
+    if (!isNew) {
+        m_next[static_cast<size_t>(chain->second.last)] = position;
+        chain->second.last = position;
+    }
+}

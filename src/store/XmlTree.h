@@ -1,0 +1,78 @@
+// The activity file as a tree of libxml2 nodes: finds nodes by path, counts and changes them. Owns the document and an
+// index over the root's children, which every change below keeps in step. What is not found is null; Append throws
+// StoreError.
+#pragma once
+
+#include "XmlParser.h"
+#include <QString>
+#include <span>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+class XmlTree final {
+  public:
+    /// Null makes an empty tree, in which no path finds anything.
+    explicit XmlTree(XmlDocument document) : m_document(std::move(document)) {}
+
+    [[nodiscard]] xmlDoc* Document() const { return m_document.get(); }
+    [[nodiscard]] bool HasRoot() const { return root() != nullptr; }
+
+    /// First match: element, attribute, text, comment or the document itself. Plain paths ("/items/NAME/field") use the
+    /// index, which avoids a walk over the whole document, every other one XPath. An invalid expression finds nothing.
+    [[nodiscard]] xmlNode* Find(const QString& path);
+
+    /// Only elements count below the root (an indented file has blanks and comments there), elsewhere everything but
+    /// blank text.
+    [[nodiscard]] int CountChildren(const xmlNode& node);
+    [[nodiscard]] xmlNode* Child(const xmlNode& node, int position);
+
+    /// The name with its prefix; "#text", "#comment" and "#cdata-section" for nodes without one.
+    [[nodiscard]] static QString NameOf(const xmlNode& node);
+    /// Whether this is a name in XML 1.0 (fifth edition), without colon.
+    [[nodiscard]] static bool IsNcName(QStringView name);
+    /// Whether an element of this name can be saved in the document's encoding and found again. At most 1,000 UTF-16
+    /// units.
+    [[nodiscard]] bool IsUsableName(const QString& name) const;
+
+    void SetText(xmlNode& node, const QString& text);
+    /// Deletes the node; the document itself stays.
+    void Remove(xmlNode& node);
+    void Append(xmlNode& parent, XmlLooseNode element);
+    /// Puts the element in the place of the old one and deletes that.
+    void Replace(xmlNode& old, XmlLooseNode element);
+
+  private:
+    /// The root's child elements by position and name. Built on first use; holds pointers into the document.
+    class Index final {
+      public:
+        static constexpr int None = -1;
+
+        void Drop();
+        /// An element was added after the root's last child.
+        void Appended(xmlNode* element);
+        [[nodiscard]] const std::vector<xmlNode*>& Elements(const xmlNode& root);
+        /// Position of the first element of this name without namespace, or None.
+        [[nodiscard]] int First(const xmlNode& root, std::string_view name);
+        [[nodiscard]] int NextOfSameName(int position) const { return m_next[static_cast<size_t>(position)]; }
+
+      private:
+        struct Chain {
+            int first;
+            int last;
+        };
+        void build(const xmlNode& root);
+        void add(xmlNode* element);
+
+        bool m_isBuilt = false;
+        std::vector<xmlNode*> m_elements;
+        std::vector<int> m_next;
+        std::unordered_map<std::string_view, Chain> m_chains;
+    };
+
+    [[nodiscard]] xmlNode* root() const { return m_document ? xmlDocGetRootElement(m_document.get()) : nullptr; }
+    [[nodiscard]] xmlNode* findPlain(std::span<const std::string_view> steps);
+
+    XmlDocument m_document;
+    Index m_index;
+};
