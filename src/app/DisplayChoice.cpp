@@ -1,12 +1,6 @@
 #include "DisplayChoice.h"
 
 #include <QStringList>
-#include <QtGlobal>
-
-DisplayFacts ReadDisplayFacts() {
-    return {qEnvironmentVariable("DISPLAY"), qEnvironmentVariable("WAYLAND_DISPLAY"),
-            qEnvironmentVariable("QT_QPA_PLATFORM")};
-}
 
 bool ShowsWindows(const DisplayFacts& facts) {
     static const QStringList drawIntoMemory = {QStringLiteral("offscreen"), QStringLiteral("minimal")};

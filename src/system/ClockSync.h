@@ -2,7 +2,7 @@
 // synchronisation at a time. Every Begin ends with exactly one of the signals, unless it is dropped.
 #pragma once
 
-#include "SystemClock.h"
+#include "Machine.h"
 #include "TimeServer.h"
 #include <QObject>
 #include <QTcpSocket>

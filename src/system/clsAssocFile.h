@@ -2,7 +2,7 @@
 // works as well without.
 #pragma once
 
-#include "FileTypes.h"
+#include "DesktopEntries.h"
 
 class SettingsStore;
 class StringTable;

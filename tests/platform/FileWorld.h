@@ -2,7 +2,7 @@
 // everything with its end.
 #pragma once
 
-#include "LinuxFileSystem.h"
+#include "LinuxServices.h"
 
 #include <QTest>
 #include <algorithm>
@@ -85,7 +85,7 @@ class FileWorld {
     void Transfer(bool move, const std::vector<TransferFile>& files) {
         const auto transfer = system.NewTransfer(observer);
         for (const TransferFile& file : files)
-            static_cast<void>(move ? transfer->Move(file) : transfer->Copy(file));
+            std::ignore = move ? transfer->Move(file) : transfer->Copy(file);
     }
     void Transfer(bool move, const fs::path& name) { Transfer(move, {File(name)}); }
 
@@ -189,9 +189,10 @@ class FileWorld {
 
     fs::path m_root;
     fs::path m_other;
+    std::unique_ptr<FileSystem> m_system = MakeLinuxFileSystem();
 
   public:
-    LinuxFileSystem system;
+    FileSystem& system = *m_system;
     RecordingObserver observer;
     fs::path source;
     fs::path destination;

@@ -1,11 +1,13 @@
+// Single files and single folders: what arrives, what stays, and what is refused.
 #include "FileWorld.h"
+#include "TemporaryName.h"
 
 #include <algorithm>
 
 namespace {
 
-const std::string kOld = "old";
-const std::string kNew = "something new";
+const std::string oldText = "old";
+const std::string newText = "something new";
 
 } // namespace
 
@@ -71,7 +73,7 @@ class TestFileTransfer final : public QObject {
         const uid_t owner = asNobody ? 65534 : 1001;
         const std::string given = list < 0 ? std::string() : FileWorld::AccessList(static_cast<char>(list));
         FileWorld world;
-        FileWorld::Write(world.source / "file", kNew);
+        FileWorld::Write(world.source / "file", newText);
         fs::create_directory(world.source / "tree");
         for (const fs::path& path : {world.source / "file", world.source / "tree"}) {
             QCOMPARE(::chown(path.c_str(), owner, 2001), 0);
@@ -171,7 +173,7 @@ class TestFileTransfer final : public QObject {
                 const auto transfer = world.system.NewTransfer(world.observer);
                 if (!afterStaging)
                     change();
-                static_cast<void>(move ? transfer->Move(file) : transfer->Copy(file));
+                std::ignore = move ? transfer->Move(file) : transfer->Copy(file);
                 if (afterStaging)
                     change();
             }
@@ -190,21 +192,21 @@ class TestFileTransfer final : public QObject {
         QFETCH(bool, move);
         FileWorld world(otherDevice);
         const fs::path place = world.destination / "name";
-        FileWorld::Write(world.source / "name", kNew);
+        FileWorld::Write(world.source / "name", newText);
         FileWorld::Make(place, kind);
         const struct stat before = FileWorld::StatusOf(place);
         world.Transfer(move, "name");
         if (kind == "file" || kind == "link") {
             QVERIFY(world.observer.failures.empty());
             QVERIFY(S_ISREG(FileWorld::StatusOf(place).st_mode));
-            QCOMPARE(FileWorld::Read(place), kNew);
+            QCOMPARE(FileWorld::Read(place), newText);
             QCOMPARE(fs::exists(world.source / "name"), !move);
-            QVERIFY(kind == "file" || FileWorld::Read(world.destination / "target") == kOld); // not written through
+            QVERIFY(kind == "file" || FileWorld::Read(world.destination / "target") == oldText); // not written through
         } else {
             QVERIFY(world.observer.failures["name"] ==
                     (kind == "folder" ? std::errc::is_a_directory : std::errc::file_exists));
             QCOMPARE(FileWorld::StatusOf(place).st_ino, before.st_ino);
-            QCOMPARE(FileWorld::Read(world.source / "name"), kNew);
+            QCOMPARE(FileWorld::Read(world.source / "name"), newText);
         }
         const auto entries = std::distance(fs::directory_iterator(world.destination), fs::directory_iterator());
         QCOMPARE(entries, std::ptrdiff_t{kind == "link" ? 2 : 1}); // no temporary is left
@@ -214,7 +216,7 @@ class TestFileTransfer final : public QObject {
         for (const bool symbolic : {false, true})
             for (const bool move : {false, true}) {
                 FileWorld world;
-                FileWorld::Write(world.destination / "file", kOld);
+                FileWorld::Write(world.destination / "file", oldText);
                 if (symbolic)
                     fs::create_symlink(world.destination / "file", world.source / "file");
                 else
@@ -226,7 +228,7 @@ class TestFileTransfer final : public QObject {
                 QVERIFY(world.observer.failures.empty());
                 QVERIFY(fs::exists(world.source / "file"));
                 QCOMPARE(FileWorld::StatusOf(world.destination / "file").st_ino, inode);
-                QCOMPARE(FileWorld::Read(world.destination / "file"), kOld);
+                QCOMPARE(FileWorld::Read(world.destination / "file"), oldText);
             }
     }
 
@@ -240,7 +242,7 @@ class TestFileTransfer final : public QObject {
         FileWorld world(otherDevice);
         const fs::path file = world.source / "large";
         FileWorld::Write(file, std::string(12'000'000, 'a'));
-        FileWorld::Write(world.destination / "large", kOld);
+        FileWorld::Write(world.destination / "large", oldText);
         world.observer.onProgress = [&, isDone = false]() mutable {
             if (std::exchange(isDone, true))
                 return;
@@ -255,7 +257,7 @@ class TestFileTransfer final : public QObject {
         };
         world.Transfer(move, "large");
         QVERIFY(world.observer.failures["large"] == std::errc::resource_unavailable_try_again);
-        QVERIFY(FileWorld::Tree(world.destination) == (FileWorld::Entries{{"large", kOld}}));
+        QVERIFY(FileWorld::Tree(world.destination) == (FileWorld::Entries{{"large", oldText}}));
         QVERIFY(fs::exists(file));
     }
 
@@ -268,7 +270,7 @@ class TestFileTransfer final : public QObject {
         QFETCH(bool, move);
         FileWorld world(otherDevice);
         const fs::path file = world.source / "file";
-        FileWorld::Write(file, kOld); // as large and as old as the link's target
+        FileWorld::Write(file, oldText); // as large and as old as the link's target
         const TransferFile listed = world.File("file");
         if (kind == "touched")
             FileWorld::SetTime(file, 5);
@@ -289,26 +291,26 @@ class TestFileTransfer final : public QObject {
             world.Transfer(true, "link");
             QVERIFY(world.observer.failures.empty());
             QVERIFY(S_ISREG(FileWorld::StatusOf(world.destination / "link").st_mode));
-            QCOMPARE(FileWorld::Read(world.destination / "link"), kOld);
+            QCOMPARE(FileWorld::Read(world.destination / "link"), oldText);
             QCOMPARE(FileWorld::StatusOf(world.destination / "link").st_mtim.tv_sec, time_t{1'000'000'000});
             QVERIFY(!fs::is_symlink(world.source / "link")); // the link has moved, the file it led to stays
-            QCOMPARE(FileWorld::Read(world.source / "target"), kOld);
+            QCOMPARE(FileWorld::Read(world.source / "target"), oldText);
         }
     }
 
     void keepsASourceChangedAfterItsCopy() {
         FileWorld world(true);
-        FileWorld::Write(world.source / "changed", kOld);
-        FileWorld::Write(world.source / "still", kOld);
+        FileWorld::Write(world.source / "changed", oldText);
+        FileWorld::Write(world.source / "still", oldText);
         const auto transfer = world.system.NewTransfer(world.observer);
         transfer->Move(world.File("changed"));
         transfer->Move(world.File("still"));
-        FileWorld::Write(world.source / "changed", kNew, 1'500'000'000);
+        FileWorld::Write(world.source / "changed", newText, 1'500'000'000);
         transfer->Commit();
-        QCOMPARE(FileWorld::Read(world.source / "changed"), kNew);
+        QCOMPARE(FileWorld::Read(world.source / "changed"), newText);
         QVERIFY(world.observer.failures["changed"] == std::errc::resource_unavailable_try_again);
         QVERIFY(!fs::exists(world.source / "still"));
-        QCOMPARE(FileWorld::Read(world.destination / "still"), kOld);
+        QCOMPARE(FileWorld::Read(world.destination / "still"), oldText);
     }
 
     void keepsHoles() {
@@ -323,6 +325,62 @@ class TestFileTransfer final : public QObject {
             QVERIFY(FileWorld::Read(world.destination / "sparse") == FileWorld::Read(file));
             QVERIFY(FileWorld::StatusOf(world.destination / "sparse").st_blocks < 2'000);
         }
+    }
+
+    void refusesNamesThatLeadElsewhere() {
+        FileWorld world;
+        FileWorld::Write(world.source.parent_path() / "outside", "kept");
+        FileWorld::Write(world.source / "sub/deeper/file", "");
+        fs::create_symlink("sub", world.source / "link");
+        const auto before = FileWorld::Tree(world.source.parent_path());
+        std::error_code error;
+        for (const fs::path name : {"../outside", "..", ".", "", "sub/../../outside", "sub/deeper"}) {
+            QVERIFY(world.from->DeleteFile({name, world.File("sub").facts}));
+            QVERIFY(world.from->DeleteEmptyFolder(name));
+            QVERIFY(!world.from->OpenChild({name, world.File("sub").facts}, error) && error);
+        }
+        QVERIFY(!world.from->OpenChild({"link", world.File("sub").facts}, error) && error);
+        QVERIFY(world.from->DeleteFile({"sub", world.File("sub").facts}));
+        QVERIFY(world.from->DeleteEmptyFolder("sub") == std::errc::directory_not_empty);
+        QVERIFY(FileWorld::Tree(world.source.parent_path()) == before);
+    }
+
+    void removesLeftoversOfDeadProcessesOnly() {
+        FileWorld world;
+        const ProcessMark own = ProcessMark::OfThisProcess();
+        ProcessMark dead = own;
+        dead.process = ::fork();
+        if (dead.process == 0)
+            ::_exit(0);
+        ::waitpid(dead.process, nullptr, 0);
+        ProcessMark reused = own;
+        ++reused.startTicks;
+        ProcessMark rebooted = own;
+        ++rebooted.boot;
+        ProcessMark foreign = dead;
+        ++foreign.machine;
+        for (const ProcessMark& mark : {own, dead, reused, rebooted, foreign})
+            FileWorld::Write(world.destination / MakeTemporaryName(mark), "half", 1);
+        const std::string folder = MakeTemporaryName(dead);
+        fs::create_directory(world.destination / folder);
+        // A user's own files, however much alike.
+        const std::string name = MakeTemporaryName(dead);
+        const std::set<std::string> others = {name + "x",           name + "~", name.substr(1),
+                                              ".kalvenor-.tmp",     "a.tmp",    ".kalvenor-1-2-3-4-5.tmp",
+                                              ".kalvenor-notes.tmp"};
+        for (const std::string& other : others)
+            FileWorld::Write(world.destination / other, "");
+        std::vector<FolderEntry> entries;
+        QVERIFY(!world.to->List(entries));
+        QCOMPARE(entries.size(), others.size());
+        world.to->RemoveLeftovers();
+        std::size_t left = 0;
+        for (const auto& [entry, content] : FileWorld::Tree(world.destination)) {
+            const auto maker = MakerOfTemporary(entry);
+            QVERIFY(others.contains(entry) || entry == folder || *maker == own || *maker == foreign);
+            ++left;
+        }
+        QCOMPARE(left, others.size() + 3);
     }
 };
 

@@ -1,7 +1,7 @@
 #include "LinuxProcess.h"
 
-#include "FileDescriptor.h"
-#include "OpenMethod.h"
+#include "Session.h"
+#include "SystemCall.h"
 #include "Tool.h"
 #include "modNativePath.h"
 #include <QFile>
@@ -15,12 +15,15 @@
 #include <sys/stat.h>
 #include <sys/vfs.h>
 
+using namespace std::string_view_literals;
+
 namespace {
 
 const QString xdgOpen = QStringLiteral("xdg-open");
 
 bool hasDisplay() {
-    return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+    const DisplayFacts display = ReadDisplayFacts();
+    return !display.display.isEmpty() || !display.waylandDisplay.isEmpty();
 }
 
 bool openWithDesktop(const QString& target) {
@@ -44,7 +47,7 @@ bool permissionBitsMeanIt(int file) {
 }
 
 OpenMethod methodFor(const QByteArray& path) {
-    // Readable or not decides only about the look inside: a program may be executable alone.
+    // A program may be executable without being readable.
     const FileDescriptor file(open(path.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     std::array<char, 512> start{};
     const ssize_t length = file.IsOpen() ? read(file.Get(), start.data(), start.size()) : -1;
@@ -60,8 +63,21 @@ OpenMethod methodFor(const QByteArray& path) {
 
 } // namespace
 
+OpenMethod ChooseOpenMethod(const OpenFacts& facts) {
+    if (!facts.executable)
+        return OpenMethod::Desktop;
+    if (facts.firstPart.starts_with("#!"sv) || facts.firstPart.starts_with("\177ELF"sv))
+        return OpenMethod::Start;
+    // On a FAT stick a text file has the executable bit too; /bin/sh would run its lines as commands.
+    if (!facts.bitsMeanIt && !facts.name.ends_with(".sh"sv))
+        return OpenMethod::Desktop;
+    // The kernel may have a loader for other binary formats (binfmt_misc).
+    const bool binary = facts.firstPart.find('\0') != std::string_view::npos;
+    return binary ? OpenMethod::Start : OpenMethod::Shell;
+}
+
 bool LinuxProcess::Open(const QString& path) {
-    // Absolute, so that nothing is looked up along PATH and no name is taken for an option.
+    // Absolute, so that nothing is looked up along PATH and no name is parsed as an option.
     const QString absolute = modNativePath::ToText(modNativePath::Absolute(path));
     const QByteArray native = QFile::encodeName(absolute);
     struct stat facts {};

@@ -1,10 +1,11 @@
 #include "AtomicFile.h"
 #include "Attributes.h"
 #include "DiskSync.h"
-#include "LinuxRegularFile.h"
-#include "SystemError.h"
+#include "LinuxFolder.h"
+#include "SystemCall.h"
 #include "TemporaryFiles.h"
 
+#include <fcntl.h>
 #include <optional>
 #include <unistd.h>
 
@@ -12,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int mostLinks = 40; // as the kernel itself follows
+constexpr int mostLinks = 40; // the kernel's own limit
 constexpr mode_t privateMode = 0600;
 
 /// The name behind a chain of links, which need not exist.
@@ -29,7 +30,7 @@ std::error_code followLinks(fs::path& file) {
     return std::make_error_code(std::errc::too_many_symbolic_link_levels);
 }
 
-/// What stands at the name now; nullopt with a clear error when nothing does.
+/// The entry of this name; nullopt without an error when there is none.
 std::optional<struct stat> look(const fs::path& file, std::error_code& error) {
     struct stat status {};
     if (::lstat(file.c_str(), &status) == 0)
@@ -39,9 +40,9 @@ std::optional<struct stat> look(const fs::path& file, std::error_code& error) {
     return std::nullopt;
 }
 
-/// A file that is going to be replaced.
+/// A file that will be replaced.
 struct OldFile {
-    FileDescriptor file; ///< open for whatever is allowed: its attributes are wanted, not its content
+    FileDescriptor file; ///< open for reading or writing, whichever is allowed, to read its attributes
     struct stat status {};
 };
 
@@ -64,10 +65,9 @@ std::error_code writeToDisk(int file, const QByteArray& bytes) {
     return ::fsync(file) == 0 || errno == EINVAL ? std::error_code() : LastError();
 }
 
-/// A temporary in the folder with everything in it, on disk. With `old` it takes that file's owner, access list,
-/// attributes and bits.
-std::error_code prepare(TemporaryFiles& temporaries, const std::shared_ptr<LinuxFolder>& folder,
-                        const QByteArray& bytes, mode_t newMode, const OldFile* old, TemporaryFile& file) {
+/// Creates a complete temporary and syncs it. With `old` it gets that file's owner, access list, attributes and bits.
+std::error_code prepare(TemporaryFiles& temporaries, const std::shared_ptr<Folder>& folder, const QByteArray& bytes,
+                        mode_t newMode, const OldFile* old, TemporaryFile& file) {
     if (const std::error_code error = temporaries.Create(folder, old != nullptr ? privateMode : newMode, file))
         return error;
     std::error_code error;
@@ -84,7 +84,7 @@ fs::path AtomicFile::FolderOf(const fs::path& file) {
     return file.has_parent_path() ? file.parent_path() : fs::path(".");
 }
 
-std::shared_ptr<LinuxFolder> AtomicFile::OpenFolderOf(const fs::path& file, std::error_code& error) {
+std::shared_ptr<Folder> AtomicFile::OpenFolderOf(const fs::path& file, std::error_code& error) {
     const fs::path folder = FolderOf(file);
     return LinuxFolder::Open(AT_FDCWD, folder.c_str(), folder, true, error);
 }
@@ -102,7 +102,7 @@ std::error_code AtomicFile::Replace(const fs::path& file, const QByteArray& byte
         error = openOld(target, old);
     if (error)
         return error;
-    const std::shared_ptr<LinuxFolder> folder = OpenFolderOf(target, error);
+    const std::shared_ptr<Folder> folder = OpenFolderOf(target, error);
     if (!folder)
         return error;
     folder->RemoveLeftovers();
@@ -123,7 +123,7 @@ std::error_code AtomicFile::Put(const fs::path& file, const QByteArray& bytes, m
 
 std::error_code AtomicFile::Create(const fs::path& file, const QByteArray& bytes, mode_t newMode) {
     std::error_code error;
-    const std::shared_ptr<LinuxFolder> folder = OpenFolderOf(file, error);
+    const std::shared_ptr<Folder> folder = OpenFolderOf(file, error);
     if (!folder)
         return error;
     TemporaryFiles temporaries;

@@ -1,25 +1,69 @@
 #include "Attributes.h"
-#include "AccessList.h"
-#include "SystemError.h"
+#include "SystemCall.h"
 
 #include <array>
+#include <cstring>
+#include <endian.h>
+#include <linux/posix_acl.h>
+#include <linux/posix_acl_xattr.h>
 #include <optional>
+#include <span>
 #include <string_view>
 #include <sys/xattr.h>
+#include <tuple>
 #include <vector>
 
 namespace {
 
-constexpr std::size_t kLargestValue = std::size_t{64} * 1024; // of the kernel, for a value as for the list of names
+constexpr std::size_t largestValue = std::size_t{64} * 1024; // the kernel's limit for a value and for the list of names
+constexpr std::string_view ownList = "system.posix_acl_access";
+constexpr std::string_view defaultList = "system.posix_acl_default";
 
-/// The copy as it was made.
+using ListHeader = struct posix_acl_xattr_header;
+using ListEntry = struct posix_acl_xattr_entry;
+
+/// The offset of the entry with this tag in a POSIX access list as the kernel stores it. The bytes may be anything: 0
+/// when they are no such list or have no such entry.
+std::size_t findEntry(std::span<const char> list, std::uint16_t tag, ListEntry& entry) {
+    ListHeader header{};
+    if (list.size() < sizeof header)
+        return 0;
+    std::memcpy(&header, list.data(), sizeof header);
+    if (le32toh(header.a_version) != POSIX_ACL_XATTR_VERSION)
+        return 0;
+    for (std::size_t at = sizeof header; at + sizeof entry <= list.size(); at += sizeof entry) {
+        std::memcpy(&entry, list.data() + at, sizeof entry);
+        if (le16toh(entry.e_tag) == tag)
+            return at;
+    }
+    return 0;
+}
+
+/// The permission bits of the owning group, shifted to the group's place in a mode. Where a file has a list, the group
+/// bits of its mode are the list's mask instead. 0 when this is no list.
+mode_t groupBitsOf(std::span<const char> list) {
+    ListEntry group{};
+    return findEntry(list, ACL_GROUP_OBJ, group) != 0 ? mode_t{le16toh(group.e_perm)} << 3U & S_IRWXG : 0;
+}
+
+void limitGroupToOthers(std::span<char> list) {
+    ListEntry group{};
+    ListEntry others{};
+    const std::size_t place = findEntry(list, ACL_GROUP_OBJ, group);
+    if (place == 0 || findEntry(list, ACL_OTHER, others) == 0)
+        return;
+    group.e_perm = group.e_perm & others.e_perm;
+    std::memcpy(list.data() + place, &group, sizeof group);
+}
+
+/// A copy as it was created.
 struct Made {
     int file = -1;
     uid_t user = 0;
     gid_t group = 0;
-    bool hasMode = false;       ///< the bits of the source
-    bool mayInherit = true;     ///< an access list of its folder
-    bool isReplacement = false; ///< of the source itself
+    bool hasMode = false;       ///< it has the permission bits of the source already
+    bool mayInherit = true;     ///< its folder may have given it an access list
+    bool isReplacement = false; ///< it will replace the source itself
 };
 
 /// Which access lists the source has.
@@ -28,8 +72,8 @@ struct AccessLists {
     bool byDefault = false;
 };
 
-/// Bound to the machine's policy, to the content, to the inode itself or to another mount: wrong on any copy. The label
-/// alone is right on what takes the place of its source.
+/// These belong to the machine's policy, the content, the inode or another mount and are wrong on a copy. Only a
+/// replacement of the source keeps the SELinux label.
 bool staysBehind(std::string_view name, bool isReplacement) {
     return (name == "security.selinux" && !isReplacement) || name == "security.ima" || name == "security.evm" ||
            name.starts_with("trusted.overlay.");
@@ -39,7 +83,7 @@ std::optional<std::span<char>> readOne(int source, const char* name, std::span<c
     std::span<char> value = small;
     ssize_t length = ::fgetxattr(source, name, value.data(), value.size());
     if (length < 0 && errno == ERANGE) {
-        large.resize(kLargestValue);
+        large.resize(largestValue);
         value = large;
         length = ::fgetxattr(source, name, value.data(), value.size());
     }
@@ -56,17 +100,17 @@ void copyOne(int source, int copy, const char* name) {
     std::array<char, 4096> small{};
     std::vector<char> large;
     if (const auto value = readOne(source, name, small, large))
-        static_cast<void>(writeOne(copy, name, *value));
+        std::ignore = writeOne(copy, name, *value);
 }
 
-/// All but the access lists, which need more care.
+/// Copies all of them except the access lists, which copyLists adjusts.
 AccessLists copyExtended(int source, const Made& copy) {
     std::array<char, 1024> small{};
     std::vector<char> large;
     const char* names = small.data();
     ssize_t length = ::flistxattr(source, small.data(), small.size());
     if (length < 0 && errno == ERANGE) {
-        large.resize(kLargestValue);
+        large.resize(largestValue);
         names = large.data();
         length = ::flistxattr(source, large.data(), large.size());
     }
@@ -74,9 +118,9 @@ AccessLists copyExtended(int source, const Made& copy) {
     for (ssize_t at = 0; at < length;) {
         const std::string_view name(names + at);
         at += static_cast<ssize_t>(name.size()) + 1;
-        if (name == AccessList::Access)
+        if (name == ownList)
             lists.own = true;
-        else if (name == AccessList::Default)
+        else if (name == defaultList)
             lists.byDefault = true;
         else if (!staysBehind(name, copy.isReplacement))
             copyOne(source, copy.file, name.data());
@@ -84,7 +128,7 @@ AccessLists copyExtended(int source, const Made& copy) {
     return lists;
 }
 
-/// Errors of file systems that keep no owners, bits, lists or times of ours; the copy is whole all the same.
+/// Errors of file systems that do not store owners, bits, lists or times; the copy is complete without them.
 bool isTolerable(int error) {
     return error == EPERM || error == EACCES || error == EOPNOTSUPP || error == ENOSYS || error == EINVAL;
 }
@@ -94,8 +138,8 @@ std::error_code takeOwner(const struct stat& status, Made& copy) {
         return {};
     constexpr auto keep = static_cast<uid_t>(-1);
     if (::fchown(copy.file, status.st_uid, status.st_gid) != 0 && copy.group != status.st_gid)
-        static_cast<void>(::fchown(copy.file, keep, status.st_gid) == 0);
-    // Asked, not believed: some file systems report success and change nothing.
+        std::ignore = ::fchown(copy.file, keep, status.st_gid);
+    // Some file systems report success and change nothing, so look.
     struct stat now {};
     if (::fstat(copy.file, &now) != 0)
         return LastError();
@@ -110,7 +154,7 @@ std::error_code removeList(int copy, std::string_view name) {
     return LastError();
 }
 
-/// False when the copy cannot have it; `groupBits` are then what the owning group has by it, as bits of a mode.
+/// False when the copy cannot have the list; `groupBits` then tells what the list gives the owning group.
 bool copyList(int source, const Made& copy, bool keptGroup, std::string_view name, mode_t& groupBits) {
     std::array<char, 4096> small{};
     std::vector<char> large;
@@ -119,33 +163,33 @@ bool copyList(int source, const Made& copy, bool keptGroup, std::string_view nam
     if (!value)
         return false;
     if (!keptGroup)
-        AccessList::GiveGroupNoMoreThanOthers(*value);
-    groupBits = AccessList::GroupBits(*value);
+        limitGroupToOthers(*value);
+    groupBits = groupBitsOf(*value);
     return writeOne(copy.file, name.data(), *value);
 }
 
-/// Without a list the group bits of `mode` speak of the owning group: what it must not have is taken off them.
+/// Without a list the group bits of `mode` apply to the owning group, so they lose what that group must not have.
 std::error_code copyLists(int source, const AccessLists& lists, const Made& copy, bool keptGroup, mode_t& mode) {
     if (lists.own) {
         mode_t groupBits = 0;
-        if (copyList(source, copy, keptGroup, AccessList::Access, groupBits))
+        if (copyList(source, copy, keptGroup, ownList, groupBits))
             return {};
         mode &= ~mode_t{S_IRWXG} | groupBits;
     }
     if (!keptGroup)
         mode &= ~mode_t{S_IRWXG} | (mode & S_IRWXO) << 3U;
-    return copy.mayInherit ? removeList(copy.file, AccessList::Access) : std::error_code();
+    return copy.mayInherit ? removeList(copy.file, ownList) : std::error_code();
 }
 
 std::error_code copyDefaultList(int source, const AccessLists& lists, const Made& copy, bool keptGroup) {
     mode_t ignored = 0;
-    if (lists.byDefault && copyList(source, copy, keptGroup, AccessList::Default, ignored))
+    if (lists.byDefault && copyList(source, copy, keptGroup, defaultList, ignored))
         return {};
-    return removeList(copy.file, AccessList::Default);
+    return removeList(copy.file, defaultList);
 }
 
 std::error_code copyRights(int source, const struct stat& status, Made& copy) {
-    // The owner first: changing it takes privileges off the file. The mode last: it may forbid the rest.
+    // The owner first, because changing it clears set-user bits. The mode last, because it may forbid the rest.
     if (const std::error_code error = takeOwner(status, copy))
         return error;
     const bool keptGroup = copy.group == status.st_gid;
@@ -187,7 +231,7 @@ std::error_code Attributes::CopyToFile(int source, const struct stat& status, co
               .user = m_user,
               .group = m_group,
               .hasMode = hasMode,
-              .mayInherit = copy.Parent()->HasDefaultAccessList()};
+              .mayInherit = copy.Parent()->PassesOnRights()};
     if (m_folder.lock() != copy.Parent()) {
         if (const std::error_code error = askOwner(made))
             return error;

@@ -5,23 +5,23 @@
 
 namespace {
 
-constexpr rlim_t kWantedDescriptors = 16384;
-constexpr rlim_t kMostInABatch = 2048;
+constexpr rlim_t wantedDescriptors = 16384;
+constexpr rlim_t mostInABatch = 2048;
 
-/// The larger a batch, the fewer syncs, and every file in it holds a descriptor. The usual limit of 1024 is for
-/// programs that use select(), which this one does not; it goes up as far as is allowed, but not so far that the
-/// programs started from here would notice. Both batches together leave three quarters to the rest of the program.
+/// Larger batches need fewer syncs, but every file in a batch holds a descriptor. The usual limit of 1024 protects
+/// programs that use select(), which this one does not. It is raised, but not so far that programs started from here
+/// suffer. Both batches together leave three quarters of it to the rest of the program.
 std::size_t descriptorLimitOfABatch() {
     struct rlimit limit {};
     if (::getrlimit(RLIMIT_NOFILE, &limit) != 0)
         return 8;
-    const rlim_t wanted = std::min(limit.rlim_max, kWantedDescriptors);
+    const rlim_t wanted = std::min(limit.rlim_max, wantedDescriptors);
     if (limit.rlim_cur < wanted) {
         const struct rlimit raised { wanted, limit.rlim_max };
         if (::setrlimit(RLIMIT_NOFILE, &raised) == 0)
             limit.rlim_cur = wanted;
     }
-    return static_cast<std::size_t>(std::clamp<rlim_t>(limit.rlim_cur / 8, 8, kMostInABatch));
+    return static_cast<std::size_t>(std::clamp<rlim_t>(limit.rlim_cur / 8, 8, mostInABatch));
 }
 
 } // namespace

@@ -1,5 +1,5 @@
-// Two batches in step: while the bytes of one go to disk, the next one is filled. Files come into place in the order in
-// which they were added. Its end brings everything into place. Failures go to the observer.
+// Double-buffered: one batch syncs while the next fills. Files are placed in the order in which they were added. The
+// destructor flushes both batches. Failures go to the observer.
 #pragma once
 
 #include "TransferBatch.h"
@@ -21,8 +21,8 @@ class CommitQueue final {
     [[nodiscard]] bool IsEmpty() const { return !m_syncing && m_filling->IsEmpty(); }
     [[nodiscard]] bool Holds(const FileId& folder, const std::filesystem::path& name) const;
 
-    /// Everything added so far is on disk and in place, or reported, when this returns. Events that run meanwhile may
-    /// call it again.
+    /// Returns when everything added so far is on disk and in place, or has failed. Events that run meanwhile may call
+    /// it again.
     void Flush();
 
   private:
@@ -33,5 +33,5 @@ class CommitQueue final {
     TemporaryFiles& m_temporaries;
     std::size_t m_descriptorLimit;
     std::unique_ptr<TransferBatch> m_filling;
-    std::shared_ptr<TransferBatch> m_syncing; ///< shared with the calls that wait for it, one inside another
+    std::shared_ptr<TransferBatch> m_syncing; ///< shared with the nested calls that wait for it
 };

@@ -1,5 +1,5 @@
 #include "DiskSync.h"
-#include "SystemError.h"
+#include "SystemCall.h"
 
 #include <algorithm>
 #include <array>
@@ -12,10 +12,10 @@
 
 namespace {
 
-/// Up to so many files, syncing each costs less than syncing the file system for all.
-constexpr std::size_t kFewFiles = 4;
+/// Up to this many files, syncing each is cheaper than syncing the whole file system.
+constexpr std::size_t fewFiles = 4;
 
-/// Older kernels (before 5.8) do not say that a sync of a whole file system failed.
+/// Before Linux 5.8, syncfs does not report write errors.
 bool kernelReportsSyncErrors() {
     struct utsname system {};
     int major = 0;
@@ -25,7 +25,7 @@ bool kernelReportsSyncErrors() {
     return major > 5 || (major == 5 && minor >= 8);
 }
 
-/// With these the server behind them hears of a sync of one file, but not of one of the whole file system.
+/// On these file systems fsync reaches the server, syncfs does not.
 bool isServed(int descriptor) {
     constexpr std::array<std::uint64_t, 6> served = {FUSE_SUPER_MAGIC, NFS_SUPER_MAGIC,  CIFS_SUPER_MAGIC,
                                                      SMB_SUPER_MAGIC,  SMB2_SUPER_MAGIC, V9FS_MAGIC};
@@ -42,14 +42,14 @@ bool syncFileSystem(int descriptor) {
 
 void syncEach(const std::vector<StagedFile*>& files) {
     for (StagedFile* file : files) {
-        // EINVAL: a file system without a disk behind it.
+        // EINVAL: the file system has no disk.
         if (::fdatasync(file->copy.Descriptor()) != 0 && errno != EINVAL)
             file->error = LastError();
     }
 }
 
-std::error_code syncFolder(const LinuxFolder& folder) {
-    // EINVAL: the file system knows no such thing for folders, its names are durable at once.
+std::error_code syncFolder(const Folder& folder) {
+    // EINVAL: the file system does not sync folders, its names are durable at once.
     return ::fsync(folder.Descriptor()) == 0 || errno == EINVAL ? std::error_code() : LastError();
 }
 
@@ -60,15 +60,15 @@ void SyncContents(std::vector<StagedFile>& files) {
     for (StagedFile& file : files)
         byDevice[file.copy.Parent()->Id().device].push_back(&file);
     for (const auto& [device, group] : byDevice) {
-        // The folder of the first file was opened before any of them was written, so it hears of every write error.
-        // When the file system fails as a whole, syncing each file finds the ones concerned.
-        if (group.size() <= kFewFiles || !syncFileSystem(group.front()->copy.Parent()->Descriptor()))
+        // The folder of the first file was opened before any of them was written, so syncfs on it reports every write
+        // error. When it fails, syncing each file finds the broken ones.
+        if (group.size() <= fewFiles || !syncFileSystem(group.front()->copy.Parent()->Descriptor()))
             syncEach(group);
     }
 }
 
-std::error_code SyncNames(const std::vector<std::shared_ptr<LinuxFolder>>& folders) {
-    std::map<std::uint64_t, std::vector<const LinuxFolder*>> byDevice;
+std::error_code SyncNames(const std::vector<std::shared_ptr<Folder>>& folders) {
+    std::map<std::uint64_t, std::vector<const Folder*>> byDevice;
     for (const auto& folder : folders) {
         auto& group = byDevice[folder->Id().device];
         if (std::find(group.begin(), group.end(), folder.get()) == group.end())
@@ -77,7 +77,7 @@ std::error_code SyncNames(const std::vector<std::shared_ptr<LinuxFolder>>& folde
     for (const auto& [device, group] : byDevice) {
         if (group.size() > 1 && syncFileSystem(group.front()->Descriptor()))
             continue;
-        for (const LinuxFolder* folder : group) {
+        for (const Folder* folder : group) {
             if (const std::error_code error = syncFolder(*folder))
                 return error;
         }

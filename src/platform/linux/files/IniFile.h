@@ -1,6 +1,6 @@
 // The text of one settings file: "[section]" lines, "key=value" lines, comments (";" or "#"). Owns the bytes as they
-// were read and changes single lines only. Nothing in a value is special: everything behind the first "=" is the value,
-// but for the blanks around it.
+// were read and changes single lines only. A value has no escapes: it is everything after the first "=", without the
+// blanks around it.
 #pragma once
 
 #include <QByteArray>
@@ -15,7 +15,7 @@ class IniFile final {
     [[nodiscard]] std::optional<QString> Value(const QString& section, const QString& key) const;
 
     /// Changes the first entry of this name, or adds it at the end of its section. False, with nothing changed, when
-    /// section, key or value could not be read back the same but for blanks around the value.
+    /// section, key or value would not read back the same (blanks around the value do not count).
     [[nodiscard]] bool SetValue(const QString& section, const QString& key, const QString& value);
 
     [[nodiscard]] const QByteArray& Bytes() const { return m_bytes; }
@@ -24,7 +24,7 @@ class IniFile final {
     struct Place {
         qsizetype valueStart = -1; ///< -1: no such entry
         qsizetype valueEnd = 0;
-        qsizetype sectionEnd = -1; ///< behind the last entry of the section; -1: no such section
+        qsizetype sectionEnd = -1; ///< after the last entry of the section; -1: no such section
     };
     [[nodiscard]] Place find(const QByteArray& section, const QByteArray& key) const;
     [[nodiscard]] QByteArray lineEnd() const;

@@ -1,10 +1,9 @@
-#include "IniSettingsStore.h"
 #include "AtomicFile.h"
-#include "FileDescriptor.h"
 #include "IniFile.h"
 #include "LinuxOwnFiles.h"
-#include "SystemError.h"
-#include "XdgFolders.h"
+#include "LinuxServices.h"
+#include "SystemCall.h"
+#include "modNativePath.h"
 
 #include <algorithm>
 #include <chrono>
@@ -12,6 +11,7 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <thread>
+#include <tuple>
 
 namespace {
 
@@ -20,10 +20,6 @@ namespace fs = std::filesystem;
 constexpr std::int64_t mostBytes = 16 << 20;
 constexpr mode_t privateFolder = 0700; // as the XDG basedir standard asks
 constexpr mode_t privateFile = 0600;   // mail settings may hold a password
-
-fs::path nativePath(const QString& text) {
-    return {text.toUtf8().toStdString()};
-}
 
 std::error_code makeFolder(const fs::path& folder) {
     std::error_code error;
@@ -35,11 +31,11 @@ std::error_code makeFolder(const fs::path& folder) {
     return error;
 }
 
-/// Another process keeps its lock for one save only. If it was stopped in the midst of it, we do not wait for ever.
+/// Another process holds the lock for one save only. If it was stopped in the middle of it, do not wait for ever.
 std::error_code lockFolder(const fs::path& folder, FileDescriptor& lock) {
     constexpr int mostAttempts = 2000;
     constexpr std::chrono::milliseconds pause{1};
-    // The folder itself, for it stays while the file is replaced, and no other file is left behind.
+    // Locks the folder: it stays while the file is replaced, and no lock file is left behind.
     lock = FileDescriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!lock.IsOpen())
         return LastError();
@@ -56,15 +52,24 @@ bool setAll(IniFile& ini, const QString& section, const SettingsStore::Entries& 
                        [&](const auto& entry) { return ini.SetValue(section, entry.first, entry.second); });
 }
 
-} // namespace
+class IniSettingsStore final : public SettingsStore {
+  public:
+    explicit IniSettingsStore(fs::path configFolder) : m_configFolder(std::move(configFolder)) {}
 
-IniSettingsStore::IniSettingsStore() : m_configFolder(XdgFolders::ConfigHome()) {}
+    std::optional<QString> Read(const QString& application, const QString& section, const QString& key) const override;
+    std::error_code WriteAll(const QString& application, const QString& section, const Entries& entries) override;
+    fs::path FileOf(const QString& application) const override;
+
+  private:
+    fs::path m_configFolder;
+};
 
 fs::path IniSettingsStore::FileOf(const QString& application) const {
     if (m_configFolder.empty() || application.isEmpty() || application.startsWith(QLatin1Char('.')) ||
         application.contains(QLatin1Char('/')) || application.contains(QChar(u'\0')))
         return {};
-    return m_configFolder / nativePath(application) / nativePath(application + QStringLiteral(".ini"));
+    return m_configFolder / modNativePath::FromText(application) /
+           modNativePath::FromText(application + QStringLiteral(".ini"));
 }
 
 std::optional<QString> IniSettingsStore::Read(const QString& application, const QString& section,
@@ -86,13 +91,19 @@ std::error_code IniSettingsStore::WriteAll(const QString& application, const QSt
     if (const std::error_code error = lockFolder(file.parent_path(), lock))
         return error;
     QByteArray bytes;
-    // What cannot be read must not be written over.
+    // Never overwrite a file that cannot be read.
     const std::error_code error = LinuxOwnFiles().ReadAll(file, mostBytes, bytes);
     if (error && error != std::errc::no_such_file_or_directory)
         return error;
     IniFile ini(bytes);
-    static_cast<void>(setAll(ini, section, entries)); // as above
+    std::ignore = setAll(ini, section, entries); // succeeds, as it did above
     if (!error && ini.Bytes() == bytes)
         return {};
     return AtomicFile::Replace(file, ini.Bytes(), privateFile);
+}
+
+} // namespace
+
+std::unique_ptr<SettingsStore> MakeIniSettingsStore(fs::path configHome) {
+    return std::make_unique<IniSettingsStore>(std::move(configHome));
 }

@@ -1,6 +1,5 @@
 #include "LinuxFolder.h"
-#include "EntryFacts.h"
-#include "SystemError.h"
+#include "SystemCall.h"
 #include "TemporaryName.h"
 
 #include <algorithm>
@@ -8,15 +7,97 @@
 #include <ctime>
 #include <dirent.h>
 #include <fcntl.h>
+#include <limits>
+#include <linux/magic.h>
 #include <memory>
 #include <string_view>
+#include <sys/vfs.h>
 #include <sys/xattr.h>
+#include <tuple>
 
 namespace {
 
-constexpr std::size_t kListingBuffer = std::size_t{64} * 1024;
-constexpr std::time_t kOneDay = std::time_t{24} * 60 * 60;
-constexpr int kMaximumAncestors = 4096;
+constexpr std::size_t listingBuffer = std::size_t{64} * 1024;
+constexpr std::time_t oneDay = std::time_t{24} * 60 * 60;
+constexpr int mostAncestors = 4096;
+constexpr std::int64_t billion = 1'000'000'000;
+
+/// Clamped to the range (years 1678 to 2262).
+std::int64_t toNanoseconds(const struct timespec& time) {
+    if (time.tv_sec >= std::numeric_limits<std::int64_t>::max() / billion)
+        return std::numeric_limits<std::int64_t>::max();
+    if (time.tv_sec <= std::numeric_limits<std::int64_t>::min() / billion)
+        return std::numeric_limits<std::int64_t>::min();
+    return time.tv_sec * billion + time.tv_nsec;
+}
+
+FileId idOf(const struct stat& status) {
+    return {status.st_dev, status.st_ino};
+}
+
+/// The step in which the file system stores times, in nanoseconds: 2 s on FAT, else 1.
+std::int64_t timeStepOf(int descriptor) {
+    struct statfs fileSystem {};
+    const bool isFat = ::fstatfs(descriptor, &fileSystem) == 0 && fileSystem.f_type == MSDOS_SUPER_MAGIC;
+    return isFat ? 2 * billion : 1;
+}
+
+EntryKind kindOf(const struct stat& status, bool isLink) {
+    if (S_ISREG(status.st_mode))
+        return EntryKind::File;
+    if (S_ISDIR(status.st_mode))
+        return isLink ? EntryKind::FolderLink : EntryKind::Folder;
+    return EntryKind::Special;
+}
+
+FileFacts factsOf(const struct stat& status, bool isLink, std::int64_t timeStep) {
+    return {.kind = kindOf(status, isLink),
+            .isLink = isLink,
+            .id = idOf(status),
+            .size = static_cast<std::uint64_t>(status.st_size),
+            .modified = {toNanoseconds(status.st_mtim), timeStep},
+            .mode = status.st_mode & 07777U};
+}
+
+/// A link may lead to another file system with another step.
+std::int64_t timeStepOfTarget(int folder, const char* name) {
+    const FileDescriptor target(::openat(folder, name, O_PATH | O_CLOEXEC));
+    return target.IsOpen() ? timeStepOf(target.Get()) : 1;
+}
+
+bool isDangling(const std::error_code& error) {
+    return error == ErrorOf(ENOENT) || error == ErrorOf(ENOTDIR) || error == ErrorOf(ELOOP) ||
+           error == ErrorOf(ENAMETOOLONG);
+}
+
+bool mayFollow(const struct stat& link, const struct stat& target) {
+    return !S_ISREG(target.st_mode) || link.st_uid == ::geteuid() || link.st_uid == target.st_uid;
+}
+
+/// Facts of the entry `name` of an open folder, links followed. `device` and `timeStep` are the folder's own. A link to
+/// a file is followed only if its owner is this process's user or the file's owner (EACCES otherwise): a privileged run
+/// would publish files that the maker of the link may not read. A dangling link is Special.
+std::error_code readEntryFacts(int folder, const char* name, std::uint64_t device, std::int64_t timeStep,
+                               FileFacts& facts) {
+    struct stat status {};
+    facts = {};
+    if (::fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) != 0)
+        return LastError();
+    if (!S_ISLNK(status.st_mode)) {
+        facts = factsOf(status, false, timeStep);
+        return {};
+    }
+    facts.isLink = true;
+    struct stat target {};
+    if (::fstatat(folder, name, &target, 0) != 0) {
+        const std::error_code error = LastError();
+        return isDangling(error) ? std::error_code() : error;
+    }
+    if (!mayFollow(status, target))
+        return ErrorOf(EACCES);
+    facts = factsOf(target, true, target.st_dev == device ? timeStep : timeStepOfTarget(folder, name));
+    return {};
+}
 
 } // namespace
 
@@ -30,12 +111,12 @@ std::shared_ptr<LinuxFolder> LinuxFolder::Open(int at, const char* name, std::fi
         error = LastError();
         return nullptr;
     }
-    return std::make_shared<LinuxFolder>(std::move(descriptor), std::move(path), IdOf(status));
+    return std::make_shared<LinuxFolder>(std::move(descriptor), std::move(path), idOf(status));
 }
 
 LinuxFolder::LinuxFolder(FileDescriptor descriptor, std::filesystem::path path, FileId id)
     : m_descriptor(std::move(descriptor)), m_path(std::move(path)), m_id(id),
-      m_timeStep(TimeStepOf(m_descriptor.Get())) {}
+      m_timeStep(timeStepOf(m_descriptor.Get())) {}
 
 bool LinuxFolder::IsPlainName(const std::filesystem::path& name) {
     const std::string& bytes = name.native();
@@ -46,9 +127,9 @@ bool LinuxFolder::IsPlainName(const std::filesystem::path& name) {
 std::error_code LinuxFolder::forEachName(const std::function<std::error_code(const char*)>& visit) const {
     if (::lseek(Descriptor(), 0, SEEK_SET) < 0)
         return LastError();
-    const auto buffer = std::make_unique_for_overwrite<char[]>(kListingBuffer);
+    const auto buffer = std::make_unique_for_overwrite<char[]>(listingBuffer);
     for (;;) {
-        const ssize_t length = ::getdents64(Descriptor(), buffer.get(), kListingBuffer);
+        const ssize_t length = ::getdents64(Descriptor(), buffer.get(), listingBuffer);
         if (length <= 0)
             return length < 0 ? LastError() : std::error_code();
         for (ssize_t at = 0; at < length;) {
@@ -64,10 +145,10 @@ std::error_code LinuxFolder::forEachName(const std::function<std::error_code(con
     }
 }
 
-/// An entry that cannot be looked at (a dead mount, say) is Unknown: it is reported where it would have been worked on.
-/// A folder that may not be searched at all is an error of its own.
+/// An entry that stat() fails on (a dead mount, say) is Unknown: whoever would work on it reports it. A folder without
+/// search permission fails as a whole.
 std::error_code LinuxFolder::readEntry(const char* name, FileFacts& facts) const {
-    const std::error_code error = ReadEntryFacts(Descriptor(), name, m_id.device, m_timeStep, facts);
+    const std::error_code error = readEntryFacts(Descriptor(), name, m_id.device, m_timeStep, facts);
     struct stat self {};
     if (!error || error == std::errc::no_such_file_or_directory || ::fstatat(Descriptor(), ".", &self, 0) != 0)
         return error;
@@ -87,7 +168,7 @@ std::error_code LinuxFolder::List(std::vector<FolderEntry>& entries) const {
         const std::error_code failure = readEntry(name, facts);
         if (!failure)
             entries.push_back({name, facts});
-        // Gone since its name was read: then it simply is not there any more.
+        // Deleted since its name was read: not an error.
         return failure == std::errc::no_such_file_or_directory ? std::error_code() : failure;
     });
     if (error) {
@@ -102,7 +183,7 @@ std::error_code LinuxFolder::List(std::vector<FolderEntry>& entries) const {
 
 std::optional<FileFacts> LinuxFolder::Stat(const std::filesystem::path& name, std::error_code& error) const {
     FileFacts facts;
-    error = IsPlainName(name) ? ReadEntryFacts(Descriptor(), name.c_str(), m_id.device, m_timeStep, facts)
+    error = IsPlainName(name) ? readEntryFacts(Descriptor(), name.c_str(), m_id.device, m_timeStep, facts)
                               : ErrorOf(EINVAL);
     if (!error)
         return facts;
@@ -151,10 +232,10 @@ std::vector<FileId> LinuxFolder::Ancestors() const {
     std::vector<FileId> ids{m_id};
     FileDescriptor parent(::openat(Descriptor(), "..", O_PATH | O_DIRECTORY | O_CLOEXEC));
     struct stat status {};
-    for (int level = 0; level < kMaximumAncestors; ++level) {
-        if (!parent.IsOpen() || ::fstat(parent.Get(), &status) != 0 || IdOf(status) == ids.back())
+    for (int level = 0; level < mostAncestors; ++level) {
+        if (!parent.IsOpen() || ::fstat(parent.Get(), &status) != 0 || idOf(status) == ids.back())
             break; // the root is its own parent
-        ids.push_back(IdOf(status));
+        ids.push_back(idOf(status));
         parent = FileDescriptor(::openat(parent.Get(), "..", O_PATH | O_DIRECTORY | O_CLOEXEC));
     }
     return ids;
@@ -162,24 +243,24 @@ std::vector<FileId> LinuxFolder::Ancestors() const {
 
 bool LinuxFolder::StillThere() const {
     struct stat status {};
-    return ::stat(m_path.c_str(), &status) == 0 && S_ISDIR(status.st_mode) && IdOf(status) == m_id;
+    return ::stat(m_path.c_str(), &status) == 0 && S_ISDIR(status.st_mode) && idOf(status) == m_id;
 }
 
-bool LinuxFolder::HasDefaultAccessList() const {
-    if (!m_hasDefaultAccessList)
-        m_hasDefaultAccessList = ::fgetxattr(Descriptor(), "system.posix_acl_default", nullptr, 0) >= 0;
-    return *m_hasDefaultAccessList;
+bool LinuxFolder::PassesOnRights() const {
+    if (!m_passesOnRights)
+        m_passesOnRights = ::fgetxattr(Descriptor(), "system.posix_acl_default", nullptr, 0) >= 0;
+    return *m_passesOnRights;
 }
 
 void LinuxFolder::RemoveLeftovers() {
     if (!m_temporaries) {
         std::vector<std::string> found;
-        // A listing that breaks off is no harm here: what it has found is ours all the same.
-        static_cast<void>(forEachName([&](const char* name) -> std::error_code {
+        // A listing that breaks off does no harm here: the names found so far are valid.
+        std::ignore = forEachName([&](const char* name) -> std::error_code {
             if (MakerOfTemporary(name))
                 found.emplace_back(name);
             return {};
-        }));
+        });
         m_temporaries = std::move(found);
     }
     const std::vector<std::string> temporaries = std::move(*m_temporaries);
@@ -194,9 +275,15 @@ void LinuxFolder::removeIfLeftover(const std::string& name) const {
     if (!maker || ::fstatat(Descriptor(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0 || !S_ISREG(status.st_mode))
         return;
     const ProcessState state = StateOf(*maker, ProcessMark::OfThisProcess());
-    // Nobody here can tell whether a process of another machine lives, but a living one changes its file more often
-    // than once a day. The change time is asked, for the modification time may already be the source's.
-    const bool isOld = std::time(nullptr) - status.st_ctim.tv_sec > kOneDay;
+    // A process of another machine cannot be asked, but a living one changes its file more than once a day. The change
+    // time counts, because the modification time may already be the source's.
+    const bool isOld = std::time(nullptr) - status.st_ctim.tv_sec > oneDay;
     if (state == ProcessState::Gone || (state == ProcessState::OnAnotherMachine && isOld))
         ::unlinkat(Descriptor(), name.c_str(), 0);
+}
+
+bool IsUnchanged(const FileFacts& facts, const struct stat& status) {
+    return S_ISREG(status.st_mode) && idOf(status) == facts.id &&
+           static_cast<std::uint64_t>(status.st_size) == facts.size &&
+           toNanoseconds(status.st_mtim) == facts.modified.nanoseconds;
 }

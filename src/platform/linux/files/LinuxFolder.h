@@ -1,9 +1,9 @@
-// A folder held open by its descriptor; every operation goes through the descriptor, so a path that changes cannot lead
-// it elsewhere. Failures are error codes; names that are not one plain component are refused.
+// A folder by its descriptor: openat, fstatat, getdents64, unlinkat. Failures are error codes; a name that is not one
+// plain component is std::errc::invalid_argument.
 #pragma once
 
-#include "FileDescriptor.h"
 #include "Folder.h"
+#include "SystemCall.h"
 
 #include <string>
 
@@ -25,11 +25,10 @@ class LinuxFolder final : public Folder {
     std::vector<FileId> Ancestors() const override;
     bool StillThere() const override;
     void RemoveLeftovers() override;
+    int Descriptor() const override { return m_descriptor.Get(); }
 
-    [[nodiscard]] int Descriptor() const { return m_descriptor.Get(); }
-
-    /// True when new entries take rights from the folder's default access list instead of the mode they ask for.
-    [[nodiscard]] bool HasDefaultAccessList() const;
+    /// True when the folder has a default access list.
+    bool PassesOnRights() const override;
 
     /// True for one component that is neither "." nor "..".
     [[nodiscard]] static bool IsPlainName(const std::filesystem::path& name);
@@ -44,5 +43,8 @@ class LinuxFolder final : public Folder {
     FileId m_id;
     std::int64_t m_timeStep;
     mutable std::optional<std::vector<std::string>> m_temporaries; ///< seen by the last listing
-    mutable std::optional<bool> m_hasDefaultAccessList;
+    mutable std::optional<bool> m_passesOnRights;
 };
+
+/// True when `status` is a regular file with the identity, size and modification time of `facts`.
+[[nodiscard]] bool IsUnchanged(const FileFacts& facts, const struct stat& status);

@@ -1,10 +1,8 @@
-#include "LinuxLocks.h"
+#include "LinuxServices.h"
 
-#include "FileDescriptor.h"
-#include "XdgFolders.h"
+#include "SystemCall.h"
 #include <QByteArray>
 #include <QCryptographicHash>
-#include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -24,8 +22,8 @@ class LinuxHeldLock final : public HeldLock {
     LinuxHeldLock(FileDescriptor folder, QByteArray name, FileDescriptor file)
         : m_folder(std::move(folder)), m_name(std::move(name)), m_file(std::move(file)) {}
 
-    /// The name goes while the lock is still held: whoever has the old file open sees, once it has locked it, that it
-    /// is no longer the named one, and tries again. So names made of inode numbers do not pile up.
+    /// Unlinks the file before the lock is released, so that the files do not pile up. A process that has the old file
+    /// open notices, once it has locked it, that the name leads elsewhere, and tries again.
     ~LinuxHeldLock() override {
         if (isStillNamed(m_folder, m_name, m_file))
             unlinkat(m_folder.Get(), m_name.constData(), 0);
@@ -39,15 +37,13 @@ class LinuxHeldLock final : public HeldLock {
     FileDescriptor m_file;
 };
 
-/// Our private folder, made when it is missing. It must be a folder of ours that nobody else can enter: whoever could
-/// exchange a lock file in it could make two processes believe in the same lock.
-FileDescriptor openPrivateFolder() {
-    const auto base = XdgFolders::StateHome();
-    if (base.empty())
+/// Creates the folder when it is missing. It must belong to this user and be closed to all others: whoever can exchange
+/// a lock file in it can make two processes hold the same lock.
+FileDescriptor openPrivateFolder(const std::filesystem::path& path) {
+    if (path.empty())
         return FileDescriptor();
-    std::error_code ignored; // a folder that is still missing shows itself in the open below
-    std::filesystem::create_directories(base, ignored);
-    const auto path = LinuxLocks().Place();
+    std::error_code ignored; // if the folder is still missing, the open below fails
+    std::filesystem::create_directories(path.parent_path(), ignored);
     mkdir(path.c_str(), 0700);
     FileDescriptor folder(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
     struct stat facts {};
@@ -72,15 +68,24 @@ FileDescriptor openLockFile(const FileDescriptor& folder, const QByteArray& name
     return file;
 }
 
-} // namespace
+class LinuxLocks final : public Locks {
+  public:
+    explicit LinuxLocks(std::filesystem::path folder) : m_folder(std::move(folder)) {}
+
+    std::unique_ptr<HeldLock> TryAcquire(const QString& name, LockRefusal& refusal) override;
+    std::filesystem::path Place() const override { return m_folder; }
+
+  private:
+    std::filesystem::path m_folder; ///< empty: no lock can be made
+};
 
 std::unique_ptr<HeldLock> LinuxLocks::TryAcquire(const QString& name, LockRefusal& refusal) {
     refusal = LockRefusal::NoneCanBeMade;
-    FileDescriptor folder = openPrivateFolder();
+    FileDescriptor folder = openPrivateFolder(m_folder);
     if (!folder.IsOpen())
         return nullptr;
     const QByteArray lockFile = fileName(name);
-    // Should the file lose its name between open and lock, the lock is worth nothing and another try is due.
+    // When the file loses its name between open and flock, the lock is worthless: retry.
     for (int attempt = 0; attempt < 10; ++attempt) {
         FileDescriptor file = openLockFile(folder, lockFile);
         if (!file.IsOpen())
@@ -96,7 +101,8 @@ std::unique_ptr<HeldLock> LinuxLocks::TryAcquire(const QString& name, LockRefusa
     return nullptr;
 }
 
-std::filesystem::path LinuxLocks::Place() const {
-    const auto base = XdgFolders::StateHome();
-    return base.empty() ? base : base / "Kalvenor";
+} // namespace
+
+std::unique_ptr<Locks> MakeLinuxLocks(std::filesystem::path stateHome) {
+    return std::make_unique<LinuxLocks>(stateHome.empty() ? std::move(stateHome) : stateHome / "Kalvenor");
 }

@@ -1,13 +1,12 @@
 #include "LinuxOwnFiles.h"
 #include "AtomicFile.h"
-#include "Destination.h"
 #include "DiskSync.h"
-#include "LinuxRegularFile.h"
-#include "SystemError.h"
+#include "SystemCall.h"
 
 #include <QString>
 #include <algorithm>
 #include <fcntl.h>
+#include <tuple>
 
 namespace {
 
@@ -53,7 +52,7 @@ std::error_code LinuxOwnFiles::ReadAll(const fs::path& file, std::int64_t limit,
         return std::make_error_code(std::errc::file_too_large);
     QByteArray read;
     read.reserve(static_cast<qsizetype>(status.st_size) + 1);
-    // Read to the real end: the size may have changed since, and some file systems report none.
+    // Read to the end: the size may have changed, and some file systems report none.
     for (;;) {
         const qsizetype before = read.size();
         read.resize(before + std::max<qsizetype>(read.capacity() - before, readStep));
@@ -93,10 +92,10 @@ std::error_code LinuxOwnFiles::Append(const fs::path& file, const QByteArray& by
             continue;
         if (written <= 0) {
             const std::error_code error = written < 0 ? LastError() : std::make_error_code(std::errc::io_error);
-            // Take a half line back, unless somebody else has appended behind it.
+            // Truncate an incomplete line, unless another process has appended to it.
             struct stat now {};
             if (done > 0 && ::fstat(opened.Get(), &now) == 0 && now.st_size == status.st_size + done)
-                static_cast<void>(::ftruncate(opened.Get(), status.st_size) == 0);
+                std::ignore = ::ftruncate(opened.Get(), status.st_size);
             return error;
         }
         done += written;
@@ -108,7 +107,7 @@ std::error_code LinuxOwnFiles::MoveAway(const fs::path& file, const fs::path& ta
     struct stat status {};
     if (::lstat(file.c_str(), &status) != 0)
         return LastError();
-    // A link is copied, not renamed: its target could lead astray from another folder.
+    // Copy a link instead of renaming it: a relative target leads elsewhere from another folder.
     if (!S_ISLNK(status.st_mode)) {
         if (!S_ISREG(status.st_mode))
             return NotRegular(status.st_mode);
@@ -130,7 +129,7 @@ std::error_code LinuxOwnFiles::copyAway(const fs::path& file, const fs::path& ta
         error = AtomicFile::Create(target, bytes, status.st_mode & 0777);
     if (error)
         return error;
-    // What somebody wrote meanwhile is not in the copy, which stays in any case.
+    // Bytes written meanwhile are not in the copy. The copy stays in any case.
     if (Stamp(file) != stamp)
         return std::make_error_code(std::errc::device_or_resource_busy);
     return ::unlink(file.c_str()) == 0 ? std::error_code() : LastError();
@@ -153,7 +152,7 @@ std::optional<fs::path> LinuxOwnFiles::FindIgnoringCase(const fs::path& folder, 
         const fs::path candidate = entry->path().filename();
         if (candidate == name)
             return candidate;
-        // Of several variants the first by bytes, so that every start finds the same one.
+        // The first variant by bytes, so that every start finds the same one.
         if (QString::fromStdString(candidate.string()).compare(wanted, Qt::CaseInsensitive) == 0 &&
             (!found || candidate.native() < found->native()))
             found = candidate;

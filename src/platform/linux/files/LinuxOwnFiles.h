@@ -1,4 +1,4 @@
-// The program's own files on Linux. Owns nothing; every operation answers with the system's error.
+// The program's own files on Linux. Fails with the error of the system call.
 #pragma once
 
 #include "OwnFiles.h"

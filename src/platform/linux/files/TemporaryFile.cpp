@@ -2,8 +2,7 @@
 
 #include <fcntl.h>
 
-TemporaryFile::TemporaryFile(std::shared_ptr<LinuxFolder> folder, FileDescriptor file, std::string name,
-                             bool hasFinalMode)
+TemporaryFile::TemporaryFile(std::shared_ptr<Folder> folder, FileDescriptor file, std::string name, bool hasFinalMode)
     : m_folder(std::move(folder)), m_file(std::move(file)), m_name(std::move(name)), m_hasFinalMode(hasFinalMode) {}
 
 TemporaryFile::TemporaryFile(TemporaryFile&& other) noexcept

@@ -1,6 +1,5 @@
 #include "TemporaryFiles.h"
-#include "Destination.h"
-#include "SystemError.h"
+#include "SystemCall.h"
 
 #include <array>
 #include <charconv>
@@ -10,10 +9,10 @@
 
 namespace {
 
-constexpr std::uint32_t kOwnerMayWrite = 0600;
-constexpr int kNameAttempts = 8;
+constexpr std::uint32_t ownerMayWrite = 0600;
+constexpr int nameAttempts = 8;
 
-/// Read without changing it: umask() itself could only be asked by setting it, for all threads.
+/// From /proc, because umask() can only be read by setting it, for all threads.
 std::uint32_t creationMask() {
     const FileDescriptor file(::open("/proc/self/status", O_RDONLY | O_CLOEXEC));
     std::array<char, 4096> buffer{};
@@ -27,7 +26,7 @@ std::uint32_t creationMask() {
     return mask;
 }
 
-/// What an open of an unnamed file says where there is no such thing; other errors are real ones.
+/// The errors that O_TMPFILE gives where it is not supported; all others are real.
 bool meansUnsupported(const std::error_code& error) {
     return error == ErrorOf(EOPNOTSUPP) || error == ErrorOf(EISDIR) || error == ErrorOf(EINVAL) ||
            error == ErrorOf(ENOENT) || error == ErrorOf(ENOSYS);
@@ -37,7 +36,7 @@ bool meansNoRoom(const std::error_code& error) {
     return error == ErrorOf(ENOSPC) || error == ErrorOf(EDQUOT) || error == ErrorOf(EIO) || error == ErrorOf(EROFS);
 }
 
-FileDescriptor openUnnamed(const LinuxFolder& folder, std::uint32_t mode) {
+FileDescriptor openUnnamed(const Folder& folder, std::uint32_t mode) {
     return FileDescriptor(::openat(folder.Descriptor(), ".", O_TMPFILE | O_RDWR | O_CLOEXEC, mode));
 }
 
@@ -45,35 +44,34 @@ FileDescriptor openUnnamed(const LinuxFolder& folder, std::uint32_t mode) {
 
 TemporaryFiles::TemporaryFiles() : m_process(ProcessMark::OfThisProcess()), m_creationMask(creationMask()) {}
 
-std::error_code TemporaryFiles::Create(const std::shared_ptr<LinuxFolder>& folder, std::uint32_t mode,
-                                       TemporaryFile& file) {
+std::error_code TemporaryFiles::Create(const std::shared_ptr<Folder>& folder, std::uint32_t mode, TemporaryFile& file) {
     bool isUnnamed = false;
     if (const std::error_code error = supportsUnnamed(*folder, isUnnamed))
         return error;
     if (!isUnnamed)
         return createNamed(folder, file);
     const bool hasFinalMode = mayCreateWith(mode, *folder);
-    FileDescriptor descriptor = openUnnamed(*folder, hasFinalMode ? mode : kOwnerMayWrite);
+    FileDescriptor descriptor = openUnnamed(*folder, hasFinalMode ? mode : ownerMayWrite);
     if (!descriptor.IsOpen())
         return LastError();
     file = TemporaryFile(folder, std::move(descriptor), {}, hasFinalMode);
     return {};
 }
 
-bool TemporaryFiles::mayCreateWith(std::uint32_t mode, const LinuxFolder& folder) const {
-    const bool isPlain = (mode & ~0777U) == 0 && (mode & kOwnerMayWrite) == kOwnerMayWrite;
-    return isPlain && (mode & m_creationMask) == 0 && !folder.HasDefaultAccessList();
+bool TemporaryFiles::mayCreateWith(std::uint32_t mode, const Folder& folder) const {
+    const bool isPlain = (mode & ~0777U) == 0 && (mode & ownerMayWrite) == ownerMayWrite;
+    return isPlain && (mode & m_creationMask) == 0 && !folder.PassesOnRights();
 }
 
-/// Tried out once for each file system, up to the link: a file that can be made but never named is of no use.
-std::error_code TemporaryFiles::supportsUnnamed(const LinuxFolder& folder, bool& supported) {
+/// Tries it once for each file system, including the link: a file that can never be named is of no use.
+std::error_code TemporaryFiles::supportsUnnamed(const Folder& folder, bool& supported) {
     const auto known = m_unnamed.find(folder.Id().device);
     if (known != m_unnamed.end()) {
         supported = known->second;
         return {};
     }
     supported = false;
-    const FileDescriptor probe = openUnnamed(folder, kOwnerMayWrite);
+    const FileDescriptor probe = openUnnamed(folder, ownerMayWrite);
     if (!probe.IsOpen()) {
         const std::error_code error = LastError();
         if (!meansUnsupported(error))
@@ -91,11 +89,11 @@ std::error_code TemporaryFiles::supportsUnnamed(const LinuxFolder& folder, bool&
     return {};
 }
 
-std::error_code TemporaryFiles::createNamed(const std::shared_ptr<LinuxFolder>& folder, TemporaryFile& file) const {
-    for (int attempt = 0; attempt < kNameAttempts; ++attempt) {
+std::error_code TemporaryFiles::createNamed(const std::shared_ptr<Folder>& folder, TemporaryFile& file) const {
+    for (int attempt = 0; attempt < nameAttempts; ++attempt) {
         std::string name = MakeTemporaryName(m_process);
         FileDescriptor descriptor(::openat(folder->Descriptor(), name.c_str(),
-                                           O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, kOwnerMayWrite));
+                                           O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, ownerMayWrite));
         if (descriptor.IsOpen()) {
             file = TemporaryFile(folder, std::move(descriptor), std::move(name), false);
             return {};
@@ -106,13 +104,13 @@ std::error_code TemporaryFiles::createNamed(const std::shared_ptr<LinuxFolder>& 
     return LastError();
 }
 
-std::error_code TemporaryFiles::link(int file, const LinuxFolder& folder, const char* name) {
+std::error_code TemporaryFiles::link(int file, const Folder& folder, const char* name) {
     if (m_linksByDescriptor) {
         if (::linkat(file, "", folder.Descriptor(), name, AT_EMPTY_PATH) == 0)
             return {};
         if (errno != ENOENT && errno != EINVAL)
             return LastError();
-        m_linksByDescriptor = false; // takes a privilege, or a newer kernel
+        m_linksByDescriptor = false; // needs a privilege or a newer kernel
     }
     const std::string path = "/proc/self/fd/" + std::to_string(file);
     return ::linkat(AT_FDCWD, path.c_str(), folder.Descriptor(), name, AT_SYMLINK_FOLLOW) == 0 ? std::error_code()
@@ -120,7 +118,7 @@ std::error_code TemporaryFiles::link(int file, const LinuxFolder& folder, const 
 }
 
 std::error_code TemporaryFiles::PlaceAtFreeName(TemporaryFile& file, const std::filesystem::path& name) {
-    const LinuxFolder& folder = *file.Parent();
+    const Folder& folder = *file.Parent();
     const std::error_code error = file.Name().empty() ? link(file.Descriptor(), folder, name.c_str())
                                                       : RenameToFreeName(folder, file.Name().c_str(), folder, name);
     if (!error)
@@ -145,9 +143,9 @@ std::error_code TemporaryFiles::Place(TemporaryFile& file, const FileJob& job, b
 }
 
 std::error_code TemporaryFiles::Replace(TemporaryFile& file, const std::filesystem::path& name) {
-    const LinuxFolder& folder = *file.Parent();
+    const Folder& folder = *file.Parent();
     const bool isNamed = !file.Name().empty();
-    // A file without a name cannot replace one: it takes a temporary name first.
+    // linkat cannot replace a file, so one without a name needs a temporary name first.
     const std::string oldName = isNamed ? file.Name() : MakeTemporaryName(m_process);
     if (!isNamed) {
         if (const std::error_code error = link(file.Descriptor(), folder, oldName.c_str()))

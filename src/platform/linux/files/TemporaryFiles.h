@@ -1,4 +1,4 @@
-// Makes temporary files beside their destination and puts them in place. Knows which file systems can hold a file
+// Creates temporary files beside their destination and puts them in place. Remembers which file systems support a file
 // without a name. Failures are error codes and leave an old destination whole.
 #pragma once
 
@@ -13,27 +13,27 @@ class TemporaryFiles final {
 
     /// A new empty file in the folder, open for writing. It is private to the owner unless the permission bits `mode`
     /// could be given to it at once (`HasFinalMode`).
-    [[nodiscard]] std::error_code Create(const std::shared_ptr<LinuxFolder>& folder, std::uint32_t mode,
+    [[nodiscard]] std::error_code Create(const std::shared_ptr<Folder>& folder, std::uint32_t mode,
                                          TemporaryFile& file);
 
-    /// Gives the file its name; std::errc::file_exists when anything has it already.
+    /// Gives the file its name; std::errc::file_exists when the name is taken.
     [[nodiscard]] std::error_code PlaceAtFreeName(TemporaryFile& file, const std::filesystem::path& name);
 
-    /// Gives the file its name, in one step, whatever file has it.
+    /// Gives the file its name in one step, over any file that has it.
     [[nodiscard]] std::error_code Replace(TemporaryFile& file, const std::filesystem::path& name);
 
-    /// Gives the copy the name of its job, at a free name or over what the job was decided to replace. `placed` stays
-    /// false, without an error, when the destination is the source itself. Errors as of CheckDestination.
+    /// Gives the copy the name of its job, which is free or taken by the file that the job was decided to replace.
+    /// `placed` stays false, without an error, when the destination is the source itself. Fails as CheckDestination.
     [[nodiscard]] std::error_code Place(TemporaryFile& file, const FileJob& job, bool& placed);
 
-    /// The permission bits that the system takes off new files (umask).
+    /// The permission bits that the system clears on new files (umask).
     [[nodiscard]] std::uint32_t CreationMask() const { return m_creationMask; }
 
   private:
-    [[nodiscard]] std::error_code supportsUnnamed(const LinuxFolder& folder, bool& supported);
-    [[nodiscard]] std::error_code createNamed(const std::shared_ptr<LinuxFolder>& folder, TemporaryFile& file) const;
-    [[nodiscard]] std::error_code link(int file, const LinuxFolder& folder, const char* name);
-    [[nodiscard]] bool mayCreateWith(std::uint32_t mode, const LinuxFolder& folder) const;
+    [[nodiscard]] std::error_code supportsUnnamed(const Folder& folder, bool& supported);
+    [[nodiscard]] std::error_code createNamed(const std::shared_ptr<Folder>& folder, TemporaryFile& file) const;
+    [[nodiscard]] std::error_code link(int file, const Folder& folder, const char* name);
+    [[nodiscard]] bool mayCreateWith(std::uint32_t mode, const Folder& folder) const;
 
     ProcessMark m_process;
     std::uint32_t m_creationMask;

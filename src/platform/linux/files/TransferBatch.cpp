@@ -1,18 +1,22 @@
 #include "TransferBatch.h"
 #include "Attributes.h"
 #include "DiskSync.h"
-#include "EntryFacts.h"
-#include "SystemError.h"
+#include "LinuxFolder.h"
+#include "SystemCall.h"
 
 #include <algorithm>
+#include <chrono>
+#include <csignal>
 #include <fcntl.h>
+#include <pthread.h>
 #include <unistd.h>
 
 namespace {
 
-constexpr std::uint64_t kByteLimit = std::uint64_t{128} * 1024 * 1024;
+constexpr std::uint64_t byteLimit = std::uint64_t{128} * 1024 * 1024;
+constexpr std::chrono::milliseconds progressInterval{50};
 
-/// Looks once more, right before the source goes: what was written since would be lost with it.
+/// Checks the source once more: anything written to it after the copy would be lost.
 std::error_code removeSource(const FileJob& job) {
     const int folder = job.source->Descriptor();
     struct stat entry {};
@@ -26,6 +30,34 @@ std::error_code removeSource(const FileJob& job) {
 }
 
 } // namespace
+
+BackgroundTask::~BackgroundTask() {
+    if (m_work.valid())
+        m_work.wait();
+}
+
+void BackgroundTask::Start(const std::function<void()>& work) {
+    // Signals are for the thread that runs the event loop.
+    sigset_t all;
+    sigset_t before;
+    sigfillset(&all);
+    ::pthread_sigmask(SIG_SETMASK, &all, &before);
+    try {
+        m_work = std::async(std::launch::async, work);
+    } catch (const std::system_error&) {
+        m_work = {};
+    }
+    ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    if (!m_work.valid())
+        work();
+}
+
+void BackgroundTask::Wait(TransferObserver& observer) {
+    while (m_work.valid() && m_work.wait_for(progressInterval) != std::future_status::ready)
+        observer.Progress(0);
+    if (m_work.valid())
+        m_work.get();
+}
 
 void TransferBatch::Add(StagedFile file) {
     const bool sameFolders = !m_files.empty() && m_files.back().job.source == file.job.source &&
@@ -47,7 +79,7 @@ bool TransferBatch::Holds(const FileId& folder, const std::filesystem::path& nam
 }
 
 bool TransferBatch::IsFull(std::size_t descriptorLimit) const {
-    return m_descriptors >= descriptorLimit || m_bytes >= kByteLimit;
+    return m_descriptors >= descriptorLimit || m_bytes >= byteLimit;
 }
 
 void TransferBatch::StartSync() {
@@ -80,9 +112,9 @@ void TransferBatch::place(TemporaryFiles& temporaries, TransferObserver& observe
     }
 }
 
-/// Only where something is to be removed: a copy that loses its name in a power cut is made again at the next run.
+/// Only moves need it: a copy that loses its name in a power cut is made again by the next run.
 void TransferBatch::startNames() {
-    std::vector<std::shared_ptr<LinuxFolder>> folders;
+    std::vector<std::shared_ptr<Folder>> folders;
     for (const StagedFile& file : m_files) {
         if (file.isPlaced && file.job.removeSource)
             folders.push_back(file.job.destination);
@@ -122,7 +154,7 @@ void TransferBatch::finishFolders(TransferObserver& observer) {
             Attributes::CopyToFolder(folder.source->Descriptor(), folder.status, folder.destination->Descriptor());
         if (!error && folder.removeSource)
             error = folder.sourceParent->DeleteEmptyFolder(folder.name);
-        // Not empty: what could not be transferred is in it, and was reported where it was to be.
+        // Not empty: it holds entries that failed, which have been reported.
         if (error && error != std::errc::directory_not_empty)
             observer.Failed(folder.source->Path(), error);
     }

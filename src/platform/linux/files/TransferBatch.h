@@ -1,12 +1,31 @@
-// The files and folders that are brought to disk and into place together. Owns the staged temporaries; what was not
+// A group of files and folders that is synced and put in place together. Owns the staged temporaries; whatever was not
 // placed vanishes with the batch. Failures go to the observer.
 #pragma once
 
-#include "BackgroundTask.h"
-#include "FileJob.h"
+#include "FileSystem.h"
 #include "TemporaryFiles.h"
 
+#include <functional>
+#include <future>
 #include <vector>
+
+/// Runs one piece of work on a helper thread, or at once where no thread can be had. The work must not throw.
+class BackgroundTask final {
+  public:
+    BackgroundTask() = default;
+    BackgroundTask(const BackgroundTask&) = delete;
+    BackgroundTask& operator=(const BackgroundTask&) = delete;
+    ~BackgroundTask();
+
+    void Start(const std::function<void()>& work);
+
+    /// Returns when the work is done. Until then it reports progress (0 bytes) to the observer several times a second.
+    /// The observer may call Wait again: then both calls return.
+    void Wait(TransferObserver& observer);
+
+  private:
+    std::future<void> m_work;
+};
 
 class TransferBatch final {
   public:
@@ -14,17 +33,17 @@ class TransferBatch final {
     void Add(StagedFolder folder);
     [[nodiscard]] bool IsEmpty() const { return m_files.empty() && m_folders.empty(); }
 
-    /// True when a file waits to appear under this name.
+    /// True when a file of this batch will take this name.
     [[nodiscard]] bool Holds(const FileId& folder, const std::filesystem::path& name) const;
 
-    /// True when it should wait no longer: too many open descriptors or bytes.
+    /// True when it holds enough descriptors or bytes to be flushed.
     [[nodiscard]] bool IsFull(std::size_t descriptorLimit) const;
 
-    /// Begins to bring the bytes to disk, beside the calling thread. Nothing may be added from now on.
+    /// Starts to sync the bytes on the helper thread. Nothing may be added from now on.
     void StartSync();
 
-    /// Waits for the bytes, gives the files their names and removes the sources that were to go. Events run while it
-    /// waits and may call it again: the inner call does what is left, the outer one finds it done.
+    /// Waits for the sync, gives the files their names and removes the sources of moved files. Events that run while it
+    /// waits may call it again: the inner call does the rest, and the outer one finds it done.
     void Finish(TemporaryFiles& temporaries, TransferObserver& observer);
 
   private:
@@ -41,6 +60,6 @@ class TransferBatch final {
     std::uint64_t m_bytes = 0;
     std::size_t m_descriptors = 0;
     Stage m_stage = Stage::Contents;
-    std::error_code m_namesError; ///< of bringing the names to disk
-    BackgroundTask m_task;        ///< last: its end waits for the work on the files
+    std::error_code m_namesError; ///< of syncing the names
+    BackgroundTask m_task;        ///< last: its destructor waits for the work on the files
 };

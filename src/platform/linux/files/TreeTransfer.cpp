@@ -1,13 +1,13 @@
 #include "TreeTransfer.h"
-#include "SystemError.h"
+#include "LinuxFolder.h"
+#include "SystemCall.h"
 
 #include <fcntl.h>
 
 namespace {
 
-constexpr int kDeepest = 1000; // every level holds two descriptors
-constexpr mode_t kOwnerMayFill = 0700;
-constexpr mode_t kGroup = 0070;
+constexpr mode_t ownerMayFill = 0700;
+constexpr mode_t groupBits = 0070;
 
 } // namespace
 
@@ -17,15 +17,15 @@ TreeTransfer::TreeTransfer(TransferObserver& observer, CommitQueue& queue,
     : m_observer(observer), m_queue(queue), m_transferFile(std::move(transferFile)), m_excluded(excluded),
       m_removeSources(removeSources) {}
 
-void TreeTransfer::Run(const std::shared_ptr<LinuxFolder>& source, const std::shared_ptr<LinuxFolder>& destination,
+void TreeTransfer::Run(const std::shared_ptr<Folder>& source, const std::shared_ptr<Folder>& destination,
                        const FolderEntry& entry) {
     if (const std::error_code error = enter(source, destination, entry))
         m_observer.Failed(source->Path() / entry.name, error);
 }
 
-std::error_code TreeTransfer::enter(const std::shared_ptr<LinuxFolder>& source,
-                                    const std::shared_ptr<LinuxFolder>& destination, const FolderEntry& entry) {
-    if (m_depth >= kDeepest)
+std::error_code TreeTransfer::enter(const std::shared_ptr<Folder>& source, const std::shared_ptr<Folder>& destination,
+                                    const FolderEntry& entry) {
+    if (m_depth >= Folder::MostLevels)
         return ErrorOf(ELOOP);
     StagedFolder folder;
     std::error_code error;
@@ -36,7 +36,7 @@ std::error_code TreeTransfer::enter(const std::shared_ptr<LinuxFolder>& source,
         return ErrorOf(EAGAIN);
     if (m_excluded.contains(folder.source->Id()) || m_made.contains(folder.source->Id()))
         return {};
-    // Listed before anything is made: the new folder must not turn up in its own source.
+    // List before creating anything: the new folder must not turn up in its own source.
     std::vector<FolderEntry> entries;
     if (const std::error_code listing = folder.source->List(entries))
         return listing;
@@ -56,8 +56,7 @@ std::error_code TreeTransfer::enter(const std::shared_ptr<LinuxFolder>& source,
     return {};
 }
 
-void TreeTransfer::transferEntries(const std::shared_ptr<LinuxFolder>& source,
-                                   const std::shared_ptr<LinuxFolder>& destination,
+void TreeTransfer::transferEntries(const std::shared_ptr<Folder>& source, const std::shared_ptr<Folder>& destination,
                                    const std::vector<FolderEntry>& entries) {
     for (const FolderEntry& entry : entries) {
         if (m_observer.StopRequested())
@@ -71,9 +70,9 @@ void TreeTransfer::transferEntries(const std::shared_ptr<LinuxFolder>& source,
     }
 }
 
-/// Descriptors that staged files hold are given back before a folder is given up for want of one.
-std::shared_ptr<LinuxFolder> TreeTransfer::open(const LinuxFolder& parent, const std::filesystem::path& name,
-                                                std::error_code& error) {
+/// Staged files hold descriptors: flush them before giving up a folder for lack of one.
+std::shared_ptr<Folder> TreeTransfer::open(const Folder& parent, const std::filesystem::path& name,
+                                           std::error_code& error) {
     auto folder = LinuxFolder::Open(parent.Descriptor(), name.c_str(), parent.Path() / name, false, error);
     if (folder || m_queue.IsEmpty() || (error != ErrorOf(EMFILE) && error != ErrorOf(ENFILE)))
         return folder;
@@ -81,11 +80,11 @@ std::shared_ptr<LinuxFolder> TreeTransfer::open(const LinuxFolder& parent, const
     return LinuxFolder::Open(parent.Descriptor(), name.c_str(), parent.Path() / name, false, error);
 }
 
-std::shared_ptr<LinuxFolder> TreeTransfer::make(const LinuxFolder& parent, const std::filesystem::path& name,
-                                                mode_t mode, std::error_code& error) {
-    // Never more open than the source, even for a moment, and open enough for its owner to fill it. Its group may not
-    // be the source's before the folder gets its attributes.
-    if (::mkdirat(parent.Descriptor(), name.c_str(), (mode & 0777U & ~kGroup) | kOwnerMayFill) != 0) {
+std::shared_ptr<Folder> TreeTransfer::make(const Folder& parent, const std::filesystem::path& name, mode_t mode,
+                                           std::error_code& error) {
+    // Never more permissive than the source, not even for a moment, but its owner must be able to fill it. Until the
+    // folder gets its attributes its group may differ from the source's, so the group gets nothing.
+    if (::mkdirat(parent.Descriptor(), name.c_str(), (mode & 0777U & ~groupBits) | ownerMayFill) != 0) {
         error = LastError();
         return nullptr;
     }

@@ -1,4 +1,4 @@
-// Transfers one folder with everything in it, file by file. Knows the folders it made itself, so that it never walks
+// Transfers one folder with everything in it, file by file. Remembers the folders it created, so that it never walks
 // into its own work. Failures go to the observer and the walk goes on.
 #pragma once
 
@@ -8,23 +8,23 @@
 
 class TreeTransfer final {
   public:
-    /// `transferFile` takes each file; `excluded` folders are left out with their content.
+    /// `transferFile` is called for each file; `excluded` folders are skipped with their content.
     TreeTransfer(TransferObserver& observer, CommitQueue& queue, std::function<void(const FileJob&)> transferFile,
                  const std::set<FileId>& excluded, bool removeSources);
 
-    /// Makes the folder of this name in `destination` and fills it from that of `source`, which must still be the one
-    /// that was listed.
-    void Run(const std::shared_ptr<LinuxFolder>& source, const std::shared_ptr<LinuxFolder>& destination,
+    /// Creates the folder of this name in `destination` and fills it from the one in `source`, which must still be the
+    /// one that was listed.
+    void Run(const std::shared_ptr<Folder>& source, const std::shared_ptr<Folder>& destination,
              const FolderEntry& entry);
 
   private:
-    [[nodiscard]] std::error_code enter(const std::shared_ptr<LinuxFolder>& source,
-                                        const std::shared_ptr<LinuxFolder>& destination, const FolderEntry& entry);
-    [[nodiscard]] std::shared_ptr<LinuxFolder> open(const LinuxFolder& parent, const std::filesystem::path& name,
-                                                    std::error_code& error);
-    [[nodiscard]] std::shared_ptr<LinuxFolder> make(const LinuxFolder& parent, const std::filesystem::path& name,
-                                                    mode_t mode, std::error_code& error);
-    void transferEntries(const std::shared_ptr<LinuxFolder>& source, const std::shared_ptr<LinuxFolder>& destination,
+    [[nodiscard]] std::error_code enter(const std::shared_ptr<Folder>& source,
+                                        const std::shared_ptr<Folder>& destination, const FolderEntry& entry);
+    [[nodiscard]] std::shared_ptr<Folder> open(const Folder& parent, const std::filesystem::path& name,
+                                               std::error_code& error);
+    [[nodiscard]] std::shared_ptr<Folder> make(const Folder& parent, const std::filesystem::path& name, mode_t mode,
+                                               std::error_code& error);
+    void transferEntries(const std::shared_ptr<Folder>& source, const std::shared_ptr<Folder>& destination,
                          const std::vector<FolderEntry>& entries);
 
     TransferObserver& m_observer;

@@ -1,12 +1,15 @@
 #include "HostAddresses.h"
 
+#include "modSocketQueue.h"
 #include <array>
+#include <linux/sockios.h>
 #include <mutex>
 #include <netdb.h>
+#include <sys/ioctl.h>
 #include <system_error>
 #include <thread>
 
-/// Shared with the thread that asks. Whoever has lost interest takes the receiver away.
+/// Shared with the helper thread. Cancelling clears the receiver.
 struct HostAddresses::LookUp {
     std::mutex mutex;
     HostAddresses* receiver = nullptr;
@@ -56,16 +59,22 @@ void HostAddresses::Begin(const QByteArray& host) {
         if (lookUp->receiver == nullptr)
             return;
         const auto tell = [lookUp, addresses] {
-            // Events of one object are handled in its own thread, where nobody else changes the receiver.
+            // Runs in the receiver's thread, the only one that changes the receiver.
             if (lookUp->receiver != nullptr)
                 Q_EMIT lookUp->receiver->Found(addresses);
         };
         QMetaObject::invokeMethod(lookUp->receiver, tell, Qt::QueuedConnection);
     };
     try {
-        // The C library cannot be told to stop asking, so the thread is left to itself.
+        // getaddrinfo cannot be interrupted, so the thread is detached.
         std::thread([answer, host] { answer(addressesOf(host)); }).detach();
     } catch (const std::system_error&) {
         answer({});
     }
+}
+
+qint64 modSocketQueue::Untaken(qintptr descriptor) {
+    int bytes = 0;
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): the system has no other call for it
+    return ::ioctl(static_cast<int>(descriptor), SIOCOUTQ, &bytes) == 0 ? bytes : 0;
 }

@@ -1,4 +1,4 @@
-#include "LinuxNameService.h"
+#include "LinuxServices.h"
 
 #include <QFile>
 
@@ -11,7 +11,7 @@
 
 namespace {
 
-// A state of our own: the one that the C library keeps for each thread belongs to its own look-ups.
+/// A private state: the C library uses the one it keeps for each thread for its own look-ups.
 class ResolverState final {
   public:
     ResolverState() : m_ready(res_ninit(&m_state) == 0) {}
@@ -47,7 +47,7 @@ std::optional<NameServer> asServer(const sockaddr_in6& address) {
     return server;
 }
 
-// The resolver leaves the old place empty where it keeps an IPv6 server in the extension.
+/// For an IPv6 server the resolver leaves the list entry empty and uses the extension.
 std::optional<NameServer> serverAt(const struct __res_state& state, std::size_t index) {
     const sockaddr_in& address = state.nsaddr_list[index];
     if (address.sin_family == AF_INET)
@@ -66,7 +66,10 @@ QString localDomain(const struct __res_state& state) {
     return text;
 }
 
-} // namespace
+class LinuxNameService final : public NameService {
+  public:
+    NameServers Discover() const override;
+};
 
 NameServers LinuxNameService::Discover() const {
     const ResolverState resolver;
@@ -80,4 +83,10 @@ NameServers LinuxNameService::Discover() const {
     }
     found.localDomain = localDomain(resolver.Get());
     return found;
+}
+
+} // namespace
+
+std::unique_ptr<NameService> MakeNameService() {
+    return std::make_unique<LinuxNameService>();
 }

@@ -2,7 +2,6 @@
 
 #include "AtomicFile.h"
 #include "LinuxOwnFiles.h"
-#include "ServiceUnit.h"
 #include "Tool.h"
 #include "modForeignText.h"
 #include <iostream>

@@ -5,8 +5,8 @@
 #pragma once
 
 #include "ServiceManager.h"
-#include "ServiceNotifier.h"
 #include "SignalPipe.h"
+#include "Systemd.h"
 #include <filesystem>
 #include <memory>
 

@@ -5,7 +5,7 @@
 #include <unistd.h>
 
 namespace {
-/// A disk that does not answer holds up every call to it. What is staged then is lost like at a power cut: not at all.
+/// A disk that does not answer blocks every call. Ending the process then loses no more than a power cut: nothing.
 constexpr unsigned mostSeconds = 30;
 } // namespace
 

@@ -9,8 +9,8 @@ namespace {
 
 constexpr int noPipe = -1;
 
-/// A pipe's write end, by signal. A handler gets no argument of ours: these are all it can reach, and write is all it
-/// may do.
+/// The write end of the pipe for each signal. A handler takes no argument, so it can only reach globals; of all system
+/// calls it needs only write.
 struct WriteEnd {
     std::atomic<int> descriptor = noPipe;
 };
@@ -25,7 +25,7 @@ std::atomic<int>& writeEndOf(int number) {
 void wakeEventLoop(int number) {
     const int before = errno;
     const auto byte = static_cast<unsigned char>(number);
-    // A full pipe is as good as a written one: the loop will wake anyway.
+    // When the pipe is full, the loop wakes anyway.
     [[maybe_unused]] const ssize_t written =
         write(writeEnds[static_cast<std::size_t>(number)].descriptor.load(), &byte, 1);
     errno = before;

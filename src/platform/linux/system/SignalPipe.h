@@ -1,9 +1,9 @@
-// Brings signals of the system into the event loop: their handler writes one byte into a pipe, the loop reads it. Owns
-// the handlers and the pipe while it lives. A signal that is ignored from outside, or that another pipe has already, is
-// left alone; so is everything when there is no pipe to be had.
+// Delivers signals to the event loop: the handler writes one byte into a pipe, the loop reads it. Owns the handlers and
+// the pipe. Leaves a signal alone that the parent process ignores or that another SignalPipe handles, and all of them
+// when no pipe can be created.
 #pragma once
 
-#include "FileDescriptor.h"
+#include "SystemCall.h"
 #include <QSocketNotifier>
 #include <csignal>
 #include <functional>

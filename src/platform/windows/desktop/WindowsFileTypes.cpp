@@ -1,11 +1,55 @@
 #include "WindowsFileTypes.h"
 
-#include "RegistryKey.h"
-#include <shlobj.h>
+#include <string>
 #include <utility>
 #include <vector>
+#include <windows.h>
+
+#include <shlobj.h>
 
 namespace {
+
+std::error_code asError(LSTATUS status) {
+    return {static_cast<int>(status), std::system_category()};
+}
+
+/// One open key of the registry.
+class RegistryKey final {
+  public:
+    /// Opens the key for writing, made with all keys above it where it is missing.
+    RegistryKey(HKEY root, const std::wstring& path);
+    ~RegistryKey();
+    RegistryKey(const RegistryKey&) = delete;
+    RegistryKey& operator=(const RegistryKey&) = delete;
+
+    /// Why it could not be opened; every later call fails for the same reason.
+    [[nodiscard]] std::error_code Error() const { return m_error; }
+
+    /// Writes the key's default value (REG_SZ) and waits until it is stored.
+    [[nodiscard]] std::error_code SetDefault(const std::wstring& text);
+
+  private:
+    HKEY m_key = nullptr;
+    std::error_code m_error;
+};
+
+RegistryKey::RegistryKey(HKEY root, const std::wstring& path)
+    : m_error(asError(RegCreateKeyExW(root, path.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE, KEY_WRITE, nullptr,
+                                      &m_key, nullptr))) {}
+
+RegistryKey::~RegistryKey() {
+    if (m_key != nullptr)
+        RegCloseKey(m_key);
+}
+
+std::error_code RegistryKey::SetDefault(const std::wstring& text) {
+    if (m_error)
+        return m_error;
+    const auto bytes = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
+    const LSTATUS status =
+        RegSetValueExW(m_key, nullptr, 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()), bytes);
+    return asError(status == ERROR_SUCCESS ? RegFlushKey(m_key) : status);
+}
 
 const std::wstring classes = L"Software\\Classes\\";
 

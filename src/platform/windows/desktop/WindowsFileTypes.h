@@ -1,8 +1,8 @@
 // Registers a file type in the user's own part of the class registry (HKEY_CURRENT_USER\Software\Classes), which needs
-// no administrator. Owns nothing.
+// no administrator. Failures are error codes.
 #pragma once
 
-#include "FileTypes.h"
+#include "DesktopEntries.h"
 
 class WindowsFileTypes final : public FileTypes {
   public:
