@@ -49,7 +49,7 @@ std::uint32_t machineHash() {
                   std::to_string(hasSpace ? space.st_ino : ino_t{0}));
 }
 
-/// Takes one lower-case hexadecimal number and the hyphen behind it off the text.
+/// Consumes one lower-case hexadecimal number and the hyphen after it.
 template <typename Number>
 bool takeNumber(std::string_view& text, Number& number) {
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number, 16);

@@ -1,11 +1,9 @@
-#include "WindowsFileTypes.h"
+#include "WindowsServices.h"
 
+#include <shlobj.h>
 #include <string>
 #include <utility>
 #include <vector>
-#include <windows.h>
-
-#include <shlobj.h>
 
 namespace {
 
@@ -62,7 +60,10 @@ std::error_code createKeys(const std::wstring& classKey) {
     return {};
 }
 
-} // namespace
+class WindowsFileTypes final : public FileTypes {
+  public:
+    std::error_code Register(const FileType& type) override;
+};
 
 std::error_code WindowsFileTypes::Register(const FileType& type) {
     const std::wstring extension = type.extension.toStdWString();
@@ -84,4 +85,10 @@ std::error_code WindowsFileTypes::Register(const FileType& type) {
     }
     SHChangeNotify(SHCNE_ASSOCCHANGED, SHCNF_IDLIST, nullptr, nullptr);
     return {};
+}
+
+} // namespace
+
+std::unique_ptr<FileTypes> MakeFileTypes() {
+    return std::make_unique<WindowsFileTypes>();
 }

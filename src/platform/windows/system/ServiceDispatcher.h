@@ -1,6 +1,6 @@
-// The line between this process and the service control manager: takes its controls on a thread of its own and tells it
-// the service's state. Owns the thread; the service counts as stopped when the object goes. One at a time, because the
-// system calls back without saying for whom.
+// Connects this process to the service control manager: receives its controls on a thread of its own and reports the
+// service's state. Owns the thread; the destructor reports the service as stopped. Only one object at a time, because
+// the system's callback does not say which service it is for.
 #pragma once
 
 #include "ServiceManager.h"
@@ -15,7 +15,7 @@
 
 class ServiceDispatcher final {
   public:
-    /// Null when no service control manager started this process. The listener is told from the event loop of the
+    /// Null when no service control manager started this process. The listener is called from the event loop of the
     /// calling thread.
     [[nodiscard]] static std::unique_ptr<ServiceDispatcher> Attach(std::wstring service,
                                                                    ServiceManager::ControlListener listener);

@@ -1,4 +1,4 @@
-#include "WindowsMachine.h"
+#include "WindowsServices.h"
 #include "modForeignText.h"
 
 #include <array>
@@ -7,6 +7,18 @@
 #include <system_error>
 
 #include <ras.h>
+
+namespace {
+
+class WindowsSystemClock final : public SystemClock {
+  public:
+    explicit WindowsSystemClock(SetTime setTime) : m_setTime(setTime) {}
+
+    void Set(std::chrono::system_clock::time_point time, Outcome outcome) override;
+
+  private:
+    SetTime m_setTime;
+};
 
 void WindowsSystemClock::Set(std::chrono::system_clock::time_point time, Outcome outcome) {
     using namespace std::chrono;
@@ -28,6 +40,11 @@ void WindowsSystemClock::Set(std::chrono::system_clock::time_point time, Outcome
     outcome(modForeignText::OfError(refusal));
 }
 
+class WindowsDialUp final : public DialUp {
+  public:
+    bool IsActive() const override;
+};
+
 bool WindowsDialUp::IsActive() const {
     // Room for one connection, in the oldest layout of the record, which every version accepts. With several
     // connections the call fails.
@@ -37,4 +54,14 @@ bool WindowsDialUp::IsActive() const {
     DWORD size = recordSize;
     DWORD count = 0;
     return RasEnumConnectionsA(reinterpret_cast<RASCONNA*>(record.data()), &size, &count) == ERROR_SUCCESS && count > 0;
+}
+
+} // namespace
+
+std::unique_ptr<SystemClock> MakeSystemClock(SetTime setTime) {
+    return std::make_unique<WindowsSystemClock>(setTime);
+}
+
+std::unique_ptr<DialUp> MakeDialUp() {
+    return std::make_unique<WindowsDialUp>();
 }
