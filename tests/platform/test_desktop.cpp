@@ -2,13 +2,16 @@
 // clock.
 #include "LinuxServices.h"
 #include "ScratchFolder.h"
+#include "TerminationSignal.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
 #include <QFile>
 #include <QProcess>
+#include <QSignalSpy>
 #include <QTest>
+#include <csignal>
 #include <memory>
 #include <net/if.h>
 
@@ -169,6 +172,31 @@ class TestDesktop final : public QObject {
         set(EPERM, std::chrono::system_clock::now());
         QTRY_COMPARE(outcomes.size(), 4);
         QCOMPARE(outcomes.last(), u"Operation not permitted: "_qs + timedated.refusal);
+    }
+
+    void turnsSignalsIntoEvents() {
+        TerminationSignal termination;
+        QSignalSpy raised(&termination, &TerminationSignal::Raised);
+        int expected = 0;
+        for (const int number : {SIGTERM, SIGINT, SIGHUP}) { // a stopped service, Ctrl+C, a closed terminal
+            std::raise(number);
+            std::raise(number);
+            QCOMPARE(raised.count(), expected);
+            ++expected;
+            QTRY_COMPARE(raised.count(), expected);
+        }
+    }
+
+    void leavesIgnoredSignalsIgnored() {
+        std::signal(SIGHUP, SIG_IGN);
+        TerminationSignal termination;
+        QSignalSpy raised(&termination, &TerminationSignal::Raised);
+        std::raise(SIGHUP);
+        std::raise(SIGTERM);
+        QTRY_COMPARE(raised.count(), 1);
+        struct sigaction now {};
+        QCOMPARE(sigaction(SIGHUP, nullptr, &now), 0);
+        QVERIFY(now.sa_handler == SIG_IGN);
     }
 
   private:
