@@ -1,5 +1,6 @@
-# One static library per folder. A library's own folder is its only include root, and it hands on just the roots of
-# what it links: a file that includes something from a higher floor does not compile.
+# One static library per folder. A library's own folder is its only public include root, and it hands on just the roots
+# of what it links: a file that includes something from a higher floor does not compile. PRIVATE_INCLUDES are folders
+# that the library alone can include from.
 
 add_library(kalvenor_flags INTERFACE)
 target_compile_options(kalvenor_flags INTERFACE
@@ -27,8 +28,8 @@ if(KALVENOR_FUZZ)
 endif()
 
 function(kalvenor_library name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS;INCLUDES")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS;INCLUDES;PRIVATE_INCLUDES")
     add_library(${name} STATIC ${arg_SOURCES})
-    target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR} ${arg_INCLUDES})
+    target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR} ${arg_INCLUDES} PRIVATE ${arg_PRIVATE_INCLUDES})
     target_link_libraries(${name} PUBLIC ${arg_LINKS} PRIVATE kalvenor_flags)
 endfunction()

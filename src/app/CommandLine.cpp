@@ -2,7 +2,6 @@
 
 #include "ServiceMode.h"
 #include "modNativePath.h"
-#include <QtGlobal>
 #include <array>
 
 namespace {
@@ -76,11 +75,6 @@ CommandLine ParseCommandLine(const QStringList& words) {
     result.kind = CommandLine::Kind::File;
     result.file = modNativePath::ToText(modNativePath::Absolute(result.text));
     return result;
-}
-
-DisplayFacts ReadDisplayFacts() {
-    return {qEnvironmentVariable("DISPLAY"), qEnvironmentVariable("WAYLAND_DISPLAY"),
-            qEnvironmentVariable("QT_QPA_PLATFORM")};
 }
 
 bool ShowsWindows(const DisplayFacts& facts) {

@@ -1,7 +1,8 @@
 // How the program is to start: what the command line asks for, and whether this display can show a window. Pure
-// functions but for the one that reads the environment; no path is opened.
+// functions; no path is opened.
 #pragma once
 
+#include "Session.h"
 #include <QString>
 #include <QStringList>
 
@@ -21,15 +22,6 @@ struct CommandLine {
 /// Takes the words after the program's name. Drops Qt's own options and joins the rest with one blank, because a
 /// desktop may pass an unquoted path with blanks in pieces.
 [[nodiscard]] CommandLine ParseCommandLine(const QStringList& words);
-
-/// What the environment says about the display.
-struct DisplayFacts {
-    QString display;        ///< DISPLAY
-    QString waylandDisplay; ///< WAYLAND_DISPLAY
-    QString platformPlugin; ///< the platform plug-in asked for, "name" or "name:options", several joined with ";"
-};
-
-[[nodiscard]] DisplayFacts ReadDisplayFacts();
 
 /// False without a display server, and for platform plug-ins that draw into memory only. A plug-in that brings its own
 /// screen (a frame buffer, a remote desktop) needs no server.

@@ -1,8 +1,8 @@
 #include "HeadlessUser.h"
 
+#include "Session.h"
 #include "StringTable.h"
 #include "modForeignText.h"
-#include <QtGlobal>
 #include <iostream>
 
 namespace {
@@ -25,7 +25,7 @@ HeadlessLog::Priority priorityOf(MessageIcon icon) {
 HeadlessLog::HeadlessLog(std::ostream& stream, bool journal) : m_stream(stream), m_journal(journal) {}
 
 HeadlessLog HeadlessLog::OnStandardError() {
-    return {std::cerr, qEnvironmentVariableIsSet("JOURNAL_STREAM")};
+    return {std::cerr, IsJournalOnStandardError()};
 }
 
 void HeadlessLog::Line(Priority priority, const QString& text) {

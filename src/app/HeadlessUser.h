@@ -18,7 +18,7 @@ class HeadlessLog final {
     /// With `journal` each line begins with its priority in the form "<5>", as sd-daemon(3) describes.
     HeadlessLog(std::ostream& stream, bool journal);
 
-    /// A log on standard error, in the journal's form when JOURNAL_STREAM is set.
+    /// A log on standard error, in the journal's form when the journal reads it.
     [[nodiscard]] static HeadlessLog OnStandardError();
 
     /// Writes one line: line breaks become blanks, control characters do not reach the terminal.

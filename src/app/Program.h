@@ -4,14 +4,14 @@
 
 #include "ActivityFile.h"
 #include "ActivityList.h"
-#include "EngineServices.h"
 #include "EngineLock.h"
+#include "EngineServices.h"
 #include "MonitoringController.h"
-#include "TimerEx.h"
 #include "PlatformServices.h"
 #include "RunState.h"
 #include "ServiceMode.h"
 #include "StringTable.h"
+#include "TimerEx.h"
 #include "clsWatcher.h"
 #include "clsXML.h"
 #include <chrono>

@@ -1,7 +1,7 @@
 #include "Interruptions.h"
 #include "Clock.h"
 #include "EventPump.h"
-#include "FileTransfer.h"
+#include "FileSystem.h"
 #include "Prompter.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include "ActivityList.h"
 #include "ActivityLogs.h"
 #include "DueMarks.h"
-#include "PowerControl.h"
+#include "Machine.h"
 #include "Prompter.h"
 #include "RunState.h"
 #include "StringTable.h"

@@ -5,9 +5,7 @@
 
 using modNativePath::ToText;
 
-namespace {
-constexpr int deepest = 1000; // every level holds a descriptor
-} // namespace
+namespace {} // namespace
 
 SurplusRemoval::SurplusRemoval(SyncRun& run, FolderPair& pair, const FolderEntry& entry)
     : m_run(run), m_pair(pair), m_entry(entry), m_lookedAt(run.Tools().interruptions.Count() - 1) {}
@@ -56,7 +54,7 @@ std::shared_ptr<Folder> SurplusRemoval::open(Folder& parent, const FolderEntry& 
 
 void SurplusRemoval::emptyFolder(Folder& parent, const FolderEntry& entry, int depth) {
     const std::filesystem::path path = parent.Path() / entry.name;
-    if (depth > deepest)
+    if (depth > Folder::MostLevels)
         return m_run.Refuse(m_run.Tools().texts.TooDeep(ToText(path)));
     std::vector<FolderEntry> entries;
     const std::shared_ptr<Folder> folder = open(parent, entry, entries);

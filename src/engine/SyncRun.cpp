@@ -15,7 +15,6 @@ using modNativePath::ToText;
 namespace {
 /// What a file on its way gets when the program closes: the system waits for no program much longer.
 constexpr std::chrono::seconds grace{20};
-constexpr int deepest = 1000; // every level holds two descriptors
 
 /// What the user did not ask for counts as a failure.
 bool isFailure(RunEnd reason) {
@@ -175,7 +174,7 @@ void SyncRun::SyncFilesAndFolders(std::shared_ptr<Folder> source, std::shared_pt
     AbortTest();
     if (Over())
         return;
-    if (depth > deepest)
+    if (depth > Folder::MostLevels)
         return Refuse(m_tools.texts.TooDeep(ToText(source->Path())));
     FolderPair pair(std::move(source), std::move(destination), depth, m_tools.interruptions);
     const bool isMirror = Rules().action == FileAction::Mirror;

@@ -1,14 +1,8 @@
 #include "modLogTime.h"
 
-#include <ctime>
+#include "LocalTime.h"
 
 namespace {
-std::tm localParts(std::time_t seconds) {
-    std::tm parts{};
-    localtime_r(&seconds, &parts);
-    return parts;
-}
-
 void putDigits(QChar* at, int digits, int value) {
     for (QChar* digit = at + digits; digit != at; value /= 10)
         *--digit = QChar(u'0' + value % 10);
@@ -16,7 +10,7 @@ void putDigits(QChar* at, int digits, int value) {
 
 // Digit by digit: a long run writes two of these for every file, and QDateTime and strftime take ten times as long.
 QString dateAndTime(std::time_t seconds) {
-    const std::tm parts = localParts(seconds);
+    const std::tm parts = LocalTime::Parts(seconds);
     QString text = QStringLiteral("dd.MM.yyyy HH:mm:ss");
     QChar* const at = text.data();
     putDigits(at, 2, parts.tm_mday);
@@ -34,7 +28,7 @@ std::time_t toSeconds(std::chrono::system_clock::time_point time) {
 } // namespace
 
 void modLogTime::ReadTimeZone() {
-    tzset();
+    LocalTime::ReadZone();
 }
 
 QString modLogTime::Text(std::chrono::system_clock::time_point time) {
@@ -51,6 +45,6 @@ QString modLogTime::HoursAndMinutes(std::chrono::system_clock::time_point time) 
 }
 
 int modLogTime::SecondsOfDay(std::chrono::system_clock::time_point time) {
-    const std::tm parts = localParts(toSeconds(time));
+    const std::tm parts = LocalTime::Parts(toSeconds(time));
     return (parts.tm_hour * 60 + parts.tm_min) * 60 + parts.tm_sec;
 }

@@ -1,4 +1,4 @@
-// What time it is: the wall clock for schedules and log lines, the monotonic clock for measuring. Never fails.
+// The current time: the wall clock for schedules and log lines, the monotonic clock for spans. Never fails.
 #pragma once
 
 #include <chrono>
@@ -12,4 +12,14 @@ class Clock {
 
     /// A clock that only goes forward, for measuring spans.
     [[nodiscard]] virtual std::chrono::steady_clock::time_point MonotonicNow() const = 0;
+};
+
+class RealClock final : public Clock {
+  public:
+    [[nodiscard]] std::chrono::system_clock::time_point Now() const override {
+        return std::chrono::system_clock::now();
+    }
+    [[nodiscard]] std::chrono::steady_clock::time_point MonotonicNow() const override {
+        return std::chrono::steady_clock::now();
+    }
 };

@@ -1,5 +1,4 @@
-// The mail program of the user's desktop, where there is one that other programs may drive. Cannot fail loudly: what it
-// cannot do is left undone.
+// The mail program of the user's desktop, if it lets other programs control it. A failure is silent.
 #pragma once
 
 #include <QString>
@@ -22,7 +21,7 @@ class DesktopMailClient {
     /// Hands the mail over to be sent at once.
     virtual void Send(const DesktopMail& mail) = 0;
 
-    /// Whether it is the program that this desktop writes its mails with.
+    /// True when it is the desktop's default mail program.
     [[nodiscard]] virtual bool IsMailHandler() = 0;
 
     /// The addresses of its contacts, in its own order, a contact without an address as ""; nullopt when they cannot be
@@ -30,7 +29,7 @@ class DesktopMailClient {
     [[nodiscard]] virtual std::optional<QStringList> Contacts() = 0;
 };
 
-/// Stands in where no mail program can be driven.
+/// For systems without a mail program that can be controlled.
 class NoDesktopMailClient final : public DesktopMailClient {
   public:
     void Send(const DesktopMail& /*mail*/) override {}

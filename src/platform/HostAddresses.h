@@ -1,5 +1,5 @@
-// Looks up the addresses of a host without holding anybody up: neither the event loop nor the end of the program waits
-// for a name server that stays silent. One look-up at a time; a failure is an empty list.
+// Looks up the addresses of a host. Never blocks: neither the event loop nor the end of the program waits for a silent
+// name server. One look-up at a time; a failure is an empty list.
 #pragma once
 
 #include <QObject>
@@ -12,12 +12,12 @@ class HostAddresses final : public QObject {
     HostAddresses();
     ~HostAddresses() override;
 
-    /// Found follows, from the event loop. A look-up still under way is dropped and stays silent.
+    /// Emits Found later, from the event loop. Cancels a pending look-up.
     void Begin(const QByteArray& host);
     void Cancel();
 
   Q_SIGNALS:
-    /// In numbers, in the order in which they are to be tried.
+    /// Numeric addresses in the order in which to try them.
     void Found(const QStringList& addresses);
 
   private:

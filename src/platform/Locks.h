@@ -1,5 +1,5 @@
-// Named locks between the processes of one user. Owns nothing itself; a held lock is released by its destructor, and by
-// the system when the process dies.
+// Named locks between the processes of one user. The destructor of a held lock releases it, and so does the system when
+// the process dies.
 #pragma once
 
 #include <QString>
@@ -13,17 +13,17 @@ class HeldLock {
 
 enum class LockRefusal {
     HeldElsewhere, ///< by another process, or by another holder in this one
-    NoneCanBeMade  ///< the system refused: whether another process works is unknown
+    NoneCanBeMade  ///< the system refused: another process may hold it
 };
 
 class Locks {
   public:
     virtual ~Locks() = default;
 
-    /// Takes the lock without waiting. Null with the reason in `refusal` when it is refused: no lock means no
-    /// permission. The name may hold any character.
+    /// Takes the lock without waiting. Null with the reason in `refusal` when it is refused: without the lock
+    /// the caller must not proceed. The name may hold any character.
     [[nodiscard]] virtual std::unique_ptr<HeldLock> TryAcquire(const QString& name, LockRefusal& refusal) = 0;
 
-    /// The folder that holds the files of the locks; empty where locks are none.
+    /// The folder that holds the files of the locks; empty where locks are not files.
     [[nodiscard]] virtual std::filesystem::path Place() const = 0;
 };

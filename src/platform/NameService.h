@@ -1,7 +1,9 @@
-// Which name servers this computer asks. Never fails: where nothing can be found out, the list is empty.
+// The name servers that this computer asks. Never fails: the list is empty when none can be found.
 #pragma once
 
 #include <QString>
+#include <memory>
+#include <optional>
 #include <vector>
 
 struct NameServer {
@@ -19,4 +21,20 @@ class NameService {
     virtual ~NameService() = default;
 
     [[nodiscard]] virtual NameServers Discover() const = 0;
+};
+
+/// Asks another service on the first call and keeps the answer.
+class CachedNameService final : public NameService {
+  public:
+    explicit CachedNameService(std::unique_ptr<NameService> source) : m_source(std::move(source)) {}
+
+    [[nodiscard]] NameServers Discover() const override {
+        if (!m_known)
+            m_known = m_source->Discover();
+        return *m_known;
+    }
+
+  private:
+    std::unique_ptr<NameService> m_source;
+    mutable std::optional<NameServers> m_known;
 };

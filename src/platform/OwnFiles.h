@@ -1,4 +1,5 @@
-// The program's own files: the activity file, the logs. Every operation is whole or not at all, and says how it failed.
+// The program's own files: the activity file, the logs. Every operation succeeds as a whole or fails with an error code
+// and changes nothing.
 #pragma once
 
 #include "FileFacts.h"
@@ -6,7 +7,7 @@
 #include <optional>
 #include <system_error>
 
-/// Tells whether a file changed on disk.
+/// Shows whether a file has changed on disk.
 struct FileStamp {
     FileId id;
     std::uint64_t size = 0;
@@ -34,12 +35,12 @@ class OwnFiles {
     /// Creates the file with this content, its missing folders too; std::errc::file_exists when the name is taken.
     [[nodiscard]] virtual std::error_code CreateNew(const std::filesystem::path& file, const QByteArray& bytes) = 0;
 
-    /// Opens, appends and closes. `create`: make the file when it is missing. Never waits on a FIFO.
+    /// Opens, appends and closes. `create`: create a missing file. Never blocks on a FIFO.
     [[nodiscard]] virtual std::error_code Append(const std::filesystem::path& file, const QByteArray& bytes,
                                                  bool create) = 0;
 
-    /// Moves a file to a name that is free (std::errc::file_exists otherwise), across devices too: the old one goes
-    /// only when the new one is on disk and nobody has written to the old one since
+    /// Moves a file to a free name (std::errc::file_exists otherwise), across devices too: the old file is removed only
+    /// when the new one is on disk and the old one has not been written to since
     /// (std::errc::device_or_resource_busy).
     [[nodiscard]] virtual std::error_code MoveAway(const std::filesystem::path& file,
                                                    const std::filesystem::path& target) = 0;

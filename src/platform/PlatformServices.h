@@ -1,23 +1,19 @@
-// Everything the world outside gives, made once at start and handed down by reference. Owns the services.
+// All services of the operating system, made once at start and handed down by reference. Owns them.
 #pragma once
 
-#include "Autostart.h"
 #include "Clock.h"
+#include "DesktopEntries.h"
 #include "DesktopMailClient.h"
-#include "DialUp.h"
 #include "EventPump.h"
 #include "FileSystem.h"
-#include "FileTypes.h"
 #include "Locks.h"
+#include "Machine.h"
 #include "NameService.h"
 #include "OwnFiles.h"
-#include "PowerControl.h"
 #include "Process.h"
 #include "ProgramPlaces.h"
 #include "ServiceManager.h"
 #include "SettingsStore.h"
-#include "SystemClock.h"
-#include "SystemInformation.h"
 #include "clsGetSystemDirectoryPaths.h"
 
 struct PlatformServices {
@@ -32,7 +28,6 @@ struct PlatformServices {
     std::unique_ptr<NameService> nameService;
     std::unique_ptr<DesktopMailClient> desktopMail;
     std::unique_ptr<Autostart> autostart;
-    std::unique_ptr<SystemInformation> systemInformation;
     std::unique_ptr<ServiceManager> serviceManager;
     std::unique_ptr<SystemClock> systemClock;
     std::unique_ptr<DialUp> dialUp;
@@ -41,5 +36,5 @@ struct PlatformServices {
     clsGetSystemDirectoryPaths systemDirectories;
 };
 
-/// The services of the operating system this was built for. A QCoreApplication must exist.
+/// The services of the system this was built for. A QCoreApplication must exist.
 [[nodiscard]] PlatformServices MakePlatformServices();

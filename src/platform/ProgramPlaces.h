@@ -1,4 +1,4 @@
-// Where the program finds and keeps its own things. A plain value, made once at start.
+// The folders of the program itself. A plain value, made once at start.
 #pragma once
 
 #include <filesystem>

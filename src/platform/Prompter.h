@@ -1,5 +1,5 @@
-// The one way to ask or tell the user something. Owns nothing. Implementations never fail: without a user to ask they
-// give the safe answer (No, or OK where there is nothing to decide).
+// The one way to ask or tell the user something. Never fails: without a user it gives the safe answer (No, or OK where
+// there is nothing to decide).
 #pragma once
 
 #include <QString>
@@ -15,8 +15,7 @@ struct Message {
     QString title;
     MessageIcon icon = MessageIcon::Information;
     MessageButtons buttons = MessageButtons::Ok;
-    /// More than 0: the box shows the seconds left and gives the answer OK when they are over; at once where nobody is
-    /// to cancel it.
+    /// More than 0: the box counts the seconds down and then answers OK; at once when there is no user to cancel it.
     std::chrono::seconds countdown{0};
 };
 

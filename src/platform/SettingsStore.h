@@ -1,5 +1,5 @@
-// The user's settings: text by application, section and key. Reading never fails (a missing or unreadable entry is
-// "absent"); a write that fails says why and changes nothing.
+// The user's settings: text by application, section and key. Reading never fails (an unreadable entry is
+// "absent"); a write that fails returns an error code and changes nothing.
 #pragma once
 
 #include <QString>
@@ -23,8 +23,8 @@ class SettingsStore {
     [[nodiscard]] virtual std::optional<QString> Read(const QString& application, const QString& section,
                                                       const QString& key) const = 0;
 
-    /// Stores all the values in one step and keeps every other entry, those that another process stores at the same
-    /// time too. Line breaks in a value are refused with std::errc::invalid_argument.
+    /// Stores all values in one step and keeps all other entries, including those that another process stores at the
+    /// same time. Line breaks in a value are refused with std::errc::invalid_argument.
     [[nodiscard]] virtual std::error_code WriteAll(const QString& application, const QString& section,
                                                    const Entries& entries) = 0;
 
@@ -33,6 +33,6 @@ class SettingsStore {
         return WriteAll(application, section, {{key, value}});
     }
 
-    /// The file that holds them; empty where they are in none.
+    /// The file that holds them; empty where they are not in a file.
     [[nodiscard]] virtual std::filesystem::path FileOf(const QString& application) const = 0;
 };

@@ -1,6 +1,5 @@
-// Hears the system's wish that this process ends (SIGTERM, SIGINT, SIGHUP) and tells it from the event loop, where
-// everything is allowed. Owns the signals' handlers while it lives; one at a time. Where the handlers cannot be set,
-// the system's default stays: the process ends at once.
+// Turns the system's request to terminate (SIGTERM, SIGINT, SIGHUP) into a Qt signal from the event loop. Owns the
+// handlers; only one object at a time. When they cannot be installed, the default stays: the process ends at once.
 #pragma once
 
 #include <QObject>
@@ -10,13 +9,13 @@ class TerminationSignal final : public QObject {
     Q_OBJECT
 
   public:
-    /// A QCoreApplication must exist. A signal that was ignored from outside (nohup) stays ignored.
+    /// A QCoreApplication must exist. A signal that the parent process ignores (nohup) stays ignored.
     explicit TerminationSignal(QObject* parent = nullptr);
     ~TerminationSignal() override;
 
   Q_SIGNALS:
-    /// Once for each burst of signals. The system ends the process (SIGALRM) when it still lives 30 s after the first:
-    /// a disk that does not answer holds it up.
+    /// Once for each burst of signals. If a disk that does not answer blocks the process, SIGALRM ends it 30 s after
+    /// the first signal.
     void Raised();
 
   private:

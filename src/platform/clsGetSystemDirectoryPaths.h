@@ -1,4 +1,4 @@
-// Where the operating system itself lives: the folders that nobody should watch by mistake. A plain value; no failure.
+// The folders of the operating system itself, which should not be watched by mistake. A plain value.
 #pragma once
 
 #include <filesystem>
@@ -13,7 +13,7 @@ class clsGetSystemDirectoryPaths final {
     /// The operating system's programs; "/usr" on Linux.
     [[nodiscard]] const std::filesystem::path& WindowsDirectory() const { return m_windows; }
 
-    /// The operating system's inner parts and settings; "/etc" on Linux.
+    /// The operating system's internals and settings; "/etc" on Linux.
     [[nodiscard]] const std::filesystem::path& SystemDirectory() const { return m_system; }
 
     /// The root of the volume that holds them.

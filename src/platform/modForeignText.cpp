@@ -23,7 +23,7 @@ char16_t inLines(char16_t unit) {
     return unit == u'\n' || unit == u'\t' ? unit : inOneLine(unit);
 }
 
-/// Without a branch, so that the compiler looks at many characters at a time: nearly every text ends here.
+/// Without a branch, so that the compiler vectorises it: nearly every text needs no more than this.
 bool isPrintableAscii(QStringView text) {
     unsigned others = 0;
     for (const QChar c : text)
@@ -31,7 +31,7 @@ bool isPrintableAscii(QStringView text) {
     return others == 0;
 }
 
-/// A harmless text is handed back as it is, without a copy.
+/// Returns a harmless text without a copy.
 QString cleaned(QString text, char16_t (*replacement)(char16_t)) {
     if (isPrintableAscii(text))
         return text;

@@ -1,5 +1,5 @@
-// Texts that others have written (file names, replies of servers) made harmless where people read them: no control
-// character reaches a terminal, none reverses or hides what stands beside it. Free functions, no state, no failure.
+// Makes texts from outside (file names, replies of servers) harmless to display: no control character reaches a
+// terminal, none reverses or hides the text beside it.
 #pragma once
 
 #include <QString>
@@ -11,10 +11,10 @@ namespace modForeignText {
 /// reverse the direction of text become U+FFFD.
 [[nodiscard]] QString OneLine(QString text);
 
-/// For a text of several lines: line breaks ("\n", "\r\n" too) and tabs stay.
+/// For a text of several lines: line breaks (also "\r\n") and tabs stay.
 [[nodiscard]] QString Lines(QString text);
 
-/// What a server says: one line without superfluous blanks, of at most 200 characters.
+/// A server's reply as one line without superfluous blanks, cut at 200 characters.
 [[nodiscard]] QString FromServer(const QString& text);
 
 /// The system's words for an error, in the language of the process.

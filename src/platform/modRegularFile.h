@@ -1,4 +1,4 @@
-// Opens files that somebody else named, without ever waiting. Free functions; a failure is an error code.
+// Opens files by a name from outside without ever blocking. A failure is an error code.
 #pragma once
 
 #include <QFile>
@@ -8,7 +8,7 @@
 namespace modRegularFile {
 
 /// Opens `path` (links followed) for unbuffered reading. Only a regular file: a folder is std::errc::is_a_directory,
-/// a FIFO, socket or device std::errc::invalid_argument, and none of them is waited for.
+/// a FIFO, socket or device std::errc::invalid_argument.
 [[nodiscard]] std::error_code Open(const std::filesystem::path& path, QFile& file);
 
 } // namespace modRegularFile

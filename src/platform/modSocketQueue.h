@@ -1,5 +1,4 @@
-// What the system still holds of the bytes that were written to a socket. A free function, no failure: 0 where the
-// system does not tell.
+// The bytes written to a socket that the system still holds. 0 where the system does not tell.
 #pragma once
 
 #include <QtGlobal>

@@ -2,7 +2,7 @@
 // of one synchronisation at a time. Each Begin emits exactly one of the signals, unless a later Begin replaces it.
 #pragma once
 
-#include "SystemClock.h"
+#include "Machine.h"
 #include <QByteArray>
 #include <QObject>
 #include <QString>

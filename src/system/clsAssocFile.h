@@ -2,7 +2,7 @@
 // the program works without it.
 #pragma once
 
-#include "FileTypes.h"
+#include "DesktopEntries.h"
 
 class SettingsStore;
 class StringTable;

@@ -1,6 +1,6 @@
 #include "DesktopKeyState.h"
 
-#include "NativeKeyState.h"
+#include "KeyState.h"
 #include <QGuiApplication>
 #include <QKeyEvent>
 

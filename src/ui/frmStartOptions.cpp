@@ -1,6 +1,6 @@
 #include "frmStartOptions.h"
 
-#include "Autostart.h"
+#include "DesktopEntries.h"
 #include "FilePicker.h"
 #include "FormParts.h"
 #include "OwnFiles.h"

@@ -1,5 +1,5 @@
-#include "TimerEx.h"
 #include "Fakes.h"
+#include "TimerEx.h"
 
 #include <QSignalSpy>
 #include <QTest>

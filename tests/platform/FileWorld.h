@@ -1,8 +1,7 @@
-// A scratch folder with a source and a destination, perhaps on another device, and an observer that remembers. Removes
-// everything with its end.
+// A scratch folder with a source and a destination, perhaps on another device, and an observer that remembers.
 #pragma once
 
-#include "LinuxFileSystem.h"
+#include "LinuxServices.h"
 
 #include <QTest>
 #include <algorithm>
@@ -63,16 +62,20 @@ class FileWorld {
         to = system.OpenFolder(destination, error);
     }
 
+    struct Way {
+        QByteArray kind;
+        bool otherDevice = false;
+        bool move = false;
+        [[nodiscard]] bool IsOneRename() const { return move && !otherDevice; }
+    };
     /// Rows for copies and moves on one device and across two, of each of the cases.
     static void AddWays(const std::vector<const char*>& cases = {""}) {
-        QTest::addColumn<QByteArray>("kind");
-        QTest::addColumn<bool>("otherDevice");
-        QTest::addColumn<bool>("move");
+        QTest::addColumn<Way>("way");
         for (const char* kind : cases)
             for (const bool other : {false, true})
                 for (const bool move : {false, true})
                     QTest::addRow("%s %s %s device", kind, move ? "move" : "copy", other ? "other" : "same")
-                        << QByteArray(kind) << other << move;
+                        << Way{kind, other, move};
     }
 
     /// The file of this name as a walk would hand it over.
@@ -81,22 +84,22 @@ class FileWorld {
         return {from, to, name, from->Stat(name, error).value_or(FileFacts{}), to->Stat(name, error)};
     }
 
-    /// One transfer of its own, committed by its end.
+    /// One transfer of its own, committed by its destructor.
     void Transfer(bool move, const std::vector<TransferFile>& files) {
         const auto transfer = system.NewTransfer(observer);
         for (const TransferFile& file : files)
-            static_cast<void>(move ? transfer->Move(file) : transfer->Copy(file));
+            std::ignore = move ? transfer->Move(file) : transfer->Copy(file);
     }
     void Transfer(bool move, const fs::path& name) { Transfer(move, {File(name)}); }
 
-    /// Of the folder "tree".
+    /// Transfers the folder "tree".
     void TransferTree(bool move, const std::set<FileId>& excluded = {}) {
         const auto transfer = system.NewTransfer(observer);
         const FolderEntry tree{"tree", File("tree").facts};
         move ? transfer->MoveTree(from, to, tree, excluded) : transfer->CopyTree(from, to, tree, excluded);
     }
 
-    /// What the function gives, called in a process of its own (as nobody in particular, if wanted); -1: it crashed.
+    /// The result of the function in a process of its own, as the user nobody if asked; -1: it crashed.
     static int InChild(const std::function<int()>& function, bool asNobody = false) {
         constexpr uid_t nobody = 65534;
         const pid_t child = ::fork();
@@ -189,9 +192,10 @@ class FileWorld {
 
     fs::path m_root;
     fs::path m_other;
+    std::unique_ptr<FileSystem> m_system = MakeLinuxFileSystem();
 
   public:
-    LinuxFileSystem system;
+    FileSystem& system = *m_system;
     RecordingObserver observer;
     fs::path source;
     fs::path destination;

@@ -1,17 +1,17 @@
-// The entries that start the program with the session or by a double click, dial-up lines among the network interfaces,
-// and who is asked to set the clock.
-#include "DesktopTexts.h"
-#include "LinuxAutostart.h"
-#include "LinuxDialUp.h"
-#include "LinuxFileTypes.h"
-#include "LinuxSystemClock.h"
+// What the desktop and the machine are asked and told: session start, file type, dial-up lines, name servers, the
+// clock.
+#include "LinuxServices.h"
 #include "ScratchFolder.h"
+#include "TerminationSignal.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
+#include <QFile>
 #include <QProcess>
+#include <QSignalSpy>
 #include <QTest>
+#include <csignal>
 #include <memory>
 #include <net/if.h>
 
@@ -69,20 +69,20 @@ class TestDesktop final : public QObject {
   private Q_SLOTS:
     void init() {
         m_home = std::make_unique<ScratchFolder>();
-        qputenv("XDG_CONFIG_HOME", m_home->Path(u"config"_qs).toUtf8());
-        qputenv("XDG_DATA_HOME", m_home->Path(u"data"_qs).toUtf8());
+        m_autostart = MakeAutostart(m_home->Native(u"config"_qs));
+        m_types = MakeFileTypes(m_home->Native(u"data"_qs), m_home->Native(u"config"_qs));
     }
-    void cleanupTestCase() { qunsetenv("XDG_CONFIG_HOME"); }
 
     void startsWithTheSession() {
-        LinuxAutostart entries;
+        Autostart& entries = *m_autostart;
         const QString name = u"Kalvenor"_qs;
         QVERIFY(!entries.Exists(name) && !entries.Remove(name));
         QVERIFY(!entries.Create(name, "/old/Kalvenor") && !entries.Create(name, R"(/My "$HOME"/100%f/\/K)"));
         QCOMPARE(m_home->Read(autostart), QByteArray("[Desktop Entry]\nType=Application\nName=Kalvenor\n"
                                                      R"(Exec=/usr/bin/env "/My \\"\\$HOME\\"/100%%f/\\\\/K")"
                                                      "\nTerminal=false\n"));
-        QCOMPARE(DesktopTexts::ExecProgram("/a\nHidden=true/K"), QByteArray(R"("/a\nHidden=true/K")"));
+        QVERIFY(!entries.Create(name, "/a\nHidden=true/K"));
+        QVERIFY(m_home->Read(autostart).contains("\nExec=\"/a\\nHidden=true/K\"\n"));
         QVERIFY(entries.Exists(name) && !entries.Exists(u"Other"_qs));
         QVERIFY(!entries.Remove(name) && !entries.Exists(name));
         QVERIFY(QDir().mkpath(m_home->Path(autostart))); // a folder has the entry's name
@@ -94,9 +94,8 @@ class TestDesktop final : public QObject {
         const QByteArray defaults = "# mine\n[Default Applications]\napplication/x-kalvenor-activities=";
         const QByteArray others = "b.desktop;\ntext/plain=a.desktop\n\n[Added Associations]\nx/y=z;\n";
         QVERIFY(m_home->Write(list, defaults + others) && m_home->Write(u"kvd.svg"_qs, "<svg/>"));
-        LinuxFileTypes types(m_home->Native(u"data"_qs), m_home->Native(u"config"_qs));
         for (int time = 0; time < 2; ++time) { // the second time nothing changes
-            QVERIFY(!types.Register(
+            QVERIFY(!m_types->Register(
                 {"/opt/a b/Kalvenor", u".kvd"_qs, m_home->Native(u"kvd.ico"_qs), u"A <list> & more"_qs}));
             const QByteArray entry = m_home->Read(u"data/applications/kalvenor-activities.desktop"_qs);
             QVERIFY(entry.contains("\nExec=\"/opt/a b/Kalvenor\" %f\n"));
@@ -113,8 +112,7 @@ class TestDesktop final : public QObject {
     void leavesAListItCannotRead() {
         const QByteArray tooMuch((1 << 20) + 1, '#');
         QVERIFY(m_home->Write(u"config/mimeapps.list"_qs, tooMuch));
-        LinuxFileTypes types(m_home->Native(u"data"_qs), m_home->Native(u"config"_qs));
-        QVERIFY(types.Register({"/opt/Kalvenor", u".kvd"_qs, {}, u"A list"_qs}));
+        QVERIFY(m_types->Register({"/opt/Kalvenor", u".kvd"_qs, {}, u"A list"_qs}));
         QVERIFY(m_home->Read(u"config/mimeapps.list"_qs) == tooMuch);
     }
 
@@ -129,15 +127,35 @@ class TestDesktop final : public QObject {
         QVERIFY(!IsOneDialUp({ethernet, noAddress, down}) && !IsOneDialUp({modem, mobile}));
     }
 
+    void readsTheServers() {
+        constexpr int most = 3; // the resolver's own limit
+        QStringList expected;
+        QFile configuration(u"/etc/resolv.conf"_qs);
+        if (configuration.open(QIODevice::ReadOnly)) {
+            for (const QByteArray& line : configuration.readAll().split('\n')) {
+                const QByteArrayList words = line.simplified().split(' ');
+                if (words.size() > 1 && words.first() == "nameserver" && expected.size() < most)
+                    expected.append(QString::fromLatin1(words.at(1)) + u":53");
+            }
+        }
+        if (expected.isEmpty())
+            expected.append(u"127.0.0.1:53"_qs);
+        const NameServers found = MakeNameService()->Discover();
+        QStringList servers;
+        for (const NameServer& server : found.servers)
+            servers.append(u"%1:%2"_qs.arg(server.address).arg(server.port));
+        QCOMPARE(servers, expected);
+    }
+
     void setsTheClockItselfOrAsksTimedated() {
         FakeTimedated timedated;
         QVERIFY(timedated.isOffered);
         QStringList outcomes;
         const auto outcome = [&](const QString& reason) { outcomes.append(reason); };
-        LinuxSystemClock clock(&settime);
+        const auto clock = MakeSystemClock(&settime);
         const auto set = [&](int error, std::chrono::system_clock::time_point time) {
             settimeError = error;
-            clock.Set(time, outcome);
+            clock->Set(time, outcome);
         };
         set(0, std::chrono::system_clock::time_point(-1500ms));
         set(EINVAL, {});
@@ -156,8 +174,35 @@ class TestDesktop final : public QObject {
         QCOMPARE(outcomes.last(), u"Operation not permitted: "_qs + timedated.refusal);
     }
 
+    void turnsSignalsIntoEvents() {
+        TerminationSignal termination;
+        QSignalSpy raised(&termination, &TerminationSignal::Raised);
+        int expected = 0;
+        for (const int number : {SIGTERM, SIGINT, SIGHUP}) { // a stopped service, Ctrl+C, a closed terminal
+            std::raise(number);
+            std::raise(number);
+            QCOMPARE(raised.count(), expected);
+            ++expected;
+            QTRY_COMPARE(raised.count(), expected);
+        }
+    }
+
+    void leavesIgnoredSignalsIgnored() {
+        std::signal(SIGHUP, SIG_IGN);
+        TerminationSignal termination;
+        QSignalSpy raised(&termination, &TerminationSignal::Raised);
+        std::raise(SIGHUP);
+        std::raise(SIGTERM);
+        QTRY_COMPARE(raised.count(), 1);
+        struct sigaction now {};
+        QCOMPARE(sigaction(SIGHUP, nullptr, &now), 0);
+        QVERIFY(now.sa_handler == SIG_IGN);
+    }
+
   private:
     std::unique_ptr<ScratchFolder> m_home;
+    std::unique_ptr<Autostart> m_autostart;
+    std::unique_ptr<FileTypes> m_types;
 };
 
 QTEST_GUILESS_MAIN(TestDesktop)

@@ -1,11 +1,13 @@
+// Single files and single folders: what arrives, what stays, and what is refused.
 #include "FileWorld.h"
+#include "TemporaryName.h"
 
 #include <algorithm>
 
 namespace {
 
-const std::string kOld = "old";
-const std::string kNew = "something new";
+const std::string oldText = "old";
+const std::string newText = "something new";
 
 } // namespace
 
@@ -15,13 +17,12 @@ class TestFileTransfer final : public QObject {
   private Q_SLOTS:
     void copiesContentAndAttributes_data() { FileWorld::AddWays(); }
     void copiesContentAndAttributes() {
-        QFETCH(bool, otherDevice);
-        QFETCH(bool, move);
+        QFETCH(FileWorld::Way, way);
         const std::pair<std::size_t, mode_t> files[] = {{0, 0644}, {9'000'001, 0440}, {70'000, 0000}, {1, 06755}};
         for (const auto& [size, mode] : files) {
             if (mode == 0 && ::geteuid() != 0)
                 continue; // only an administrator reads such a file
-            FileWorld world(otherDevice);
+            FileWorld world(way.otherDevice);
             std::string text(size, ' ');
             std::generate(text.begin(), text.end(),
                           [n = 0U]() mutable { return static_cast<char>((n++ * 2654435761U) >> 24U); });
@@ -31,15 +32,15 @@ class TestFileTransfer final : public QObject {
             ::chmod((world.source / name).c_str(), mode);
             FileWorld::SetTime(world.source / name, 1'234'567'890);
             const struct stat before = FileWorld::StatusOf(world.source / name);
-            world.Transfer(move, name);
+            world.Transfer(way.move, name);
             QVERIFY(world.observer.failures.empty());
             QVERIFY(FileWorld::Tree(world.destination) == (FileWorld::Entries{{name.native(), text}}));
-            QCOMPARE(fs::exists(world.source / name), !move);
+            QCOMPARE(fs::exists(world.source / name), !way.move);
             const struct stat after = FileWorld::StatusOf(world.destination / name);
             QCOMPARE(after.st_mode, before.st_mode);
             QCOMPARE(after.st_mtim.tv_sec, before.st_mtim.tv_sec);
             QCOMPARE(after.st_mtim.tv_nsec, before.st_mtim.tv_nsec);
-            QVERIFY(FileWorld::Attribute(world.destination / name, "user.colour") == "blue" || otherDevice);
+            QVERIFY(FileWorld::Attribute(world.destination / name, "user.colour") == "blue" || way.otherDevice);
         }
     }
 
@@ -71,7 +72,7 @@ class TestFileTransfer final : public QObject {
         const uid_t owner = asNobody ? 65534 : 1001;
         const std::string given = list < 0 ? std::string() : FileWorld::AccessList(static_cast<char>(list));
         FileWorld world;
-        FileWorld::Write(world.source / "file", kNew);
+        FileWorld::Write(world.source / "file", newText);
         fs::create_directory(world.source / "tree");
         for (const fs::path& path : {world.source / "file", world.source / "tree"}) {
             QCOMPARE(::chown(path.c_str(), owner, 2001), 0);
@@ -130,39 +131,21 @@ class TestFileTransfer final : public QObject {
         }
     }
 
-    void givesUpAFileOnItsWay_data() { FileWorld::AddWays(); }
-    void givesUpAFileOnItsWay() {
-        QFETCH(bool, otherDevice);
-        QFETCH(bool, move);
-        if (move && !otherDevice)
-            return; // a rename takes no time
-        FileWorld world(otherDevice);
-        FileWorld::Write(world.source / "file", std::string(9'000'000, 'x'));
-        FileWorld::Write(world.destination / "file", "old");
-        world.observer.onProgress = [&] { world.observer.givesUp = true; };
-        world.Transfer(move, "file");
-        QVERIFY(world.observer.failures["file"] == std::errc::operation_canceled);
-        QVERIFY(FileWorld::Tree(world.destination) == (FileWorld::Entries{{"file", "old"}}));
-        QCOMPARE(fs::file_size(world.source / "file"), 9'000'000U);
-    }
-
     void placesOnlyOverWhatWasDecided_data() { FileWorld::AddWays({"appears", "changes", "is replaced"}); }
     void placesOnlyOverWhatWasDecided() {
-        QFETCH(QByteArray, kind);
-        QFETCH(bool, otherDevice);
-        QFETCH(bool, move);
-        const bool isAtOnce = move && !otherDevice; // a rename waits for nothing
+        QFETCH(FileWorld::Way, way);
+        const bool isAtOnce = way.IsOneRename(); // a rename waits for nothing
         for (const bool afterStaging : {false, true}) {
             if (afterStaging && isAtOnce)
                 continue;
-            FileWorld world(otherDevice);
+            FileWorld world(way.otherDevice);
             FileWorld::Write(world.source / "file", "source");
-            if (kind != "appears")
+            if (way.kind != "appears")
                 FileWorld::Write(world.destination / "file", "old");
             const TransferFile file = world.File("file");
             const auto change = [&] {
                 FileWorld::Write(world.destination / "other", "newer", 1'500'000'000);
-                if (kind == "is replaced")
+                if (way.kind == "is replaced")
                     fs::rename(world.destination / "other", world.destination / "file");
                 else
                     FileWorld::Write(world.destination / "file", "newer", 1'500'000'000);
@@ -171,7 +154,7 @@ class TestFileTransfer final : public QObject {
                 const auto transfer = world.system.NewTransfer(world.observer);
                 if (!afterStaging)
                     change();
-                static_cast<void>(move ? transfer->Move(file) : transfer->Copy(file));
+                std::ignore = way.move ? transfer->Move(file) : transfer->Copy(file);
                 if (afterStaging)
                     change();
             }
@@ -185,36 +168,35 @@ class TestFileTransfer final : public QObject {
         FileWorld::AddWays({"file", "link", "dangling link", "folder", "folder link", "fifo"});
     }
     void meetsWhatStandsAtTheDestination() {
-        QFETCH(QByteArray, kind);
-        QFETCH(bool, otherDevice);
-        QFETCH(bool, move);
-        FileWorld world(otherDevice);
+        QFETCH(FileWorld::Way, way);
+        FileWorld world(way.otherDevice);
         const fs::path place = world.destination / "name";
-        FileWorld::Write(world.source / "name", kNew);
-        FileWorld::Make(place, kind);
+        FileWorld::Write(world.source / "name", newText);
+        FileWorld::Make(place, way.kind);
         const struct stat before = FileWorld::StatusOf(place);
-        world.Transfer(move, "name");
-        if (kind == "file" || kind == "link") {
+        world.Transfer(way.move, "name");
+        if (way.kind == "file" || way.kind == "link") {
             QVERIFY(world.observer.failures.empty());
             QVERIFY(S_ISREG(FileWorld::StatusOf(place).st_mode));
-            QCOMPARE(FileWorld::Read(place), kNew);
-            QCOMPARE(fs::exists(world.source / "name"), !move);
-            QVERIFY(kind == "file" || FileWorld::Read(world.destination / "target") == kOld); // not written through
+            QCOMPARE(FileWorld::Read(place), newText);
+            QCOMPARE(fs::exists(world.source / "name"), !way.move);
+            QVERIFY(way.kind == "file" ||
+                    FileWorld::Read(world.destination / "target") == oldText); // not written through
         } else {
             QVERIFY(world.observer.failures["name"] ==
-                    (kind == "folder" ? std::errc::is_a_directory : std::errc::file_exists));
+                    (way.kind == "folder" ? std::errc::is_a_directory : std::errc::file_exists));
             QCOMPARE(FileWorld::StatusOf(place).st_ino, before.st_ino);
-            QCOMPARE(FileWorld::Read(world.source / "name"), kNew);
+            QCOMPARE(FileWorld::Read(world.source / "name"), newText);
         }
         const auto entries = std::distance(fs::directory_iterator(world.destination), fs::directory_iterator());
-        QCOMPARE(entries, std::ptrdiff_t{kind == "link" ? 2 : 1}); // no temporary is left
+        QCOMPARE(entries, std::ptrdiff_t{way.kind == "link" ? 2 : 1}); // no temporary is left
     }
 
     void leavesASingleFileAlone() {
         for (const bool symbolic : {false, true})
             for (const bool move : {false, true}) {
                 FileWorld world;
-                FileWorld::Write(world.destination / "file", kOld);
+                FileWorld::Write(world.destination / "file", oldText);
                 if (symbolic)
                     fs::create_symlink(world.destination / "file", world.source / "file");
                 else
@@ -226,36 +208,37 @@ class TestFileTransfer final : public QObject {
                 QVERIFY(world.observer.failures.empty());
                 QVERIFY(fs::exists(world.source / "file"));
                 QCOMPARE(FileWorld::StatusOf(world.destination / "file").st_ino, inode);
-                QCOMPARE(FileWorld::Read(world.destination / "file"), kOld);
+                QCOMPARE(FileWorld::Read(world.destination / "file"), oldText);
             }
     }
 
-    void discardsACopyOfAChangingSource_data() { FileWorld::AddWays({"write", "append", "truncate", "replace"}); }
-    void discardsACopyOfAChangingSource() {
-        QFETCH(QByteArray, kind);
-        QFETCH(bool, otherDevice);
-        QFETCH(bool, move);
-        if (move && !otherDevice)
+    void discardsAnUnfinishedCopy_data() { FileWorld::AddWays({"write", "append", "truncate", "replace", "give up"}); }
+    void discardsAnUnfinishedCopy() {
+        QFETCH(FileWorld::Way, way);
+        if (way.IsOneRename())
             return; // one rename copies nothing
-        FileWorld world(otherDevice);
+        FileWorld world(way.otherDevice);
         const fs::path file = world.source / "large";
         FileWorld::Write(file, std::string(12'000'000, 'a'));
-        FileWorld::Write(world.destination / "large", kOld);
+        FileWorld::Write(world.destination / "large", oldText);
         world.observer.onProgress = [&, isDone = false]() mutable {
             if (std::exchange(isDone, true))
                 return;
-            if (kind == "write")
+            if (way.kind == "write")
                 std::fstream(file, std::ios::in | std::ios::out).seekp(11'000'000) << "changed";
-            else if (kind == "append")
+            else if (way.kind == "append")
                 std::ofstream(file, std::ios::app) << "more";
-            else if (kind == "truncate")
+            else if (way.kind == "truncate")
                 fs::resize_file(file, 5'000'000);
-            else
+            else if (way.kind == "replace")
                 std::ofstream(file, std::ios::trunc) << "another";
+            else
+                world.observer.givesUp = true;
         };
-        world.Transfer(move, "large");
-        QVERIFY(world.observer.failures["large"] == std::errc::resource_unavailable_try_again);
-        QVERIFY(FileWorld::Tree(world.destination) == (FileWorld::Entries{{"large", kOld}}));
+        world.Transfer(way.move, "large");
+        QVERIFY(world.observer.failures["large"] ==
+                (way.kind == "give up" ? std::errc::operation_canceled : std::errc::resource_unavailable_try_again));
+        QVERIFY(FileWorld::Tree(world.destination) == (FileWorld::Entries{{"large", oldText}}));
         QVERIFY(fs::exists(file));
     }
 
@@ -263,20 +246,18 @@ class TestFileTransfer final : public QObject {
         FileWorld::AddWays({"gone", "fifo", "folder", "link", "touched"});
     }
     void refusesASourceThatIsNoLongerTheListedFile() {
-        QFETCH(QByteArray, kind);
-        QFETCH(bool, otherDevice);
-        QFETCH(bool, move);
-        FileWorld world(otherDevice);
+        QFETCH(FileWorld::Way, way);
+        FileWorld world(way.otherDevice);
         const fs::path file = world.source / "file";
-        FileWorld::Write(file, kOld); // as large and as old as the link's target
+        FileWorld::Write(file, oldText); // as large and as old as the link's target
         const TransferFile listed = world.File("file");
-        if (kind == "touched")
+        if (way.kind == "touched")
             FileWorld::SetTime(file, 5);
         else
             fs::rename(file, world.source / "aside");
-        FileWorld::Make(file, kind);
+        FileWorld::Make(file, way.kind);
         const auto before = FileWorld::Tree(world.source);
-        world.Transfer(move, {listed});
+        world.Transfer(way.move, {listed});
         QVERIFY(world.observer.failures["file"]);
         QVERIFY(FileWorld::Tree(world.destination).empty());
         QVERIFY(FileWorld::Tree(world.source) == before);
@@ -289,26 +270,26 @@ class TestFileTransfer final : public QObject {
             world.Transfer(true, "link");
             QVERIFY(world.observer.failures.empty());
             QVERIFY(S_ISREG(FileWorld::StatusOf(world.destination / "link").st_mode));
-            QCOMPARE(FileWorld::Read(world.destination / "link"), kOld);
+            QCOMPARE(FileWorld::Read(world.destination / "link"), oldText);
             QCOMPARE(FileWorld::StatusOf(world.destination / "link").st_mtim.tv_sec, time_t{1'000'000'000});
             QVERIFY(!fs::is_symlink(world.source / "link")); // the link has moved, the file it led to stays
-            QCOMPARE(FileWorld::Read(world.source / "target"), kOld);
+            QCOMPARE(FileWorld::Read(world.source / "target"), oldText);
         }
     }
 
     void keepsASourceChangedAfterItsCopy() {
         FileWorld world(true);
-        FileWorld::Write(world.source / "changed", kOld);
-        FileWorld::Write(world.source / "still", kOld);
+        FileWorld::Write(world.source / "changed", oldText);
+        FileWorld::Write(world.source / "still", oldText);
         const auto transfer = world.system.NewTransfer(world.observer);
         transfer->Move(world.File("changed"));
         transfer->Move(world.File("still"));
-        FileWorld::Write(world.source / "changed", kNew, 1'500'000'000);
+        FileWorld::Write(world.source / "changed", newText, 1'500'000'000);
         transfer->Commit();
-        QCOMPARE(FileWorld::Read(world.source / "changed"), kNew);
+        QCOMPARE(FileWorld::Read(world.source / "changed"), newText);
         QVERIFY(world.observer.failures["changed"] == std::errc::resource_unavailable_try_again);
         QVERIFY(!fs::exists(world.source / "still"));
-        QCOMPARE(FileWorld::Read(world.destination / "still"), kOld);
+        QCOMPARE(FileWorld::Read(world.destination / "still"), oldText);
     }
 
     void keepsHoles() {
@@ -323,6 +304,59 @@ class TestFileTransfer final : public QObject {
             QVERIFY(FileWorld::Read(world.destination / "sparse") == FileWorld::Read(file));
             QVERIFY(FileWorld::StatusOf(world.destination / "sparse").st_blocks < 2'000);
         }
+    }
+
+    void refusesNamesThatLeadElsewhere() {
+        FileWorld world;
+        FileWorld::Write(world.source.parent_path() / "outside", "kept");
+        FileWorld::Write(world.source / "sub/deeper/file", "");
+        fs::create_symlink("sub", world.source / "link");
+        const auto before = FileWorld::Tree(world.source.parent_path());
+        std::error_code error;
+        for (const fs::path name : {"../outside", "..", ".", "", "sub/../../outside", "sub/deeper"}) {
+            QVERIFY(world.from->DeleteFile({name, world.File("sub").facts}));
+            QVERIFY(world.from->DeleteEmptyFolder(name));
+            QVERIFY(!world.from->OpenChild({name, world.File("sub").facts}, error) && error);
+        }
+        QVERIFY(!world.from->OpenChild({"link", world.File("sub").facts}, error) && error);
+        QVERIFY(world.from->DeleteFile({"sub", world.File("sub").facts}));
+        QVERIFY(world.from->DeleteEmptyFolder("sub") == std::errc::directory_not_empty);
+        QVERIFY(FileWorld::Tree(world.source.parent_path()) == before);
+    }
+
+    void removesLeftoversOfDeadProcessesOnly() {
+        FileWorld world;
+        const ProcessMark own = ProcessMark::OfThisProcess();
+        ProcessMark dead = own;
+        dead.process = ::fork();
+        if (dead.process == 0)
+            ::_exit(0);
+        ::waitpid(dead.process, nullptr, 0);
+        ProcessMark reused = own;
+        ++reused.startTicks;
+        ProcessMark rebooted = own;
+        ++rebooted.boot;
+        ProcessMark foreign = dead;
+        ++foreign.machine;
+        for (const ProcessMark& mark : {own, dead, reused, rebooted, foreign})
+            FileWorld::Write(world.destination / MakeTemporaryName(mark), "half", 1);
+        const std::string folder = MakeTemporaryName(dead);
+        fs::create_directory(world.destination / folder);
+        // A user's own files, however similar.
+        const std::string name = MakeTemporaryName(dead);
+        const std::set<std::string> others = {name + "x", name.substr(1), ".kalvenor-.tmp", ".kalvenor-1-2-3-4-5.tmp"};
+        for (const std::string& other : others)
+            FileWorld::Write(world.destination / other, "");
+        std::vector<FolderEntry> entries;
+        QVERIFY(!world.to->List(entries));
+        QCOMPARE(entries.size(), others.size());
+        world.to->RemoveLeftovers();
+        const FileWorld::Entries left = FileWorld::Tree(world.destination);
+        for (const auto& [entry, content] : left) {
+            const auto maker = MakerOfTemporary(entry);
+            QVERIFY(others.contains(entry) || entry == folder || *maker == own || *maker == foreign);
+        }
+        QCOMPARE(left.size(), others.size() + 3);
     }
 };
 

@@ -1,6 +1,6 @@
 // The lock between two real processes, its release after a crash, and folders somebody has tampered with.
 #include "FileWorld.h"
-#include "LinuxLocks.h"
+#include "PlatformServices.h"
 #include "ScratchFolder.h"
 
 #include <csignal>
@@ -15,7 +15,7 @@ const QString ownFolder = u"Kalvenor"_qs;
 
 std::unique_ptr<HeldLock> take(const QString& name, LockRefusal expected = LockRefusal::HeldElsewhere) {
     LockRefusal refusal{};
-    auto held = LinuxLocks().TryAcquire(name, refusal);
+    auto held = MakePlatformServices().locks->TryAcquire(name, refusal);
     return held || refusal == expected ? std::move(held) : throw std::logic_error("refused for another reason");
 }
 

@@ -150,7 +150,7 @@ class TestOwnFiles : public QObject {
         std::atomic<bool> writing = true;
         std::thread writer([&] {
             while (writing)
-                static_cast<void>(m_files.Append(disk / "own", "x", true));
+                std::ignore = m_files.Append(disk / "own", "x", true);
         });
         const std::error_code busy = m_files.MoveAway(disk / "own", scratch.Native(u"busy"_qs));
         writing = false;

@@ -1,6 +1,5 @@
 // What opening a file starts, observed through the marks the started programs leave.
 #include "LinuxProcess.h"
-#include "OpenMethod.h"
 #include "ScratchFolder.h"
 
 #include <QTest>

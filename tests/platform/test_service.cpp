@@ -1,7 +1,6 @@
 // The service as systemd sees it: its unit, the calls of systemctl, the notices, the lines for the journal.
-#include "FileDescriptor.h"
 #include "LinuxServiceManager.h"
-#include "ServiceUnit.h"
+#include "SystemCall.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,5 +1,5 @@
 // Settings as people edit them: every value is taken as it stands, and a write changes its own line only.
-#include "IniSettingsStore.h"
+#include "LinuxServices.h"
 #include "ScratchFolder.h"
 #include "SizeLimit.h"
 
@@ -15,7 +15,8 @@ const QString key = u"Key"_qs;
 const QString ini = u"Kalvenor/Kalvenor.ini"_qs;
 
 struct Scratch : ScratchFolder {
-    IniSettingsStore store{Native()};
+    std::unique_ptr<SettingsStore> files = MakeIniSettingsStore(Native());
+    SettingsStore& store = *files;
 };
 
 } // namespace

@@ -2,8 +2,9 @@
 #include "SystemCallFault.h"
 #include "TemporaryName.h"
 
-#include <algorithm>
 #include <csignal>
+#include <sched.h>
+#include <sys/mount.h>
 #include <sys/ptrace.h>
 #include <sys/syscall.h>
 
@@ -13,9 +14,9 @@ namespace {
 
 enum Exit { Fine, WithFailures, NotPossible };
 
-constexpr int kRounds = 30;
-constexpr int kNeverKilled = 1'000'000;
-const SystemCallFault kNoUnnamed{SYS_openat, EOPNOTSUPP, 2, O_TMPFILE & ~O_DIRECTORY};
+constexpr int rounds = 30;
+constexpr int neverKilled = 1'000'000;
+const SystemCallFault noUnnamed{SYS_openat, EOPNOTSUPP, 2, O_TMPFILE & ~O_DIRECTORY};
 
 void fill(FileWorld& world) {
     for (int number = 0; number < 12; ++number) {
@@ -51,7 +52,7 @@ void transferAll(FileTransfer& transfer, const std::shared_ptr<Folder>& from, co
         } else if (entry.facts.kind == EntryKind::Folder) {
             transfer.MoveTree(from, to, entry, {});
         } else {
-            static_cast<void>(entry.name.native().starts_with("copy") ? transfer.Copy(file) : transfer.Move(file));
+            std::ignore = entry.name.native().starts_with("copy") ? transfer.Copy(file) : transfer.Move(file);
         }
     }
 }
@@ -119,6 +120,25 @@ struct FilledWorld : FileWorld {
     int temporaries = 0;
 };
 
+std::string text(std::size_t kilobytes, char character) {
+    return std::string(kilobytes * 1024, character);
+}
+
+/// A disk of one megabyte that fills up under the transfer.
+struct SmallDisk : FileWorld {
+    SmallDisk() {
+        // In a mount namespace of our own, so that it vanishes with this process.
+        isMounted = ::unshare(CLONE_NEWNS) == 0 && ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+                    ::mount("none", destination.c_str(), "tmpfs", 0, "size=1m,mode=0755") == 0;
+        Reopen();
+    }
+    ~SmallDisk() {
+        to.reset();
+        ::umount2(destination.c_str(), MNT_DETACH);
+    }
+    bool isMounted = false;
+};
+
 } // namespace
 
 // A run of all kinds of transfer meets a fault of the system, or is killed. Whatever happens, nothing is lost, and the
@@ -137,9 +157,9 @@ class TestTransferFaults final : public QObject {
         const SystemCallFault noExchange{SYS_renameat2, EXDEV};
         // Where there is another way, it is gone.
         row(Fine, "no fault", {});
-        row(Fine, "no files without a name", {kNoUnnamed});
+        row(Fine, "no files without a name", {noUnnamed});
         row(Fine, "files without a name get none", {{SYS_linkat, EPERM}});
-        row(Fine, "renames that always replace", {kNoUnnamed, {SYS_renameat2, EINVAL}});
+        row(Fine, "renames that always replace", {noUnnamed, {SYS_renameat2, EINVAL}});
         row(Fine, "no copying in the kernel", {{SYS_copy_file_range, ENOSYS}, {SYS_ioctl, ENOTTY}});
         row(Fine, "copying in the kernel does nothing", {{SYS_copy_file_range, 0}});
         row(Fine, "no sync of all files", {{SYS_syncfs, ENOSYS}});
@@ -157,8 +177,8 @@ class TestTransferFaults final : public QObject {
         row(WithFailures, "folder syncs fail", {{SYS_fsync, EIO}, {SYS_syncfs, EIO}, noExchange});
         row(WithFailures, "links fail", {{SYS_linkat, EIO}});
         row(WithFailures, "renames fail", {{SYS_renameat, EIO}, {SYS_renameat2, EIO}});
-        row(WithFailures, "renames fail, named", {kNoUnnamed, {SYS_renameat, EIO}, {SYS_renameat2, EIO}});
-        row(WithFailures, "bits fail", {kNoUnnamed, {SYS_fchmod, EIO}});
+        row(WithFailures, "renames fail, named", {noUnnamed, {SYS_renameat, EIO}, {SYS_renameat2, EIO}});
+        row(WithFailures, "bits fail", {noUnnamed, {SYS_fchmod, EIO}});
         row(WithFailures, "no new folders", {{SYS_mkdirat, EACCES}, noExchange});
         row(WithFailures, "nothing can be removed", {{SYS_unlinkat, EACCES}, noExchange});
         row(WithFailures, "folders cannot be listed", {{SYS_getdents64, EIO}, {SYS_renameat, EIO}, noExchange});
@@ -190,20 +210,20 @@ class TestTransferFaults final : public QObject {
         QTest::addColumn<bool>("otherDevice");
         QTest::addColumn<Faults>("faults");
         QTest::newRow("without names") << true << Faults{};
-        QTest::newRow("with temporary names") << true << Faults{kNoUnnamed};
-        QTest::newRow("same device") << false << Faults{kNoUnnamed};
+        QTest::newRow("with temporary names") << true << Faults{noUnnamed};
+        QTest::newRow("same device") << false << Faults{noUnnamed};
     }
     void aKilledRunLosesNothing() {
         QFETCH(bool, otherDevice);
         QFETCH(Faults, faults);
         FilledWorld whole(otherDevice);
-        const int allCalls = runUntilCall(whole, faults, kNeverKilled);
+        const int allCalls = runUntilCall(whole, faults, neverKilled);
         if (allCalls == 0)
             QSKIP("processes may not be traced here");
         int leftovers = 0;
-        for (int round = 1; round <= kRounds; ++round) { // each time at another system call
+        for (int round = 1; round <= rounds; ++round) { // each time at another system call
             FilledWorld world(otherDevice);
-            runUntilCall(world, faults, round * allCalls / (kRounds + 1));
+            runUntilCall(world, faults, round * allCalls / (rounds + 1));
             world.CheckThatNothingIsLost();
             leftovers += world.temporaries;
             world.Reopen();
@@ -211,6 +231,48 @@ class TestTransferFaults final : public QObject {
             world.CheckThatAllIsDone();
         }
         QVERIFY(leftovers > 0 || faults.empty());
+    }
+
+    void goesOnAfterWhatDoesNotFit() {
+        for (const bool move : {false, true}) {
+            SmallDisk world;
+            if (!world.isMounted)
+                QSKIP("only an administrator can mount a small disk");
+            FileWorld::Write(world.source / "file", text(700, 'n'));
+            FileWorld::Write(world.source / "small", text(10, 's'));
+            FileWorld::Write(world.source / "tree/1", text(100, '1'));
+            FileWorld::Write(world.source / "tree/2", text(1200, '2'));
+            FileWorld::Write(world.source / "tree/sub/3", text(100, '3'));
+            FileWorld::Write(world.destination / "file", text(500, 'o'));
+            world.Transfer(move, {world.File("file"), world.File("small")});
+            world.TransferTree(move);
+            QCOMPARE(world.observer.failures.size(), std::size_t{2});
+            QVERIFY(world.observer.failures["file"] == std::errc::no_space_on_device);
+            QVERIFY(world.observer.failures["2"] == std::errc::no_space_on_device);
+            QVERIFY(FileWorld::Tree(world.destination) == (FileWorld::Entries{{"file", text(500, 'o')},
+                                                                              {"small", text(10, 's')},
+                                                                              {"tree", "/"},
+                                                                              {"tree/1", text(100, '1')},
+                                                                              {"tree/sub", "/"},
+                                                                              {"tree/sub/3", text(100, '3')}}));
+            QVERIFY(FileWorld::Read(world.source / "file") == text(700, 'n'));
+            QVERIFY(FileWorld::Read(world.source / "tree/2") == text(1200, '2'));
+            for (const char* moved : {"small", "tree/1", "tree/sub"})
+                QCOMPARE(fs::exists(world.source / moved), !move);
+        }
+    }
+
+    void placesWhatIsStagedToMakeRoom() {
+        SmallDisk world;
+        if (!world.isMounted)
+            QSKIP("only an administrator can mount a small disk");
+        for (const char* name : {"a", "b", "c"}) {
+            FileWorld::Write(world.source / name, text(250, 'n'));
+            FileWorld::Write(world.destination / name, text(250, 'o'));
+        }
+        world.Transfer(false, {world.File("a"), world.File("b"), world.File("c")});
+        QVERIFY(world.observer.failures.empty());
+        QVERIFY(FileWorld::Tree(world.destination) == FileWorld::Tree(world.source));
     }
 };
 

@@ -25,18 +25,17 @@ class TestTreeTransfer final : public QObject {
   private Q_SLOTS:
     void transfersEverything_data() { FileWorld::AddWays(); }
     void transfersEverything() {
-        QFETCH(bool, otherDevice);
-        QFETCH(bool, move);
-        FileWorld world(otherDevice);
+        QFETCH(FileWorld::Way, way);
+        FileWorld world(way.otherDevice);
         fill(world.source / "tree");
         const Entries before = FileWorld::Tree(world.source);
         const struct stat file = FileWorld::StatusOf(world.source / "tree/a");
         const mode_t mode = FileWorld::StatusOf(world.source / "tree/sub/deeper").st_mode;
-        world.TransferTree(move);
+        world.TransferTree(way.move);
         QVERIFY(world.observer.failures.empty());
         QVERIFY(FileWorld::Tree(world.destination) == before);
-        QVERIFY(FileWorld::Tree(world.source) == (move ? Entries{} : before));
-        if (move && !otherDevice) // one rename, and not a byte copied
+        QVERIFY(FileWorld::Tree(world.source) == (way.move ? Entries{} : before));
+        if (way.IsOneRename()) // one rename, and not a byte copied
             QCOMPARE(FileWorld::StatusOf(world.destination / "tree/a").st_ino, file.st_ino);
         const fs::path deeper = world.destination / "tree/sub/deeper";
         QCOMPARE(FileWorld::StatusOf(deeper).st_mode, mode);
@@ -47,23 +46,22 @@ class TestTreeTransfer final : public QObject {
 
     void leavesOutExcludedFolders_data() { FileWorld::AddWays(); }
     void leavesOutExcludedFolders() {
-        QFETCH(bool, otherDevice);
-        QFETCH(bool, move);
-        FileWorld world(otherDevice);
+        QFETCH(FileWorld::Way, way);
+        FileWorld world(way.otherDevice);
         fill(world.source / "tree");
         fs::create_directory_symlink("sub", world.source / "tree/folderlink");
         QCOMPARE(::mkfifo((world.source / "tree/fifo").c_str(), 0600), 0);
         std::error_code error;
-        world.TransferTree(move, {world.system.OpenFolder(world.source / "tree", error)->Id()});
+        world.TransferTree(way.move, {world.system.OpenFolder(world.source / "tree", error)->Id()});
         QVERIFY(FileWorld::Tree(world.destination).empty());
         QVERIFY(fs::exists(world.source / "tree/a"));
-        if (move && !otherDevice)
+        if (way.IsOneRename())
             return; // one rename takes all: the caller names the folders on the way up from a root as well
-        world.TransferTree(move, {world.system.OpenFolder(world.source / "tree/sub", error)->Id()});
+        world.TransferTree(way.move, {world.system.OpenFolder(world.source / "tree/sub", error)->Id()});
         QVERIFY(world.observer.failures.empty());
         QVERIFY(FileWorld::Tree(world.destination) ==
                 (Entries{{"tree", "/"}, {"tree/a", "in the tree"}, {"tree/empty", "/"}}));
-        QCOMPARE(fs::exists(world.source / "tree/a"), !move);
+        QCOMPARE(fs::exists(world.source / "tree/a"), !way.move);
         QCOMPARE(FileWorld::Read(world.source / "tree/sub/deeper/\xff name"), std::string("deep"));
         QVERIFY(fs::is_symlink(world.source / "tree/folderlink") && fs::is_fifo(world.source / "tree/fifo"));
     }
@@ -84,15 +82,13 @@ class TestTreeTransfer final : public QObject {
 
     void neverReplacesWhatExists_data() { FileWorld::AddWays({"tree", "tree/a"}); }
     void neverReplacesWhatExists() {
-        QFETCH(QByteArray, kind);
-        QFETCH(bool, otherDevice);
-        QFETCH(bool, move);
-        FileWorld world(otherDevice);
+        QFETCH(FileWorld::Way, way);
+        FileWorld world(way.otherDevice);
         fill(world.source / "tree");
-        FileWorld::Write(world.destination / kind.toStdString(), "kept");
+        FileWorld::Write(world.destination / way.kind.toStdString(), "kept");
         const Entries before = FileWorld::Tree(world.source);
         const Entries there = FileWorld::Tree(world.destination);
-        world.TransferTree(move);
+        world.TransferTree(way.move);
         QVERIFY(world.observer.failures["tree"] == std::errc::file_exists);
         QVERIFY(FileWorld::Tree(world.source) == before);
         QVERIFY(FileWorld::Tree(world.destination) == there);

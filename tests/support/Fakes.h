@@ -1,20 +1,17 @@
 // Stand-ins for the world outside, for tests that need to steer it. Each remembers what was asked of it.
 #pragma once
 
-#include "Autostart.h"
 #include "Clock.h"
-#include "DialUp.h"
+#include "DesktopEntries.h"
 #include "EventPump.h"
-#include "FileTypes.h"
 #include "KeyState.h"
 #include "Locks.h"
+#include "Machine.h"
 #include "NameService.h"
-#include "PowerControl.h"
 #include "Process.h"
 #include "Prompter.h"
 #include "ServiceManager.h"
 #include "SettingsStore.h"
-#include "SystemClock.h"
 
 #include <QMap>
 #include <QStringList>

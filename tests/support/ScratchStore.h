@@ -3,8 +3,7 @@
 
 #include "ActivityFile.h"
 #include "Fakes.h"
-#include "LinuxOwnFiles.h"
-#include "ProgramPlaces.h"
+#include "PlatformServices.h"
 #include "ScratchFolder.h"
 #include "StringTable.h"
 #include "clsXML.h"
@@ -17,7 +16,8 @@ struct ScratchStore : ScratchFolder {
         file.SetCurrentPath(Path(u"a.kvd"_qs));
     }
 
-    LinuxOwnFiles files;
+    const std::unique_ptr<OwnFiles> ownFiles = MakePlatformServices().ownFiles;
+    OwnFiles& files = *ownFiles;
     clsXML document{files};
     FakePrompter prompter;
     StringTable texts{Language::English};

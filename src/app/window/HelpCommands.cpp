@@ -123,7 +123,7 @@ void HelpCommands::ShowSystemInformation() {
 void HelpCommands::showReport() {
     const QString title = QStringLiteral("Systeminfo");
     const StringTable& texts = m_program.Texts();
-    const std::optional<SystemFacts> facts = m_program.Services().systemInformation->Read();
+    const std::optional<SystemFacts> facts = ReadSystemFacts();
     if (!facts) {
         m_program.Prompts().Ask(
             {texts[Text::SystemInformationMissing], title, MessageIcon::Information, MessageButtons::Ok});

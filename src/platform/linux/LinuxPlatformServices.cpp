@@ -1,27 +1,39 @@
 #include "PlatformServices.h"
 
-#include "CachedNameService.h"
-#include "IniSettingsStore.h"
-#include "LinuxAutostart.h"
-#include "LinuxClock.h"
-#include "LinuxDialUp.h"
-#include "LinuxEventPump.h"
-#include "LinuxFileSystem.h"
-#include "LinuxFileTypes.h"
-#include "LinuxLocks.h"
-#include "LinuxNameService.h"
 #include "LinuxOwnFiles.h"
-#include "LinuxPowerControl.h"
 #include "LinuxProcess.h"
 #include "LinuxServiceManager.h"
-#include "LinuxSystemClock.h"
-#include "LinuxSystemInformation.h"
-#include "XdgFolders.h"
+#include "LinuxServices.h"
 #include <QCoreApplication>
 #include <QFile>
 #include <csignal>
+#include <cstdlib>
+#include <pwd.h>
+#include <unistd.h>
 
 namespace {
+
+/// The XDG base directory specification (0.8) ignores a relative value.
+std::filesystem::path fromEnvironment(const char* variable) {
+    const char* const value = std::getenv(variable);
+    std::filesystem::path path(value == nullptr ? "" : value);
+    return path.is_absolute() ? path : std::filesystem::path();
+}
+
+std::filesystem::path home() {
+    if (auto path = fromEnvironment("HOME"); !path.empty())
+        return path;
+    const passwd* const user = getpwuid(getuid());
+    return user == nullptr || user->pw_dir == nullptr ? "" : user->pw_dir;
+}
+
+/// Empty when even the home folder is unknown.
+std::filesystem::path baseFolder(const char* variable, const char* belowHome) {
+    if (auto path = fromEnvironment(variable); !path.empty())
+        return path;
+    const auto user = home();
+    return user.empty() ? user : user / belowHome;
+}
 
 std::filesystem::path programFolder() {
     std::error_code error;
@@ -31,13 +43,8 @@ std::filesystem::path programFolder() {
     return QFile::encodeName(QCoreApplication::applicationDirPath()).toStdString();
 }
 
-std::filesystem::path userDataFolder() {
-    const auto base = XdgFolders::DataHome();
-    return base.empty() ? base : base / "Kalvenor";
-}
-
-/// A reader that has gone, or a limit on the size of files, is an error of the write and no reason to die. Unlike an
-/// ignored signal, a handler is not passed on to the programs started from here.
+/// A write to a closed pipe, or beyond the limit on file sizes, must fail instead of killing this process. Unlike an
+/// ignored signal, a handler is not inherited by programs started from here.
 void keepLiving() {
     struct sigaction nothing {};
     nothing.sa_handler = [](int) {};
@@ -50,26 +57,28 @@ void keepLiving() {
 
 PlatformServices MakePlatformServices() {
     keepLiving();
+    const auto dataHome = baseFolder("XDG_DATA_HOME", ".local/share");
+    const auto configHome = baseFolder("XDG_CONFIG_HOME", ".config");
+    const auto stateHome = baseFolder("XDG_STATE_HOME", ".local/state");
     PlatformServices services;
-    services.clock = std::make_unique<LinuxClock>();
-    services.eventPump = std::make_unique<LinuxEventPump>();
-    services.fileSystem = std::make_unique<LinuxFileSystem>();
+    services.clock = std::make_unique<RealClock>();
+    services.eventPump = std::make_unique<QtEventPump>();
+    services.fileSystem = MakeLinuxFileSystem();
     services.ownFiles = std::make_unique<LinuxOwnFiles>();
-    services.settings = std::make_unique<IniSettingsStore>();
-    services.locks = std::make_unique<LinuxLocks>();
+    services.settings = MakeIniSettingsStore(configHome);
+    services.locks = MakeLinuxLocks(stateHome);
     services.process = std::make_unique<LinuxProcess>();
-    services.power = std::make_unique<LinuxPowerControl>();
-    services.nameService = std::make_unique<CachedNameService>(std::make_unique<LinuxNameService>());
+    services.power = MakePowerControl();
+    services.nameService = std::make_unique<CachedNameService>(MakeNameService());
     services.desktopMail = std::make_unique<NoDesktopMailClient>();
-    services.autostart = std::make_unique<LinuxAutostart>();
-    services.systemInformation = std::make_unique<LinuxSystemInformation>();
-    services.places = {programFolder(), userDataFolder()};
+    services.autostart = MakeAutostart(configHome);
+    services.places = {programFolder(), dataHome.empty() ? dataHome : dataHome / "Kalvenor"};
     services.systemDirectories = {"/usr", "/etc", "/"};
-    // Not the path of this process: a tool beside the program may ask too.
-    services.serviceManager = std::make_unique<LinuxServiceManager>(
-        services.places.programFolder / "Kalvenor", XdgFolders::ConfigHome(), ServiceNotifier::FromEnvironment());
-    services.systemClock = std::make_unique<LinuxSystemClock>();
-    services.dialUp = std::make_unique<LinuxDialUp>();
-    services.fileTypes = std::make_unique<LinuxFileTypes>(XdgFolders::DataHome(), XdgFolders::ConfigHome());
+    // Not the path of this process: it may be a tool beside the program.
+    services.serviceManager = std::make_unique<LinuxServiceManager>(services.places.programFolder / "Kalvenor",
+                                                                    configHome, ServiceNotifier::FromEnvironment());
+    services.systemClock = MakeSystemClock();
+    services.dialUp = MakeDialUp();
+    services.fileTypes = MakeFileTypes(dataHome, configHome);
     return services;
 }

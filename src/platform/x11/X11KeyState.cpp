@@ -1,13 +1,14 @@
-#include "X11KeyState.h"
+#include "KeyState.h"
 
-#include "NativeKeyState.h"
 #include <algorithm>
 #include <cstdlib>
 #include <span>
+#include <vector>
+#include <xcb/xcb.h>
 
 namespace {
 
-constexpr xcb_keysym_t KeysymF8 = 0xffc5;
+constexpr xcb_keysym_t keysymF8 = 0xffc5;
 
 struct Free {
     void operator()(void* reply) const { std::free(reply); } // replies come from the library's malloc
@@ -15,7 +16,27 @@ struct Free {
 template <typename Reply>
 using ReplyPtr = std::unique_ptr<Reply, Free>;
 
-} // namespace
+/// The key as the X server sees it. Has a connection of its own, so it needs no window and disturbs no event queue.
+/// When the server is gone the key counts as up.
+class X11KeyState final : public KeyState {
+  public:
+    /// Connects to the server that DISPLAY names. Null when there is none or its keyboard has no F8.
+    [[nodiscard]] static std::unique_ptr<X11KeyState> Open();
+
+    [[nodiscard]] bool IsF8Down() const override;
+
+  private:
+    struct Disconnect {
+        void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
+    };
+    using Connection = std::unique_ptr<xcb_connection_t, Disconnect>;
+
+    X11KeyState(Connection connection, std::vector<xcb_keycode_t> keys);
+    [[nodiscard]] static std::vector<xcb_keycode_t> keycodesOfF8(xcb_connection_t* connection);
+
+    Connection m_connection;
+    std::vector<xcb_keycode_t> m_keys;
+};
 
 X11KeyState::X11KeyState(Connection connection, std::vector<xcb_keycode_t> keys)
     : m_connection(std::move(connection)), m_keys(std::move(keys)) {}
@@ -42,7 +63,7 @@ std::vector<xcb_keycode_t> X11KeyState::keycodesOfF8(xcb_connection_t* connectio
                             static_cast<std::size_t>(xcb_get_keyboard_mapping_keysyms_length(reply.get())));
     const std::size_t perKey = reply->keysyms_per_keycode;
     for (std::size_t key = 0; (key + 1) * perKey <= symbols.size(); ++key) {
-        if (symbols[key * perKey] == KeysymF8)
+        if (symbols[key * perKey] == keysymF8)
             keys.push_back(static_cast<xcb_keycode_t>(setup->min_keycode + key));
     }
     return keys;
@@ -56,6 +77,8 @@ bool X11KeyState::IsF8Down() const {
     return std::any_of(m_keys.begin(), m_keys.end(),
                        [&](xcb_keycode_t key) { return (reply->keys[key / 8] >> (key % 8) & 1) != 0; });
 }
+
+} // namespace
 
 std::unique_ptr<KeyState> MakeNativeKeyState() {
     return X11KeyState::Open();

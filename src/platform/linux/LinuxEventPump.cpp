@@ -1,7 +1,0 @@
-#include "LinuxEventPump.h"
-
-#include <QCoreApplication>
-
-void LinuxEventPump::Yield() {
-    QCoreApplication::processEvents();
-}

@@ -1,0 +1,37 @@
+// Double-buffered: one batch syncs while the next fills. Files are placed in the order in which they were added. The
+// destructor flushes both batches. Failures go to the observer.
+#pragma once
+
+#include "TransferBatch.h"
+
+class CommitQueue final {
+  public:
+    CommitQueue(TransferObserver& observer, TemporaryFiles& temporaries);
+    CommitQueue(const CommitQueue&) = delete;
+    CommitQueue& operator=(const CommitQueue&) = delete;
+    ~CommitQueue() { Flush(); }
+
+    template <typename Staged>
+    void Add(Staged staged) {
+        m_filling->Add(std::move(staged));
+        if (m_filling->IsFull(m_descriptorLimit))
+            turn();
+    }
+
+    [[nodiscard]] bool IsEmpty() const { return !m_syncing && m_filling->IsEmpty(); }
+    [[nodiscard]] bool Holds(const FileId& folder, const std::filesystem::path& name) const;
+
+    /// Returns when everything added so far is on disk and in place, or has failed. Events that run meanwhile may call
+    /// it again.
+    void Flush();
+
+  private:
+    void turn();
+    void finishSyncing();
+
+    TransferObserver& m_observer;
+    TemporaryFiles& m_temporaries;
+    std::size_t m_descriptorLimit;
+    std::unique_ptr<TransferBatch> m_filling;
+    std::shared_ptr<TransferBatch> m_syncing; ///< shared with the nested calls that wait for it
+};

@@ -1,0 +1,50 @@
+// One file on its way from a source to a destination, the folder that waits for its content, and the rules for the name
+// it takes. Failures are error codes.
+#pragma once
+
+#include "TemporaryFile.h"
+
+#include <sys/stat.h>
+
+struct FileJob {
+    std::shared_ptr<Folder> source;
+    std::shared_ptr<Folder> destination;
+    std::filesystem::path name;
+    FileFacts facts;                     ///< the source when it was listed
+    bool removeSource = false;           ///< once the copy is safe
+    std::optional<FileFacts> replaced{}; ///< the destination when the transfer was decided
+
+    [[nodiscard]] std::filesystem::path SourcePath() const { return source->Path() / name; }
+};
+
+/// A copy that is complete but not yet in place.
+struct StagedFile {
+    FileJob job;
+    TemporaryFile copy;
+    std::error_code error; ///< of the sync
+    bool isPlaced = false;
+};
+
+/// A folder of the destination that gets its own times and bits when everything in it is in place.
+struct StagedFolder {
+    std::shared_ptr<Folder> sourceParent;
+    std::shared_ptr<Folder> source;
+    std::shared_ptr<Folder> destination;
+    std::filesystem::path name;
+    struct stat status {}; ///< of the source before anything was taken out of it
+    bool removeSource = false;
+};
+
+enum class DestinationState {
+    Free,        ///< nothing has this name
+    Replaceable, ///< the file, or link to a file, that the job was decided to replace
+    IsSource     ///< the source itself
+};
+
+/// Looks at the entry under the name of `job`. std::errc::is_a_directory for a folder, file_exists for anything else
+/// that a file must not replace, resource_unavailable_try_again when it is not what the job was decided to replace.
+[[nodiscard]] std::error_code CheckDestination(const FileJob& job, DestinationState& state);
+
+/// A rename that replaces nothing. Where the file system only knows the replacing kind, it looks first.
+[[nodiscard]] std::error_code RenameToFreeName(const Folder& from, const char* oldName, const Folder& to,
+                                               const std::filesystem::path& newName);

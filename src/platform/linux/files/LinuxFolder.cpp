@@ -1,0 +1,289 @@
+#include "LinuxFolder.h"
+#include "SystemCall.h"
+#include "TemporaryName.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <ctime>
+#include <dirent.h>
+#include <fcntl.h>
+#include <limits>
+#include <linux/magic.h>
+#include <memory>
+#include <string_view>
+#include <sys/vfs.h>
+#include <sys/xattr.h>
+#include <tuple>
+
+namespace {
+
+constexpr std::size_t listingBuffer = std::size_t{64} * 1024;
+constexpr std::time_t oneDay = std::time_t{24} * 60 * 60;
+constexpr int mostAncestors = 4096;
+constexpr std::int64_t billion = 1'000'000'000;
+
+/// Clamped to the range (years 1678 to 2262).
+std::int64_t toNanoseconds(const struct timespec& time) {
+    if (time.tv_sec >= std::numeric_limits<std::int64_t>::max() / billion)
+        return std::numeric_limits<std::int64_t>::max();
+    if (time.tv_sec <= std::numeric_limits<std::int64_t>::min() / billion)
+        return std::numeric_limits<std::int64_t>::min();
+    return time.tv_sec * billion + time.tv_nsec;
+}
+
+FileId idOf(const struct stat& status) {
+    return {status.st_dev, status.st_ino};
+}
+
+/// The step in which the file system stores times, in nanoseconds: 2 s on FAT, else 1.
+std::int64_t timeStepOf(int descriptor) {
+    struct statfs fileSystem {};
+    const bool isFat = ::fstatfs(descriptor, &fileSystem) == 0 && fileSystem.f_type == MSDOS_SUPER_MAGIC;
+    return isFat ? 2 * billion : 1;
+}
+
+EntryKind kindOf(const struct stat& status, bool isLink) {
+    if (S_ISREG(status.st_mode))
+        return EntryKind::File;
+    if (S_ISDIR(status.st_mode))
+        return isLink ? EntryKind::FolderLink : EntryKind::Folder;
+    return EntryKind::Special;
+}
+
+FileFacts factsOf(const struct stat& status, bool isLink, std::int64_t timeStep) {
+    return {.kind = kindOf(status, isLink),
+            .isLink = isLink,
+            .id = idOf(status),
+            .size = static_cast<std::uint64_t>(status.st_size),
+            .modified = {toNanoseconds(status.st_mtim), timeStep},
+            .mode = status.st_mode & 07777U};
+}
+
+/// A link may lead to another file system with another step.
+std::int64_t timeStepOfTarget(int folder, const char* name) {
+    const FileDescriptor target(::openat(folder, name, O_PATH | O_CLOEXEC));
+    return target.IsOpen() ? timeStepOf(target.Get()) : 1;
+}
+
+bool isDangling(const std::error_code& error) {
+    return error == ErrorOf(ENOENT) || error == ErrorOf(ENOTDIR) || error == ErrorOf(ELOOP) ||
+           error == ErrorOf(ENAMETOOLONG);
+}
+
+bool mayFollow(const struct stat& link, const struct stat& target) {
+    return !S_ISREG(target.st_mode) || link.st_uid == ::geteuid() || link.st_uid == target.st_uid;
+}
+
+/// Facts of the entry `name` of an open folder, links followed. `device` and `timeStep` are the folder's own. A link to
+/// a file is followed only if its owner is this process's user or the file's owner (EACCES otherwise): a privileged run
+/// would publish files that the maker of the link may not read. A dangling link is Special.
+std::error_code readEntryFacts(int folder, const char* name, std::uint64_t device, std::int64_t timeStep,
+                               FileFacts& facts) {
+    struct stat status {};
+    facts = {};
+    if (::fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) != 0)
+        return LastError();
+    if (!S_ISLNK(status.st_mode)) {
+        facts = factsOf(status, false, timeStep);
+        return {};
+    }
+    facts.isLink = true;
+    struct stat target {};
+    if (::fstatat(folder, name, &target, 0) != 0) {
+        const std::error_code error = LastError();
+        return isDangling(error) ? std::error_code() : error;
+    }
+    if (!mayFollow(status, target))
+        return ErrorOf(EACCES);
+    facts = factsOf(target, true, target.st_dev == device ? timeStep : timeStepOfTarget(folder, name));
+    return {};
+}
+
+} // namespace
+
+std::shared_ptr<LinuxFolder> LinuxFolder::Open(int at, const char* name, std::filesystem::path path, bool followLink,
+                                               std::error_code& error) {
+    error.clear();
+    const int flags = O_RDONLY | O_DIRECTORY | O_CLOEXEC | (followLink ? 0 : O_NOFOLLOW);
+    FileDescriptor descriptor(::openat(at, name, flags));
+    struct stat status {};
+    if (!descriptor.IsOpen() || ::fstat(descriptor.Get(), &status) != 0) {
+        error = LastError();
+        return nullptr;
+    }
+    return std::make_shared<LinuxFolder>(std::move(descriptor), std::move(path), idOf(status));
+}
+
+LinuxFolder::LinuxFolder(FileDescriptor descriptor, std::filesystem::path path, FileId id)
+    : m_descriptor(std::move(descriptor)), m_path(std::move(path)), m_id(id),
+      m_timeStep(timeStepOf(m_descriptor.Get())) {}
+
+bool LinuxFolder::IsPlainName(const std::filesystem::path& name) {
+    const std::string& bytes = name.native();
+    return !bytes.empty() && bytes != "." && bytes != ".." &&
+           bytes.find_first_of(std::string_view("/\0", 2)) == std::string::npos;
+}
+
+std::error_code LinuxFolder::forEachName(const std::function<std::error_code(const char*)>& visit) const {
+    if (::lseek(Descriptor(), 0, SEEK_SET) < 0)
+        return LastError();
+    const auto buffer = std::make_unique_for_overwrite<char[]>(listingBuffer);
+    for (;;) {
+        const ssize_t length = ::getdents64(Descriptor(), buffer.get(), listingBuffer);
+        if (length <= 0)
+            return length < 0 ? LastError() : std::error_code();
+        for (ssize_t at = 0; at < length;) {
+            const char* record = buffer.get() + at;
+            const char* name = record + offsetof(struct dirent64, d_name);
+            at += reinterpret_cast<const struct dirent64*>(record)->d_reclen;
+            const std::string_view text(name);
+            if (text == "." || text == "..")
+                continue;
+            if (const std::error_code error = visit(name))
+                return error;
+        }
+    }
+}
+
+/// An entry that stat() fails on (a dead mount, say) is Unknown: whoever would work on it reports it. A folder without
+/// search permission fails as a whole.
+std::error_code LinuxFolder::readEntry(const char* name, FileFacts& facts) const {
+    const std::error_code error = readEntryFacts(Descriptor(), name, m_id.device, m_timeStep, facts);
+    struct stat self {};
+    if (!error || error == std::errc::no_such_file_or_directory || ::fstatat(Descriptor(), ".", &self, 0) != 0)
+        return error;
+    facts = {.kind = EntryKind::Unknown, .error = error};
+    return {};
+}
+
+std::error_code LinuxFolder::List(std::vector<FolderEntry>& entries) const {
+    entries.clear();
+    std::vector<std::string> temporaries;
+    const std::error_code error = forEachName([&](const char* name) -> std::error_code {
+        if (MakerOfTemporary(name)) {
+            temporaries.emplace_back(name);
+            return {};
+        }
+        FileFacts facts;
+        const std::error_code failure = readEntry(name, facts);
+        if (!failure)
+            entries.push_back({name, facts});
+        // Deleted since its name was read: not an error.
+        return failure == std::errc::no_such_file_or_directory ? std::error_code() : failure;
+    });
+    if (error) {
+        entries.clear();
+        return error;
+    }
+    m_temporaries = std::move(temporaries);
+    std::sort(entries.begin(), entries.end(),
+              [](const FolderEntry& a, const FolderEntry& b) { return a.name.native() < b.name.native(); });
+    return {};
+}
+
+std::optional<FileFacts> LinuxFolder::Stat(const std::filesystem::path& name, std::error_code& error) const {
+    FileFacts facts;
+    error = IsPlainName(name) ? readEntryFacts(Descriptor(), name.c_str(), m_id.device, m_timeStep, facts)
+                              : ErrorOf(EINVAL);
+    if (!error)
+        return facts;
+    if (error == std::errc::no_such_file_or_directory)
+        error.clear();
+    return std::nullopt;
+}
+
+std::shared_ptr<Folder> LinuxFolder::OpenChild(const FolderEntry& entry, std::error_code& error) const {
+    if (!IsPlainName(entry.name)) {
+        error = ErrorOf(EINVAL);
+        return nullptr;
+    }
+    auto child = Open(Descriptor(), entry.name.c_str(), m_path / entry.name, false, error);
+    if (child && child->Id() != entry.facts.id) {
+        error = ErrorOf(EAGAIN);
+        child.reset();
+    }
+    return child;
+}
+
+std::uint64_t LinuxFolder::Mount() const {
+    struct statx status {};
+    const bool isKnown = ::statx(Descriptor(), "", AT_EMPTY_PATH, STATX_MNT_ID, &status) == 0 &&
+                         (status.stx_mask & STATX_MNT_ID) != 0; // since Linux 5.8
+    return isKnown ? status.stx_mnt_id : m_id.device;
+}
+
+std::error_code LinuxFolder::DeleteFile(const FolderEntry& entry) {
+    std::error_code error;
+    const std::optional<FileFacts> present = Stat(entry.name, error);
+    if (error)
+        return error;
+    if (!present || !present->IsSameAs(entry.facts))
+        return ErrorOf(present ? EAGAIN : ENOENT);
+    return ::unlinkat(Descriptor(), entry.name.c_str(), 0) == 0 ? std::error_code() : LastError();
+}
+
+std::error_code LinuxFolder::DeleteEmptyFolder(const std::filesystem::path& name) {
+    if (!IsPlainName(name))
+        return ErrorOf(EINVAL);
+    return ::unlinkat(Descriptor(), name.c_str(), AT_REMOVEDIR) == 0 ? std::error_code() : LastError();
+}
+
+std::vector<FileId> LinuxFolder::Ancestors() const {
+    std::vector<FileId> ids{m_id};
+    FileDescriptor parent(::openat(Descriptor(), "..", O_PATH | O_DIRECTORY | O_CLOEXEC));
+    struct stat status {};
+    for (int level = 0; level < mostAncestors; ++level) {
+        if (!parent.IsOpen() || ::fstat(parent.Get(), &status) != 0 || idOf(status) == ids.back())
+            break; // the root is its own parent
+        ids.push_back(idOf(status));
+        parent = FileDescriptor(::openat(parent.Get(), "..", O_PATH | O_DIRECTORY | O_CLOEXEC));
+    }
+    return ids;
+}
+
+bool LinuxFolder::StillThere() const {
+    struct stat status {};
+    return ::stat(m_path.c_str(), &status) == 0 && S_ISDIR(status.st_mode) && idOf(status) == m_id;
+}
+
+bool LinuxFolder::PassesOnRights() const {
+    if (!m_passesOnRights)
+        m_passesOnRights = ::fgetxattr(Descriptor(), "system.posix_acl_default", nullptr, 0) >= 0;
+    return *m_passesOnRights;
+}
+
+void LinuxFolder::RemoveLeftovers() {
+    if (!m_temporaries) {
+        std::vector<std::string> found;
+        // A listing that breaks off does no harm here: the names found so far are valid.
+        std::ignore = forEachName([&](const char* name) -> std::error_code {
+            if (MakerOfTemporary(name))
+                found.emplace_back(name);
+            return {};
+        });
+        m_temporaries = std::move(found);
+    }
+    const std::vector<std::string> temporaries = std::move(*m_temporaries);
+    m_temporaries.reset();
+    for (const std::string& name : temporaries)
+        removeIfLeftover(name);
+}
+
+void LinuxFolder::removeIfLeftover(const std::string& name) const {
+    const std::optional<ProcessMark> maker = MakerOfTemporary(name);
+    struct stat status {};
+    if (!maker || ::fstatat(Descriptor(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0 || !S_ISREG(status.st_mode))
+        return;
+    const ProcessState state = StateOf(*maker, ProcessMark::OfThisProcess());
+    // A process of another machine cannot be asked, but a living one changes its file more than once a day. The change
+    // time counts, because the modification time may already be the source's.
+    const bool isOld = std::time(nullptr) - status.st_ctim.tv_sec > oneDay;
+    if (state == ProcessState::Gone || (state == ProcessState::OnAnotherMachine && isOld))
+        ::unlinkat(Descriptor(), name.c_str(), 0);
+}
+
+bool IsUnchanged(const FileFacts& facts, const struct stat& status) {
+    return S_ISREG(status.st_mode) && idOf(status) == facts.id &&
+           static_cast<std::uint64_t>(status.st_size) == facts.size &&
+           toNanoseconds(status.st_mtim) == facts.modified.nanoseconds;
+}

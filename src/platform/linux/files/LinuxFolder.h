@@ -1,0 +1,50 @@
+// A folder by its descriptor: openat, fstatat, getdents64, unlinkat. Failures are error codes; a name that is not one
+// plain component is std::errc::invalid_argument.
+#pragma once
+
+#include "Folder.h"
+#include "SystemCall.h"
+
+#include <string>
+
+class LinuxFolder final : public Folder {
+  public:
+    /// Opens `name` in the folder of the descriptor `at` (AT_FDCWD for a path). Null with the reason.
+    [[nodiscard]] static std::shared_ptr<LinuxFolder> Open(int at, const char* name, std::filesystem::path path,
+                                                           bool followLink, std::error_code& error);
+    LinuxFolder(FileDescriptor descriptor, std::filesystem::path path, FileId id);
+
+    const std::filesystem::path& Path() const override { return m_path; }
+    FileId Id() const override { return m_id; }
+    std::error_code List(std::vector<FolderEntry>& entries) const override;
+    std::optional<FileFacts> Stat(const std::filesystem::path& name, std::error_code& error) const override;
+    std::shared_ptr<Folder> OpenChild(const FolderEntry& entry, std::error_code& error) const override;
+    std::uint64_t Mount() const override;
+    std::error_code DeleteFile(const FolderEntry& entry) override;
+    std::error_code DeleteEmptyFolder(const std::filesystem::path& name) override;
+    std::vector<FileId> Ancestors() const override;
+    bool StillThere() const override;
+    void RemoveLeftovers() override;
+    int Descriptor() const override { return m_descriptor.Get(); }
+
+    /// True when the folder has a default access list.
+    bool PassesOnRights() const override;
+
+    /// True for one component that is neither "." nor "..".
+    [[nodiscard]] static bool IsPlainName(const std::filesystem::path& name);
+
+  private:
+    [[nodiscard]] std::error_code forEachName(const std::function<std::error_code(const char*)>& visit) const;
+    [[nodiscard]] std::error_code readEntry(const char* name, FileFacts& facts) const;
+    void removeIfLeftover(const std::string& name) const;
+
+    FileDescriptor m_descriptor;
+    std::filesystem::path m_path;
+    FileId m_id;
+    std::int64_t m_timeStep;
+    mutable std::optional<std::vector<std::string>> m_temporaries; ///< seen by the last listing
+    mutable std::optional<bool> m_passesOnRights;
+};
+
+/// True when `status` is a regular file with the identity, size and modification time of `facts`.
+[[nodiscard]] bool IsUnchanged(const FileFacts& facts, const struct stat& status);

@@ -1,0 +1,33 @@
+// Names of the temporary files beside a destination: hidden, impossible to guess, and marked with the process that made
+// them, so that the files of a dead process can be removed. A name of any other form has no maker.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <sys/types.h>
+
+/// Identifies one process among all that can reach a shared folder. A field that cannot be read stays 0, and the
+/// process counts as alive.
+struct ProcessMark {
+    std::uint32_t machine = 0; ///< hash of host and PID namespace
+    std::uint32_t boot = 0;
+    pid_t process = 0;
+    std::uint64_t startTicks = 0; ///< clock ticks since boot
+
+    [[nodiscard]] static ProcessMark OfThisProcess();
+
+    bool operator==(const ProcessMark&) const = default;
+};
+
+enum class ProcessState { Alive, Gone, OnAnotherMachine };
+
+/// The state of the process `mark` as seen from the process `own`.
+[[nodiscard]] ProcessState StateOf(const ProcessMark& mark, const ProcessMark& own);
+
+/// A new name: ".kalvenor-<machine>-<boot>-<process>-<start>-<random>.tmp", numbers in hexadecimal.
+[[nodiscard]] std::string MakeTemporaryName(const ProcessMark& maker);
+
+/// The process that made the temporary file of this name; nullopt for every other name.
+[[nodiscard]] std::optional<ProcessMark> MakerOfTemporary(std::string_view name);

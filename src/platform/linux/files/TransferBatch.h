@@ -1,0 +1,65 @@
+// A group of files and folders that is synced and put in place together. Owns the staged temporaries; whatever was not
+// placed vanishes with the batch. Failures go to the observer.
+#pragma once
+
+#include "FileSystem.h"
+#include "TemporaryFiles.h"
+
+#include <functional>
+#include <future>
+#include <vector>
+
+/// Runs one piece of work on a helper thread, or at once where no thread can be had. The work must not throw.
+class BackgroundTask final {
+  public:
+    BackgroundTask() = default;
+    BackgroundTask(const BackgroundTask&) = delete;
+    BackgroundTask& operator=(const BackgroundTask&) = delete;
+    ~BackgroundTask();
+
+    void Start(const std::function<void()>& work);
+
+    /// Returns when the work is done. Until then it reports progress (0 bytes) to the observer several times a second.
+    /// The observer may call Wait again: then both calls return.
+    void Wait(TransferObserver& observer);
+
+  private:
+    std::future<void> m_work;
+};
+
+class TransferBatch final {
+  public:
+    void Add(StagedFile file);
+    void Add(StagedFolder folder);
+    [[nodiscard]] bool IsEmpty() const { return m_files.empty() && m_folders.empty(); }
+
+    /// True when a file of this batch will take this name.
+    [[nodiscard]] bool Holds(const FileId& folder, const std::filesystem::path& name) const;
+
+    /// True when it holds enough descriptors or bytes to be flushed.
+    [[nodiscard]] bool IsFull(std::size_t descriptorLimit) const;
+
+    /// Starts to sync the bytes on the helper thread. Nothing may be added from now on.
+    void StartSync();
+
+    /// Waits for the sync, gives the files their names and removes the sources of moved files. Events that run while it
+    /// waits may call it again: the inner call does the rest, and the outer one finds it done.
+    void Finish(TemporaryFiles& temporaries, TransferObserver& observer);
+
+  private:
+    enum class Stage { Contents, Names, Done };
+
+    void place(TemporaryFiles& temporaries, TransferObserver& observer);
+    void startNames();
+    void finishNames(TransferObserver& observer);
+    void removeSources(TransferObserver& observer);
+    void finishFolders(TransferObserver& observer);
+
+    std::vector<StagedFile> m_files;
+    std::vector<StagedFolder> m_folders;
+    std::uint64_t m_bytes = 0;
+    std::size_t m_descriptors = 0;
+    Stage m_stage = Stage::Contents;
+    std::error_code m_namesError; ///< of syncing the names
+    BackgroundTask m_task;        ///< last: its destructor waits for the work on the files
+};

@@ -1,0 +1,168 @@
+#include "LinuxServiceManager.h"
+
+#include "AtomicFile.h"
+#include "LinuxOwnFiles.h"
+#include "Tool.h"
+#include "modForeignText.h"
+#include <QHash>
+#include <iostream>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr mode_t unitMode = 0644;
+constexpr std::int64_t mostBytes = 1 << 20;
+constexpr std::chrono::seconds patience{10};
+
+const QStringList reload{QStringLiteral("daemon-reload")};
+
+QString unitName() {
+    return QString::fromLatin1(ServiceUnit::FileName);
+}
+
+bool command(const QString& verb, const QString& service) {
+    const QString interpreter = qEnvironmentVariable("COMSPEC");
+    if (!interpreter.isEmpty())
+        return Tool::StartDetached(interpreter, {QStringLiteral("/c"), QStringLiteral("net"), verb, service});
+    return Tool::StartDetached(QStringLiteral("systemctl"), {QStringLiteral("--user"), verb, service});
+}
+
+QByteArray priorityOf(ServiceEvent type) {
+    switch (type) {
+    case ServiceEvent::Error:
+        return "<3>";
+    case ServiceEvent::Warning:
+        return "<4>";
+    case ServiceEvent::Information:
+        break;
+    }
+    return "<6>";
+}
+
+} // namespace
+
+QByteArray EventLine(ServiceEvent type, int id, const QString& text, bool journal) {
+    const QString line = modForeignText::OneLine(text).simplified() + QStringLiteral(" [%1]").arg(id);
+    return (journal ? priorityOf(type) : QByteArray()) + line.toUtf8() + '\n';
+}
+
+ServiceState StateFromProperties(const QByteArray& answer) {
+    QHash<QByteArray, QByteArray> properties;
+    for (const QByteArray& line : answer.split('\n')) {
+        const qsizetype separator = line.indexOf('=');
+        if (separator > 0)
+            properties[line.left(separator)] = line.mid(separator + 1).trimmed();
+    }
+    using Kind = ServiceState::Kind;
+    const QByteArray active = properties["ActiveState"];
+    if (active == "failed")
+        return {Kind::Failed, QString::fromUtf8(properties["Result"] + ", status " + properties["ExecMainStatus"])};
+    if (active == "active" || active == "activating" || active == "reloading" || active == "deactivating")
+        return {Kind::Running, {}};
+    const QByteArray file = properties["UnitFileState"];
+    return {file == "enabled" || file == "alias" || file == "static" ? Kind::Stopped : Kind::NotInstalled, {}};
+}
+
+LinuxServiceManager::LinuxServiceManager(fs::path program, const fs::path& configHome, ServiceNotifier notifier)
+    : m_program(std::move(program)),
+      m_unit(configHome.empty() ? fs::path() : configHome / "systemd/user" / ServiceUnit::FileName),
+      m_notifier(std::move(notifier)) {}
+
+void LinuxServiceManager::systemctl(const QStringList& words, WatchedTools::Listener listener) {
+    m_tools.Run(QStringLiteral("systemctl"), QStringList{QStringLiteral("--user"), QStringLiteral("--quiet")} + words,
+                patience, std::move(listener));
+}
+
+void LinuxServiceManager::Install(Outcome outcome) {
+    const std::optional<QByteArray> text = ServiceUnit::Text(m_program);
+    if (!text || m_unit.empty())
+        return outcome(false, {});
+    QByteArray former;
+    const std::error_code noFormer = LinuxOwnFiles().ReadAll(m_unit, mostBytes, former);
+    if (noFormer && noFormer != std::errc::no_such_file_or_directory)
+        return outcome(false, modForeignText::OfError(noFormer));
+    if (const std::error_code error = AtomicFile::Put(m_unit, *text, unitMode))
+        return outcome(false, modForeignText::OfError(error));
+    const std::optional<QByteArray> before = noFormer ? std::nullopt : std::optional(former);
+    systemctl(reload, [this, before, outcome](const ToolEnd& reloaded) {
+        if (!reloaded.succeeded)
+            return undoInstall(before, reloaded.complaint, outcome);
+        systemctl({QStringLiteral("enable"), unitName()}, [this, before, outcome](const ToolEnd& enabled) {
+            if (!enabled.succeeded)
+                return undoInstall(before, enabled.complaint, outcome);
+            outcome(true, {});
+        });
+    });
+}
+
+/// A unit that nobody enabled would look installed.
+void LinuxServiceManager::undoInstall(const std::optional<QByteArray>& former, const QString& reason,
+                                      const Outcome& outcome) {
+    std::error_code error;
+    if (former)
+        error = AtomicFile::Replace(m_unit, *former, unitMode);
+    else
+        fs::remove(m_unit, error);
+    const QString why = error ? modForeignText::OfError(error) : reason;
+    systemctl(reload, [outcome, why](const ToolEnd&) { outcome(false, why); });
+}
+
+void LinuxServiceManager::Uninstall(Outcome outcome) {
+    std::error_code error;
+    if (m_unit.empty() || !fs::exists(fs::symlink_status(m_unit, error)))
+        return outcome(false, {});
+    // First, while the unit still says which links belong to it.
+    systemctl({QStringLiteral("disable"), unitName()}, [this, outcome](const ToolEnd& disabled) {
+        if (!disabled.succeeded)
+            return outcome(false, disabled.complaint);
+        std::error_code failure;
+        if (!fs::remove(m_unit, failure))
+            return outcome(false, modForeignText::OfError(failure));
+        // Even if this fails, the service is gone from the next session on.
+        systemctl(reload, [outcome](const ToolEnd&) { outcome(true, {}); });
+    });
+}
+
+void LinuxServiceManager::QueryState(StateListener listener) {
+    const QString properties = QStringLiteral("--property=LoadState,UnitFileState,ActiveState,Result,ExecMainStatus");
+    systemctl({QStringLiteral("show"), properties, unitName()}, [listener](const ToolEnd& end) {
+        listener(end.succeeded ? StateFromProperties(end.output)
+                               : ServiceState{ServiceState::Kind::Unknown, end.complaint});
+    });
+}
+
+bool LinuxServiceManager::Start(const QString& service) {
+    return command(QStringLiteral("start"), service);
+}
+
+bool LinuxServiceManager::Stop(const QString& service) {
+    return command(QStringLiteral("stop"), service);
+}
+
+bool LinuxServiceManager::AcceptControls(bool debug, ControlListener listener) {
+    if (m_controls)
+        return false;
+    const bool obeys = debug || m_notifier.HasListener();
+    // The signals are taken in any case: by default they would end a process that nobody manages.
+    m_controls =
+        std::make_unique<SignalPipe>(std::initializer_list<int>{SIGUSR1, SIGUSR2},
+                                     [obeys, tell = std::move(listener)](const std::vector<int>& numbers) {
+                                         for (const int number : obeys ? numbers : std::vector<int>())
+                                             tell(number == SIGUSR1 ? ServiceControl::Pause : ServiceControl::Continue);
+                                     });
+    return obeys;
+}
+
+void LinuxServiceManager::NotifyReady() {
+    m_notifier.Send("READY=1");
+}
+
+void LinuxServiceManager::NotifyStopping() {
+    m_notifier.Send("STOPPING=1");
+}
+
+void LinuxServiceManager::LogEvent(ServiceEvent type, int id, const QString& text) {
+    const bool journal = qEnvironmentVariableIsSet("JOURNAL_STREAM");
+    std::cerr << EventLine(type, id, text, journal).toStdString() << std::flush;
+}

@@ -1,0 +1,23 @@
+#include "LocalTime.h"
+#include "Session.h"
+
+#include <QtGlobal>
+
+DisplayFacts ReadDisplayFacts() {
+    return {qEnvironmentVariable("DISPLAY"), qEnvironmentVariable("WAYLAND_DISPLAY"),
+            qEnvironmentVariable("QT_QPA_PLATFORM")};
+}
+
+bool IsJournalOnStandardError() {
+    return qEnvironmentVariableIsSet("JOURNAL_STREAM");
+}
+
+void LocalTime::ReadZone() {
+    ::tzset();
+}
+
+std::tm LocalTime::Parts(std::time_t seconds) {
+    std::tm parts{};
+    ::localtime_r(&seconds, &parts);
+    return parts;
+}
