@@ -68,7 +68,7 @@ class Program final {
     /// Until this is called the schedulers do nothing, so that no activity runs before the notice is answered.
     void AllowTicks();
 
-    /// Ends a run after its present file, and a mail being sent after `mailGrace`. The host calls it before it closes,
+    /// Ends a run after its current file, and a mail being sent after `mailGrace`. The host calls it before it closes,
     /// then waits until nothing is running.
     void RequestEnd(std::chrono::milliseconds mailGrace = std::chrono::seconds(5));
 

@@ -12,7 +12,7 @@ class RunEndWaiter final : public QObject {
   public:
     explicit RunEndWaiter(Program& program, QObject* parent = nullptr);
 
-    /// Asks a run to end after its present file and starts waiting. A second call changes nothing.
+    /// Asks a run to end after its current file and starts waiting. A second call changes nothing.
     void Begin();
     [[nodiscard]] bool Waiting() const { return m_begun; }
 

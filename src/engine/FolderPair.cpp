@@ -3,6 +3,7 @@
 #include "modNativePath.h"
 
 #include <algorithm>
+#include <tuple>
 
 namespace {
 std::vector<FolderEntry>::const_iterator find(const std::vector<FolderEntry>& sorted,
@@ -174,7 +175,7 @@ std::error_code DestinationNames::Claim(const std::filesystem::path& name, const
 void DestinationNames::FindCounterparts() {
     const std::vector<FolderEntry>& entries = m_destination.Entries();
     for (std::size_t i = 0; i < entries.size() && !m_folds; ++i)
-        static_cast<void>(folds(entries[i].name));
+        std::ignore = folds(entries[i].name);
     if (!m_folds.value_or(false))
         return;
     remember(entries);

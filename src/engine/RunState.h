@@ -55,7 +55,7 @@ class RunState final {
     /// Something is under way that must not be cut off, by switching the machine off say.
     [[nodiscard]] bool Running() const { return m_depth > 0 || m_mails > 0; }
 
-    /// The program is about to end: runs finish the present file, nothing new begins.
+    /// The program is about to end: runs finish the current file, nothing new begins.
     void RequestEnd() { m_closing = true; }
     [[nodiscard]] bool Closing() const { return m_closing; }
 

@@ -6,6 +6,7 @@
 #include <QEventLoop>
 #include <QPointer>
 #include <QStringList>
+#include <tuple>
 #include <utility>
 
 namespace {
@@ -40,7 +41,7 @@ std::optional<int> ServiceMode::ServiceConfiguration(const QString& word, Servic
         m_debug = true;
     else if (word == QLatin1String("initialize"))
         // Refused in a window that nobody manages, which goes on as a window.
-        static_cast<void>(m_manager.AcceptControls(m_debug, [this](ServiceControl control) { obey(control); }));
+        std::ignore = m_manager.AcceptControls(m_debug, [this](ServiceControl control) { obey(control); });
     else if (!word.isEmpty())
         tell(m_texts[Text::UnknownServiceParameter], true);
     return std::nullopt;

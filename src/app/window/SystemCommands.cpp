@@ -6,12 +6,13 @@
 #include "RunEndWaiter.h"
 #include "ServiceMode.h"
 #include "frmServiceOptions.h"
+#include <tuple>
 
 SystemCommands::SystemCommands(Program& program, DialogHost& dialogs)
     : m_program(program), m_dialogs(dialogs),
       m_clock(*program.Services().systemClock, *program.Services().clock, program.Texts()),
       m_update(*program.Services().settings, *program.Services().clock, [&program](const QUrl& address) {
-          static_cast<void>(program.Services().process->OpenWebPage(address.toString()));
+          std::ignore = program.Services().process->OpenWebPage(address.toString());
       }) {
     m_update.Configure(UpdateConfiguration::OfThisProgram());
     connect(&m_clock, &ClockSync::Synchronised, this,
@@ -35,7 +36,7 @@ void SystemCommands::SynchroniseClockOverDialUp() {
 }
 
 void SystemCommands::CheckForUpdatesOfTheDay() {
-    static_cast<void>(m_update.CheckOncePerDay());
+    std::ignore = m_update.CheckOncePerDay();
 }
 
 void SystemCommands::offerVersion(ctlAutoUpdate::Check check) {
@@ -77,7 +78,7 @@ void SystemCommands::ShowServiceOptions() {
             [this, &form] { form.ShowWorking(m_program.Texts()[Text::ServiceManagerWorking]); });
     connect(&service, &ServiceMode::StateKnown, &form, &frmServiceOptions::ShowState);
     service.QueryState();
-    static_cast<void>(m_dialogs.Run(form));
+    std::ignore = m_dialogs.Run(form);
     if (mustEnd)
         Q_EMIT EndWanted();
 }

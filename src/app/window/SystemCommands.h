@@ -1,5 +1,5 @@
-// The commands that reach into the system: setting the clock, asking for a newer version, the service. Owns what is
-// under way of each; outcomes are told in boxes.
+// The commands that reach into the system: setting the clock, checking for a newer version, the service. Owns the
+// pending request of each; results are shown in message boxes.
 #pragma once
 
 #include "ClockSync.h"
