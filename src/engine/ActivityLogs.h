@@ -1,5 +1,5 @@
-// The engine's outputs in text: the status of an activity, its own log, and the application log. Owns nothing. A log
-// that cannot be written loses its entry; nothing else is affected. The program's own files are never logged into.
+// What the engine writes: the status of an activity, its own log, and the application log. An entry that cannot be
+// written is lost; nothing else is affected. Never writes to the program's own files.
 #pragma once
 
 #include "EngineServices.h"
@@ -23,20 +23,20 @@ class ActivityLogs final {
     /// The same with "Activity 'NAME' - " in front.
     void WriteActionLine(const QString& name, const QString& text);
 
-    /// The same into a log that the record no longer names.
+    /// The same, to a log file that the record no longer names.
     void WriteActionLineTo(const QString& logFile, const QString& name, const QString& text);
 
     /// Appends to the application log when one is set and its file exists; it is never created here.
     void WriteAppLog(const QString& text);
 
-    /// Whether anybody reads this activity's lines; spares composing them.
+    /// False when nothing reads this activity's lines, so that they need not be composed.
     [[nodiscard]] bool HasReader(const QString& name) const;
 
-    /// Is told every entry of every activity, with or without a log file.
+    /// The listener gets every entry of every activity, with or without a log file.
     void SetListener(std::function<void(const QString& text)> listener) { m_listener = std::move(listener); }
 
   private:
-    /// The last answer for one of the two logs. Asking the disk for each line would cost as much as the line.
+    /// The last answer for one of the two logs. Asking the disk for every line would cost as much as the line itself.
     struct Verdict {
         QString path;
         std::chrono::steady_clock::time_point at;

@@ -16,7 +16,7 @@ RunOutcome ChangeDetection::ProcessActivity(const QString& name, RunStarter star
     return outcome;
 }
 
-/// Asked after events have run: monitoring may be off and the record gone by then.
+/// Events have run before this: monitoring may be off and the record deleted.
 bool ChangeDetection::mayRun(const QString& name, RunStarter starter) const {
     return !m_services.runState.Closing() && m_services.file.Has(name) &&
            (starter == RunStarter::User || m_tools.monitoring.IsOn());
@@ -24,7 +24,7 @@ bool ChangeDetection::mayRun(const QString& name, RunStarter starter) const {
 
 RunOutcome ChangeDetection::process(const QString& name, RunStarter starter, RunState::Run& run) {
     m_tools.interruptions.Yield();
-    // Held to the end of the run, whatever becomes of monitoring and of the current file meanwhile.
+    // Held to the end of the run, even if monitoring stops or another file becomes current.
     LockRefusal refusal{};
     const EngineLock::Token lock = m_services.lock.Take(m_services.file.CurrentPath(), refusal);
     if (!lock || !mayRun(name, starter))
@@ -39,7 +39,7 @@ RunOutcome ChangeDetection::process(const QString& name, RunStarter starter, Run
         m_services.fileSystem.OpenFolder(modNativePath::Absolute(identity.source), error);
     if (!source)
         return refuse(name, identity.source, error);
-    // An activity that only reports needs no destination; nothing is changed in the directory that stands in for it.
+    // An activity that only reports needs no destination; nothing is changed in the directory used instead.
     const bool needsNone = identity.destination.trimmed().isEmpty() && identity.action == u"2";
     const QString destinationText = needsNone ? QStringLiteral(".") : identity.destination;
     const std::shared_ptr<Folder> destination =
@@ -55,8 +55,8 @@ RunOutcome ChangeDetection::process(const QString& name, RunStarter starter, Run
     return outcome;
 }
 
-/// Only what is not there is missing. What cannot be opened for another reason, for want of rights or of descriptors
-/// say, may work the next time: the activity stays in monitoring and the run counts as not done.
+/// Only a directory that does not exist is missing. Any other failure (no permission, no descriptors left) may be gone
+/// at the next try, so the activity stays in monitoring and the run counts as not done.
 RunOutcome ChangeDetection::refuse(const QString& name, const QString& directory, std::error_code error) {
     if (error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory) {
         handleMissing(name, directory);

@@ -1,5 +1,5 @@
-// Runs one activity: looks at its directories, lets a SyncRun do the work, and tells of the end. Owns nothing. It never
-// throws: whatever goes wrong ends the run, with a line in the log.
+// Runs one activity: opens its directories, lets a SyncRun do the work, and reports the end. Never throws: whatever
+// goes wrong ends the run with a line in the log.
 #pragma once
 
 #include "SyncRun.h"
@@ -9,7 +9,7 @@ class ChangeDetection final {
     ChangeDetection(const RunTools& tools, ActivityMailer& mailer)
         : m_tools(tools), m_services(tools.services), m_mailer(mailer) {}
 
-    /// Runs the activity once, now. Events run inside: rows and documents can be others afterwards.
+    /// Runs the activity once, now. Events run inside: rows and the document may have changed afterwards.
     RunOutcome ProcessActivity(const QString& name, RunStarter starter);
 
   private:

@@ -12,7 +12,7 @@ class OwnFiles;
 
 class EngineLock final {
   public:
-    /// Whoever holds one may work on the file it was taken for, whichever file is current by then.
+    /// The holder may work on the file it was taken for, even if another file is current by now.
     using Token = std::shared_ptr<const std::vector<std::shared_ptr<HeldLock>>>;
 
     EngineLock(Locks& locks, const OwnFiles& files) : m_locks(locks), m_files(files) {}

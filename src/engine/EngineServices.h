@@ -1,5 +1,5 @@
-// What the engine works with, and the three interfaces through which it reaches what lies above it or would close a
-// circle: general options, mail, and monitoring itself. Owns nothing; everything named here outlives the engine.
+// What the engine works with, and three interfaces: general options, mail and monitoring, which would otherwise be
+// includes that point up or in a circle. Everything named here outlives the engine.
 #pragma once
 
 #include <QString>

@@ -1,5 +1,5 @@
-// The files of one pair of folders: compares them, asks, and hands what is to be done to the run's transfer. Owns what
-// it remembers of the pair's files. The failure of one file never ends the run.
+// The files of one pair of folders: compares them, asks the user, and hands the transfer what to copy or move. Owns
+// what it remembers of the pair's files. The failure of one file never ends the run.
 #pragma once
 
 #include "SyncRun.h"
@@ -15,12 +15,12 @@ class FileSync final {
     void Run();
 
   private:
-    /// A file and what stands at its destination, as they were when it was decided what becomes of them.
+    /// A file and its destination as they were when the decision was made.
     struct Decided {
         std::filesystem::path name;
         FileFacts source;
         std::optional<FileFacts> destination;
-        unsigned at = 0; ///< the interruptions so far
+        unsigned at = 0; ///< interruptions counted so far
     };
 
     [[nodiscard]] bool list();

@@ -1,4 +1,4 @@
-// Which files take part in an activity: a suffix test on the full path. A value; it cannot fail.
+// Which files take part in an activity: a suffix test on the full path. A value.
 #pragma once
 
 #include <QString>

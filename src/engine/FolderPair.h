@@ -11,7 +11,7 @@
 class Interruptions;
 
 /// One listing of a folder, kept fresh while the folder is worked on. Owns the entries; a listing that failed is empty
-/// and says so. What was staged for the folder counts as being there already.
+/// and says so. What is staged for the folder counts as already there.
 class FolderView final {
   public:
     FolderView(std::shared_ptr<Folder> folder, const Interruptions& interruptions);
@@ -52,7 +52,7 @@ class FolderView final {
 };
 
 /// Which entry of the destination each name of the source leads to. Only the disk can tell: on one that folds letter
-/// case two names may be one file, and an entry that is spelt differently is no surplus. What cannot be told for sure
+/// case two names may be one file, and an entry that is spelt differently is no surplus. What cannot be determined
 /// is an error, or spared.
 class DestinationNames final {
   public:
@@ -60,7 +60,7 @@ class DestinationNames final {
 
     /// Claims the entry `found`, to which the name leads, for a name of the source. std::errc::file_exists when the
     /// entry belongs to another name of the source: two files meet at one place, and the second one stays where it is.
-    /// `exactOnly`: the entry must be spelt like the name (what is moved here a moment ago would else be replaced).
+    /// `exactOnly`: the entry must be spelt like the name (otherwise a file moved here a moment ago would be replaced).
     [[nodiscard]] std::error_code Claim(const std::filesystem::path& name, const FileFacts& found, bool exactOnly);
 
     /// To be called when both folders were listed and nothing has been transferred yet: finds the entries that are

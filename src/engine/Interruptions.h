@@ -1,5 +1,5 @@
-// The one door through which a run lets anything else happen: a message box, or the events that wait. Owns the count of
-// those times; what was looked at before one of them may be stale after it. Cannot fail.
+// The one door through which a run lets anything else happen: a message box, or pending events. Counts them; what a run
+// saw before an interruption may be stale after it.
 #pragma once
 
 #include <QTimer>
@@ -19,10 +19,10 @@ class Interruptions final {
     Interruptions(const Interruptions&) = delete;
     Interruptions& operator=(const Interruptions&) = delete;
 
-    /// Shows a box, after everything that the runs on the stack have staged is in place: the answer may take an hour.
+    /// Commits what the runs on the stack have staged, then shows a box: the answer may take an hour.
     MessageAnswer Ask(const Message& message);
 
-    /// Handles the events that wait. When they take long (another box, another run), what is staged is committed.
+    /// Handles pending events. If that takes long (another box, another run), commits what is staged.
     void Yield();
 
     /// The same, at most every 50 ms.
@@ -30,7 +30,7 @@ class Interruptions final {
 
     [[nodiscard]] std::chrono::steady_clock::time_point Now() const;
 
-    /// Grows with every time anything else could happen.
+    /// Grows with every interruption.
     [[nodiscard]] unsigned Count() const { return m_count; }
 
     /// Makes a run's transfer known from its start to its end. Runs end in the reverse order of their starts.

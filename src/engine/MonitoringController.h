@@ -37,7 +37,7 @@ class MonitoringController final : public QObject, public MonitoringSwitch {
   Q_SIGNALS:
     /// The mark changed: menus, toolbar, tray and status bar show it.
     void StateChanged(bool on);
-    /// A start was refused because the lock on the activity file was; the user has been told.
+    /// A start was refused because the lock on the activity file was; a message has been shown.
     void LockRefused();
 
   private:

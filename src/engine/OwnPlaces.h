@@ -1,6 +1,6 @@
-// Tells the program's own files among those that an activity works on: the activity file, the settings and the locks,
-// which no activity may replace, delete or log into, and the logs, which change with every line. Owns nothing; a file
-// that cannot be looked at is none of them.
+// Recognises the program's own files among those an activity works on: the activity file, the settings and the locks,
+// which no activity may replace, delete or log into, and the logs, which change with every line. A file that cannot be
+// examined is not recognised.
 #pragma once
 
 #include "EngineServices.h"

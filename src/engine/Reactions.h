@@ -1,5 +1,5 @@
-// What an activity does about a detected change besides the file action: a pop-up, a program to start. Owns nothing;
-// a program that cannot be started leaves a line in the activity's log.
+// What an activity does about a detected change besides the file action: shows a pop-up, starts a program. A program
+// that cannot be started leaves a line in the activity's log.
 #pragma once
 
 #include "EngineServices.h"

@@ -1,11 +1,11 @@
-// The facts of one run of an activity: who wanted it, what it began with, why it ended. Plain values.
+// The facts of one run: who started it, what it began with, why it ended. Plain values.
 #pragma once
 
 #include <QString>
 
 class ActivityFile;
 
-/// Who wants the run: a scheduled one ends when monitoring is stopped.
+/// Who started the run: a scheduled one ends when monitoring is stopped.
 enum class RunStarter { Schedule, User };
 
 /// What a run belongs to: an activity file, a record, and the directories and action of the record. A record of the

@@ -1,5 +1,4 @@
-// What is under way in the engine right now, asked by many and told by the runs and mails themselves. Owned by the
-// program; cannot fail.
+// What is under way in the engine right now. Runs and mails report to it, everything else asks it. Owned by Program.
 #pragma once
 
 #include "RunFacts.h"
@@ -52,14 +51,14 @@ class RunState final {
     void MailBegan() { ++m_mails; }
     void MailEnded() { --m_mails; }
 
-    /// Something is under way that must not be cut off, by switching the machine off say.
+    /// Something is under way that must not be cut off, for example by switching the machine off.
     [[nodiscard]] bool Running() const { return m_depth > 0 || m_mails > 0; }
 
     /// The program is about to end: runs finish the current file, nothing new begins.
     void RequestEnd() { m_closing = true; }
     [[nodiscard]] bool Closing() const { return m_closing; }
 
-    /// A run had a missing directory or a failure, until whoever has shown it says so.
+    /// A run had a missing directory or a failure that has not been shown yet.
     [[nodiscard]] bool AnyFailed() const { return m_anyFailed; }
     void FailuresShown() { m_anyFailed = false; }
 

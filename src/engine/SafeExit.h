@@ -1,4 +1,4 @@
-// The emergency exit: F8 held down while actions run ends the whole program. Owns nothing, cannot fail.
+// The emergency exit: F8 held down while actions run ends the whole program.
 #pragma once
 
 #include "EngineServices.h"
@@ -14,7 +14,7 @@ class SafeExit final {
     /// True while the key is down and the option allows it.
     [[nodiscard]] bool IsRequested() const;
 
-    /// Stops monitoring, tells the user and ends the process without saving. What the logs say was done is done.
+    /// Stops monitoring, shows a box and ends the process without saving. Everything the logs report as done is done.
     void End(MonitoringSwitch& monitoring);
 
   private:

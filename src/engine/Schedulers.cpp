@@ -25,7 +25,7 @@ void Schedulers::guarded(void (Schedulers::*tick)()) {
     try {
         (this->*tick)();
     } catch (const std::exception& error) {
-        // The tick is over, the next one starts anew; an exception must not pass through the event loop.
+        // Ends this tick only; an exception must not pass through the event loop.
         m_logs.WriteAppLog(QString::fromUtf8(error.what()));
     }
 }
@@ -48,7 +48,7 @@ void Schedulers::runDue(const QString& name) {
         m_logs.SetActivityStatus(name, m_services.texts[Text::StoppedAfterOnce]);
     }
     const RunOutcome outcome = m_changes.ProcessActivity(name, RunStarter::Schedule);
-    // What was ended early is still to be done. Events ran: the user may have brought the row back already.
+    // A run that ended early is still to be done. Events have run: the user may have ticked the row again already.
     if (isOnce && outcome.interrupted && m_services.list.IsTakenOut(name))
         m_services.list.Readmit(name);
     else if (isOnce && !outcome.interrupted && !outcome.directoryMissing)
@@ -103,7 +103,7 @@ void Schedulers::tickOfInterval(const QString& type, std::int32_t counter, bool 
 }
 
 void Schedulers::onMinute() {
-    // What could not be loaded a while ago may be whole again, and nobody may be there to refresh the list.
+    // A file that failed to load may be readable again, and there may be no user to refresh the list.
     if (!m_services.file.IsLoaded() && m_services.file.Load())
         m_services.list.Refill();
     std::int32_t& counter = m_dueMarks.MinuteCounter;

@@ -1,5 +1,5 @@
-// The five schedulers: each tick walks the list and runs what is due. Owns nothing but its permission to tick. No
-// exception leaves a tick; one activity's trouble never keeps the others from their turn.
+// The five schedulers: each tick walks the list and runs what is due. No exception leaves a tick; an activity that
+// fails does not keep the others from running.
 #pragma once
 
 #include "DueMarks.h"
@@ -16,9 +16,9 @@ class Schedulers final : public QObject {
   public:
     /// `locale`: in whose order dates with "/" are read.
     Schedulers(const EngineServices& services, ActivityLogs& logs, ChangeDetection& changes, DueMarks& dueMarks,
-               MonitoringSwitch& monitoring, QLocale locale)
+               MonitoringSwitch& monitoring, const QLocale& locale)
         : m_services(services), m_logs(logs), m_changes(changes), m_dueMarks(dueMarks), m_monitoring(monitoring),
-          m_locale(std::move(locale)) {}
+          m_locale(locale) {}
 
     /// Each timer's event runs its scheduler.
     void ConnectTo(MonitoringTimers& timers);

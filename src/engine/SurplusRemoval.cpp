@@ -28,7 +28,7 @@ void SurplusRemoval::DeleteTree() {
     Folder& parent = *m_pair.destination.Handle();
     if (m_run.IsRootOrAbove(m_entry.facts.id) || !mayDelete())
         return;
-    // With a filter most of the folder may stay: then each file that goes is named.
+    // With a filter most of the folder may stay, so each deleted file gets a line.
     if (!m_run.Filter().IsActive())
         m_run.Line(m_run.Tools().texts.DeletingFolder(ToText(parent.Path() / m_entry.name)));
     emptyFolder(parent, m_entry, 0);
@@ -39,7 +39,7 @@ std::shared_ptr<Folder> SurplusRemoval::open(Folder& parent, const FolderEntry& 
     const std::filesystem::path path = parent.Path() / entry.name;
     std::error_code error;
     std::shared_ptr<Folder> folder = parent.OpenChild(entry, error);
-    // Before it is listed: what another tree holds is none of this one's surplus.
+    // Checked before listing: the files of another file system are not surplus of this tree.
     if (folder && (folder->Mount() != parent.Mount() || folder->Id().device != parent.Id().device)) {
         m_run.Line(m_run.Tools().texts.OtherMount(ToText(path)));
         return nullptr;

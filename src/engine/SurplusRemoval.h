@@ -1,5 +1,5 @@
-// Deletes a folder that a mirror's destination has and its source lacks. Owns nothing. Before each deletion the run
-// says whether it may; deleting never follows a link, crosses a mount or takes a file of the program itself. Failures
+// Deletes a folder that a mirror's destination has and its source lacks. Before each deletion the run
+// checks whether it may; deleting never follows a link, crosses a mount or takes a file of the program itself. Failures
 // are logged and counted.
 #pragma once
 

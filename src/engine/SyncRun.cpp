@@ -13,10 +13,10 @@
 using modNativePath::ToText;
 
 namespace {
-/// What a file on its way gets when the program closes: the system waits for no program much longer.
+/// Time a copy in progress gets when the program closes: the system does not wait much longer.
 constexpr std::chrono::seconds grace{20};
 
-/// What the user did not ask for counts as a failure.
+/// An end that the user did not ask for counts as a failure.
 bool isFailure(RunEnd reason) {
     return reason == RunEnd::RecordChanged || reason == RunEnd::RootGone || reason == RunEnd::Unreadable ||
            reason == RunEnd::FolderExchanged;
@@ -42,7 +42,7 @@ SyncRun::~SyncRun() {
 RunOutcome SyncRun::Run() {
     SyncFilesAndFolders(m_source, m_destination, 0);
     m_transfer->Commit();
-    readRecord(); // events ran: what follows a run must not go by another record
+    readRecord(); // events have run: what follows must not use another record
     return {false, m_failures, m_end != RunEnd::None};
 }
 
@@ -60,7 +60,7 @@ void SyncRun::readRecord() {
     m_log = read(ActivityField::LogFile);
 }
 
-/// Only where a file is to be written, moved or deleted: a run that finds nothing to do need not ask.
+/// Called only before a file is written, moved or deleted: an unchanged run does not pay for it.
 void SyncRun::lookAtOwnFiles() {
     readRecord();
     const unsigned now = m_tools.interruptions.Count();
@@ -140,7 +140,7 @@ bool SyncRun::React(const QString& path) {
     return !Over();
 }
 
-/// Once the record is another one's, its log is, too.
+/// Once the record has changed, its log may be another activity's.
 void SyncRun::Line(const QString& text) {
     if (m_end == RunEnd::RecordChanged)
         m_tools.logs.WriteActionLineTo(m_log, Name(), text);
@@ -257,7 +257,7 @@ void SyncRun::walkInto(FolderPair& pair, const FolderEntry& source, const Folder
     if (to)
         return SyncFilesAndFolders(std::move(from), std::move(to), pair.depth + 1);
     Failed(from ? path : pair.source.Handle()->Path() / source.name, error);
-    // What is listed there now is another folder's content, an unmounted disk's empty mount point say.
+    // What is listed there now belongs to another folder, for example to an empty mount point.
     if (error == std::errc::resource_unavailable_try_again)
         End(RunEnd::FolderExchanged);
 }

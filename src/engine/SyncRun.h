@@ -43,10 +43,10 @@ class SyncRun final : public TransferObserver {
     /// One level: the abort test, the files, the sub-folders.
     void SyncFilesAndFolders(std::shared_ptr<Folder> source, std::shared_ptr<Folder> destination, int depth);
 
-    // What the work on files and on surplus asks of its run.
+    // For FileSync and SurplusRemoval.
 
-    /// True when the run must not go on: it was ended, the program closes, monitoring was stopped, or the record is not
-    /// the one that it began with. The first to notice writes the reason.
+    /// True when the run must not go on: it has ended, the program is closing, monitoring was stopped, or the record
+    /// differs from the one it began with. The first call that notices logs the reason.
     [[nodiscard]] bool Over();
     void End(RunEnd reason);
 
@@ -75,7 +75,7 @@ class SyncRun final : public TransferObserver {
     /// Shows the message and starts the program of the activity. False when the run is over then.
     [[nodiscard]] bool React(const QString& path);
     void Line(const QString& text);
-    /// A line that counts as a failure.
+    /// Writes the line and counts a failure.
     void Refuse(const QString& text);
 
     void Failed(const std::filesystem::path& source, std::error_code error) override;

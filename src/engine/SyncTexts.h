@@ -1,4 +1,4 @@
-// The lines and the question of the file work, put together from the string table. Owns nothing, cannot fail.
+// The log lines and the question of the file work, composed from the string table.
 #pragma once
 
 #include "FileFacts.h"
@@ -30,14 +30,14 @@ class SyncTexts final {
     [[nodiscard]] QString DeletingFolder(const QString& path) const;
     [[nodiscard]] QString TransferringFolder(const QString& source, const QString& destination) const;
 
-    // What a run leaves alone, and why it ended before its end.
+    // What a run leaves alone, and why it ended early.
     [[nodiscard]] QString OwnFile(const QString& path) const;
     [[nodiscard]] QString OtherMount(const QString& path) const;
     [[nodiscard]] QString NestedRoot(const QString& path) const;
     [[nodiscard]] QString TooDeep(const QString& path) const;
     [[nodiscard]] QString EndedEarly(RunEnd reason) const;
 
-    /// A busy or shared file is told apart from every other error, which is named by the system's number.
+    /// A locked file has a text of its own; any other error is named by the system's number.
     [[nodiscard]] QString Failure(const QString& source, std::error_code error) const;
 
     /// Asks before an older file replaces a newer one.

@@ -67,7 +67,7 @@ void TimerEx::Poll() {
     const std::int64_t period = m_interval * units[static_cast<std::size_t>(m_unit)].seconds;
     if (period > std::numeric_limits<std::int32_t>::max())
         throw EngineError(6, "overflow");
-    // A clock that was set back counts as elapsed time too: better one tick too early than none for a year.
+    // A clock that was set back counts as elapsed time: better one tick too early than none for a year.
     if (std::abs(wholeSeconds(m_clock.Now()) - wholeSeconds(m_lastFiring)) < period)
         return;
     {

@@ -1,4 +1,4 @@
-// Three-way comparison of file times that were stored by different file systems. Free functions, no failure.
+// Three-way comparison of file times that were stored by different file systems.
 #pragma once
 
 #include "FileFacts.h"

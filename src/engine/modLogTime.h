@@ -1,4 +1,4 @@
-// Dates and times as text, in local time. Free functions, no failure.
+// Dates and times as text, in local time.
 #pragma once
 
 #include "FileFacts.h"
@@ -7,7 +7,7 @@
 
 namespace modLogTime {
 
-/// Takes over a change of the system's time zone; the C library looks only when it is told to.
+/// Picks up a change of the system's time zone; the C library does not notice one by itself.
 void ReadTimeZone();
 
 /// "dd.MM.yyyy HH:mm:ss", whatever the locale.

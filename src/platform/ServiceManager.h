@@ -35,8 +35,8 @@ class ServiceManager {
     using StateListener = std::function<void(const ServiceState& state)>;
     virtual void QueryState(StateListener listener) = 0;
 
-    /// Asks for the start or the stop of the service of this name and does not wait for it. False when there is nobody
-    /// to ask.
+    /// Requests the start or the stop of the service of this name without waiting for it. False when the request cannot
+    /// be made.
     [[nodiscard]] virtual bool Start(const QString& service) = 0;
     [[nodiscard]] virtual bool Stop(const QString& service) = 0;
 

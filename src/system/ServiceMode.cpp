@@ -40,7 +40,7 @@ std::optional<int> ServiceMode::ServiceConfiguration(const QString& word, Servic
     if (word == QLatin1String("debug"))
         m_debug = true;
     else if (word == QLatin1String("initialize"))
-        // Refused in a window that nobody manages, which goes on as a window.
+        // Refused in a process without a service manager, which goes on as a window.
         std::ignore = m_manager.AcceptControls(m_debug, [this](ServiceControl control) { obey(control); });
     else if (!word.isEmpty())
         tell(m_texts[Text::UnknownServiceParameter], true);
@@ -86,7 +86,7 @@ void ServiceMode::showResult(bool installed, bool succeeded, const QString& reas
 
 void ServiceMode::QueryState() {
     m_manager.QueryState([self = QPointer(this)](const ServiceState& state) {
-        if (self)
+        if (self && !self->m_isBusy) // a request that began since will ask again
             Q_EMIT self->StateKnown(self->textOf(state));
     });
 }

@@ -21,7 +21,7 @@ class SystemCommands final : public QObject {
 
     /// mnuCheckForUpdates.
     void CheckForUpdates() { m_update.CheckForNewVersion(); }
-    /// At the start: if the user wants it, once a day. Only a newer version is told of.
+    /// At the start: once a day if the user wants it. Only a newer version is reported.
     void CheckForUpdatesOfTheDay();
 
     /// mnuServiceOptions.

@@ -12,7 +12,7 @@ class QProcess;
 /// How a tool ended.
 struct ToolEnd {
     bool succeeded = false; ///< by itself, with exit code 0
-    QByteArray output;      ///< empty where nobody asked for it
+    QByteArray output;      ///< empty unless asked for
     QString complaint;      ///< what it wrote to standard error, or why it could not be started
 };
 

@@ -96,7 +96,7 @@ void LinuxServiceManager::Install(Outcome outcome) {
     });
 }
 
-/// A unit that nobody enabled would look installed.
+/// A unit file that is not enabled would look installed.
 void LinuxServiceManager::undoInstall(const std::optional<QByteArray>& former, const QString& reason,
                                       const Outcome& outcome) {
     std::error_code error;
@@ -144,7 +144,7 @@ bool LinuxServiceManager::AcceptControls(bool debug, ControlListener listener) {
     if (m_controls)
         return false;
     const bool obeys = debug || m_notifier.HasListener();
-    // The signals are taken in any case: by default they would end a process that nobody manages.
+    // The signals are handled in any case: their default action would end a process without a service manager.
     m_controls =
         std::make_unique<SignalPipe>(std::initializer_list<int>{SIGUSR1, SIGUSR2},
                                      [obeys, tell = std::move(listener)](const std::vector<int>& numbers) {
