@@ -96,10 +96,10 @@ def main():
     if not options.before:
         del peers["before"]
     jobs = [("first copy", source, False), ("unchanged", source, False), ("1 % changed, mirror", changed, True)]
-    times = {}
+    times, order = {}, list(peers.items())
     for number in range(options.rounds):
         first = number % len(peers)  # whoever follows another finds the disk differently busy
-        for peer, command in [*peers.items()][first:] + [*peers.items()][:first]:
+        for peer, command in order[first:] + order[:first]:
             target = base / ("target-" + peer.split()[0])
             shutil.rmtree(target, ignore_errors=True)
             target.mkdir()

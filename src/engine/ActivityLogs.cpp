@@ -29,7 +29,7 @@ void ActivityLogs::SetActivityStatus(const QString& name, const QString& text) {
 }
 
 void ActivityLogs::WriteActionLine(const QString& name, const QString& text) {
-    WriteActivityLog(name, m_services.texts[Text::ActivityQuote] + name + u"' - " + text, false);
+    WriteActionLineTo(m_services.file.Read(name, ActivityField::LogFile), name, text);
 }
 
 void ActivityLogs::WriteActionLineTo(const QString& logFile, const QString& name, const QString& text) {

@@ -6,12 +6,17 @@
 #include <tuple>
 
 namespace {
+/// Where the name is in entries sorted by name, or belongs.
+auto placeOf(auto& sorted, const std::filesystem::path& name) {
+    return std::lower_bound(sorted.begin(), sorted.end(), name,
+                            [](const FolderEntry& entry, const std::filesystem::path& wanted) {
+                                return entry.name.native() < wanted.native();
+                            });
+}
+
 std::vector<FolderEntry>::const_iterator find(const std::vector<FolderEntry>& sorted,
                                               const std::filesystem::path& name) {
-    const auto at = std::lower_bound(sorted.begin(), sorted.end(), name,
-                                     [](const FolderEntry& entry, const std::filesystem::path& wanted) {
-                                         return entry.name.native() < wanted.native();
-                                     });
+    const auto at = placeOf(sorted, name);
     return at != sorted.end() && at->name.native() == name.native() ? at : sorted.end();
 }
 
@@ -80,10 +85,7 @@ bool FolderView::Has(const std::filesystem::path& name) const {
 }
 
 void FolderView::SetStaged(const std::filesystem::path& name, const FileFacts& facts) {
-    const auto at = std::lower_bound(m_staged.begin(), m_staged.end(), name,
-                                     [](const FolderEntry& entry, const std::filesystem::path& wanted) {
-                                         return entry.name.native() < wanted.native();
-                                     });
+    const auto at = placeOf(m_staged, name);
     if (at != m_staged.end() && at->name.native() == name.native())
         at->facts = facts;
     else

@@ -27,11 +27,6 @@ constexpr std::array actionRows{
     ActionRow{Copy, "optCopy", Text::CopyFiles}, ActionRow{Move, "optMove", Text::MoveFiles},
     ActionRow{Mirror, "optMirror", Text::MirrorDirectory}, ActionRow{None, "optNoAction", Text::NoAction}};
 
-struct SwitchRow {
-    ActivityField field;
-    const char* name;
-    Text text;
-};
 constexpr std::array switchRows{SwitchRow{ActivityField::Overwrite, "chkOverwrite", Text::OverwriteUnasked},
                                 SwitchRow{ActivityField::OnlyNew, "chkOnlyNew", Text::OnlyNewer},
                                 SwitchRow{ActivityField::IncludeSubdirs, "chkIncludeSubdirs", Text::IncludeSubfolders}};
@@ -66,9 +61,7 @@ QGroupBox* EditorActionTab::buildAction() {
     }
     auto* switches = new QVBoxLayout;
     for (const SwitchRow& row : switchRows) {
-        QCheckBox* box = FormParts::CheckBox(row.name, m_services.texts[row.text]);
-        m_bindings.Switch(*box, row.field);
-        switches->addWidget(box);
+        switches->addWidget(m_bindings.NewSwitch(row, m_services.texts));
     }
     switches->addStretch(1);
     FormParts::EnterAtChosen(*m_actions);

@@ -17,11 +17,6 @@
 
 namespace {
 
-struct SwitchRow {
-    ActivityField field;
-    const char* name;
-    Text text;
-};
 constexpr std::array contents{SwitchRow{ActivityField::AttachAction, "chkAttachAction", Text::AttachAction},
                               SwitchRow{ActivityField::SendLastFile, "chkSendLastFile", Text::SendLastFile},
                               SwitchRow{ActivityField::ComputerName, "chkComputerName", Text::AttachComputerName},
@@ -110,10 +105,8 @@ void EditorMailTab::buildContents() {
     boxes->setHorizontalSpacing(24);
     int at = 0;
     for (const SwitchRow& row : contents) {
-        QCheckBox* box = FormParts::CheckBox(row.name, m_services.texts[row.text]);
-        boxes->addWidget(box, at / 2, at % 2);
+        boxes->addWidget(m_bindings.NewSwitch(row, m_services.texts), at / 2, at % 2);
         ++at;
-        m_bindings.Switch(*box, row.field);
     }
     boxes->setColumnStretch(1, 1);
     m_grid->addLayout(boxes, Contents, 1);

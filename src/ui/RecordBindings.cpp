@@ -1,6 +1,8 @@
 #include "RecordBindings.h"
 
 #include "EditorFields.h"
+#include "FormParts.h"
+#include "StringTable.h"
 #include <QAbstractButton>
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -54,6 +56,12 @@ void RecordBindings::Masked(MaskedField& line, ActivityField field, const Spell&
 void RecordBindings::Switch(QCheckBox& box, ActivityField field) {
     m_bindings.push_back({[=, &box](const ActivityRecord& record) { box.setChecked(record.IsOn(field)); },
                           [=, &box](ActivityRecord& record) { record.SetOn(field, box.isChecked()); }});
+}
+
+QCheckBox* RecordBindings::NewSwitch(const SwitchRow& row, const StringTable& texts) {
+    QCheckBox* box = FormParts::CheckBox(row.name, texts[row.text]);
+    Switch(*box, row.field);
+    return box;
 }
 
 void RecordBindings::Switch(QAbstractButton& on, QAbstractButton& off, ActivityField field) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "ActivityRecord.h"
+#include "Text.h"
 #include <functional>
 #include <vector>
 
@@ -13,7 +14,15 @@ class QCheckBox;
 class QLineEdit;
 class QPlainTextEdit;
 class QSpinBox;
+class StringTable;
 class ctlAutoCompleteCombo;
+
+/// One row of a table of check boxes, each a switch of the activity.
+struct SwitchRow {
+    ActivityField field;
+    const char* name; ///< object name
+    Text text;        ///< caption
+};
 
 class RecordBindings final {
   public:
@@ -28,6 +37,9 @@ class RecordBindings final {
     /// stored as it is shown.
     void Masked(MaskedField& line, ActivityField field, const Spell& show, const Spell& store);
     void Switch(QCheckBox& box, ActivityField field);
+
+    /// Makes the check box of the row and binds it. The caller places it in a layout, which takes it over.
+    [[nodiscard]] QCheckBox* NewSwitch(const SwitchRow& row, const StringTable& texts);
 
     /// A switch as a pair of options.
     void Switch(QAbstractButton& on, QAbstractButton& off, ActivityField field);

@@ -33,7 +33,7 @@ QLabel* lines(const char* name, const QString& text) {
 } // namespace
 
 frmServiceOptions::frmServiceOptions(const StringTable& texts, QWidget* parent)
-    : QDialog(parent), m_state(lines("lblState", texts[Text::ServiceManagerWorking])) {
+    : QDialog(parent), m_texts(texts), m_state(lines("lblState", texts[Text::ServiceManagerWorking])) {
     setObjectName(QStringLiteral("frmServiceOptions"));
     setWindowTitle(texts[Text::ServiceTitle]);
     auto* layout = new QGridLayout(this);
@@ -60,9 +60,9 @@ void frmServiceOptions::setButtonsEnabled(bool enabled) {
         button->setEnabled(enabled);
 }
 
-void frmServiceOptions::ShowWorking(const QString& text) {
+void frmServiceOptions::ShowWorking() {
     setButtonsEnabled(false);
-    m_state->setText(text);
+    m_state->setText(m_texts[Text::ServiceManagerWorking]);
 }
 
 void frmServiceOptions::ShowState(const QString& text) {

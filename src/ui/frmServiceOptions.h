@@ -14,7 +14,7 @@ class frmServiceOptions final : public QDialog {
     explicit frmServiceOptions(const StringTable& texts, QWidget* parent = nullptr);
 
     /// A request is under way: the buttons wait for ShowState.
-    void ShowWorking(const QString& text);
+    void ShowWorking();
     void ShowState(const QString& text);
 
   Q_SIGNALS:
@@ -24,6 +24,7 @@ class frmServiceOptions final : public QDialog {
   private:
     void setButtonsEnabled(bool enabled);
 
+    const StringTable& m_texts;
     QLabel* m_state;
     QList<QPushButton*> m_buttons;
 };

@@ -74,8 +74,7 @@ void SystemCommands::ShowServiceOptions() {
             form.accept();
         }
     });
-    connect(&service, &ServiceMode::Working, &form,
-            [this, &form] { form.ShowWorking(m_program.Texts()[Text::ServiceManagerWorking]); });
+    connect(&service, &ServiceMode::Working, &form, &frmServiceOptions::ShowWorking);
     connect(&service, &ServiceMode::StateKnown, &form, &frmServiceOptions::ShowState);
     service.QueryState();
     std::ignore = m_dialogs.Run(form);
