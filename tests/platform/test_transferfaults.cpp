@@ -1,11 +1,15 @@
 #include "FileWorld.h"
+#include "SystemCall.h"
 #include "SystemCallFault.h"
 #include "TemporaryName.h"
 
 #include <csignal>
+#include <cstdlib>
 #include <sched.h>
+#include <sys/ioctl.h>
 #include <sys/mount.h>
 #include <sys/ptrace.h>
+#include <sys/resource.h>
 #include <sys/syscall.h>
 
 using Faults = std::vector<SystemCallFault>;
@@ -38,7 +42,8 @@ std::vector<FolderEntry> listed(const Folder& folder) {
     return folder.List(entries) ? std::vector<FolderEntry>() : entries;
 }
 
-/// One pass over a pair of folders, as a walk makes it: a missing folder goes as a whole.
+/// One pass over a pair of folders, as a walk makes it: a missing folder goes as a whole. Files with "copy" in
+/// front of their name are copied, all others moved.
 void transferAll(FileTransfer& transfer, const std::shared_ptr<Folder>& from, const std::shared_ptr<Folder>& to,
                  const std::vector<FolderEntry>& entries) {
     to->RemoveLeftovers();
@@ -83,6 +88,34 @@ int runUntilCall(FileWorld& world, const Faults& faults, int call) {
     return WIFEXITED(status) && WEXITSTATUS(status) != Fine ? 0 : calls;
 }
 
+/// Moves everything, and acts when that many files have their names and the run is about to sync these names. False
+/// when it did not.
+bool runUntilNamed(FileWorld& world, int files, const std::function<void()>& act) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const Faults noThreads{{SYS_clone3, EAGAIN}, {SYS_clone, EAGAIN}}; // all calls are made where they are traced
+        const bool isTraced = ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) == 0;
+        if (isTraced && SystemCallFault::Install(noThreads) && ::raise(SIGSTOP) == 0)
+            run(world, listed(*world.from));
+        ::_exit(Fine);
+    }
+    int status = 0;
+    bool hasActed = false;
+    while (::waitpid(child, &status, 0) == child && WIFSTOPPED(status)) {
+        ::ptrace(PTRACE_SETOPTIONS, child, nullptr, PTRACE_O_TRACESYSGOOD);
+        struct __ptrace_syscall_info call {};
+        ::ptrace(PTRACE_GET_SYSCALL_INFO, child, sizeof call, &call);
+        const std::uint64_t number = call.op == PTRACE_SYSCALL_INFO_ENTRY ? call.entry.nr : 0;
+        files -= number == SYS_linkat ? 1 : 0;
+        if (files <= 0 && !hasActed && (number == SYS_syncfs || number == SYS_fsync)) {
+            act();
+            hasActed = true;
+        }
+        ::ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
+    }
+    return hasActed;
+}
+
 /// A filled world and what was in it.
 struct FilledWorld : FileWorld {
     explicit FilledWorld(bool otherDevice) : FileWorld(otherDevice) {
@@ -124,18 +157,69 @@ std::string text(std::size_t kilobytes, char character) {
     return std::string(kilobytes * 1024, character);
 }
 
-/// A disk of one megabyte that fills up under the transfer.
-struct SmallDisk : FileWorld {
-    SmallDisk() {
-        // In a mount namespace of our own, so that it vanishes with this process.
-        isMounted = ::unshare(CLONE_NEWNS) == 0 && ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
-                    ::mount("none", destination.c_str(), "tmpfs", 0, "size=1m,mode=0755") == 0;
+/// A destination with a disk of its own, in a mount namespace of our own so that it vanishes with this process.
+struct MountedWorld : FileWorld {
+    ~MountedWorld() { Unmount(); }
+
+    [[nodiscard]] bool Mount(const char* device, const fs::path& folder, const char* type, const std::string& options) {
+        if (::unshare(CLONE_NEWNS) != 0 || ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+            ::mount(device, folder.c_str(), type, 0, options.c_str()) != 0)
+            return false;
+        mounts.push_back(folder);
         Reopen();
+        return true;
     }
-    ~SmallDisk() {
+    void Unmount() {
         to.reset();
-        ::umount2(destination.c_str(), MNT_DETACH);
+        for (; !mounts.empty(); mounts.pop_back())
+            ::umount2(mounts.back().c_str(), MNT_DETACH);
     }
+    std::vector<fs::path> mounts;
+};
+
+/// A disk of one megabyte that fills up under the transfer.
+struct SmallDisk : MountedWorld {
+    bool isMounted = Mount("none", destination, "tmpfs", "size=1m,mode=0755");
+};
+
+/// A disk on a loop device. What it promises is more than what backs it: writes fail late.
+struct ThinDisk : MountedWorld {
+    ThinDisk(const std::string& makeFileSystem, int megabytes)
+        : backing(source.parent_path() / "backing"), image(backing / "image") {
+        fs::create_directory(backing);
+        isMounted = Mount("none", backing, "tmpfs", "size=" + std::to_string(megabytes) + "m");
+        if (isMounted)
+            std::ofstream(image).close();
+        isMounted = isMounted && ::truncate(image.c_str(), 400L << 20) == 0 &&
+                    Shell(makeFileSystem + " " + image.native()) && Attach();
+    }
+    ~ThinDisk() { Detach(); }
+    ThinDisk(const ThinDisk&) = delete;
+    ThinDisk& operator=(const ThinDisk&) = delete;
+
+    /// Small requests: the loop device hides the failure of a request that could be written in part.
+    bool Attach() {
+        const bool isAttached =
+            Shell("mount -o loop " + image.native() + " " + destination.native()) &&
+            Shell("echo 4 > /sys/block/$(basename $(losetup -nO NAME -j " + image.native() + "))/queue/max_sectors_kb");
+        Reopen();
+        return isAttached;
+    }
+    void Detach() {
+        to.reset();
+        ::umount2(destination.c_str(), 0);
+    }
+    /// What the disk holds when there is room again.
+    bool Restart() {
+        Detach();
+        return Shell("mount -o remount,size=1g " + backing.native()) && Attach();
+    }
+    static bool Shell(const std::string& command) {
+        return std::system((command + " > /dev/null 2>&1").c_str()) == 0; // NOLINT(cert-env33-c)
+    }
+
+    fs::path backing;
+    fs::path image;
     bool isMounted = false;
 };
 
@@ -231,6 +315,70 @@ class TestTransferFaults final : public QObject {
             world.CheckThatAllIsDone();
         }
         QVERIFY(leftovers > 0 || faults.empty());
+    }
+
+    /// The sync of one batch, or another program's, writes the next batch too: whose report of the failure is it?
+    void aWriteThatFailsLateLosesNothing() {
+        constexpr rlim_t smallBatches = 80;
+        for (const int megabytes : {71, 72, 73, 74}) {
+            ThinDisk world("mkfs.xfs -f", megabytes);
+            if (!world.isMounted)
+                QSKIP("only an administrator with XFS tools can mount such a disk");
+            for (int number = 0; number < 300; ++number) {
+                const fs::path name = std::to_string(number);
+                FileWorld::Write(world.source / name, text(100, static_cast<char>('a' + number % 26)));
+                if (number % 2 == 0)
+                    FileWorld::Write(world.destination / name, "old");
+            }
+            const FileWorld::Entries files = FileWorld::Tree(world.source);
+            const pid_t syncer = ::fork();
+            while (syncer == 0)
+                ::syncfs(world.to->Descriptor());
+            const int result = FileWorld::InChild([&world] {
+                const struct rlimit limit { smallBatches, smallBatches };
+                ::setrlimit(RLIMIT_NOFILE, &limit);
+                return run(world, listed(*world.from));
+            });
+            ::kill(syncer, SIGKILL);
+            ::waitpid(syncer, nullptr, 0);
+            QCOMPARE(result, static_cast<int>(WithFailures));
+            QVERIFY(world.Restart());
+            for (const auto& [name, content] : files) {
+                const std::string there = FileWorld::Read(world.destination / name);
+                const bool isMoved = !fs::exists(world.source / name);
+                const bool isWhole = there == content || (!isMoved && (there.empty() || there == "old"));
+                QVERIFY2(isWhole && (there.empty() != fs::exists(world.destination / name)), name.c_str());
+            }
+        }
+    }
+
+    void aDiskThatGoesLosesNothing_data() {
+        QTest::addColumn<std::string>("makeFileSystem");
+        QTest::newRow("XFS") << std::string("mkfs.xfs -f");
+        QTest::newRow("ext4") << std::string("mkfs.ext4 -F");
+    }
+    /// It goes when the moved files have their names, but before the names are on disk.
+    void aDiskThatGoesLosesNothing() {
+        QFETCH(std::string, makeFileSystem);
+        ThinDisk world(makeFileSystem, 200);
+        if (!world.isMounted)
+            QSKIP("only an administrator with the file system's tools can mount such a disk");
+        for (int number = 0; number < 30; ++number)
+            FileWorld::Write(world.source / std::to_string(number), text(2, 'n'));
+        const FileWorld::Entries files = FileWorld::Tree(world.source);
+        const bool reached = runUntilNamed(world, 30, [&world] {
+            const FileDescriptor disk(::open(world.destination.c_str(), O_RDONLY | O_DIRECTORY));
+            constexpr unsigned long shutDown = _IOR('X', 125, std::uint32_t); // the same on ext4 and XFS
+            std::uint32_t withoutLog = 2;
+            ::ioctl(disk.Get(), shutDown, &withoutLog);
+        });
+        if (!reached)
+            QSKIP("processes may not be traced here");
+        QVERIFY(world.Restart());
+        for (const auto& [name, content] : files)
+            QVERIFY2(FileWorld::Read(world.source / name) == content ||
+                         FileWorld::Read(world.destination / name) == content,
+                     name.c_str());
     }
 
     void goesOnAfterWhatDoesNotFit() {

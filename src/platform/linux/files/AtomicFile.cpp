@@ -112,7 +112,7 @@ std::error_code AtomicFile::Replace(const fs::path& file, const QByteArray& byte
     if (!error)
         error = status ? temporaries.Replace(copy, target.filename())
                        : temporaries.PlaceAtFreeName(copy, target.filename());
-    return error ? error : SyncNames({folder});
+    return error ? error : SyncFolders({folder});
 }
 
 std::error_code AtomicFile::Put(const fs::path& file, const QByteArray& bytes, mode_t newMode) {
@@ -131,5 +131,5 @@ std::error_code AtomicFile::Create(const fs::path& file, const QByteArray& bytes
     error = prepare(temporaries, folder, bytes, newMode, nullptr, copy);
     if (!error)
         error = temporaries.PlaceAtFreeName(copy, file.filename());
-    return error ? error : SyncNames({folder});
+    return error ? error : SyncFolders({folder});
 }

@@ -11,6 +11,10 @@ class CommitQueue final {
     CommitQueue& operator=(const CommitQueue&) = delete;
     ~CommitQueue() { Flush(); }
 
+    /// To be called before anything is written to the folder's file system: errors are reported from now on. Gives the
+    /// number of the batch for StagedFile::batch.
+    [[nodiscard]] unsigned WillWrite(const Folder& folder) { return m_filling->WillWrite(folder); }
+
     template <typename Staged>
     void Add(Staged staged) {
         m_filling->Add(std::move(staged));
@@ -32,6 +36,8 @@ class CommitQueue final {
     TransferObserver& m_observer;
     TemporaryFiles& m_temporaries;
     std::size_t m_descriptorLimit;
+    DiskSync m_sync;
+    unsigned m_batches = 0;
     std::unique_ptr<TransferBatch> m_filling;
     std::shared_ptr<TransferBatch> m_syncing; ///< shared with the nested calls that wait for it
 };

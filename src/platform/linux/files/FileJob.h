@@ -21,7 +21,9 @@ struct FileJob {
 struct StagedFile {
     FileJob job;
     TemporaryFile copy;
-    std::error_code error; ///< of the sync
+    unsigned batch = 0;     ///< the batch that was filling when its first byte was written
+    bool syncAlone = false; ///< that batch has been synced: a sync of this one may not report an error of the file
+    std::error_code error;  ///< of the sync, or of placing
     bool isPlaced = false;
 };
 
@@ -33,6 +35,7 @@ struct StagedFolder {
     std::filesystem::path name;
     struct stat status {}; ///< of the source before anything was taken out of it
     bool removeSource = false;
+    std::error_code error; ///< of the sync of its names
 };
 
 enum class DestinationState {

@@ -44,6 +44,13 @@ std::error_code writeAt(int file, const char* bytes, std::size_t count, std::uin
     return {};
 }
 
+/// An error is reported once only: the final sync would not know of it.
+std::error_code writeEarly(int file, std::uint64_t at, std::uint64_t count, unsigned how) {
+    const bool isFine = ::sync_file_range(file, static_cast<off_t>(at), static_cast<off_t>(count), how) == 0 ||
+                        errno == ENOSYS || errno == EINVAL;
+    return isFine ? std::error_code() : LastError();
+}
+
 } // namespace
 
 std::error_code ByteCopier::Copy(const Job& job) {
@@ -73,10 +80,12 @@ std::error_code ByteCopier::Copy(const Job& job) {
 /// interrupted, takes minutes on a slow disk.
 std::error_code ByteCopier::copied(const Job& job, std::uint64_t at, std::uint64_t count) {
     if (job.size >= worthEarlyWriting) {
-        ::sync_file_range(job.destination, static_cast<off_t>(at), static_cast<off_t>(count), SYNC_FILE_RANGE_WRITE);
-        if (at >= mostUnwritten)
-            ::sync_file_range(job.destination, static_cast<off_t>(at - mostUnwritten), static_cast<off_t>(count),
-                              SYNC_FILE_RANGE_WAIT_BEFORE | SYNC_FILE_RANGE_WRITE | SYNC_FILE_RANGE_WAIT_AFTER);
+        std::error_code error = writeEarly(job.destination, at, count, SYNC_FILE_RANGE_WRITE);
+        if (!error && at >= mostUnwritten)
+            error = writeEarly(job.destination, at - mostUnwritten, count,
+                               SYNC_FILE_RANGE_WAIT_BEFORE | SYNC_FILE_RANGE_WRITE | SYNC_FILE_RANGE_WAIT_AFTER);
+        if (error)
+            return error;
     }
     m_observer.Progress(count);
     return m_observer.MustGiveUp() ? ErrorOf(ECANCELED) : std::error_code();

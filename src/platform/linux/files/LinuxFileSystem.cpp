@@ -6,15 +6,11 @@
 #include "TreeTransfer.h"
 
 #include <algorithm>
-#include <ctime>
 #include <fcntl.h>
 #include <tuple>
 #include <unistd.h>
 
 namespace {
-
-/// The kernel writes changed bytes back within a minute, so a file unchanged for longer is on disk.
-constexpr std::time_t settledSeconds = 120;
 
 /// Placing the staged files frees descriptors and the space of replaced files.
 bool mayPassAfterCommit(const std::error_code& error) {
@@ -24,10 +20,6 @@ bool mayPassAfterCommit(const std::error_code& error) {
 /// EXDEV: across devices. EBUSY: a mount point.
 bool needsCopy(const std::error_code& error) {
     return error == ErrorOf(EXDEV) || error == ErrorOf(EBUSY);
-}
-
-bool mayBeUnwritten(const struct stat& status) {
-    return std::max(status.st_mtim.tv_sec, status.st_ctim.tv_sec) > std::time(nullptr) - settledSeconds;
 }
 
 /// Of a file system whose folders are descriptors.
@@ -111,9 +103,11 @@ bool LinuxFileTransfer::Copy(const TransferFile& file) {
 
 bool LinuxFileTransfer::stage(const FileJob& job) {
     StagedFile staged;
+    staged.batch = m_queue.WillWrite(*job.destination);
     std::error_code error = m_stager.Stage(job, staged);
     if (mayPassAfterCommit(error) && !m_queue.IsEmpty()) {
         m_queue.Flush();
+        staged.batch = m_queue.WillWrite(*job.destination);
         error = m_stager.Stage(job, staged);
     }
     if (error) {
@@ -162,7 +156,7 @@ std::error_code LinuxFileTransfer::moveByRename(const FileJob& job, bool& isElse
         error = CheckDestination(job, state);
         if (error || state == DestinationState::IsSource)
             return error;
-        error = mayBeUnwritten(status) ? bringToDisk(job) : std::error_code();
+        error = bringToDisk(job);
         if (!error && ::renameat(job.source->Descriptor(), job.name.c_str(), job.destination->Descriptor(),
                                  job.name.c_str()) != 0)
             error = LastError();

@@ -22,7 +22,7 @@ std::error_code renameToFreeName(const fs::path& file, const fs::path& target) {
     const auto to = from ? AtomicFile::OpenFolderOf(target, error) : nullptr;
     if (to)
         error = RenameToFreeName(*from, file.filename().c_str(), *to, target.filename());
-    return error ? error : SyncNames({to, from});
+    return error ? error : SyncFolders({to, from});
 }
 
 } // namespace

@@ -23,10 +23,6 @@ TemporaryFile& TemporaryFile::operator=(TemporaryFile&& other) noexcept {
 void TemporaryFile::Discard() {
     if (!m_name.empty())
         ::unlinkat(m_folder->Descriptor(), m_name.c_str(), 0);
-    Release();
-}
-
-void TemporaryFile::Release() {
     m_name.clear();
     m_file.Close();
     m_folder.reset();

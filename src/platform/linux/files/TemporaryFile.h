@@ -26,8 +26,8 @@ class TemporaryFile final {
 
     void Discard();
 
-    /// The file has its final name now and is no longer owned.
-    void Release();
+    /// The file has its final name now and is no longer owned. The descriptor stays open for the sync of the name.
+    void SetPlaced() { m_name.clear(); }
 
   private:
     std::shared_ptr<Folder> m_folder;

@@ -122,7 +122,7 @@ std::error_code TemporaryFiles::PlaceAtFreeName(TemporaryFile& file, const std::
     const std::error_code error = file.Name().empty() ? link(file.Descriptor(), folder, name.c_str())
                                                       : RenameToFreeName(folder, file.Name().c_str(), folder, name);
     if (!error)
-        file.Release();
+        file.SetPlaced();
     return error;
 }
 
@@ -156,6 +156,6 @@ std::error_code TemporaryFiles::Replace(TemporaryFile& file, const std::filesyst
         ::unlinkat(folder.Descriptor(), oldName.c_str(), 0);
         return error;
     }
-    file.Release();
+    file.SetPlaced();
     return {};
 }

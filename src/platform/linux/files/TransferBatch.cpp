@@ -1,6 +1,5 @@
 #include "TransferBatch.h"
 #include "Attributes.h"
-#include "DiskSync.h"
 #include "LinuxFolder.h"
 #include "SystemCall.h"
 
@@ -59,7 +58,13 @@ void BackgroundTask::Wait(TransferObserver& observer) {
         m_work.get();
 }
 
+unsigned TransferBatch::WillWrite(const Folder& folder) {
+    m_syncPoints.Open(folder);
+    return m_number;
+}
+
 void TransferBatch::Add(StagedFile file) {
+    file.syncAlone = file.batch != m_number;
     const bool sameFolders = !m_files.empty() && m_files.back().job.source == file.job.source &&
                              m_files.back().job.destination == file.job.destination;
     m_descriptors += sameFolders ? 1 : 3;
@@ -84,7 +89,7 @@ bool TransferBatch::IsFull(std::size_t descriptorLimit) const {
 
 void TransferBatch::StartSync() {
     if (!m_files.empty())
-        m_task.Start([this] { SyncContents(m_files); });
+        m_task.Start([this] { m_sync.SyncContents(m_files, m_syncPoints); });
 }
 
 void TransferBatch::Finish(TemporaryFiles& temporaries, TransferObserver& observer) {
@@ -114,29 +119,25 @@ void TransferBatch::place(TemporaryFiles& temporaries, TransferObserver& observe
 
 /// Only moves need it: a copy that loses its name in a power cut is made again by the next run.
 void TransferBatch::startNames() {
-    std::vector<std::shared_ptr<Folder>> folders;
-    for (const StagedFile& file : m_files) {
-        if (file.isPlaced && file.job.removeSource)
-            folders.push_back(file.job.destination);
-    }
-    for (const StagedFolder& folder : m_folders) {
-        if (folder.removeSource)
-            folders.push_back(folder.destination);
-    }
-    if (!folders.empty())
-        m_task.Start([this, folders = std::move(folders)] { m_namesError = SyncNames(folders); });
+    const auto losesSource = [](const StagedFile& file) { return file.isPlaced && file.job.removeSource; };
+    if (std::any_of(m_files.begin(), m_files.end(), losesSource) ||
+        std::any_of(m_folders.begin(), m_folders.end(), [](const StagedFolder& folder) { return folder.removeSource; }))
+        m_task.Start([this] { m_sync.SyncNames(m_files, m_folders, m_syncPoints); });
 }
 
 void TransferBatch::finishNames(TransferObserver& observer) {
-    if (!m_namesError)
-        return;
     for (StagedFile& file : m_files) {
-        if (file.isPlaced && file.job.removeSource)
-            observer.Failed(file.job.SourcePath(), m_namesError);
+        if (!file.isPlaced || !file.error)
+            continue;
+        observer.Failed(file.job.SourcePath(), file.error);
         file.job.removeSource = false;
     }
-    for (StagedFolder& folder : m_folders)
+    for (StagedFolder& folder : m_folders) {
+        if (!folder.error)
+            continue;
+        observer.Failed(folder.source->Path(), folder.error);
         folder.removeSource = false;
+    }
 }
 
 void TransferBatch::removeSources(TransferObserver& observer) {

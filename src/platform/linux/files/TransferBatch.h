@@ -2,6 +2,7 @@
 // placed vanishes with the batch. Failures go to the observer.
 #pragma once
 
+#include "DiskSync.h"
 #include "FileSystem.h"
 #include "TemporaryFiles.h"
 
@@ -29,6 +30,10 @@ class BackgroundTask final {
 
 class TransferBatch final {
   public:
+    TransferBatch(DiskSync& sync, unsigned number) : m_sync(sync), m_number(number) {}
+
+    /// Opens what reports write errors; gives the number of this batch.
+    [[nodiscard]] unsigned WillWrite(const Folder& folder);
     void Add(StagedFile file);
     void Add(StagedFolder folder);
     [[nodiscard]] bool IsEmpty() const { return m_files.empty() && m_folders.empty(); }
@@ -55,11 +60,13 @@ class TransferBatch final {
     void removeSources(TransferObserver& observer);
     void finishFolders(TransferObserver& observer);
 
+    DiskSync& m_sync;
+    unsigned m_number;
+    SyncPoints m_syncPoints;
     std::vector<StagedFile> m_files;
     std::vector<StagedFolder> m_folders;
     std::uint64_t m_bytes = 0;
     std::size_t m_descriptors = 0;
     Stage m_stage = Stage::Contents;
-    std::error_code m_namesError; ///< of syncing the names
-    BackgroundTask m_task;        ///< last: its destructor waits for the work on the files
+    BackgroundTask m_task; ///< last: its destructor waits for the work on the files
 };
