@@ -32,29 +32,22 @@ class TestActivityListView final : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
-    void sorts_data() {
-        QTest::addColumn<int>("column");
-        QTest::addColumn<QStringList>("texts"); // of One, Two and Three; empty: as they are
-        QTest::addColumn<QStringList>("order");
-        QTest::newRow("file") << -1 << QStringList() << fileOrder;
-        QTest::newRow("names") << int(ActivityList::Name) << QStringList()
-                               << QStringList{u"One"_qs, u"Three"_qs, u"Two"_qs};
-        QTest::newRow("counts as numbers") << int(ActivityList::Count) << QStringList{u"10"_qs, u"9"_qs, u"-"_qs}
-                                           << QStringList{u"Three"_qs, u"Two"_qs, u"One"_qs};
-        QTest::newRow("times as dates") << int(ActivityList::LastRun)
-                                        << QStringList{u"01.02.2026 07:00:00"_qs, u"02.01.2026 08:00:00"_qs, u"-"_qs}
-                                        << QStringList{u"Three"_qs, u"Two"_qs, u"One"_qs};
-    }
     void sorts() {
-        QFETCH(int, column);
-        QFETCH(QStringList, texts);
-        QFETCH(QStringList, order);
-        Scene scene;
-        for (qsizetype i = 0; i < texts.size(); ++i)
-            scene.list.SetText(fileOrder[i], static_cast<ActivityList::Column>(column), texts[i]);
-        scene.view.sortByColumn(0, Qt::DescendingOrder);
-        scene.view.sortByColumn(column, Qt::AscendingOrder);
-        QCOMPARE(scene.Shown(), order);
+        /// The order by a column with these texts for One, Two and Three.
+        const auto order = [](int column, const QStringList& texts = {}) {
+            Scene scene;
+            for (qsizetype i = 0; i < texts.size(); ++i)
+                scene.list.SetText(fileOrder[i], static_cast<ActivityList::Column>(column), texts[i]);
+            scene.view.sortByColumn(0, Qt::DescendingOrder);
+            scene.view.sortByColumn(column, Qt::AscendingOrder);
+            return scene.Shown();
+        };
+        const QStringList backwards{u"Three"_qs, u"Two"_qs, u"One"_qs};
+        QCOMPARE(order(-1), fileOrder);
+        QCOMPARE(order(ActivityList::Name), (QStringList{u"One"_qs, u"Three"_qs, u"Two"_qs}));
+        QCOMPARE(order(ActivityList::Count, {u"10"_qs, u"9"_qs, u"-"_qs}), backwards);
+        QCOMPARE(order(ActivityList::LastRun, {u"01.02.2026 07:00:00"_qs, u"02.01.2026 08:00:00"_qs, u"-"_qs}),
+                 backwards);
     }
 
     void columnsAreRestored() {
