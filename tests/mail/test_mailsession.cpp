@@ -6,6 +6,14 @@
 
 namespace {
 
+MailServers servers(bool login = false) {
+    return {.smtpHost = u"smtp"_qs,
+            .popHost = u"pop"_qs,
+            .username = u"user"_qs,
+            .password = u"secret"_qs,
+            .useAuthentication = login};
+}
+
 class ScriptedServer final : public MailWire, public MailSessionEvents {
   public:
     void Open(const QString& host, quint16 port) override { talk += u"open %1:%2"_qs.arg(host).arg(port); }
@@ -47,7 +55,10 @@ class ScriptedServer final : public MailWire, public MailSessionEvents {
             session.Poll();
         }
     }
-    void Greet();
+    void Greet() {
+        session.Connect(servers(), u"me@here.de"_qs);
+        Play("connected|220 hi|250 ok");
+    }
     void SendMail(const QStringList& recipients) {
         MailMessage mail;
         mail.from = u"me@here.de"_qs;
@@ -67,19 +78,6 @@ class ScriptedServer final : public MailWire, public MailSessionEvents {
     int now = 36'000;
     MailSession session{*this, *this, [this] { return now; }};
 };
-
-MailServers servers(bool login = false) {
-    return {.smtpHost = u"smtp"_qs,
-            .popHost = u"pop"_qs,
-            .username = u"user"_qs,
-            .password = u"secret"_qs,
-            .useAuthentication = login};
-}
-
-void ScriptedServer::Greet() {
-    session.Connect(servers(), u"me@here.de"_qs);
-    Play("connected|220 hi|250 ok");
-}
 
 /// "code: text" of each reply, which must not depend on the pieces they arrive in.
 QByteArrayList repliesOf(const QByteArray& bytes) {
