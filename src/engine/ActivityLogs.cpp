@@ -19,10 +19,6 @@ QByteArray entry(const Clock& clock, const QString& text) {
 }
 } // namespace
 
-bool ActivityLogs::HasReader(const QString& name) const {
-    return m_listener || !m_services.file.Read(name, ActivityField::LogFile).trimmed().isEmpty();
-}
-
 void ActivityLogs::SetActivityStatus(const QString& name, const QString& text) {
     m_services.list.SetText(name, ActivityList::Status, text);
     WriteActionLine(name, text);
@@ -30,6 +26,12 @@ void ActivityLogs::SetActivityStatus(const QString& name, const QString& text) {
 
 void ActivityLogs::WriteActionLine(const QString& name, const QString& text) {
     WriteActionLineTo(m_services.file.Read(name, ActivityField::LogFile), name, text);
+}
+
+void ActivityLogs::WriteActionLine(const QString& name, const std::function<QString()>& compose) {
+    const QString logFile = m_services.file.Read(name, ActivityField::LogFile);
+    if (m_listener || !logFile.trimmed().isEmpty())
+        WriteActionLineTo(logFile, name, compose());
 }
 
 void ActivityLogs::WriteActionLineTo(const QString& logFile, const QString& name, const QString& text) {

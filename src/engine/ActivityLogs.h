@@ -23,14 +23,14 @@ class ActivityLogs final {
     /// The same with "Activity 'NAME' - " in front.
     void WriteActionLine(const QString& name, const QString& text);
 
+    /// The same, for a text that need not be composed when nothing reads it.
+    void WriteActionLine(const QString& name, const std::function<QString()>& compose);
+
     /// The same, to a log file that the record no longer names.
     void WriteActionLineTo(const QString& logFile, const QString& name, const QString& text);
 
     /// Appends to the application log when one is set and its file exists; it is never created here.
     void WriteAppLog(const QString& text);
-
-    /// False when nothing reads this activity's lines, so that they need not be composed.
-    [[nodiscard]] bool HasReader(const QString& name) const;
 
     /// The listener gets every entry of every activity, with or without a log file.
     void SetListener(std::function<void(const QString& text)> listener) { m_listener = std::move(listener); }

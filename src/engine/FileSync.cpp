@@ -175,11 +175,8 @@ void FileSync::syncExisting(const Decided& file) {
         return;
     if (*decision == FileDecision::ReportOnly)
         return m_run.Line(m_tools.texts.NoAction(from.path));
-    if (*decision == FileDecision::LeaveAlone) {
-        if (m_tools.logs.HasReader(m_run.Name()))
-            m_run.Line(m_tools.texts.NotNewer(from, to));
-        return;
-    }
+    if (*decision == FileDecision::LeaveAlone)
+        return m_run.Line([&] { return m_tools.texts.NotNewer(from, to); });
     if (!mayTouch(file) || !m_run.React(from.path) || !isAsDecided(file))
         return;
     m_run.Line(m_tools.texts.Replacement(rules, from, to));
@@ -195,8 +192,7 @@ void FileSync::syncNew(const Decided& file) {
         return m_run.Line(m_tools.texts.NoAction(path));
     if (!mayTouch(file) || !isAsDecided(file))
         return;
-    if (m_tools.logs.HasReader(m_run.Name()))
-        m_run.Line(m_tools.texts.New(action, {path, file.source}, m_pair.destination.PathOf(file.name)));
+    m_run.Line([&] { return m_tools.texts.New(action, {path, file.source}, m_pair.destination.PathOf(file.name)); });
     transfer(file);
 }
 

@@ -148,6 +148,13 @@ void SyncRun::Line(const QString& text) {
         m_tools.logs.WriteActionLine(Name(), text);
 }
 
+void SyncRun::Line(const std::function<QString()>& compose) {
+    if (m_end == RunEnd::RecordChanged)
+        Line(compose());
+    else
+        m_tools.logs.WriteActionLine(Name(), compose);
+}
+
 void SyncRun::Refuse(const QString& text) {
     ++m_failures;
     Line(text);

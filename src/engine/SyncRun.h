@@ -75,6 +75,8 @@ class SyncRun final : public TransferObserver {
     /// Shows the message and starts the program of the activity. False when the run is over then.
     [[nodiscard]] bool React(const QString& path);
     void Line(const QString& text);
+    /// Composes the line only when something reads it.
+    void Line(const std::function<QString()>& compose);
     /// Writes the line and counts a failure.
     void Refuse(const QString& text);
 

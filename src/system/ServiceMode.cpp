@@ -85,6 +85,10 @@ void ServiceMode::showResult(bool installed, bool succeeded, const QString& reas
 }
 
 void ServiceMode::QueryState() {
+    if (m_isBusy) {
+        Q_EMIT Working();
+        return;
+    }
     m_manager.QueryState([self = QPointer(this)](const ServiceState& state) {
         if (self && !self->m_isBusy) // a request that began since will ask again
             Q_EMIT self->StateKnown(self->textOf(state));

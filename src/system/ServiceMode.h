@@ -28,14 +28,15 @@ class ServiceMode final : public QObject {
     /// called by the command line they are waited for.
     [[nodiscard]] std::optional<int> ServiceConfiguration(const QString& word, ServiceCaller caller);
 
-    /// Asks for the service's state. StateKnown follows.
+    /// Asks for the service's state. StateKnown follows; while a request of the dialog is under way, Working does at
+    /// once and StateKnown with its end.
     void QueryState();
 
   Q_SIGNALS:
     /// The service manager ends the service: the program is to take its closing path.
     void StopWanted();
 
-    /// A request of the dialog has begun. StateKnown follows.
+    /// A request of the dialog has begun, or is still under way. StateKnown follows.
     void Working();
     /// The service's state, as text for people.
     void StateKnown(const QString& text);

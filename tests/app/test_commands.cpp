@@ -1,5 +1,13 @@
-// The commands on activities and activity files, given through the real window.
+// The menu's commands on activities, activity files, clock and service, given through the real window.
+#include "ModalForm.h"
 #include "WindowFixture.h"
+#include "frmSearch.h"
+#include "frmServiceOptions.h"
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QSignalSpy>
 
 namespace {
 
@@ -119,56 +127,50 @@ class TestCommands final : public QObject {
     }
 
     /// Another program has changed the file, so nothing can be saved.
-    void aRefusedChangeIsTakenBack_data() {
-        QTest::addColumn<QString>("command");
-        QTest::newRow("editor, then Cancel") << u"mnuProperties"_qs;
-        QTest::newRow("delete") << u"mnuDelDir"_qs;
-    }
     void aRefusedChangeIsTakenBack() {
-        QFETCH(QString, command);
-        World world;
-        Window window(world);
-        window.program.Monitoring().ToggleMonitoring();
-        window.Select({u"B"_qs});
-        world.prompter.onAsk = [&](const Message& asked) {
-            world.prompter.yes = !asked.text.startsWith(world.texts[Text::FileChangedOutside]);
-        };
-        const QString before = window.program.Document().XML();
-        window.editor.onEdit = [&](const ActivityEditor::Writer& write) {
-            ActivityRecord record = window.editor.shown;
-            record.SetNumber(ActivityField::Action, 3);
-            std::ignore = write(u"B"_qs, record) || write(u"New"_qs, record);
-            return false;
-        };
-        const QByteArray bytes = world.Read(world.DefaultFile());
-        world.Write(world.DefaultFile(), bytes + ' ');
-        window.Command(qPrintable(command)).trigger();
-        QVERIFY(world.prompter.shown.back().text.startsWith(world.texts[Text::FileChangedOutside]));
-        QCOMPARE(window.program.Document().XML(), before);
-        QVERIFY(window.Names() == three && window.program.List().IsChecked(1));
-        world.Write(world.DefaultFile(), bytes);
+        for (const char* command : {"mnuProperties", "mnuDelDir"}) { // the editor is cancelled then
+            World world;
+            Window window(world);
+            window.program.Monitoring().ToggleMonitoring();
+            window.Select({u"B"_qs});
+            world.prompter.onAsk = [&](const Message& asked) {
+                world.prompter.yes = !asked.text.startsWith(world.texts[Text::FileChangedOutside]);
+            };
+            const QString before = window.program.Document().XML();
+            window.editor.onEdit = [&](const ActivityEditor::Writer& write) {
+                ActivityRecord record = window.editor.shown;
+                record.SetNumber(ActivityField::Action, 3);
+                std::ignore = write(u"B"_qs, record) || write(u"New"_qs, record);
+                return false;
+            };
+            const QByteArray bytes = world.Read(world.DefaultFile());
+            world.Write(world.DefaultFile(), bytes + ' ');
+            window.Command(command).trigger();
+            QVERIFY(world.prompter.shown.back().text.startsWith(world.texts[Text::FileChangedOutside]));
+            QCOMPARE(window.program.Document().XML(), before);
+            QVERIFY(window.Names() == three && window.program.List().IsChecked(1));
+            world.Write(world.DefaultFile(), bytes);
+        }
     }
 
     void clears_data() {
-        QTest::addColumn<QString>("current");
+        QTest::addColumn<bool>("isOther");
         QTest::addColumn<bool>("yes");
         QTest::addColumn<bool>("canBeDeleted");
-        QTest::addColumn<QList<Text>>("boxes");
-        QTest::newRow("another file") << u"other.kvd"_qs << true << true
-                                      << QList<Text>{Text::ClearAllQuestion, Text::DefaultListRestored};
-        QTest::newRow("the default file") << QString() << true << true << QList<Text>{Text::ClearAllQuestion};
-        QTest::newRow("not wanted") << u"other.kvd"_qs << false << true << QList<Text>{Text::ClearAllQuestion};
-        QTest::newRow("refused") << u"other.kvd"_qs << true << false << QList<Text>{Text::ClearAllQuestion, Text::None};
+        QTest::addColumn<int>("boxes");
+        QTest::newRow("another file") << true << true << true << 2;
+        QTest::newRow("the default file") << false << true << true << 1;
+        QTest::newRow("not wanted") << true << false << true << 1;
+        QTest::newRow("refused") << true << true << false << 2;
     }
     void clears() {
-        QFETCH(QString, current);
+        QFETCH(bool, isOther);
         QFETCH(bool, yes);
         QFETCH(bool, canBeDeleted);
-        QFETCH(QList<Text>, boxes);
         World world;
         Window window(world);
         Program& program = window.program;
-        if (!current.isEmpty()) {
+        if (isOther) {
             program.File().SetCurrentPath(world.other);
             program.List().Refill();
         }
@@ -176,84 +178,136 @@ class TestCommands final : public QObject {
         const QString path = program.File().CurrentPath();
         program.Monitoring().ToggleMonitoring();
         program.List().TakeOut(u"A"_qs); // of this name the default file has one, too
-        if (!canBeDeleted) {
-            QVERIFY(QFile::remove(world.other) && QDir(world.Path()).mkdir(u"other.kvd"_qs));
-        }
+        if (!canBeDeleted)
+            QVERIFY(QFile::remove(world.other) && QDir().mkdir(world.other));
         world.prompter.yes = yes;
+        bool isRestored = false;
         world.prompter.onAsk = [&](const Message& message) {
-            if (message.text == world.texts[Text::DefaultListRestored])
+            isRestored = message.text == world.texts[Text::DefaultListRestored];
+            if (isRestored)
                 QVERIFY(!program.Monitoring().IsOn() && world.locks->held.empty() && window.Names() == three);
         };
         window.Command("mnuDeleteAllActivities").trigger();
-        QCOMPARE(world.prompter.shown.size(), static_cast<std::size_t>(boxes.size()));
-        for (const Message& box : world.prompter.shown)
-            if (const Text text = boxes.takeFirst(); text != Text::None)
-                QCOMPARE(box.text, world.texts[text]);
+        QTEST(int(world.prompter.shown.size()), "boxes");
+        QCOMPARE(world.prompter.shown.front().text, world.texts[Text::ClearAllQuestion]);
         const bool cleared = yes && canBeDeleted;
+        QCOMPARE(isRestored, cleared && isOther);
         QCOMPARE(program.Monitoring().IsOn(), !cleared);
         QCOMPARE(program.File().CurrentPath(), cleared ? world.DefaultFile() : path);
-        QCOMPARE(QFile::exists(path), !cleared || current.isEmpty());
-        QCOMPARE(window.Names(), !cleared ? names : current.isEmpty() ? QStringList() : three);
+        QCOMPARE(QFile::exists(path), !cleared || !isOther);
+        QCOMPARE(window.Names(), !cleared ? names : isOther ? three : QStringList());
         QVERIFY(!cleared || !program.List().IsTakenOut(u"A"_qs));
     }
 
-    void imports_data() {
-        QTest::addColumn<QString>("chosen"); // "" not even asked for
-        QTest::addColumn<QList<Text>>("boxes");
-        QTest::newRow("other") << u"other.kvd"_qs << QList<Text>{Text::ReallyProceed};
-        QTest::newRow("not wanted") << QString() << QList<Text>{Text::ReallyProceed};
-        QTest::newRow("the same") << u"Kalvenor.kvd"_qs << QList<Text>{Text::ReallyProceed, Text::CannotImportCurrent};
-    }
     void imports() {
-        QFETCH(QString, chosen);
-        QFETCH(QList<Text>, boxes);
-        const bool imported = chosen == u"other.kvd";
-        World world;
-        world.prompter.yes = !chosen.isEmpty();
-        Window window(world);
-        window.program.Monitoring().ToggleMonitoring();
-        window.picker.answers = {world.Path(chosen)};
-        window.Command("mnuImportActivities").trigger();
-        QCOMPARE(window.Names(), imported ? QStringList{u"Other"_qs} : three);
-        QCOMPARE(world.prompter.shown.size(), static_cast<std::size_t>(boxes.size()));
-        for (const Message& box : world.prompter.shown)
-            QVERIFY(box.text.endsWith(world.texts[boxes.takeFirst()]));
-        QCOMPARE(window.program.Monitoring().IsOn(), !imported);
-        QCOMPARE(world.settings->values.value(u"Kalvenor/LastFile/DBPath"_qs), imported ? world.other : QString());
-        QCOMPARE(window.program.File().CurrentPath(), imported ? world.other : world.DefaultFile());
+        for (const QString& chosen : {u"other.kvd"_qs, QString(), u"Kalvenor.kvd"_qs}) { // "": the question is denied
+            const bool imported = chosen == u"other.kvd";
+            World world;
+            world.prompter.yes = !chosen.isEmpty();
+            Window window(world);
+            window.program.Monitoring().ToggleMonitoring();
+            window.picker.answers = {world.Path(chosen)};
+            window.Command("mnuImportActivities").trigger();
+            QCOMPARE(window.Names(), imported ? QStringList{u"Other"_qs} : three);
+            QCOMPARE(world.prompter.shown.size(), chosen == u"Kalvenor.kvd" ? 2U : 1U);
+            QVERIFY(world.prompter.shown.front().text.endsWith(world.texts[Text::ReallyProceed]));
+            QCOMPARE(window.program.Monitoring().IsOn(), !imported);
+            QCOMPARE(world.settings->values.value(u"Kalvenor/LastFile/DBPath"_qs), imported ? world.other : QString());
+            QCOMPARE(window.program.File().CurrentPath(), imported ? world.other : world.DefaultFile());
+        }
     }
 
-    void exports_data() {
-        QTest::addColumn<QString>("chosen");
-        QTest::addColumn<QString>("box");
-        QTest::newRow("existing file") << u"other.kvd"_qs << QString();
-        QTest::newRow("the same") << u"Kalvenor.kvd"_qs << u"The file is in use"_qs;
-        QTest::newRow("no such folder") << u"none/copy.kvd"_qs << u"could not be saved"_qs;
-    }
     void exports() {
-        QFETCH(QString, chosen);
-        QFETCH(QString, box);
+        for (const auto& [chosen, box] : {std::pair(u"other.kvd"_qs, QString()), // is there already
+                                          std::pair(u"Kalvenor.kvd"_qs, u"The file is in use"_qs),
+                                          std::pair(u"none/copy.kvd"_qs, u"could not be saved"_qs)}) {
+            World world;
+            Window window(world);
+            window.program.Monitoring().ToggleMonitoring();
+            const QString path = world.Path(chosen);
+            const QByteArray before = world.Read(world.DefaultFile());
+            window.picker.answers = {path};
+            window.Command("mnuExportActivities").trigger();
+            QCOMPARE(world.Read(world.DefaultFile()), before);
+            QVERIFY(window.program.Monitoring().IsOn());
+            QCOMPARE(world.prompter.shown.empty(), box.isEmpty());
+            QVERIFY(world.prompter.Told().join(u'|').contains(box));
+            QCOMPARE(window.program.File().CurrentPath(), box.isEmpty() ? path : world.DefaultFile());
+            if (!box.isEmpty())
+                continue;
+            QVERIFY(window.form.windowTitle().contains(path));
+            QVERIFY(world.Read(path).contains("<A>") && world.Read(path).contains("<C>"));
+            window.program.File().Save(); // throws if it takes the file for one changed by another program
+            // The lock has moved along: the old file may be monitored elsewhere, the new one may not.
+            EngineLock elsewhere(*world.locks, *world.services.ownFiles);
+            LockRefusal refusal{};
+            QVERIFY(elsewhere.Take(world.DefaultFile(), refusal) != nullptr);
+            QVERIFY(elsewhere.Take(path, refusal) == nullptr);
+        }
+    }
+
+    void searchWalksFromHitToHit() {
+        World world;
+        world.WriteActivities(
+            world.DefaultFile(),
+            world.Activity(u"Alpha"_qs, {{u"sourcedir"_qs, u"/in/Photos"_qs}, {u"targetdir"_qs, u"/out/one"_qs}}) +
+                world.Activity(u"Beta"_qs, {{u"comment"_qs, u"xABCx"_qs}, {u"extensions"_qs, u"hidden"_qs}}) +
+                world.Activity(u"Gamma"_qs, {{u"sourcedir"_qs, u"/in/photos"_qs}, {u"action"_qs, u"1"_qs}}));
+        Window window(world);
+        window.program.List().SetText(u"Gamma"_qs, ActivityList::Status, u"Stra\u00dfe"_qs);
+        /// The rows that are found one after the other, until the box says that there is no more.
+        const auto found = [&](const QString& text) {
+            WhenOpen<frmSearch>([&](frmSearch& form) {
+                Find<QLineEdit>(form, "txtSearchText").setText(text);
+                Find<QPushButton>(form, "cmdOK").click();
+            });
+            world.prompter.shown.clear();
+            QString names;
+            for (window.Command("mnuSearch").trigger(); world.prompter.shown.empty() && names.size() < 4;
+                 window.Command("mnuSearchAgain").trigger())
+                names += window.View().CurrentName().front();
+            return names;
+        };
+        QVERIFY(!window.Command("mnuSearchAgain").isEnabled());
+        QCOMPARE(found(u"a"_qs), u"ABG"_qs); // names
+        window.View().sortByColumn(0, Qt::DescendingOrder);
+        QCOMPARE(found(u"a"_qs), u"GBA"_qs); // down the screen
+        window.View().sortByColumn(-1, Qt::AscendingOrder);
+        QCOMPARE(found(u"PHOTOS"_qs), u"AG"_qs);  // sources
+        QCOMPARE(found(u"strasse"_qs), u"G"_qs);  // status
+        QCOMPARE(found(u"abc"_qs), u"B"_qs);      // comment
+        QCOMPARE(found(u"hidden"_qs), QString()); // what the list does not show
+        QCOMPARE(world.prompter.shown.front().text, u"Text not found!"_qs);
+    }
+
+    void theTrayAsksForADialUpLine() {
         World world;
         Window window(world);
-        window.program.Monitoring().ToggleMonitoring();
-        const QString path = world.Path(chosen);
-        window.picker.answers = {path};
-        window.Command("mnuExportActivities").trigger();
-        QVERIFY(window.program.Monitoring().IsOn());
-        if (!box.isEmpty()) {
-            QVERIFY(world.prompter.Told().join(u'|').contains(box));
-            QCOMPARE(window.program.File().CurrentPath(), world.DefaultFile());
-            return;
+        for (QWidget* widget : QApplication::topLevelWidgets())
+            if (widget->objectName() == u"mnuPopUpTray")
+                widget->findChild<QAction*>(u"mnuSyncTray"_qs)->trigger();
+        QCOMPARE(world.prompter.shown.size(), std::size_t(1));
+        QCOMPARE(world.prompter.shown.front().title, world.texts[Text::NoConnectionTitle]);
+        QVERIFY(world.systemClock->set.empty());
+    }
+
+    void theServiceDialogEndsTheWindowForTheService() {
+        for (const bool starts : {false, true}) {
+            World world;
+            Window window(world);
+            QSignalSpy closed(&window.form, &frmMain::Closed);
+            world.serviceManager->later = [](const std::function<void()>&) {}; // no answer yet
+            world.serviceManager->state.kind = ServiceState::Kind::Stopped;
+            WhenOpen<frmServiceOptions>([&](const frmServiceOptions& form) {
+                QCOMPARE(Find<QLabel>(form, "lblState").text(), world.texts[Text::ServiceIsStopped]);
+                Find<QPushButton>(form, starts ? "cmdStartSvc" : "cmdInstallSvc").click();
+                QCOMPARE(Find<QPushButton>(form, "cmdStopSvc").isEnabled(), starts);
+            });
+            window.Command("mnuServiceOptions").trigger();
+            QCOMPARE(world.serviceManager->asked, QStringList{starts ? u"start KalvenorPro"_qs : u"install"_qs});
+            QCOMPARE(window.form.isVisible(), !starts);
+            QTRY_COMPARE(closed.size(), starts ? 1 : 0);
         }
-        QVERIFY(world.prompter.shown.empty());
-        QCOMPARE(window.program.File().CurrentPath(), path);
-        QVERIFY(window.form.windowTitle().contains(path));
-        QVERIFY(world.Read(path).contains("<A>") && world.Read(path).contains("<C>"));
-        // The lock has moved along: the old file may be monitored elsewhere, the new one may not.
-        EngineLock elsewhere(*world.locks, *world.services.ownFiles);
-        LockRefusal refusal{};
-        QVERIFY(elsewhere.Take(world.DefaultFile(), refusal) != nullptr);
-        QVERIFY(elsewhere.Take(path, refusal) == nullptr);
     }
 };
 

@@ -1,11 +1,70 @@
-"""Runs the real kalvenor-run on real folders and checks exit codes, files and output."""
+"""Runs the real kalvenor-run on real folders and a real SMTP server: exit codes, files, output, and the mails as an
+independent parser reads them."""
+import email
+import email.policy
 import os
 import shutil
 import signal
+import socket
 import subprocess
+import sys
+import tempfile
 import unittest
+from pathlib import Path
 
-from RunFixture import PROGRAM, RunFixture
+from smtp_server import SmtpServer
+
+PROGRAM = sys.argv.pop(1)
+
+
+class RunFixture(unittest.TestCase):
+    """A home of its own for each test."""
+
+    def setUp(self):
+        self.root = Path(tempfile.mkdtemp(prefix="kalvenor-run-"))
+        self.addCleanup(shutil.rmtree, self.root, True)
+        for name in ("config", "data", "run", "home"):
+            (self.root / name).mkdir(mode=0o700)
+        self.environment = {
+            **os.environ,
+            "HOME": str(self.root / "home"),
+            "XDG_CONFIG_HOME": str(self.root / "config"),
+            "XDG_DATA_HOME": str(self.root / "data"),
+            "XDG_STATE_HOME": str(self.root / "data"),
+            "XDG_RUNTIME_DIR": str(self.root / "run"),
+            "LANG": "C.UTF-8",
+            "LANGUAGE": "en",
+        }
+        self.settings("Kalvenor", "[Options]\nAccepted=Yes\n")
+        self.file = self.root / "jobs.kvd"
+
+    def settings(self, application, text):
+        folder = self.root / "config" / application
+        folder.mkdir(exist_ok=True)
+        (folder / f"{application}.ini").write_text(text, encoding="utf-8")
+
+    def activity(self, name, source=None, **fields):
+        source = source or self.root / f"{name}-in"
+        target = self.root / f"{name}-out"
+        for folder in (self.root / f"{name}-in", target):
+            folder.mkdir(exist_ok=True)
+        (self.root / f"{name}-in" / "file.txt").write_text(f"content of {name}")
+        record = {
+            "sourcedir": source, "targetdir": target, "type": "0", "intervall": "10", "action": "0", "overwrite": "Y",
+            "onlynew": "N", "alert": "N", "includesubdirs": "Y", "allfiles": "1", "activ": "1", **fields}
+        return f"<{name}>" + "".join(f"<{key}>{value}</{key}>" for key, value in record.items()) + f"</{name}>"
+
+    def write(self, *activities):
+        text = '<?xml version="1.0" encoding="ISO-8859-1"?><items>' + "".join(activities) + "</items>\r\n"
+        self.file.write_bytes(text.encode("latin-1", "xmlcharrefreplace"))
+
+    def run_program(self, *words):
+        return subprocess.run(
+            [PROGRAM, *map(str, words)], env=self.environment, capture_output=True, text=True, timeout=60,
+            stdin=subprocess.DEVNULL)
+
+    def copied(self, name):
+        return sorted(path.name for path in (self.root / f"{name}-out").iterdir())
 
 
 class KalvenorRun(RunFixture):
@@ -88,6 +147,75 @@ class KalvenorRun(RunFixture):
             self.assertEqual(path.stat().st_size, (source / path.name).stat().st_size, path.name)
         self.assertLess(len(self.copied("A")), 400)
         self.assertEqual([p.name for p in (self.root / "A-out").iterdir() if p.name.startswith(".")], [])
+
+
+class Mail(RunFixture):
+    def serve(self, **more):
+        self.told = []
+        self.server = SmtpServer(self.told.append)
+        self.server.start()
+        self.addCleanup(self.server.stop)
+        values = {"PersistentSettings": 1, "RemotePort": self.server.port, **more}
+        self.settings("Postrelle", "[Settings]\n" + "".join(f"{key}={value}\n" for key, value in values.items()))
+
+    def notifying(self, name="Akten", **fields):
+        return self.activity(name, **{
+            "sendmail": "1", "UseSMTP": "1", "SMTPHost": "127.0.0.1", "sender": "kalvenor@hier.de",
+            "recipient": "anna@dort.de", "subject": "Neue Akten", "message": "Es gibt etwas.", "attachaction": "1",
+            "logfile": self.root / f"{name}.log", **fields})
+
+    def run_once(self, *activities):
+        self.write(*activities)
+        result = self.run_program(self.file)
+        self.assertEqual(result.returncode, 0, result.stderr)
+        return result.stdout
+
+    def the_mail(self):
+        return email.message_from_bytes(self.told[-1]["content"].encode("latin-1"), policy=email.policy.default)
+
+    def test_umlauts_recipients_and_details(self):
+        self.serve()
+        output = self.run_once(self.notifying(
+            subject="Überraschung für 5 €", message="Größe: 5 €\n.\nEnde\n", recipient=";anna@dort.de;bert@dort.de",
+            attachaction="0", computername="1"))
+        self.assertIn("E-Mail send to ';anna@dort.de;bert@dort.de'\n", output)
+        mail, [envelope] = self.the_mail(), self.told
+        addresses = ["anna@dort.de", "bert@dort.de"]
+        self.assertEqual((envelope["mail_from"], envelope["rcpt_tos"]), ("kalvenor@hier.de", addresses))
+        self.assertTrue(envelope["content"].startswith('From: "Kalvenor Pro" <kalvenor@hier.de>\r\n'))
+        self.assertEqual([(one.display_name, one.addr_spec) for one in mail["To"].addresses],
+                         [(address, address) for address in addresses])
+        self.assertEqual(mail["Subject"], "Überraschung für 5 ?")
+        lines = mail.get_content().splitlines()
+        self.assertEqual(lines[0], f"from system (name): {socket.gethostname()}")
+        self.assertEqual(lines[2:5], ["Größe: 5 ?", ".", "Ende"])
+        self.assertEqual(lines[-1], f"Last accessed:{self.root}/Akten-out -> {self.root}/Akten-in")
+
+    def test_attached_log_and_login(self):
+        self.serve(UseAuthentication="True", Username="kalvenor")
+        output = self.run_once(self.notifying(attachlogfile="1", sendlastfile="1"))
+        self.assertEqual(self.told[0], {"mechanism": "LOGIN", "login": "kalvenor", "password": ""})
+        self.assertEqual(len(self.told), 2)
+        self.assertIn(f"'{self.root}/Akten-out' is not attached: The file you tried to attach does not exist\n", output)
+        mail = self.the_mail()
+        self.assertEqual(mail.get_body().get_content().strip(), "Es gibt etwas.")
+        [attachment] = mail.iter_attachments()
+        self.assertEqual(attachment.get_filename(), "Akten.log")
+        log = (self.root / "Akten.log").read_bytes()
+        self.assertIn(b"E-Mail send to 'anna@dort.de'\r\n", log)
+        self.assertTrue(log.startswith(attachment.get_payload(decode=True)))
+        self.assertIn(b"Copy file", attachment.get_payload(decode=True))
+
+    def test_a_silent_server_holds_up_nobody_else(self):
+        self.serve(ConnectTimeout=3, ConnectRetry=1)
+        with socket.create_server(("127.0.0.2", self.server.port)):
+            output = self.run_once(
+                self.notifying("Stumm", SMTPHost="127.0.0.2", recipient="stumm@dort.de"), self.notifying(),
+                self.notifying("Falsch", recipient="anna"))
+        self.assertEqual([mail["rcpt_tos"] for mail in self.told], [["anna@dort.de"]])
+        self.assertIn("E-Mail send to 'stumm@dort.de' - Timeout occurred: ", output)
+        self.assertNotIn("E-Mail send to 'anna@dort.de' - ", output)
+        self.assertIn("E-Mail send to 'anna' - Missing or Invalid Recipient E-mail Address\n", output)
 
 
 if __name__ == "__main__":

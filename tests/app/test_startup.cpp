@@ -61,9 +61,7 @@ class TestStartUp : public QObject {
                  u"file: /a/my own file.kvd -> /a/my own file.kvd"_qs);
         QCOMPARE(parsed({u"\"\"/a\"\""_qs}), u"file: \"/a\" -> ./\"/a\""_qs); // one pair of quotes goes
         QCOMPARE(parsed({u"link/../b.kvd"_qs}), u"file: link/../b.kvd -> ./link/../b.kvd"_qs);
-    }
-
-    void leavesOutWhatQtTakes() {
+        // What Qt takes is left out.
         QCOMPARE(parsed({u"-plugin"_qs, u"xcb"_qs, u"--style"_qs, u"fusion"_qs, u"-reverse"_qs, u"/a.kvd"_qs}),
                  u"file: /a.kvd -> /a.kvd"_qs);
         QCOMPARE(parsed({u"STARTSERVICE"_qs, u"-platform"_qs, u"offscreen"_qs}), u"start: STARTSERVICE"_qs);
@@ -146,13 +144,6 @@ class TestStartUp : public QObject {
         QVERIFY(!world.program->IsNoticeAccepted());
     }
 
-    void damagedFileIsLeftAloneWithoutAYes() {
-        World world;
-        world.Write(world.DefaultFile(), "no activity file");
-        QCOMPARE(world.Begin(), StartUpResult::Running);
-        QCOMPARE(world.Read(world.DefaultFile()), QByteArray("no activity file"));
-    }
-
     void headlessWithoutAcceptanceTouchesNothing() {
         World world(false);
         std::ostringstream lines;
@@ -205,6 +196,7 @@ class TestStartUp : public QObject {
             HeadlessLog log(lines, false);
             HeadlessHost host(*world.program, log);
             QCOMPARE(host.Start({}), std::nullopt);
+            QVERIFY(isLocked || world.Read(world.DefaultFile()) == damaged);
             auto* retry = host.findChild<QTimer*>();
             const auto aMinuteLater = [&] { QVERIFY(QMetaObject::invokeMethod(retry, "timeout")); };
             const std::size_t told = world.prompter.shown.size();

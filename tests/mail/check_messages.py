@@ -57,7 +57,7 @@ class Messages(unittest.TestCase):
         self.assertEqual(message["Cc"], "copy@xn--bcher-kva.example")
         self.assertNotIn(b"secret", received("plain.mail"))
         self.assertEqual(message["Subject"], "Grüße für 5 ?: " + "äöü und mehr " * 20)
-        self.assertEqual(message["Date"].datetime.isoformat(), "2003-01-05T14:07:09+01:00")
+        self.assertIn(b"\r\nDate: Sun, 5 Oct 2003 14:07:09 -0330\r\n", received("plain.mail"))
         self.assertEqual(message["Content-Transfer-Encoding"], "8bit")
         self.assertEqual(message.get_content(), ".Punkt\r\n..\r\n.\r\n\r\nÄÖÜß ? ? Ende\r\n")
 

@@ -6,6 +6,14 @@
 
 namespace {
 
+MailServers servers(bool login = false) {
+    return {.smtpHost = u"smtp"_qs,
+            .popHost = u"pop"_qs,
+            .username = u"user"_qs,
+            .password = u"secret"_qs,
+            .useAuthentication = login};
+}
+
 class ScriptedServer final : public MailWire, public MailSessionEvents {
   public:
     void Open(const QString& host, quint16 port) override { talk += u"open %1:%2"_qs.arg(host).arg(port); }
@@ -47,7 +55,10 @@ class ScriptedServer final : public MailWire, public MailSessionEvents {
             session.Poll();
         }
     }
-    void Greet();
+    void Greet() {
+        session.Connect(servers(), u"me@here.de"_qs);
+        Play("connected|220 hi|250 ok");
+    }
     void SendMail(const QStringList& recipients) {
         MailMessage mail;
         mail.from = u"me@here.de"_qs;
@@ -67,20 +78,6 @@ class ScriptedServer final : public MailWire, public MailSessionEvents {
     int now = 36'000;
     MailSession session{*this, *this, [this] { return now; }};
 };
-
-MailServers servers(bool login = false, bool pop = false) {
-    return {.smtpHost = u"smtp"_qs,
-            .popHost = u"pop"_qs,
-            .username = u"user"_qs,
-            .password = u"secret"_qs,
-            .useAuthentication = login,
-            .usePopAuthentication = pop};
-}
-
-void ScriptedServer::Greet() {
-    session.Connect(servers(), u"me@here.de"_qs);
-    Play("connected|220 hi|250 ok");
-}
 
 /// "code: text" of each reply, which must not depend on the pieces they arrive in.
 QByteArrayList repliesOf(const QByteArray& bytes) {
@@ -121,78 +118,62 @@ class TestMailSession final : public QObject {
         QCOMPARE(repliesOf(QByteArray("250-xxxxxxxxxxxxxxxxxxxxxxxxxxxxxx\r\n").repeated(3'000)), List{"overrun"});
     }
 
-    /// What is sent, and after "=>" what is reported. The login is "", "smtp" or "pop".
-    void connects_data() {
-        QTest::addColumn<QByteArray>("login");
-        QTest::addColumn<QByteArray>("replies");
-        QTest::addColumn<QString>("expected");
-        const auto row = [](const char* name, const char* login, const QByteArray& replies, const QString& expected) {
-            QTest::newRow(name) << QByteArray(login) << replies << expected;
+    void connects() {
+        /// What is sent, and after "=>" what is reported.
+        const auto talk = [](const QByteArray& replies, bool login = false) {
+            ScriptedServer server;
+            server.session.Connect(servers(login), u"me@here.de"_qs);
+            server.Play(replies);
+            const bool isReady = server.events.endsWith(u"ready"_qs);
+            return QString((server.session.IsReady() == isReady ? u""_qs : u"IsReady lies: "_qs) +
+                           server.talk.join(u'|') + u" => " + server.events.join(u'|'));
         };
         const QString hello = u"Initializing Communications..."_qs;
+        const QString failed = u"open smtp:25|close => failed: "_qs;
         const QString login = u"open smtp:25|EHLO here.de%1 => "_qs + hello + u"|Sending Login Authentication...|";
         const QString loginFailed = u"Host Login Failed!|failed: Host Login Failed!|not ready"_qs;
-        const QString failed = u"open smtp:25|close => failed: "_qs;
         const QByteArray offer = "connected|220 hi|250 AUTH LOGIN";
-        row("unknown prompt", "smtp", offer + "|334 Zm9v|501 cancelled",
-            login.arg(u"|AUTH Login|*|close"_qs) + u"failed: 501 cancelled|Host Login Failed!|not ready");
-        row("no prompt", "smtp", offer + "|wait 5", login.arg(u"|AUTH Login|close"_qs) + loginFailed);
-        row("a repeated prompt buys no time", "smtp", offer + QByteArray("|wait 1|334 UGFzc3dvcmQ6").repeated(5),
-            login.arg(u"|AUTH Login"_qs + u"|c2VjcmV0"_qs.repeated(4) + u"|close") + loginFailed);
-        row("login not offered", "smtp", "connected|220 hi|250 AUTH PLAIN LOGIN|wait 5",
-            u"open smtp:25|EHLO here.de => " + hello + u"|Login Not Supported by Host, Continuing...|ready");
-        row("unasked for a password", "", "connected|334 UGFzc3dvcmQ6", failed + u"334 UGFzc3dvcmQ6|not ready");
-        row("an attack on the log", "", "connected|500 \x1b[2J" + QByteArray(300, 'x'),
-            failed + u"500 \uFFFD[2J" + QString(192, u'x') + u"|not ready");
-        row("POP3 for SMTP", "", "connected|+OK", failed + u"+OK|not ready");
-        row("empty reply", "", "connected|", failed + u"The mail server sent an empty reply|not ready");
-        row("four attempts", "", "closed|closed|closed|closed",
-            u"open smtp:25|"_qs.repeated(4) + u"close => " + timedOut + u"|not ready");
-        row("second attempt", "", "wait 30|connected|220 hi|250 ok",
-            u"open smtp:25|open smtp:25|HELO here.de => " + hello + u"|ready");
-        row("no greeting", "", "connected|wait 30", u"open smtp:25|close => " + timedOut + u"|not ready");
-    }
-    void connects() {
-        QFETCH(QByteArray, login);
-        QFETCH(QByteArray, replies);
-        ScriptedServer server;
-        server.session.Connect(servers(login == "smtp", login == "pop"), u"me@here.de"_qs);
-        server.Play(replies);
-        QTEST(QString(server.talk.join(u'|') + u" => " + server.events.join(u'|')), "expected");
-        QCOMPARE(server.session.IsReady(), server.events.endsWith(u"ready"_qs));
+        QCOMPARE(talk(offer + "|334 Zm9v|501 cancelled", true), // an unknown prompt
+                 QString(login.arg(u"|AUTH Login|*|close"_qs) + u"failed: 501 cancelled|Host Login Failed!|not ready"));
+        QCOMPARE(talk(offer + "|wait 5", true), login.arg(u"|AUTH Login|close"_qs) + loginFailed);
+        // A repeated prompt buys no time.
+        QCOMPARE(talk(offer + QByteArray("|wait 1|334 UGFzc3dvcmQ6").repeated(5), true),
+                 login.arg(u"|AUTH Login"_qs + u"|c2VjcmV0"_qs.repeated(4) + u"|close") + loginFailed);
+        QCOMPARE(talk("connected|220 hi|250 AUTH PLAIN LOGIN|wait 5", true),
+                 u"open smtp:25|EHLO here.de => " + hello + u"|Login Not Supported by Host, Continuing...|ready");
+        QCOMPARE(talk("connected|334 UGFzc3dvcmQ6"), failed + u"334 UGFzc3dvcmQ6|not ready"); // unasked
+        QCOMPARE(talk("connected|500 \x1b[2J" + QByteArray(300, 'x')),                        // an attack on the log
+                 QString(failed + u"500 \uFFFD[2J" + QString(192, u'x') + u"|not ready"));
+        QCOMPARE(talk("connected|+OK"), failed + u"+OK|not ready"); // of POP3
+        QCOMPARE(talk("connected|"), failed + u"The mail server sent an empty reply|not ready");
+        QCOMPARE(talk("closed|closed|closed|closed"),
+                 QString(u"open smtp:25|"_qs.repeated(4) + u"close => " + timedOut + u"|not ready"));
+        QCOMPARE(talk("wait 30|connected|220 hi|250 ok"),
+                 u"open smtp:25|open smtp:25|HELO here.de => " + hello + u"|ready");
+        QCOMPARE(talk("connected|wait 30"), u"open smtp:25|close => " + timedOut + u"|not ready");
     }
 
-    /// How many of the four commands are sent, and how it ends.
-    void sends_data() {
-        QTest::addColumn<QByteArray>("replies");
-        QTest::addColumn<int>("commands");
-        QTest::addColumn<QString>("end");
-        const auto row = [](const QByteArray& replies, int commands, const QString& end) {
-            QTest::newRow(replies) << replies << commands << end;
-        };
-        row("250 1|251 2|250 3|354 4|250 5", 4, u"accepted"_qs);
-        row("250 1|250 2|550 no b", 3, u"failed: 550 no b|refused"_qs);
-        row("250 1|252 perhaps", 2, u"failed: 252 perhaps|refused"_qs);
-        row("250 1|250 2|250 3|wait 60", 4, timedOut + u"|refused");
-        row("250 1|250 2|250 3|354 4|554 spam", 4, u"failed: 554 spam|refused"_qs);
-    }
     void sends() {
-        QFETCH(QByteArray, replies);
-        QFETCH(int, commands);
-        QFETCH(QString, end);
-        ScriptedServer server;
-        server.Greet();
-        server.talk.clear();
-        server.SendMail({u"a@x.de"_qs, u"b@x.de"_qs});
-        server.events.clear();
-        server.Play(replies);
-        QStringList talk{u"MAIL FROM: <me@here.de>"_qs, u"RCPT TO: <a@x.de>"_qs, u"RCPT TO: <b@x.de>"_qs, u"DATA"_qs};
-        talk = talk.mid(0, commands);
-        if (end != u"accepted")
-            talk += u"close"_qs;
-        QCOMPARE(server.talk, talk);
-        QCOMPARE(server.events.filter(QRegularExpression(u"^(failed: |accepted|refused)"_qs)).join(u'|'), end);
-        QVERIFY(!server.session.IsBusy());
+        /// The commands, and after "=>" how it ends.
+        const auto talk = [](const QByteArray& replies) {
+            ScriptedServer server;
+            server.Greet();
+            server.talk.clear();
+            server.SendMail({u"a@x.de"_qs, u"b@x.de"_qs});
+            server.events.clear();
+            server.Play(replies);
+            const QStringList ends = server.events.filter(QRegularExpression(u"^(failed: |accepted|refused)"_qs));
+            return QString((server.session.IsBusy() ? u"busy: "_qs : QString()) + server.talk.join(u'|') + u" => " +
+                           ends.join(u'|'));
+        };
+        const QString one = u"MAIL FROM: <me@here.de>|RCPT TO: <a@x.de>"_qs;
+        const QString two = one + u"|RCPT TO: <b@x.de>";
+        const QString all = two + u"|DATA";
+        QCOMPARE(talk("250 1|251 2|250 3|354 4|250 5"), all + u" => accepted");
+        QCOMPARE(talk("250 1|250 2|550 no b"), two + u"|close => failed: 550 no b|refused");
+        QCOMPARE(talk("250 1|252 perhaps"), one + u"|close => failed: 252 perhaps|refused");
+        QCOMPARE(talk("250 1|250 2|250 3|wait 60"), QString(all + u"|close => " + timedOut + u"|refused"));
+        QCOMPARE(talk("250 1|250 2|250 3|354 4|554 spam"), all + u"|close => failed: 554 spam|refused");
     }
 
     void holdsBackWhileTheSocketIsFull() {
@@ -233,7 +214,8 @@ class TestMailSession final : public QObject {
 
     void nothingBreaksOutOfACommandLine() {
         ScriptedServer server;
-        MailServers hostile = servers(false, true);
+        MailServers hostile = servers();
+        hostile.usePopAuthentication = true;
         hostile.username = u"a\r\nDELE 1"_qs;
         hostile.password = u"b\nDELE 2"_qs;
         server.session.Connect(hostile, u"me@here.de\r\nRSET"_qs);

@@ -1,4 +1,7 @@
+// Messages on their way to the wire, read again by another program; and what is taken for an address.
 #include "MessageStream.h"
+#include "modMailEncoding.h"
+#include "modValidEMail.h"
 
 #include <QProcess>
 #include <QRandomGenerator>
@@ -13,7 +16,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-const QDateTime when(QDate(2003, 1, 5), QTime(14, 7, 9), Qt::OffsetFromUTC, 3600);
+const QDateTime when(QDate(2003, 10, 5), QTime(14, 7, 9), Qt::OffsetFromUTC, -12'600);
 
 MailMessage letter() {
     MailMessage message;
@@ -46,6 +49,7 @@ QByteArray noise(int size) {
 class TestMessageStream final : public QObject {
     Q_OBJECT
   private Q_SLOTS:
+    void initTestCase() { QLocale::setDefault(QLocale(QLocale::German)); } // dates in mails are English all the same
     void init() {
         m_folder = std::make_unique<QTemporaryDir>();
         QVERIFY(m_folder->isValid());
@@ -53,36 +57,31 @@ class TestMessageStream final : public QObject {
     // Qt cannot remove names that are not UTF-8.
     void cleanup() { fs::remove_all(root()); }
 
-    void check() {
-        const auto check = [](qsizetype recipients, qsizetype copies, qsizetype blindCopies) {
-            MailMessage message = letter();
-            message.recipients = QStringList(recipients, u"a@example.org"_qs);
-            message.copies = QStringList(copies, u"a@example.org"_qs);
-            message.blindCopies = QStringList(blindCopies, u"a@example.org"_qs);
-            return MessageStream::Check(message);
-        };
-        QCOMPARE(check(34, 33, 33), QString());
-        QCOMPARE(check(34, 33, 34), u"Too many recipients"_qs);
+    void refusesTooManyRecipients() {
+        MailMessage message = letter();
+        message.recipients = QStringList(34, u"a@example.org"_qs);
+        message.copies = message.blindCopies = QStringList(33, u"a@example.org"_qs);
+        QCOMPARE(MessageStream::Check(message), QString());
+        message.blindCopies += u"a@example.org"_qs;
+        QCOMPARE(MessageStream::Check(message), u"Too many recipients"_qs);
     }
 
-    void unreadableAttachment_data() {
-        QTest::addColumn<QString>("reason");
-        QTest::newRow("missing") << u"missing: The file you tried to attach does not exist"_qs;
-        QTest::newRow("folder") << u"folder: Is a directory"_qs;
-        QTest::newRow("fifo") << u"fifo: Invalid argument"_qs;
-    }
     void unreadableAttachment() {
         fs::create_directory(root() / "folder");
         QCOMPARE(::mkfifo((root() / "fifo").c_str(), 0600), 0);
-        MailMessage message = letter();
-        message.attachments = {file("good", "good"), root() / QTest::currentDataTag()};
-        MessageStream stream(message, when);
-        QByteArray text;
-        while (!stream.AtEnd())
-            text += stream.Next().bytes;
-        QTEST(stream.Error().value_or(QString()), "reason");
-        QVERIFY(text.contains("good") && !text.contains("\r\n.\r\n"));
-        QVERIFY(stream.Next().bytes.isEmpty());
+        for (const auto& [name, reason] :
+             {std::pair("missing", "missing: The file you tried to attach does not exist"),
+              std::pair("folder", "folder: Is a directory"), std::pair("fifo", "fifo: Invalid argument")}) {
+            MailMessage message = letter();
+            message.attachments = {file("good", "good"), root() / name};
+            MessageStream stream(message, when);
+            QByteArray text;
+            while (!stream.AtEnd())
+                text += stream.Next().bytes;
+            QCOMPARE(stream.Error().value_or(QString()), QLatin1String(reason));
+            QVERIFY(text.contains("good") && !text.contains("\r\n.\r\n"));
+            QVERIFY(stream.Next().bytes.isEmpty());
+        }
     }
 
     void attachmentChangesMeanwhile() {
@@ -120,6 +119,53 @@ class TestMessageStream final : public QObject {
         if (!agreed)
             qWarning("%s", python.readAll().constData());
         QVERIFY(agreed);
+    }
+
+    void longHeaderWord() {
+        const QStringList texts{QString(5000, u'c'), QString(5000, u' '), u"c"_qs + QString(5000, u' '),
+                                u"word and word "_qs.repeated(400), u"\"\\ "_qs.repeated(2000)};
+        for (const QString& text : texts)
+            for (const bool quoted : {false, true})
+                for (const QByteArray& line : modMailEncoding::HeaderWord(text, quoted).split('\n')) {
+                    QVERIFY(line.size() < 998);
+                    QVERIFY2(!line.trimmed().isEmpty(), "a line of blanks ends the header for some readers");
+                }
+    }
+
+    void transparency() {
+        const QByteArray full(998, 'a');
+        const std::pair<QByteArray, QByteArray> rows[]{
+            {"a\rb\nc\n\rd\r\r\ne\n\n", "a\r\nb\r\nc\r\n\r\nd\r\n\r\ne\r\n\r\n"},
+            {".a\r\n.\r\n..\nb.\r.c\r\n", "..a\r\n..\r\n...\r\nb.\r\n..c\r\n"},
+            {full + "\r\nb", full + "\r\nb"},
+            {full + 'a', full + "\r\na"},
+            {full + ".\n", full + "\r\n..\r\n"},                     // broken before the dot
+            {QByteArray(999, '.'), QByteArray(999, '.') + "\r\n.."}, // a doubled one counts once
+        };
+        for (const auto& [text, sent] : rows)
+            for (qsizetype cut = 0; cut <= text.size(); ++cut) {
+                LineTransparency filter;
+                const QByteArray begin = filter.Pass(text.left(cut));
+                QCOMPARE(begin + filter.Pass(text.mid(cut)), sent);
+            }
+    }
+
+    void base64FromServers() {
+        QCOMPARE(modMailEncoding::DecodeBase64String(" UGFz-c3dv\r\ncmQ6"), "Password:");
+        QCOMPARE(modMailEncoding::DecodeBase64String("VXNlcm5hbWU6=UGFzc3dvcmQ6"), "Username:");
+    }
+
+    void addresses() {
+        for (const char* valid : {"a.b-c_d~e@mail.EXAMPLE.De", "a@example.com", "  a@example.org ", "a@192.168.0.255"})
+            QVERIFY2(modValidEMail::IsValidEmailAddress(QString::fromLatin1(valid)), valid);
+        for (const char* invalid : {"", "@example.de", "example.de", "a@b@example.de", "a@", "a@example.o",
+                                    "a b@example.de", "a@192.168.0.256", "a@99999999999999999999.1.1.1", "a@1.2.3"})
+            QVERIFY2(!modValidEMail::IsValidEmailAddress(QString::fromLatin1(invalid)), invalid);
+        const QString good = u"ab@example.de"_qs;
+        for (const QChar illegal : u"!#$%^&*()=+{}[]|\\;:'/?>,<\"\t\r\n\0"_qs)
+            for (const qsizetype place : {qsizetype(0), qsizetype(5), good.size()})
+                QVERIFY2(!modValidEMail::IsValidEmailAddress(QString(good).insert(place, illegal)),
+                         qPrintable(QString(illegal)));
     }
 
   private:

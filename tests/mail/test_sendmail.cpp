@@ -1,7 +1,6 @@
 // The mail client against real servers on this machine, and its properties.
 #include "Fakes.h"
 #include "MailDispatch.h"
-#include "NameServerProcess.h"
 #include "PlatformServices.h"
 #include "clsSendMail.h"
 
@@ -168,20 +167,6 @@ class TestSendMail final : public QObject {
         client.mail.SetAttachment(attached);
         QVERIFY(QFile::remove(attached) && !client.Send());
         QCOMPARE(client.failures.last(), u"attached: The file you tried to attach does not exist"_qs);
-    }
-
-    void asksForTheMailHost() {
-        SmtpServer smtp;
-        NameServerProcess dns;
-        QVERIFY(dns.Start());
-        Client client;
-        client.names.known = {{{u"127.0.0.1"_qs, dns.port}}, QString()};
-        client.Prepare(smtp.port);
-        QVERIFY2(client.Send(), qPrintable(client.failures.join(u'|')));
-        QCOMPARE(client.statuses.first(), u"Performing MX Query, Domain: dort.de"_qs);
-        client.mail.SetRecipient(u"anna@anders.de"_qs);
-        QVERIFY(!client.Send());
-        QCOMPARE(client.failures.last(), u"Invalid or Missing SMTP Host Name"_qs);
     }
 
     /// Between the end of Connect and the slot that follows it, nothing is under way that Shutdown could end.

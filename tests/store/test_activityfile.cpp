@@ -12,7 +12,6 @@ const QByteArray oneActivity = "<items><A><activ>1</activ></A></items>";
 const QString A = u"A"_qs;
 const QString own = u"a.kvd"_qs;
 const QString other = u"b.kvd"_qs;
-const QString standard = u"program/Kalvenor.kvd"_qs;
 
 /// Why a save was refused, "" if it was not.
 QString refusal(ActivityFile& file) {
@@ -42,62 +41,55 @@ class TestActivityFile : public QObject {
   private Q_SLOTS:
     void cleanup() { QDir::setCurrent(m_before); }
 
-    void defaultFile_data() {
-        QTest::addColumn<QStringList>("existing");
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("nothing yet") << QStringList() << standard;
-        QTest::newRow("two variants, the first by bytes")
-            << QStringList{u"program/kalvenor.KVD"_qs, u"program/KALVENOR.KVD"_qs} << u"program/KALVENOR.KVD"_qs;
-        QTest::newRow("no place") << QStringList() << u"data/Kalvenor.kvd"_qs;
-    }
     void defaultFile() {
-        QFETCH(QStringList, existing);
-        QFETCH(QString, expected);
-        ScratchStore store;
-        for (const QString& name : existing)
-            QVERIFY(store.Write(name, oneActivity));
-        // A folder that is not there cannot be written to either, and that holds for root as well.
-        if (expected.startsWith(u"data"))
-            QVERIFY(QDir(store.Path(u"program"_qs)).removeRecursively());
-        ActivityFile file(store.document, store.files, store.prompter, store.texts, store.places);
-        QCOMPARE(file.CurrentPath(), store.Path(expected));
-        QVERIFY(file.EnsureDefaultExists());
-        QCOMPARE(store.Read(expected), existing.isEmpty() ? emptyFile : oneActivity);
-        QVERIFY(existing.isEmpty() || store.Entries(u"program"_qs).size() == existing.size());
-        QVERIFY(file.IsDefault());
+        /// Where it is made, or found among those that are there already.
+        const auto place = [](const QStringList& existing, bool hasProgramFolder = true) {
+            ScratchStore store;
+            for (const QString& name : existing)
+                store.Write(name, oneActivity);
+            // A folder that is not there cannot be written to either, and that holds for root as well.
+            if (!hasProgramFolder)
+                QDir(store.Path(u"program"_qs)).removeRecursively();
+            ActivityFile file(store.document, store.files, store.prompter, store.texts, store.places);
+            const QString found = QDir(store.Path()).relativeFilePath(file.CurrentPath());
+            const bool isThere = file.EnsureDefaultExists() && file.IsDefault();
+            const bool isKept = store.Read(found) == (existing.isEmpty() ? emptyFile : oneActivity) &&
+                                (existing.isEmpty() || store.Entries(u"program"_qs).size() == existing.size());
+            return isThere && isKept ? found : u"not "_qs + found;
+        };
+        QCOMPARE(place({}), u"program/Kalvenor.kvd"_qs);
+        QCOMPARE(place({u"program/kalvenor.KVD"_qs, u"program/KALVENOR.KVD"_qs}), u"program/KALVENOR.KVD"_qs);
+        QCOMPARE(place({}, false), u"data/Kalvenor.kvd"_qs);
     }
 
-    void changedFileIsNotOverwritten_data() {
-        QTest::addColumn<QByteArray>("bytes"); // by another program, after the load
-        QTest::addColumn<int>("time");
-        QTest::addColumn<bool>("isReplaced"); // as a new file; else written into the old one
-        QTest::newRow("rewritten") << QByteArray("<items><B/></items>") << 1000 << false;
-        QTest::newRow("same size") << QByteArray(oneActivity).replace("1", "7") << 2000 << false;
-        QTest::newRow("same size and time") << QByteArray(oneActivity).replace("1", "7") << 1000 << true;
-    }
     void changedFileIsNotOverwritten() {
-        QFETCH(QByteArray, bytes);
-        QFETCH(int, time);
-        QFETCH(bool, isReplaced);
-        ScratchStore store(oneActivity);
-        const auto setTime = [](const QString& file, int seconds) {
-            QFile opened(file);
-            return opened.open(QIODevice::ReadWrite) &&
-                   opened.setFileTime(QDateTime::fromSecsSinceEpoch(seconds), QFileDevice::FileModificationTime);
+        struct Change {
+            QByteArray bytes; ///< by another program, after the load
+            int time;
+            bool isReplaced; ///< as a new file; else written into the old one
         };
-        QVERIFY(setTime(store.Path(own), 1000));
-        QVERIFY(store.file.Load());
-        const QString& changed = isReplaced ? other : own;
-        QVERIFY(store.Write(changed, bytes) && setTime(store.Path(changed), time));
-        if (isReplaced)
-            QCOMPARE(::rename(qPrintable(store.Path(other)), qPrintable(store.Path(own))), 0);
-        store.file.Write(A, ActivityField::Active, u"0"_qs);
-        QCOMPARE(refusal(store.file), store.texts[Text::FileChangedOutside]);
-        QCOMPARE(store.Read(own), bytes);
-        // The change is still in memory until the user loads again.
-        QCOMPARE(store.file.Read(A, ActivityField::Active), u"0"_qs);
-        if (store.file.Load())
-            QCOMPARE(refusal(store.file), QString());
+        const QByteArray sameSize = QByteArray(oneActivity).replace("1", "7");
+        for (const auto& [bytes, time, isReplaced] : {Change{"<items><B/></items>", 1000, false},
+                                                      Change{sameSize, 2000, false}, Change{sameSize, 1000, true}}) {
+            ScratchStore store(oneActivity);
+            const auto setTime = [](const QString& file, int seconds) {
+                QFile opened(file);
+                return opened.open(QIODevice::ReadWrite) &&
+                       opened.setFileTime(QDateTime::fromSecsSinceEpoch(seconds), QFileDevice::FileModificationTime);
+            };
+            QVERIFY(setTime(store.Path(own), 1000) && store.file.Load());
+            const QString& changed = isReplaced ? other : own;
+            QVERIFY(store.Write(changed, bytes) && setTime(store.Path(changed), time));
+            if (isReplaced)
+                QCOMPARE(::rename(qPrintable(store.Path(other)), qPrintable(store.Path(own))), 0);
+            store.file.Write(A, ActivityField::Active, u"0"_qs);
+            QCOMPARE(refusal(store.file), store.texts[Text::FileChangedOutside]);
+            QCOMPARE(store.Read(own), bytes);
+            // The change is still in memory until the user loads again.
+            QCOMPARE(store.file.Read(A, ActivityField::Active), u"0"_qs);
+            if (store.file.Load())
+                QCOMPARE(refusal(store.file), QString());
+        }
     }
 
     void savesFollowEachOther() {
@@ -135,19 +127,6 @@ class TestActivityFile : public QObject {
         QCOMPARE(store.Read(other), emptyFile);
         store.file.SetCurrentPath(store.Path(own)); // back: it is still the one that was loaded
         QCOMPARE(refusal(store.file), QString());
-    }
-
-    void exportMakesTheNewFileCurrent() {
-        ScratchStore store(oneActivity);
-        QVERIFY(store.Write(other, "old"));
-        QVERIFY(store.file.Load());
-        QVERIFY_THROWS_EXCEPTION(StoreError, store.file.SaveAs(store.Path(u"none/b.kvd"_qs)));
-        QCOMPARE(store.file.CurrentPath(), store.Path(own));
-        store.file.SaveAs(store.Path(other));
-        QCOMPARE(store.file.CurrentPath(), store.Path(other));
-        QCOMPARE(refusal(store.file), QString());
-        QVERIFY(store.file.Load());
-        QCOMPARE(store.Read(own), oneActivity);
     }
 
     void repairTakesTheFirstFreeName() {

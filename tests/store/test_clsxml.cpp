@@ -44,28 +44,24 @@ class TestClsXml : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
-    void pathFindsFirstMatch_data() {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("count");
-        const auto row = [](const char* path, const char* text, int count) {
-            QTest::newRow(path) << QString::fromLatin1(text) << count;
-        };
-        row("/items/A/sourcedir", "/a1", 1);
-        row("/items/A/activ", "1", 1); // only the second A has it
-        row("/items/A[2]/sourcedir", "/a2", 1);
-        row("/items/B/@y", "two", 1);
-        row("/items/*[@x='1']/sourcedir", "/b", 1);
-        row("/items/B[sourcedir='//no'] | /items/B/sourcedir", "/b", 1);
-        for (const char* missing : {"", "/items/", "/items/a/sourcedir", "//sourcedir", "/items/My Backup/sourcedir",
-                                    "/items/A[", "/items/p:A/sourcedir", "count(/items)"})
-            row(missing, "", -1);
-    }
     void pathFindsFirstMatch() {
         const Store store;
-        const QString path = QString::fromLatin1(QTest::currentDataTag());
-        QTEST(store.document.ReadNode(path), "text");
-        QTEST(store.document.NodeCount(path), "count");
-        QCOMPARE(store.document.NodeCount(path + QChar(u'\0') + u"/x"), -1); // not cut off there
+        /// How many children it has, and its text.
+        const auto found = [&](const char* latin) {
+            const QString path = QString::fromLatin1(latin);
+            const bool isCutOff = store.document.NodeCount(path + QChar(u'\0') + u"/x") != -1;
+            const QString count = QString::number(store.document.NodeCount(path));
+            return QString(count + (isCutOff ? u"? " : u" ") + store.document.ReadNode(path));
+        };
+        QCOMPARE(found("/items/A/sourcedir"), u"1 /a1"_qs);
+        QCOMPARE(found("/items/A/activ"), u"1 1"_qs); // only the second A has it
+        QCOMPARE(found("/items/A[2]/sourcedir"), u"1 /a2"_qs);
+        QCOMPARE(found("/items/B/@y"), u"1 two"_qs);
+        QCOMPARE(found("/items/*[@x='1']/sourcedir"), u"1 /b"_qs);
+        QCOMPARE(found("/items/B[sourcedir='//no'] | /items/B/sourcedir"), u"1 /b"_qs);
+        for (const char* missing : {"", "/items/", "/items/a/sourcedir", "//sourcedir", "/items/My Backup/sourcedir",
+                                    "/items/A[", "/items/p:A/sourcedir", "count(/items)"})
+            QCOMPARE(found(missing), u"-1 "_qs);
     }
 
     void missingDataIsNeutralOrThrows() {
@@ -85,30 +81,27 @@ class TestClsXml : public QObject {
         }
     }
 
-    void textIsTakenLiterally_data() {
-        QTest::addColumn<QString>("value");
-        QTest::addColumn<QString>("stored");
-        const QString markup = u"<b>&amp; & \"'&#65; ]]> --%1 a\r\nb\tc\n "_qs;
-        QTest::newRow("markup, line breaks and blanks") << markup << markup;
-        QTest::newRow("control characters") << u"a\x01\x1F\x0B"_qs + QChar(u'\0') + u"b" << u"ab"_qs;
-        QTest::newRow("broken surrogates") << QString(QChar(0xD800)) + u'a' + QChar(0xDC00) << u"a"_qs;
-        QTest::newRow("astral and non-characters")
-            << QString::fromUcs4(U"\U0001F600\uFFFE\uFFFD") << QString::fromUcs4(U"\U0001F600\uFFFD");
-        QTest::newRow("empty") << QString() << QString();
-    }
     void textIsTakenLiterally() {
-        QFETCH(QString, value);
-        QFETCH(QString, stored);
-        Store store;
-        store.document.WriteNode(u"/items/A/mixed"_qs, value);
-        store.document.WriteAttribute(nodeB, {QString(), u"y"_qs}, {u"skipped"_qs, value});
-        store.document.MakeNode(nodeB, u"made"_qs, value);
-        QVERIFY(store.document.OpenXML(store.document.XML(), 1));
-        QCOMPARE(store.document.ReadNode(u"/items/A/mixed"_qs), stored);
-        QCOMPARE(store.document.ReadAttribute(nodeB, u"y"_qs), stored);
-        QCOMPARE(store.document.ReadNode(u"/items/B/made"_qs), stored);
-        store.document.DeleteAttribute(nodeB, u"y"_qs);
-        QVERIFY(!store.document.ReadNodeXML(nodeB).contains(u"y="));
+        const QString markup = u"<b>&amp; & \"'&#65; ]]> --%1 a\r\nb\tc\n "_qs;
+        const std::pair<QString, QString> rows[]{
+            {markup, markup},
+            {u"a\x01\x1F\x0B"_qs + QChar(u'\0') + u'b', u"ab"_qs},
+            {QString(QChar(0xD800)) + u'a' + QChar(0xDC00), u"a"_qs}, // broken surrogates
+            {QString::fromUcs4(U"\U0001F600\uFFFE\uFFFD"), QString::fromUcs4(U"\U0001F600\uFFFD")},
+            {{}, {}},
+        };
+        for (const auto& [value, stored] : rows) {
+            Store store;
+            store.document.WriteNode(u"/items/A/mixed"_qs, value);
+            store.document.WriteAttribute(nodeB, {QString(), u"y"_qs}, {u"skipped"_qs, value});
+            store.document.MakeNode(nodeB, u"made"_qs, value);
+            QVERIFY(store.document.OpenXML(store.document.XML(), 1));
+            QCOMPARE(store.document.ReadNode(u"/items/A/mixed"_qs), stored);
+            QCOMPARE(store.document.ReadAttribute(nodeB, u"y"_qs), stored);
+            QCOMPARE(store.document.ReadNode(u"/items/B/made"_qs), stored);
+            store.document.DeleteAttribute(nodeB, u"y"_qs);
+            QVERIFY(!store.document.ReadNodeXML(nodeB).contains(u"y="));
+        }
     }
 
     void refusedNamesChangeNothing() {
@@ -171,65 +164,59 @@ class TestClsXml : public QObject {
         }
     }
 
-    void onlyWholeDocumentsAreTaken_data() {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<int>("count"); // -1: refused
-        const auto row = [](const char* name, const QByteArray& bytes, int count) {
-            QTest::newRow(name) << bytes << count;
-        };
-        row("zero bytes", "", -1);
-        row("half a file", "<items><A><sourcedir>/a</sourcedir></A><B>", -1);
-        row("bad byte", "<?xml version='1.0' encoding='UTF-8'?><items><A>\xE4</A></items>", -1);
-        row("unknown encoding", "<?xml version='1.0' encoding='none-such'?><items/>", -1);
-        row("doctype later", "<!-- <x> --><!DOCTYPE items SYSTEM 'file:///etc/passwd'><items><A/></items>", -1);
-        const QByteArray longTag = "<items><A a='" + QByteArray(8192, 'x') + "'/></items>";
-        row("long tag", longTag, -1);
-        row("long tag without mark", utf16("<?xml version='1.0' encoding='UTF-16'?>" + longTag, ""), -1);
-        row("UTF-32", QByteArray("\xFF\xFE\0\0<\0\0\0", 8), -1);
-        row("nested deeply", QByteArray("<a>").repeated(5000) + QByteArray("</a>").repeated(5000), -1);
-        row("too large", "<items><A/></items>" + QByteArray(64 << 20, ' '), -1);
-        row("empty list", "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><items></items>\r\n", 0);
-        row("pretty-printed", "<items>\r\n\t<!-- <a \" -->\r\n\t<A>\r\n\t\t<x/>\r\n\t</A>\r\n\t<B/>\r\n</items>", 2);
-        row("long text", "<items><A>" + QByteArray(1'000'000, 'x') + "</A></items>", 1);
-        row("long section", "<items><A><![CDATA[" + QByteArray("<a b=\"").repeated(10'000) + "]]></A></items>", 1);
-        row("UTF-8 mark", "\xEF\xBB\xBF<items><A/></items>", 1);
-        row("UTF-16", utf16("<?xml version='1.0' encoding='UTF-16'?><items><A/></items>"), 1);
-    }
     void onlyWholeDocumentsAreTaken() {
-        QFETCH(QByteArray, bytes);
-        QFETCH(int, count);
-        Store store;
-        QVERIFY(store.Write(own, bytes));
-        QCOMPARE(store.document.OpenXML(store.Path(own), 0), count >= 0);
-        QCOMPARE(store.document.NodeCount(items), count);
-        QCOMPARE(store.document.XML().isEmpty(), count < 0);
+        const QByteArray longTag = "<items><A a='" + QByteArray(8192, 'x') + "'/></items>";
+        const std::tuple<const char*, QByteArray, int> rows[]{
+            {"zero bytes", "", -1},
+            {"half a file", "<items><A><sourcedir>/a</sourcedir></A><B>", -1},
+            {"bad byte", "<?xml version='1.0' encoding='UTF-8'?><items><A>\xE4</A></items>", -1},
+            {"unknown encoding", "<?xml version='1.0' encoding='none-such'?><items/>", -1},
+            {"doctype later", "<!-- <x> --><!DOCTYPE items SYSTEM 'file:///etc/passwd'><items><A/></items>", -1},
+            {"long tag", longTag, -1},
+            {"long tag without mark", utf16("<?xml version='1.0' encoding='UTF-16'?>" + longTag, ""), -1},
+            {"UTF-32", QByteArray("\xFF\xFE\0\0<\0\0\0", 8), -1},
+            {"nested deeply", QByteArray("<a>").repeated(5000) + QByteArray("</a>").repeated(5000), -1},
+            {"too large", "<items><A/></items>" + QByteArray(64 << 20, ' '), -1},
+            {"empty list", "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><items></items>\r\n", 0},
+            {"pretty-printed", "<items>\r\n\t<!-- <a \" -->\r\n\t<A>\r\n\t\t<x/>\r\n\t</A>\r\n\t<B/>\r\n</items>", 2},
+            {"long text", "<items><A>" + QByteArray(1'000'000, 'x') + "</A></items>", 1},
+            {"long section", "<items><A><![CDATA[" + QByteArray("<a b=\"").repeated(10'000) + "]]></A></items>", 1},
+            {"UTF-8 mark", "\xEF\xBB\xBF<items><A/></items>", 1},
+            {"UTF-16", utf16("<?xml version='1.0' encoding='UTF-16'?><items><A/></items>"), 1},
+        };
+        for (const auto& [name, bytes, count] : rows) { // a count of -1: refused
+            Store store;
+            QVERIFY(store.Write(own, bytes));
+            QVERIFY2(store.document.OpenXML(store.Path(own), 0) == (count >= 0), name);
+            QVERIFY2(store.document.NodeCount(items) == count, name);
+            QCOMPARE(store.document.XML().isEmpty(), count < 0);
+        }
     }
 
-    void savedBytes_data() {
-        QTest::addColumn<QByteArray>("saved");
-        const QByteArray latin = "\xE4&#8364;\x80&#1046; &lt;&amp;&gt;&#13;\n";
-        const QByteArray utf8 = mixed.toUtf8().replace("<&>\r", "&lt;&amp;&gt;&#13;");
-        QTest::newRow("<?xml version=\"1.0\" encoding=\"ISO-8859-1\" standalone=\"no\"?>\n") << latin;
-        QTest::newRow("<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n") << utf8;
-        QTest::newRow("<?xml version=\"1.0\" encoding=\"UTF-16\"?>\n") << utf8;
-        QTest::newRow("<?xml version=\"1.0\"?>\n") << QByteArray("&#xE4;&#x20AC;&#x80;&#x416; &lt;&amp;&gt;&#xD;\n");
-        QTest::newRow("") << utf8;
-    }
     void savedBytes() {
-        QFETCH(QByteArray, saved);
-        const QByteArray prolog = QTest::currentDataTag();
-        Store store(QString::fromLatin1(prolog) + u"<items><A><f/></A></items>");
-        store.document.WriteNode(u"/items/A/f"_qs, mixed);
-        const auto changeAndFail = [&] {
-            store.document.DeleteNode(u"/items/A"_qs);
-            throw StoreError({});
+        const QByteArray utf8 = mixed.toUtf8().replace("<&>\r", "&lt;&amp;&gt;&#13;");
+        const std::pair<QByteArray, QByteArray> rows[]{
+            {"<?xml version=\"1.0\" encoding=\"ISO-8859-1\" standalone=\"no\"?>\n",
+             "\xE4&#8364;\x80&#1046; &lt;&amp;&gt;&#13;\n"},
+            {"<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n", utf8},
+            {"<?xml version=\"1.0\" encoding=\"UTF-16\"?>\n", utf8},
+            {"<?xml version=\"1.0\"?>\n", "&#xE4;&#x20AC;&#x80;&#x416; &lt;&amp;&gt;&#xD;\n"},
+            {"", utf8},
         };
-        QVERIFY_THROWS_EXCEPTION(StoreError, store.document.AllOrNothing(changeAndFail)); // leaves no trace
-        QVERIFY(store.IsSaved());
-        const QByteArray text = prolog + "<items><A><f>" + saved + "</f></A></items>\n";
-        QCOMPARE(store.Read(own), prolog.contains("UTF-16") ? utf16(text) : text);
-        QVERIFY(store.document.OpenXML(store.Path(own), 0));
-        QCOMPARE(store.document.ReadNode(u"/items/A/f"_qs), mixed);
+        for (const auto& [prolog, saved] : rows) {
+            Store store(QString::fromLatin1(prolog) + u"<items><A><f/></A></items>");
+            store.document.WriteNode(u"/items/A/f"_qs, mixed);
+            const auto changeAndFail = [&store] {
+                store.document.DeleteNode(u"/items/A"_qs);
+                throw StoreError({});
+            };
+            QVERIFY_THROWS_EXCEPTION(StoreError, store.document.AllOrNothing(changeAndFail)); // leaves no trace
+            QVERIFY(store.IsSaved());
+            const QByteArray text = prolog + "<items><A><f>" + saved + "</f></A></items>\n";
+            QCOMPARE(store.Read(own), prolog.contains("UTF-16") ? utf16(text) : text);
+            QVERIFY(store.document.OpenXML(store.Path(own), 0));
+            QCOMPARE(store.document.ReadNode(u"/items/A/f"_qs), mixed);
+        }
     }
 
     void whatCannotBeSavedLeavesTheFile() {

@@ -7,17 +7,14 @@
 
 class FakeFilePicker final : public FilePicker {
   public:
-    std::optional<QString> OpenFile(const FileRequest& /*request*/) override { return answer(); }
-    std::optional<QString> SaveFile(const FileRequest& /*request*/, bool /*asksToReplace*/) override {
-        return answer();
-    }
-    std::optional<QString> PickFolder(const FileRequest& /*request*/) override { return answer(); }
-
-    QList<QString> answers; ///< "" or none left: cancelled
-
-  private:
-    std::optional<QString> answer() {
+    std::optional<QString> OpenFile(const FileRequest& /*request*/) override {
         const QString chosen = answers.isEmpty() ? QString() : answers.takeFirst();
         return chosen.isEmpty() ? std::nullopt : std::optional(chosen);
     }
+    std::optional<QString> SaveFile(const FileRequest& request, bool /*asksToReplace*/) override {
+        return OpenFile(request);
+    }
+    std::optional<QString> PickFolder(const FileRequest& request) override { return OpenFile(request); }
+
+    QList<QString> answers; ///< "" or none left: cancelled
 };

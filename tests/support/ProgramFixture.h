@@ -1,15 +1,21 @@
 // A whole program on folders of its own: real files; the test steers everything else. The notice is accepted.
 #pragma once
 
-#include "FakeWorld.h"
+#include "Fakes.h"
+#include "Program.h"
+#include "ScratchFolder.h"
 
 #include <QTest>
 
-class ProgramFixture : public FakeWorld {
+class ProgramFixture : public ScratchFolder {
   public:
     using Fields = QMap<QString, QString>;
 
-    ProgramFixture() { SetOption("Accepted", u"Yes"_qs); }
+    ProgramFixture() {
+        services.places.programFolder = Native();
+        services.places.userDataFolder = Native(u"data"_qs);
+        SetOption("Accepted", u"Yes"_qs);
+    }
 
     QString DefaultFile() const { return Path(u"Kalvenor.kvd"_qs); }
     void SetOption(const char* key, const QString& value) {
@@ -30,19 +36,12 @@ class ProgramFixture : public FakeWorld {
 
     /// The element of an activity with sensible fields; `fields` replaces or adds some.
     QString Activity(const QString& name, const Fields& fields = {}) const {
-        Fields all{{QStringLiteral("sourcedir"), Path(QStringLiteral("src"))},
-                   {QStringLiteral("targetdir"), Path(QStringLiteral("dst"))},
-                   {QStringLiteral("type"), QStringLiteral("0")},
-                   {QStringLiteral("intervall"), QStringLiteral("10")},
-                   {QStringLiteral("action"), QStringLiteral("0")},
-                   {QStringLiteral("overwrite"), QStringLiteral("Y")},
-                   {QStringLiteral("onlynew"), QStringLiteral("Y")},
-                   {QStringLiteral("includesubdirs"), QStringLiteral("Y")},
-                   {QStringLiteral("logfile"), Path(name + QStringLiteral(".log"))},
-                   {QStringLiteral("activ"), QStringLiteral("1")},
-                   {QStringLiteral("exceedtime"), QString()}};
-        for (auto field = fields.begin(); field != fields.end(); ++field)
-            all[field.key()] = field.value();
+        Fields all{
+            {u"sourcedir"_qs, Path("src")}, {u"targetdir"_qs, Path("dst")},  {u"type"_qs, u"0"_qs},
+            {u"intervall"_qs, u"10"_qs},    {u"action"_qs, u"0"_qs},         {u"overwrite"_qs, u"Y"_qs},
+            {u"onlynew"_qs, u"Y"_qs},       {u"includesubdirs"_qs, u"Y"_qs}, {u"logfile"_qs, Path(name + u".log"_qs)},
+            {u"activ"_qs, u"1"_qs},         {u"exceedtime"_qs, QString()}};
+        all.insert(fields);
         QString xml = QStringLiteral("  <") + name + QStringLiteral(">\n");
         for (auto field = all.begin(); field != all.end(); ++field)
             xml += QStringLiteral("    <%1>%2</%1>\n").arg(field.key(), field.value().toHtmlEscaped());
@@ -121,8 +120,30 @@ class ProgramFixture : public FakeWorld {
         return lines;
     }
 
+    PlatformServices services = MakePlatformServices();
+    FakeClock* const clock = putInto<FakeClock>(services.clock);
+    FakeEventPump* const pump = putInto<FakeEventPump>(services.eventPump);
+    MemorySettings* const settings = putInto<MemorySettings>(services.settings);
+    FakeLocks* const locks = putInto<FakeLocks>(services.locks);
+    FakeProcess* const process = putInto<FakeProcess>(services.process);
+    FakePowerControl* const power = putInto<FakePowerControl>(services.power);
+    FakeNameService* const names = putInto<FakeNameService>(services.nameService);
+    FakeAutostart* const autostart = putInto<FakeAutostart>(services.autostart);
+    FakeServiceManager* const serviceManager = putInto<FakeServiceManager>(services.serviceManager);
+    FakeSystemClock* const systemClock = putInto<FakeSystemClock>(services.systemClock);
+    FakeDialUp* const dialUp = putInto<FakeDialUp>(services.dialUp);
+    FakeFileTypes* const fileTypes = putInto<FakeFileTypes>(services.fileTypes);
+    FakePrompter prompter;
+    FakeKeyState keys;
+    StringTable texts{Language::English};
     std::unique_ptr<Program> program;
 
   private:
+    template <typename Fake, typename Service>
+    static Fake* putInto(std::unique_ptr<Service>& service) {
+        service = std::make_unique<Fake>();
+        return static_cast<Fake*>(service.get());
+    }
+
     QString m_xml;
 };

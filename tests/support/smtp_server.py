@@ -1,10 +1,10 @@
 """A real SMTP server. As a program it prints its port, then a line of JSON for each login and each mail."""
-import asyncio
 import json
 import os
+import socket
 import sys
-import threading
 
+from aiosmtpd.controller import Controller
 from aiosmtpd.smtp import SMTP, AuthResult
 
 
@@ -22,34 +22,31 @@ class LoginSmtp(SMTP):
         return known
 
 
-def tell(**what):
-    print(json.dumps(what), flush=True)
+class SmtpServer(Controller):
+    """Lets one user in, takes every mail and tells of each."""
 
+    def __init__(self, tell):
+        with socket.create_server(("127.0.0.1", 0)) as free:
+            port = free.getsockname()[1]
+        super().__init__(self, hostname="127.0.0.1", port=port)
+        self.tell = tell
 
-class Handler:
+    def factory(self):
+        return LoginSmtp(self, authenticator=self.authenticate, auth_require_tls=False)
+
     async def handle_DATA(self, server, session, envelope):
-        tell(mail_from=envelope.mail_from, options=envelope.mail_options, rcpt_tos=envelope.rcpt_tos,
-             content=envelope.content.decode("latin-1"))
+        self.tell({"mail_from": envelope.mail_from, "options": envelope.mail_options,
+                   "rcpt_tos": envelope.rcpt_tos, "content": envelope.content.decode("latin-1")})
         return "250 Taken"
 
-
-def authenticate(server, session, envelope, mechanism, data):
-    tell(mechanism=mechanism, login=data.login.decode(), password=data.password.decode())
-    return AuthResult(success=data.password == b"secret", handled=False)
-
-
-def end_with_parent():
-    sys.stdin.read()
-    os._exit(0)
-
-
-async def main():
-    server = await asyncio.get_running_loop().create_server(
-        lambda: LoginSmtp(Handler(), authenticator=authenticate, auth_require_tls=False), "127.0.0.1", 0)
-    print(server.sockets[0].getsockname()[1], flush=True)
-    await server.serve_forever()
+    def authenticate(self, server, session, envelope, mechanism, data):
+        self.tell({"mechanism": mechanism, "login": data.login.decode(), "password": data.password.decode()})
+        return AuthResult(success=data.login == b"kalvenor")
 
 
 if __name__ == "__main__":
-    threading.Thread(target=end_with_parent, daemon=True).start()
-    asyncio.run(main())
+    server = SmtpServer(lambda what: print(json.dumps(what), flush=True))
+    server.start()
+    print(server.port, flush=True)
+    sys.stdin.read()
+    os._exit(0)

@@ -12,17 +12,19 @@ namespace {
 using Changes = QMap<ActivityField, QString>;
 using F = ActivityField;
 
+const QString noDate = QStringLiteral("  .  .    ");
+const QString noTime = QStringLiteral("  :  ");
+
 struct Row {
     const char* name;
     QStringList problems{}; ///< the controls objected to, each question waved through
     Changes changes{};
-    QString date{};     ///< as shown, "" for a blank field
-    QString dateTime{}; ///< beside the date
-    QString time{};     ///< of day
+    QString date = noDate;     ///< as shown
+    QString dateTime = noTime; ///< beside the date
+    QString time = noTime;     ///< of day
     QString activity = QStringLiteral("Backup");
 };
 
-const QString noTime = QStringLiteral("  :  ");
 QString q(const char* text) {
     return QString::fromUtf8(text);
 }
@@ -49,9 +51,6 @@ class TestEditorChecks : public QObject {
         input.record.SetText(F::Type, q("0"));
         input.record.SetText(F::Action, q("0"));
         input.record.SetText(F::AllFiles, q("1"));
-        input.shownDate = q("  .  .    ");
-        input.shownDateTime = noTime;
-        input.shownTime = noTime;
         return input;
     }
 
@@ -68,15 +67,31 @@ class TestEditorChecks : public QObject {
         return found;
     }
 
-    std::vector<Row> pathRows() const {
+    /// It is 10 May 2026, 14:30.
+    std::vector<Row> rows() const {
         const QString missing = m_store.Path("missing");
         const QString windows = m_store.Path("windows");
+        const QString cwd = m_store.Path("cwd");
         const QStringList source{q("txtSourceDir")};
         const QStringList target{q("txtTargetDir")};
         const auto paths = [](const QString& from, const QString& to, const char* action = "0") {
             return Changes{{F::SourceDir, from}, {F::TargetDir, to}, {F::Action, q(action)}};
         };
-        const QString cwd = m_store.Path("cwd");
+        const QStringList name{q("txtName")};
+        const auto only = [](const char* extensions) {
+            return Changes{{F::AllFiles, q("0")}, {F::Extensions, q(extensions)}};
+        };
+        const Changes atDate{{F::Type, q("3")}};
+        const Changes atTime{{F::Type, q("4")}};
+        const Changes daily{{F::Type, q("4")}, {F::Daily, q("1")}};
+        const QString today = q("10.05.2026");
+        const QStringList dateTime{q("txtDateTime")};
+        const QStringList time{q("txtTime")};
+        const QString sender = q("cboSender");
+        const auto mail = [](const char* from, const char* recipient, const char* subject) {
+            return Changes{
+                {F::SendMail, q("1")}, {F::Sender, q(from)}, {F::Recipient, q(recipient)}, {F::Subject, q(subject)}};
+        };
         return {
             {"nothing to object to"},
             {"program is missing", {q("txtExecutable")}, {{F::Executable, missing}}},
@@ -91,56 +106,22 @@ class TestEditorChecks : public QObject {
             {"both protected", source + target, paths(windows + u'/', m_store.Path("link"))},
             {"the root comes last", target + source, paths(m_store.Path("cwd/.."), windows)},
             {"no destination to protect", source, paths(windows, {}, "2")},
-        };
-    }
-
-    static std::vector<Row> nameAndTypeRows() {
-        const QStringList name{q("txtName")};
-        const QStringList types{q("txtExtensions")};
-        const auto only = [](const char* extensions) {
-            return Changes{{F::AllFiles, q("0")}, {F::Extensions, q(extensions)}};
-        };
-        return {
-            {"a digit in front", name, {}, {}, {}, {}, q("1abc")},
-            {"no name", name, {}, {}, {}, {}, QString()},
-            {"a name that cannot be stored", name, {}, {}, {}, {}, q("My Backup")},
-            {"no types", types, only("")},
+            {"a digit in front", name, {}, noDate, noTime, noTime, q("1abc")},
+            {"no name", name, {}, noDate, noTime, noTime, QString()},
+            {"a name that cannot be stored", name, {}, noDate, noTime, noTime, q("My Backup")},
+            {"no types", {q("txtExtensions")}, only("")},
             {"good types", {}, only("exe;zip")},
-        };
-    }
-
-    /// It is 10 May 2026, 14:30.
-    static std::vector<Row> timeRows() {
-        const Changes atDate{{F::Type, q("3")}};
-        const Changes atTime{{F::Type, q("4")}};
-        const Changes daily{{F::Type, q("4")}, {F::Daily, q("1")}};
-        const QString today = q("10.05.2026");
-        const QStringList date{q("txtDate")};
-        const QStringList dateTime{q("txtDateTime")};
-        const QStringList time{q("txtTime")};
-        return {
-            {"partial time of day, any schedule", time, {}, {}, {}, q("1 :30")},
-            {"yesterday", date, atDate, q("09.05.2026"), q("15:00")},
+            {"partial time of day, any schedule", time, {}, noDate, noTime, q("1 :30")},
+            {"yesterday", {q("txtDate")}, atDate, q("09.05.2026"), q("15:00")},
             {"today, a minute ago", dateTime, atDate, today, q("14:29")},
             {"today, this minute", {}, atDate, today, q("14:30")},
             {"tomorrow, earlier", {}, atDate, q("11.05.2026"), q("00:00")},
             {"today, no time", dateTime, atDate, today},
-            {"time of day is over", time, atTime, {}, {}, q("14:29")},
-            {"but comes again tomorrow", {}, daily, {}, {}, q("14:29")},
-        };
-    }
-
-    static std::vector<Row> mailRows() {
-        const auto mail = [](const char* sender, const char* recipient, const char* subject) {
-            return Changes{
-                {F::SendMail, q("1")}, {F::Sender, q(sender)}, {F::Recipient, q(recipient)}, {F::Subject, q(subject)}};
-        };
-        const QString sender = q("cboSender");
-        const QString recipient = q("cboRecipient");
-        return {
+            {"time of day is over", time, atTime, noDate, noTime, q("14:29")},
+            {"but comes again tomorrow", {}, daily, noDate, noTime, q("14:29")},
             {"mail is off", {}, {{F::Sender, q("nobody")}}},
             {"no sender", {sender}, mail("", "", "")},
-            {"no recipient", {recipient}, mail("a@b.de", " ", "")},
+            {"no recipient", {q("cboRecipient")}, mail("a@b.de", " ", "")},
             {"no subject, bad sender", {q("txtSubject"), sender}, mail("a", "b", "")},
             {"all is well", {}, mail("a@b.de", "c@d.com", "S")},
         };
@@ -159,23 +140,19 @@ class TestEditorChecks : public QObject {
     }
 
     void objections() {
-        for (const auto& rows : {pathRows(), nameAndTypeRows(), timeRows(), mailRows()})
-            for (const Row& row : rows) {
-                EditorChecks::Input input = valid();
-                input.name = row.activity;
-                for (auto change = row.changes.begin(); change != row.changes.end(); ++change)
-                    input.record.SetText(change.key(), change.value());
-                if (!row.date.isEmpty())
-                    input.shownDate = row.date;
-                if (!row.dateTime.isEmpty())
-                    input.shownDateTime = row.dateTime;
-                if (!row.time.isEmpty())
-                    input.shownTime = row.time;
-                QStringList found{q(row.name)};
-                for (const EditorChecks::Problem& problem : problems(input))
-                    found.append(q(problem.control));
-                QCOMPARE(found, QStringList{q(row.name)} + row.problems);
-            }
+        for (const Row& row : rows()) {
+            EditorChecks::Input input = valid();
+            input.name = row.activity;
+            for (auto change = row.changes.begin(); change != row.changes.end(); ++change)
+                input.record.SetText(change.key(), change.value());
+            input.shownDate = row.date;
+            input.shownDateTime = row.dateTime;
+            input.shownTime = row.time;
+            QStringList found{q(row.name)};
+            for (const EditorChecks::Problem& problem : problems(input))
+                found.append(q(problem.control));
+            QCOMPARE(found, QStringList{q(row.name)} + row.problems);
+        }
     }
 
     void datesAreStoredAsTheSchedulersReadThem() {

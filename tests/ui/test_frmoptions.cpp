@@ -1,8 +1,12 @@
 // The activity editor: what goes in and comes out of its controls, and what keeps it open.
+#include "DesktopMailClient.h"
 #include "EditorFields.h"
-#include "EditorWorld.h"
+#include "FakeFilePicker.h"
 #include "ModalForm.h"
+#include "ScratchStore.h"
 #include "StoreError.h"
+#include "clsGetSystemDirectoryPaths.h"
+#include "frmOptions.h"
 
 #include <QAbstractButton>
 #include <QLineEdit>
@@ -19,6 +23,36 @@ using F = ActivityField;
 QString q(const char* text) {
     return QString::fromUtf8(text);
 }
+
+struct EditorWorld {
+    ScratchStore store;
+    FakeFilePicker picker;
+    MemorySettings settings;
+    FakeClock clock;
+    NoDesktopMailClient mail;
+    clsGetSystemDirectoryPaths system{"/usr", "/etc", "/"};
+    int writes = 0;
+
+    EditorServices Services() {
+        const QLocale locale(QLocale::English, QLocale::UnitedStates);
+        return {{store.texts, store.prompter, picker, store.files, settings}, clock, mail, system, locale};
+    }
+    frmOptions::Request Request(const QString& name, const ActivityRecord& record) {
+        return {name,
+                record,
+                {},
+                [](const QString&) { return true; },
+                [](const QString&) { return false; },
+                [this](const QString&, const ActivityRecord&) { return ++writes > 0; }};
+    }
+    /// An activity that can be saved as it is.
+    ActivityRecord Usable() {
+        ActivityRecord record = frmOptions::NewActivity();
+        record.SetText(ActivityField::SourceDir, store.Path("cwd"));
+        record.SetText(ActivityField::TargetDir, store.Path("program"));
+        return record;
+    }
+};
 
 } // namespace
 

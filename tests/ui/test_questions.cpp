@@ -1,4 +1,5 @@
-// The boxes that ask the user: what they show and which answer each way of closing them gives.
+// The boxes that ask the user: what they show and which answer each way of closing them gives; and the abort key.
+#include "DesktopKeyState.h"
 #include "FilePicker.h"
 #include "MessageBoxPrompter.h"
 #include "ModalForm.h"
@@ -7,13 +8,11 @@
 #include "frmDisclaimer.h"
 #include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QtTest>
-
-Q_DECLARE_METATYPE(MessageButtons)
-Q_DECLARE_METATYPE(MessageAnswer)
 
 class TestQuestions : public QObject {
     Q_OBJECT
@@ -25,30 +24,24 @@ class TestQuestions : public QObject {
     }
 
   private Q_SLOTS:
-    void answers_data() {
-        QTest::addColumn<MessageButtons>("buttons");
-        QTest::addColumn<int>("key");
-        QTest::addColumn<MessageAnswer>("answer");
-        QTest::newRow("Escape is No") << MessageButtons::YesNo << int(Qt::Key_Escape) << MessageAnswer::No;
-        QTest::newRow("Enter is the safe answer") << MessageButtons::YesNo << int(Qt::Key_Return) << MessageAnswer::No;
-        QTest::newRow("Yes is Yes") << MessageButtons::YesNo << int(Qt::Key_Y) << MessageAnswer::Yes;
-    }
     void answers() {
-        QFETCH(MessageButtons, buttons);
-        QFETCH(int, key);
         QWidget hidden;
         MessageBoxPrompter prompter(m_texts);
         prompter.SetWindow(&hidden);
-        WhenOpen<QMessageBox>([&](QMessageBox& box) {
-            QCOMPARE(box.text(), u"<b>file</b><img src='x'>\uFFFD\nnext"_qs); // of file names, which may hold anything
-            QCOMPARE(box.textFormat(), Qt::PlainText);
-            QVERIFY(box.parentWidget() == nullptr); // or it would be hidden too
-            if (key == Qt::Key_Y)
-                box.button(QMessageBox::Yes)->click();
-            else
-                QTest::keyClick(&box, static_cast<Qt::Key>(key));
-        });
-        QTEST(prompter.Ask(message(buttons)), "answer");
+        for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Return, Qt::Key_Y}) { // Enter gives the safe answer
+            WhenOpen<QMessageBox>([&](QMessageBox& box) {
+                // Of file names, which may hold anything.
+                QCOMPARE(box.text(), u"<b>file</b><img src='x'>\uFFFD\nnext"_qs);
+                QCOMPARE(box.textFormat(), Qt::PlainText);
+                QVERIFY(box.parentWidget() == nullptr); // or it would be hidden too
+                if (key == Qt::Key_Y)
+                    box.button(QMessageBox::Yes)->click();
+                else
+                    QTest::keyClick(&box, key);
+            });
+            QCOMPARE(prompter.Ask(message(MessageButtons::YesNo)),
+                     key == Qt::Key_Y ? MessageAnswer::Yes : MessageAnswer::No);
+        }
     }
 
     void aCountdownEndsByItselfOrIsCancelled() {
@@ -107,6 +100,24 @@ class TestQuestions : public QObject {
         QCOMPARE(result([](frmDisclaimer& notice) { notice.close(); }), int(QDialog::Rejected));
         for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape})
             QCOMPARE(result([key](frmDisclaimer& notice) { QTest::keyClick(&notice, key); }), int(QDialog::Rejected));
+    }
+
+    void theAbortKeyIsDownWhileItIsHeldHere() {
+        const auto keys = MakeDesktopKeyState(*qApp);
+        QWidget window;
+        const auto isDownAfter = [&](QEvent::Type type, Qt::Key key, bool repeat = false) {
+            QKeyEvent event(type, key, Qt::NoModifier, QString(), repeat);
+            QCoreApplication::sendEvent(&window, &event);
+            return keys->IsF8Down();
+        };
+        QVERIFY(!isDownAfter(QEvent::KeyPress, Qt::Key_F7));
+        QVERIFY(isDownAfter(QEvent::KeyPress, Qt::Key_F8));
+        QVERIFY(isDownAfter(QEvent::KeyRelease, Qt::Key_F8, true)); // auto-repeat
+        QVERIFY(!isDownAfter(QEvent::KeyRelease, Qt::Key_F8));
+        QVERIFY(isDownAfter(QEvent::KeyPress, Qt::Key_F8));
+        QEvent change(QEvent::ApplicationStateChange); // the focus goes elsewhere
+        QCoreApplication::sendEvent(qApp, &change);
+        QVERIFY(!keys->IsF8Down());
     }
 };
 

@@ -1,21 +1,25 @@
-// The general options: how they are read, and what the dialog stores, creates and starts with the session.
+// The logs and the general options in the window: what is shown, stored, created and deleted, and what is not.
 #include "DialogHost.h"
 #include "FakeFilePicker.h"
 #include "HelpCommands.h"
+#include "LogCommands.h"
 #include "ModalForm.h"
 #include "OptionsCommand.h"
 #include "ProgramFixture.h"
+#include "frmLogFile.h"
 #include "frmStartOptions.h"
 #include <QCheckBox>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <sys/stat.h>
 
 namespace {
 
 struct Scene : ProgramFixture {
     Scene() { program->Options().ReadRegistry(); }
 
-    /// Opens the dialog, acts in it and saves, unless the act has ended it.
+    /// Opens the options, acts in them and saves, unless the act has ended the dialog.
     template <typename Act>
     void Edit(Act act) {
         WhenOpen<frmStartOptions>([act](frmStartOptions& form) {
@@ -23,22 +27,108 @@ struct Scene : ProgramFixture {
             if (form.isVisible())
                 Find<QPushButton>(form, "cmdSave").click();
         });
-        command.ShowOptions();
+        options.ShowOptions();
     }
     QString Stored(const QString& key) const { return settings->values.value(u"Kalvenor/Options/"_qs + key); }
 
     DialogHost dialogs;
     FakeFilePicker picker;
-    HelpCommands help{Build(), dialogs};
-    OptionsCommand command{*program, dialogs, picker, help};
+    LogCommands logs{startWithActivities(), dialogs};
+    HelpCommands help{*program, dialogs};
+    OptionsCommand options{*program, dialogs, picker, help};
+
+  private:
+    Program& startWithActivities() {
+        for (const char* name : {"A", "B", "C"})
+            Add(QLatin1String(name));
+        return Start();
+    }
 };
+
+QPlainTextEdit& textOf(const frmLogFile& viewer) {
+    return Find<QPlainTextEdit>(viewer, "rtfText");
+}
 
 } // namespace
 
-class TestOptionsCommand : public QObject {
+class TestDialogs : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
+    void showsOneAfterTheOther() {
+        Scene scene;
+        scene.Write(u"A.log"_qs, "first\r\nlast \xC3\xA4\xFF\r\n");
+        scene.Write(u"B.log"_qs, "b");
+        QStringList shown;
+        const auto look = [&](const frmLogFile& viewer) { shown.append(textOf(viewer).toPlainText()); };
+        WhenOpen<frmLogFile>([&](frmLogFile& viewer) {
+            look(viewer);
+            scene.Write(u"A.log"_qs, "new");
+            QTest::keyClick(&viewer, Qt::Key_F5);
+            look(viewer);
+            WhenOpen<frmLogFile>(look);
+        });
+        scene.logs.ShowActivityLogs({u"A"_qs, u"gone"_qs, u"B"_qs, u"C"_qs, u"A"_qs});
+        QCOMPARE(shown, (QStringList{u"first\nlast \u00e4\ufffd\n"_qs, u"new"_qs, u"b"_qs}));
+        QCOMPARE(scene.prompter.Told(), QStringList{u"No logfile found: No logfile found for this activity."_qs});
+    }
+
+    void largeLogShowsItsEnd() {
+        Scene scene;
+        scene.Write(u"A.log"_qs, QByteArray(2'000'000, 'x') + "\r\n" + QByteArray(3'000'000, 'y') + "\r\nlast");
+        frmLogFile viewer(scene.texts);
+        viewer.SetFileName(scene.Path(u"A.log"_qs));
+        const QString text = textOf(viewer).toPlainText();
+        QVERIFY(text.startsWith(u"[Only the last 4 MiB of this logfile are shown.]\n") && text.endsWith(u"\nlast"));
+        for (const QString& line : text.split(u'\n'))
+            QVERIFY(line.size() <= 10'000); // the box would need minutes for one line of millions
+    }
+
+    void deletesConfirmedRegularFilesOnly() {
+        /// What the boxes say, and "gone" when the file is.
+        const auto removal = [](const QString& log, const QString& kind, bool yes) {
+            Scene scene;
+            scene.prompter.yes = yes;
+            if (kind != u"not set")
+                scene.program->Options().LoggingPath = scene.Path(u"app.log"_qs);
+            if (kind == u"file")
+                scene.Write(log, "text");
+            else if (kind == u"folder")
+                QDir().mkpath(scene.Path(log));
+            else if (kind == u"pipe" && mkfifo(QFile::encodeName(scene.Path(log)).constData(), 0600) != 0)
+                qFatal("no pipe");
+            const bool before = scene.Exists(log);
+            if (log == u"app.log")
+                scene.logs.DeleteApplicationLog();
+            else
+                scene.logs.DeleteActivityLog(u"A"_qs);
+            if (before && !scene.Exists(log))
+                scene.prompter.shown.push_back({{}, u"gone"_qs});
+            return scene.prompter.Told().join(u' ').replace(scene.Path(), u"~"_qs);
+        };
+        const QString ask = u"Delete Kalvenor logfile: Really delete the Kalvenor logfile?"_qs;
+        const QString none = u"No logfile found: No logfile found for Kalvenor Pro."_qs;
+        QCOMPARE(removal(u"app.log"_qs, u"file"_qs, true), ask + u" gone: ");
+        QCOMPARE(removal(u"app.log"_qs, u"file"_qs, false), ask);
+        for (const QString& kind : {u"folder"_qs, u"not set"_qs})
+            QCOMPARE(removal(u"app.log"_qs, kind, true), none);
+        const QString askOne = u"Delete activity logfile: Should the logfile '~/A.log' really be deleted?"_qs;
+        const QString noneOne = u"No logfile found: There is no logfile for this activity that can be deleted."_qs;
+        QCOMPARE(removal(u"A.log"_qs, u"file"_qs, true), askOne + u" gone: ");
+        QCOMPARE(removal(u"A.log"_qs, u"file"_qs, false), askOne);
+        for (const QString& kind : {u"missing"_qs, u"folder"_qs, u"pipe"_qs})
+            QCOMPARE(removal(u"A.log"_qs, kind, true), noneOne);
+    }
+
+    void whatIsNoLogIsNotWaitedFor() {
+        Scene scene;
+        QCOMPARE(mkfifo(QFile::encodeName(scene.Path(u"pipe"_qs)).constData(), 0600), 0);
+        frmLogFile viewer(scene.texts);
+        viewer.SetFileName(scene.Path(u"pipe"_qs)); // hangs if it waits for the other end
+        QCOMPARE(textOf(viewer).toPlainText(), QString());
+        QVERIFY(textOf(viewer).placeholderText().startsWith(scene.texts[Text::LogUnreadable]));
+    }
+
     void whatIsNoNumberSwitchesNoSafetyOff() {
         const auto read = [](const std::optional<QString>& stored) {
             MemorySettings settings;
@@ -147,5 +237,5 @@ class TestOptionsCommand : public QObject {
     }
 };
 
-QTEST_MAIN(TestOptionsCommand)
-#include "test_optionscommand.moc"
+QTEST_MAIN(TestDialogs)
+#include "test_dialogs.moc"
