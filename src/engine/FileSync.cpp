@@ -17,13 +17,12 @@ void FileSync::Run() {
     if (m_run.Rules().action == FileAction::Mirror)
         mirrorPass();
     mainPass();
+    if (m_pair.hasUnfinishedMoves && !m_run.Over())
+        m_pair.destination.Handle()->ForgetUnfinished();
 }
 
 bool FileSync::list() {
-    const FileAction action = m_run.Rules().action;
-    const bool mirror = action == FileAction::Mirror;
-    if (action != FileAction::None)
-        m_pair.destination.Handle()->RemoveLeftovers();
+    const bool mirror = m_run.Rules().action == FileAction::Mirror;
     std::vector<FolderView*> views{&m_pair.source};
     if (mirror)
         views.push_back(&m_pair.destination);
@@ -99,11 +98,19 @@ void FileSync::deleteSurplus(const FolderEntry& entry) {
         failed(m_pair.destination, entry.name, error);
 }
 
+/// A move takes links first: what they lead to may be taken away from beside them.
 void FileSync::mainPass() {
+    if (m_run.Rules().action != FileAction::Move)
+        return mainPass([](const FolderEntry&) { return true; });
+    mainPass([](const FolderEntry& entry) { return entry.facts.isLink; });
+    mainPass([](const FolderEntry& entry) { return !entry.facts.isLink; });
+}
+
+void FileSync::mainPass(bool (*isMeant)(const FolderEntry&)) {
     for (const FolderEntry& entry : m_pair.source.Entries()) {
         if (m_run.Over())
             return;
-        if (!takesPart(m_pair.source, entry) || m_failed.contains(entry.name))
+        if (!isMeant(entry) || !takesPart(m_pair.source, entry) || m_failed.contains(entry.name))
             continue;
         syncFile(entry);
         m_run.AbortTest();
@@ -175,12 +182,25 @@ void FileSync::syncExisting(const Decided& file) {
         return;
     if (*decision == FileDecision::ReportOnly)
         return m_run.Line(m_tools.texts.NoAction(from.path));
+    if (*decision == FileDecision::LeaveAlone && finishMove(file, from, to))
+        return;
     if (*decision == FileDecision::LeaveAlone)
         return m_run.Line([&] { return m_tools.texts.NotNewer(from, to); });
     if (!mayTouch(file) || !m_run.React(from.path) || !isAsDecided(file))
         return;
     m_run.Line(m_tools.texts.Replacement(rules, from, to));
     transfer(file);
+}
+
+/// An earlier run may have placed the copy and ended before it could remove the source.
+bool FileSync::finishMove(const Decided& file, const FileSide& from, const FileSide& to) {
+    if (!m_pair.hasUnfinishedMoves || m_run.Rules().action != FileAction::Move ||
+        file.source.size != file.destination->size ||
+        modDateCompare::Compare(file.source.modified, file.destination->modified) != 0 || !mayTouch(file))
+        return false;
+    m_run.Line(m_tools.texts.FinishingMove(from.path, to.path));
+    return m_run.Transfer().CompleteMove(
+        {m_pair.source.Handle(), m_pair.destination.Handle(), file.name, file.source, file.destination});
 }
 
 void FileSync::syncNew(const Decided& file) {

@@ -28,10 +28,12 @@ class FileSync final {
     void bringBack(const FolderEntry& entry);
     void deleteSurplus(const FolderEntry& entry);
     void mainPass();
+    void mainPass(bool (*isMeant)(const FolderEntry&));
     void syncFile(const FolderEntry& entry);
     void syncExisting(const Decided& file);
     [[nodiscard]] std::optional<FileDecision> ask(const Decided& file, const FileSide& from, const FileSide& to);
     void syncNew(const Decided& file);
+    [[nodiscard]] bool finishMove(const Decided& file, const FileSide& from, const FileSide& to);
     void transfer(const Decided& file);
     [[nodiscard]] bool mayTouch(const Decided& file);
     [[nodiscard]] bool isAsDecided(const Decided& file);

@@ -100,6 +100,7 @@ struct FolderPair {
     FolderView source;
     FolderView destination;
     DestinationNames names;
-    int depth;             ///< 0 for the two roots
-    bool mayDelete = true; ///< false below a mount in the destination: what lies there is another tree's
+    int depth;                       ///< 0 for the two roots
+    bool hasUnfinishedMoves = false; ///< files that were moved here may still have their sources
+    bool mayDelete = true;           ///< false below a mount in the destination: what lies there is another tree's
 };

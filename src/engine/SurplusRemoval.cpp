@@ -60,7 +60,9 @@ void SurplusRemoval::emptyFolder(Folder& parent, const FolderEntry& entry, int d
     const std::shared_ptr<Folder> folder = open(parent, entry, entries);
     if (!folder || m_run.IsRootOrAbove(folder->Id()))
         return;
-    folder->RemoveLeftovers(); // listings show none of them, and they would keep the folder from going
+    // Listings show none of the program's temporaries, and they would keep the folder from going.
+    folder->RemoveLeftovers();
+    folder->ForgetUnfinished();
     for (const FolderEntry& inner : entries) {
         if (!mayDelete())
             return;

@@ -10,6 +10,8 @@
 #include "SyncTexts.h"
 #include "modNativePath.h"
 
+#include <tuple>
+
 using modNativePath::ToText;
 
 namespace {
@@ -40,7 +42,7 @@ SyncRun::~SyncRun() {
 }
 
 RunOutcome SyncRun::Run() {
-    SyncFilesAndFolders(m_source, m_destination, 0);
+    std::ignore = SyncFilesAndFolders(m_source, m_destination, 0);
     m_transfer->Commit();
     readRecord(); // events have run: what follows must not use another record
     return {false, m_failures, m_end != RunEnd::None};
@@ -177,20 +179,28 @@ bool SyncRun::MustGiveUp() {
     return m_tools.interruptions.Now() - *m_closingSince >= grace;
 }
 
-void SyncRun::SyncFilesAndFolders(std::shared_ptr<Folder> source, std::shared_ptr<Folder> destination, int depth) {
+bool SyncRun::SyncFilesAndFolders(std::shared_ptr<Folder> source, std::shared_ptr<Folder> destination, int depth) {
     AbortTest();
     if (Over())
-        return;
-    if (depth > Folder::MostLevels)
-        return Refuse(m_tools.texts.TooDeep(ToText(source->Path())));
+        return true;
+    if (depth > Folder::MostLevels) {
+        Refuse(m_tools.texts.TooDeep(ToText(source->Path())));
+        return true;
+    }
+    const UnfinishedWork unfinished =
+        Rules().action == FileAction::None ? UnfinishedWork{} : destination->RemoveLeftovers();
+    if (unfinished.isNewFolder && depth > 0)
+        return false;
     FolderPair pair(std::move(source), std::move(destination), depth, m_tools.interruptions);
     const bool isMirror = Rules().action == FileAction::Mirror;
+    pair.hasUnfinishedMoves = unfinished.hasMoves;
     pair.mayDelete = isMirror && pair.destination.Handle()->Mount() == m_destinationMount;
     if (isMirror && !pair.mayDelete)
         Line(m_tools.texts.OtherMount(ToText(pair.destination.Handle()->Path())));
     SyncFiles(pair);
     if (!Over() && m_tools.services.file.Read(Name(), ActivityField::IncludeSubdirs) == u"Y")
         SyncFolders(pair);
+    return true;
 }
 
 void SyncRun::SyncFiles(FolderPair& pair) {
@@ -261,8 +271,11 @@ void SyncRun::walkInto(FolderPair& pair, const FolderEntry& source, const Folder
     std::error_code error;
     auto from = pair.source.Handle()->OpenChild(source, error);
     auto to = from ? pair.destination.Handle()->OpenChild(destination, error) : nullptr;
-    if (to)
-        return SyncFilesAndFolders(std::move(from), std::move(to), pair.depth + 1);
+    if (to) {
+        if (!SyncFilesAndFolders(std::move(from), std::move(to), pair.depth + 1))
+            transferFolder(pair, source);
+        return;
+    }
     Failed(from ? path : pair.source.Handle()->Path() / source.name, error);
     // What is listed there now belongs to another folder, for example to an empty mount point.
     if (error == std::errc::resource_unavailable_try_again)

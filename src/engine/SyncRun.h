@@ -40,8 +40,10 @@ class SyncRun final : public TransferObserver {
     /// Walks both trees and brings everything into place.
     [[nodiscard]] RunOutcome Run();
 
-    /// One level: the abort test, the files, the sub-folders.
-    void SyncFilesAndFolders(std::shared_ptr<Folder> source, std::shared_ptr<Folder> destination, int depth);
+    /// One level: the abort test, the files, the sub-folders. False, with nothing done, when the destination was new to
+    /// an earlier run that could not finish it: then it is transferred whole, as that run would have.
+    [[nodiscard]] bool SyncFilesAndFolders(std::shared_ptr<Folder> source, std::shared_ptr<Folder> destination,
+                                           int depth);
 
     // For FileSync and SurplusRemoval.
 

@@ -67,6 +67,10 @@ QString SyncTexts::TransferringFolder(const QString& source, const QString& dest
     return m_texts[Text::CopyingDirectory] + source + m_texts[Text::To] + destination;
 }
 
+QString SyncTexts::FinishingMove(const QString& source, const QString& destination) const {
+    return m_texts[Text::FinishingMove].arg(source, destination);
+}
+
 QString SyncTexts::OwnFile(const QString& path) const {
     return m_texts[Text::OwnFileLeftAlone].arg(path);
 }

@@ -25,6 +25,7 @@ class SyncTexts final {
     [[nodiscard]] QString Replacement(const FileRules& rules, const FileSide& source,
                                       const FileSide& destination) const;
     [[nodiscard]] QString NotNewer(const FileSide& source, const FileSide& destination) const;
+    [[nodiscard]] QString FinishingMove(const QString& source, const QString& destination) const;
     [[nodiscard]] QString Declined(const QString& source) const;
     [[nodiscard]] QString DeletingFile(const QString& path) const;
     [[nodiscard]] QString DeletingFolder(const QString& path) const;

@@ -51,8 +51,13 @@ class FileTransfer {
     /// Moves one file: a rename, or copy, sync, rename and unlink across devices. False as with Copy.
     [[nodiscard]] virtual bool Move(const TransferFile& file) = 0;
 
+    /// Finishes a move that was interrupted when the copy was in place: removes the source if both files hold the same
+    /// bytes. False when it stays.
+    [[nodiscard]] virtual bool CompleteMove(const TransferFile& file) = 0;
+
     /// Copies a folder that was listed and that the destination lacks, with everything in it except links to folders,
-    /// special files, and the folders of `excluded` with their content.
+    /// special files, and the folders of `excluded` with their content. Where an earlier run has left the folder
+    /// unfinished (UnfinishedWork::isNewFolder), copies what it lacks.
     virtual void CopyTree(const std::shared_ptr<Folder>& source, const std::shared_ptr<Folder>& destination,
                           const FolderEntry& entry, const std::set<FileId>& excluded) = 0;
 

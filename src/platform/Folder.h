@@ -10,6 +10,12 @@
 #include <system_error>
 #include <vector>
 
+/// What a run that was killed or stopped has left to do in a folder.
+struct UnfinishedWork {
+    bool isNewFolder = false; ///< the folder was new and has not been filled completely
+    bool hasMoves = false;    ///< files that were moved into it may still have their sources
+};
+
 class Folder {
   public:
     /// The most levels below a root that a walk enters: every level holds a folder open on both sides.
@@ -53,8 +59,12 @@ class Folder {
     /// True while the path leads to this folder: it has not been replaced, its mount has not gone.
     [[nodiscard]] virtual bool StillThere() const = 0;
 
-    /// Removes the temporary files of killed processes from this folder; those of a living process stay.
-    virtual void RemoveLeftovers() = 0;
+    /// Removes the temporary files of killed processes from this folder; those of a living process stay. Says what work
+    /// such a process has left, until ForgetUnfinished is called.
+    virtual UnfinishedWork RemoveLeftovers() = 0;
+
+    /// The work that RemoveLeftovers told of is finished.
+    virtual void ForgetUnfinished() = 0;
 
     /// The descriptor that the transfers of its file system work with; -1: none of them can transfer from or to it.
     [[nodiscard]] virtual int Descriptor() const { return -1; }

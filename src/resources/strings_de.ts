@@ -1510,5 +1510,9 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <source>Please wait for the service manager ...</source>
         <translation>Bitte warten Sie auf die Dienstverwaltung ...</translation>
     </message>
+    <message id="670">
+        <source>Finishing an interrupted move: '%1' is removed if '%2' holds the same bytes</source>
+        <translation>Unterbrochenes Verschieben wird abgeschlossen: '%1' wird entfernt, wenn '%2' dieselben Bytes enthält</translation>
+    </message>
 </context>
 </TS>

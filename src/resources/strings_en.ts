@@ -1885,5 +1885,10 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <translation>Please wait for the service manager ...</translation>
         <extra-name>ServiceManagerWorking</extra-name>
     </message>
+    <message id="670">
+        <source>Finishing an interrupted move: '%1' is removed if '%2' holds the same bytes</source>
+        <translation>Finishing an interrupted move: '%1' is removed if '%2' holds the same bytes</translation>
+        <extra-name>FinishingMove</extra-name>
+    </message>
 </context>
 </TS>

@@ -212,7 +212,9 @@ class TestFileTransfer final : public QObject {
             }
     }
 
-    void discardsAnUnfinishedCopy_data() { FileWorld::AddWays({"write", "append", "truncate", "replace", "give up"}); }
+    void discardsAnUnfinishedCopy_data() {
+        FileWorld::AddWays({"write", "rewrite", "append", "truncate", "replace", "give up"});
+    }
     void discardsAnUnfinishedCopy() {
         QFETCH(FileWorld::Way, way);
         if (way.IsOneRename())
@@ -224,9 +226,13 @@ class TestFileTransfer final : public QObject {
         world.observer.onProgress = [&, isDone = false]() mutable {
             if (std::exchange(isDone, true))
                 return;
-            if (way.kind == "write")
+            if (way.kind.endsWith("write"))
                 std::fstream(file, std::ios::in | std::ios::out).seekp(11'000'000) << "changed";
-            else if (way.kind == "append")
+            if (way.kind == "rewrite") // and hides it
+                FileWorld::SetTime(file, 1'000'000'000);
+            if (way.kind.endsWith("write"))
+                return;
+            if (way.kind == "append")
                 std::ofstream(file, std::ios::app) << "more";
             else if (way.kind == "truncate")
                 fs::resize_file(file, 5'000'000);
@@ -264,32 +270,43 @@ class TestFileTransfer final : public QObject {
     }
 
     void movesALinkAsItsFile() {
-        for (const bool otherDevice : {false, true}) {
-            FileWorld world(otherDevice);
-            FileWorld::Make(world.source / "link", "link");
-            world.Transfer(true, "link");
-            QVERIFY(world.observer.failures.empty());
-            QVERIFY(S_ISREG(FileWorld::StatusOf(world.destination / "link").st_mode));
-            QCOMPARE(FileWorld::Read(world.destination / "link"), oldText);
-            QCOMPARE(FileWorld::StatusOf(world.destination / "link").st_mtim.tv_sec, time_t{1'000'000'000});
-            QVERIFY(!fs::is_symlink(world.source / "link")); // the link has moved, the file it led to stays
-            QCOMPARE(FileWorld::Read(world.source / "target"), oldText);
-        }
+        for (const bool otherDevice : {false, true})
+            for (const bool withTarget : {false, true}) {
+                FileWorld world(otherDevice);
+                FileWorld::Make(world.source / "link", "link");
+                std::vector<TransferFile> files{world.File("link")};
+                if (withTarget)
+                    files.push_back(world.File("target"));
+                world.Transfer(true, files);
+                QVERIFY(world.observer.failures.empty());
+                QVERIFY(S_ISREG(FileWorld::StatusOf(world.destination / "link").st_mode));
+                QCOMPARE(FileWorld::Read(world.destination / "link"), oldText);
+                QCOMPARE(FileWorld::StatusOf(world.destination / "link").st_mtim.tv_sec, time_t{1'000'000'000});
+                QVERIFY(!fs::is_symlink(world.source / "link"));
+                QCOMPARE(fs::exists(world.source / "target"), !withTarget); // else the file it led to stays
+                QCOMPARE(FileWorld::Read((withTarget ? world.destination : world.source) / "target"), oldText);
+            }
     }
 
     void keepsASourceChangedAfterItsCopy() {
         FileWorld world(true);
-        FileWorld::Write(world.source / "changed", oldText);
-        FileWorld::Write(world.source / "still", oldText);
+        for (const char* name : {"changed", "rewritten", "still", "locked", "hard"})
+            FileWorld::Write(world.source / name, oldText);
+        fs::create_hard_link(world.source / "hard", world.source / "link");
         const auto transfer = world.system.NewTransfer(world.observer);
-        transfer->Move(world.File("changed"));
-        transfer->Move(world.File("still"));
+        for (const char* name : {"changed", "rewritten", "still", "locked", "hard", "link"})
+            QVERIFY(transfer->Move(world.File(name)));
         FileWorld::Write(world.source / "changed", newText, 1'500'000'000);
+        FileWorld::Write(world.source / "rewritten", std::string(oldText.size(), 'r')); // with its old time
+        fs::permissions(world.source / "locked", fs::perms::owner_read);
         transfer->Commit();
-        QCOMPARE(FileWorld::Read(world.source / "changed"), newText);
-        QVERIFY(world.observer.failures["changed"] == std::errc::resource_unavailable_try_again);
-        QVERIFY(!fs::exists(world.source / "still"));
-        QCOMPARE(FileWorld::Read(world.destination / "still"), oldText);
+        QVERIFY(FileWorld::Tree(world.source) ==
+                (FileWorld::Entries{{"changed", newText}, {"rewritten", std::string(oldText.size(), 'r')}}));
+        for (const char* name : {"changed", "rewritten"})
+            QVERIFY(world.observer.failures[name] == std::errc::resource_unavailable_try_again);
+        QCOMPARE(world.observer.failures.size(), std::size_t{2});
+        for (const char* name : {"still", "locked", "hard", "link"})
+            QCOMPARE(FileWorld::Read(world.destination / name), oldText);
     }
 
     void keepsHoles() {

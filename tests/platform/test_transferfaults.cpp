@@ -46,23 +46,26 @@ std::vector<FolderEntry> listed(const Folder& folder) {
 /// front of their name are copied, all others moved.
 void transferAll(FileTransfer& transfer, const std::shared_ptr<Folder>& from, const std::shared_ptr<Folder>& to,
                  const std::vector<FolderEntry>& entries) {
-    to->RemoveLeftovers();
     std::error_code error;
     for (const FolderEntry& entry : entries) {
         const std::optional<FileFacts> there = to->Stat(entry.name, error);
         const TransferFile file{from, to, entry.name, entry.facts, there};
-        if (entry.facts.kind == EntryKind::Folder && there) {
+        const auto below =
+            entry.facts.kind == EntryKind::Folder && there ? to->OpenChild({entry.name, *there}, error) : nullptr;
+        if (below && !below->RemoveLeftovers().isNewFolder) {
             const auto child = from->OpenChild(entry, error);
-            transferAll(transfer, child, to->OpenChild({entry.name, *there}, error), listed(*child));
+            transferAll(transfer, child, below, listed(*child));
         } else if (entry.facts.kind == EntryKind::Folder) {
             transfer.MoveTree(from, to, entry, {});
         } else {
             std::ignore = entry.name.native().starts_with("copy") ? transfer.Copy(file) : transfer.Move(file);
         }
     }
+    to->ForgetUnfinished();
 }
 
 Exit run(FileWorld& world, const std::vector<FolderEntry>& entries) {
+    world.to->RemoveLeftovers();
     transferAll(*world.system.NewTransfer(world.observer), world.from, world.to, entries);
     return world.observer.failures.empty() ? Fine : WithFailures;
 }

@@ -138,14 +138,29 @@ class TestTreeTransfer final : public QObject {
         QVERIFY(FileWorld::Tree(world.source).empty());
     }
 
-    void stopsBetweenFiles() {
-        FileWorld world(true);
-        for (const char* name : {"1", "2", "3", "4"})
-            FileWorld::Write(world.source / "tree" / name, name);
-        world.observer.filesUntilStop = 2;
-        world.TransferTree(true);
-        QVERIFY(FileWorld::Tree(world.destination) == (Entries{{"tree", "/"}, {"tree/1", "1"}, {"tree/2", "2"}}));
-        QVERIFY(FileWorld::Tree(world.source) == (Entries{{"tree", "/"}, {"tree/3", "3"}, {"tree/4", "4"}}));
+    /// What was stopped or killed is finished whole by the next run, and what a user put there meanwhile is left alone.
+    void finishesWhatWasStopped() {
+        for (const bool move : {true, false}) {
+            FileWorld world(true);
+            for (const char* name : {"1", "2", "3", "4", "sub/5"})
+                FileWorld::Write(world.source / "tree" / name, name);
+            const Entries before = FileWorld::Tree(world.source);
+            world.observer.filesUntilStop = 2;
+            world.TransferTree(move);
+            const auto lacks = [&world](const char* name) { return !fs::exists(world.destination / "tree" / name); };
+            QVERIFY(!lacks("2") && lacks("3") && lacks("4") && lacks("sub"));
+            QCOMPARE(fs::exists(world.source / "tree/1"), !move);
+            FileWorld::Write(world.destination / "tree/3", "a user's");
+            FileWorld::Write(world.source / "tree/2", "2"); // as if the run had ended before it could be removed
+            world.TransferTree(move);
+            QVERIFY(world.observer.failures.empty());
+            Entries expected = before;
+            expected["tree/3"] = "a user's";
+            QVERIFY(FileWorld::Tree(world.destination) == expected);
+            QVERIFY(FileWorld::Tree(world.source) == (move ? Entries{{"tree", "/"}, {"tree/3", "3"}} : before));
+            world.TransferTree(move);
+            QVERIFY(world.observer.failures["tree"] == std::errc::file_exists);
+        }
     }
 
     void givesUpWhereItIsTooDeep() {

@@ -15,6 +15,10 @@ class CommitQueue final {
     /// number of the batch for StagedFile::batch.
     [[nodiscard]] unsigned WillWrite(const Folder& folder) { return m_filling->WillWrite(folder); }
 
+    [[nodiscard]] WorkMark MarkNew(const std::shared_ptr<Folder>& folder) const {
+        return m_temporaries.Mark(folder, TemporaryKind::NewFolder);
+    }
+
     template <typename Staged>
     void Add(Staged staged) {
         m_filling->Add(std::move(staged));

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "TemporaryFile.h"
+#include "WorkMark.h"
 
 #include <sys/stat.h>
 
@@ -20,6 +21,7 @@ struct FileJob {
 /// A copy that is complete but not yet in place.
 struct StagedFile {
     FileJob job;
+    struct stat sourceEntry {}; ///< the entry itself, also of a link, when its bytes had been copied
     TemporaryFile copy;
     unsigned batch = 0;     ///< the batch that was filling when its first byte was written
     bool syncAlone = false; ///< that batch has been synced: a sync of this one may not report an error of the file
@@ -35,7 +37,9 @@ struct StagedFolder {
     std::filesystem::path name;
     struct stat status {}; ///< of the source before anything was taken out of it
     bool removeSource = false;
-    std::error_code error; ///< of the sync of its names
+    bool isComplete = false; ///< its transfer was not stopped in between
+    WorkMark mark;           ///< until it is done
+    std::error_code error;   ///< of the sync of its names
 };
 
 enum class DestinationState {

@@ -1,5 +1,6 @@
 #include "FileStager.h"
 #include "LinuxFolder.h"
+#include "SourceRemoval.h"
 #include "SystemCall.h"
 
 #include <algorithm>
@@ -11,8 +12,6 @@
 
 namespace {
 
-/// From this size on, a check before the copy saves reading a large file in vain. Smaller ones are checked once, after.
-constexpr std::uint64_t worthALookBefore = std::uint64_t{64} * 1024;
 constexpr std::int64_t blockSize = 512;
 constexpr std::uint64_t chunk = std::uint64_t{4} * 1024 * 1024;
 constexpr std::size_t readBuffer = std::size_t{256} * 1024;
@@ -172,30 +171,30 @@ std::error_code FileStager::Stage(const FileJob& job, StagedFile& staged) {
                                          O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC | followLink));
     if (!source.IsOpen())
         return LastError();
-    bool mayHaveHoles = false;
-    if (job.facts.size >= worthALookBefore) {
-        struct stat status {};
-        if (::fstat(source.Get(), &status) != 0)
-            return LastError();
-        if (!IsUnchanged(job.facts, status))
-            return ErrorOf(EAGAIN);
-        mayHaveHoles = status.st_blocks * blockSize < status.st_size;
-    }
+    struct stat before {};
+    if (::fstat(source.Get(), &before) != 0)
+        return LastError();
+    if (!IsUnchanged(job.facts, before))
+        return ErrorOf(EAGAIN);
     TemporaryFile copy;
     if (const std::error_code error = m_temporaries.Create(job.destination, job.facts.mode, copy))
         return error;
-    if (const std::error_code error = copyInto(job, source.Get(), mayHaveHoles, copy))
+    if (const std::error_code error = copyInto(job, source.Get(), before, copy))
         return error;
+    staged.sourceEntry = before;
+    if (job.facts.isLink &&
+        ::fstatat(job.source->Descriptor(), job.name.c_str(), &staged.sourceEntry, AT_SYMLINK_NOFOLLOW) != 0)
+        return LastError();
     staged.job = job;
     staged.copy = std::move(copy);
     return {};
 }
 
-std::error_code FileStager::copyInto(const FileJob& job, int source, bool mayHaveHoles, TemporaryFile& copy) {
+std::error_code FileStager::copyInto(const FileJob& job, int source, const struct stat& before, TemporaryFile& copy) {
     const std::error_code failure = m_bytes.Copy({.source = source,
                                                   .destination = copy.Descriptor(),
                                                   .size = job.facts.size,
-                                                  .mayHaveHoles = mayHaveHoles,
+                                                  .mayHaveHoles = before.st_blocks * blockSize < before.st_size,
                                                   .checkEnd = job.removeSource,
                                                   .sourceDevice = job.facts.id.device,
                                                   .destinationDevice = job.destination->Id().device});
@@ -203,7 +202,7 @@ std::error_code FileStager::copyInto(const FileJob& job, int source, bool mayHav
     if (::fstat(source, &status) != 0)
         return LastError();
     // A changed source explains a failure, and makes a copy without one useless.
-    if (!IsUnchanged(job.facts, status))
+    if (!IsSameContent(before, status))
         return ErrorOf(EAGAIN);
     if (failure)
         return failure;

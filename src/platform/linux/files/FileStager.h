@@ -56,7 +56,8 @@ class FileStager final {
     [[nodiscard]] std::error_code Stage(const FileJob& job, StagedFile& staged);
 
   private:
-    [[nodiscard]] std::error_code copyInto(const FileJob& job, int source, bool mayHaveHoles, TemporaryFile& copy);
+    [[nodiscard]] std::error_code copyInto(const FileJob& job, int source, const struct stat& before,
+                                           TemporaryFile& copy);
 
     ByteCopier m_bytes;
     Attributes m_attributes;

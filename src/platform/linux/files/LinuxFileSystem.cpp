@@ -2,6 +2,7 @@
 #include "FileStager.h"
 #include "LinuxFolder.h"
 #include "LinuxServices.h"
+#include "SourceRemoval.h"
 #include "SystemCall.h"
 #include "TreeTransfer.h"
 
@@ -43,6 +44,7 @@ class LinuxFileTransfer final : public FileTransfer {
 
     bool Copy(const TransferFile& file) override;
     bool Move(const TransferFile& file) override;
+    bool CompleteMove(const TransferFile& file) override;
     void CopyTree(const std::shared_ptr<Folder>& source, const std::shared_ptr<Folder>& destination,
                   const FolderEntry& entry, const std::set<FileId>& excluded) override;
     void MoveTree(const std::shared_ptr<Folder>& source, const std::shared_ptr<Folder>& destination,
@@ -125,6 +127,11 @@ bool LinuxFileTransfer::Move(const TransferFile& file) {
         return false;
     job.removeSource = true;
     return move(job);
+}
+
+bool LinuxFileTransfer::CompleteMove(const TransferFile& file) {
+    FileJob job;
+    return checkFile(file, job) && RemoveSourceOfEqualFile(job, m_observer);
 }
 
 bool LinuxFileTransfer::move(const FileJob& job) {
@@ -211,7 +218,8 @@ void LinuxFileTransfer::MoveTree(const std::shared_ptr<Folder>& source, const st
         RenameToFreeName(*tree.source, tree.entry.name.c_str(), *tree.destination, tree.entry.name);
     if (!error)
         return;
-    if (!needsCopy(error)) {
+    // A folder that exists may be one that an earlier run has left unfinished.
+    if (!needsCopy(error) && error != ErrorOf(EEXIST)) {
         m_observer.Failed(tree.source->Path() / tree.entry.name, error);
         return;
     }

@@ -252,7 +252,7 @@ bool LinuxFolder::PassesOnRights() const {
     return *m_passesOnRights;
 }
 
-void LinuxFolder::RemoveLeftovers() {
+UnfinishedWork LinuxFolder::RemoveLeftovers() {
     if (!m_temporaries) {
         std::vector<std::string> found;
         // A listing that breaks off does no harm here: the names found so far are valid.
@@ -265,21 +265,38 @@ void LinuxFolder::RemoveLeftovers() {
     }
     const std::vector<std::string> temporaries = std::move(*m_temporaries);
     m_temporaries.reset();
-    for (const std::string& name : temporaries)
-        removeIfLeftover(name);
+    m_marks.clear();
+    UnfinishedWork work;
+    for (const std::string& name : temporaries) {
+        if (!isLeftover(name))
+            continue;
+        const TemporaryKind kind = KindOfTemporary(name);
+        work.isNewFolder |= kind == TemporaryKind::NewFolder;
+        work.hasMoves |= kind == TemporaryKind::Moves;
+        if (kind == TemporaryKind::File)
+            ::unlinkat(Descriptor(), name.c_str(), 0);
+        else
+            m_marks.push_back(name);
+    }
+    return work;
 }
 
-void LinuxFolder::removeIfLeftover(const std::string& name) const {
+void LinuxFolder::ForgetUnfinished() {
+    for (const std::string& name : m_marks)
+        ::unlinkat(Descriptor(), name.c_str(), 0);
+    m_marks.clear();
+}
+
+bool LinuxFolder::isLeftover(const std::string& name) const {
     const std::optional<ProcessMark> maker = MakerOfTemporary(name);
     struct stat status {};
     if (!maker || ::fstatat(Descriptor(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0 || !S_ISREG(status.st_mode))
-        return;
+        return false;
     const ProcessState state = StateOf(*maker, ProcessMark::OfThisProcess());
     // A process of another machine cannot be asked, but a living one changes its file more than once a day. The change
     // time counts, because the modification time may already be the source's.
     const bool isOld = std::time(nullptr) - status.st_ctim.tv_sec > oneDay;
-    if (state == ProcessState::Gone || (state == ProcessState::OnAnotherMachine && isOld))
-        ::unlinkat(Descriptor(), name.c_str(), 0);
+    return state == ProcessState::Gone || (state == ProcessState::OnAnotherMachine && isOld);
 }
 
 bool IsUnchanged(const FileFacts& facts, const struct stat& status) {

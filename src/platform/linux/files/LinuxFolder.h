@@ -24,7 +24,8 @@ class LinuxFolder final : public Folder {
     std::error_code DeleteEmptyFolder(const std::filesystem::path& name) override;
     std::vector<FileId> Ancestors() const override;
     bool StillThere() const override;
-    void RemoveLeftovers() override;
+    UnfinishedWork RemoveLeftovers() override;
+    void ForgetUnfinished() override;
     int Descriptor() const override { return m_descriptor.Get(); }
 
     /// True when the folder has a default access list.
@@ -36,13 +37,14 @@ class LinuxFolder final : public Folder {
   private:
     [[nodiscard]] std::error_code forEachName(const std::function<std::error_code(const char*)>& visit) const;
     [[nodiscard]] std::error_code readEntry(const char* name, FileFacts& facts) const;
-    void removeIfLeftover(const std::string& name) const;
+    [[nodiscard]] bool isLeftover(const std::string& name) const;
 
     FileDescriptor m_descriptor;
     std::filesystem::path m_path;
     FileId m_id;
     std::int64_t m_timeStep;
     mutable std::optional<std::vector<std::string>> m_temporaries; ///< seen by the last listing
+    std::vector<std::string> m_marks;                              ///< of processes that have gone
     mutable std::optional<bool> m_passesOnRights;
 };
 

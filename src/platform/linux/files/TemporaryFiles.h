@@ -26,6 +26,11 @@ class TemporaryFiles final {
     /// `placed` stays false, without an error, when the destination is the source itself. Fails as CheckDestination.
     [[nodiscard]] std::error_code Place(TemporaryFile& file, const FileJob& job, bool& placed);
 
+    /// Makes a mark of this process in the folder.
+    [[nodiscard]] WorkMark Mark(const std::shared_ptr<Folder>& folder, TemporaryKind kind) const {
+        return {folder, m_process, kind};
+    }
+
     /// The permission bits that the system clears on new files (umask).
     [[nodiscard]] std::uint32_t CreationMask() const { return m_creationMask; }
 

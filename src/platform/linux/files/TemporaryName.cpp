@@ -1,6 +1,7 @@
 #include "TemporaryName.h"
 #include "SystemCall.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <csignal>
@@ -11,8 +12,12 @@
 namespace {
 
 constexpr std::string_view prefix = ".kalvenor-";
-constexpr std::string_view suffix = ".tmp";
+constexpr std::array<std::string_view, 3> suffixes = {".tmp", ".new", ".moves"}; // in the order of TemporaryKind
 constexpr std::size_t randomDigits = 16;
+
+std::string_view suffixOf(std::string_view name) {
+    return name.substr(std::min(name.rfind('.'), name.size()));
+}
 
 std::string readSmallFile(const char* path) {
     const FileDescriptor file(::open(path, O_RDONLY | O_CLOEXEC));
@@ -78,18 +83,24 @@ ProcessState StateOf(const ProcessMark& mark, const ProcessMark& own) {
     return isReused ? ProcessState::Gone : ProcessState::Alive;
 }
 
-std::string MakeTemporaryName(const ProcessMark& maker) {
+std::string MakeTemporaryName(const ProcessMark& maker, TemporaryKind kind) {
     std::random_device random; // the system's generator: an attacker cannot guess the name and plant a link
     std::array<char, 128> buffer{};
-    const int length =
-        std::snprintf(buffer.data(), buffer.size(), "%s%08x-%08x-%x-%llx-%08x%08x%s", prefix.data(), maker.machine,
-                      maker.boot, static_cast<unsigned>(maker.process),
-                      static_cast<unsigned long long>(maker.startTicks), random(), random(), suffix.data());
+    const int length = std::snprintf(buffer.data(), buffer.size(), "%s%08x-%08x-%x-%llx-%08x%08x%s", prefix.data(),
+                                     maker.machine, maker.boot, static_cast<unsigned>(maker.process),
+                                     static_cast<unsigned long long>(maker.startTicks), random(), random(),
+                                     suffixes.at(static_cast<std::size_t>(kind)).data());
     return {buffer.data(), static_cast<std::size_t>(length)};
 }
 
+TemporaryKind KindOfTemporary(std::string_view name) {
+    const auto* const suffix = std::find(suffixes.begin(), suffixes.end(), suffixOf(name));
+    return static_cast<TemporaryKind>(suffix - suffixes.begin());
+}
+
 std::optional<ProcessMark> MakerOfTemporary(std::string_view name) {
-    if (!name.starts_with(prefix) || !name.ends_with(suffix))
+    const std::string_view suffix = suffixOf(name);
+    if (!name.starts_with(prefix) || std::find(suffixes.begin(), suffixes.end(), suffix) == suffixes.end())
         return std::nullopt;
     name.remove_prefix(prefix.size());
     name.remove_suffix(suffix.size());

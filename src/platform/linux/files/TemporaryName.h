@@ -26,8 +26,18 @@ enum class ProcessState { Alive, Gone, OnAnotherMachine };
 /// The state of the process `mark` as seen from the process `own`.
 [[nodiscard]] ProcessState StateOf(const ProcessMark& mark, const ProcessMark& own);
 
-/// A new name: ".kalvenor-<machine>-<boot>-<process>-<start>-<random>.tmp", numbers in hexadecimal.
-[[nodiscard]] std::string MakeTemporaryName(const ProcessMark& maker);
+enum class TemporaryKind {
+    File,      ///< a file that has not got its name yet
+    NewFolder, ///< a mark: the folder has not been filled completely yet
+    Moves      ///< a mark: files that were moved into the folder may still have their sources
+};
+
+/// A new name: ".kalvenor-<machine>-<boot>-<process>-<start>-<random>", numbers in hexadecimal, and ".tmp", ".new" or
+/// ".moves".
+[[nodiscard]] std::string MakeTemporaryName(const ProcessMark& maker, TemporaryKind kind = TemporaryKind::File);
 
 /// The process that made the temporary file of this name; nullopt for every other name.
 [[nodiscard]] std::optional<ProcessMark> MakerOfTemporary(std::string_view name);
+
+/// The kind of a name that has a maker.
+[[nodiscard]] TemporaryKind KindOfTemporary(std::string_view name);

@@ -1,32 +1,17 @@
 #include "TransferBatch.h"
 #include "Attributes.h"
-#include "LinuxFolder.h"
-#include "SystemCall.h"
+#include "SourceRemoval.h"
 
 #include <algorithm>
 #include <chrono>
 #include <csignal>
-#include <fcntl.h>
 #include <pthread.h>
-#include <unistd.h>
+#include <set>
 
 namespace {
 
 constexpr std::uint64_t byteLimit = std::uint64_t{128} * 1024 * 1024;
 constexpr std::chrono::milliseconds progressInterval{50};
-
-/// Checks the source once more: anything written to it after the copy would be lost.
-std::error_code removeSource(const FileJob& job) {
-    const int folder = job.source->Descriptor();
-    struct stat entry {};
-    struct stat content {};
-    if (::fstatat(folder, job.name.c_str(), &entry, AT_SYMLINK_NOFOLLOW) != 0 ||
-        ::fstatat(folder, job.name.c_str(), &content, 0) != 0)
-        return LastError();
-    if (S_ISLNK(entry.st_mode) != job.facts.isLink || !IsUnchanged(job.facts, content))
-        return ErrorOf(EAGAIN);
-    return ::unlinkat(folder, job.name.c_str(), 0) == 0 ? std::error_code() : LastError();
-}
 
 } // namespace
 
@@ -109,11 +94,21 @@ void TransferBatch::Finish(TemporaryFiles& temporaries, TransferObserver& observ
 }
 
 void TransferBatch::place(TemporaryFiles& temporaries, TransferObserver& observer) {
+    markMoves(temporaries);
     for (StagedFile& file : m_files) {
         if (!file.error)
             file.error = temporaries.Place(file.copy, file.job, file.isPlaced);
         if (file.error)
             observer.Failed(file.job.SourcePath(), file.error);
+    }
+}
+
+/// From the first placed file to the last removed source, a file may be in both places.
+void TransferBatch::markMoves(const TemporaryFiles& temporaries) {
+    std::set<FileId> marked;
+    for (const StagedFile& file : m_files) {
+        if (!file.error && file.job.removeSource && marked.insert(file.job.destination->Id()).second)
+            m_marks.push_back(temporaries.Mark(file.job.destination, TemporaryKind::Moves));
     }
 }
 
@@ -144,13 +139,20 @@ void TransferBatch::removeSources(TransferObserver& observer) {
     for (const StagedFile& file : m_files) {
         if (!file.isPlaced || !file.job.removeSource)
             continue;
-        if (const std::error_code error = removeSource(file.job))
+        if (const std::error_code error = RemoveSource(file, observer))
             observer.Failed(file.job.SourcePath(), error);
     }
+    for (WorkMark& mark : m_marks)
+        mark.Remove();
 }
 
 void TransferBatch::finishFolders(TransferObserver& observer) {
-    for (const StagedFolder& folder : m_folders) {
+    for (StagedFolder& folder : m_folders) {
+        if (!folder.isComplete) {
+            folder.mark.Abandon();
+            continue;
+        }
+        folder.mark.Remove();
         std::error_code error =
             Attributes::CopyToFolder(folder.source->Descriptor(), folder.status, folder.destination->Descriptor());
         if (!error && folder.removeSource)

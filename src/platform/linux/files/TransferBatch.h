@@ -54,6 +54,7 @@ class TransferBatch final {
   private:
     enum class Stage { Contents, Names, Done };
 
+    void markMoves(const TemporaryFiles& temporaries);
     void place(TemporaryFiles& temporaries, TransferObserver& observer);
     void startNames();
     void finishNames(TransferObserver& observer);
@@ -65,6 +66,7 @@ class TransferBatch final {
     SyncPoints m_syncPoints;
     std::vector<StagedFile> m_files;
     std::vector<StagedFolder> m_folders;
+    std::vector<WorkMark> m_marks;
     std::uint64_t m_bytes = 0;
     std::size_t m_descriptors = 0;
     Stage m_stage = Stage::Contents;

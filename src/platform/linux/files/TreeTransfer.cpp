@@ -1,8 +1,10 @@
 #include "TreeTransfer.h"
 #include "LinuxFolder.h"
+#include "SourceRemoval.h"
 #include "SystemCall.h"
 
 #include <fcntl.h>
+#include <tuple>
 
 namespace {
 
@@ -42,32 +44,51 @@ std::error_code TreeTransfer::enter(const std::shared_ptr<Folder>& source, const
         return listing;
     if (::fstat(folder.source->Descriptor(), &folder.status) != 0)
         return LastError();
-    folder.destination = make(*destination, entry.name, folder.status.st_mode, error);
-    if (!folder.destination)
-        return error;
+    bool isResumed = false;
+    if (const std::error_code making = makeOrResume(*destination, entry.name, folder, isResumed))
+        return making;
     m_made.insert(folder.destination->Id());
+    const bool wasInResumed = std::exchange(m_isInResumed, isResumed);
     ++m_depth;
-    transferEntries(folder.source, folder.destination, entries);
+    transferEntries(folder, entries, isResumed);
     --m_depth;
+    m_isInResumed = wasInResumed;
     folder.sourceParent = source;
     folder.name = entry.name;
     folder.removeSource = m_removeSources;
+    folder.isComplete = !m_isStopped;
     m_queue.Add(std::move(folder));
     return {};
 }
 
-void TreeTransfer::transferEntries(const std::shared_ptr<Folder>& source, const std::shared_ptr<Folder>& destination,
-                                   const std::vector<FolderEntry>& entries) {
-    for (const FolderEntry& entry : entries) {
-        if (m_observer.StopRequested())
-            return;
-        if (entry.facts.kind == EntryKind::Unknown)
-            m_observer.Failed(source->Path() / entry.name, entry.facts.error);
-        else if (entry.facts.kind == EntryKind::File)
-            m_transferFile({source, destination, entry.name, entry.facts, m_removeSources});
-        else if (entry.facts.kind == EntryKind::Folder && !m_excluded.contains(entry.facts.id))
-            Run(source, destination, entry);
+void TreeTransfer::transferEntries(const StagedFolder& folder, const std::vector<FolderEntry>& entries,
+                                   bool isResumed) {
+    // Links first: in a move, what they lead to may be taken away from beside them.
+    for (const bool links : {true, false}) {
+        for (const FolderEntry& entry : entries) {
+            if (entry.facts.isLink != links)
+                continue;
+            m_isStopped = m_isStopped || m_observer.StopRequested();
+            if (m_isStopped)
+                return;
+            transferEntry(folder, entry, isResumed);
+        }
     }
+}
+
+void TreeTransfer::transferEntry(const StagedFolder& folder, const FolderEntry& entry, bool isResumed) {
+    if (entry.facts.kind == EntryKind::Unknown)
+        return m_observer.Failed(folder.source->Path() / entry.name, entry.facts.error);
+    if (entry.facts.kind == EntryKind::Folder && !m_excluded.contains(entry.facts.id))
+        return Run(folder.source, folder.destination, entry);
+    if (entry.facts.kind != EntryKind::File)
+        return;
+    const FileJob job{folder.source, folder.destination, entry.name, entry.facts, m_removeSources};
+    std::error_code error;
+    if (!isResumed || !folder.destination->Stat(entry.name, error))
+        m_transferFile(job);
+    else if (m_removeSources) // it was placed before; if it differs it is left to the rules of the next run
+        std::ignore = RemoveSourceOfEqualFile(job, m_observer);
 }
 
 /// Staged files hold descriptors: flush them before giving up a folder for lack of one.
@@ -80,13 +101,24 @@ std::shared_ptr<Folder> TreeTransfer::open(const Folder& parent, const std::file
     return LinuxFolder::Open(parent.Descriptor(), name.c_str(), parent.Path() / name, false, error);
 }
 
-std::shared_ptr<Folder> TreeTransfer::make(const Folder& parent, const std::filesystem::path& name, mode_t mode,
-                                           std::error_code& error) {
+std::error_code TreeTransfer::makeOrResume(const Folder& parent, const std::filesystem::path& name,
+                                           StagedFolder& folder, bool& isResumed) {
     // Never more permissive than the source, not even for a moment, but its owner must be able to fill it. Until the
     // folder gets its attributes its group may differ from the source's, so the group gets nothing.
-    if (::mkdirat(parent.Descriptor(), name.c_str(), (mode & 0777U & ~groupBits) | ownerMayFill) != 0) {
-        error = LastError();
-        return nullptr;
-    }
-    return open(parent, name, error);
+    const mode_t mode = (folder.status.st_mode & 0777U & ~groupBits) | ownerMayFill;
+    isResumed = ::mkdirat(parent.Descriptor(), name.c_str(), mode) != 0;
+    const std::error_code making = isResumed ? LastError() : std::error_code();
+    if (making && making != ErrorOf(EEXIST))
+        return making;
+    std::error_code error;
+    folder.destination = open(parent, name, error);
+    if (making && !folder.destination)
+        return making;
+    if (!folder.destination)
+        return error;
+    if (isResumed && !folder.destination->RemoveLeftovers().isNewFolder && !m_isInResumed)
+        return making;
+    folder.mark = m_queue.MarkNew(folder.destination);
+    folder.destination->ForgetUnfinished();
+    return {};
 }

@@ -1,5 +1,6 @@
-// Transfers one folder with everything in it, file by file. Remembers the folders it created, so that it never walks
-// into its own work. Failures go to the observer and the walk goes on.
+// Transfers one folder with everything in it, file by file, or the rest of one that an earlier run has left unfinished.
+// Remembers the folders it created, so that it never walks into its own work. Failures go to the observer and the walk
+// goes on.
 #pragma once
 
 #include "CommitQueue.h"
@@ -13,7 +14,7 @@ class TreeTransfer final {
                  const std::set<FileId>& excluded, bool removeSources);
 
     /// Creates the folder of this name in `destination` and fills it from the one in `source`, which must still be the
-    /// one that was listed.
+    /// one that was listed. Where the folder exists unfinished, fills in what it lacks.
     void Run(const std::shared_ptr<Folder>& source, const std::shared_ptr<Folder>& destination,
              const FolderEntry& entry);
 
@@ -22,10 +23,10 @@ class TreeTransfer final {
                                         const std::shared_ptr<Folder>& destination, const FolderEntry& entry);
     [[nodiscard]] std::shared_ptr<Folder> open(const Folder& parent, const std::filesystem::path& name,
                                                std::error_code& error);
-    [[nodiscard]] std::shared_ptr<Folder> make(const Folder& parent, const std::filesystem::path& name, mode_t mode,
-                                               std::error_code& error);
-    void transferEntries(const std::shared_ptr<Folder>& source, const std::shared_ptr<Folder>& destination,
-                         const std::vector<FolderEntry>& entries);
+    [[nodiscard]] std::error_code makeOrResume(const Folder& parent, const std::filesystem::path& name,
+                                               StagedFolder& folder, bool& isResumed);
+    void transferEntries(const StagedFolder& folder, const std::vector<FolderEntry>& entries, bool isResumed);
+    void transferEntry(const StagedFolder& folder, const FolderEntry& entry, bool isResumed);
 
     TransferObserver& m_observer;
     CommitQueue& m_queue;
@@ -34,4 +35,6 @@ class TreeTransfer final {
     bool m_removeSources;
     std::set<FileId> m_made;
     int m_depth = 0;
+    bool m_isInResumed = false; ///< a folder above was there
+    bool m_isStopped = false;
 };

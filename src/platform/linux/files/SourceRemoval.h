@@ -1,0 +1,18 @@
+// The last step of a move across devices: the source goes when its copy is safe and it is still what was copied.
+// Failures are error codes and leave the source.
+#pragma once
+
+#include "FileJob.h"
+#include "FileSystem.h"
+
+/// True for the same file with the same size and times. The change time tells what a program hides that puts the
+/// modification time back.
+[[nodiscard]] bool IsSameContent(const struct stat& before, const struct stat& now);
+
+/// Removes the source of a file that is placed. std::errc::resource_unavailable_try_again when it has changed since it
+/// was copied; a change of nothing but its status is settled by comparing the bytes.
+[[nodiscard]] std::error_code RemoveSource(const StagedFile& file, TransferObserver& observer);
+
+/// Finishes a move that was interrupted when the copy was in place: if both files hold the same bytes, the copy is
+/// synced and the source removed. False when it stays.
+[[nodiscard]] bool RemoveSourceOfEqualFile(const FileJob& job, TransferObserver& observer);
