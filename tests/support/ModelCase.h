@@ -34,6 +34,7 @@ class RandomCase final {
         for (const char* name : {"0", "1", "2"})
             out.inside[name] = file();
         out.inside["d"].inside["a"] = file();
+        out.inside["closed"] = {.mode = 0, .inside = {{"f", file()}}};
         fill(&made.world.inside["src"], &made.world.inside["dst"], {}, 0);
         return made;
     }
@@ -74,7 +75,8 @@ class RandomCase final {
         case 2:
             return odds(6) ? ModelEntry{.kind = Kind::Pipe}
                            : ModelEntry{.kind = Kind::Link,
-                                        .bytes = one(std::array<std::string, 4>{"out/0", "out/1", "out/d", "no"})};
+                                        .bytes = one(std::array<std::string, 6>{"out/0", "out/1", "out/2", "out/d",
+                                                                                "out/closed/f", "no"})};
         case 7:
         case 8:
         case 9: {

@@ -103,13 +103,13 @@ class ModelDisk final {
         } else if (S_ISFIFO(status.st_mode)) {
             entry = {.kind = Kind::Pipe};
         } else if (S_ISDIR(status.st_mode)) {
+            ::chmod(path.c_str(), entry.mode | 0500U);
             for (const auto& inner : std::filesystem::directory_iterator(path))
                 entry.inside[inner.path().filename()] = read(inner.path());
         } else {
             entry.kind = Kind::File;
             entry.time = status.st_mtim.tv_sec * billion + status.st_mtim.tv_nsec;
-            if ((entry.mode & 0400U) == 0)
-                ::chmod(path.c_str(), entry.mode | 0400U);
+            ::chmod(path.c_str(), entry.mode | 0400U);
             std::ifstream file(path, std::ios::binary);
             entry.bytes.assign(std::istreambuf_iterator<char>(file), {});
         }

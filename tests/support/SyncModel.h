@@ -48,16 +48,19 @@ class SyncModel final {
   private:
     using Entry = ModelEntry;
     using Kind = ModelEntry::Kind;
-    enum class Seen { Nothing, File, Folder, FolderLink, Special };
+    enum class Seen { Nothing, File, Folder, FolderLink, Special, Unknown };
 
     bool isMove() const { return m_fields.action == u"1"; }
     bool isMirror() const { return m_fields.action == u"3"; }
     bool isReport() const { return m_fields.action == u"2"; }
 
-    /// What a path leads to, links followed; null for nothing and for a circle of links.
+    /// What a path leads to, links followed: null for nothing and for a circle of links, `m_closed` for what a folder
+    /// without rights holds.
     const Entry* at(const std::string& path, int links = 0) const {
         const Entry* entry = &world;
         for (const QByteArray& name : QByteArray::fromStdString(path).split('/')) {
+            if (entry->kind == Kind::Folder && (entry->mode & 0100U) == 0)
+                return &m_closed;
             const auto found = entry->inside.find(name.toStdString());
             entry = found == entry->inside.end() ? nullptr : &found->second;
             if (entry != nullptr && entry->kind == Kind::Link)
@@ -73,6 +76,8 @@ class SyncModel final {
         if (found == folder.inside.end())
             return Seen::Nothing;
         const Entry* leadsTo = target(found->second);
+        if (leadsTo == &m_closed)
+            return Seen::Unknown;
         if (leadsTo == nullptr || leadsTo->kind == Kind::Pipe)
             return Seen::Special;
         if (leadsTo->kind == Kind::File)
@@ -99,6 +104,12 @@ class SyncModel final {
         return isPassing;
     }
 
+    bool takesPart(const Entry& folder, const std::string& name, const std::string& path, bool isFiltered = true) {
+        if (seen(folder, name) == Seen::Unknown)
+            failed.insert(path);
+        return seen(folder, name) == Seen::File && (!isFiltered || passes(path));
+    }
+
     /// Each entry as it was named before the first was touched.
     static void each(const Entry& folder, const std::function<void(const std::string&)>& visit) {
         const auto entries = folder.inside;
@@ -110,7 +121,7 @@ class SyncModel final {
         const auto in = [&path](const char* side, const std::string& name) { return side + path + '/' + name; };
         if (isMirror())
             each(destination, [&](const std::string& name) {
-                if (seen(destination, name) != Seen::File || !passes(in("dst", name)))
+                if (!takesPart(destination, name, in("dst", name)))
                     return;
                 if (!source.inside.contains(name))
                     remove(destination, name, in("dst", name));
@@ -119,7 +130,7 @@ class SyncModel final {
                     file(source, destination, name, in("src", name));
             });
         each(source, [&](const std::string& name) {
-            if (seen(source, name) == Seen::File && passes(in("src", name)))
+            if (takesPart(source, name, in("src", name)))
                 file(source, destination, name, in("src", name));
         });
         if (m_fields.subfolders != u"Y")
@@ -132,7 +143,7 @@ class SyncModel final {
                 level(source.inside[name], destination.inside[name], path + '/' + name);
             else if (there == Seen::Nothing && !isReport())
                 wholeFolder(source, destination, name, in("src", name));
-            else if (there == Seen::File || there == Seen::Special)
+            else if (there != Seen::Nothing && there != Seen::FolderLink)
                 failed.insert(in("src", name));
         });
         if (isMirror())
@@ -194,7 +205,7 @@ class SyncModel final {
             return remove(source, name, path);
         }
         each(folder, [&](const std::string& inner) {
-            if (seen(folder, inner) == Seen::File)
+            if (takesPart(folder, inner, path + '/' + inner, false))
                 transfer(folder, made, inner, path + '/' + inner);
             else if (seen(folder, inner) == Seen::Folder)
                 wholeFolder(folder, made, inner, path + '/' + inner);
@@ -209,7 +220,7 @@ class SyncModel final {
         each(folder, [&](const std::string& inner) {
             if (seen(folder, inner) == Seen::Folder)
                 surplusFolder(folder, inner, path + '/' + inner);
-            else if (seen(folder, inner) == Seen::File && passes(path + '/' + inner))
+            else if (takesPart(folder, inner, path + '/' + inner))
                 remove(folder, inner, path + '/' + inner);
         });
         if (folder.inside.empty())
@@ -217,4 +228,5 @@ class SyncModel final {
     }
 
     const ModelFields m_fields;
+    const Entry m_closed;
 };
