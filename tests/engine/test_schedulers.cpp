@@ -316,20 +316,6 @@ class TestSchedulers final : public QObject {
         QCOMPARE(runs, 2);
     }
 
-    void noTickBeforeThePermission() {
-        ProgramFixture fixture;
-        fixture.Add(A, {{u"intervall"_qs, u"2"_qs}});
-        fixture.Start();
-        fixture.program = std::make_unique<Program>(fixture.services, fixture.prompter, fixture.keys, fixture.texts);
-        fixture.program->List().Refill();
-        fixture.program->Monitoring().ToggleMonitoring();
-        fixture.Pass(20s);
-        QCOMPARE(fixture.Runs(A), 0);
-        fixture.program->AllowTicks();
-        fixture.Pass(20s);
-        QVERIFY(fixture.Runs(A) > 0);
-    }
-
     void aTickInsideARunServesOtherActivitiesAndNeverItself() {
         ProgramFixture fixture;
         fixture.Add(A, {{u"intervall"_qs, u"2"_qs}, noLog});

@@ -20,23 +20,16 @@ constexpr uid_t nobody = 65534;
 /// Nobody in particular from here to the end of the scope: an administrator may do everything.
 class AsNobody final {
   public:
-    explicit AsNobody(const ProgramFixture& fixture) {
-        if (m_user != 0)
-            return;
-        for (const auto& entry : fs::recursive_directory_iterator(fixture.Native()))
-            if (::lchown(entry.path().c_str(), nobody, nobody) != 0)
-                qFatal("not an administrator after all");
-        if (::chown(fixture.Native().c_str(), nobody, nobody) != 0 || ::seteuid(nobody) != 0)
-            qFatal("not an administrator after all");
-    }
-    ~AsNobody() {
-        if (m_user == 0 && ::seteuid(0) != 0)
-            qFatal("still nobody");
-    }
+    AsNobody() { become(nobody); }
+    ~AsNobody() { become(0); }
     AsNobody(const AsNobody&) = delete;
     AsNobody& operator=(const AsNobody&) = delete;
 
   private:
+    void become(uid_t user) const {
+        if (m_user == 0 && ::seteuid(user) != 0)
+            qFatal("not an administrator after all");
+    }
     uid_t m_user = ::geteuid();
 };
 } // namespace
@@ -105,35 +98,35 @@ class TestSyncRun final : public QObject {
 
     // What was looked at before a box is looked at again behind it.
     void whatChangedBehindABoxIsLeft_data() {
-        QTest::addColumn<ProgramFixture::Fields>("fields");
+        QTest::addColumn<QString>("action");
+        QTest::addColumn<bool>("isQuestion"); // else an alert
         QTest::addColumn<QString>("changed"); // what somebody writes while the first box is open
         QTest::addColumn<QByteArrayList>("kept");
-        const auto row = [](const char* name, const char* action, const char* box, const char* changed,
+        const auto row = [](const char* name, const char* action, bool isQuestion, const char* changed,
                             const QByteArrayList& kept) {
-            const bool isQuestion = qstrcmp(box, "question") == 0;
-            QTest::newRow(name) << ProgramFixture::Fields{{u"action"_qs, QString::fromLatin1(action)},
-                                                          {u"onlynew"_qs, u"N"_qs},
-                                                          {u"overwrite"_qs, isQuestion ? u"N"_qs : u"Y"_qs},
-                                                          {u"alert"_qs, isQuestion ? u"N"_qs : u"Y"_qs}}
-                                << QString::fromLatin1(changed) << kept;
+            QTest::newRow(name) << QString::fromLatin1(action) << isQuestion << QString::fromLatin1(changed) << kept;
         };
-        row("copy over a newer file", "0", "alert", "dst/f", {"source", "changed"});
-        row("move over a newer file", "1", "alert", "dst/f", {"source", "changed"});
-        row("copy, question", "0", "question", "dst/f", {"source", "changed"});
-        row("move, question", "1", "question", "dst/f", {"source", "changed"});
-        row("mirror", "3", "alert", "dst/f", {"source", "changed"});
-        row("source of a move", "1", "alert", "src/f", {"changed", "destination"});
-        row("new file turns up", "0", "alert", "dst/new", {"source", "changed"});
-        row("new file turns up, move", "1", "alert", "dst/new", {"source", "changed"});
-        row("surplus is rewritten", "3", "alert", "dst/a surplus", {"changed"});
-        row("surplus comes back", "3", "alert", "src/a surplus", {"changed", "surplus"});
+        row("copy over a newer file", "0", false, "dst/f", {"source", "changed"});
+        row("move over a newer file", "1", false, "dst/f", {"source", "changed"});
+        row("copy, question", "0", true, "dst/f", {"source", "changed"});
+        row("move, question", "1", true, "dst/f", {"source", "changed"});
+        row("mirror", "3", false, "dst/f", {"source", "changed"});
+        row("source of a move", "1", false, "src/f", {"changed", "destination"});
+        row("new file turns up", "0", false, "dst/new", {"source", "changed"});
+        row("new file turns up, move", "1", false, "dst/new", {"source", "changed"});
+        row("surplus is rewritten", "3", false, "dst/a surplus", {"changed"});
+        row("surplus comes back", "3", false, "src/a surplus", {"changed", "surplus"});
     }
     void whatChangedBehindABoxIsLeft() {
-        QFETCH(ProgramFixture::Fields, fields);
+        QFETCH(QString, action);
+        QFETCH(bool, isQuestion);
         QFETCH(QString, changed);
         QFETCH(QByteArrayList, kept);
         ProgramFixture fixture;
-        fixture.Add(A, fields);
+        fixture.Add(A, {{u"action"_qs, action},
+                        {u"onlynew"_qs, u"N"_qs},
+                        {u"overwrite"_qs, isQuestion ? u"N"_qs : u"Y"_qs},
+                        {u"alert"_qs, isQuestion ? u"N"_qs : u"Y"_qs}});
         const bool isNew = changed.endsWith(u"new");
         fixture.Write(isNew ? u"src/new"_qs : u"src/f"_qs, "source", early);
         if (!isNew)
@@ -153,38 +146,26 @@ class TestSyncRun final : public QObject {
         QCOMPARE(fixture.Read(changed), QByteArray("changed"));
     }
 
-    void whatTheLogSaysIsInPlaceBeforeABoxOpens() {
+    // What the log says, also that of a run in whose middle another one is ended by the emergency key.
+    void allIsInPlaceBeforeABoxOpens() {
         ProgramFixture fixture;
-        fixture.Add(A, {{u"overwrite"_qs, u"N"_qs}});
+        fixture.Add(A);
+        fixture.Add(u"Inner"_qs, {{u"sourcedir"_qs, fixture.Folder(u"empty"_qs)}});
         fixture.Write(u"src/a"_qs, "1");
-        fixture.Write(u"src/b"_qs, "2", early);
-        fixture.Write(u"dst/b"_qs, "3", late);
+        fixture.Write(u"src/sub/b"_qs, "2");
+        fixture.Folder(u"dst/sub"_qs);
         Program& program = fixture.Start();
+        program.Options().ExitAlert = 1;
         bool isInPlace = false;
         fixture.prompter.onAsk = [&](const Message&) { isInPlace = fixture.Exists(u"dst/a"_qs); };
-        program.RunNow(A);
-        QVERIFY(isInPlace);
-
-        // Also that of a run in whose middle another one is ended by the emergency key.
-        ProgramFixture nested;
-        nested.Add(A);
-        nested.Add(u"Inner"_qs, {{u"sourcedir"_qs, nested.Path(u"empty"_qs)}});
-        nested.Write(u"src/a"_qs, "1");
-        nested.Write(u"src/sub/b"_qs, "2");
-        QDir().mkpath(nested.Path(u"empty"_qs));
-        QDir().mkpath(nested.Path(u"dst/sub"_qs));
-        Program& outer = nested.Start();
-        outer.Options().ExitAlert = 1;
-        isInPlace = false;
-        nested.prompter.onAsk = [&](const Message&) { isInPlace = nested.Exists(u"dst/a"_qs); };
-        nested.pump->onYield = [&] {
-            if (nested.Log(A).filter(u"/src/a"_qs).isEmpty())
+        fixture.pump->onYield = [&] {
+            if (fixture.Log(A).filter(u"/src/a"_qs).isEmpty())
                 return;
-            nested.pump->onYield = nullptr;
-            nested.keys.down = true;
-            outer.RunNow(u"Inner"_qs);
+            fixture.pump->onYield = nullptr;
+            fixture.keys.down = true;
+            program.RunNow(u"Inner"_qs);
         };
-        outer.RunNow(A);
+        program.RunNow(A);
         QVERIFY(isInPlace);
     }
 
@@ -202,6 +183,7 @@ class TestSyncRun final : public QObject {
         QFETCH(QString, place);
         QFETCH(int, rights);
         QFETCH(QString, error);
+        const AsNobody nobodyInParticular;
         ProgramFixture fixture;
         fixture.Add(A, {{u"action"_qs, u"3"_qs}});
         fixture.Write(u"src/sub/f/1"_qs, "1");
@@ -214,18 +196,14 @@ class TestSyncRun final : public QObject {
         const fs::path closed = fixture.Native(place);
         struct rlimit before {};
         QCOMPARE(::getrlimit(RLIMIT_NOFILE, &before), 0);
-        RunOutcome outcome;
-        {
-            const AsNobody nobodyInParticular(fixture);
-            const struct rlimit none { 3, before.rlim_max };
-            if (rights < 0)
-                QCOMPARE(::setrlimit(RLIMIT_NOFILE, &none), 0);
-            else
-                fs::permissions(closed, fs::perms(rights));
-            outcome = program.RunNow(A);
-            QCOMPARE(::setrlimit(RLIMIT_NOFILE, &before), 0);
-            fs::permissions(closed, fs::perms::all);
-        }
+        const struct rlimit none { 3, before.rlim_max };
+        if (rights < 0)
+            QCOMPARE(::setrlimit(RLIMIT_NOFILE, &none), 0);
+        else
+            fs::permissions(closed, fs::perms(rights));
+        const RunOutcome outcome = program.RunNow(A);
+        QCOMPARE(::setrlimit(RLIMIT_NOFILE, &before), 0);
+        fs::permissions(closed, fs::perms::all);
         QVERIFY(!outcome.directoryMissing && outcome.failures > 0 && outcome.interrupted);
         QVERIFY(program.List().IsChecked(0));
         QVERIFY(fixture.Exists(u"dst/sub/keep"_qs) && fixture.Read(u"dst/sub/f/1"_qs) == "2");
@@ -307,20 +285,10 @@ class TestSyncRun final : public QObject {
         ProgramFixture fixture;
         fixture.Add(A, {{u"action"_qs, u"3"_qs}, {u"logfile"_qs, QString()}});
         Program& program = fixture.Start();
-        const auto dig = [](const fs::path& at, int levels) {
-            int folder = ::open(at.c_str(), O_RDONLY | O_DIRECTORY);
-            for (int level = 0; level < levels; ++level) {
-                ::mkdirat(folder, "d", 0777);
-                const int next = ::openat(folder, "d", O_RDONLY | O_DIRECTORY);
-                ::close(folder);
-                folder = next;
-            }
-            ::close(folder);
-        };
-        dig(fixture.Native(u"src"_qs), 1500);
-        dig(fixture.Native(u"dst"_qs), 1500);
-        QDir().mkpath(fixture.Path(u"dst/surplus"_qs));
-        dig(fixture.Native(u"dst/surplus"_qs), 1'200);
+        const auto dig = [&](const QString& folder, int levels) { fixture.Folder(folder + u"/d"_qs.repeated(levels)); };
+        dig(u"src"_qs, 1500);
+        dig(u"dst"_qs, 1500);
+        dig(u"dst/surplus"_qs, 1200);
         int tooDeep = 0;
         program.OnLogLine([&](const QString& line) { tooDeep += line.contains(u"1,000 levels") ? 1 : 0; });
         QCOMPARE(program.RunNow(A).failures, 2);
