@@ -13,7 +13,7 @@ const QString A = u"A"_qs;
 class World final {
   public:
     World() {
-        m_program.Add(A, {{u"extensions"_qs, QString()}, {u"logfile"_qs, QString()}});
+        m_program.Add(A, {{u"extensions"_qs, QString()}, {u"alert"_qs, QString()}, {u"logfile"_qs, QString()}});
         m_program.Start().OnLogLine([this](const QString& text) {
             const QString start = m_program.texts[Text::TransferFrom];
             const qsizetype from = text.indexOf(start) + start.size();
@@ -29,7 +29,7 @@ class World final {
         QStringList failed;
         for (const std::string& path : model.failed)
             failed.append(modNativePath::ToText(m_disk.Real(path)));
-        return outcome(model.world, failed, model.questions);
+        return outcome(model.world, failed, model.boxes);
     }
 
     QStringList AsEngine(const ModelCase& made) {
@@ -44,6 +44,7 @@ class World final {
         set(ActivityField::OnlyNew, made.fields.onlyNew);
         set(ActivityField::IncludeSubdirs, made.fields.subfolders);
         set(ActivityField::Extensions, made.fields.extensions);
+        set(ActivityField::Alert, made.fields.alert);
         m_program.prompter.yes = made.fields.answersYes;
         m_program.prompter.shown.clear();
         m_failed.clear();
@@ -69,9 +70,9 @@ class World final {
     }
 
   private:
-    static QStringList outcome(const ModelEntry& world, QStringList failed, int questions) {
+    static QStringList outcome(const ModelEntry& world, QStringList failed, int boxes) {
         failed.sort();
-        return ModelLines::Of(world) << u"failed: "_qs + failed.join(u" | ") << u"questions: %1"_qs.arg(questions);
+        return ModelLines::Of(world) << u"failed: "_qs + failed.join(u" | ") << u"boxes: %1"_qs.arg(boxes);
     }
 
     ProgramFixture m_program;

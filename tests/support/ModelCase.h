@@ -26,7 +26,8 @@ class RandomCase final {
                   .subfolders = one(QStringList{u"Y"_qs, u"Y"_qs, u"Y"_qs, u"N"_qs, QString()}),
                   .extensions =
                       one(QStringList{QString(), QString(), QString(), u"txt"_qs, u"TXT;DOC"_qs, u" txt"_qs, u"doc;"_qs,
-                                      u"\u00E4"_qs, u"ma\u00DF"_qs, u"xt"_qs, u"d/a"_qs, u"c/a"_qs}),
+                                      u"\u00E4"_qs, u"ma\u00DF"_qs, u"xt"_qs, u"t/a"_qs, u"c/a"_qs}),
+                  .alert = one(QStringList{u"Y"_qs, u"N"_qs, u"N"_qs}),
                   .answersYes = odds(2),
                   .isOtherDevice = odds(3)};
         m_isMove = fields.action == u"1";
@@ -56,7 +57,7 @@ class RandomCase final {
         constexpr std::int64_t start = 1'600'000'000'000'000'000;
         static constexpr std::array<std::int64_t, 13> times{
             0, 0, 1, 99, 100, 5'000, 5'001'000, 5'001'234, 120'000'000, 999'999'999, 1'000'000'000, 2'000'000'000, 7};
-        const std::int64_t time = odds(20) ? -1'500'000'000 : start + one(times);
+        const std::int64_t time = odds(10) ? one(std::array{-1'500'000'000L, -2'000'000'000L}) : start + one(times);
         return {.kind = Kind::File,
                 .bytes = std::to_string(below(1'000'000)),
                 .time = time,
@@ -130,7 +131,9 @@ class ModelLines final {
         return Of(made.world)
                << u"action '%1', overwrite '%2', onlynew '%3', includesubdirs '%4', extensions '%5'"_qs.arg(
                       fields.action, fields.overwrite, fields.onlyNew, fields.subfolders, fields.extensions)
-               << u"answer %1, other device %2"_qs.arg(fields.answersYes).arg(fields.isOtherDevice);
+               << u"alert '%1', answer %2, other device %3"_qs.arg(fields.alert)
+                      .arg(fields.answersYes)
+                      .arg(fields.isOtherDevice);
     }
     static QString Name(const std::string& bytes) {
         return QString::fromLatin1(QByteArray::fromStdString(bytes).toPercentEncoding("/ "));
@@ -155,7 +158,7 @@ class SmallerCases final {
   public:
     explicit SmallerCases(const ModelCase& made) : m_made(made) {
         for (const auto field : {&ModelFields::action, &ModelFields::overwrite, &ModelFields::onlyNew,
-                                 &ModelFields::subfolders, &ModelFields::extensions})
+                                 &ModelFields::subfolders, &ModelFields::extensions, &ModelFields::alert})
             add([field](ModelCase& next) { next.fields.*field = ModelFields().*field; });
         for (const auto flag : {&ModelFields::answersYes, &ModelFields::isOtherDevice})
             add([flag](ModelCase& next) { next.fields.*flag = false; });

@@ -29,12 +29,13 @@ struct ModelFields {
     QString onlyNew{u"N"_qs};
     QString subfolders{u"Y"_qs};
     QString extensions{};
+    QString alert{u"N"_qs};
     bool answersYes = false;
     bool isOtherDevice = false; ///< no rename leads from the source to the destination
 };
 
 /// Takes the world, with "src" and "dst" at its top, and runs the activity once. Readable afterwards: the world, the
-/// paths that failed, and how often the user was asked. Whoever runs it is no administrator.
+/// paths that failed, and how many boxes the user saw. Whoever runs it is no administrator.
 class SyncModel final {
   public:
     SyncModel(ModelEntry start, const ModelFields& fields) : world(std::move(start)), m_fields(fields) {
@@ -43,7 +44,7 @@ class SyncModel final {
 
     ModelEntry world;
     std::set<std::string> failed;
-    int questions = 0;
+    int boxes = 0;
 
   private:
     using Entry = ModelEntry;
@@ -117,20 +118,26 @@ class SyncModel final {
             visit(name);
     }
 
+    void react() { boxes += m_fields.alert == u"Y" ? 1 : 0; }
+
     void level(Entry& source, Entry& destination, const std::string& path) {
         const auto in = [&path](const char* side, const std::string& name) { return side + path + '/' + name; };
         if (isMirror())
             each(destination, [&](const std::string& name) {
                 if (!takesPart(destination, name, in("dst", name)))
                     return;
-                if (!source.inside.contains(name))
+                const bool isSurplus = !source.inside.contains(name);
+                if (!isSurplus && (seen(source, name) != Seen::File || compare(target(destination.inside[name])->time,
+                                                                               target(source.inside[name])->time) >= 0))
+                    return;
+                react();
+                if (isSurplus)
                     remove(destination, name, in("dst", name));
-                else if (seen(source, name) == Seen::File &&
-                         compare(target(destination.inside[name])->time, target(source.inside[name])->time) < 0)
+                else
                     file(source, destination, name, in("src", name));
             });
         each(source, [&](const std::string& name) {
-            if (takesPart(source, name, in("src", name)))
+            if (takesPart(source, name, in("src", name)) && !failed.contains(in("src", name)))
                 file(source, destination, name, in("src", name));
         });
         if (m_fields.subfolders != u"Y")
@@ -141,10 +148,13 @@ class SyncModel final {
             const Seen there = seen(destination, name);
             if (there == Seen::Folder)
                 level(source.inside[name], destination.inside[name], path + '/' + name);
-            else if (there == Seen::Nothing && !isReport())
-                wholeFolder(source, destination, name, in("src", name));
             else if (there != Seen::Nothing && there != Seen::FolderLink)
                 failed.insert(in("src", name));
+            else if (there == Seen::Nothing) {
+                react();
+                if (!isReport())
+                    wholeFolder(source, destination, name, in("src", name));
+            }
         });
         if (isMirror())
             each(destination, [&](const std::string& name) {
@@ -164,13 +174,15 @@ class SyncModel final {
                 return;
             const int order = compare(from->time, to->time);
             if (m_fields.overwrite == u"N" && order < 0) {
-                ++questions;
+                ++boxes;
                 if (!m_fields.answersYes)
                     return;
             } else if (m_fields.onlyNew == u"Y" && order <= 0) {
                 return;
             }
         }
+        if (!isReport() || there == Seen::Nothing)
+            react();
         if (!isReport())
             transfer(source, destination, name, path);
     }
