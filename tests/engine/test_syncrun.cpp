@@ -1,3 +1,4 @@
+#include "AsNobody.h"
 #include "ProgramFixture.h"
 #include "Trees.h"
 
@@ -15,23 +16,7 @@ const QString A = u"A"_qs;
 constexpr qint64 early = 1'600'000'000;
 constexpr qint64 same = 1'650'000'000;
 constexpr qint64 late = 1'700'000'000;
-constexpr uid_t nobody = 65534;
-
-/// Nobody in particular from here to the end of the scope: an administrator may do everything.
-class AsNobody final {
-  public:
-    AsNobody() { become(nobody); }
-    ~AsNobody() { become(0); }
-    AsNobody(const AsNobody&) = delete;
-    AsNobody& operator=(const AsNobody&) = delete;
-
-  private:
-    void become(uid_t user) const {
-        if (m_user == 0 && ::seteuid(user) != 0)
-            qFatal("not an administrator after all");
-    }
-    uid_t m_user = ::geteuid();
-};
+constexpr uid_t nobody = AsNobody::id;
 } // namespace
 
 // What a run does when the world is another one than it was a moment ago.

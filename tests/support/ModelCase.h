@@ -31,6 +31,8 @@ class RandomCase final {
                   .answersYes = odds(2),
                   .isOtherDevice = odds(3)};
         m_isMove = fields.action == u"1";
+        for (std::int64_t& time : m_times)
+            time = one(times);
         ModelEntry& out = made.world.inside["out"];
         for (const char* name : {"0", "1", "2"})
             out.inside[name] = file();
@@ -54,13 +56,9 @@ class RandomCase final {
     }
 
     ModelEntry file() {
-        constexpr std::int64_t start = 1'600'000'000'000'000'000;
-        static constexpr std::array<std::int64_t, 13> times{
-            0, 0, 1, 99, 100, 5'000, 5'001'000, 5'001'234, 120'000'000, 999'999'999, 1'000'000'000, 2'000'000'000, 7};
-        const std::int64_t time = odds(10) ? one(std::array{-1'500'000'000L, -2'000'000'000L}) : start + one(times);
         return {.kind = Kind::File,
                 .bytes = std::to_string(below(1'000'000)),
-                .time = time,
+                .time = one(m_times),
                 .mode = one(std::array{0644U, 0644U, 0644U, 0600U, 0755U, 0444U, 0400U, 0200U})};
     }
 
@@ -109,12 +107,28 @@ class RandomCase final {
         }
     }
 
+    static constexpr std::int64_t start = 1'600'000'000'000'000'000;
+    static constexpr std::array<std::int64_t, 14> times{start,
+                                                        start,
+                                                        start + 1,
+                                                        start + 99,
+                                                        start + 100,
+                                                        start + 5'000,
+                                                        start + 5'001'000,
+                                                        start + 5'001'234,
+                                                        start + 120'000'000,
+                                                        start + 999'999'999,
+                                                        start + 1'000'000'000,
+                                                        start + 2'000'000'000,
+                                                        -1'500'000'000,
+                                                        -2'000'000'000};
     static inline const std::array<std::string, 13> names{"a",          "a",        "A",           "b.txt",     "B.TXT",
                                                           "ma\xC3\x9F", "\xC3\xA4", "\xC3\x84",    "a\xCC\x88", " x y ",
                                                           ".h.doc",     "d",        "\xFF\xFE.txt"};
 
     std::mt19937_64 m_random;
     bool m_isMove = false;
+    std::array<std::int64_t, 4> m_times{};
 };
 
 /// A tree and what else there is to know, one thing a line: to be read, and to be compared.
