@@ -33,6 +33,8 @@ class RandomCase final {
         m_isMove = fields.action == u"1";
         for (std::int64_t& time : m_times)
             time = one(times);
+        for (std::string& name : m_names)
+            name = one(names);
         ModelEntry& out = made.world.inside["out"];
         for (const char* name : {"0", "1", "2"})
             out.inside[name] = file();
@@ -69,7 +71,7 @@ class RandomCase final {
             return {.kind = Kind::Link, .bytes = (side == "src" ? "dst" : "src") + path + '/' + name};
         case 1:
             if (side == "src" && !m_isMove)
-                return {.kind = Kind::Link, .bytes = "src" + path + '/' + one(names)};
+                return {.kind = Kind::Link, .bytes = "src" + path + '/' + one(m_names)};
             [[fallthrough]];
         case 2:
             return odds(6) ? ModelEntry{.kind = Kind::Pipe}
@@ -93,7 +95,7 @@ class RandomCase final {
     /// Folders of the same path; null where one side has none.
     void fill(ModelEntry* source, ModelEntry* destination, const std::string& path, int depth) {
         for (auto count = below(depth == 0 ? 9 : 6); count > 0; --count) {
-            const std::string name = one(names);
+            const std::string name = one(m_names);
             if (source != nullptr && destination != nullptr && depth < 3 && odds(4)) {
                 source->inside[name] = emptyFolder();
                 destination->inside[name] = emptyFolder();
@@ -129,6 +131,7 @@ class RandomCase final {
     std::mt19937_64 m_random;
     bool m_isMove = false;
     std::array<std::int64_t, 4> m_times{};
+    std::array<std::string, 6> m_names;
 };
 
 /// A tree and what else there is to know, one thing a line: to be read, and to be compared.
