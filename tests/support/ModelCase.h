@@ -96,10 +96,16 @@ class RandomCase final {
     void fill(ModelEntry* source, ModelEntry* destination, const std::string& path, int depth) {
         for (auto count = below(depth == 0 ? 9 : 6); count > 0; --count) {
             const std::string name = one(m_names);
-            if (source != nullptr && destination != nullptr && depth < 3 && odds(4)) {
+            const bool areTwo = source != nullptr && destination != nullptr;
+            if (areTwo && depth < 3 && odds(4)) {
                 source->inside[name] = emptyFolder();
                 destination->inside[name] = emptyFolder();
                 fill(&source->inside[name], &destination->inside[name], path + '/' + name, depth + 1);
+                continue;
+            }
+            if (areTwo && odds(2)) {
+                source->inside[name] = file();
+                destination->inside[name] = file();
                 continue;
             }
             if (source != nullptr && !odds(4))
