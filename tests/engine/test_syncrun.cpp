@@ -231,24 +231,18 @@ class TestSyncRun final : public QObject {
         QCOMPARE(fixture.Exists(u"dst/gone"_qs), action != u"3");
     }
 
-    void aLogInsideItsActivityNeitherFailsNorGoes_data() {
-        QTest::addColumn<QString>("action");
-        QTest::addColumn<QString>("log");
-        for (const auto* action : {"0", "1", "3"})
-            for (const auto* log : {"src/own.log", "dst/own.log"})
-                QTest::addRow("%s %s", action, log) << QString::fromLatin1(action) << QString::fromLatin1(log);
-    }
     void aLogInsideItsActivityNeitherFailsNorGoes() {
-        QFETCH(QString, action);
-        QFETCH(QString, log);
-        ProgramFixture fixture;
-        fixture.Add(A, {{u"action"_qs, action}, {u"logfile"_qs, fixture.Path(log)}});
-        fixture.Write(u"src/f"_qs, "1");
-        Program& program = fixture.Start();
-        for (int run = 0; run < 2; ++run)
-            QCOMPARE(program.RunNow(A).failures, 0);
-        QVERIFY(fixture.Read(log).contains("Checking finished."));
-        QVERIFY(fixture.Exists(u"dst/own.log"_qs));
+        for (const QString& action : {u"0"_qs, u"1"_qs, u"3"_qs})
+            for (const QString& log : {u"src/own.log"_qs, u"dst/own.log"_qs}) {
+                ProgramFixture fixture;
+                fixture.Add(A, {{u"action"_qs, action}, {u"logfile"_qs, fixture.Path(log)}});
+                fixture.Write(u"src/f"_qs, "1");
+                Program& program = fixture.Start();
+                for (int run = 0; run < 2; ++run)
+                    QCOMPARE(program.RunNow(A).failures, 0);
+                QVERIFY2(fixture.Read(log).contains("Checking finished."), qPrintable(action + log));
+                QVERIFY2(fixture.Exists(u"dst/own.log"_qs), qPrintable(action + log));
+            }
     }
 
     // A privileged run over other people's folders must not publish what the maker of a link may not read.

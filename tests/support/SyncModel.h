@@ -18,8 +18,6 @@ struct ModelEntry {
     std::int64_t time = 0; ///< of a file, nanoseconds
     unsigned mode = 0755;  ///< of a file or folder
     std::map<std::string, ModelEntry> inside{};
-
-    bool operator==(const ModelEntry&) const = default;
 };
 
 /// The record, the answer to every question, and where the source lies.
