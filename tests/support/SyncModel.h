@@ -1,5 +1,5 @@
-// What a run is to make of two folders, written down a second time and as plainly as possible: no descriptors, batches
-// or boxes, only a tree in memory. The random test holds the engine against it. Knows nothing of the engine's code.
+// What a run is to make of two folders, written down a second time and as plainly as possible: no descriptors and no
+// batches, only a tree in memory. The random test holds the engine against it. Knows nothing of the engine's code.
 #pragma once
 
 #include <QString>
@@ -148,11 +148,11 @@ class SyncModel final {
                 level(source.inside[name], destination.inside[name], path + '/' + name);
             else if (there != Seen::Nothing && there != Seen::FolderLink)
                 failed.insert(in("src", name));
-            else if (there == Seen::Nothing) {
-                react();
-                if (!isReport())
-                    wholeFolder(source, destination, name, in("src", name));
-            }
+            if (there != Seen::Nothing)
+                return;
+            react();
+            if (!isReport())
+                wholeFolder(source, destination, name, in("src", name));
         });
         if (isMirror())
             each(destination, [&](const std::string& name) {
