@@ -130,7 +130,7 @@ void FileSync::syncFile(const FolderEntry& entry) {
     if (!found)
         return syncNew(file);
     if (found->kind == EntryKind::Unknown)
-        return failed(m_pair.destination, entry.name, found->error);
+        return failed(m_pair.source, entry.name, found->error);
     if (found->kind != EntryKind::File)
         return failed(m_pair.source, entry.name,
                       std::make_error_code(found->kind == EntryKind::Special ? std::errc::file_exists

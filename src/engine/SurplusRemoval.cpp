@@ -5,8 +5,6 @@
 
 using modNativePath::ToText;
 
-namespace {} // namespace
-
 SurplusRemoval::SurplusRemoval(SyncRun& run, FolderPair& pair, const FolderEntry& entry)
     : m_run(run), m_pair(pair), m_entry(entry), m_lookedAt(run.Tools().interruptions.Count() - 1) {}
 

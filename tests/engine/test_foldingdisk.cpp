@@ -9,59 +9,32 @@ const QString A = u"A"_qs;
 /// A program whose destination lies on a real disk that takes spellings in either letter case for one name.
 struct FoldingDisk : ProgramFixture {
     /// `isExfat`: a file system that keeps spellings and gives each an id of its own; else one with true ids that makes
-    /// every name lower case.
+    /// every name lower case. FUSE mounts the first from a block device only; that is freed with the mount.
     explicit FoldingDisk(bool isExfat) {
-        QDir().mkpath(Path(u"dst"_qs));
-        QFile image(Path(u"disk"_qs));
-        isMounted = image.open(QIODevice::WriteOnly) && image.resize(qint64{16} << 20);
-        image.close();
-        const QString disk = Path(u"disk"_qs);
-        isMounted = isMounted && (isExfat ? run(u"mkfs.exfat"_qs, {disk}) : run(u"mkntfs"_qs, {u"-FQq"_qs, disk}));
-        if (isExfat && isMounted) { // FUSE mounts it from a block device only
-            QByteArray device;
-            isMounted = run(u"losetup"_qs, {u"-f"_qs, u"--show"_qs, disk}, &device);
-            m_device = QString::fromLatin1(device.trimmed());
-            isMounted = isMounted && run(u"mount.exfat-fuse"_qs, {m_device, Path(u"dst"_qs)});
-        } else if (isMounted) {
-            isMounted = run(u"lowntfs-3g"_qs, {disk, Path(u"dst"_qs), u"-o"_qs, u"ignore_case"_qs});
-        }
-        if (isMounted)
-            QDir(Path(u"dst"_qs)).mkpath(u"to"_qs);
+        isMounted = run(isExfat ? u"mkfs.exfat disk && loop=$(losetup -f --show disk) && mount.exfat-fuse $loop dst; "
+                                  "code=$?; losetup -d $loop; exit $code"_qs
+                                : u"mkntfs -FQq disk && lowntfs-3g disk dst -o ignore_case"_qs);
     }
     ~FoldingDisk() {
         if (isMounted)
-            run(u"umount"_qs, {u"-l"_qs, Path(u"dst"_qs)});
-        if (!m_device.isEmpty())
-            run(u"losetup"_qs, {u"-d"_qs, m_device});
+            run(u"umount -l dst"_qs);
     }
     FoldingDisk(const FoldingDisk&) = delete;
     FoldingDisk& operator=(const FoldingDisk&) = delete;
 
     Program& StartWith(const QString& action, const QString& onlyNew) {
-        Add(A, {{u"targetdir"_qs, Path(u"dst/to"_qs)}, {u"action"_qs, action}, {u"onlynew"_qs, onlyNew}});
+        Add(A, {{u"targetdir"_qs, Folder(u"dst/to"_qs)}, {u"action"_qs, action}, {u"onlynew"_qs, onlyNew}});
         return Start();
     }
 
     bool isMounted = false;
 
   private:
-    static bool run(const QString& program, const QStringList& arguments, QByteArray* output = nullptr) {
-        QProcess process;
-        process.setProcessChannelMode(QProcess::MergedChannels);
-        process.start(u"/usr/sbin/"_qs + program, arguments);
-        if (!process.waitForStarted()) {
-            process.start(program, arguments);
-            process.waitForStarted();
-        }
-        process.closeWriteChannel();
-        const bool isDone =
-            process.waitForFinished() && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
-        if (output != nullptr)
-            *output = process.readAll();
-        return isDone;
+    bool run(const QString& script) const {
+        const QString start = u"exec >/dev/null 2>&1; PATH=$PATH:/sbin:/usr/sbin; cd '"_qs + Path() +
+                              u"'; mkdir -p dst; truncate -s 16M disk; "_qs;
+        return QProcess::execute(u"/bin/sh"_qs, {u"-c"_qs, start + script}) == 0;
     }
-
-    QString m_device;
 };
 } // namespace
 

@@ -36,6 +36,7 @@ class TestMonitoring final : public QObject {
         if (activities > 1)
             fixture.Add(B);
         fixture.Write(appLog, "");
+        fixture.Write(u"src/f"_qs, "x");
         Program& program = fixture.Start();
         EngineLock elsewhere(*fixture.locks, *fixture.services.ownFiles);
         LockRefusal ignored{};
@@ -49,6 +50,12 @@ class TestMonitoring final : public QObject {
         QCOMPARE(fixture.prompter.shown[0].text, fixture.texts[message]);
         QCOMPARE(fixture.Read(appLog), QByteArray());
         QVERIFY(!program.Timers().tmrMonitoring.Enabled());
+        if (activities < 2)
+            return;
+        QVERIFY(program.RunNow(B).interrupted && !fixture.Exists(u"dst/f"_qs));
+        const Text refusal = canBeLocked ? Text::RunRefused : message;
+        QCOMPARE(fixture.prompter.Told().last(),
+                 u"Start activity: "_qs + fixture.texts[refusal].replace(u"%1"_qs, program.File().CurrentPath()));
     }
 
     void noSecondEngineUnderAnyNameOfTheFile() {
@@ -77,19 +84,6 @@ class TestMonitoring final : public QObject {
         QVERIFY(isFree(activityFile) && isFree(hard) && fixture.locks->held.empty());
     }
 
-    void runNowIsRefusedWhileAnotherEngineHasTheFile() {
-        ProgramFixture fixture;
-        fixture.Add(A);
-        fixture.Write(u"src/f"_qs, "x");
-        Program& program = fixture.Start();
-        EngineLock elsewhere(*fixture.locks, *fixture.services.ownFiles);
-        LockRefusal ignored{};
-        const EngineLock::Token other = elsewhere.Take(program.File().CurrentPath(), ignored);
-        QVERIFY(program.RunNow(A).interrupted && !fixture.Exists(u"dst/f"_qs));
-        QCOMPARE(fixture.prompter.Told().join(u'|'),
-                 u"Start activity: "_qs + fixture.texts[Text::RunRefused].arg(program.File().CurrentPath()));
-    }
-
     void startAndStopWriteExactlyTheirLines() {
         ProgramFixture fixture;
         fixture.clock->now = std::chrono::sys_days(std::chrono::year(2026) / 11 / 15) + 5h + 34min + 48s;
@@ -111,20 +105,6 @@ class TestMonitoring final : public QObject {
         QCOMPARE(fixture.Status(A), u"idle"_qs);
         QVERIFY(!program.Timers().tmrMonitoring.Enabled());
         QVERIFY(fixture.locks->held.empty());
-    }
-
-    void aUsersTickBringsBackWhatWasTakenOut() {
-        ProgramFixture fixture;
-        fixture.Add(A, {{u"type"_qs, u"1"_qs}, {u"intervall"_qs, u"2"_qs}, {u"runningmode"_qs, u"1"_qs}});
-        fixture.Add(u"keepsOn"_qs, {{u"intervall"_qs, u"59"_qs}});
-        Program& program = fixture.Start();
-        program.Monitoring().ToggleMonitoring();
-        fixture.Pass(600s);
-        QCOMPARE(fixture.Runs(A), 1);
-        QVERIFY(program.List().setData(program.List().index(0, 0), Qt::Checked, Qt::CheckStateRole));
-        fixture.Pass(61min); // the counter comes round to the mark
-        QCOMPARE(fixture.Runs(A), 2);
-        QVERIFY(!fixture.Exists(appLog)); // never created
     }
 
     void aFileChangedByAnotherProgramIsNotOverwritten() {

@@ -1,4 +1,7 @@
 #include "ProgramFixture.h"
+#include "modTriggerDate.h"
+
+#include <QLocale>
 
 using namespace std::chrono_literals;
 
@@ -20,60 +23,81 @@ class TestSchedulers final : public QObject {
   private Q_SLOTS:
     void initTestCase() { qputenv("TZ", "UTC"); }
 
-    void intervals_data() {
-        QTest::addColumn<QString>("type");
-        QTest::addColumn<QString>("interval");
-        QTest::addColumn<int>("seconds");
+    void runsWhenItIsDue_data() {
+        QTest::addColumn<QString>("fields"); // NAME=VALUE, separated by blanks
+        QTest::addColumn<std::chrono::seconds>("span");
         QTest::addColumn<int>("runs");
-        const auto row = [](const char* name, const char* type, const char* interval, int seconds, int runs) {
-            QTest::newRow(name) << QString::fromLatin1(type) << QString::fromLatin1(interval) << seconds << runs;
+        const auto row = [](const char* name, const char* fields, std::chrono::seconds span, int runs) {
+            QTest::newRow(name) << QString::fromLatin1(fields) << span << runs;
         };
-        row("10 s: not before tick 11", "0", "10", 10, 0);
-        row("10 s: on tick 11", "0", "10", 11, 1);
-        row("59 s is never due", "0", "59", 300, 0);
-        row("60 s runs at once, then every 59", "0", "60", 60, 2);
-        row("no number", "0", "ten", 120, 0);
-        row("2 min", "1", "2", 120, 1);
-        row("2 min, 10 min long", "1", "2", 600, 5);
-        row("70 min wraps to 10", "1", "70", 600, 1);
-        row("1 h, a day and more", "2", "1", 30 * 3600, 24);
-        row("unknown type", "9", "1", 120, 0);
+        row("10 s: not before tick 11", "type=0 intervall=10", 10s, 0);
+        row("10 s: on tick 11", "type=0 intervall=10", 11s, 1);
+        row("59 s is never due", "type=0 intervall=59", 300s, 0);
+        row("60 s runs at once, then every 59", "type=0 intervall=60", 60s, 2);
+        row("no number", "type=0 intervall=ten", 120s, 0);
+        row("2 min, 10 min long", "type=1 intervall=2", 10min, 5);
+        row("70 min wraps to 10", "type=1 intervall=70", 10min, 1);
+        row("1 h, a day and more", "type=2 intervall=1", 30h, 24);
+        row("unknown type", "type=9 intervall=1", 120s, 0);
+        row("once", "type=4 triggertime=00:05 daily=0", 10min, 1);
+        row("missing daily means once", "type=4 triggertime=00:05", 10min, 1);
+        row("daily: every tick of the minute", "type=4 triggertime=00:05 daily=1", 10min, 60);
+        row("no leading zero never matches", "type=4 triggertime=0:05 daily=1", 10min, 0);
+        row("empty mask", "type=4 triggertime=: daily=1", 10min, 0);
+        row("at its date", "type=3 triggerdate=01.03.2026 triggerdatetime=00:05", 10min, 1);
+        row("tomorrow", "type=3 triggerdate=02.03.2026 triggerdatetime=00:05", 10min, 0);
+        row("yesterday", "type=3 triggerdate=28.02.2026 triggerdatetime=00:05", 10min, 0);
     }
-    void intervals() {
-        QFETCH(QString, type);
-        QFETCH(QString, interval);
-        QFETCH(int, seconds);
-        ProgramFixture fixture;
-        fixture.Add(A, {{u"type"_qs, type}, {u"intervall"_qs, interval}, noLog});
-        fixture.Start().Monitoring().ToggleMonitoring();
-        fixture.Pass(std::chrono::seconds(seconds));
-        QTEST(fixture.Runs(A), "runs");
+    void runsWhenItIsDue() {
+        QFETCH(QString, fields);
+        QFETCH(std::chrono::seconds, span);
+        QFETCH(int, runs);
+        Spring fixture;
+        ProgramFixture::Fields record;
+        for (const QString& field : fields.split(u' '))
+            record[field.section(u'=', 0, 0)] = field.section(u'=', 1);
+        fixture.Add(A, record);
+        Program& program = fixture.Start();
+        program.Monitoring().ToggleMonitoring();
+        fixture.Pass(span);
+        QCOMPARE(fixture.Log(A).count(u"Checking starts ..."_qs), runs);
+        const bool isOver = runs == 1 && record[u"type"_qs].toInt() > 2;
+        QCOMPARE(program.File().Read(A, ActivityField::Active), isOver ? u"0"_qs : u"1"_qs);
+        QCOMPARE(fixture.Read(u"Kalvenor.kvd"_qs).contains("<activ>0</activ>"), isOver);
+        QVERIFY(!isOver || fixture.Log(A).last() == u"Monitoring 'A stopped.");
+        QVERIFY(!fixture.Exists(u"app.log"_qs)); // never created
+    }
+
+    void triggerDates() {
+        const auto read = [](const char* text, const char* locale) {
+            return modTriggerDate::Read(QString::fromLatin1(text), QLocale(QString::fromLatin1(locale)));
+        };
+        const QDate day(2026, 4, 3);
+        for (const auto& [text, locale] : {std::pair("03.04.2026", "de_DE"),
+                                           {"3.4.2026", "en_US"},
+                                           {"2026-04-03", "de_DE"},
+                                           {"04/03/2026", "en_US"},
+                                           {"4/3/2026", "C"},
+                                           {"03/04/2026", "en_GB"}})
+            QCOMPARE(read(text, locale), day);
+        for (const char* none : {"03.04.26", "31.02.2026", "tomorrow", "  .  .    "})
+            QVERIFY2(!read(none, "de_DE").isValid(), none);
     }
 
     void onceOnlyRunsOnceAndEndsMonitoring() {
-        for (const bool shutdown : {false, true}) {
+        for (const QString& type : {u"0"_qs, u"1"_qs}) {
             ProgramFixture fixture;
-            fixture.Add(
-                A,
-                {{u"type"_qs, shutdown ? u"1"_qs : u"0"_qs}, {u"intervall"_qs, u"2"_qs}, {u"runningmode"_qs, u"1"_qs}});
+            fixture.Add(A, {{u"type"_qs, type}, {u"intervall"_qs, u"2"_qs}, {u"runningmode"_qs, u"1"_qs}});
             fixture.Write(u"src/f"_qs, "x");
-            fixture.Write(u"app.log"_qs, "");
             Program& program = fixture.Start();
-            program.Options().Shutdown = shutdown ? 1 : 0;
-            fixture.power->succeeds = false;
-            bool copiedBeforeTheEnd = false;
-            fixture.prompter.onAsk = [&](const Message&) { copiedBeforeTheEnd = fixture.Exists(u"dst/f"_qs); };
+            bool isCopied = false;
+            fixture.prompter.onAsk = [&](const Message&) { isCopied = fixture.Exists(u"dst/f"_qs); };
             program.Monitoring().ToggleMonitoring();
             fixture.Pass(600s);
-            QVERIFY(!program.Monitoring().IsOn());
+            QVERIFY(!program.Monitoring().IsOn() && isCopied && fixture.power->requests == 0);
             QCOMPARE(fixture.Runs(A), 1);
-            QVERIFY(copiedBeforeTheEnd);
-            QCOMPARE(fixture.prompter.shown.size(), shutdown ? 2U : 1U); // the countdown comes first
-            QCOMPARE(fixture.prompter.shown.back().text, u"All activities idle, finished monitoring."_qs);
-            QCOMPARE(fixture.power->requests, shutdown ? 1 : 0);
-            const QByteArray log = fixture.Read(u"app.log"_qs);
-            QCOMPARE(log.contains("Computer after last activity 'A' shutted down."), shutdown);
-            QCOMPARE(log.contains("The computer could not be switched off."), shutdown);
+            QCOMPARE(fixture.prompter.Told().join(u'|').section(u": "_qs, 1),
+                     u"All activities idle, finished monitoring."_qs);
             QCOMPARE(program.File().Read(A, ActivityField::Active), u"1"_qs); // the choice on disk is the user's
             program.List().Refill();
             QVERIFY(!program.List().IsChecked(0));
@@ -101,6 +125,8 @@ class TestSchedulers final : public QObject {
         fixture.clock->now = std::chrono::sys_days(std::chrono::year(2026) / 3 / 1);
         const bool isLater = end == u"untick" || end == u"refill" || end == u"damaged";
         fixture.Add(A, {{u"type"_qs, u"4"_qs}, {u"triggertime"_qs, isLater ? u"12:00"_qs : u"00:00"_qs}});
+        fixture.Write(u"app.log"_qs, "");
+        fixture.power->succeeds = false;
         Program& program = fixture.Start();
         program.Options().Shutdown = 1;
         program.Monitoring().ToggleMonitoring();
@@ -129,6 +155,9 @@ class TestSchedulers final : public QObject {
         QCOMPARE(fixture.power->requests, requests);
         const bool isTold = fixture.prompter.Told().join(u'|').contains(fixture.texts[Text::AllIdle]);
         QCOMPARE(isTold, isOver);
+        const QByteArray log = fixture.Read(u"app.log"_qs);
+        QVERIFY(requests == 0 || log.contains("Computer after last activity 'A' shutted down."));
+        QCOMPARE(log.contains("The computer could not be switched off."), requests > 0);
         if (end != u"damaged")
             return;
         // The file is whole again, and nobody is there to refresh the list.
@@ -282,76 +311,6 @@ class TestSchedulers final : public QObject {
         QCOMPARE(runs, 2);
     }
 
-    void timeOfDay_data() {
-        QTest::addColumn<QString>("trigger");
-        QTest::addColumn<QString>("daily");
-        QTest::addColumn<int>("runs");
-        const auto row = [](const char* name, const char* trigger, const char* daily, int runs) {
-            QTest::newRow(name) << QString::fromLatin1(trigger) << QString::fromLatin1(daily) << runs;
-        };
-        row("once", "12:00", "0", 1);
-        row("missing daily means once", "12:00", "", 1);
-        row("daily: every tick of the minute, two days", "12:00", "1", 120);
-        row("no leading zero never matches", "8:00", "1", 0);
-        row("empty mask", ":", "1", 0);
-    }
-    void timeOfDay() {
-        QFETCH(QString, trigger);
-        QFETCH(QString, daily);
-        Spring fixture;
-        fixture.Add(A, {{u"type"_qs, u"4"_qs}, {u"triggertime"_qs, trigger}, {u"daily"_qs, daily}, noLog});
-        Program& program = fixture.Start();
-        program.Monitoring().ToggleMonitoring();
-        int runs = 0;
-        QObject::connect(&program.List(), &ActivityList::dataChanged, this, [&](const QModelIndex& index) {
-            if (index.column() == ActivityList::LastRun)
-                ++runs;
-        });
-        for (int day = 0; day < 2; ++day) {
-            fixture.clock->Advance(11h + 58min);
-            fixture.Pass(5min);
-            fixture.clock->Advance(11h + 57min);
-        }
-        QTEST(runs, "runs");
-        const bool finished = runs == 1;
-        QCOMPARE(program.File().Read(A, ActivityField::Active), finished ? u"0"_qs : u"1"_qs);
-        QCOMPARE(fixture.Read(u"Kalvenor.kvd"_qs).contains("<activ>0</activ>"), finished);
-    }
-
-    void onceAtADate() {
-        Spring fixture;
-        const QString past = u"Past"_qs;
-        for (const auto& [name, date] : {std::pair(A, u"02.03.2026"_qs), std::pair(past, u"28.02.2026"_qs)})
-            fixture.Add(name, {{u"type"_qs, u"3"_qs}, {u"triggerdate"_qs, date}, {u"triggerdatetime"_qs, u"06:30"_qs}});
-        fixture.Write(u"src/f"_qs, "x");
-        Program& program = fixture.Start();
-        program.Monitoring().ToggleMonitoring();
-        fixture.clock->Advance(6h + 29min);
-        fixture.Pass(3min);
-        QVERIFY(!fixture.Exists(u"dst/f"_qs));
-        fixture.clock->Advance(24h - 3min);
-        fixture.Pass(3min);
-        QVERIFY(fixture.Exists(u"dst/f"_qs));
-        QCOMPARE(program.File().Read(A, ActivityField::Active), u"0"_qs);
-        QCOMPARE(program.File().Read(past, ActivityField::Active), u"1"_qs);
-        QCOMPARE(fixture.Log(A).last(), u"Monitoring 'A stopped."_qs);
-        QCOMPARE(fixture.Log(A).count(u"Checking starts ..."_qs), 1);
-    }
-
-    void noTickBeforeThePermission() {
-        ProgramFixture fixture;
-        fixture.Add(A, {{u"intervall"_qs, u"2"_qs}});
-        fixture.Start();
-        fixture.program = std::make_unique<Program>(fixture.services, fixture.prompter, fixture.keys, fixture.texts);
-        fixture.program->List().Refill();
-        fixture.program->Monitoring().ToggleMonitoring();
-        fixture.Pass(20s);
-        QCOMPARE(fixture.Runs(A), 0);
-        fixture.program->AllowTicks();
-        fixture.Pass(20s);
-        QVERIFY(fixture.Runs(A) > 0);
-    }
-
     void aTickInsideARunServesOtherActivitiesAndNeverItself() {
         ProgramFixture fixture;
         fixture.Add(A, {{u"intervall"_qs, u"2"_qs}, noLog});
@@ -368,23 +327,6 @@ class TestSchedulers final : public QObject {
         fixture.pump->onYield = nullptr;
         QVERIFY(fixture.Runs(u"M"_qs) >= 1);
         QCOMPARE(deepest, 2);
-    }
-
-    void anActivityDeletedInsideItsRunTouchesNothingMore() {
-        ProgramFixture fixture;
-        fixture.Add(A, {{u"action"_qs, u"3"_qs}, {u"intervall"_qs, u"2"_qs}});
-        fixture.Write(u"src/new"_qs, "x");
-        fixture.Write(u"dst/old"_qs, "y");
-        Program& program = fixture.Start();
-        program.Monitoring().ToggleMonitoring();
-        fixture.pump->onYield = [&] {
-            program.Document().DeleteNode(u"/items/A"_qs);
-            program.File().Save();
-            program.List().Refill();
-        };
-        fixture.Pass(5s);
-        QVERIFY(fixture.Exists(u"dst/old"_qs));
-        QVERIFY(!fixture.Exists(u"dst/new"_qs));
     }
 };
 
