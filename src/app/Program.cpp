@@ -56,7 +56,7 @@ struct Program::Engine {
                                                                            .ownPlaces = ownPlaces,
                                                                            .texts = syncTexts,
                                                                            .interruptions = interruptions},
-                                                                          mail),
+                                                                          mail, program.m_services.locks->Place()),
           schedulers(services, logs, changes, dueMarks, monitoring, QLocale::system()) {
         schedulers.ConnectTo(program.m_timers);
     }
@@ -116,13 +116,14 @@ EngineLock::Token Program::LockForRunNow() {
     return lock;
 }
 
-RunOutcome Program::RunNow(const QString& name) {
+RunOutcome Program::RunNow(const QString& name, NewDrive newDrive) {
     const EngineLock::Token lock = LockForRunNow();
     if (!lock)
-        return {false, 0, true};
+        return {.interrupted = true};
     m_engine->logs.SetActivityStatus(name, m_texts[Text::MonitoringInProcess]);
-    const RunOutcome outcome = m_engine->changes.ProcessActivity(name, RunStarter::User);
-    m_engine->logs.SetActivityStatus(name, m_texts[Text::Idle]);
+    const RunOutcome outcome = m_engine->changes.ProcessActivity(name, RunStarter::User, newDrive);
+    if (!outcome.held)
+        m_engine->logs.SetActivityStatus(name, m_texts[Text::Idle]);
     return outcome;
 }
 

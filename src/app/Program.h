@@ -57,7 +57,7 @@ class Program final {
 
     /// Runs one activity now, outside its schedule, and shows it in the activity's status. Interrupted when the file's
     /// lock is refused, after a box that says so. Never throws.
-    RunOutcome RunNow(const QString& name);
+    RunOutcome RunNow(const QString& name, NewDrive newDrive = NewDrive::Hold);
 
     /// Calls `listener` with every entry of every activity's log, whether the entry could be written or not.
     void OnLogLine(std::function<void(const QString& line)> listener);

@@ -42,7 +42,7 @@ RunCommand::ExitCode RunCommand::Execute(const Request& request) {
     if (!open(request.file) || !choose(request.names, names))
         return Unusable;
     names.removeDuplicates(); // given twice in the file or by the caller, it is one activity
-    return runAll(names);
+    return runAll(names, request.newDrive);
 }
 
 bool RunCommand::open(const QString& file) {
@@ -73,12 +73,12 @@ bool RunCommand::choose(const QStringList& wanted, QStringList& names) {
     return true;
 }
 
-RunCommand::ExitCode RunCommand::runAll(const QStringList& names) {
+RunCommand::ExitCode RunCommand::runAll(const QStringList& names, NewDrive newDrive) {
     bool succeeded = true;
     for (const QString& name : names) {
         if (m_program.State().Closing())
             break;
-        succeeded = m_program.RunNow(name).Succeeded() && succeeded;
+        succeeded = m_program.RunNow(name, newDrive).Succeeded() && succeeded;
     }
     RunEndWaiter(m_program).WaitOut(); // for the mails
     return succeeded && !m_program.State().Closing() ? Ran : SomethingFailed;

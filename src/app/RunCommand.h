@@ -3,6 +3,7 @@
 #pragma once
 
 #include "EngineLock.h"
+#include "RunFacts.h"
 #include <QStringList>
 #include <iosfwd>
 
@@ -14,10 +15,11 @@ class RunCommand final {
     struct Request {
         QString file;      ///< path of the activity file
         QStringList names; ///< activities to run, in this order; empty = every active one
+        NewDrive newDrive = NewDrive::Hold;
     };
     enum ExitCode {
         Ran = 0,               ///< every activity ran without a failure
-        SomethingFailed = 1,   ///< a directory was missing, a file failed, or the run was ended early
+        SomethingFailed = 1,   ///< a directory was missing, a file failed, or a run was held or ended early
         Unusable = 2,          ///< wrong usage, unknown name, or a file that cannot be read
         NoticeNotAccepted = 3, ///< the notice of possible data loss is not accepted
         Refused = 4,           ///< another process works on this file, or that cannot be ruled out
@@ -32,7 +34,7 @@ class RunCommand final {
   private:
     [[nodiscard]] bool open(const QString& file);
     [[nodiscard]] bool choose(const QStringList& wanted, QStringList& names);
-    [[nodiscard]] ExitCode runAll(const QStringList& names);
+    [[nodiscard]] ExitCode runAll(const QStringList& names, NewDrive newDrive);
     void complain(const QString& text);
 
     Program& m_program;

@@ -8,10 +8,13 @@
 
 namespace {
 
+constexpr QLatin1String newDriveOption("new-drive");
+
 void describe(QCommandLineParser& parser, const StringTable& texts) {
     parser.setApplicationDescription(texts[Text::RunPurpose]);
     parser.addHelpOption();
     parser.addVersionOption();
+    parser.addOption({QString(newDriveOption), texts[Text::RunNewDriveOption]});
     parser.addPositionalArgument(QStringLiteral("file"), texts[Text::RunFileArgument], QStringLiteral("FILE.kvd"));
     parser.addPositionalArgument(QStringLiteral("names"), texts[Text::RunNamesArgument], QStringLiteral("[NAME ...]"));
 }
@@ -48,5 +51,6 @@ int main(int argc, char* argv[]) {
     Program program(services, prompter, keys, texts);
     const TerminationSignal termination;
     QObject::connect(&termination, &TerminationSignal::Raised, &application, [&program] { program.RequestEnd(); });
-    return RunCommand(program, std::cout, log).Execute({file, names});
+    return RunCommand(program, std::cout, log)
+        .Execute({file, names, parser.isSet(QString(newDriveOption)) ? NewDrive::Ok : NewDrive::Hold});
 }

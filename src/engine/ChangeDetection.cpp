@@ -3,15 +3,16 @@
 #include "ActivityList.h"
 #include "ActivityLogs.h"
 #include "Clock.h"
+#include "DriveGuard.h"
 #include "EngineLock.h"
 #include "StringTable.h"
 #include "SyncTexts.h"
 #include "modLogTime.h"
 #include "modNativePath.h"
 
-RunOutcome ChangeDetection::ProcessActivity(const QString& name, RunStarter starter) {
+RunOutcome ChangeDetection::ProcessActivity(const QString& name, RunStarter starter, NewDrive newDrive) {
     RunState::Run run(m_services.runState, name);
-    const RunOutcome outcome = process(name, starter, run);
+    const RunOutcome outcome = process(name, starter, newDrive, run);
     run.Ended(outcome);
     return outcome;
 }
@@ -22,37 +23,56 @@ bool ChangeDetection::mayRun(const QString& name, RunStarter starter) const {
            (starter == RunStarter::User || m_tools.monitoring.IsOn());
 }
 
-RunOutcome ChangeDetection::process(const QString& name, RunStarter starter, RunState::Run& run) {
+RunOutcome ChangeDetection::process(const QString& name, RunStarter starter, NewDrive newDrive, RunState::Run& run) {
     m_tools.interruptions.Yield();
     // Held to the end of the run, even if monitoring stops or another file becomes current.
     LockRefusal refusal{};
     const EngineLock::Token lock = m_services.lock.Take(m_services.file.CurrentPath(), refusal);
     if (!lock || !mayRun(name, starter))
-        return {false, 0, true};
-    run.Started();
-    m_tools.logs.SetActivityStatus(name, m_services.texts[Text::CheckingStarts]);
-    m_tools.monitoring.CheckAllIdle();
-
+        return {.interrupted = true};
     const RunIdentity identity = RunIdentity::Of(m_services.file, name);
-    std::error_code error;
-    const std::shared_ptr<Folder> source =
-        m_services.fileSystem.OpenFolder(modNativePath::Absolute(identity.source), error);
-    if (!source)
-        return refuse(name, identity.source, error);
+    std::error_code sourceError;
+    const auto source = m_services.fileSystem.OpenFolder(modNativePath::Absolute(identity.source), sourceError);
     // An activity that only reports needs no destination; nothing is changed in the directory used instead.
     const bool needsNone = identity.destination.trimmed().isEmpty() && identity.action == u"2";
     const QString destinationText = needsNone ? QStringLiteral(".") : identity.destination;
-    const std::shared_ptr<Folder> destination =
-        m_services.fileSystem.OpenFolder(modNativePath::Absolute(destinationText), error);
+    std::error_code error;
+    const auto destination = m_services.fileSystem.OpenFolder(modNativePath::Absolute(destinationText), error);
+    if (source && destination && isHeld(identity, newDrive, *source, *destination))
+        return {.failures = 1, .interrupted = true, .held = true};
+    run.Started();
+    m_tools.logs.SetActivityStatus(name, m_services.texts[Text::CheckingStarts]);
+    m_tools.monitoring.CheckAllIdle();
+    if (!source)
+        return refuse(name, identity.source, sourceError);
     if (!destination)
         return refuse(name, identity.destination, error);
     countRun(name);
     const RunOutcome outcome = SyncRun(m_tools, identity, starter, source, destination).Run();
     if (outcome.interrupted)
         return outcome;
+    m_drives.Remember(identity, *source, *destination);
     sendMail(name, *source, *destination);
     m_tools.logs.SetActivityStatus(name, m_services.texts[Text::CheckingFinished]);
     return outcome;
+}
+
+/// Says so once; after that only the row shows it, so that no log is filled at every tick.
+bool ChangeDetection::isHeld(const RunIdentity& run, NewDrive newDrive, const Folder& source,
+                             const Folder& destination) {
+    const bool wasHeld = m_drives.IsHeld(run);
+    if (newDrive == NewDrive::Ok || (newDrive == NewDrive::OkIfTold && wasHeld))
+        return false;
+    const std::optional<QString> directory = m_drives.Hold(run, source, destination);
+    if (!directory)
+        return false;
+    const QString text = m_services.texts[Text::RunHeld].arg(*directory);
+    m_services.list.SetText(run.name, ActivityList::Status, text);
+    if (wasHeld)
+        return true;
+    m_tools.logs.SetActivityStatus(run.name, text);
+    m_tools.logs.WriteAppLog(text);
+    return true;
 }
 
 /// Only a directory that does not exist is missing. Any other failure (no permission, no descriptors left) may be gone
@@ -60,10 +80,10 @@ RunOutcome ChangeDetection::process(const QString& name, RunStarter starter, Run
 RunOutcome ChangeDetection::refuse(const QString& name, const QString& directory, std::error_code error) {
     if (error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory) {
         handleMissing(name, directory);
-        return {true, 0, false};
+        return {.directoryMissing = true};
     }
     m_tools.logs.SetActivityStatus(name, m_tools.texts.Failure(directory, error));
-    return {false, 1, true};
+    return {.failures = 1, .interrupted = true};
 }
 
 void ChangeDetection::countRun(const QString& name) {

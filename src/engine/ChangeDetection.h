@@ -2,18 +2,23 @@
 // goes wrong ends the run with a line in the log.
 #pragma once
 
+#include "DriveGuard.h"
 #include "SyncRun.h"
 
 class ChangeDetection final {
   public:
-    ChangeDetection(const RunTools& tools, ActivityMailer& mailer)
-        : m_tools(tools), m_services(tools.services), m_mailer(mailer) {}
+    /// `stateFolder` keeps what the runs have to know of each other.
+    ChangeDetection(const RunTools& tools, ActivityMailer& mailer, std::filesystem::path stateFolder)
+        : m_tools(tools), m_services(tools.services), m_mailer(mailer),
+          m_drives(tools.services.ownFiles, std::move(stateFolder)) {}
 
     /// Runs the activity once, now. Events run inside: rows and the document may have changed afterwards.
-    RunOutcome ProcessActivity(const QString& name, RunStarter starter);
+    RunOutcome ProcessActivity(const QString& name, RunStarter starter, NewDrive newDrive = NewDrive::Hold);
 
   private:
-    RunOutcome process(const QString& name, RunStarter starter, RunState::Run& run);
+    RunOutcome process(const QString& name, RunStarter starter, NewDrive newDrive, RunState::Run& run);
+    [[nodiscard]] bool isHeld(const RunIdentity& run, NewDrive newDrive, const Folder& source,
+                              const Folder& destination);
     [[nodiscard]] bool mayRun(const QString& name, RunStarter starter) const;
     RunOutcome refuse(const QString& name, const QString& directory, std::error_code error);
     void handleMissing(const QString& name, const QString& directory);
@@ -23,4 +28,5 @@ class ChangeDetection final {
     RunTools m_tools;
     const EngineServices& m_services;
     ActivityMailer& m_mailer;
+    DriveGuard m_drives;
 };

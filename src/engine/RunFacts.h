@@ -8,6 +8,13 @@ class ActivityFile;
 /// Who started the run: a scheduled one ends when monitoring is stopped.
 enum class RunStarter { Schedule, User };
 
+/// What to do when a directory is not on the drive of the last run.
+enum class NewDrive {
+    Hold,     ///< the run is held, and says so
+    OkIfTold, ///< goes on when the activity was held before: the user has been told
+    Ok        ///< goes on
+};
+
 /// What a run belongs to: an activity file, a record, and the directories and action of the record. A record of the
 /// same name that says anything else is another one, and its rules do not apply to this run.
 struct RunIdentity {
@@ -37,5 +44,6 @@ struct RunOutcome {
     bool directoryMissing = false;
     int failures = 0;         ///< files or folders that could not be handled
     bool interrupted = false; ///< refused or ended early: what was to be done is not done
+    bool held = false;        ///< a directory is on another drive than at the last run; counts as a failure
     [[nodiscard]] bool Succeeded() const { return !directoryMissing && failures == 0 && !interrupted; }
 };

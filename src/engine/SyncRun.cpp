@@ -45,7 +45,7 @@ RunOutcome SyncRun::Run() {
     std::ignore = SyncFilesAndFolders(m_source, m_destination, 0);
     m_transfer->Commit();
     readRecord(); // events have run: what follows must not use another record
-    return {false, m_failures, m_end != RunEnd::None};
+    return {.failures = m_failures, .interrupted = m_end != RunEnd::None};
 }
 
 /// Only events can change the record, so between them one look is enough.

@@ -10,6 +10,13 @@
 #include <system_error>
 #include <vector>
 
+/// The file system that holds a folder, as it is known again after a restart. What the system does not tell is empty.
+struct DriveFacts {
+    std::string identity;             ///< made from its UUID where it has one, else its kind and source
+    std::filesystem::path mountPoint; ///< absolute
+    bool isNetwork = false;
+};
+
 /// What a run that was killed or stopped has left to do in a folder.
 struct UnfinishedWork {
     bool isNewFolder = false; ///< the folder was new and has not been filled completely
@@ -46,6 +53,8 @@ class Folder {
     /// The id of its mount, or of its device where the system has no such id. A bind mount differs from its parent
     /// folder by nothing else.
     [[nodiscard]] virtual std::uint64_t Mount() const = 0;
+
+    [[nodiscard]] virtual DriveFacts Drive() const = 0;
 
     /// Unlinks the file or link that was listed; std::errc::resource_unavailable_try_again when it has changed since.
     [[nodiscard]] virtual std::error_code DeleteFile(const FolderEntry& entry) = 0;

@@ -24,6 +24,6 @@ class Locks {
     /// the caller must not proceed. The name may hold any character.
     [[nodiscard]] virtual std::unique_ptr<HeldLock> TryAcquire(const QString& name, LockRefusal& refusal) = 0;
 
-    /// The folder that holds the files of the locks; empty where locks are not files.
+    /// The private state folder of the program, which holds the files of the locks; empty where there is none.
     [[nodiscard]] virtual std::filesystem::path Place() const = 0;
 };

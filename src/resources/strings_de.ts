@@ -1514,5 +1514,13 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <source>Finishing an interrupted move: '%1' is removed if '%2' holds the same bytes</source>
         <translation>Unterbrochenes Verschieben wird abgeschlossen: '%1' wird entfernt, wenn '%2' dieselben Bytes enthält</translation>
     </message>
+    <message id="671">
+        <source>The run is held: '%1' is not on the drive of the last run, as if that drive were not mounted. "Start activity immediately" or kalvenor-run --new-drive goes on with the new drive.</source>
+        <translation>Der Lauf wird zurückgehalten: '%1' liegt nicht auf dem Laufwerk des letzten Laufs, als wäre dieses nicht eingehängt. "Aktivität sofort starten" oder kalvenor-run --new-drive macht mit dem neuen Laufwerk weiter.</translation>
+    </message>
+    <message id="672">
+        <source>Go on although a directory is not on the drive of the last run.</source>
+        <translation>Weitermachen, obwohl ein Verzeichnis nicht auf dem Laufwerk des letzten Laufs liegt.</translation>
+    </message>
 </context>
 </TS>

@@ -1890,5 +1890,15 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <translation>Finishing an interrupted move: '%1' is removed if '%2' holds the same bytes</translation>
         <extra-name>FinishingMove</extra-name>
     </message>
+    <message id="671">
+        <source>The run is held: '%1' is not on the drive of the last run, as if that drive were not mounted. "Start activity immediately" or kalvenor-run --new-drive goes on with the new drive.</source>
+        <translation>The run is held: '%1' is not on the drive of the last run, as if that drive were not mounted. "Start activity immediately" or kalvenor-run --new-drive goes on with the new drive.</translation>
+        <extra-name>RunHeld</extra-name>
+    </message>
+    <message id="672">
+        <source>Go on although a directory is not on the drive of the last run.</source>
+        <translation>Go on although a directory is not on the drive of the last run.</translation>
+        <extra-name>RunNewDriveOption</extra-name>
+    </message>
 </context>
 </TS>

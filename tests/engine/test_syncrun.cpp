@@ -1,5 +1,6 @@
 #include "AsNobody.h"
 #include "ProgramFixture.h"
+#include "SystemCallFault.h"
 #include "Trees.h"
 
 #include <filesystem>
@@ -7,6 +8,8 @@
 #include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
@@ -261,6 +264,94 @@ class TestSyncRun final : public QObject {
             QCOMPARE(program.RunNow(A).failures, isCopied ? 0 : 1);
             QCOMPARE(fixture.Exists(u"dst/link"_qs), isCopied);
         }
+    }
+
+    // A run that was stopped had taken a new folder as a whole; the next one does not take half of it by the filter.
+    void aStoppedFolderIsFinishedWhole() {
+        for (const auto* action : {"0", "1", "3"}) {
+            ProgramFixture fixture;
+            fixture.Add(A, {{u"action"_qs, QString::fromLatin1(action)}, {u"extensions"_qs, u"txt"_qs}});
+            for (const auto& file : {u"src/new/a.txt"_qs, u"src/new/b.bin"_qs, u"src/new/sub/c.bin"_qs})
+                fixture.Write(file, "1");
+            Program& program = fixture.Start();
+            program.OnLogLine([&](const QString&) { program.RequestEnd(); });
+            QVERIFY(program.RunNow(A).interrupted);
+            QVERIFY(!fixture.Exists(u"dst/new/b.bin"_qs));
+            QVERIFY(fixture.Start().RunNow(A).Succeeded());
+            QCOMPARE(Tree(fixture.Path(u"dst"_qs)).keys().join(u' '),
+                     u"new new/a.txt new/b.bin new/sub new/sub/c.bin"_qs);
+        }
+    }
+
+    // The copy was in place, and then the run ended before it could remove the source.
+    void anInterruptedMoveIsCompleted() {
+        ProgramFixture fixture;
+        const QTemporaryDir other(u"/dev/shm/move-XXXXXX"_qs);
+        fixture.Add(A, {{u"action"_qs, u"1"_qs}, {u"targetdir"_qs, other.path()}});
+        for (const auto& file : {u"src/moved"_qs, u"src/rewritten"_qs, u"src/sub/moved"_qs})
+            fixture.Write(file, "1");
+        const pid_t child = ::fork();
+        if (child == 0)
+            ::_exit(SystemCallFault::Install({{SYS_unlinkat, EACCES}}) ? fixture.Start().RunNow(A).failures : 0);
+        int status = 0;
+        ::waitpid(child, &status, 0);
+        if (WEXITSTATUS(status) == 0)
+            QSKIP("the kernel filters no system calls");
+        QCOMPARE(Tree(other.path()).value(u"moved"_qs), QByteArray("1"));
+        fixture.Write(u"src/rewritten"_qs, "2"); // with its old time
+        fixture.Write(u"src/equal"_qs, "3");
+        QVERIFY(fixture.Start().RunNow(A).Succeeded());
+        QCOMPARE(Tree(fixture.Path(u"src"_qs)).keys(), QStringList{u"rewritten"_qs});
+        fixture.Write(u"src/equal"_qs, "3");
+        QVERIFY(fixture.Start().RunNow(A).Succeeded());
+        QVERIFY(fixture.Exists(u"src/equal"_qs)); // no move was interrupted: it is not newer
+    }
+
+    // With its drive unmounted, an empty source would empty the mirror, and a move would fill the bare mount point.
+    void aMissingDriveHoldsTheRun_data() {
+        QTest::addColumn<QString>("action");
+        QTest::addColumn<QString>("mounted");
+        QTest::newRow("source of a mirror") << u"3"_qs << u"src"_qs;
+        QTest::newRow("destination of a move") << u"1"_qs << u"dst"_qs;
+    }
+    void aMissingDriveHoldsTheRun() {
+        QFETCH(QString, action);
+        QFETCH(QString, mounted);
+        if (!m_mayMount)
+            QSKIP("only an administrator can mount");
+        ProgramFixture fixture;
+        fixture.locks->place = fixture.Native(u"state"_qs);
+        fixture.Add(A, {{u"action"_qs, action}});
+        const fs::path drive = fixture.Folder(mounted).toStdString();
+        const auto fill = [&](bool isThere) {
+            if (isThere)
+                QCOMPARE(::mount("none", drive.c_str(), "tmpfs", 0, nullptr), 0);
+            if (isThere || mounted == u"dst")
+                fixture.Write(u"src/f"_qs, "1");
+        };
+        fill(true);
+        fixture.Start();
+        QVERIFY(fixture.ScratchFolder::Write(u"app.log"_qs, {}));
+        QVERIFY(fixture.program->RunNow(A).Succeeded());
+        ::umount2(drive.c_str(), MNT_DETACH);
+        const bool isMirror = action == u"3";
+        fill(false);
+        for (int run = 0; run < 2; ++run) {
+            const RunOutcome outcome = fixture.program->RunNow(A);
+            QVERIFY(outcome.held && outcome.interrupted && outcome.failures == 1);
+            QVERIFY(fixture.Status(A).contains(fixture.Path(mounted)));
+            QCOMPARE(fixture.Exists(u"dst/f"_qs), isMirror);
+        }
+        QCOMPARE(fixture.Read(u"app.log"_qs).count("The run is held"), 1);
+        fill(true); // the former drive
+        QVERIFY(fixture.program->RunNow(A).Succeeded());
+        ::umount2(drive.c_str(), MNT_DETACH);
+        fill(false);
+        fixture.Start(); // another process remembers
+        QVERIFY(fixture.program->RunNow(A, NewDrive::OkIfTold).held);
+        QVERIFY(fixture.program->RunNow(A, NewDrive::OkIfTold).Succeeded());
+        QCOMPARE(fixture.Exists(u"dst/f"_qs), !isMirror);
+        QVERIFY(fixture.program->RunNow(A).Succeeded());
     }
 
     void deepTreesEndAtALevel() {

@@ -16,7 +16,7 @@ bool RunNowCommands::refuseEmptyList() {
     return true;
 }
 
-void RunNowCommands::askAndRun(QStringList names, Text question, Text title) {
+void RunNowCommands::askAndRun(QStringList names, Text question, Text title, NewDrive newDrive) {
     if (m_running || names.isEmpty())
         return;
     const QScopedValueRollback running(m_running, true);
@@ -35,16 +35,16 @@ void RunNowCommands::askAndRun(QStringList names, Text question, Text title) {
         if (m_program.State().Closing() || m_program.File().CurrentPath() != file)
             return;
         if (m_program.List().RowOf(name).has_value())
-            m_program.RunNow(name);
+            m_program.RunNow(name, newDrive);
     }
 }
 
 void RunNowCommands::StartActivity(const QString& name) {
     if (!refuseEmptyList() && !name.isEmpty())
-        askAndRun({name}, Text::StartNowQuestion, Text::StartNowTitle);
+        askAndRun({name}, Text::StartNowQuestion, Text::StartNowTitle, NewDrive::OkIfTold);
 }
 
 void RunNowCommands::ExecuteMarked(const QStringList& names) {
     if (!refuseEmptyList())
-        askAndRun(names, Text::StartMarkedQuestion, Text::StartMarkedTitle);
+        askAndRun(names, Text::StartMarkedQuestion, Text::StartMarkedTitle, NewDrive::Hold);
 }

@@ -2,6 +2,7 @@
 // running.
 #pragma once
 
+#include "RunFacts.h"
 #include <QStringList>
 
 class Program;
@@ -19,7 +20,7 @@ class RunNowCommands final {
 
   private:
     [[nodiscard]] bool refuseEmptyList();
-    void askAndRun(QStringList names, Text question, Text title);
+    void askAndRun(QStringList names, Text question, Text title, NewDrive newDrive);
 
     Program& m_program;
     bool m_running = false;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Folder.h"
+#include "LinuxDrive.h"
 #include "SystemCall.h"
 
 #include <string>
@@ -20,6 +21,7 @@ class LinuxFolder final : public Folder {
     std::optional<FileFacts> Stat(const std::filesystem::path& name, std::error_code& error) const override;
     std::shared_ptr<Folder> OpenChild(const FolderEntry& entry, std::error_code& error) const override;
     std::uint64_t Mount() const override;
+    DriveFacts Drive() const override { return DriveOf(Descriptor()); }
     std::error_code DeleteFile(const FolderEntry& entry) override;
     std::error_code DeleteEmptyFolder(const std::filesystem::path& name) override;
     std::vector<FileId> Ancestors() const override;

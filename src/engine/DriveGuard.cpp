@@ -1,0 +1,83 @@
+#include "DriveGuard.h"
+#include "OwnFiles.h"
+
+#include <QCryptographicHash>
+#include <QJsonDocument>
+#include <tuple>
+
+namespace {
+
+constexpr std::int64_t mostBytes = std::int64_t{16} << 20;
+constexpr QLatin1String fromKey("sourcedir");
+constexpr QLatin1String toKey("targetdir");
+constexpr QLatin1String sourceKey("source drive");
+constexpr QLatin1String destinationKey("destination drive");
+constexpr QLatin1String mountKey("destination mount");
+
+QString textOf(const std::string& bytes) {
+    return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
+}
+
+bool isAbove(const QString& folder, const QString& other) {
+    return folder != other && other.startsWith(folder.endsWith(u'/') ? folder : folder + u'/');
+}
+
+bool isEmptyFolder(const Folder& folder) {
+    std::vector<FolderEntry> entries;
+    return !folder.List(entries) && entries.empty();
+}
+
+/// The mount point of the last run is an ordinary folder of the file system above it now.
+bool hasLostItsMount(const QJsonObject& last, const DriveFacts& now) {
+    return !now.isNetwork && textOf(now.identity) != last[destinationKey].toString() &&
+           isAbove(textOf(now.mountPoint.native()), last[mountKey].toString());
+}
+
+} // namespace
+
+std::filesystem::path DriveGuard::pathOf(const RunIdentity& run) const {
+    const QByteArray name = QCryptographicHash::hash(run.activityFile.toUtf8(), QCryptographicHash::Sha256).toHex();
+    return m_folder / (name.toStdString() + ".drives");
+}
+
+const QJsonObject& DriveGuard::load(const RunIdentity& run) {
+    if (m_loadedFor == run.activityFile)
+        return m_drives;
+    QByteArray bytes;
+    const bool isRead = !m_folder.empty() && !m_files.ReadAll(pathOf(run), mostBytes, bytes);
+    m_drives = isRead ? QJsonDocument::fromJson(bytes).object() : QJsonObject();
+    m_loadedFor = run.activityFile;
+    return m_drives;
+}
+
+std::optional<QString> DriveGuard::Hold(const RunIdentity& run, const Folder& source, const Folder& destination) {
+    const QJsonObject last = load(run)[run.name].toObject();
+    if (run.action == u"2" || last[fromKey] != run.source || last[toKey] != run.destination)
+        return std::nullopt;
+    std::optional<QString> held;
+    const DriveFacts from = source.Drive();
+    if (run.action == u"3" && !from.isNetwork && textOf(from.identity) != last[sourceKey].toString() &&
+        isEmptyFolder(source))
+        held = run.source;
+    else if (hasLostItsMount(last, destination.Drive()))
+        held = run.destination;
+    if (held)
+        m_held.insert(keyOf(run));
+    return held;
+}
+
+void DriveGuard::Remember(const RunIdentity& run, const Folder& source, const Folder& destination) {
+    m_held.erase(keyOf(run));
+    const DriveFacts to = destination.Drive();
+    const QJsonObject now{{fromKey, run.source},
+                          {toKey, run.destination},
+                          {sourceKey, textOf(source.Drive().identity)},
+                          {destinationKey, textOf(to.identity)},
+                          {mountKey, textOf(to.mountPoint.native())}};
+    if (m_folder.empty() || load(run)[run.name].toObject() == now)
+        return;
+    m_drives[run.name] = now;
+    const QByteArray bytes = QJsonDocument(m_drives).toJson();
+    if (m_files.CreateNew(pathOf(run), bytes) == std::errc::file_exists)
+        std::ignore = m_files.ReplaceAll(pathOf(run), bytes);
+}
