@@ -180,6 +180,13 @@ QString ActivityFile::ReadElement(const QString& name, const char* element) cons
 }
 
 void ActivityFile::Write(const QString& name, ActivityField field, const QString& value) {
-    if (const QString path = pathOf(name); !path.isEmpty())
-        m_document.WriteNode(path + u'/' + QLatin1String(elementOf(field)), value);
+    const QString path = pathOf(name);
+    if (path.isEmpty())
+        return;
+    m_document.WriteNode(path + u'/' + QLatin1String(elementOf(field)), value);
+    Q_EMIT FieldWritten(name);
+}
+
+std::uint64_t ActivityFile::Revision() const {
+    return m_document.Revision();
 }

@@ -67,10 +67,15 @@ class ActivityFile final : public QObject {
     [[nodiscard]] QString ReadElement(const QString& name, const char* element) const;
     void Write(const QString& name, ActivityField field, const QString& value);
 
+    /// Grows with every operation that may change the document, by whatever way.
+    [[nodiscard]] std::uint64_t Revision() const;
+
   Q_SIGNALS:
     void CurrentPathChanged(const QString& path);
     /// The current file was written. It is a new inode under the same name.
     void Saved();
+    /// Write has changed at most one field of this activity, and the revision by one.
+    void FieldWritten(const QString& name);
 
   private:
     void requireLoaded() const;

@@ -91,13 +91,15 @@ void ActivityList::fill(const QStringList& names) {
     m_rowOfName.clear();
     m_rows.reserve(static_cast<std::size_t>(names.size()));
     for (const QString& name : names) {
-        Row row = makeRow(name);
         // A duplicate name refers to the first row; the second is shown, but never runs.
-        if (m_rowOfName.contains(name))
-            row.checked = false;
-        else
-            m_rowOfName.insert(name, Rows());
-        m_rows.push_back(std::move(row));
+        if (const std::optional<int> first = RowOf(name)) {
+            m_rows.push_back(m_rows[static_cast<std::size_t>(*first)]);
+            m_rows.back().checked = false;
+            m_rows.back().isNamesake = true;
+            continue;
+        }
+        m_rowOfName.insert(name, Rows());
+        m_rows.push_back(makeRow(name));
     }
     endResetModel();
 }
@@ -140,7 +142,8 @@ bool ActivityList::IsChecked(int row) const {
 }
 
 bool ActivityList::IsNamesake(int row) const {
-    return RowOf(NameAt(row)) != row;
+    const Row* found = rowAt(row);
+    return found == nullptr || found->isNamesake;
 }
 
 std::optional<int> ActivityList::RowOf(const QString& name) const {
@@ -154,11 +157,28 @@ QString ActivityList::Text(const QString& name, Column column) const {
 }
 
 void ActivityList::SetText(const QString& name, Column column, const QString& text) {
-    const auto row = RowOf(name);
-    if (!row || m_rows[static_cast<std::size_t>(*row)].texts[column] == text)
+    if (const auto row = RowOf(name))
+        setText(*row, column, text);
+}
+
+void ActivityList::setText(int row, Column column, const QString& text) {
+    QString& shown = m_rows[static_cast<std::size_t>(row)].texts[column];
+    if (shown == text)
         return;
-    m_rows[static_cast<std::size_t>(*row)].texts[column] = text;
-    emitChanged(*row, column, Qt::DisplayRole);
+    shown = text;
+    emitChanged(row, column, Qt::DisplayRole);
+}
+
+bool ActivityList::SetStatuses(const QString& ifChecked, const QString& otherwise) {
+    bool isAnyChecked = false;
+    // By index against the present count: whoever hears of a change may rebuild the list.
+    for (int row = 0; row < Rows(); ++row) {
+        const bool isChecked = IsChecked(row);
+        isAnyChecked = isAnyChecked || isChecked;
+        if (!IsNamesake(row))
+            setText(row, Status, isChecked ? ifChecked : otherwise);
+    }
+    return isAnyChecked;
 }
 
 void ActivityList::SetChecked(const QString& name, bool checked) {

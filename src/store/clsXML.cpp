@@ -85,6 +85,7 @@ QString clsXML::XMLDocumentInfo(int kind) const {
 }
 
 bool clsXML::OpenXML(const QString& source, int mode) {
+    ++m_revision;
     m_tree = std::make_unique<XmlTree>(nullptr);
     XmlDocument opened;
     QByteArray bytes;
@@ -113,6 +114,7 @@ QString clsXML::XML() const {
 }
 
 void clsXML::WriteNode(const QString& path, const QString& value) {
+    ++m_revision;
     if (xmlNode* node = m_tree->Find(path))
         m_tree->SetText(*node, value);
 }
@@ -122,6 +124,7 @@ QString clsXML::ReadAttribute(const QString& path, const QString& name) const {
 }
 
 void clsXML::WriteAttribute(const QString& path, const QStringList& names, const QStringList& values) {
+    ++m_revision;
     xmlNode* node = m_tree->Find(path);
     if (node == nullptr || node->type != XML_ELEMENT_NODE)
         return;
@@ -153,11 +156,13 @@ void clsXML::Save(const QString& filePath) {
 }
 
 void clsXML::DeleteNode(const QString& path) {
+    ++m_revision;
     if (xmlNode* node = m_tree->Find(path))
         m_tree->Remove(*node);
 }
 
 void clsXML::MakeNode(const QString& parentPath, const QString& name, const std::optional<QString>& value) {
+    ++m_revision;
     xmlNode& parent = requireElement(*m_tree, parentPath);
     requireUsableName(name);
     m_tree->Append(parent, newElement(m_tree->Document(), name, value.value_or(QString())));
@@ -165,6 +170,7 @@ void clsXML::MakeNode(const QString& parentPath, const QString& name, const std:
 
 void clsXML::ReplaceElement(const QString& parentPath, const QString& oldName, const QString& newName,
                             const QList<std::pair<QString, QString>>& children) {
+    ++m_revision;
     xmlNode& parent = requireElement(*m_tree, parentPath);
     requireUsableName(newName);
     XmlLooseNode element = newElement(m_tree->Document(), newName, {});
@@ -191,12 +197,14 @@ void clsXML::AllOrNothing(const std::function<void()>& work) {
     try {
         work();
     } catch (...) {
+        ++m_revision;
         m_tree = std::move(before);
         throw;
     }
 }
 
 void clsXML::DeleteAttribute(const QString& path, const QString& name) {
+    ++m_revision;
     if (xmlAttr* attribute = attributeOf(&require(*m_tree, path), name))
         xmlRemoveProp(attribute);
 }

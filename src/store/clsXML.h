@@ -74,9 +74,13 @@ class clsXML final {
     /// Runs `work`. If it throws, restores the document and rethrows.
     void AllOrNothing(const std::function<void()>& work);
 
+    /// Grows with every operation that may change the document.
+    [[nodiscard]] std::uint64_t Revision() const { return m_revision; }
+
   private:
     void requireUsableName(const QString& name) const;
     void shift(const QString& path, int by);
     OwnFiles& m_files;
     std::unique_ptr<XmlTree> m_tree;
+    std::uint64_t m_revision = 0;
 };

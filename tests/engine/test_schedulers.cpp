@@ -50,6 +50,28 @@ class TestSchedulers final : public QObject {
         QTEST(fixture.Runs(A), "runs");
     }
 
+    /// Ticks keep copies of the records, and whoever changes one must not have to say so.
+    void everyChangeCountsAtTheNextTick() {
+        ProgramFixture fixture;
+        fixture.Add(A, {{u"intervall"_qs, u"2"_qs}, noLog});
+        fixture.Add(A, {{u"intervall"_qs, u"4"_qs}, noLog}); // a namesake, shown but never run
+        Program& program = fixture.Start();
+        program.Monitoring().ToggleMonitoring();
+        const auto runsAfter = [&](const std::function<void()>& change) {
+            change();
+            const int before = fixture.Runs(A);
+            fixture.Pass(std::chrono::seconds(10));
+            return fixture.Runs(A) - before;
+        };
+        QVERIFY(runsAfter([] {}) > 2);
+        QCOMPARE(fixture.Status(A), fixture.texts[Text::CheckingFinished]);
+        fixture.Pass(std::chrono::seconds(1));
+        QCOMPARE(fixture.Status(A), fixture.texts[Text::Active]); // its namesake must not make it idle
+        QCOMPARE(runsAfter([&] { program.Document().WriteNode(u"/items/A/activ"_qs, u"0"_qs); }), 0);
+        QVERIFY(runsAfter([&] { program.File().Write(A, ActivityField::Active, u"1"_qs); }) > 2);
+        QCOMPARE(runsAfter([&] { program.Document().DeleteNode(u"/items/A/type"_qs); }), 0);
+    }
+
     void onceOnlyRunsOnceAndEndsMonitoring() {
         for (const bool shutdown : {false, true}) {
             ProgramFixture fixture;
