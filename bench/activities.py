@@ -69,13 +69,13 @@ def wait_for_rest(pid):
 
 @contextlib.contextmanager
 def display():
-    read, write = os.pipe()
-    server = subprocess.Popen(["Xvfb", "-displayfd", str(write), "-screen", "0", "1280x800x24", "-nolisten", "tcp"],
-                              pass_fds=[write], stderr=subprocess.DEVNULL)
-    os.close(write)
-    with os.fdopen(read) as pipe:
-        name = f":{pipe.readline().strip()}"
+    name = f":{1000 + os.getpid() % 30000}"
+    server = subprocess.Popen(["Xvfb", name, "-screen", "0", "1280x800x24", "-nolisten", "tcp"],
+                              stderr=subprocess.DEVNULL)
+    socket = pathlib.Path(f"/tmp/.X11-unix/X{name[1:]}")
     try:
+        while not socket.exists() and server.poll() is None:
+            time.sleep(0.05)
         yield name
     finally:
         server.terminate()
@@ -108,13 +108,14 @@ def window(build, home):
     """Yields the process, its window and the seconds until the list stood."""
     begin = time.monotonic()
     process = subprocess.Popen([build, str(home.file)], env=home.environment, stdin=subprocess.DEVNULL,
-                               stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+                               stdout=subprocess.DEVNULL, stderr=(home.file.parent / "errors").open("wb"))
     try:
         shown = ""
         while not shown and process.poll() is None:
             shown = home.xdotool("search", "--onlyvisible", "--name", r"Kalvenor Pro .*list\.kvd").strip()
         if process.poll() is not None:
-            raise SystemExit(f"{build} ended with code {process.returncode}")
+            errors = (home.file.parent / "errors").read_text()
+            raise SystemExit(f"{build} ended with code {process.returncode}\n{errors}")
         yield process, shown.split()[0], wait_for_rest(process.pid) - begin
     finally:
         process.terminate()
@@ -148,6 +149,7 @@ def round_of(build, options, x_display, result):
                     result["memory, MiB (resident)"].append(resident)
                     result["one check mark saved, s"].append(check_mark(process, shown, home))
                 else:
+                    time.sleep(2)  # the first ticks read the records
                     before = cpu(process.pid)
                     time.sleep(options.seconds)
                     result["a second of monitoring, CPU ms"].append(

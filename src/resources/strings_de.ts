@@ -1510,5 +1510,9 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <source>Please wait for the service manager ...</source>
         <translation>Bitte warten Sie auf die Dienstverwaltung ...</translation>
     </message>
+    <message id="690">
+        <source>The activity file holds more than this program can read. It is left as it is:</source>
+        <translation>Die Aktivitätendatei enthält mehr, als dieses Programm lesen kann. Sie bleibt, wie sie ist:</translation>
+    </message>
 </context>
 </TS>

@@ -1885,5 +1885,10 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <translation>Please wait for the service manager ...</translation>
         <extra-name>ServiceManagerWorking</extra-name>
     </message>
+    <message id="690">
+        <source>The activity file holds more than this program can read. It is left as it is:</source>
+        <translation>The activity file holds more than this program can read. It is left as it is:</translation>
+        <extra-name>FileTooCostly</extra-name>
+    </message>
 </context>
 </TS>

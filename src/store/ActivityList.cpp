@@ -14,6 +14,10 @@ constexpr Text headers[ActivityList::ColumnCount] = {
     Text::ActionColumn,   Text::ExecutionsColumn,   Text::WriteLog,          Text::ExecutableFiles,
     Text::FileExtensions, Text::LastExecutionColumn};
 
+/// The view lays out a text as a whole, even when a column shows its beginning only.
+constexpr qsizetype mostShown = 4096;
+constexpr qsizetype mostComment = 32'768;
+
 QString orDash(const QString& text) {
     return text.isEmpty() ? QStringLiteral("-") : text;
 }
@@ -107,7 +111,7 @@ void ActivityList::fill(const QStringList& names) {
 ActivityList::Row ActivityList::makeRow(const QString& name) const {
     const ActivityRecord record = ActivityRecord::Read(m_file, name);
     Row row;
-    row.texts[Name] = name;
+    row.comment = record.Text(ActivityField::Comment).left(mostComment);
     row.texts[Source] = record.Text(ActivityField::SourceDir);
     row.texts[Destination] = record.Text(ActivityField::TargetDir);
     row.texts[Schedule] = description(record, m_texts, m_locale);
@@ -117,7 +121,9 @@ ActivityList::Row ActivityList::makeRow(const QString& name) const {
     row.texts[Extensions] =
         record.IsOn(ActivityField::AllFiles) ? m_texts[Text::All] : record.Text(ActivityField::Extensions);
     row.texts[LastRun] = QStringLiteral("-");
-    row.comment = record.Text(ActivityField::Comment);
+    for (QString& text : row.texts)
+        text.truncate(mostShown);
+    row.texts[Name] = name;
     row.checked = record.Text(ActivityField::Active) == u"1" && !m_takenOut.contains(name);
     return row;
 }
@@ -267,7 +273,7 @@ bool ActivityList::toggle(const QString& name, bool checked) {
         Q_EMIT ToggleFailed(error.Text(), error.Why());
         return false;
     }
-    m_file.Load();
+    // The save has parsed what it wrote: loading it again would change nothing.
     Readmit(name);
     return true;
 }

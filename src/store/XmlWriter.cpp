@@ -41,12 +41,13 @@ bool XmlWriter::IsDeclared(const xmlDoc& document) {
     return document.standalone != undeclared;
 }
 
-std::optional<QByteArray> XmlWriter::Bytes(xmlDoc& document) {
-    const bool isDeclared = IsDeclared(document);
+const char* XmlWriter::EncodingOf(const xmlDoc& document) {
     const auto* encoding = reinterpret_cast<const char*>(document.encoding);
-    if (encoding == nullptr && !isDeclared)
-        encoding = "UTF-8";
-    return saved(encoding, isDeclared ? 0 : XML_SAVE_NO_DECL,
+    return encoding == nullptr && !IsDeclared(document) ? "UTF-8" : encoding;
+}
+
+std::optional<QByteArray> XmlWriter::Bytes(xmlDoc& document) {
+    return saved(EncodingOf(document), IsDeclared(document) ? 0 : XML_SAVE_NO_DECL,
                  [&](xmlSaveCtxt* context) { return xmlSaveDoc(context, &document); });
 }
 

@@ -56,10 +56,6 @@ xmlNode* childOf(XmlTree& tree, const QString& path, int position) {
     return node == nullptr ? nullptr : tree.Child(*node, position);
 }
 
-int activityCount(XmlTree& tree) {
-    return tree.CountChildren(*tree.Find(QStringLiteral("/*")));
-}
-
 } // namespace
 
 clsXML::clsXML(OwnFiles& files) : m_files(files), m_tree(std::make_unique<XmlTree>(nullptr)) {}
@@ -100,8 +96,11 @@ bool clsXML::OpenXML(const QString& source, int mode) {
 }
 
 QString clsXML::ReadNode(const QString& path) const {
-    const xmlNode* node = m_tree->Find(path);
-    return node == nullptr ? QString() : XmlText::Of(node);
+    return m_tree->Text(path);
+}
+
+QStringList clsXML::ReadChildren(const QString& path, std::span<const std::string_view> names) const {
+    return m_tree->ChildTexts(path, names);
 }
 
 QString clsXML::ReadNodeXML(const QString& path) const {
@@ -115,8 +114,7 @@ QString clsXML::XML() const {
 
 void clsXML::WriteNode(const QString& path, const QString& value) {
     ++m_revision;
-    if (xmlNode* node = m_tree->Find(path))
-        m_tree->SetText(*node, value);
+    m_tree->WriteText(path, value);
 }
 
 QString clsXML::ReadAttribute(const QString& path, const QString& name) const {
@@ -148,8 +146,8 @@ void clsXML::Save(const QString& filePath) {
     const auto bytes = XmlWriter::Bytes(*m_tree->Document());
     // libxml2 stops at what it cannot encode and still reports success. Parse the bytes again: a truncated document
     // must not replace a file.
-    XmlTree again(bytes ? XmlParser::Parse(*bytes) : nullptr);
-    if (!again.HasRoot() || activityCount(again) != activityCount(*m_tree))
+    const std::optional<int> entries = bytes ? XmlParser::CountEntries(*bytes) : std::nullopt;
+    if (!entries || *entries != m_tree->CountChildren(*xmlDocGetRootElement(m_tree->Document())))
         throw StoreError(QStringLiteral("The document cannot be written in its encoding."));
     if (const std::error_code error = m_files.ReplaceAll(modNativePath::FromText(filePath), *bytes))
         throw StoreError(modForeignText::OfError(error));
@@ -182,7 +180,7 @@ void clsXML::ReplaceElement(const QString& parentPath, const QString& oldName, c
         std::ignore = child.release();
     }
     xmlNode* old = oldName.isEmpty() ? nullptr : m_tree->Find(parentPath + u'/' + oldName);
-    if (old != nullptr && newName == oldName && m_tree->Find(parentPath + u'/' + oldName + u"[2]") != nullptr)
+    if (old != nullptr && newName == oldName && XmlTree::HasLaterNamesake(*old))
         return m_tree->Replace(*old, std::move(element));
     if (old != nullptr)
         m_tree->Remove(*old);
