@@ -70,7 +70,7 @@ def wait_for_rest(pid):
 @contextlib.contextmanager
 def display():
     name = f":{1000 + os.getpid() % 30000}"
-    server = subprocess.Popen(["Xvfb", name, "-screen", "0", "1280x800x24", "-nolisten", "tcp"],
+    server = subprocess.Popen(["Xvfb", name, "-screen", "0", "1280x800x24", "-nolisten", "tcp", "-noreset"],
                               stderr=subprocess.DEVNULL)
     socket = pathlib.Path(f"/tmp/.X11-unix/X{name[1:]}")
     try:

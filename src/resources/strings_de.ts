@@ -1262,10 +1262,6 @@
         <source>The entry that starts Kalvenor with your session could not be changed:</source>
         <translation>Der Eintrag, der Kalvenor mit Ihrer Sitzung startet, konnte nicht geändert werden:</translation>
     </message>
-    <message id="521">
-        <source>Only the last %1 MiB of this logfile are shown.</source>
-        <translation>Von dieser Protokolldatei werden nur die letzten %1 MiB angezeigt.</translation>
-    </message>
     <message id="522">
         <source>The logfile could not be read:</source>
         <translation>Die Protokolldatei konnte nicht gelesen werden:</translation>

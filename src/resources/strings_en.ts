@@ -1576,11 +1576,6 @@
         <translation>The entry that starts Kalvenor with your session could not be changed:</translation>
         <extra-name>AutostartNotChanged</extra-name>
     </message>
-    <message id="521">
-        <source>Only the last %1 MiB of this logfile are shown.</source>
-        <translation>Only the last %1 MiB of this logfile are shown.</translation>
-        <extra-name>LogCutOff</extra-name>
-    </message>
     <message id="522">
         <source>The logfile could not be read:</source>
         <translation>The logfile could not be read:</translation>

@@ -89,6 +89,13 @@ void ActivityList::ShowLoaded() {
     Q_EMIT Refilled();
 }
 
+/// Schedules and file types are mostly those of the row above.
+void ActivityList::shareTexts(const Row& from, Row& to) {
+    for (int column = 0; column < ColumnCount; ++column)
+        if (from.texts[column] == to.texts[column])
+            to.texts[column] = from.texts[column];
+}
+
 void ActivityList::fill(const QStringList& names) {
     beginResetModel();
     m_rows.clear();
@@ -104,6 +111,8 @@ void ActivityList::fill(const QStringList& names) {
         }
         m_rowOfName.insert(name, Rows());
         m_rows.push_back(makeRow(name));
+        if (Rows() > 1)
+            shareTexts(m_rows[m_rows.size() - 2], m_rows.back());
     }
     endResetModel();
 }

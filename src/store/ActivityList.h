@@ -81,6 +81,7 @@ class ActivityList final : public QAbstractTableModel {
     };
     [[nodiscard]] Row makeRow(const QString& name) const;
     void fill(const QStringList& names);
+    static void shareTexts(const Row& from, Row& to);
     [[nodiscard]] const Row* rowAt(int row) const;
     [[nodiscard]] bool toggle(const QString& name, bool checked);
     void setText(int row, Column column, const QString& text);
