@@ -71,14 +71,14 @@ class Estimate final {
     }
 
   private:
-    static constexpr size_t mostMemory = 80 << 20;
-    static constexpr int mostNames =
+    static constexpr size_t MostMemory = 80 << 20;
+    static constexpr int MostNames =
         100'000;                             ///< libxml2's dictionary stops growing, and then each name is searched for
-    static constexpr size_t nodeBytes = 128; ///< of libxml2, with the allocator's share
-    static constexpr size_t entryBytes = 1024; ///< an activity's nodes, its row and its places in the indexes
+    static constexpr size_t NodeBytes = 128; ///< of libxml2, with the allocator's share
+    static constexpr size_t EntryBytes = 1024; ///< an activity's nodes, its row and its places in the indexes
 
     [[nodiscard]] bool isWithin() const {
-        return m_names <= mostNames && m_kept + std::max(m_largestEntry, m_entry) <= mostMemory;
+        return m_names <= MostNames && m_kept + std::max(m_largestEntry, m_entry) <= MostMemory;
     }
 
     /// Two names that fall on one bit count as one.
@@ -92,9 +92,9 @@ class Estimate final {
     size_t addNode(size_t begin, size_t end) {
         addName(m_markup.substr(begin + 2, end - begin - 2));
         if (m_depth < 2)
-            m_kept += 2 * nodeBytes; // with the blanks behind it
+            m_kept += 2 * NodeBytes; // with the blanks behind it
         else
-            m_entry += 2 * nodeBytes + 3 * (end - begin);
+            m_entry += 2 * NodeBytes + 3 * (end - begin);
         return end;
     }
 
@@ -114,10 +114,10 @@ class Estimate final {
             ++attributes;
         }
         if (m_depth == 1) {
-            m_kept += entryBytes + 2 * nodeBytes * attributes;
+            m_kept += EntryBytes + 2 * NodeBytes * attributes;
             m_entryBegin = begin;
         } else {
-            m_entry += 2 * nodeBytes * (1 + attributes);
+            m_entry += 2 * NodeBytes * (1 + attributes);
         }
         m_depth += static_cast<int>(!tag.ends_with("/>"));
         return begin + length;

@@ -14,6 +14,7 @@ std::optional<QByteArray> saved(const char* encoding, int options, const Save& s
     const Buffer buffer(xmlBufferCreate());
     if (!buffer)
         return std::nullopt;
+    xmlBufferSetAllocationScheme(buffer.get(), XML_BUFFER_ALLOC_DOUBLEIT); // it would grow by ten bytes otherwise
     xmlSaveCtxt* context = xmlSaveToBuffer(buffer.get(), encoding, options);
     if (context == nullptr)
         return std::nullopt;
