@@ -55,11 +55,11 @@ class Estimate final {
         for (size_t at = m_markup.find('<'); at < m_markup.size() && isWithin(); at = m_markup.find('<', at)) {
             const std::string_view rest = m_markup.substr(at);
             if (rest.starts_with("<!--"))
-                at = addNode(at, skipPast(m_markup, "-->", at + 4));
+                at = addNode(skipPast(m_markup, "-->", at + 4));
             else if (rest.starts_with("<![CDATA["))
-                at = addNode(at, skipPast(m_markup, "]]>", at + 9));
+                at = addNode(skipPast(m_markup, "]]>", at + 9));
             else if (rest.starts_with("<?"))
-                at = addNode(at, skipPast(m_markup, "?>", at + 2));
+                addName(rest.substr(2)), at = addNode(skipPast(m_markup, "?>", at + 2));
             else if (rest.starts_with("<!"))
                 return true; // a DOCTYPE: the parser stops here
             else if (const size_t length = tagLength(rest); length <= maxTagBytes)
@@ -72,14 +72,18 @@ class Estimate final {
 
   private:
     static constexpr size_t MostMemory = 80 << 20;
-    static constexpr int MostNames =
-        100'000;                             ///< libxml2's dictionary stops growing, and then each name is searched for
-    static constexpr size_t NodeBytes = 128; ///< of libxml2, with the allocator's share
-    static constexpr size_t EntryBytes = 1024; ///< an activity's nodes, its row and its places in the indexes
+    /// libxml2's dictionary stops growing; then every name is searched for.
+    static constexpr int MostNames = 100'000;
+    /// A node of libxml2 with the allocator's share.
+    static constexpr size_t NodeBytes = 128;
+    /// An activity's nodes, its row and its places in the indexes.
+    static constexpr size_t EntryBytes = 1024;
 
     [[nodiscard]] bool isWithin() const {
         return m_names <= MostNames && m_kept + std::max(m_largestEntry, m_entry) <= MostMemory;
     }
+
+    static bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
     /// Two names that fall on one bit count as one.
     void addName(std::string_view from) {
@@ -89,12 +93,11 @@ class Estimate final {
         m_seen[bit] = true;
     }
 
-    size_t addNode(size_t begin, size_t end) {
-        addName(m_markup.substr(begin + 2, end - begin - 2));
+    size_t addNode(size_t end) {
         if (m_depth < 2)
             m_kept += 2 * NodeBytes; // with the blanks behind it
         else
-            m_entry += 2 * NodeBytes + 3 * (end - begin);
+            m_entry += 2 * NodeBytes;
         return end;
     }
 
@@ -109,9 +112,15 @@ class Estimate final {
         }
         addName(tag.substr(1));
         size_t attributes = 0;
-        for (size_t at = tag.find('='); at != std::string_view::npos; at = tag.find('=', at + 1)) {
-            addName(tag.substr(tag.find_last_of(" \t\r\n", at - 1) + 1));
+        size_t word = std::string_view::npos; // of a name that is not counted yet
+        for (size_t at = 1; at < tag.size(); ++at) {
+            if (isBlank(tag[at]))
+                word = at + 1;
+            if (tag[at] != '=')
+                continue;
             ++attributes;
+            if (word != std::string_view::npos)
+                addName(tag.substr(std::exchange(word, std::string_view::npos)));
         }
         if (m_depth == 1) {
             m_kept += EntryBytes + 2 * NodeBytes * attributes;
