@@ -66,5 +66,6 @@ void DueMarks::ScheduleUnmarkedActivities() {
 
 void DueMarks::ClearDueMarks() {
     for (int row = 0; row < m_list.Rows(); ++row)
-        m_file.Write(m_list.NameAt(row), ActivityField::ExceedTime, QString());
+        if (!m_list.IsNamesake(row))
+            m_file.Write(m_list.NameAt(row), ActivityField::ExceedTime, QString());
 }

@@ -95,8 +95,8 @@ void MonitoringController::StopMonitoring() {
     m_timers.tmrDate.SetEnabled(false);
     m_logs.WriteAppLog(m_services.texts[Text::MonitoringFinished] + u"\r\n\r\n");
     writeSessionLine(Text::MonitoringFinished, false);
-    for (int row = 0; row < m_services.list.Rows(); ++row)
-        m_services.list.SetText(m_services.list.NameAt(row), ActivityList::Status, m_services.texts[Text::Idle]);
+    const QString idle = m_services.texts[Text::Idle];
+    m_services.list.SetStatuses(idle, idle);
     m_lock.reset();
     m_presentLock.reset();
 }
@@ -124,19 +124,15 @@ void MonitoringController::lockPresentFile() {
 
 void MonitoringController::writeSessionLine(Text text, bool blankLineFirst) {
     for (int row = 0; row < m_services.list.Rows(); ++row)
-        m_logs.WriteActivityLog(m_services.list.NameAt(row), m_services.texts[text], blankLineFirst);
+        if (!m_services.list.IsNamesake(row))
+            m_logs.WriteActivityLog(m_services.list.NameAt(row), m_services.texts[text], blankLineFirst);
 }
 
 void MonitoringController::CheckAllIdle() {
     if (m_services.list.ListBusy())
         return;
-    bool anyChecked = false;
-    for (int row = 0; row < m_services.list.Rows(); ++row) {
-        const bool checked = m_services.list.IsChecked(row);
-        anyChecked = anyChecked || checked;
-        m_services.list.SetText(m_services.list.NameAt(row), ActivityList::Status,
-                                m_services.texts[checked && m_on ? Text::Active : Text::Idle]);
-    }
+    const QString idle = m_services.texts[Text::Idle];
+    const bool anyChecked = m_services.list.SetStatuses(m_on ? m_services.texts[Text::Active] : idle, idle);
     m_doneByRun = m_doneByRun && !anyChecked && m_services.file.IsLoaded();
     // While a run is on the stack its activity may be the one that was just taken out: it must end first. A list that
     // is empty because its file could not be loaded says nothing about the activities.

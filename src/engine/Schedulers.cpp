@@ -8,7 +8,6 @@
 #include "StringTable.h"
 #include "TimerEx.h"
 #include "modLogTime.h"
-#include "modTriggerDate.h"
 
 void Schedulers::ConnectTo(MonitoringTimers& timers) {
     connect(&timers.tmrMonitoring, &TimerEx::Timer, this, [this] { guarded(&Schedulers::onSecond); });
@@ -22,6 +21,7 @@ void Schedulers::guarded(void (Schedulers::*tick)()) {
     if (!m_allowed || m_services.list.ListBusy() || m_services.runState.Closing())
         return;
     modLogTime::ReadTimeZone();
+    m_present = {};
     try {
         (this->*tick)();
     } catch (const std::exception& error) {
@@ -30,11 +30,12 @@ void Schedulers::guarded(void (Schedulers::*tick)()) {
     }
 }
 
-bool Schedulers::isActive(int row, const QString& type) const {
-    const QString name = m_services.list.NameAt(row);
-    return m_services.file.Read(name, ActivityField::Type) == type &&
-           m_services.file.Read(name, ActivityField::Active) == u"1" && !m_services.list.IsTakenOut(name) &&
-           !m_services.list.IsNamesake(row);
+/// The facts of an active row of this type, nothing for any other row.
+std::optional<DueFacts::Row> Schedulers::activeOf(int row, char16_t type) {
+    DueFacts::Row facts = m_facts.Of(row);
+    if (facts.type != type || !facts.isActive || m_services.list.IsTakenOut(m_services.list.NameAt(row)))
+        return std::nullopt;
+    return facts;
 }
 
 bool Schedulers::mayGoOn() const {
@@ -56,9 +57,10 @@ void Schedulers::runDue(const QString& name) {
     m_dueMarks.ScheduleActivity(name);
 }
 
-void Schedulers::repairMark(const QString& name, std::int32_t mark) {
+void Schedulers::repairMark(int row, std::int32_t mark) {
     if (mark < 60)
         return;
+    const QString name = m_services.list.NameAt(row);
     if (const std::optional<std::int32_t> interval = m_dueMarks.Number(name, ActivityField::Interval))
         m_services.file.Write(name, ActivityField::ExceedTime, QString::number(*interval));
 }
@@ -70,16 +72,15 @@ void Schedulers::onSecond() {
     if (counter >= 59)
         counter = 0;
     for (int row = 0; row < m_services.list.Rows() && mayGoOn(); ++row) {
-        const QString name = m_services.list.NameAt(row);
-        if (!m_services.list.IsChecked(row) || m_services.file.Read(name, ActivityField::Type) != u"0")
+        if (!m_services.list.IsChecked(row))
             continue;
-        const std::optional<std::int32_t> mark = m_dueMarks.Number(name, ActivityField::ExceedTime);
-        if (!mark)
+        const DueFacts::Row facts = m_facts.Of(row);
+        if (facts.type != u'0' || !facts.mark)
             continue;
-        if (*mark != counter)
-            repairMark(name, *mark);
-        else if (m_services.file.Read(name, ActivityField::Active) == u"1")
-            runDue(name);
+        if (*facts.mark != counter)
+            repairMark(row, *facts.mark);
+        else if (facts.isActive)
+            runDue(m_services.list.NameAt(row));
     }
     if (!mayGoOn())
         return;
@@ -87,18 +88,15 @@ void Schedulers::onSecond() {
     m_monitoring.CheckAllIdle();
 }
 
-void Schedulers::tickOfInterval(const QString& type, std::int32_t counter, bool dueFromMarkOn) {
+void Schedulers::tickOfInterval(char16_t type, std::int32_t counter, bool dueFromMarkOn) {
     for (int row = 0; row < m_services.list.Rows() && mayGoOn(); ++row) {
-        const QString name = m_services.list.NameAt(row);
-        if (!isActive(row, type))
+        const std::optional<DueFacts::Row> facts = activeOf(row, type);
+        if (!facts || !facts->mark)
             continue;
-        const std::optional<std::int32_t> mark = m_dueMarks.Number(name, ActivityField::ExceedTime);
-        if (!mark)
-            continue;
-        if (counter == *mark || (dueFromMarkOn && counter > *mark))
-            runDue(name);
+        if (counter == *facts->mark || (dueFromMarkOn && counter > *facts->mark))
+            runDue(m_services.list.NameAt(row));
         else
-            repairMark(name, *mark);
+            repairMark(row, *facts->mark);
     }
 }
 
@@ -108,34 +106,40 @@ void Schedulers::onMinute() {
         m_services.list.Refill();
     std::int32_t& counter = m_dueMarks.MinuteCounter;
     counter = counter < 60 ? counter + 1 : 0;
-    tickOfInterval(QStringLiteral("1"), counter, false);
+    tickOfInterval(u'1', counter, false);
 }
 
 void Schedulers::onHour() {
     std::int32_t& counter = m_dueMarks.HourCounter;
     counter = counter <= 23 ? counter + 1 : 0;
-    tickOfInterval(QStringLiteral("2"), counter, true);
+    tickOfInterval(u'2', counter, true);
+}
+
+/// Not composed again for every row; a run between two rows takes its time.
+const Schedulers::Moment& Schedulers::present() {
+    const std::chrono::system_clock::time_point now = m_services.clock.Now();
+    const auto second = std::chrono::floor<std::chrono::seconds>(now);
+    if (m_present.second != second)
+        m_present = {second, modLogTime::HoursAndMinutes(now),
+                     QDateTime::fromSecsSinceEpoch(std::chrono::system_clock::to_time_t(now)).date()};
+    return m_present;
 }
 
 void Schedulers::onTimeOfDay() {
     for (int row = 0; row < m_services.list.Rows() && mayGoOn(); ++row) {
+        const std::optional<DueFacts::Row> facts = activeOf(row, u'4');
+        if (!facts || facts->time != present().time)
+            continue;
         const QString name = m_services.list.NameAt(row);
-        if (isActive(row, QStringLiteral("4")) && modLogTime::HoursAndMinutes(m_services.clock.Now()) ==
-                                                      m_services.file.Read(name, ActivityField::TriggerTime))
-            runOnTime(name, m_services.file.Read(name, ActivityField::Daily).toInt() == 0);
+        runOnTime(name, m_services.file.Read(name, ActivityField::Daily).toInt() == 0);
     }
 }
 
 void Schedulers::onDate() {
     for (int row = 0; row < m_services.list.Rows() && mayGoOn(); ++row) {
-        const QString name = m_services.list.NameAt(row);
-        if (!isActive(row, QStringLiteral("3")))
-            continue;
-        const std::chrono::system_clock::time_point now = m_services.clock.Now();
-        const QDate today = QDateTime::fromSecsSinceEpoch(std::chrono::system_clock::to_time_t(now)).date();
-        if (modTriggerDate::Read(m_services.file.Read(name, ActivityField::TriggerDate), m_locale) == today &&
-            modLogTime::HoursAndMinutes(now) == m_services.file.Read(name, ActivityField::TriggerDateTime))
-            runOnTime(name, true);
+        const std::optional<DueFacts::Row> facts = activeOf(row, u'3');
+        if (facts && facts->date == present().date && facts->time == present().time)
+            runOnTime(m_services.list.NameAt(row), true);
     }
 }
 

@@ -2,10 +2,12 @@
 // fails does not keep the others from running.
 #pragma once
 
+#include "DueFacts.h"
 #include "DueMarks.h"
 #include "EngineServices.h"
-#include <QLocale>
 #include <QObject>
+#include <chrono>
+#include <optional>
 
 class ActivityLogs;
 class ChangeDetection;
@@ -18,7 +20,7 @@ class Schedulers final : public QObject {
     Schedulers(const EngineServices& services, ActivityLogs& logs, ChangeDetection& changes, DueMarks& dueMarks,
                MonitoringSwitch& monitoring, const QLocale& locale)
         : m_services(services), m_logs(logs), m_changes(changes), m_dueMarks(dueMarks), m_monitoring(monitoring),
-          m_locale(locale) {}
+          m_facts(services.file, services.list, dueMarks, locale) {}
 
     /// Each timer's event runs its scheduler.
     void ConnectTo(MonitoringTimers& timers);
@@ -27,6 +29,13 @@ class Schedulers final : public QObject {
     void Allow() { m_allowed = true; }
 
   private:
+    /// A second of local time, as the records name days and minutes.
+    struct Moment {
+        std::optional<std::chrono::sys_seconds> second;
+        QString time; ///< "HH:mm"
+        QDate date;
+    };
+    [[nodiscard]] const Moment& present();
     void guarded(void (Schedulers::*tick)());
     void onSecond();
     void onMinute();
@@ -37,9 +46,9 @@ class Schedulers final : public QObject {
     void runDue(const QString& name);
     void runOnTime(const QString& name, bool isLast);
     [[nodiscard]] QString appointment(const QString& name) const;
-    void repairMark(const QString& name, std::int32_t mark);
-    void tickOfInterval(const QString& type, std::int32_t counter, bool dueFromMarkOn);
-    [[nodiscard]] bool isActive(int row, const QString& type) const;
+    void repairMark(int row, std::int32_t mark);
+    void tickOfInterval(char16_t type, std::int32_t counter, bool dueFromMarkOn);
+    [[nodiscard]] std::optional<DueFacts::Row> activeOf(int row, char16_t type);
     void finishForGood(const QString& name, bool hasRun);
 
     const EngineServices& m_services;
@@ -47,6 +56,7 @@ class Schedulers final : public QObject {
     ChangeDetection& m_changes;
     DueMarks& m_dueMarks;
     MonitoringSwitch& m_monitoring;
-    QLocale m_locale;
+    DueFacts m_facts;
+    Moment m_present;
     bool m_allowed = false;
 };

@@ -1262,10 +1262,6 @@
         <source>The entry that starts Kalvenor with your session could not be changed:</source>
         <translation>Der Eintrag, der Kalvenor mit Ihrer Sitzung startet, konnte nicht geändert werden:</translation>
     </message>
-    <message id="521">
-        <source>Only the last %1 MiB of this logfile are shown.</source>
-        <translation>Von dieser Protokolldatei werden nur die letzten %1 MiB angezeigt.</translation>
-    </message>
     <message id="522">
         <source>The logfile could not be read:</source>
         <translation>Die Protokolldatei konnte nicht gelesen werden:</translation>
@@ -1521,6 +1517,10 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
     <message id="672">
         <source>Go on although a directory is not on the drive of the last run.</source>
         <translation>Weitermachen, obwohl ein Verzeichnis nicht auf dem Laufwerk des letzten Laufs liegt.</translation>
+    </message>
+    <message id="690">
+        <source>The activity file holds more than this program can read. It is left as it is:</source>
+        <translation>Die Aktivitätendatei enthält mehr, als dieses Programm lesen kann. Sie bleibt, wie sie ist:</translation>
     </message>
 </context>
 </TS>

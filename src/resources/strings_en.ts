@@ -1576,11 +1576,6 @@
         <translation>The entry that starts Kalvenor with your session could not be changed:</translation>
         <extra-name>AutostartNotChanged</extra-name>
     </message>
-    <message id="521">
-        <source>Only the last %1 MiB of this logfile are shown.</source>
-        <translation>Only the last %1 MiB of this logfile are shown.</translation>
-        <extra-name>LogCutOff</extra-name>
-    </message>
     <message id="522">
         <source>The logfile could not be read:</source>
         <translation>The logfile could not be read:</translation>
@@ -1899,6 +1894,11 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <source>Go on although a directory is not on the drive of the last run.</source>
         <translation>Go on although a directory is not on the drive of the last run.</translation>
         <extra-name>RunNewDriveOption</extra-name>
+    </message>
+    <message id="690">
+        <source>The activity file holds more than this program can read. It is left as it is:</source>
+        <translation>The activity file holds more than this program can read. It is left as it is:</translation>
+        <extra-name>FileTooCostly</extra-name>
     </message>
 </context>
 </TS>

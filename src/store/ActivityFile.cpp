@@ -127,6 +127,10 @@ bool ActivityFile::OfferRepair() {
         tell(m_texts[Text::FileUnreadable] + u' ' + damaged + u'\n' + modForeignText::OfError(error));
         return false;
     }
+    if (XmlParser::IsTooCostly(bytes)) {
+        tell(m_texts[Text::FileTooCostly] + u' ' + damaged);
+        return false;
+    }
     const MessageAnswer answer = m_prompter.Ask(
         {m_texts[Text::FileCorrupted], m_texts[Text::Error], MessageIcon::Critical, MessageButtons::YesNo});
     if (answer != MessageAnswer::Yes)
@@ -179,7 +183,20 @@ QString ActivityFile::ReadElement(const QString& name, const char* element) cons
     return path.isEmpty() ? QString() : m_document.ReadNode(path + u'/' + QLatin1String(element));
 }
 
+QStringList ActivityFile::ReadElements(const QString& name, std::span<const std::string_view> elements) const {
+    const QString path = pathOf(name);
+    return path.isEmpty() ? QStringList(static_cast<qsizetype>(elements.size()), QString())
+                          : m_document.ReadChildren(path, elements);
+}
+
 void ActivityFile::Write(const QString& name, ActivityField field, const QString& value) {
-    if (const QString path = pathOf(name); !path.isEmpty())
-        m_document.WriteNode(path + u'/' + QLatin1String(elementOf(field)), value);
+    const QString path = pathOf(name);
+    if (path.isEmpty())
+        return;
+    m_document.WriteNode(path + u'/' + QLatin1String(elementOf(field)), value);
+    Q_EMIT FieldWritten(name);
+}
+
+std::uint64_t ActivityFile::Revision() const {
+    return m_document.Revision();
 }

@@ -51,7 +51,7 @@ class ActivityFile final : public QObject {
     void SaveAs(const QString& absolutePath);
 
     /// Offers to move a damaged file away and to create an empty one. True when the file can be loaded again. A file
-    /// that is missing or unreadable is not damaged: shows the reason instead.
+    /// that is missing, unreadable or too large is not damaged: shows the reason instead.
     bool OfferRepair();
 
     /// Deletes the current file. On failure shows the reason and returns false.
@@ -65,12 +65,19 @@ class ActivityFile final : public QObject {
     [[nodiscard]] QString Read(const QString& name, ActivityField field) const;
     /// Reads an element that the editor has no field for.
     [[nodiscard]] QString ReadElement(const QString& name, const char* element) const;
+    /// The same for several elements, in one walk.
+    [[nodiscard]] QStringList ReadElements(const QString& name, std::span<const std::string_view> elements) const;
     void Write(const QString& name, ActivityField field, const QString& value);
+
+    /// Grows with every operation that may change the document, by whatever way.
+    [[nodiscard]] std::uint64_t Revision() const;
 
   Q_SIGNALS:
     void CurrentPathChanged(const QString& path);
     /// The current file was written. It is a new inode under the same name.
     void Saved();
+    /// Write has changed at most one field of this activity, and the revision by one.
+    void FieldWritten(const QString& name);
 
   private:
     void requireLoaded() const;

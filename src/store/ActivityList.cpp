@@ -14,6 +14,10 @@ constexpr Text headers[ActivityList::ColumnCount] = {
     Text::ActionColumn,   Text::ExecutionsColumn,   Text::WriteLog,          Text::ExecutableFiles,
     Text::FileExtensions, Text::LastExecutionColumn};
 
+/// The view lays out a text as a whole, even when a column shows its beginning only.
+constexpr qsizetype mostShown = 4096;
+constexpr qsizetype mostComment = 32'768;
+
 QString orDash(const QString& text) {
     return text.isEmpty() ? QStringLiteral("-") : text;
 }
@@ -85,19 +89,30 @@ void ActivityList::ShowLoaded() {
     Q_EMIT Refilled();
 }
 
+/// Schedules and file types are mostly those of the row above.
+void ActivityList::shareTexts(const Row& from, Row& to) {
+    for (int column = 0; column < ColumnCount; ++column)
+        if (from.texts[column] == to.texts[column])
+            to.texts[column] = from.texts[column];
+}
+
 void ActivityList::fill(const QStringList& names) {
     beginResetModel();
     m_rows.clear();
     m_rowOfName.clear();
     m_rows.reserve(static_cast<std::size_t>(names.size()));
     for (const QString& name : names) {
-        Row row = makeRow(name);
         // A duplicate name refers to the first row; the second is shown, but never runs.
-        if (m_rowOfName.contains(name))
-            row.checked = false;
-        else
-            m_rowOfName.insert(name, Rows());
-        m_rows.push_back(std::move(row));
+        if (const std::optional<int> first = RowOf(name)) {
+            m_rows.push_back(m_rows[static_cast<std::size_t>(*first)]);
+            m_rows.back().checked = false;
+            m_rows.back().isNamesake = true;
+            continue;
+        }
+        m_rowOfName.insert(name, Rows());
+        m_rows.push_back(makeRow(name));
+        if (Rows() > 1)
+            shareTexts(m_rows[m_rows.size() - 2], m_rows.back());
     }
     endResetModel();
 }
@@ -105,7 +120,7 @@ void ActivityList::fill(const QStringList& names) {
 ActivityList::Row ActivityList::makeRow(const QString& name) const {
     const ActivityRecord record = ActivityRecord::Read(m_file, name);
     Row row;
-    row.texts[Name] = name;
+    row.comment = record.Text(ActivityField::Comment).left(mostComment);
     row.texts[Source] = record.Text(ActivityField::SourceDir);
     row.texts[Destination] = record.Text(ActivityField::TargetDir);
     row.texts[Schedule] = description(record, m_texts, m_locale);
@@ -115,7 +130,9 @@ ActivityList::Row ActivityList::makeRow(const QString& name) const {
     row.texts[Extensions] =
         record.IsOn(ActivityField::AllFiles) ? m_texts[Text::All] : record.Text(ActivityField::Extensions);
     row.texts[LastRun] = QStringLiteral("-");
-    row.comment = record.Text(ActivityField::Comment);
+    for (QString& text : row.texts)
+        text.truncate(mostShown);
+    row.texts[Name] = name;
     row.checked = record.Text(ActivityField::Active) == u"1" && !m_takenOut.contains(name);
     return row;
 }
@@ -140,7 +157,8 @@ bool ActivityList::IsChecked(int row) const {
 }
 
 bool ActivityList::IsNamesake(int row) const {
-    return RowOf(NameAt(row)) != row;
+    const Row* found = rowAt(row);
+    return found == nullptr || found->isNamesake;
 }
 
 std::optional<int> ActivityList::RowOf(const QString& name) const {
@@ -154,11 +172,28 @@ QString ActivityList::Text(const QString& name, Column column) const {
 }
 
 void ActivityList::SetText(const QString& name, Column column, const QString& text) {
-    const auto row = RowOf(name);
-    if (!row || m_rows[static_cast<std::size_t>(*row)].texts[column] == text)
+    if (const auto row = RowOf(name))
+        setText(*row, column, text);
+}
+
+void ActivityList::setText(int row, Column column, const QString& text) {
+    QString& shown = m_rows[static_cast<std::size_t>(row)].texts[column];
+    if (shown == text)
         return;
-    m_rows[static_cast<std::size_t>(*row)].texts[column] = text;
-    emitChanged(*row, column, Qt::DisplayRole);
+    shown = text;
+    emitChanged(row, column, Qt::DisplayRole);
+}
+
+bool ActivityList::SetStatuses(const QString& ifChecked, const QString& otherwise) {
+    bool isAnyChecked = false;
+    // By index against the present count: whoever hears of a change may rebuild the list.
+    for (int row = 0; row < Rows(); ++row) {
+        const bool isChecked = IsChecked(row);
+        isAnyChecked = isAnyChecked || isChecked;
+        if (!IsNamesake(row))
+            setText(row, Status, isChecked ? ifChecked : otherwise);
+    }
+    return isAnyChecked;
 }
 
 void ActivityList::SetChecked(const QString& name, bool checked) {
@@ -247,7 +282,7 @@ bool ActivityList::toggle(const QString& name, bool checked) {
         Q_EMIT ToggleFailed(error.Text(), error.Why());
         return false;
     }
-    m_file.Load();
+    // The save has parsed what it wrote: loading it again would change nothing.
     Readmit(name);
     return true;
 }

@@ -43,6 +43,8 @@ class ActivityList final : public QAbstractTableModel {
 
     /// Changes by the program, never reported as a toggle by the user.
     void SetText(const QString& name, Column column, const QString& text);
+    /// Column Status of every row but namesakes, by its check mark. True when any row is checked.
+    bool SetStatuses(const QString& ifChecked, const QString& otherwise);
     void SetChecked(const QString& name, bool checked);
 
     /// Takes an activity out of monitoring: unchecks it, and refills keep it unchecked.
@@ -75,11 +77,14 @@ class ActivityList final : public QAbstractTableModel {
         QString texts[ColumnCount];
         QString comment;
         bool checked = false;
+        bool isNamesake = false;
     };
     [[nodiscard]] Row makeRow(const QString& name) const;
     void fill(const QStringList& names);
+    static void shareTexts(const Row& from, Row& to);
     [[nodiscard]] const Row* rowAt(int row) const;
     [[nodiscard]] bool toggle(const QString& name, bool checked);
+    void setText(int row, Column column, const QString& text);
     void emitChanged(int row, int column, int role);
 
     ActivityFile& m_file;

@@ -1,6 +1,9 @@
 #include "ActivityRecord.h"
 #include "ActivityFile.h"
 
+#include <algorithm>
+#include <string_view>
+
 namespace {
 
 using F = ActivityField;
@@ -62,9 +65,11 @@ std::span<const FieldRow, ActivityRecord::FieldCount> ActivityRecord::Fields() {
 }
 
 ActivityRecord ActivityRecord::Read(const ActivityFile& file, const QString& name) {
+    std::array<std::string_view, FieldCount> elements;
+    std::transform(fields.begin(), fields.end(), elements.begin(), [](const FieldRow& row) { return row.element; });
+    QStringList texts = file.ReadElements(name, elements);
     ActivityRecord record;
-    for (const FieldRow& row : fields)
-        record.SetText(row.field, file.Read(name, row.field));
+    std::move(texts.begin(), texts.end(), record.m_texts.begin());
     return record;
 }
 

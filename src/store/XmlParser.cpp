@@ -1,10 +1,15 @@
 #include "XmlParser.h"
+#include "XmlFold.h"
 
 #include <QRegularExpression>
 #include <QStringDecoder>
 #include <algorithm>
 #include <array>
+#include <libxml/SAX2.h>
 #include <string_view>
+#include <tuple>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -14,6 +19,9 @@ using ParserContext = std::unique_ptr<xmlParserCtxt, XmlRelease<xmlFreeParserCtx
 
 /// Parsing time grows with the square of a tag's attributes, and the tags of an activity file have none.
 constexpr size_t maxTagBytes = 8 << 10;
+
+/// Of UTF-16: estimating it takes two copies.
+constexpr qsizetype maxBytes16 = 16 << 20;
 
 constexpr std::array littleEndian16 = {"\xFF\xFE"sv, "<\0?\0"sv, "<\0!\0"sv};
 constexpr std::array bigEndian16 = {"\xFE\xFF"sv, "\0<\0?"sv, "\0<\0!"sv};
@@ -31,61 +39,227 @@ size_t skipPast(std::string_view markup, std::string_view mark, size_t from) {
     return found == std::string_view::npos ? markup.size() : found + mark.size();
 }
 
-/// Length of the tag at the start of `tag`; ">" in quotes does not close it. Above the limit when it is not closed by
-/// then.
-size_t tagLength(std::string_view tag) {
-    char quote = '\0';
-    for (size_t at = 1; at < tag.size() && at <= maxTagBytes; ++at) {
-        const char c = tag[at];
-        if (quote != '\0')
-            quote = c == quote ? '\0' : quote;
-        else if (c == '"' || c == '\'')
-            quote = c;
-        else if (c == '>')
-            return at + 1;
-    }
-    return maxTagBytes + 1;
-}
+/// What a document will take in memory, estimated from its markup: the bytes of the file, the folded activities and the
+/// list's rows, and all nodes of the activity that is being folded.
+class Estimate final {
+  public:
+    explicit Estimate(std::string_view markup) : m_markup(markup) {}
 
-/// Malformed markup passes: the parser refuses it.
-bool areTagsShort(std::string_view markup) {
-    for (size_t at = markup.find('<'); at < markup.size(); at = markup.find('<', at)) {
-        const std::string_view rest = markup.substr(at);
-        if (rest.starts_with("<!--"))
-            at = skipPast(markup, "-->", at + 4);
-        else if (rest.starts_with("<![CDATA["))
-            at = skipPast(markup, "]]>", at + 9);
-        else if (rest.starts_with("<?"))
-            at = skipPast(markup, "?>", at + 2);
-        else if (rest.starts_with("<!"))
-            return true; // a DOCTYPE: the parser stops here
-        else if (const size_t length = tagLength(rest); length <= maxTagBytes)
-            at += length;
+    /// False as soon as it is too much. Malformed markup passes: the parser refuses it.
+    [[nodiscard]] bool IsAffordable() {
+        // Folding writes these as references.
+        const auto grown = std::count_if(m_markup.begin(), m_markup.end(), [](char c) {
+            return c == '>' || c == '"' || static_cast<signed char>(c) < 0;
+        });
+        m_kept = 3 * m_markup.size() + 5 * static_cast<size_t>(grown);
+        for (size_t at = m_markup.find('<'); at < m_markup.size() && isWithin(); at = m_markup.find('<', at)) {
+            const std::string_view rest = m_markup.substr(at);
+            if (rest.starts_with("<!--"))
+                at = addNode(skipPast(m_markup, "-->", at + 4));
+            else if (rest.starts_with("<![CDATA["))
+                at = addNode(skipPast(m_markup, "]]>", at + 9));
+            else if (rest.starts_with("<?"))
+                addName(rest.substr(2)), at = addNode(skipPast(m_markup, "?>", at + 2));
+            else if (rest.starts_with("<!"))
+                return true; // a DOCTYPE: the parser stops here
+            else if (const size_t length = tagLength(rest); length <= maxTagBytes)
+                at = addTag(at, length);
+            else
+                return rest.size() <= maxTagBytes; // only truncated, which the parser reports
+        }
+        return isWithin();
+    }
+
+  private:
+    static constexpr size_t MostMemory = 80 << 20;
+    /// libxml2's dictionary stops growing; then every name is searched for.
+    static constexpr int MostNames = 100'000;
+    /// A node of libxml2 with the allocator's share.
+    static constexpr size_t NodeBytes = 128;
+    /// An activity's nodes, its row and its places in the indexes.
+    static constexpr size_t EntryBytes = 1024;
+
+    [[nodiscard]] bool isWithin() const {
+        return m_names <= MostNames && m_kept + std::max(m_largestEntry, m_entry) <= MostMemory;
+    }
+
+    static bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+
+    /// Two names that fall on one bit count as one.
+    void addName(std::string_view from) {
+        const std::string_view name = from.substr(0, from.find_first_of(" \t\r\n/>=?"));
+        const size_t bit = std::hash<std::string_view>()(name) % m_seen.size();
+        m_names += static_cast<int>(!m_seen[bit]);
+        m_seen[bit] = true;
+    }
+
+    size_t addNode(size_t end) {
+        if (m_depth < 2)
+            m_kept += 2 * NodeBytes; // with the blanks behind it
         else
-            return rest.size() <= maxTagBytes; // only truncated, which the parser reports
+            m_entry += 2 * NodeBytes;
+        return end;
     }
-    return true;
+
+    size_t addTag(size_t begin, size_t length) {
+        const std::string_view tag = m_markup.substr(begin, length);
+        const bool isEnd = tag.starts_with("</");
+        if (isEnd && m_depth == 2)
+            m_largestEntry = std::max(m_largestEntry, std::exchange(m_entry, 0) + 3 * (begin - m_entryBegin));
+        if (isEnd) {
+            m_depth -= static_cast<int>(m_depth > 0);
+            return begin + length;
+        }
+        addName(tag.substr(1));
+        size_t attributes = 0;
+        size_t word = std::string_view::npos; // of a name that is not counted yet
+        for (size_t at = 1; at < tag.size(); ++at) {
+            if (isBlank(tag[at]))
+                word = at + 1;
+            if (tag[at] != '=')
+                continue;
+            ++attributes;
+            if (word != std::string_view::npos)
+                addName(tag.substr(std::exchange(word, std::string_view::npos)));
+        }
+        if (m_depth == 1) {
+            m_kept += EntryBytes + 2 * NodeBytes * attributes;
+            m_entryBegin = begin;
+        } else {
+            m_entry += 2 * NodeBytes * (1 + attributes);
+        }
+        m_depth += static_cast<int>(!tag.ends_with("/>"));
+        return begin + length;
+    }
+
+    /// Length of the tag at the start of `tag`; ">" in quotes does not close it. Above the limit when it is not closed
+    /// by then.
+    static size_t tagLength(std::string_view tag) {
+        char quote = '\0';
+        for (size_t at = 1; at < tag.size() && at <= maxTagBytes; ++at) {
+            const char c = tag[at];
+            if (quote != '\0')
+                quote = c == quote ? '\0' : quote;
+            else if (c == '"' || c == '\'')
+                quote = c;
+            else if (c == '>')
+                return at + 1;
+        }
+        return maxTagBytes + 1;
+    }
+
+    std::string_view m_markup;
+    std::vector<bool> m_seen = std::vector<bool>(1 << 21);
+    int m_names = 0;
+    size_t m_kept = 0;
+    size_t m_entry = 0; ///< of the activity that is open
+    size_t m_entryBegin = 0;
+    size_t m_largestEntry = 0;
+    int m_depth = 0;
+};
+
+std::string_view viewOf(const QByteArray& bytes) {
+    return {bytes.constData(), static_cast<size_t>(bytes.size())};
 }
 
-/// False for an overlong tag, and for an encoding that cannot be scanned.
 bool isCheapToParse(const QByteArray& markup) {
-    const std::string_view bytes(markup.constData(), static_cast<size_t>(markup.size()));
-    if (startsWithAny(bytes, notScannable))
+    const bool isLittle = startsWithAny(viewOf(markup), littleEndian16);
+    if (!isLittle && !startsWithAny(viewOf(markup), bigEndian16))
+        return Estimate(viewOf(markup)).IsAffordable();
+    if (markup.size() > maxBytes16)
         return false;
-    const bool isLittle = startsWithAny(bytes, littleEndian16);
-    if (!isLittle && !startsWithAny(bytes, bigEndian16))
-        return areTagsShort(bytes);
     QStringDecoder decoder(isLittle ? QStringDecoder::Utf16LE : QStringDecoder::Utf16BE);
     const QString text = decoder(markup);
-    const QByteArray utf8 = text.toUtf8();
-    return areTagsShort({utf8.constData(), static_cast<size_t>(utf8.size())});
+    return Estimate(viewOf(text.toUtf8())).IsAffordable();
 }
 
-/// A stopped parser still returns what it has built so far, so the refusal needs a flag of its own.
+/// libxml2's own limit for the text of one node, which it keeps only while it builds a tree.
+constexpr int maxTextBytes = 10'000'000;
+
+/// What one parse needs beside the parser's own state.
+struct Pass {
+    bool isRefused = false; ///< a stopped parser still returns what it has built so far
+    bool isEncodingNamed = false;
+    int depth = 0;
+    int entries = 0;
+    int textBytes = 0;
+};
+
+Pass& passOf(void* context) {
+    return *static_cast<Pass*>(static_cast<xmlParserCtxt*>(context)->_private);
+}
+
+void refuse(void* context) {
+    passOf(context).isRefused = true;
+    xmlStopParser(static_cast<xmlParserCtxt*>(context));
+}
+
 void refuseDoctype(void* context, const xmlChar*, const xmlChar*, const xmlChar*) {
-    auto* parser = static_cast<xmlParserCtxt*>(context);
-    *static_cast<bool*>(parser->_private) = true;
-    xmlStopParser(parser);
+    refuse(context);
+}
+
+/// Folds each activity as soon as it is complete: the tree is never larger than what is kept of it.
+void foldAtEnd(void* context, const xmlChar* name, const xmlChar* prefix, const xmlChar* uri) {
+    const auto* parser = static_cast<xmlParserCtxt*>(context);
+    xmlNode* element = parser->node;
+    xmlSAX2EndElementNs(context, name, prefix, uri);
+    if (element == nullptr || element->parent == nullptr || element->parent != xmlDocGetRootElement(parser->myDoc))
+        return;
+    const bool isEncodingNamed = passOf(context).isEncodingNamed || parser->encoding != nullptr ||
+                                 parser->myDoc->encoding != nullptr || parser->standalone == -1;
+    XmlFold::Fold(*element, isEncodingNamed ? "UTF-8" : nullptr);
+}
+
+void countStart(void* context, const xmlChar*, const xmlChar*, const xmlChar*, int, const xmlChar**, int, int,
+                const xmlChar**) {
+    Pass& pass = passOf(context);
+    pass.entries += static_cast<int>(pass.depth == 1);
+    ++pass.depth;
+    pass.textBytes = 0;
+}
+
+void countEnd(void* context, const xmlChar*, const xmlChar*, const xmlChar*) {
+    --passOf(context).depth;
+    passOf(context).textBytes = 0;
+}
+
+void countText(void* context, const xmlChar*, int length) {
+    Pass& pass = passOf(context);
+    pass.textBytes += length;
+    if (pass.textBytes > maxTextBytes)
+        refuse(context);
+}
+
+/// Null when there is no memory for it.
+ParserContext makeParser(Pass& pass) {
+    ParserContext parser(xmlNewParserCtxt());
+    if (!parser)
+        return parser;
+    parser->_private = &pass;
+    parser->sax->internalSubset = refuseDoctype;
+    parser->sax->serror = [](void*, auto*) {};
+    return parser;
+}
+
+XmlDocument read(xmlParserCtxt& parser, const QByteArray& bytes) {
+    return XmlDocument(xmlCtxtReadMemory(&parser, bytes.constData(), static_cast<int>(bytes.size()), nullptr, nullptr,
+                                         XML_PARSE_NONET));
+}
+
+/// `isEncodingNamed`: the document will be saved in an encoding that these bytes do not name.
+XmlDocument parse(const QByteArray& bytes, bool isEncodingNamed) {
+    if (startsWithAny(viewOf(bytes), notScannable) || XmlParser::IsTooCostly(bytes))
+        return nullptr;
+    const XmlQuiet quiet;
+    Pass pass{.isEncodingNamed = isEncodingNamed};
+    const ParserContext parser = makeParser(pass);
+    if (!parser)
+        return nullptr;
+    parser->sax->endElementNs = foldAtEnd;
+    XmlDocument document = read(*parser, bytes);
+    if (pass.isRefused || !document || xmlDocGetRootElement(document.get()) == nullptr)
+        return nullptr;
+    return document;
 }
 
 struct DeclaredText {
@@ -117,29 +291,40 @@ XmlQuiet::~XmlQuiet() {
     xmlSetStructuredErrorFunc(m_context, m_handler);
 }
 
+bool XmlParser::IsTooCostly(const QByteArray& bytes) {
+    return bytes.size() > MaxBytes || !isCheapToParse(bytes);
+}
+
 XmlDocument XmlParser::Parse(const QByteArray& bytes) {
-    if (bytes.isEmpty() || bytes.size() > MaxBytes || !isCheapToParse(bytes))
-        return nullptr;
+    return parse(bytes, false);
+}
+
+std::optional<int> XmlParser::CountEntries(const QByteArray& bytes) {
+    if (startsWithAny(viewOf(bytes), notScannable) || IsTooCostly(bytes))
+        return std::nullopt;
     const XmlQuiet quiet;
-    const ParserContext parser(xmlNewParserCtxt());
+    Pass pass;
+    const ParserContext parser = makeParser(pass);
     if (!parser)
-        return nullptr;
-    bool hasDoctype = false;
-    parser->_private = &hasDoctype;
-    parser->sax->internalSubset = refuseDoctype;
-    parser->sax->serror = [](void*, auto*) {};
-    XmlDocument document(xmlCtxtReadMemory(parser.get(), bytes.constData(), static_cast<int>(bytes.size()), nullptr,
-                                           nullptr, XML_PARSE_NONET));
-    if (hasDoctype || !document || xmlDocGetRootElement(document.get()) == nullptr)
-        return nullptr;
-    return document;
+        return std::nullopt;
+    // Whatever builds nodes is left out.
+    parser->sax->startElementNs = countStart;
+    parser->sax->endElementNs = countEnd;
+    parser->sax->characters = parser->sax->ignorableWhitespace = countText;
+    parser->sax->cdataBlock = countText;
+    parser->sax->comment = nullptr;
+    parser->sax->processingInstruction = nullptr;
+    parser->sax->reference = nullptr;
+    std::ignore = read(*parser, bytes);
+    const bool isWhole = parser->wellFormed == 1 && !pass.isRefused;
+    return isWhole ? std::optional<int>(pass.entries) : std::nullopt;
 }
 
 XmlDocument XmlParser::ParseText(const QString& text) {
     if (text.contains(QChar(u'\0')))
         return nullptr;
     const DeclaredText declared = withoutEncoding(text);
-    XmlDocument document = Parse(declared.bytes);
+    XmlDocument document = parse(declared.bytes, !declared.encoding.isEmpty());
     if (document && !declared.encoding.isEmpty()) {
         xmlFree(const_cast<xmlChar*>(document->encoding));
         document->encoding = xmlStrdup(reinterpret_cast<const xmlChar*>(declared.encoding.constData()));

@@ -1,10 +1,11 @@
 // Parses bytes or text into a document. Refuses (null) what is not well-formed, declares a DOCTYPE, exceeds 64 MiB or
-// contains an overlong tag. Nothing is repaired, no entity is loaded, nothing is printed.
+// contains an overlong tag or would take too much memory. Nothing is repaired, no entity is loaded, nothing is printed.
 #pragma once
 
 #include "XmlText.h"
 #include <libxml/parser.h>
 #include <libxml/xmlerror.h>
+#include <optional>
 
 using XmlDocument = std::unique_ptr<xmlDoc, XmlRelease<xmlFreeDoc>>;
 
@@ -27,8 +28,14 @@ namespace XmlParser {
 
 constexpr qsizetype MaxBytes = 64 << 20;
 
-/// Parses bytes in the encoding they declare.
+/// Whether these bytes are refused unread, for the memory or the time they would take.
+[[nodiscard]] bool IsTooCostly(const QByteArray& bytes);
+
+/// Parses bytes in the encoding they declare. The root's child elements are folded.
 [[nodiscard]] XmlDocument Parse(const QByteArray& bytes);
+
+/// The number of the root's child elements in bytes that Parse would take, found without building a tree.
+[[nodiscard]] std::optional<int> CountEntries(const QByteArray& bytes);
 
 /// Parses text. The encoding it declares is ignored for parsing and kept for saving.
 [[nodiscard]] XmlDocument ParseText(const QString& text);

@@ -63,7 +63,6 @@ bool hasChildren(const xmlNode& node) {
 
 using XPathContext = std::unique_ptr<xmlXPathContext, XmlRelease<xmlXPathFreeContext>>;
 using XPathObject = std::unique_ptr<xmlXPathObject, XmlRelease<xmlXPathFreeObject>>;
-using Steps = QVarLengthArray<std::string_view, 8>;
 
 bool isElement(const xmlNode& node, std::string_view name) {
     const auto* own = reinterpret_cast<const char*>(node.name);
@@ -97,8 +96,9 @@ bool isPlain(QStringView path) {
     return path.size() > 1;
 }
 
-Steps splitSteps(std::string_view path) {
-    Steps steps;
+auto splitSteps(const QByteArray& utf8) {
+    QVarLengthArray<std::string_view, 8> steps;
+    const std::string_view path(utf8.constData(), static_cast<size_t>(utf8.size()));
     for (size_t start = 1; start <= path.size();) {
         const size_t end = std::min(path.find('/', start), path.size());
         steps.append(path.substr(start, end - start));
@@ -144,22 +144,105 @@ xmlNode* XmlTree::Find(const QString& path) {
         return nullptr;
     const QByteArray utf8 = path.toUtf8();
     if (isPlain(path)) {
-        const Steps steps = splitSteps({utf8.constData(), static_cast<size_t>(utf8.size())});
+        const auto steps = splitSteps(utf8);
         return findPlain({steps.constData(), static_cast<size_t>(steps.size())});
     }
-    return hasEmptyStep(path) ? nullptr : findByXPath(*m_document, *root(), utf8);
+    if (hasEmptyStep(path))
+        return nullptr;
+    unfoldAll();
+    return findByXPath(*m_document, *root(), utf8);
 }
 
-xmlNode* XmlTree::findPlain(std::span<const std::string_view> steps) {
+xmlNode* XmlTree::findPlain(Steps steps) {
     xmlNode* top = root();
     if (!isElement(*top, steps.front()))
         return nullptr;
     if (steps.size() == 1)
         return top;
     for (int at = m_index.First(*top, steps[1]); at != Index::None; at = m_index.NextOfSameName(at))
-        if (xmlNode* found = walk(m_index.Elements(*top)[static_cast<size_t>(at)], steps.subspan(2)))
+        if (xmlNode* found = walk(unfolded(m_index.Elements(*top)[static_cast<size_t>(at)]), steps.subspan(2)))
             return found;
     return nullptr;
+}
+
+bool XmlTree::atFoldedField(const QString& path,
+                            const std::function<XmlFold::Search(xmlNode&, std::string_view)>& work) {
+    if (!HasRoot() || !isPlain(path))
+        return false;
+    const QByteArray utf8 = path.toUtf8();
+    const auto steps = splitSteps(utf8);
+    xmlNode* top = root();
+    if (steps.size() != 3 || !isElement(*top, steps.front()))
+        return false;
+    for (int at = m_index.First(*top, steps[1]); at != Index::None; at = m_index.NextOfSameName(at)) {
+        xmlNode& entry = *m_index.Elements(*top)[static_cast<size_t>(at)];
+        if (entry.children == nullptr)
+            continue;
+        const XmlFold::Search result = XmlFold::IsFolded(entry) ? work(entry, steps[2]) : XmlFold::Search::NotPlain;
+        if (result != XmlFold::Search::Missing)
+            return result == XmlFold::Search::Done;
+    }
+    return true; // nothing to read or to write
+}
+
+QString XmlTree::Text(const QString& path) {
+    QString text;
+    if (atFoldedField(
+            path, [&](const xmlNode& entry, std::string_view field) { return XmlFold::ReadChild(entry, field, text); }))
+        return text;
+    const xmlNode* node = Find(path);
+    if (node != nullptr && (node == root() || node->type == XML_DOCUMENT_NODE))
+        unfoldAll();
+    return node == nullptr ? QString() : XmlText::Of(node);
+}
+
+void XmlTree::WriteText(const QString& path, const QString& text) {
+    const QString storable = XmlText::Storable(text);
+    if (atFoldedField(
+            path, [&](xmlNode& entry, std::string_view field) { return XmlFold::WriteChild(entry, field, storable); }))
+        return;
+    if (xmlNode* node = Find(path))
+        setText(*node, storable);
+}
+
+QStringList XmlTree::ChildTexts(const QString& path, std::span<const std::string_view> names) {
+    const QByteArray utf8 = path.toUtf8();
+    const auto steps = splitSteps(utf8);
+    QStringList texts;
+    if (HasRoot() && isPlain(path) && steps.size() == 2 && isElement(*root(), steps.front())) {
+        const int at = m_index.First(*root(), steps[1]);
+        const bool isOnlyOne = at != Index::None && m_index.NextOfSameName(at) == Index::None;
+        const xmlNode* entry = isOnlyOne ? m_index.Elements(*root())[static_cast<size_t>(at)] : nullptr;
+        if (entry != nullptr && XmlFold::IsFolded(*entry) && XmlFold::ReadChildren(*entry, names, texts))
+            return texts;
+    }
+    texts.clear();
+    for (const std::string_view name : names)
+        texts.append(Text(path + u'/' + QUtf8StringView(name.data(), static_cast<qsizetype>(name.size())).toString()));
+    return texts;
+}
+
+bool XmlTree::HasLaterNamesake(const xmlNode& element) {
+    const auto* name = reinterpret_cast<const char*>(element.name);
+    for (const xmlNode* next = element.next; next != nullptr; next = next->next)
+        if (isElement(*next, name))
+            return true;
+    return false;
+}
+
+xmlNode* XmlTree::unfolded(xmlNode* entry) {
+    if (entry == m_unfolded)
+        return entry;
+    if (m_unfolded != nullptr)
+        XmlFold::Fold(*m_unfolded, XmlWriter::EncodingOf(*m_document));
+    m_unfolded = entry;
+    XmlFold::Unfold(*entry);
+    return entry;
+}
+
+void XmlTree::unfoldAll() {
+    for (xmlNode* entry : m_index.Elements(*root()))
+        XmlFold::Unfold(*entry);
 }
 
 int XmlTree::CountChildren(const xmlNode& node) {
@@ -237,9 +320,9 @@ bool XmlTree::IsUsableName(const QString& name) const {
 
 // The index points at the root's children only: changes further down do not affect it.
 
-void XmlTree::SetText(xmlNode& node, const QString& text) {
+void XmlTree::setText(xmlNode& node, const QString& text) {
     if (&node == root())
-        m_index.Drop();
+        m_index.Drop(), m_unfolded = nullptr;
     XmlText::Set(&node, text);
 }
 
@@ -251,7 +334,7 @@ void XmlTree::Remove(xmlNode& node) {
         return;
     }
     if (&node == root() || node.parent == root())
-        m_index.Drop();
+        m_index.Drop(), m_unfolded = nullptr;
     xmlUnlinkNode(&node);
     xmlFreeNode(&node);
 }
@@ -261,12 +344,15 @@ void XmlTree::Append(xmlNode& parent, XmlLooseNode element) {
     if (added == nullptr)
         throw StoreError(QStringLiteral("An element could not be added to the activity file."));
     std::ignore = element.release();
-    if (&parent == root())
-        m_index.Appended(added);
+    if (&parent != root())
+        return;
+    m_index.Appended(added);
+    XmlFold::Fold(*added, XmlWriter::EncodingOf(*m_document));
 }
 
 void XmlTree::Replace(xmlNode& old, XmlLooseNode element) {
     m_index.Drop();
+    m_unfolded = nullptr;
     xmlReplaceNode(&old, element.release());
     xmlFreeNode(&old);
 }

@@ -1,10 +1,13 @@
 // The activity file as a tree of libxml2 nodes: finds nodes by path, counts and changes them. Owns the document and an
-// index over the root's children, which every change below keeps in step. What is not found is null; Append throws
-// StoreError.
+// index over the root's children, which every change below keeps in step. The root's child elements, the activities,
+// are kept folded but for the one last worked on. What is not found is null; Append throws StoreError.
 #pragma once
 
+#include "XmlFold.h"
 #include "XmlParser.h"
 #include <QString>
+#include <functional>
+#include <optional>
 #include <span>
 #include <string_view>
 #include <unordered_map>
@@ -18,9 +21,20 @@ class XmlTree final {
     [[nodiscard]] xmlDoc* Document() const { return m_document.get(); }
     [[nodiscard]] bool HasRoot() const { return root() != nullptr; }
 
-    /// First match: element, attribute, text, comment or the document itself. Plain paths ("/items/NAME/field") use the
-    /// index, which avoids a walk over the whole document, every other one XPath. An invalid expression finds nothing.
+    /// First match: element, attribute, text, comment or the document itself, until the next call of anything here.
+    /// Plain paths ("/items/NAME/field") use the index, which avoids a walk over the whole document, every other one
+    /// XPath. An invalid expression finds nothing.
     [[nodiscard]] xmlNode* Find(const QString& path);
+
+    /// Text of the first match. A field of a folded activity is read and written where it stands.
+    [[nodiscard]] QString Text(const QString& path);
+    void WriteText(const QString& path, const QString& text);
+
+    /// What Text gives for each of these children of an element.
+    [[nodiscard]] QStringList ChildTexts(const QString& path, std::span<const std::string_view> names);
+
+    /// Whether a later sibling has the same name.
+    [[nodiscard]] static bool HasLaterNamesake(const xmlNode& element);
 
     /// Only elements count below the root (an indented file has blanks and comments there), elsewhere everything but
     /// blank text.
@@ -35,7 +49,6 @@ class XmlTree final {
     /// units.
     [[nodiscard]] bool IsUsableName(const QString& name) const;
 
-    void SetText(xmlNode& node, const QString& text);
     /// Deletes the node; the document itself stays.
     void Remove(xmlNode& node);
     void Append(xmlNode& parent, XmlLooseNode element);
@@ -71,8 +84,18 @@ class XmlTree final {
     };
 
     [[nodiscard]] xmlNode* root() const { return m_document ? xmlDocGetRootElement(m_document.get()) : nullptr; }
-    [[nodiscard]] xmlNode* findPlain(std::span<const std::string_view> steps);
+    using Steps = std::span<const std::string_view>;
+    [[nodiscard]] xmlNode* findPlain(Steps steps);
+    /// Calls `work` with the folded entries of "/root/NAME/field", as long as it answers that such a field is missing.
+    /// True when it has done its work.
+    [[nodiscard]] bool atFoldedField(const QString& path,
+                                     const std::function<XmlFold::Search(xmlNode&, std::string_view)>& work);
+    /// Folds the one before, so that only one is large.
+    xmlNode* unfolded(xmlNode* entry);
+    void unfoldAll();
+    void setText(xmlNode& node, const QString& text);
 
     XmlDocument m_document;
     Index m_index;
+    xmlNode* m_unfolded = nullptr;
 };

@@ -14,6 +14,7 @@ std::optional<QByteArray> saved(const char* encoding, int options, const Save& s
     const Buffer buffer(xmlBufferCreate());
     if (!buffer)
         return std::nullopt;
+    xmlBufferSetAllocationScheme(buffer.get(), XML_BUFFER_ALLOC_DOUBLEIT); // it would grow by ten bytes otherwise
     xmlSaveCtxt* context = xmlSaveToBuffer(buffer.get(), encoding, options);
     if (context == nullptr)
         return std::nullopt;
@@ -41,12 +42,13 @@ bool XmlWriter::IsDeclared(const xmlDoc& document) {
     return document.standalone != undeclared;
 }
 
-std::optional<QByteArray> XmlWriter::Bytes(xmlDoc& document) {
-    const bool isDeclared = IsDeclared(document);
+const char* XmlWriter::EncodingOf(const xmlDoc& document) {
     const auto* encoding = reinterpret_cast<const char*>(document.encoding);
-    if (encoding == nullptr && !isDeclared)
-        encoding = "UTF-8";
-    return saved(encoding, isDeclared ? 0 : XML_SAVE_NO_DECL,
+    return encoding == nullptr && !IsDeclared(document) ? "UTF-8" : encoding;
+}
+
+std::optional<QByteArray> XmlWriter::Bytes(xmlDoc& document) {
+    return saved(EncodingOf(document), IsDeclared(document) ? 0 : XML_SAVE_NO_DECL,
                  [&](xmlSaveCtxt* context) { return xmlSaveDoc(context, &document); });
 }
 

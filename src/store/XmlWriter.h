@@ -12,6 +12,9 @@ namespace XmlWriter {
 /// Whether the document has an XML declaration.
 [[nodiscard]] bool IsDeclared(const xmlDoc& document);
 
+/// The encoding in which the document is written; null when that is ASCII with references, for it names none.
+[[nodiscard]] const char* EncodingOf(const xmlDoc& document);
+
 /// The bytes of a file: keeps the declared encoding and standalone. Without a declaration it stays without one, in
 /// UTF-8.
 [[nodiscard]] std::optional<QByteArray> Bytes(xmlDoc& document);

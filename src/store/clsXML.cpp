@@ -56,10 +56,6 @@ xmlNode* childOf(XmlTree& tree, const QString& path, int position) {
     return node == nullptr ? nullptr : tree.Child(*node, position);
 }
 
-int activityCount(XmlTree& tree) {
-    return tree.CountChildren(*tree.Find(QStringLiteral("/*")));
-}
-
 } // namespace
 
 clsXML::clsXML(OwnFiles& files) : m_files(files), m_tree(std::make_unique<XmlTree>(nullptr)) {}
@@ -85,6 +81,7 @@ QString clsXML::XMLDocumentInfo(int kind) const {
 }
 
 bool clsXML::OpenXML(const QString& source, int mode) {
+    ++m_revision;
     m_tree = std::make_unique<XmlTree>(nullptr);
     XmlDocument opened;
     QByteArray bytes;
@@ -99,8 +96,11 @@ bool clsXML::OpenXML(const QString& source, int mode) {
 }
 
 QString clsXML::ReadNode(const QString& path) const {
-    const xmlNode* node = m_tree->Find(path);
-    return node == nullptr ? QString() : XmlText::Of(node);
+    return m_tree->Text(path);
+}
+
+QStringList clsXML::ReadChildren(const QString& path, std::span<const std::string_view> names) const {
+    return m_tree->ChildTexts(path, names);
 }
 
 QString clsXML::ReadNodeXML(const QString& path) const {
@@ -113,8 +113,8 @@ QString clsXML::XML() const {
 }
 
 void clsXML::WriteNode(const QString& path, const QString& value) {
-    if (xmlNode* node = m_tree->Find(path))
-        m_tree->SetText(*node, value);
+    ++m_revision;
+    m_tree->WriteText(path, value);
 }
 
 QString clsXML::ReadAttribute(const QString& path, const QString& name) const {
@@ -122,6 +122,7 @@ QString clsXML::ReadAttribute(const QString& path, const QString& name) const {
 }
 
 void clsXML::WriteAttribute(const QString& path, const QStringList& names, const QStringList& values) {
+    ++m_revision;
     xmlNode* node = m_tree->Find(path);
     if (node == nullptr || node->type != XML_ELEMENT_NODE)
         return;
@@ -145,19 +146,21 @@ void clsXML::Save(const QString& filePath) {
     const auto bytes = XmlWriter::Bytes(*m_tree->Document());
     // libxml2 stops at what it cannot encode and still reports success. Parse the bytes again: a truncated document
     // must not replace a file.
-    XmlTree again(bytes ? XmlParser::Parse(*bytes) : nullptr);
-    if (!again.HasRoot() || activityCount(again) != activityCount(*m_tree))
+    const std::optional<int> entries = bytes ? XmlParser::CountEntries(*bytes) : std::nullopt;
+    if (!entries || *entries != m_tree->CountChildren(*xmlDocGetRootElement(m_tree->Document())))
         throw StoreError(QStringLiteral("The document cannot be written in its encoding."));
     if (const std::error_code error = m_files.ReplaceAll(modNativePath::FromText(filePath), *bytes))
         throw StoreError(modForeignText::OfError(error));
 }
 
 void clsXML::DeleteNode(const QString& path) {
+    ++m_revision;
     if (xmlNode* node = m_tree->Find(path))
         m_tree->Remove(*node);
 }
 
 void clsXML::MakeNode(const QString& parentPath, const QString& name, const std::optional<QString>& value) {
+    ++m_revision;
     xmlNode& parent = requireElement(*m_tree, parentPath);
     requireUsableName(name);
     m_tree->Append(parent, newElement(m_tree->Document(), name, value.value_or(QString())));
@@ -165,6 +168,7 @@ void clsXML::MakeNode(const QString& parentPath, const QString& name, const std:
 
 void clsXML::ReplaceElement(const QString& parentPath, const QString& oldName, const QString& newName,
                             const QList<std::pair<QString, QString>>& children) {
+    ++m_revision;
     xmlNode& parent = requireElement(*m_tree, parentPath);
     requireUsableName(newName);
     XmlLooseNode element = newElement(m_tree->Document(), newName, {});
@@ -176,7 +180,7 @@ void clsXML::ReplaceElement(const QString& parentPath, const QString& oldName, c
         std::ignore = child.release();
     }
     xmlNode* old = oldName.isEmpty() ? nullptr : m_tree->Find(parentPath + u'/' + oldName);
-    if (old != nullptr && newName == oldName && m_tree->Find(parentPath + u'/' + oldName + u"[2]") != nullptr)
+    if (old != nullptr && newName == oldName && XmlTree::HasLaterNamesake(*old))
         return m_tree->Replace(*old, std::move(element));
     if (old != nullptr)
         m_tree->Remove(*old);
@@ -191,12 +195,14 @@ void clsXML::AllOrNothing(const std::function<void()>& work) {
     try {
         work();
     } catch (...) {
+        ++m_revision;
         m_tree = std::move(before);
         throw;
     }
 }
 
 void clsXML::DeleteAttribute(const QString& path, const QString& name) {
+    ++m_revision;
     if (xmlAttr* attribute = attributeOf(&require(*m_tree, path), name))
         xmlRemoveProp(attribute);
 }

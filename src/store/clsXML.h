@@ -10,6 +10,8 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
+#include <string_view>
 #include <utility>
 
 class OwnFiles;
@@ -29,6 +31,8 @@ class clsXML final {
 
     /// Text of the first match. "/items/NAME/field" takes about a microsecond, however large the file.
     [[nodiscard]] QString ReadNode(const QString& path) const;
+    /// What ReadNode gives for each of these children of an element, in one walk.
+    [[nodiscard]] QStringList ReadChildren(const QString& path, std::span<const std::string_view> names) const;
     [[nodiscard]] QString ReadNodeXML(const QString& path) const;
     [[nodiscard]] QString XML() const;
 
@@ -74,9 +78,13 @@ class clsXML final {
     /// Runs `work`. If it throws, restores the document and rethrows.
     void AllOrNothing(const std::function<void()>& work);
 
+    /// Grows with every operation that may change the document.
+    [[nodiscard]] std::uint64_t Revision() const { return m_revision; }
+
   private:
     void requireUsableName(const QString& name) const;
     void shift(const QString& path, int by);
     OwnFiles& m_files;
     std::unique_ptr<XmlTree> m_tree;
+    std::uint64_t m_revision = 0;
 };

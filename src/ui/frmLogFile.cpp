@@ -1,68 +1,22 @@
 #include "frmLogFile.h"
 
 #include "FormParts.h"
+#include "LogPart.h"
 #include "StringTable.h"
 #include "modForeignText.h"
 #include "modNativePath.h"
-#include "modRegularFile.h"
-#include <QFile>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPlainTextEdit>
+#include <QScrollBar>
 #include <QTimer>
 #include <QVBoxLayout>
-#include <algorithm>
 #include <chrono>
-#include <filesystem>
 
 namespace {
 
 constexpr std::chrono::seconds refreshInterval{10};
-constexpr qint64 bytesPerMebibyte = 1 << 20;
-constexpr qsizetype longestLine = 10'000; // the box would take minutes to show one of millions
-
-/// The end of a log.
-struct Tail {
-    QString text;             ///< as UTF-8, invalid bytes shown as U+FFFD; empty on an error
-    bool isShortened = false; ///< the log is longer: the text begins with the first whole line of its end
-    std::error_code error;
-};
-
-/// No log has lines that long, but some other file may.
-QString withBrokenLines(const QString& text) {
-    QString broken;
-    broken.reserve(text.size());
-    for (qsizetype begin = 0; begin < text.size();) {
-        const qsizetype end = text.indexOf(u'\n', begin);
-        const qsizetype length = (end < 0 ? text.size() : end + 1) - begin;
-        const qsizetype taken = std::min(length, longestLine);
-        broken += QStringView(text).mid(begin, taken);
-        if (taken < length)
-            broken += u'\n';
-        begin += taken;
-    }
-    return broken;
-}
-
-/// The last `limit` bytes. Whatever the path names, it neither waits nor reads without a bound.
-Tail readTail(const std::filesystem::path& file, qint64 limit) {
-    Tail tail;
-    QFile opened;
-    tail.error = modRegularFile::Open(file, opened);
-    if (tail.error)
-        return tail;
-    const qint64 skipped = std::max<qint64>(opened.size() - limit, 0);
-    const bool isThere = opened.seek(skipped);
-    QByteArray bytes = opened.read(limit);
-    if (!isThere || opened.error() != QFileDevice::NoError) {
-        tail.error = std::make_error_code(std::errc::io_error);
-        return tail;
-    }
-    tail.isShortened = skipped > 0;
-    if (tail.isShortened)
-        bytes.remove(0, bytes.indexOf('\n') + 1);
-    tail.text = withBrokenLines(QString::fromUtf8(bytes));
-    return tail;
-}
+constexpr qint64 step = LogPart::MostBytes / 2;
 
 } // namespace
 
@@ -80,6 +34,11 @@ frmLogFile::frmLogFile(const StringTable& texts, QWidget* parent)
     m_refresh->setObjectName(QStringLiteral("tmrRefresh"));
     m_refresh->setInterval(refreshInterval);
     connect(m_refresh, &QTimer::timeout, this, &frmLogFile::load);
+
+    m_text->installEventFilter(this);
+    // Not in the middle of the box's own scrolling.
+    connect(m_text->verticalScrollBar(), &QScrollBar::valueChanged, this, &frmLogFile::loadNeighbour,
+            Qt::QueuedConnection);
 }
 
 void frmLogFile::SetFileName(const QString& path) {
@@ -93,14 +52,52 @@ void frmLogFile::StartTimer() {
 }
 
 void frmLogFile::load() {
-    const Tail tail = readTail(modNativePath::FromText(m_path), MostMebibytes * bytesPerMebibyte);
-    // The note takes the place of the missing lines.
-    const QString note =
-        tail.isShortened ? QString(u'[' + m_texts[Text::LogCutOff].arg(MostMebibytes) + u"]\n\n") : QString();
-    m_text->setPlaceholderText(tail.error ? m_texts[Text::LogUnreadable] + u'\n' + modForeignText::OfError(tail.error)
-                                          : QString());
-    m_text->setPlainText(note + tail.text);
+    fill(LogPart::Last(modNativePath::FromText(m_path)));
     m_text->moveCursor(QTextCursor::End);
+}
+
+void frmLogFile::loadStart() {
+    fill(LogPart::From(modNativePath::FromText(m_path), 0, 0));
+}
+
+/// At the upper edge the part before, at the lower edge the one behind. What was at the edge stays in view.
+void frmLogFile::loadNeighbour() {
+    QScrollBar& bar = *m_text->verticalScrollBar();
+    const bool isSelecting = QGuiApplication::mouseButtons() != Qt::NoButton && !bar.isSliderDown();
+    if (isSelecting)
+        return;
+    const std::filesystem::path file = modNativePath::FromText(m_path);
+    if (bar.value() == bar.minimum() && m_begin > 0) {
+        const LogPart part = LogPart::From(file, m_begin - step, m_begin);
+        fill(part);
+        bar.setValue(part.linesAbove);
+    } else if (bar.value() == bar.maximum() && m_end < m_size) {
+        const LogPart part = LogPart::From(file, m_begin + step, m_end);
+        fill(part);
+        bar.setValue(part.linesAbove - bar.pageStep());
+    }
+}
+
+void frmLogFile::fill(const LogPart& part) {
+    m_begin = part.begin;
+    m_end = part.end;
+    m_size = part.size;
+    m_text->setPlaceholderText(part.error ? m_texts[Text::LogUnreadable] + u'\n' + modForeignText::OfError(part.error)
+                                          : QString());
+    m_text->setPlainText(part.text);
+}
+
+bool frmLogFile::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != m_text || event->type() != QEvent::KeyPress)
+        return QDialog::eventFilter(watched, event);
+    const auto& key = static_cast<const QKeyEvent&>(*event);
+    if (key.matches(QKeySequence::MoveToStartOfDocument))
+        loadStart();
+    else if (key.matches(QKeySequence::MoveToEndOfDocument))
+        load();
+    else
+        return QDialog::eventFilter(watched, event);
+    return true;
 }
 
 void frmLogFile::showEvent(QShowEvent* event) {

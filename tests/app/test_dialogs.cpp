@@ -11,6 +11,9 @@
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QRegularExpression>
+#include <QScrollBar>
+#include <QTextBlock>
 #include <QPushButton>
 #include <sys/stat.h>
 
@@ -73,15 +76,53 @@ class TestDialogs : public QObject {
         QCOMPARE(scene.prompter.Told(), QStringList{u"No logfile found: No logfile found for this activity."_qs});
     }
 
-    void largeLogShowsItsEnd() {
+    void largeLogIsReadInParts() {
         Scene scene;
-        scene.Write(u"A.log"_qs, QByteArray(2'000'000, 'x') + "\r\n" + QByteArray(3'000'000, 'y') + "\r\nlast");
+        constexpr int lines = 100'000;
+        QByteArray log;
+        for (int line = 0; line < lines; ++line)
+            log += QByteArray::number(line) + QByteArray(70, line % 2 == 0 ? 'x' : 'y') + "\r\n";
+        scene.Write(u"A.log"_qs, log + QByteArray(3'000'000, 'z') + "last");
         frmLogFile viewer(scene.texts);
         viewer.SetFileName(scene.Path(u"A.log"_qs));
-        const QString text = textOf(viewer).toPlainText();
-        QVERIFY(text.startsWith(u"[Only the last 4 MiB of this logfile are shown.]\n") && text.endsWith(u"\nlast"));
-        for (const QString& line : text.split(u'\n'))
-            QVERIFY(line.size() <= 10'000); // the box would need minutes for one line of millions
+        viewer.show();
+        QPlainTextEdit& box = textOf(viewer);
+        QScrollBar& bar = *box.verticalScrollBar();
+        const auto isBounded = [&] {
+            for (const QString& line : box.toPlainText().split(u'\n'))
+                if (line.size() > 10'000) // the box would need minutes for one line of millions
+                    return false;
+            return box.toPlainText().size() <= 2 * 1024 * 1024 + 1000;
+        };
+        const auto lineAt = [&](int row) { return box.document()->findBlockByNumber(row).text(); };
+        QVERIFY(box.toPlainText().endsWith(u"zlast") && isBounded());
+        // Up to the beginning: no line is left out between two parts, and what was in view stays there.
+        int next = -1;
+        for (int parts = 0; !box.toPlainText().startsWith(u"0x") && parts < 20; ++parts) {
+            const QString top = lineAt(0);
+            bar.setValue(bar.minimum());
+            QCoreApplication::processEvents();
+            QVERIFY(isBounded());
+            QCOMPARE(lineAt(bar.value()), top);
+            QVERIFY(bar.value() > 0);
+            const int above = lineAt(bar.value() - 1).remove(QRegularExpression(u"[xyz].*"_qs)).toInt();
+            if (next >= 0)
+                QCOMPARE(above, next);
+            next = top.startsWith(u'z') ? -1 : lineAt(0).remove(QRegularExpression(u"[xyz].*"_qs)).toInt() - 1;
+        }
+        QVERIFY(box.toPlainText().startsWith(u"0x"));
+        // And down again.
+        for (int parts = 0; !box.toPlainText().endsWith(u"last") && parts < 20; ++parts) {
+            const QString bottom = box.toPlainText().trimmed().section(u'\n', -1);
+            bar.setValue(bar.maximum());
+            QCoreApplication::processEvents();
+            QVERIFY(isBounded() && box.toPlainText().contains(bottom));
+        }
+        QVERIFY(box.toPlainText().endsWith(u"last"));
+        QTest::keyClick(&box, Qt::Key_Home, Qt::ControlModifier);
+        QVERIFY(box.toPlainText().startsWith(u"0x"));
+        QTest::keyClick(&viewer, Qt::Key_F5);
+        QVERIFY(box.toPlainText().endsWith(u"last"));
     }
 
     void deletesConfirmedRegularFilesOnly() {

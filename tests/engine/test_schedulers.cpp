@@ -3,6 +3,8 @@
 
 #include <QLocale>
 
+#include <malloc.h>
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -82,6 +84,59 @@ class TestSchedulers final : public QObject {
             QCOMPARE(read(text, locale), day);
         for (const char* none : {"03.04.26", "31.02.2026", "tomorrow", "  .  .    "})
             QVERIFY2(!read(none, "de_DE").isValid(), none);
+    }
+
+    /// Ticks keep copies of the records, and whoever changes one must not have to say so.
+    void everyChangeCountsAtTheNextTick() {
+        ProgramFixture fixture;
+        fixture.Add(A, {{u"intervall"_qs, u"2"_qs}, noLog});
+        fixture.Add(A, {{u"intervall"_qs, u"4"_qs}, noLog}); // a namesake, shown but never run
+        Program& program = fixture.Start();
+        program.Monitoring().ToggleMonitoring();
+        const auto runsAfter = [&](const std::function<void()>& change) {
+            change();
+            const int before = fixture.Runs(A);
+            fixture.Pass(std::chrono::minutes(2));
+            return fixture.Runs(A) - before;
+        };
+        QVERIFY(runsAfter([] {}) > 2);
+        QCOMPARE(fixture.Status(A), fixture.texts[Text::Active]); // its namesake must not make it idle
+        QCOMPARE(runsAfter([&] { program.Document().WriteNode(u"/items/A/activ"_qs, u"0"_qs); }), 0);
+        QVERIFY(runsAfter([&] { program.File().Write(A, ActivityField::Active, u"1"_qs); }) > 2);
+        QCOMPARE(runsAfter([&] { program.Document().WriteNode(u"/items/A[1]/type"_qs, u"9"_qs); }), 0);
+    }
+
+    void daysOfTicksLeaveNothingBehind() {
+        ProgramFixture fixture;
+        fixture.clock->now = std::chrono::sys_days(std::chrono::year(2026) / 3 / 1);
+        fixture.SetOption("StopIfFolderNotExist", u"0"_qs);
+        for (int i = 0; i < 1000; ++i) {
+            const bool isInterval = i % 20 == 0;
+            fixture.Add(
+                u"N%1"_qs.arg(i),
+                {{u"type"_qs, QString::number(isInterval ? i / 20 % 3 : 4)},
+                 {u"intervall"_qs, u"40"_qs},
+                 {u"daily"_qs, u"1"_qs},
+                 {u"triggertime"_qs, u"%1:%2"_qs.arg(i % 24, 2, 10, QChar(u'0')).arg(i % 12 * 5, 2, 10, QChar(u'0'))},
+                 {u"sourcedir"_qs, fixture.Path(i % 7 == 0 ? u"none"_qs : u"src"_qs)},
+                 noLog});
+        }
+        fixture.Write(u"src/f"_qs, "x");
+        fixture.Start().Options().ReadRegistry();
+        fixture.program->Monitoring().ToggleMonitoring();
+        struct Held {
+            std::size_t bytes = mallinfo2().uordblks;
+            qsizetype descriptors = QDir(u"/proc/self/fd"_qs).entryList(QDir::System | QDir::Files).size();
+        };
+        const auto days = [&](int count) { fixture.Pass(std::chrono::hours(24 * count), std::chrono::minutes(5)); };
+        days(1);
+        const Held before;
+        const int runs = fixture.Runs(u"N8"_qs);
+        days(1);
+        const Held after;
+        QVERIFY(fixture.Runs(u"N8"_qs) > runs && fixture.Runs(u"N7"_qs) == 0);
+        QCOMPARE(after.descriptors, before.descriptors);
+        QVERIFY2(after.bytes < before.bytes + 100'000, qPrintable(QString::number(after.bytes - before.bytes)));
     }
 
     void onceOnlyRunsOnceAndEndsMonitoring() {

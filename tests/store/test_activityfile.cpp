@@ -172,6 +172,16 @@ class TestActivityFile : public QObject {
         }
     }
 
+    void tooLargeAFileIsLeftAlone() {
+        DamagedStore store;
+        const QByteArray large = "<items>" + QByteArray("<A/>").repeated(200'000) + "</items>";
+        QVERIFY(store.Write(own, large));
+        QVERIFY(!store.file.Load() && !store.file.OfferRepair());
+        QCOMPARE(store.prompter.shown.size(), 1U);
+        QVERIFY(store.prompter.shown[0].text.startsWith(store.texts[Text::FileTooCostly]));
+        QCOMPARE(store.Read(own), large);
+    }
+
     void fileMendedMeanwhileIsNotMoved() {
         DamagedStore store;
         store.prompter.onAsk = [&](const Message&) { QVERIFY(store.Write(own, oneActivity)); };

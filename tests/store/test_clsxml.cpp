@@ -5,7 +5,10 @@
 
 #include <QRandomGenerator>
 #include <QtTest>
+#include <array>
 #include <tuple>
+
+using namespace std::string_view_literals;
 
 namespace {
 
@@ -166,6 +169,9 @@ class TestClsXml : public QObject {
 
     void onlyWholeDocumentsAreTaken() {
         const QByteArray longTag = "<items><A a='" + QByteArray(8192, 'x') + "'/></items>";
+        QByteArray many("<items>");
+        for (int i = 0; i < 200'000; ++i)
+            many += "<N" + QByteArray::number(i) + "/>";
         const std::tuple<const char*, QByteArray, int> rows[]{
             {"zero bytes", "", -1},
             {"half a file", "<items><A><sourcedir>/a</sourcedir></A><B>", -1},
@@ -176,6 +182,11 @@ class TestClsXml : public QObject {
             {"long tag without mark", utf16("<?xml version='1.0' encoding='UTF-16'?>" + longTag, ""), -1},
             {"UTF-32", QByteArray("\xFF\xFE\0\0<\0\0\0", 8), -1},
             {"nested deeply", QByteArray("<a>").repeated(5000) + QByteArray("</a>").repeated(5000), -1},
+            {"too many activities", many + "</items>", -1},
+            {"too many names", "<items><A>" + many.mid(7) + "</A></items>", -1},
+            {"too many comments", "<items>" + QByteArray("<!---->").repeated(500'000) + "</items>", -1},
+            {"many namesakes", "<items>" + QByteArray("<A/>").repeated(20'000) + "</items>", 20'000},
+            {"many fields", "<items><A>" + QByteArray("<f>x</f>").repeated(100'000) + "</A></items>", 1},
             {"too large", "<items><A/></items>" + QByteArray(64 << 20, ' '), -1},
             {"empty list", "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><items></items>\r\n", 0},
             {"pretty-printed", "<items>\r\n\t<!-- <a \" -->\r\n\t<A>\r\n\t\t<x/>\r\n\t</A>\r\n\t<B/>\r\n</items>", 2},
@@ -216,6 +227,40 @@ class TestClsXml : public QObject {
             QCOMPARE(store.Read(own), prolog.contains("UTF-16") ? utf16(text) : text);
             QVERIFY(store.document.OpenXML(store.Path(own), 0));
             QCOMPARE(store.document.ReadNode(u"/items/A/f"_qs), mixed);
+        }
+    }
+
+    /// An activity is read and written in its markup where it is simple, and in its nodes where it is not.
+    void bothFormsOfAnActivityAgree_data() {
+        QTest::addColumn<QByteArray>("inside");
+        for (const char* inside :
+             {"<f>plain</f>", "<f/>", "<f></f><f>2</f>", "<g/><f>a &lt;b&gt; &amp; &#228;&#x20AC;&#13;\n c</f>",
+              "<f a='>'>with</f>", "<x><f>no</f></x><f>yes</f>", "<!-- <f>no</f> --><f>yes</f>", "<f>1<!-- -->2</f>",
+              "<f><![CDATA[<f>]]></f>", "<![CDATA[<f>no</f>]]><f>yes</f>", "<?f <f>no</f> ?><f>yes</f>", "text<f>1</f>",
+              "<f xmlns='u'>no</f>", "<p:f>no</p:f><f>yes</f>", "<ff>no</ff>", "<x a='&lt;f>no&lt;/f>'/><f>yes</f>"})
+            QTest::newRow(inside) << QByteArray(inside);
+    }
+    void bothFormsOfAnActivityAgree() {
+        QFETCH(QByteArray, inside);
+        for (const auto& prolog :
+             {u"<?xml version='1.0'?>"_qs, u"<?xml version='1.0' encoding='ISO-8859-1'?>"_qs, QString()}) {
+            const QString markup =
+                prolog + u"<items xmlns:p='q'><A>"_qs + QString::fromLatin1(inside) + u"</A></items>"_qs;
+            for (const QString& value : {u"9"_qs, QString(), u"<\u00E4\u20AC\r>"_qs}) {
+                const auto outcome = [&](bool isUnfolded) {
+                    Store store(markup);
+                    if (isUnfolded)
+                        std::ignore = store.document.NodeCount(u"/items[1]"_qs); // no plain path: works on nodes
+                    QStringList texts{store.document.ReadNode(u"/items/A/f"_qs)};
+                    texts += store.document.ReadChildren(u"/items/A"_qs, std::array{"none"sv, "f"sv, "g"sv});
+                    store.document.WriteNode(u"/items/A/f"_qs, value);
+                    texts += store.document.ReadNode(u"/items/A/f"_qs);
+                    texts += store.document.ReadNode(items);
+                    texts += store.IsSaved() ? QString::fromLatin1(store.Read(own)) : u"not saved"_qs;
+                    return texts;
+                };
+                QCOMPARE(outcome(false), outcome(true));
+            }
         }
     }
 

@@ -93,11 +93,11 @@ class ProgramFixture : public ScratchFolder {
         return *program;
     }
 
-    /// Lets the time pass second by second, polling every timer.
-    void Pass(std::chrono::seconds span) {
+    /// Lets the time pass step by step, polling every timer.
+    void Pass(std::chrono::seconds span, std::chrono::seconds step = std::chrono::seconds(1)) {
         MonitoringTimers& timers = program->Timers();
-        for (std::chrono::seconds passed{0}; passed < span; ++passed) {
-            clock->Advance(std::chrono::seconds(1));
+        for (std::chrono::seconds passed{0}; passed < span; passed += step) {
+            clock->Advance(step);
             for (TimerEx* timer :
                  {&timers.tmrMonitoring, &timers.tmrMinutes, &timers.tmrHours, &timers.tmrTime, &timers.tmrDate})
                 timer->Poll();

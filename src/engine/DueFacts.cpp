@@ -1,0 +1,54 @@
+#include "DueFacts.h"
+#include "ActivityFile.h"
+#include "ActivityList.h"
+#include "DueMarks.h"
+#include "modTriggerDate.h"
+
+DueFacts::DueFacts(ActivityFile& file, const ActivityList& list, const DueMarks& marks, const QLocale& locale)
+    : m_file(file), m_list(list), m_marks(marks), m_locale(locale) {
+    connect(&file, &ActivityFile::FieldWritten, this, &DueFacts::forgetWritten);
+    connect(&list, &ActivityList::modelReset, this, [this] { m_rows.clear(); });
+}
+
+/// A run writes its own mark. That must not cost the copies of all other rows.
+void DueFacts::forgetWritten(const QString& name) {
+    if (m_revision + 1 != m_file.Revision())
+        return;
+    m_revision = m_file.Revision();
+    const std::optional<int> row = m_list.RowOf(name);
+    if (row && static_cast<std::size_t>(*row) < m_rows.size())
+        m_rows[static_cast<std::size_t>(*row)].reset();
+}
+
+DueFacts::Row DueFacts::Of(int row) {
+    if (row < 0 || row >= m_list.Rows())
+        return {};
+    const auto rows = static_cast<std::size_t>(m_list.Rows());
+    if (m_revision != m_file.Revision() || m_rows.size() != rows) {
+        m_rows.assign(rows, std::nullopt);
+        m_revision = m_file.Revision();
+    }
+    std::optional<Row>& known = m_rows[static_cast<std::size_t>(row)];
+    if (!known)
+        known = read(row);
+    return *known;
+}
+
+DueFacts::Row DueFacts::read(int row) const {
+    Row facts;
+    const QString name = m_list.NameAt(row);
+    const QString type = m_file.Read(name, ActivityField::Type);
+    if (type.size() != 1 || m_list.IsNamesake(row))
+        return facts;
+    facts.type = type.front();
+    facts.isActive = m_file.Read(name, ActivityField::Active) == u"1";
+    if (facts.type == u'3') {
+        facts.date = modTriggerDate::Read(m_file.Read(name, ActivityField::TriggerDate), m_locale);
+        facts.time = m_file.Read(name, ActivityField::TriggerDateTime);
+    } else if (facts.type == u'4') {
+        facts.time = m_file.Read(name, ActivityField::TriggerTime);
+    } else {
+        facts.mark = m_marks.Number(name, ActivityField::ExceedTime);
+    }
+    return facts;
+}
