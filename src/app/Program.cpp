@@ -127,7 +127,7 @@ RunOutcome Program::RunNow(const QString& name, NewDrive newDrive) {
     return outcome;
 }
 
-void Program::OnLogLine(std::function<void(const QString& line)> listener) {
+void Program::OnLogLine(std::function<void(const QString& line, bool isLast)> listener) {
     m_engine->logs.SetListener(std::move(listener));
 }
 

@@ -59,8 +59,9 @@ class Program final {
     /// lock is refused, after a box that says so. Never throws.
     RunOutcome RunNow(const QString& name, NewDrive newDrive = NewDrive::Hold);
 
-    /// Calls `listener` with every entry of every activity's log, whether the entry could be written or not.
-    void OnLogLine(std::function<void(const QString& line)> listener);
+    /// Calls `listener` with every entry of every activity's log, whether the entry could be written or not. `isLast`:
+    /// no other follows at once.
+    void OnLogLine(std::function<void(const QString& line, bool isLast)> listener);
 
     /// True for a path that leads to the activity file or the settings, where no activity may log.
     [[nodiscard]] bool IsOwnFile(const QString& path) const;

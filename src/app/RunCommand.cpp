@@ -9,7 +9,11 @@
 
 RunCommand::RunCommand(Program& program, std::ostream& output, HeadlessLog& log)
     : m_program(program), m_output(output), m_log(log) {
-    m_program.OnLogLine([this](const QString& line) { m_output << line.toStdString() << '\n' << std::flush; });
+    m_program.OnLogLine([this](const QString& line, bool isLast) {
+        m_output << line.toStdString() << '\n';
+        if (isLast)
+            m_output.flush();
+    });
 }
 
 RunCommand::~RunCommand() {

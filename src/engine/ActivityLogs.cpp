@@ -28,14 +28,41 @@ void ActivityLogs::WriteActionLine(const QString& name, const QString& text) {
     WriteActionLineTo(m_services.file.Read(name, ActivityField::LogFile), name, text);
 }
 
-void ActivityLogs::WriteActionLine(const QString& name, const std::function<QString()>& compose) {
-    const QString logFile = m_services.file.Read(name, ActivityField::LogFile);
-    if (m_listener || !logFile.trimmed().isEmpty())
-        WriteActionLineTo(logFile, name, compose());
+QString ActivityLogs::actionLine(const QString& name, const QString& text) const {
+    return m_services.texts[Text::ActivityQuote] + name + u"' - " + text;
 }
 
 void ActivityLogs::WriteActionLineTo(const QString& logFile, const QString& name, const QString& text) {
-    writeEntry(logFile, m_services.texts[Text::ActivityQuote] + name + u"' - " + text, false);
+    writeEntry(logFile, actionLine(name, text), false);
+}
+
+void ActivityLogs::GatherActionLine(const QString& logFile, const QString& name, const QString& text) {
+    constexpr std::chrono::seconds mostDelay{1};
+    constexpr qsizetype mostLines = 1000;
+    const auto now = m_services.clock.MonotonicNow();
+    if (m_gatheringSince &&
+        (m_gatheredLog != logFile || m_gatheredCount >= mostLines || now - *m_gatheringSince >= mostDelay))
+        Flush();
+    if (!m_gatheringSince)
+        m_gatheringSince = now;
+    ++m_gatheredCount;
+    const QString line = modForeignText::OneLine(actionLine(name, text));
+    if (m_listener)
+        m_gatheredLines.append(line);
+    m_gatheredLog = logFile;
+    if (!logFile.trimmed().isEmpty())
+        m_gatheredBytes += entry(m_services.clock, line);
+}
+
+void ActivityLogs::Flush() {
+    if (!m_gatheringSince)
+        return;
+    m_gatheringSince.reset();
+    m_gatheredCount = 0;
+    const QStringList lines = std::exchange(m_gatheredLines, {});
+    for (qsizetype at = 0; at < lines.size() && m_listener; ++at)
+        m_listener(lines[at], at + 1 == lines.size());
+    append(m_gatheredLog, std::exchange(m_gatheredBytes, {}));
 }
 
 void ActivityLogs::WriteActivityLog(const QString& name, const QString& text, bool blankLineFirst) {
@@ -51,20 +78,25 @@ bool ActivityLogs::mayWrite(const QString& path, Verdict& last) const {
 }
 
 void ActivityLogs::writeEntry(const QString& path, const QString& text, bool blankLineFirst) {
+    Flush();
     // A line break in a file's name must not pass for an entry of its own.
     const QString line = modForeignText::OneLine(text);
     if (m_listener)
-        m_listener(line);
-    if (path.trimmed().isEmpty() || !mayWrite(path, m_activityLog))
+        m_listener(line, true);
+    if (path.trimmed().isEmpty())
         return;
-    QByteArray bytes = entry(m_services.clock, line);
-    if (blankLineFirst)
-        bytes.prepend(lineEnd.toUtf8());
-    std::ignore = m_services.ownFiles.Append(modNativePath::FromText(path), bytes, true);
+    const QByteArray bytes = entry(m_services.clock, line);
+    append(path, blankLineFirst ? lineEnd.toUtf8() + bytes : bytes);
+}
+
+void ActivityLogs::append(const QString& path, const QByteArray& bytes) {
+    if (!bytes.isEmpty() && mayWrite(path, m_activityLog))
+        std::ignore = m_services.ownFiles.Append(modNativePath::FromText(path), bytes, true);
 }
 
 void ActivityLogs::WriteAppLog(const QString& text) {
     const QString path = m_services.options.ApplicationLog();
+    Flush();
     if (path.isEmpty() || !mayWrite(path, m_applicationLog))
         return;
     // Line ends that close the entry are its own and stay; they set the end of a session apart.

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "EngineServices.h"
-#include <QString>
+#include <QStringList>
 #include <chrono>
 #include <functional>
 
@@ -23,17 +23,25 @@ class ActivityLogs final {
     /// The same with "Activity 'NAME' - " in front.
     void WriteActionLine(const QString& name, const QString& text);
 
-    /// The same, for a text that need not be composed when nothing reads it.
-    void WriteActionLine(const QString& name, const std::function<QString()>& compose);
-
-    /// The same, to a log file that the record no longer names.
+    /// The same, to this log file.
     void WriteActionLineTo(const QString& logFile, const QString& name, const QString& text);
+
+    /// False when nothing reads an activity's lines, so that they need not be composed.
+    [[nodiscard]] bool IsRead(const QString& logFile) const { return m_listener || !logFile.trimmed().isEmpty(); }
+
+    /// The same, for a line that announces no act: it may be written a second later. Whatever is written next comes
+    /// after it.
+    void GatherActionLine(const QString& logFile, const QString& name, const QString& text);
+
+    /// Writes what has been gathered. To be called before anything may take long.
+    void Flush();
 
     /// Appends to the application log when one is set and its file exists; it is never created here.
     void WriteAppLog(const QString& text);
 
-    /// The listener gets every entry of every activity, with or without a log file.
-    void SetListener(std::function<void(const QString& text)> listener) { m_listener = std::move(listener); }
+    /// The listener gets every entry of every activity, with or without a log file; `isLast`: none follows at once.
+    using Listener = std::function<void(const QString& text, bool isLast)>;
+    void SetListener(Listener listener) { m_listener = std::move(listener); }
 
   private:
     /// The last answer for one of the two logs. Asking the disk for every line would cost as much as the line itself.
@@ -42,12 +50,19 @@ class ActivityLogs final {
         std::chrono::steady_clock::time_point at;
         bool mayWrite = false;
     };
+    [[nodiscard]] QString actionLine(const QString& name, const QString& text) const;
     void writeEntry(const QString& path, const QString& text, bool blankLineFirst);
+    void append(const QString& path, const QByteArray& bytes);
     [[nodiscard]] bool mayWrite(const QString& path, Verdict& last) const;
 
     const EngineServices& m_services;
     const OwnPlaces& m_ownPlaces;
     Verdict m_activityLog;
     Verdict m_applicationLog;
-    std::function<void(const QString&)> m_listener;
+    Listener m_listener;
+    QString m_gatheredLog;
+    QByteArray m_gatheredBytes;  ///< for m_gatheredLog
+    QStringList m_gatheredLines; ///< for the listener
+    qsizetype m_gatheredCount = 0;
+    std::optional<std::chrono::steady_clock::time_point> m_gatheringSince;
 };

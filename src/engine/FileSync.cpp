@@ -160,6 +160,7 @@ bool FileSync::isAsDecided(const Decided& file) {
 
 /// The decision after the question; nothing when the file is done with.
 std::optional<FileDecision> FileSync::ask(const Decided& file, const FileSide& from, const FileSide& to) {
+    m_tools.logs.Flush();
     const MessageAnswer answer = m_tools.interruptions.Ask(m_tools.texts.OverwriteQuestion(from, to));
     if (m_run.Over())
         return std::nullopt;
@@ -185,7 +186,7 @@ void FileSync::syncExisting(const Decided& file) {
     if (*decision == FileDecision::LeaveAlone && finishMove(file, from, to))
         return;
     if (*decision == FileDecision::LeaveAlone)
-        return m_run.Line([&] { return m_tools.texts.NotNewer(from, to); });
+        return m_run.Note([&] { return m_tools.texts.NotNewer(from, to); });
     if (!mayTouch(file) || !m_run.React(from.path) || !isAsDecided(file))
         return;
     m_run.Line(m_tools.texts.Replacement(rules, from, to));

@@ -44,6 +44,7 @@ SyncRun::~SyncRun() {
 RunOutcome SyncRun::Run() {
     std::ignore = SyncFilesAndFolders(m_source, m_destination, 0);
     m_transfer->Commit();
+    m_tools.logs.Flush();
     readRecord(); // events have run: what follows must not use another record
     return {.failures = m_failures, .interrupted = m_end != RunEnd::None};
 }
@@ -142,19 +143,22 @@ bool SyncRun::React(const QString& path) {
     return !Over();
 }
 
-/// Once the record has changed, its log may be another activity's.
+/// To the log that the record named last: once the record has changed, its log may be another activity's.
 void SyncRun::Line(const QString& text) {
-    if (m_end == RunEnd::RecordChanged)
-        m_tools.logs.WriteActionLineTo(m_log, Name(), text);
-    else
-        m_tools.logs.WriteActionLine(Name(), text);
+    readRecord();
+    m_tools.logs.WriteActionLineTo(m_log, Name(), text);
 }
 
 void SyncRun::Line(const std::function<QString()>& compose) {
-    if (m_end == RunEnd::RecordChanged)
-        Line(compose());
-    else
-        m_tools.logs.WriteActionLine(Name(), compose);
+    readRecord();
+    if (m_tools.logs.IsRead(m_log))
+        m_tools.logs.WriteActionLineTo(m_log, Name(), compose());
+}
+
+void SyncRun::Note(const std::function<QString()>& compose) {
+    readRecord();
+    if (m_tools.logs.IsRead(m_log))
+        m_tools.logs.GatherActionLine(m_log, Name(), compose());
 }
 
 void SyncRun::Refuse(const QString& text) {

@@ -79,6 +79,8 @@ class SyncRun final : public TransferObserver {
     void Line(const QString& text);
     /// Composes the line only when something reads it.
     void Line(const std::function<QString()>& compose);
+    /// A line that announces no act: it may be written a little later.
+    void Note(const std::function<QString()>& compose);
     /// Writes the line and counts a failure.
     void Refuse(const QString& text);
 

@@ -11,10 +11,10 @@
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QRegularExpression>
 #include <QScrollBar>
 #include <QTextBlock>
-#include <QPushButton>
 #include <sys/stat.h>
 
 namespace {

@@ -13,7 +13,7 @@ class World final {
   public:
     World() {
         m_program.Add(A, {{u"extensions"_qs, QString()}, {u"alert"_qs, QString()}, {u"logfile"_qs, QString()}});
-        m_program.Start().OnLogLine([this](const QString& text) {
+        m_program.Start().OnLogLine([this](const QString& text, bool) {
             const QString start = m_program.texts[Text::TransferFrom];
             const qsizetype from = text.indexOf(start) + start.size();
             if (from >= start.size())

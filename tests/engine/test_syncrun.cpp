@@ -160,6 +160,19 @@ class TestSyncRun final : public QObject {
         QVERIFY(isInPlace);
     }
 
+    void gatheredLinesAreThereBeforeABoxOpens() {
+        ProgramFixture fixture;
+        fixture.Add(A, {{u"overwrite"_qs, u"N"_qs}});
+        for (const auto& name : {u"a"_qs, u"b"_qs})
+            fixture.Write(u"src/"_qs + name, "1", early);
+        fixture.Write(u"dst/a"_qs, "2", early);
+        fixture.Write(u"dst/b"_qs, "2", late);
+        QStringList atBox;
+        fixture.prompter.onAsk = [&](const Message&) { atBox = fixture.Log(A); };
+        fixture.Start().RunNow(A);
+        QVERIFY(atBox.last().contains(u"/src/a' [13.09.2020 12:26:40] older/equal"_qs));
+    }
+
     // Not missing, and nothing is deleted for it: half a listing would make the rest look surplus.
     void whatCannotBeOpenedEndsAMirror_data() {
         QTest::addColumn<QString>("place");
@@ -182,7 +195,7 @@ class TestSyncRun final : public QObject {
         fixture.Write(u"dst/sub/keep"_qs, "3");
         Program& program = fixture.Start();
         QStringList lines;
-        program.OnLogLine([&](const QString& line) { lines.append(line); });
+        program.OnLogLine([&](const QString& line, bool) { lines.append(line); });
         program.Options().StopIfFolderNotExist = 1;
         const fs::path closed = fixture.Native(place);
         struct rlimit before {};
@@ -274,7 +287,7 @@ class TestSyncRun final : public QObject {
             for (const auto& file : {u"src/new/a.txt"_qs, u"src/new/b.bin"_qs, u"src/new/sub/c.bin"_qs})
                 fixture.Write(file, "1");
             Program& program = fixture.Start();
-            program.OnLogLine([&](const QString&) { program.RequestEnd(); });
+            program.OnLogLine([&](const QString&, bool) { program.RequestEnd(); });
             QVERIFY(program.RunNow(A).interrupted);
             QVERIFY(!fixture.Exists(u"dst/new/b.bin"_qs));
             QVERIFY(fixture.Start().RunNow(A).Succeeded());
@@ -363,7 +376,7 @@ class TestSyncRun final : public QObject {
         dig(u"dst"_qs, 1500);
         dig(u"dst/surplus"_qs, 1200);
         int tooDeep = 0;
-        program.OnLogLine([&](const QString& line) { tooDeep += line.contains(u"1,000 levels") ? 1 : 0; });
+        program.OnLogLine([&](const QString& line, bool) { tooDeep += line.contains(u"1,000 levels") ? 1 : 0; });
         QCOMPARE(program.RunNow(A).failures, 2);
         QCOMPARE(tooDeep, 2);
         QCOMPARE(std::system(("rm -rf " + (fixture.Native() / "dst").native()).c_str()), 0); // Qt's removal is not deep
