@@ -38,15 +38,15 @@ void ActivityLogs::WriteActionLineTo(const QString& logFile, const QString& name
 
 void ActivityLogs::GatherActionLine(const QString& logFile, const QString& name, const QString& text) {
     constexpr std::chrono::seconds mostDelay{1};
-    constexpr qsizetype mostLines = 1000;
+    constexpr qsizetype mostCharacters = qsizetype{256} * 1024;
     const auto now = m_services.clock.MonotonicNow();
     if (m_gatheringSince &&
-        (m_gatheredLog != logFile || m_gatheredCount >= mostLines || now - *m_gatheringSince >= mostDelay))
+        (m_gatheredLog != logFile || m_gatheredSize >= mostCharacters || now - *m_gatheringSince >= mostDelay))
         Flush();
     if (!m_gatheringSince)
         m_gatheringSince = now;
-    ++m_gatheredCount;
     const QString line = modForeignText::OneLine(actionLine(name, text));
+    m_gatheredSize += line.size();
     if (m_listener)
         m_gatheredLines.append(line);
     m_gatheredLog = logFile;
@@ -58,7 +58,7 @@ void ActivityLogs::Flush() {
     if (!m_gatheringSince)
         return;
     m_gatheringSince.reset();
-    m_gatheredCount = 0;
+    m_gatheredSize = 0;
     const QStringList lines = std::exchange(m_gatheredLines, {});
     for (qsizetype at = 0; at < lines.size() && m_listener; ++at)
         m_listener(lines[at], at + 1 == lines.size());

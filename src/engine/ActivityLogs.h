@@ -63,6 +63,6 @@ class ActivityLogs final {
     QString m_gatheredLog;
     QByteArray m_gatheredBytes;  ///< for m_gatheredLog
     QStringList m_gatheredLines; ///< for the listener
-    qsizetype m_gatheredCount = 0;
+    qsizetype m_gatheredSize = 0; ///< characters
     std::optional<std::chrono::steady_clock::time_point> m_gatheringSince;
 };

@@ -43,7 +43,7 @@ void FileSync::failed(const FolderView& view, const std::filesystem::path& name,
     m_run.Failed(view.Handle()->Path() / name, error);
 }
 
-bool FileSync::takesPart(const FolderView& view, const FolderEntry& entry) {
+bool FileSync::takesPart(FolderView& view, const FolderEntry& entry) {
     if (entry.facts.kind == EntryKind::Unknown)
         failed(view, entry.name, entry.facts.error);
     return entry.facts.kind == EntryKind::File &&

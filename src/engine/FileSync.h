@@ -37,7 +37,7 @@ class FileSync final {
     void transfer(const Decided& file);
     [[nodiscard]] bool mayTouch(const Decided& file);
     [[nodiscard]] bool isAsDecided(const Decided& file);
-    [[nodiscard]] bool takesPart(const FolderView& view, const FolderEntry& entry);
+    [[nodiscard]] bool takesPart(FolderView& view, const FolderEntry& entry);
     void failed(const FolderView& view, const std::filesystem::path& name, std::error_code error);
 
     SyncRun& m_run;

@@ -38,10 +38,11 @@ QString foldedText(const std::filesystem::path& name) {
 } // namespace
 
 FolderView::FolderView(std::shared_ptr<Folder> folder, const Interruptions& interruptions)
-    : m_folder(std::move(folder)), m_pathPrefix(modNativePath::ToText(m_folder->Path() / "")),
-      m_interruptions(interruptions) {}
+    : m_folder(std::move(folder)), m_interruptions(interruptions) {}
 
-QString FolderView::PathOf(const std::filesystem::path& name) const {
+QString FolderView::PathOf(const std::filesystem::path& name) {
+    if (m_pathPrefix.isEmpty())
+        m_pathPrefix = modNativePath::ToText(m_folder->Path() / "");
     return m_pathPrefix + modNativePath::ToText(name);
 }
 

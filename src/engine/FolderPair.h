@@ -23,7 +23,11 @@ class FolderView final {
     [[nodiscard]] const std::vector<FolderEntry>& Entries() const { return m_entries; }
 
     /// The full path of an entry, as text for people.
-    [[nodiscard]] QString PathOf(const std::filesystem::path& name) const;
+    [[nodiscard]] QString PathOf(const std::filesystem::path& name);
+
+    /// Frees what PathOf has worked out. To be called before the walk goes deeper: a whole path at every level would
+    /// take memory with the square of the depth.
+    void ForgetPath() { m_pathPrefix.clear(); }
 
     /// The entry as it is now: from the listing as long as nothing else could run since, else looked at again. What the
     /// listing lacks is always looked for: a disk that folds letter case finds it under another spelling.
@@ -43,7 +47,7 @@ class FolderView final {
     [[nodiscard]] std::optional<FileFacts> lookAgain(const std::filesystem::path& name) const;
 
     std::shared_ptr<Folder> m_folder;
-    QString m_pathPrefix; ///< with a separator at its end
+    QString m_pathPrefix; ///< with a separator at its end; empty until it is needed
     const Interruptions& m_interruptions;
     std::vector<FolderEntry> m_entries;
     std::vector<FolderEntry> m_staged;

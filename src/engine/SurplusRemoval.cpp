@@ -34,26 +34,26 @@ void SurplusRemoval::DeleteTree() {
 
 std::shared_ptr<Folder> SurplusRemoval::open(Folder& parent, const FolderEntry& entry,
                                              std::vector<FolderEntry>& entries) {
-    const std::filesystem::path path = parent.Path() / entry.name;
+    const auto path = [&] { return parent.Path() / entry.name; };
     std::error_code error;
     std::shared_ptr<Folder> folder = parent.OpenChild(entry, error);
     // Checked before listing: the files of another file system are not surplus of this tree.
     if (folder && (folder->Mount() != parent.Mount() || folder->Id().device != parent.Id().device)) {
-        m_run.Line(m_run.Tools().texts.OtherMount(ToText(path)));
+        m_run.Line(m_run.Tools().texts.OtherMount(ToText(path())));
         return nullptr;
     }
     if (folder)
         error = folder->List(entries);
     if (!error)
         return folder;
-    m_run.Failed(path, error);
+    m_run.Failed(path(), error);
     return nullptr;
 }
 
 void SurplusRemoval::emptyFolder(Folder& parent, const FolderEntry& entry, int depth) {
-    const std::filesystem::path path = parent.Path() / entry.name;
+    const auto path = [&] { return parent.Path() / entry.name; };
     if (depth > Folder::MostLevels)
-        return m_run.Refuse(m_run.Tools().texts.TooDeep(ToText(path)));
+        return m_run.Refuse(m_run.Tools().texts.TooDeep(ToText(path())));
     std::vector<FolderEntry> entries;
     const std::shared_ptr<Folder> folder = open(parent, entry, entries);
     if (!folder || m_run.IsRootOrAbove(folder->Id()))
@@ -69,15 +69,15 @@ void SurplusRemoval::emptyFolder(Folder& parent, const FolderEntry& entry, int d
         else if (inner.facts.kind == EntryKind::File)
             deleteFile(*folder, inner);
         else if (inner.facts.kind == EntryKind::Unknown)
-            m_run.Failed(path / inner.name, inner.facts.error);
+            m_run.Failed(path() / inner.name, inner.facts.error);
         m_run.Progress(0);
     }
     if (!mayDelete() || folder->List(entries) || !entries.empty())
         return;
     if (m_run.Filter().IsActive())
-        m_run.Line(m_run.Tools().texts.DeletingFolder(ToText(path)));
+        m_run.Line(m_run.Tools().texts.DeletingFolder(ToText(path())));
     if (const std::error_code failed = parent.DeleteEmptyFolder(entry.name))
-        m_run.Failed(path, failed);
+        m_run.Failed(path(), failed);
 }
 
 void SurplusRemoval::deleteFile(Folder& folder, const FolderEntry& entry) {

@@ -235,7 +235,6 @@ void SyncRun::SyncFolders(FolderPair& pair) {
 }
 
 void SyncRun::syncFolder(FolderPair& pair, const FolderEntry& entry) {
-    const std::filesystem::path path = pair.source.Handle()->Path() / entry.name;
     std::error_code error;
     const std::optional<FileFacts> found = pair.destination.Handle()->Stat(entry.name, error);
     if (!found && !error)
@@ -248,7 +247,7 @@ void SyncRun::syncFolder(FolderPair& pair, const FolderEntry& entry) {
         error = std::make_error_code(std::errc::not_a_directory);
     }
     if (error)
-        Failed(path, error);
+        Failed(pair.source.Handle()->Path() / entry.name, error);
 }
 
 void SyncRun::transferFolder(FolderPair& pair, const FolderEntry& entry) {
@@ -268,19 +267,21 @@ void SyncRun::transferFolder(FolderPair& pair, const FolderEntry& entry) {
 }
 
 void SyncRun::walkInto(FolderPair& pair, const FolderEntry& source, const FolderEntry& destination) {
-    const std::filesystem::path path = pair.destination.Handle()->Path() / destination.name;
+    const auto path = [&] { return pair.destination.Handle()->Path() / destination.name; };
     // Work there would take the source itself for the destination's surplus.
     if (IsRootOrAbove(destination.facts.id))
-        return Refuse(m_tools.texts.NestedRoot(ToText(path)));
+        return Refuse(m_tools.texts.NestedRoot(ToText(path())));
     std::error_code error;
     auto from = pair.source.Handle()->OpenChild(source, error);
     auto to = from ? pair.destination.Handle()->OpenChild(destination, error) : nullptr;
     if (to) {
+        pair.source.ForgetPath();
+        pair.destination.ForgetPath();
         if (!SyncFilesAndFolders(std::move(from), std::move(to), pair.depth + 1))
             transferFolder(pair, source);
         return;
     }
-    Failed(from ? path : pair.source.Handle()->Path() / source.name, error);
+    Failed(from ? path() : pair.source.Handle()->Path() / source.name, error);
     // What is listed there now belongs to another folder, for example to an empty mount point.
     if (error == std::errc::resource_unavailable_try_again)
         End(RunEnd::FolderExchanged);

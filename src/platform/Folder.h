@@ -31,7 +31,7 @@ class Folder {
     virtual ~Folder() = default;
 
     /// The absolute path it was opened by, for log lines.
-    [[nodiscard]] virtual const std::filesystem::path& Path() const = 0;
+    [[nodiscard]] virtual std::filesystem::path Path() const = 0;
     [[nodiscard]] virtual FileId Id() const = 0;
 
     /// Every entry except "." and ".." and the program's own temporary files, sorted by name (bytes). On an error the

@@ -86,7 +86,7 @@ fs::path AtomicFile::FolderOf(const fs::path& file) {
 
 std::shared_ptr<Folder> AtomicFile::OpenFolderOf(const fs::path& file, std::error_code& error) {
     const fs::path folder = FolderOf(file);
-    return LinuxFolder::Open(AT_FDCWD, folder.c_str(), folder, true, error);
+    return LinuxFolder::Open(AT_FDCWD, folder.c_str(), std::make_shared<FolderPlace>(folder), true, error);
 }
 
 std::error_code AtomicFile::Replace(const fs::path& file, const QByteArray& bytes, mode_t newMode) {

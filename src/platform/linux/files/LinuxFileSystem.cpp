@@ -79,7 +79,9 @@ class LinuxFileSystem final : public FileSystem {
             return nullptr;
         }
         const std::filesystem::path absolute = std::filesystem::absolute(path, error);
-        return error ? nullptr : LinuxFolder::Open(AT_FDCWD, absolute.c_str(), absolute, true, error);
+        return error ? nullptr
+                     : LinuxFolder::Open(AT_FDCWD, absolute.c_str(), std::make_shared<FolderPlace>(absolute), true,
+                                         error);
     }
     std::unique_ptr<FileTransfer> NewTransfer(TransferObserver& observer) override {
         return std::make_unique<LinuxFileTransfer>(observer);

@@ -101,8 +101,21 @@ std::error_code readEntryFacts(int folder, const char* name, std::uint64_t devic
 
 } // namespace
 
-std::shared_ptr<LinuxFolder> LinuxFolder::Open(int at, const char* name, std::filesystem::path path, bool followLink,
-                                               std::error_code& error) {
+std::filesystem::path FolderPlace::Whole() const {
+    std::vector<const FolderPlace*> up;
+    for (const FolderPlace* place = this; place != nullptr; place = place->m_parent.get())
+        up.push_back(place);
+    std::string whole;
+    for (; !up.empty(); up.pop_back()) {
+        if (!whole.empty() && whole.back() != '/')
+            whole += '/';
+        whole += up.back()->m_name.native();
+    }
+    return whole;
+}
+
+std::shared_ptr<LinuxFolder> LinuxFolder::Open(int at, const char* name, std::shared_ptr<const FolderPlace> place,
+                                               bool followLink, std::error_code& error) {
     error.clear();
     const int flags = O_RDONLY | O_DIRECTORY | O_CLOEXEC | (followLink ? 0 : O_NOFOLLOW);
     FileDescriptor descriptor(::openat(at, name, flags));
@@ -111,11 +124,11 @@ std::shared_ptr<LinuxFolder> LinuxFolder::Open(int at, const char* name, std::fi
         error = LastError();
         return nullptr;
     }
-    return std::make_shared<LinuxFolder>(std::move(descriptor), std::move(path), idOf(status));
+    return std::make_shared<LinuxFolder>(std::move(descriptor), std::move(place), idOf(status));
 }
 
-LinuxFolder::LinuxFolder(FileDescriptor descriptor, std::filesystem::path path, FileId id)
-    : m_descriptor(std::move(descriptor)), m_path(std::move(path)), m_id(id),
+LinuxFolder::LinuxFolder(FileDescriptor descriptor, std::shared_ptr<const FolderPlace> place, FileId id)
+    : m_descriptor(std::move(descriptor)), m_place(std::move(place)), m_id(id),
       m_timeStep(timeStepOf(m_descriptor.Get())) {}
 
 bool LinuxFolder::IsPlainName(const std::filesystem::path& name) {
@@ -197,7 +210,8 @@ std::shared_ptr<Folder> LinuxFolder::OpenChild(const FolderEntry& entry, std::er
         error = ErrorOf(EINVAL);
         return nullptr;
     }
-    auto child = Open(Descriptor(), entry.name.c_str(), m_path / entry.name, false, error);
+    auto child =
+        Open(Descriptor(), entry.name.c_str(), std::make_shared<FolderPlace>(m_place, entry.name), false, error);
     if (child && child->Id() != entry.facts.id) {
         error = ErrorOf(EAGAIN);
         child.reset();
@@ -243,7 +257,7 @@ std::vector<FileId> LinuxFolder::Ancestors() const {
 
 bool LinuxFolder::StillThere() const {
     struct stat status {};
-    return ::stat(m_path.c_str(), &status) == 0 && S_ISDIR(status.st_mode) && idOf(status) == m_id;
+    return ::stat(Path().c_str(), &status) == 0 && S_ISDIR(status.st_mode) && idOf(status) == m_id;
 }
 
 bool LinuxFolder::PassesOnRights() const {

@@ -8,14 +8,29 @@
 
 #include <string>
 
+/// The path of a folder, link by link: in a deep tree, a whole path at every level would take memory with the square of
+/// the depth.
+class FolderPlace final {
+  public:
+    explicit FolderPlace(std::filesystem::path path) : m_name(std::move(path)) {}
+    FolderPlace(std::shared_ptr<const FolderPlace> parent, std::filesystem::path name)
+        : m_parent(std::move(parent)), m_name(std::move(name)) {}
+
+    [[nodiscard]] std::filesystem::path Whole() const;
+
+  private:
+    std::shared_ptr<const FolderPlace> m_parent;
+    std::filesystem::path m_name;
+};
+
 class LinuxFolder final : public Folder {
   public:
     /// Opens `name` in the folder of the descriptor `at` (AT_FDCWD for a path). Null with the reason.
-    [[nodiscard]] static std::shared_ptr<LinuxFolder> Open(int at, const char* name, std::filesystem::path path,
-                                                           bool followLink, std::error_code& error);
-    LinuxFolder(FileDescriptor descriptor, std::filesystem::path path, FileId id);
+    [[nodiscard]] static std::shared_ptr<LinuxFolder>
+    Open(int at, const char* name, std::shared_ptr<const FolderPlace> place, bool followLink, std::error_code& error);
+    LinuxFolder(FileDescriptor descriptor, std::shared_ptr<const FolderPlace> place, FileId id);
 
-    const std::filesystem::path& Path() const override { return m_path; }
+    std::filesystem::path Path() const override { return m_place->Whole(); }
     FileId Id() const override { return m_id; }
     std::error_code List(std::vector<FolderEntry>& entries) const override;
     std::optional<FileFacts> Stat(const std::filesystem::path& name, std::error_code& error) const override;
@@ -42,7 +57,7 @@ class LinuxFolder final : public Folder {
     [[nodiscard]] bool isLeftover(const std::string& name) const;
 
     FileDescriptor m_descriptor;
-    std::filesystem::path m_path;
+    std::shared_ptr<const FolderPlace> m_place;
     FileId m_id;
     std::int64_t m_timeStep;
     mutable std::optional<std::vector<std::string>> m_temporaries; ///< seen by the last listing

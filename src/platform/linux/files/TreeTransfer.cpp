@@ -31,11 +31,9 @@ std::error_code TreeTransfer::enter(const std::shared_ptr<Folder>& source, const
         return ErrorOf(ELOOP);
     StagedFolder folder;
     std::error_code error;
-    folder.source = open(*source, entry.name, error);
+    folder.source = open(*source, entry, error);
     if (!folder.source)
         return error;
-    if (folder.source->Id() != entry.facts.id)
-        return ErrorOf(EAGAIN);
     if (m_excluded.contains(folder.source->Id()) || m_made.contains(folder.source->Id()))
         return {};
     // List before creating anything: the new folder must not turn up in its own source.
@@ -92,13 +90,12 @@ void TreeTransfer::transferEntry(const StagedFolder& folder, const FolderEntry& 
 }
 
 /// Staged files hold descriptors: flush them before giving up a folder for lack of one.
-std::shared_ptr<Folder> TreeTransfer::open(const Folder& parent, const std::filesystem::path& name,
-                                           std::error_code& error) {
-    auto folder = LinuxFolder::Open(parent.Descriptor(), name.c_str(), parent.Path() / name, false, error);
+std::shared_ptr<Folder> TreeTransfer::open(const Folder& parent, const FolderEntry& entry, std::error_code& error) {
+    auto folder = parent.OpenChild(entry, error);
     if (folder || m_queue.IsEmpty() || (error != ErrorOf(EMFILE) && error != ErrorOf(ENFILE)))
         return folder;
     m_queue.Flush();
-    return LinuxFolder::Open(parent.Descriptor(), name.c_str(), parent.Path() / name, false, error);
+    return parent.OpenChild(entry, error);
 }
 
 std::error_code TreeTransfer::makeOrResume(const Folder& parent, const std::filesystem::path& name,
@@ -111,11 +108,12 @@ std::error_code TreeTransfer::makeOrResume(const Folder& parent, const std::file
     if (making && making != ErrorOf(EEXIST))
         return making;
     std::error_code error;
-    folder.destination = open(parent, name, error);
-    if (making && !folder.destination)
-        return making;
+    if (const std::optional<FileFacts> made = parent.Stat(name, error))
+        folder.destination = open(parent, {name, *made}, error);
+    else if (!error)
+        error = ErrorOf(ENOENT);
     if (!folder.destination)
-        return error;
+        return making ? making : error;
     if (isResumed && !folder.destination->RemoveLeftovers().isNewFolder && !m_isInResumed)
         return making;
     folder.mark = m_queue.MarkNew(folder.destination);

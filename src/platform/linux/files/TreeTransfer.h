@@ -21,8 +21,7 @@ class TreeTransfer final {
   private:
     [[nodiscard]] std::error_code enter(const std::shared_ptr<Folder>& source,
                                         const std::shared_ptr<Folder>& destination, const FolderEntry& entry);
-    [[nodiscard]] std::shared_ptr<Folder> open(const Folder& parent, const std::filesystem::path& name,
-                                               std::error_code& error);
+    [[nodiscard]] std::shared_ptr<Folder> open(const Folder& parent, const FolderEntry& entry, std::error_code& error);
     [[nodiscard]] std::error_code makeOrResume(const Folder& parent, const std::filesystem::path& name,
                                                StagedFolder& folder, bool& isResumed);
     void transferEntries(const StagedFolder& folder, const std::vector<FolderEntry>& entries, bool isResumed);
