@@ -1,12 +1,14 @@
 #!/usr/bin/env python3
 """Times one run of an activity by kalvenor-run against cp -a and rsync -a on the same tree, taking turns, in one go.
 
-usage: compare.py KALVENOR_RUN FOLDER [--before KALVENOR_RUN] [--files N] [--big MIB] [--rounds N]
+usage: compare.py KALVENOR_RUN FOLDER [--before KALVENOR_RUN] [--floor PROGRAM] [--files N] [--big MIB] [--rounds N]
 
 FOLDER should lie on a quiet file system of its own (a loop-mounted image, a tmpfs); everything is made and removed
-below FOLDER/kalvenor-bench. Prints medians and their ratio to cp -a (rsync -a where cp has no such job).
+below FOLDER/kalvenor-bench. Prints medians and their ratio to the floor, or to cp -a (rsync -a where cp has no such
+job). PROGRAM is called as "PROGRAM copy|mirror SOURCE TARGET" and does the least that the job needs.
 """
 import argparse
+import functools
 import os
 import pathlib
 import random
@@ -18,7 +20,7 @@ import time
 ACTIVITY = """<?xml version="1.0" encoding="ISO-8859-1"?>
 <items><Bench><sourcedir>{source}</sourcedir><targetdir>{target}</targetdir><type>0</type><intervall>60</intervall>
 <action>{action}</action><overwrite>Y</overwrite><onlynew>Y</onlynew><includesubdirs>Y</includesubdirs>
-<activ>1</activ><exceedtime></exceedtime></Bench></items>
+<logfile>{log}</logfile><activ>1</activ><exceedtime></exceedtime></Bench></items>
 """
 
 
@@ -52,11 +54,14 @@ def mutate(root):
         path.unlink()
 
 
-def timed(command, environment):
+def timed(command, environment, target):
+    """Seconds until the command has ended, and until everything is on disk."""
     os.sync()
     begin = time.monotonic()
     subprocess.run(command, check=True, env=environment, stdout=subprocess.DEVNULL)
-    return time.monotonic() - begin
+    ended = time.monotonic() - begin
+    subprocess.run(["sync", "-f", str(target)], check=True)
+    return ended, time.monotonic() - begin
 
 
 def main():
@@ -64,6 +69,7 @@ def main():
     parser.add_argument("program", type=pathlib.Path)
     parser.add_argument("folder", type=pathlib.Path)
     parser.add_argument("--before", type=pathlib.Path, help="an older build, measured in the same rounds")
+    parser.add_argument("--floor", type=pathlib.Path, help="a program that does the least")
     parser.add_argument("--files", type=int, default=20000)
     parser.add_argument("--big", type=int, default=1024, metavar="MIB")
     parser.add_argument("--rounds", type=int, default=5)
@@ -81,21 +87,32 @@ def main():
     subprocess.run(["cp", "-a", source, changed], check=True)
     mutate(changed)
 
-    def kalvenor(program, from_folder, target, action):
-        target.mkdir(exist_ok=True)
+    def kalvenor(program, job, origin, target):
         activity = base / f"{target.name}.kvd"
-        activity.write_text(ACTIVITY.format(source=from_folder, target=target, action=action))
+        log = base / f"{target.name}.log" if "log" in job else ""
+        action = 3 if "mirror" in job else 0
+        activity.write_text(ACTIVITY.format(source=origin, target=target, action=action, log=log))
         return [str(program.resolve()), str(activity)]
 
-    peers = {
-        "kalvenor": lambda origin, target, mirror: kalvenor(options.program, origin, target, 3 if mirror else 0),
-        "before": lambda origin, target, mirror: kalvenor(options.before, origin, target, 3 if mirror else 0),
-        "rsync -a": lambda origin, target, mirror: ["rsync", "-a", *(["--delete"] if mirror else []), f"{origin}/", f"{target}/"],
-        "cp -a": lambda origin, target, mirror: None if mirror else ["cp", "-au", f"{origin}/.", str(target)],
-    }
-    if not options.before:
-        del peers["before"]
-    jobs = [("first copy", source, False), ("unchanged", source, False), ("1 % changed, mirror", changed, True)]
+    def rsync(job, origin, target):
+        return ["rsync", "-a", *(["--delete"] if "mirror" in job else []), f"{origin}/", f"{target}/"]
+
+    def copy(job, origin, target):
+        return None if "mirror" in job else ["cp", "-au", f"{origin}/.", str(target)]
+
+    def floor(job, origin, target):
+        return [str(options.floor.resolve()), "mirror" if "mirror" in job else "copy", str(origin), str(target)]
+
+    peers = {"kalvenor": functools.partial(kalvenor, options.program)}
+    if options.before:
+        peers["before"] = functools.partial(kalvenor, options.before)
+    if options.floor:
+        peers["floor"] = floor
+    for name, command in (("rsync -a", rsync), ("cp -a", copy)):
+        if shutil.which(name.split()[0]):
+            peers[name] = command
+    jobs = [("first copy", source), ("unchanged", source), ("unchanged, with log", source),
+            ("1 % changed, mirror", changed)]
     times, order = {}, list(peers.items())
     for number in range(options.rounds):
         first = number % len(peers)  # whoever follows another finds the disk differently busy
@@ -103,13 +120,17 @@ def main():
             target = base / ("target-" + peer.split()[0])
             shutil.rmtree(target, ignore_errors=True)
             target.mkdir()
-            for job, origin, mirror in jobs:
-                words = command(origin, target, mirror)
-                if words:
-                    times.setdefault(job, {}).setdefault(peer, []).append(timed(words, environment))
-    for job, _, _ in jobs:
+            for job, origin in jobs:
+                words = command(job, origin, target)
+                if not words:
+                    continue
+                ended, on_disk = timed(words, environment, target)
+                times.setdefault(job, {}).setdefault(peer, []).append(ended)
+                if job == "first copy":
+                    times.setdefault(f"{job}, on disk", {}).setdefault(peer, []).append(on_disk)
+    for job in sorted(times):
         medians = {peer: statistics.median(values) for peer, values in times[job].items()}
-        yardstick = "cp -a" if "cp -a" in medians else "rsync -a"
+        yardstick = next(peer for peer in ("floor", "cp -a", "rsync -a", "kalvenor") if peer in medians)
         print(f"{job}:")
         for peer, median in medians.items():
             print(f"  {peer:10} {median:8.3f} s   {median / medians[yardstick]:.2f} x {yardstick}")
