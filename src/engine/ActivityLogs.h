@@ -61,8 +61,8 @@ class ActivityLogs final {
     Verdict m_applicationLog;
     Listener m_listener;
     QString m_gatheredLog;
-    QByteArray m_gatheredBytes;  ///< for m_gatheredLog
-    QStringList m_gatheredLines; ///< for the listener
+    QByteArray m_gatheredBytes;   ///< for m_gatheredLog
+    QStringList m_gatheredLines;  ///< for the listener
     qsizetype m_gatheredSize = 0; ///< characters
     std::optional<std::chrono::steady_clock::time_point> m_gatheringSince;
 };

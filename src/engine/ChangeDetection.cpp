@@ -40,6 +40,7 @@ RunOutcome ChangeDetection::process(const QString& name, RunStarter starter, New
     const auto destination = m_services.fileSystem.OpenFolder(modNativePath::Absolute(destinationText), error);
     if (source && destination && isHeld(identity, newDrive, *source, *destination))
         return {.failures = 1, .interrupted = true, .held = true};
+    m_services.runState.ForgetHeld(name);
     run.Started();
     m_tools.logs.SetActivityStatus(name, m_services.texts[Text::CheckingStarts]);
     m_tools.monitoring.CheckAllIdle();
@@ -68,6 +69,7 @@ bool ChangeDetection::isHeld(const RunIdentity& run, NewDrive newDrive, const Fo
         return false;
     const QString text = m_services.texts[Text::RunHeld].arg(*directory);
     m_services.list.SetText(run.name, ActivityList::Status, text);
+    m_services.runState.SetHeld(run.name, text);
     if (wasHeld)
         return true;
     m_tools.logs.SetActivityStatus(run.name, text);

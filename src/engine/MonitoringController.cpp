@@ -86,6 +86,7 @@ void MonitoringController::StartMonitoring() {
 
 void MonitoringController::StopMonitoring() {
     setOn(false);
+    m_services.runState.ForgetHeld();
     m_dueMarks.ClearDueMarks();
     m_dueMarks.ScheduleCheckedActivities();
     m_timers.tmrMonitoring.SetEnabled(false);
@@ -132,7 +133,9 @@ void MonitoringController::CheckAllIdle() {
     if (m_services.list.ListBusy())
         return;
     const QString idle = m_services.texts[Text::Idle];
-    const bool anyChecked = m_services.list.SetStatuses(m_on ? m_services.texts[Text::Active] : idle, idle);
+    const bool anyChecked =
+        m_on ? m_services.list.SetStatuses(m_services.texts[Text::Active], idle, m_services.runState.Held())
+             : m_services.list.SetStatuses(idle, idle);
     m_doneByRun = m_doneByRun && !anyChecked && m_services.file.IsLoaded();
     // While a run is on the stack its activity may be the one that was just taken out: it must end first. A list that
     // is empty because its file could not be loaded says nothing about the activities.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "RunFacts.h"
+#include <QHash>
 #include <QString>
 #include <cstdint>
 #include <utility>
@@ -54,6 +55,12 @@ class RunState final {
     /// Something is under way that must not be cut off, for example by switching the machine off.
     [[nodiscard]] bool Running() const { return m_depth > 0 || m_mails > 0; }
 
+    /// Activities whose run is held, and why.
+    void SetHeld(const QString& name, const QString& reason) { m_held[name] = reason; }
+    void ForgetHeld(const QString& name) { m_held.remove(name); }
+    void ForgetHeld() { m_held.clear(); }
+    [[nodiscard]] const QHash<QString, QString>& Held() const { return m_held; }
+
     /// The program is about to end: runs finish the current file, nothing new begins.
     void RequestEnd() { m_closing = true; }
     [[nodiscard]] bool Closing() const { return m_closing; }
@@ -65,6 +72,7 @@ class RunState final {
   private:
     RunProgress m_progress;
     QString m_lastProcessed;
+    QHash<QString, QString> m_held;
     int m_depth = 0;
     int m_mails = 0;
     bool m_closing = false;

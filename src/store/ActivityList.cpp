@@ -184,14 +184,15 @@ void ActivityList::setText(int row, Column column, const QString& text) {
     emitChanged(row, column, Qt::DisplayRole);
 }
 
-bool ActivityList::SetStatuses(const QString& ifChecked, const QString& otherwise) {
+bool ActivityList::SetStatuses(const QString& ifChecked, const QString& otherwise,
+                               const QHash<QString, QString>& instead) {
     bool isAnyChecked = false;
     // By index against the present count: whoever hears of a change may rebuild the list.
     for (int row = 0; row < Rows(); ++row) {
         const bool isChecked = IsChecked(row);
         isAnyChecked = isAnyChecked || isChecked;
         if (!IsNamesake(row))
-            setText(row, Status, isChecked ? ifChecked : otherwise);
+            setText(row, Status, isChecked ? instead.value(NameAt(row), ifChecked) : otherwise);
     }
     return isAnyChecked;
 }

@@ -43,8 +43,9 @@ class ActivityList final : public QAbstractTableModel {
 
     /// Changes by the program, never reported as a toggle by the user.
     void SetText(const QString& name, Column column, const QString& text);
-    /// Column Status of every row but namesakes, by its check mark. True when any row is checked.
-    bool SetStatuses(const QString& ifChecked, const QString& otherwise);
+    /// Column Status of every row but namesakes, by its check mark; a checked activity of `instead` shows its text
+    /// there. True when any row is checked.
+    bool SetStatuses(const QString& ifChecked, const QString& otherwise, const QHash<QString, QString>& instead = {});
     void SetChecked(const QString& name, bool checked);
 
     /// Takes an activity out of monitoring: unchecks it, and refills keep it unchecked.

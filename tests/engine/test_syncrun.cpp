@@ -355,6 +355,11 @@ class TestSyncRun final : public QObject {
             QVERIFY(fixture.Status(A).contains(fixture.Path(mounted)));
             QCOMPARE(fixture.Exists(u"dst/f"_qs), isMirror);
         }
+        fixture.program->Monitoring().StartMonitoring();
+        fixture.Pass(std::chrono::seconds(25));
+        QVERIFY(fixture.Status(A).contains(fixture.Path(mounted)));
+        fixture.program->Monitoring().StopMonitoring();
+        QCOMPARE(fixture.Exists(u"dst/f"_qs), isMirror);
         QCOMPARE(fixture.Read(u"app.log"_qs).count("The run is held"), 1);
         fill(true); // the former drive
         QVERIFY(fixture.program->RunNow(A).Succeeded());

@@ -21,7 +21,7 @@ struct FileJob {
 /// A copy that is complete but not yet in place.
 struct StagedFile {
     FileJob job;
-    struct stat sourceEntry {}; ///< the entry itself, also of a link, when its bytes had been copied
+    struct stat sourceEntry {}; ///< the entry itself, also of a link, before its bytes were copied
     TemporaryFile copy;
     unsigned batch = 0;     ///< the batch that was filling when its first byte was written
     bool syncAlone = false; ///< that batch has been synced: a sync of this one may not report an error of the file

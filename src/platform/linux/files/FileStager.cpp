@@ -166,13 +166,15 @@ std::error_code ByteCopier::copySegments(const Job& job, Methods& methods) {
 }
 
 std::error_code FileStager::Stage(const FileJob& job, StagedFile& staged) {
+    // Before it is followed: a link that is exchanged later leads to something else.
+    if (job.facts.isLink &&
+        ::fstatat(job.source->Descriptor(), job.name.c_str(), &staged.sourceEntry, AT_SYMLINK_NOFOLLOW) != 0)
+        return LastError();
     const int followLink = job.facts.isLink ? 0 : O_NOFOLLOW;
     const FileDescriptor source(::openat(job.source->Descriptor(), job.name.c_str(),
                                          O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC | followLink));
-    if (!source.IsOpen())
-        return LastError();
     struct stat before {};
-    if (::fstat(source.Get(), &before) != 0)
+    if (!source.IsOpen() || ::fstat(source.Get(), &before) != 0)
         return LastError();
     if (!IsUnchanged(job.facts, before))
         return ErrorOf(EAGAIN);
@@ -181,10 +183,8 @@ std::error_code FileStager::Stage(const FileJob& job, StagedFile& staged) {
         return error;
     if (const std::error_code error = copyInto(job, source.Get(), before, copy))
         return error;
-    staged.sourceEntry = before;
-    if (job.facts.isLink &&
-        ::fstatat(job.source->Descriptor(), job.name.c_str(), &staged.sourceEntry, AT_SYMLINK_NOFOLLOW) != 0)
-        return LastError();
+    if (!job.facts.isLink)
+        staged.sourceEntry = before;
     staged.job = job;
     staged.copy = std::move(copy);
     return {};
