@@ -311,17 +311,20 @@ class TestSyncRun final : public QObject {
     void aMissingDriveHoldsTheRun_data() {
         QTest::addColumn<QString>("action");
         QTest::addColumn<QString>("mounted");
-        QTest::newRow("source of a mirror") << u"3"_qs << u"src"_qs;
-        QTest::newRow("destination of a move") << u"1"_qs << u"dst"_qs;
+        QTest::addColumn<QString>("alert"); // the drive is pulled while the box is shown
+        QTest::newRow("source of a mirror") << u"3"_qs << u"src"_qs << u"N"_qs;
+        QTest::newRow("destination of a move") << u"1"_qs << u"dst"_qs << u"N"_qs;
+        QTest::newRow("destination, pulled during the last run") << u"1"_qs << u"dst"_qs << u"Y"_qs;
     }
     void aMissingDriveHoldsTheRun() {
         QFETCH(QString, action);
         QFETCH(QString, mounted);
+        QFETCH(QString, alert);
         if (!m_mayMount)
             QSKIP("only an administrator can mount");
         ProgramFixture fixture;
         fixture.locks->place = fixture.Native(u"state"_qs);
-        fixture.Add(A, {{u"action"_qs, action}});
+        fixture.Add(A, {{u"action"_qs, action}, {u"alert"_qs, alert}});
         const fs::path drive = fixture.Folder(mounted).toStdString();
         const auto fill = [&](bool isThere) {
             if (isThere)
@@ -333,6 +336,12 @@ class TestSyncRun final : public QObject {
         fixture.Start();
         QVERIFY(fixture.ScratchFolder::Write(u"app.log"_qs, {}));
         QVERIFY(fixture.program->RunNow(A).Succeeded());
+        if (alert == u"Y") {
+            fixture.Write(u"src/f"_qs, "2");
+            fixture.prompter.onAsk = [&drive](const Message&) { ::umount2(drive.c_str(), MNT_DETACH); };
+            QVERIFY(fixture.program->RunNow(A).Succeeded());
+            fixture.prompter.onAsk = nullptr;
+        }
         ::umount2(drive.c_str(), MNT_DETACH);
         const bool isMirror = action == u"3";
         fill(false);
