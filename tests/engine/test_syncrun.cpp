@@ -307,6 +307,22 @@ class TestSyncRun final : public QObject {
         QVERIFY(fixture.Exists(u"src/equal"_qs)); // no move was interrupted: it is not newer
     }
 
+    // It could be another tree's: that nothing was deleted must not look like a good run.
+    void nothingIsDeletedOnAnUnknownMount() {
+        ProgramFixture fixture;
+        fixture.Add(A, {{u"action"_qs, u"3"_qs}});
+        fixture.Write(u"dst/surplus"_qs, "1");
+        const pid_t child = ::fork();
+        if (child == 0)
+            ::_exit(SystemCallFault::Install({{SYS_statx, EIO}}) ? fixture.Start().RunNow(A).failures : 99);
+        int status = 0;
+        ::waitpid(child, &status, 0);
+        if (WEXITSTATUS(status) == 99)
+            QSKIP("the kernel filters no system calls");
+        QCOMPARE(WEXITSTATUS(status), 1);
+        QVERIFY(fixture.Exists(u"dst/surplus"_qs));
+    }
+
     // With its drive unmounted, an empty source would empty the mirror, and a move would fill the bare mount point.
     void aMissingDriveHoldsTheRun_data() {
         QTest::addColumn<QString>("action");
