@@ -35,7 +35,10 @@ class Result(NamedTuple):
     @property
     def complains(self):
         """A run that began writes lines about its work, too."""
-        return self.code > 1 and bool(self.output.strip()) or any(COMPLAINT.search(re.sub(r"'.*'", "", line)) for line in self.output.splitlines())
+        if self.code > 1:
+            return bool(self.output.strip())
+        lines = (line.removeprefix("Activity 'A' - ") for line in self.output.splitlines())
+        return any(COMPLAINT.search(re.sub(r"'.*'", "", line)) for line in lines)
 
 
 class Program:
