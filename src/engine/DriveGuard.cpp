@@ -69,6 +69,8 @@ std::optional<QString> DriveGuard::Hold(const RunIdentity& run, const Folder& so
 void DriveGuard::Remember(const RunIdentity& run, const Folder& source, const Folder& destination) {
     m_held.erase(keyOf(run));
     const DriveFacts to = destination.Drive();
+    if (to.mountPoint.empty() && !load(run)[run.name][mountKey].toString().isEmpty())
+        return; // pulled during the run: what was known of it before holds the next one
     const QJsonObject now{{fromKey, run.source},
                           {toKey, run.destination},
                           {sourceKey, textOf(source.Drive().identity)},

@@ -38,7 +38,9 @@ std::shared_ptr<Folder> SurplusRemoval::open(Folder& parent, const FolderEntry& 
     std::error_code error;
     std::shared_ptr<Folder> folder = parent.OpenChild(entry, error);
     // Checked before listing: the files of another file system are not surplus of this tree.
-    if (folder && (folder->Mount() != parent.Mount() || folder->Id().device != parent.Id().device)) {
+    if (folder && !m_run.IsOnMount(*folder, parent.Mount()))
+        return nullptr;
+    if (folder && folder->Id().device != parent.Id().device) { // a subvolume
         m_run.Line(m_run.Tools().texts.OtherMount(ToText(path())));
         return nullptr;
     }

@@ -198,13 +198,20 @@ bool SyncRun::SyncFilesAndFolders(std::shared_ptr<Folder> source, std::shared_pt
     FolderPair pair(std::move(source), std::move(destination), depth, m_tools.interruptions);
     const bool isMirror = Rules().action == FileAction::Mirror;
     pair.hasUnfinishedMoves = unfinished.hasMoves;
-    pair.mayDelete = isMirror && pair.destination.Handle()->Mount() == m_destinationMount;
-    if (isMirror && !pair.mayDelete)
-        Line(m_tools.texts.OtherMount(ToText(pair.destination.Handle()->Path())));
+    pair.mayDelete = isMirror && IsOnMount(*pair.destination.Handle(), m_destinationMount);
     SyncFiles(pair);
     if (!Over() && m_tools.services.file.Read(Name(), ActivityField::IncludeSubdirs) == u"Y")
         SyncFolders(pair);
     return true;
+}
+
+bool SyncRun::IsOnMount(const Folder& folder, std::optional<std::uint64_t> mount) {
+    const std::optional<std::uint64_t> found = folder.Mount();
+    if (!found || !mount)
+        Failed(folder.Path(), std::make_error_code(std::errc::io_error));
+    else if (found != mount)
+        Line(m_tools.texts.OtherMount(ToText(folder.Path())));
+    return found && found == mount;
 }
 
 void SyncRun::SyncFiles(FolderPair& pair) {

@@ -58,6 +58,9 @@ class SyncRun final : public TransferObserver {
     /// True while a mirror may delete: the run goes on and both roots are where they were. Else ends the run.
     [[nodiscard]] bool MayDelete();
 
+    /// False, with a line, for a folder on another mount or where that cannot be known: nothing is deleted there.
+    [[nodiscard]] bool IsOnMount(const Folder& folder, std::optional<std::uint64_t> mount);
+
     /// True for an entry of the destination that the source lacks, now as when it was listed.
     [[nodiscard]] bool IsSurplus(FolderPair& pair, const FolderEntry& entry);
 
@@ -104,7 +107,7 @@ class SyncRun final : public TransferObserver {
     RunStarter m_starter;
     std::shared_ptr<Folder> m_source;
     std::shared_ptr<Folder> m_destination;
-    std::uint64_t m_destinationMount;
+    std::optional<std::uint64_t> m_destinationMount;
     std::set<FileId> m_roots;
     unsigned m_recordReadAt;
     FileRules m_rules;

@@ -50,9 +50,9 @@ class Folder {
     /// or unmounted there, say).
     [[nodiscard]] virtual std::shared_ptr<Folder> OpenChild(const FolderEntry& entry, std::error_code& error) const = 0;
 
-    /// The id of its mount, or of its device where the system has no such id. A bind mount differs from its parent
-    /// folder by nothing else.
-    [[nodiscard]] virtual std::uint64_t Mount() const = 0;
+    /// The id of its mount, or of its device where the system has no such id; nullopt when it does not answer. A bind
+    /// mount differs from its parent folder by nothing else.
+    [[nodiscard]] virtual std::optional<std::uint64_t> Mount() const = 0;
 
     [[nodiscard]] virtual DriveFacts Drive() const = 0;
 

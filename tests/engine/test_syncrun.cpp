@@ -320,21 +320,40 @@ class TestSyncRun final : public QObject {
         QVERIFY(fixture.Exists(u"src/equal"_qs)); // no move was interrupted: it is not newer
     }
 
+    // It could be another tree's: that nothing was deleted must not look like a good run.
+    void nothingIsDeletedOnAnUnknownMount() {
+        ProgramFixture fixture;
+        fixture.Add(A, {{u"action"_qs, u"3"_qs}});
+        fixture.Write(u"dst/surplus"_qs, "1");
+        const pid_t child = ::fork();
+        if (child == 0)
+            ::_exit(SystemCallFault::Install({{SYS_statx, EIO}}) ? fixture.Start().RunNow(A).failures : 99);
+        int status = 0;
+        ::waitpid(child, &status, 0);
+        if (WEXITSTATUS(status) == 99)
+            QSKIP("the kernel filters no system calls");
+        QCOMPARE(WEXITSTATUS(status), 1);
+        QVERIFY(fixture.Exists(u"dst/surplus"_qs));
+    }
+
     // With its drive unmounted, an empty source would empty the mirror, and a move would fill the bare mount point.
     void aMissingDriveHoldsTheRun_data() {
         QTest::addColumn<QString>("action");
         QTest::addColumn<QString>("mounted");
-        QTest::newRow("source of a mirror") << u"3"_qs << u"src"_qs;
-        QTest::newRow("destination of a move") << u"1"_qs << u"dst"_qs;
+        QTest::addColumn<QString>("alert"); // the drive is pulled while the box is shown
+        QTest::newRow("source of a mirror") << u"3"_qs << u"src"_qs << u"N"_qs;
+        QTest::newRow("destination of a move") << u"1"_qs << u"dst"_qs << u"N"_qs;
+        QTest::newRow("destination, pulled during the last run") << u"1"_qs << u"dst"_qs << u"Y"_qs;
     }
     void aMissingDriveHoldsTheRun() {
         QFETCH(QString, action);
         QFETCH(QString, mounted);
+        QFETCH(QString, alert);
         if (!m_mayMount)
             QSKIP("only an administrator can mount");
         ProgramFixture fixture;
         fixture.locks->place = fixture.Native(u"state"_qs);
-        fixture.Add(A, {{u"action"_qs, action}});
+        fixture.Add(A, {{u"action"_qs, action}, {u"alert"_qs, alert}});
         const fs::path drive = fixture.Folder(mounted).toStdString();
         const auto fill = [&](bool isThere) {
             if (isThere)
@@ -346,6 +365,12 @@ class TestSyncRun final : public QObject {
         fixture.Start();
         QVERIFY(fixture.ScratchFolder::Write(u"app.log"_qs, {}));
         QVERIFY(fixture.program->RunNow(A).Succeeded());
+        if (alert == u"Y") {
+            fixture.Write(u"src/f"_qs, "2");
+            fixture.prompter.onAsk = [&drive](const Message&) { ::umount2(drive.c_str(), MNT_DETACH); };
+            QVERIFY(fixture.program->RunNow(A).Succeeded());
+            fixture.prompter.onAsk = nullptr;
+        }
         ::umount2(drive.c_str(), MNT_DETACH);
         const bool isMirror = action == u"3";
         fill(false);

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <fcntl.h>
 #include <linux/magic.h>
+#include <sys/stat.h>
 #include <sys/utsname.h>
 #include <sys/vfs.h>
 #include <unistd.h>
@@ -53,6 +54,18 @@ SyncOfAll syncOfAll(int descriptor) {
 /// EINVAL: the file system has no disk, or does not sync folders because their names are durable at once.
 std::error_code resultOf(int answer) {
     return answer == 0 || errno == EINVAL ? std::error_code() : LastError();
+}
+
+/// A journal that has been given up no longer fails the sync of what was in it, but refuses every new change. So what
+/// was synced before is on disk when one more change, to a time of access, is taken and synced.
+std::error_code syncOneMoreChange(int file) {
+    struct stat status {};
+    if (::fstat(file, &status) != 0)
+        return LastError();
+    const std::array<struct timespec, 2> times{status.st_atim, {0, UTIME_OMIT}};
+    const bool isRefused = ::futimens(file, times.data()) != 0 && errno != EPERM && errno != EACCES &&
+                           errno != EINVAL && errno != ENOSYS && errno != EOPNOTSUPP;
+    return isRefused ? LastError() : resultOf(::fsync(file));
 }
 
 std::error_code syncFolder(const Folder& folder) {
@@ -124,7 +137,7 @@ void DiskSync::syncNames(std::uint64_t device, const Names& names, int point) {
     const int witness =
         names.files.empty() ? names.folders.back()->destination->Descriptor() : names.files.back()->copy.Descriptor();
     if (names.files.size() + names.folders.size() > fewFiles && !m_failed.contains(device) &&
-        syncTogether(device, point, witness))
+        syncTogether(device, point, witness) && !syncOneMoreChange(witness))
         return;
     std::map<FileId, std::error_code> folders;
     const auto folderResult = [&folders](const Folder& folder) {
@@ -140,6 +153,11 @@ void DiskSync::syncNames(std::uint64_t device, const Names& names, int point) {
     }
     for (StagedFolder* folder : names.folders)
         folder->error = folderResult(*folder->destination);
+    const std::error_code error = syncOneMoreChange(witness);
+    for (StagedFile* file : names.files)
+        file->error = file->error ? file->error : error;
+    for (StagedFolder* folder : names.folders)
+        folder->error = folder->error ? folder->error : error;
 }
 
 std::error_code SyncFolders(const std::vector<std::shared_ptr<Folder>>& folders) {

@@ -219,11 +219,11 @@ std::shared_ptr<Folder> LinuxFolder::OpenChild(const FolderEntry& entry, std::er
     return child;
 }
 
-std::uint64_t LinuxFolder::Mount() const {
+std::optional<std::uint64_t> LinuxFolder::Mount() const {
     struct statx status {};
-    const bool isKnown = ::statx(Descriptor(), "", AT_EMPTY_PATH, STATX_MNT_ID, &status) == 0 &&
-                         (status.stx_mask & STATX_MNT_ID) != 0; // since Linux 5.8
-    return isKnown ? status.stx_mnt_id : m_id.device;
+    if (::statx(Descriptor(), "", AT_EMPTY_PATH, STATX_MNT_ID, &status) != 0)
+        return errno == ENOSYS ? std::optional(m_id.device) : std::nullopt;
+    return (status.stx_mask & STATX_MNT_ID) != 0 ? status.stx_mnt_id : m_id.device; // since Linux 5.8
 }
 
 std::error_code LinuxFolder::DeleteFile(const FolderEntry& entry) {

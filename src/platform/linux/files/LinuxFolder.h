@@ -35,7 +35,7 @@ class LinuxFolder final : public Folder {
     std::error_code List(std::vector<FolderEntry>& entries) const override;
     std::optional<FileFacts> Stat(const std::filesystem::path& name, std::error_code& error) const override;
     std::shared_ptr<Folder> OpenChild(const FolderEntry& entry, std::error_code& error) const override;
-    std::uint64_t Mount() const override;
+    std::optional<std::uint64_t> Mount() const override;
     DriveFacts Drive() const override { return DriveOf(Descriptor()); }
     std::error_code DeleteFile(const FolderEntry& entry) override;
     std::error_code DeleteEmptyFolder(const std::filesystem::path& name) override;

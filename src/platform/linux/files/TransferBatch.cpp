@@ -143,7 +143,7 @@ void TransferBatch::removeSources(TransferObserver& observer) {
             observer.Failed(file.job.SourcePath(), error);
     }
     for (WorkMark& mark : m_marks)
-        mark.Remove();
+        std::ignore = mark.Remove(); // the next run finds it where it looks anyway
 }
 
 void TransferBatch::finishFolders(TransferObserver& observer) {
@@ -152,9 +152,11 @@ void TransferBatch::finishFolders(TransferObserver& observer) {
             folder.mark.Abandon();
             continue;
         }
-        folder.mark.Remove();
-        std::error_code error =
-            Attributes::CopyToFolder(folder.source->Descriptor(), folder.status, folder.destination->Descriptor());
+        // A mark that stays keeps the folder in the source, or no later run would come by to remove it.
+        std::error_code error = folder.mark.Remove();
+        if (!error)
+            error =
+                Attributes::CopyToFolder(folder.source->Descriptor(), folder.status, folder.destination->Descriptor());
         if (!error && folder.removeSource)
             error = folder.sourceParent->DeleteEmptyFolder(folder.name);
         // Not empty: it holds entries that failed, which have been reported.

@@ -12,10 +12,11 @@ WorkMark::WorkMark(std::shared_ptr<Folder> folder, const ProcessMark& maker, Tem
         m_name.clear();
 }
 
-void WorkMark::Remove() {
-    if (!m_name.empty())
-        ::unlinkat(m_folder->Descriptor(), m_name.c_str(), 0);
+std::error_code WorkMark::Remove() {
+    if (!m_name.empty() && ::unlinkat(m_folder->Descriptor(), m_name.c_str(), 0) != 0 && errno != ENOENT)
+        return LastError();
     m_name.clear();
+    return {};
 }
 
 void WorkMark::Abandon() const {

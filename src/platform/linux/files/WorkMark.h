@@ -14,8 +14,8 @@ class WorkMark final {
 
     [[nodiscard]] const std::shared_ptr<Folder>& Parent() const { return m_folder; }
 
-    /// The work is finished.
-    void Remove();
+    /// The work is finished. May fail; then the mark is still there.
+    [[nodiscard]] std::error_code Remove();
 
     /// This process will not finish the work: leaves it to the next run.
     void Abandon() const;

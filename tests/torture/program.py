@@ -1,0 +1,123 @@
+"""One activity of its own, run by the real program in a home of its own, with faults at its system calls."""
+import errno
+import os
+import re
+import socket
+import subprocess
+from pathlib import Path
+from typing import NamedTuple
+
+PATIENCE = 120  # seconds; a run that takes longer hangs
+COMPLAINT = re.compile(r"fail|error|not found|changed|cannot|ended|stopped|held", re.IGNORECASE)
+
+# Calls that may fail, and how. What names no file (memory, clocks, waiting) is left alone.
+DISK_ERRORS = ["EIO", "ENOSPC", "EACCES", "EINTR", "EMFILE", "EDQUOT", "ESTALE", "EPERM", "EROFS", "ENOMEM"]
+CALLS = """openat openat openat close pread64 pwrite64 copy_file_range fsync fdatasync syncfs linkat renameat renameat2
+    unlinkat unlinkat mkdirat fchmod fchown utimensat newfstatat newfstatat fstat statx fstatfs getdents64 getdents64
+    flistxattr fgetxattr fsetxattr lseek fcntl ioctl clone3""".split()
+
+
+class Result(NamedTuple):
+    code: int  # negative: the signal that ended it
+    output: str
+    struck: list  # the faults that struck
+    calls: int = 0
+    stops: int = 0
+
+    @property
+    def was_killed(self):
+        return any(fault.startswith("kill@") for fault in self.struck)
+
+    @property
+    def was_ended(self):
+        return any(fault.startswith("term@") for fault in self.struck)
+
+    @property
+    def complains(self):
+        """A run that began writes lines about its work, too."""
+        if self.code > 1:
+            return bool(self.output.strip())
+        lines = (line.removeprefix("Activity 'A' - ") for line in self.output.splitlines())
+        return any(COMPLAINT.search(re.sub(r"'.*'", "", line)) for line in lines)
+
+
+class Program:
+    """`folder` gets the settings, the state and the activity file."""
+
+    def __init__(self, build, folder, source, destination, rules):
+        self.program = next(path for path in (build / "kalvenor-run", build / "src/app/kalvenor-run") if path.exists())
+        self.tracer = build / "torture_tracer"
+        self.folder, self.file = folder, folder / "jobs.kvd"
+        self.arm = os.path.commonpath([source, destination])
+        for name in ("config/Kalvenor", "data", "state", "run", "home"):
+            (folder / name).mkdir(parents=True)
+        (folder / "run").chmod(0o700)
+        (folder / "config/Kalvenor/Kalvenor.ini").write_text("[Options]\nAccepted=Yes\n")
+        fields = {"sourcedir": source, "targetdir": destination, "type": "0", "intervall": "10", "alert": "N",
+                  "allfiles": "0" if rules.extensions else "1", "activ": "1", "exceedtime": "10", **rules._asdict()}
+        record = "".join(f"<{name}>{value}</{name}>" for name, value in fields.items())
+        self.file.write_text(f'<?xml version="1.0" encoding="ISO-8859-1"?>\n<items><A>{record}</A></items>\n')
+        self.environment = {
+            "PATH": os.environ["PATH"], "HOME": str(folder / "home"), "LANG": "C.UTF-8", "LANGUAGE": "en",
+            "XDG_CONFIG_HOME": str(folder / "config"), "XDG_DATA_HOME": str(folder / "data"),
+            "XDG_STATE_HOME": str(folder / "state"), "XDG_RUNTIME_DIR": str(folder / "run"),
+            "ASAN_OPTIONS": "detect_leaks=0", "UBSAN_OPTIONS": "print_stacktrace=1:halt_on_error=1"}
+
+    def run(self, faults=(), on_stop=None):
+        command = [str(self.program), str(self.file), "A"]
+        if not faults:
+            return self.__wait(command, [], None, None)
+        ours, theirs = socket.socketpair()
+        with ours, theirs:
+            command = [str(self.tracer), str(theirs.fileno()), self.arm, *faults, "--", *command]
+            return self.__wait(command, [theirs], ours, on_stop)
+
+    def __wait(self, command, handed, talk, on_stop):
+        struck, calls, stops = [], 0, 0
+        with open(self.folder / "output", "w+b") as output:
+            process = subprocess.Popen(command, env=self.environment, stdin=subprocess.DEVNULL, stdout=output,
+                                       stderr=subprocess.STDOUT, pass_fds=[one.fileno() for one in handed])
+            for one in handed:
+                one.close()
+            try:
+                if talk:
+                    talk.settimeout(PATIENCE)
+                    for line in talk.makefile("r"):
+                        word, value = line.split()
+                        if word == "stop":
+                            stops += 1
+                            on_stop(int(value))
+                            talk.send(b"g")
+                        elif word == "did":
+                            struck.append(value)
+                        else:
+                            calls = int(value)
+                code = process.wait(PATIENCE)
+            except (TimeoutError, subprocess.TimeoutExpired):
+                code = None
+            finally:
+                process.kill()
+                process.wait()
+            output.seek(0)
+            return Result(code, output.read().decode(errors="replace"), struck, calls, stops)
+
+
+def can_trace(build, folder):
+    """Why system calls cannot be met with faults, or an empty text."""
+    tracer = Path(build / "torture_tracer")
+    if not tracer.exists():
+        return f"no {tracer}"
+    ours, theirs = socket.socketpair()
+    with ours, theirs:
+        words = [str(tracer), str(theirs.fileno()), str(folder), "openat@1=5", "--", "true"]
+        answer = subprocess.run(words, check=False, pass_fds=[theirs.fileno()], stderr=subprocess.DEVNULL).returncode
+    return f"processes cannot be traced ({answer})" if answer else ""
+
+
+def random_failure(random):
+    """One call of one kind fails once."""
+    call = random.choice(CALLS)
+    error = "EAGAIN" if call == "clone3" else random.choice(DISK_ERRORS)
+    if call == "utimensat" and error in ("EPERM", "EACCES"):
+        error = "EIO"  # the others mean a disk that keeps no times, and the copy is complete without
+    return f"{call}@{int(40 ** random.random())}={getattr(errno, error)}"

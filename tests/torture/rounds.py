@@ -1,0 +1,342 @@
+"""The kinds of fault. Each takes a world, lets runs meet the fault, and leaves the world without it."""
+import contextlib
+import os
+import shutil
+import subprocess
+import time
+from collections import Counter
+from signal import SIGTERM
+
+from checker import COPY, MIRROR, MOVE, Checker, Foreign, Rules, Trees, files_of
+from disks import Disk, shell
+from program import Program, random_failure
+from trees import NOTHING, Planter, entry_at, tree_of
+
+KINDS = {}  # by name: the round, whether it needs disks of its own, and how often it comes
+
+
+def kind(needs_disks, weight):
+    def note(function):
+        KINDS[function.__name__] = (function, needs_disks, weight)
+        return function
+    return note
+
+
+def random_rules(random):
+    if random.random() < 0.4:
+        return Rules(random.choice([COPY, MOVE, MOVE, MIRROR]))
+    return Rules(random.choice([COPY, MOVE, MIRROR]), random.choice("YYN"), random.choice("YN"),
+                 random.choice(["", "", "txt", "doc;txt"]), random.choice("YYYN"))
+
+
+class World:
+    """The folders of one round, its activity, and what was found out."""
+
+    def __init__(self, session, folder, random):
+        self.session, self.folder, self.random = session, folder, random
+        self.disk, self.findings, self.faults = None, [], Counter()
+        self.rules = random_rules(random)
+        self.notes = []
+
+    def plant(self, place=None, files=None, with_links=True):
+        """`place`: the destination in the same file system, in another one, or on a disk; or both on one disk."""
+        random, session = self.random, self.session
+        place = place or random.choice(["same", "same", "other", "disk", "both"])
+        if place in ("disk", "both"):
+            place = place if session.images else "other"
+        source = destination = self.folder
+        if place in ("disk", "both"):
+            self.system = random.choice(sorted(session.images))
+            self.disk = Disk(self.folder / "d", session.images[self.system])
+            destination = self.disk.point
+            source = destination if place == "both" else source
+        elif place == "other" and session.other:
+            destination = session.other / self.folder.name
+        self.source, self.destination = source / "source", destination / "destination"
+        self.source.mkdir()
+        self.destination.mkdir(parents=True)
+        self.planter = Planter(random, self.source, self.destination, with_links=with_links)
+        self.planter.plant(files if files is not None else random.choice([3, 12, 30, 50]))
+        self.notes.append(f"{self.rules} {place} {self.system if self.disk else ''}")
+        self.program = Program(session.build, self.folder / "home", str(self.source), str(self.destination), self.rules)
+        self.trees = self.look()
+        if self.disk:
+            self.disk.sync()
+
+    def more(self, files):
+        """More work for the next run."""
+        if files:
+            self.planter.plant(files)
+            self.trees = self.look()
+
+    def look(self):
+        return Trees(tree_of(self.source), tree_of(self.destination))
+
+    def size(self):
+        return sum(path.stat().st_size for path in self.source.rglob("*") if path.is_file())
+
+    def run(self, faults=(), on_stop=None, remedy=None, foreign=None, is_lasting=True):
+        """`is_lasting`: False where what was not on the disk yet is lost, even after the end of a good run."""
+        before, result = self.trees, self.program.run(faults, on_stop)
+        if remedy:
+            remedy()
+        self.trees = self.look()
+        checker = Checker(self.rules, before, self.trees, foreign)
+        self.notes.append(f"run {' '.join(faults)}: exit {result.code}, {result.calls} calls, struck {result.struck}")
+        self.find("loss", checker.losses(), result)
+        if result.code is None:
+            self.find("hang", ["it did not end"], result)
+        elif result.code < 0 and not result.was_killed and not (result.was_ended and result.code == -SIGTERM):
+            self.find("crash", [f"signal {-result.code}"], result)
+        elif result.code == 0 and not foreign and is_lasting:
+            self.find("silent", checker.undone(), result)
+        elif result.code > 0 and not result.complains and not result.was_ended:
+            self.find("silent", [f"exit {result.code} without a line"], result)
+        return result
+
+    def finish(self):
+        """Without the fault all must be done, and nothing of the dead runs be left."""
+        result = self.run()
+        if result.code != 0:
+            self.find("unfinished", [f"exit {result.code} without a fault"], result)
+        self.find("leftover", Checker(self.rules, self.trees, self.trees).leftovers(), result)
+        if self.random.random() < 0.25:
+            before = self.trees
+            again = self.run()
+            if again.code != 0 or self.trees != before:
+                self.find("unfinished", ["a second run has still something to do"], again)
+
+    def find(self, sort, texts, result):
+        found = [f"{sort}: {text}" for text in texts]
+        if found:
+            self.findings += found
+            self.keep(result)
+
+    def keep(self, result):
+        """The trees and what is known of the round."""
+        kept = self.session.keep / self.folder.name
+        kept.mkdir(parents=True, exist_ok=True)
+        number = sum(1 for _ in kept.glob("*.txt"))
+        (kept / f"{number}.txt").write_text("\n".join([*self.notes, *self.findings, "", result.output]))
+        for root in (self.source, self.destination):
+            shell("cp", "-aT", root, kept / f"{number}-{root.name}")
+
+    def remove(self):
+        if self.disk:
+            self.disk.remove()
+        shutil.rmtree(self.folder, ignore_errors=True)
+        if self.session.other:
+            shutil.rmtree(self.session.other / self.folder.name, ignore_errors=True)
+
+
+def some_call(random):
+    return int(10 ** random.uniform(1.5, 3.2))
+
+
+@kind(needs_disks=False, weight=5)
+def killed(world):
+    world.plant()
+    for number in range(world.random.randrange(1, 8)):
+        world.more(world.random.choice([0, 12]) if number else 0)
+        world.faults["kills"] += world.run([f"kill@{some_call(world.random)}"]).was_killed
+    world.finish()
+
+
+@kind(needs_disks=False, weight=1)
+def terminated(world):
+    world.plant()
+    for _ in range(2):
+        world.faults["terminations"] += len(world.run([f"term@{some_call(world.random)}"]).struck)
+    world.finish()
+
+
+@kind(needs_disks=False, weight=8)
+def failed_calls(world):
+    world.plant()
+    for number in range(6):
+        world.more(12 if number else 0)
+        result = world.run([random_failure(world.random) for _ in range(world.random.choice([4, 20]))])
+        world.faults["failed calls"] += len(result.struck)
+    world.finish()
+
+
+@kind(needs_disks=True, weight=1)
+def full_disk(world):
+    world.plant("disk", 40)
+    room = int(world.size() * world.random.random()) + 100_000
+    facts = os.statvfs(world.disk.point)
+    ballast = world.disk.point / "ballast"
+    with contextlib.suppress(subprocess.CalledProcessError):
+        shell("fallocate", "-l", max(facts.f_bavail * facts.f_frsize - room, 4096), ballast)
+    world.disk.sync()
+    world.run()
+    ballast.unlink()
+    world.disk.sync()
+    world.faults[f"full disks, {world.system}"] += 1
+    world.finish()
+
+
+@kind(needs_disks=True, weight=2)
+def thin_disk(world):
+    world.plant("disk", 60)
+    world.disk.thin(int(world.size() * world.random.random()))
+    # btrfs may lose the names of copies after a good run; the next one makes them again.
+    world.run(remedy=world.disk.thicken, is_lasting=world.system != "btrfs")
+    world.faults[f"thin disks, {world.system}"] += 1
+    world.finish()
+
+
+@kind(needs_disks=True, weight=3)
+def power_cut(world):
+    """The disk is set back to what it held at some call; the program and everything not written yet are gone."""
+    world.plant(world.random.choice(["disk", "both"]))
+    call = some_call(world.random)
+    saved = []
+
+    def save(_):
+        world.disk.save_image()
+        saved.append(True)
+
+    def restore():
+        if not saved:
+            world.disk.save_image()
+        world.disk.restore_image()
+    world.run([f"stop@{call}", f"kill@{call}"], save, restore, is_lasting=False)
+    world.faults[f"power cuts, {world.system}"] += 1
+    world.finish()
+
+
+@kind(needs_disks=True, weight=3)
+def torn_out(world):
+    """The disk goes at some call, and the program goes on."""
+    world.plant(world.random.choice(["disk", "both"]))
+    is_shut = world.system != "btrfs" and world.random.random() < 0.5
+    gone = []
+
+    def tear(_):
+        gone.append(True)
+        world.disk.shut_down() if is_shut else world.disk.tear_out()
+
+    def put_back():
+        if gone and not is_shut:
+            world.disk.restore_image()
+        elif gone:
+            world.disk.detach()
+            world.disk.attach()
+    world.run([f"stop@{some_call(world.random)}"], tear, put_back, is_lasting=False)
+    world.faults[f"tear-outs, {world.system}"] += len(gone)
+    world.finish()
+
+
+@kind(needs_disks=True, weight=1)
+def pulled(world):
+    """The disk is pulled during a run; the next one finds the bare folder and must leave everything alone."""
+    world.plant("disk", 20)
+    world.run()
+    world.more(20)
+
+    def pull(_=None):
+        if world.disk.is_attached:
+            shell("umount", "-l", world.disk.point)
+            world.disk.is_attached = False
+    world.run([f"stop@{some_call(world.random)}"], pull, lambda: (pull(), world.disk.attach()))
+    before = world.trees
+    world.disk.detach()
+    world.destination.mkdir()
+    world.trees = world.look()
+    held = world.run()
+    if held.code == 0 or any(world.trees.destination) or world.trees.source != before.source:
+        world.find("loss", ["a bare mount point was worked on"], held)
+    shutil.rmtree(world.destination)
+    world.disk.attach()
+    world.trees = world.look()
+    world.faults[f"pulled mounts, {world.system}"] += 1
+    world.finish()
+
+
+@kind(needs_disks=False, weight=3)
+def foreign_writer(world):
+    """Other programs work on the same files while the run goes on."""
+    world.plant(with_links=False)
+    foreign = Foreign()
+
+    def act(_):
+        world.faults["foreign acts"] += ForeignAct(world, foreign).do()
+    stops = sorted({some_call(world.random) for _ in range(world.random.choice([2, 6, 12]))})
+    world.run([f"stop@{call}" for call in stops], act, foreign=foreign)
+    world.finish()
+
+
+class ForeignAct:
+    """One act of another program on one file of either side."""
+
+    def __init__(self, world, foreign):
+        self.world, self.foreign, self.random = world, foreign, world.random
+        self.side = self.random.choice(["source", "destination"])
+        self.root = os.fsencode(getattr(world, self.side))
+
+    def do(self):
+        """How many acts were done: 0 when there is no file."""
+        paths = sorted(files_of(tree_of(self.root)))
+        if not paths:
+            return 0
+        path = self.random.choice(paths)
+        time.sleep(0.01)  # the clock of the file system has moved on
+        name = self.random.choice(["rewrite", "touch_back", "append", "rename", "delete", "recreate"])
+        before = self.see(path)
+        self.foreign.gone.add(before.digest)
+        try:
+            is_new = getattr(self, name)(os.path.join(self.root, path), path)
+        except PermissionError:
+            return 0
+        after = self.see(path)
+        self.world.notes.append(f"{name} {self.side} {path}")
+        if after and is_new and after.digest != NOTHING:
+            self.foreign.kept[after.digest] = path
+        return 1
+
+    def see(self, path):
+        entry = entry_at(os.path.join(self.root, path))
+        self.foreign.saw(self.side, path, entry)
+        return entry
+
+    def is_kept(self):
+        """What is newer than the source stays, where the rules say so."""
+        rules = self.world.rules
+        return self.side == "source" or (rules.action != MIRROR and (rules.onlynew == "Y" or rules.overwrite == "N"))
+
+    def rewrite(self, full, _):
+        with open(full, "r+b") as file:
+            file.truncate()
+            file.write(self.world.planter.content())
+        return self.is_kept()
+
+    def touch_back(self, full, _):
+        facts = os.stat(full)
+        with open(full, "r+b") as file:
+            file.write(self.random.randbytes(facts.st_size))
+        os.utime(full, ns=(facts.st_atime_ns, facts.st_mtime_ns))
+        return self.side == "source"
+
+    def append(self, full, _):
+        with open(full, "ab") as file:
+            file.write(b"more %d" % self.random.getrandbits(60))
+        return self.is_kept()
+
+    def rename(self, full, path):
+        os.rename(full, full + b"~")
+        entry = self.see(path + b"~")
+        if self.is_kept() and entry.digest != NOTHING:
+            self.foreign.kept[entry.digest] = path
+        return False
+
+    def delete(self, full, _):
+        os.unlink(full)
+        return False
+
+    def recreate(self, full, _):
+        os.unlink(full)
+        self.random.random()
+        with open(full, "wb") as file:
+            file.write(self.world.planter.content())
+        return self.is_kept()
