@@ -121,7 +121,8 @@ QString decoded(std::string_view text) {
             const bool isHex = name.starts_with("#x");
             const char32_t character =
                 static_cast<char32_t>(std::stoul(std::string(name.substr(isHex ? 2 : 1)), nullptr, isHex ? 16 : 10));
-            plain += QString::fromUcs4(&character, 1).toStdString();
+            // QString::fromUcs4 would take U+FEFF for a byte order mark.
+            plain += QStringView(QChar::fromUcs4(character)).toUtf8().toStdString();
         } else {
             plain += name == "lt" ? '<' : name == "gt" ? '>' : name == "amp" ? '&' : '"';
         }

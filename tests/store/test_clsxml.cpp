@@ -234,7 +234,7 @@ class TestClsXml : public QObject {
     void bothFormsOfAnActivityAgree_data() {
         QTest::addColumn<QByteArray>("inside");
         for (const char* inside :
-             {"<f>plain</f>", "<f/>", "<f></f><f>2</f>", "<g/><f>a &lt;b&gt; &amp; &#228;&#x20AC;&#13;\n c</f>",
+             {"<f>plain</f>", "<f/>", "<f></f><f>2</f>", "<g/><f>a &lt;b&gt; &amp; &#228;&#xFEFF;&#x20AC;&#13;\n c</f>",
               "<f a='>'>with</f>", "<x><f>no</f></x><f>yes</f>", "<!-- <f>no</f> --><f>yes</f>", "<f>1<!-- -->2</f>",
               "<f><![CDATA[<f>]]></f>", "<![CDATA[<f>no</f>]]><f>yes</f>", "<?f <f>no</f> ?><f>yes</f>", "text<f>1</f>",
               "<f xmlns='u'>no</f>", "<p:f>no</p:f><f>yes</f>", "<ff>no</ff>", "<x a='&lt;f>no&lt;/f>'/><f>yes</f>"})
