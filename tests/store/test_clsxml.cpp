@@ -91,6 +91,7 @@ class TestClsXml : public QObject {
             {u"a\x01\x1F\x0B"_qs + QChar(u'\0') + u'b', u"ab"_qs},
             {QString(QChar(0xD800)) + u'a' + QChar(0xDC00), u"a"_qs}, // broken surrogates
             {QString::fromUcs4(U"\U0001F600\uFFFE\uFFFD"), QString::fromUcs4(U"\U0001F600\uFFFD")},
+            {u"\uFEFFa"_qs, u"\uFEFFa"_qs},
             {{}, {}},
         };
         for (const auto& [value, stored] : rows) {
