@@ -267,6 +267,7 @@ class TestClsXml : public QObject {
 
     void whatCannotBeSavedLeavesTheFile() {
         for (const auto& markup : {u"<?xml version='1.0' encoding='none-such'?><items/>"_qs, u"damaged"_qs,
+                                   u"<?xml version='1.0' encoding='SHIFT_JIS'?><items><A>C:\\a</A></items>"_qs,
                                    u"<?xml version='1.0' encoding='ISO-8859-1'?><items><\u0416/></items>"_qs}) {
             Store store(markup);
             QVERIFY(store.Write(own, "old"));
