@@ -211,6 +211,7 @@ class TestClsXml : public QObject {
             {"<?xml version=\"1.0\" encoding=\"ISO-8859-1\" standalone=\"no\"?>\n",
              "\xE4&#8364;\x80&#1046; &lt;&amp;&gt;&#13;\n"},
             {"<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n", utf8},
+            {"<?xml version=\"1.0\" encoding=\"windows-1252\"?>\n", "\xE4\x80&#128;&#1046; &lt;&amp;&gt;&#13;\n"},
             {"<?xml version=\"1.0\" encoding=\"UTF-16\"?>\n", utf8},
             {"<?xml version=\"1.0\"?>\n", "&#xE4;&#x20AC;&#x80;&#x416; &lt;&amp;&gt;&#xD;\n"},
             {"", utf8},
@@ -228,6 +229,9 @@ class TestClsXml : public QObject {
             QCOMPARE(store.Read(own), prolog.contains("UTF-16") ? utf16(text) : text);
             QVERIFY(store.document.OpenXML(store.Path(own), 0));
             QCOMPARE(store.document.ReadNode(u"/items/A/f"_qs), mixed);
+            const QByteArray before = store.Read(own);
+            QVERIFY(store.IsSaved());
+            QCOMPARE(store.Read(own), before);
         }
     }
 
