@@ -86,7 +86,6 @@ class SyncRun final : public TransferObserver {
     void Note(const std::function<QString()>& compose);
     /// Writes the line and counts a failure.
     void Refuse(const QString& text);
-
     void Failed(const std::filesystem::path& source, std::error_code error) override;
     void Transferred() override { m_tools.services.runState.CountFile(); }
     void Progress(std::uint64_t bytes) override;

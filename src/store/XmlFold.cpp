@@ -108,7 +108,7 @@ Child find(std::string_view markup, std::string_view name) {
 /// Only the references that libxml2 writes itself: "&lt;", "&gt;", "&amp;", "&quot;" and numbers.
 QString decoded(std::string_view text) {
     if (text.find('&') == std::string_view::npos)
-        return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+        return XmlText::FromUtf8({text.data(), static_cast<qsizetype>(text.size())});
     std::string plain;
     for (size_t at = 0; at < text.size();) {
         const size_t reference = std::min(text.find('&', at), text.size());
@@ -121,13 +121,14 @@ QString decoded(std::string_view text) {
             const bool isHex = name.starts_with("#x");
             const char32_t character =
                 static_cast<char32_t>(std::stoul(std::string(name.substr(isHex ? 2 : 1)), nullptr, isHex ? 16 : 10));
-            plain += QString::fromUcs4(&character, 1).toStdString();
+            // QString::fromUcs4 would take U+FEFF for a byte order mark.
+            plain += QStringView(QChar::fromUcs4(character)).toUtf8().toStdString();
         } else {
             plain += name == "lt" ? '<' : name == "gt" ? '>' : name == "amp" ? '&' : '"';
         }
         at = end + 1;
     }
-    return QString::fromStdString(plain);
+    return XmlText::FromUtf8({plain.data(), static_cast<qsizetype>(plain.size())});
 }
 
 bool isWrittenAsItIs(const QString& text) {

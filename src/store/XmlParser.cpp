@@ -205,8 +205,10 @@ void foldAtEnd(void* context, const xmlChar* name, const xmlChar* prefix, const 
     xmlSAX2EndElementNs(context, name, prefix, uri);
     if (element == nullptr || element->parent == nullptr || element->parent != xmlDocGetRootElement(parser->myDoc))
         return;
+    // libxml2 keeps the name at the input when it has to convert the bytes.
     const bool isEncodingNamed = passOf(context).isEncodingNamed || parser->encoding != nullptr ||
-                                 parser->myDoc->encoding != nullptr || parser->standalone == -1;
+                                 parser->input->encoding != nullptr || parser->myDoc->encoding != nullptr ||
+                                 parser->standalone == -1;
     XmlFold::Fold(*element, isEncodingNamed ? "UTF-8" : nullptr);
 }
 

@@ -1,5 +1,7 @@
 #include "XmlText.h"
 
+#include <QStringDecoder>
+
 namespace {
 
 void gather(const xmlNode* node, QByteArray& utf8) {
@@ -16,8 +18,15 @@ void gather(const xmlNode* node, QByteArray& utf8) {
 
 } // namespace
 
+QString XmlText::FromUtf8(QByteArrayView utf8) {
+    if (!utf8.startsWith("\xEF\xBB\xBF"))
+        return QString::fromUtf8(utf8);
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+    return decoder(utf8);
+}
+
 QString XmlText::FromXml(const xmlChar* text) {
-    return text == nullptr ? QString() : QString::fromUtf8(reinterpret_cast<const char*>(text));
+    return text == nullptr ? QString() : FromUtf8(reinterpret_cast<const char*>(text));
 }
 
 bool XmlText::IsXmlCharacter(char32_t character) {
@@ -45,7 +54,7 @@ QString XmlText::Of(const xmlNode* node) {
         return FromXml(only->content);
     QByteArray utf8;
     gather(node, utf8);
-    return QString::fromUtf8(utf8);
+    return FromUtf8(utf8);
 }
 
 bool XmlText::Set(xmlNode* node, const QString& text) {

@@ -18,6 +18,8 @@ using XmlLooseNode = std::unique_ptr<xmlNode, XmlRelease<xmlFreeNode>>;
 
 namespace XmlText {
 
+/// QString::fromUtf8 without its rule that U+FEFF at the start is a byte order mark: here it is part of the text.
+[[nodiscard]] QString FromUtf8(QByteArrayView utf8);
 [[nodiscard]] QString FromXml(const xmlChar* text);
 [[nodiscard]] inline const xmlChar* ToXml(const QByteArray& utf8) {
     return reinterpret_cast<const xmlChar*>(utf8.constData());

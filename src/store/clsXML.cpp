@@ -51,6 +51,19 @@ xmlNode& requireElement(XmlTree& tree, const QString& path) {
     return node;
 }
 
+/// libxml2 stops at what it cannot encode and still reports success, and some encodings read back differently:
+/// Shift_JIS makes another character of a backslash. Such bytes must not replace a file.
+bool readsBack(const QByteArray& bytes, XmlTree& tree) {
+    xmlNode& root = *xmlDocGetRootElement(tree.Document());
+    const QByteArray encoding(XmlWriter::EncodingOf(*tree.Document()));
+    // These are exact. Counting spares the memory of a second tree.
+    if (encoding.isEmpty() || encoding.compare("UTF-8", Qt::CaseInsensitive) == 0 ||
+        encoding.compare("ISO-8859-1", Qt::CaseInsensitive) == 0)
+        return XmlParser::CountEntries(bytes) == tree.CountChildren(root);
+    const XmlDocument again = XmlParser::Parse(bytes);
+    return again && XmlWriter::Markup(*xmlDocGetRootElement(again.get())) == XmlWriter::Markup(root);
+}
+
 xmlNode* childOf(XmlTree& tree, const QString& path, int position) {
     const xmlNode* node = tree.Find(path);
     return node == nullptr ? nullptr : tree.Child(*node, position);
@@ -144,10 +157,7 @@ void clsXML::Save(const QString& filePath) {
     if (!m_tree->HasRoot())
         throw StoreError(QStringLiteral("There is no document to save."));
     const auto bytes = XmlWriter::Bytes(*m_tree->Document());
-    // libxml2 stops at what it cannot encode and still reports success. Parse the bytes again: a truncated document
-    // must not replace a file.
-    const std::optional<int> entries = bytes ? XmlParser::CountEntries(*bytes) : std::nullopt;
-    if (!entries || *entries != m_tree->CountChildren(*xmlDocGetRootElement(m_tree->Document())))
+    if (!bytes || !readsBack(*bytes, *m_tree))
         throw StoreError(QStringLiteral("The document cannot be written in its encoding."));
     if (const std::error_code error = m_files.ReplaceAll(modNativePath::FromText(filePath), *bytes))
         throw StoreError(modForeignText::OfError(error));

@@ -3,35 +3,11 @@
 #include "Clock.h"
 #include "StringTable.h"
 
-#include <QtEndian>
-#include <cmath>
-#include <limits>
-#include <optional>
-
 namespace {
-
-constexpr qsizetype maxBytes = 64; // a server that sends more is no time server
 
 /// A server in the past has lost its battery. If the clock followed it, every existing file would look newer than all
 /// later copies.
 constexpr std::chrono::sys_days earliest{std::chrono::year{2020} / std::chrono::January / 1};
-
-/// The time (UTC) in the first four bytes plus half of the round trip, rounded to seconds. nullopt for fewer bytes and
-/// for times before 1921-12-13 20:45:52, which do not fit a signed 32-bit count from 1990.
-std::optional<std::chrono::sys_seconds> timeIn(const QByteArray& answer,
-                                               std::chrono::steady_clock::duration roundTrip) {
-    using namespace std::chrono;
-    constexpr qsizetype answerBytes = 4;
-    constexpr std::int64_t from1900To1990 = 2840140800;
-    constexpr sys_days base{year{1990} / January / 1};
-    if (answer.size() < answerBytes)
-        return std::nullopt;
-    const std::int64_t since1990 = qFromBigEndian<quint32>(answer.constData()) - from1900To1990;
-    if (since1990 < std::numeric_limits<std::int32_t>::min())
-        return std::nullopt;
-    const double oneWay = duration<double>(roundTrip).count() / 2;
-    return sys_seconds(base) + seconds(since1990) + seconds(std::llrint(oneWay));
-}
 
 } // namespace
 
@@ -50,9 +26,9 @@ ClockSync::~ClockSync() {
 void ClockSync::Begin() {
     drop();
     m_attempt = std::make_shared<const int>();
-    m_answer.clear();
+    m_answer = {};
     m_socket = std::make_unique<QTcpSocket>();
-    m_socket->setReadBufferSize(maxBytes + 1);
+    m_socket->setReadBufferSize(TimeAnswer::MaxBytes + 1);
     connectSocket();
     m_timeout.start();
     m_socket->connectToHost(m_server.host, m_server.port);
@@ -80,8 +56,8 @@ void ClockSync::connectSocket() {
 void ClockSync::read() {
     if (!m_socket)
         return;
-    m_answer += m_socket->read(maxBytes + 1);
-    if (m_answer.size() > maxBytes)
+    m_answer.Add(m_socket->read(TimeAnswer::MaxBytes + 1));
+    if (m_answer.IsTooLong())
         fail(m_texts[Text::TimeServerNonsense]);
 }
 
@@ -92,7 +68,7 @@ void ClockSync::onClosed() {
     const auto roundTrip = m_clock.MonotonicNow() - m_connected;
     m_timeout.stop();
     m_socket.reset();
-    const auto time = timeIn(m_answer, roundTrip);
+    const auto time = m_answer.Time(roundTrip);
     if (!time)
         Q_EMIT Ignored();
     else if (*time < earliest)

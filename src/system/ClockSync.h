@@ -3,7 +3,7 @@
 #pragma once
 
 #include "Machine.h"
-#include <QByteArray>
+#include "TimeAnswer.h"
 #include <QObject>
 #include <QString>
 #include <QTcpSocket>
@@ -55,7 +55,7 @@ class ClockSync final : public QObject {
     TimeServer m_server;
     QTimer m_timeout;
     std::unique_ptr<QTcpSocket> m_socket;
-    QByteArray m_answer;
+    TimeAnswer m_answer;
     std::chrono::steady_clock::time_point m_connected;
     std::shared_ptr<const int> m_attempt; ///< expires with the attempt, so that late outcomes are dropped
 };

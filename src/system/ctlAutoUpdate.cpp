@@ -2,16 +2,15 @@
 
 #include "Clock.h"
 #include "SettingsStore.h"
+#include "VersionFile.h"
 #include "modForeignText.h"
 #include <QDateTime>
 #include <QDir>
-#include <QStringDecoder>
 #include <tuple>
 
 namespace {
 
 const QString section = QStringLiteral("AutoUpdate");
-const QString versionSection = QStringLiteral("~UP");
 const QString everyDay = QStringLiteral("AutoCheckForUpdates");
 const QString lastCheck = QStringLiteral("LastCheck");
 const QString timeOfCheck = QStringLiteral("Time");
@@ -19,46 +18,6 @@ const QString timeOfCheck = QStringLiteral("Time");
 bool write(const QString& file, const QByteArray& bytes) {
     QFile target(file);
     return target.open(QIODevice::WriteOnly) && target.write(bytes) == bytes.size() && target.flush();
-}
-
-/// UTF-8, or ISO-8859-1 when it is not valid UTF-8. The lines end with "\n".
-QString decoded(const QByteArray& bytes) {
-    QStringDecoder utf8(QStringDecoder::Utf8);
-    const QString text = utf8(bytes);
-    QString lines = utf8.hasError() ? QString::fromLatin1(bytes) : text;
-    return lines.replace(u'\r', u'\n');
-}
-
-bool isSame(QStringView a, QStringView b) {
-    return a.compare(b, Qt::CaseInsensitive) == 0;
-}
-
-QStringView withoutQuotes(QStringView value) {
-    const bool quoted = value.size() >= 2 && value.front() == value.back() &&
-                        (value.front() == QLatin1Char('"') || value.front() == QLatin1Char('\''));
-    return quoted ? value.mid(1, value.size() - 2) : value;
-}
-
-/// The first such key of the first "[~UP]" in an INI file, without regard to case; "" when there is none. Drops blanks
-/// and one pair of quotes around the value, and what exceeds 1023 characters.
-QString valueIn(const QByteArray& file, const QString& key) {
-    constexpr qsizetype maxCharacters = 1023;
-    const QString text = decoded(file);
-    bool inSection = false;
-    for (const QStringView whole : QStringView(text).split(QLatin1Char('\n'))) {
-        const QStringView line = whole.trimmed();
-        if (line.startsWith(QLatin1Char('['))) {
-            if (inSection)
-                break;
-            const qsizetype end = line.indexOf(QLatin1Char(']'));
-            inSection = end > 0 && isSame(line.mid(1, end - 1).trimmed(), versionSection);
-            continue;
-        }
-        const qsizetype equals = line.indexOf(QLatin1Char('='));
-        if (inSection && equals > 0 && isSame(line.left(equals).trimmed(), key))
-            return withoutQuotes(line.mid(equals + 1).trimmed()).left(maxCharacters).toString();
-    }
-    return {};
 }
 
 } // namespace
@@ -127,12 +86,11 @@ void ctlAutoUpdate::Download(const QUrl& url, const QString& file, const std::fu
 }
 
 void ctlAutoUpdate::readVersionFile() {
-    const QByteArray file = m_temporary->read(HttpFetch::MaxBytes);
-    const auto value = [&](const QString& key) { return valueIn(file, key); };
-    m_newVersion = modForeignText::FromServer(value(QStringLiteral("Version")));
-    m_releaseDate = value(QStringLiteral("Release"));
-    m_fileSize = value(QStringLiteral("Size"));
-    m_fileInfo = value(QStringLiteral("Info"));
+    const VersionFile file(m_temporary->read(HttpFetch::MaxBytes));
+    m_newVersion = modForeignText::FromServer(file.Value(QStringLiteral("Version")));
+    m_releaseDate = file.Value(QStringLiteral("Release"));
+    m_fileSize = file.Value(QStringLiteral("Size"));
+    m_fileInfo = file.Value(QStringLiteral("Info"));
 }
 
 std::unique_ptr<QTemporaryFile> ctlAutoUpdate::CreateTempFile() {

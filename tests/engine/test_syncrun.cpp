@@ -380,7 +380,7 @@ class TestSyncRun final : public QObject {
             QVERIFY(fixture.Status(A).contains(fixture.Path(mounted)));
             QCOMPARE(fixture.Exists(u"dst/f"_qs), isMirror);
         }
-        fixture.program->Monitoring().StartMonitoring();
+        fixture.program->Monitoring().ToggleMonitoring();
         fixture.Pass(std::chrono::seconds(25));
         QVERIFY(fixture.Status(A).contains(fixture.Path(mounted)));
         fixture.program->Monitoring().StopMonitoring();

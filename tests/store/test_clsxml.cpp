@@ -91,6 +91,7 @@ class TestClsXml : public QObject {
             {u"a\x01\x1F\x0B"_qs + QChar(u'\0') + u'b', u"ab"_qs},
             {QString(QChar(0xD800)) + u'a' + QChar(0xDC00), u"a"_qs}, // broken surrogates
             {QString::fromUcs4(U"\U0001F600\uFFFE\uFFFD"), QString::fromUcs4(U"\U0001F600\uFFFD")},
+            {u"\uFEFFa"_qs, u"\uFEFFa"_qs},
             {{}, {}},
         };
         for (const auto& [value, stored] : rows) {
@@ -210,6 +211,7 @@ class TestClsXml : public QObject {
             {"<?xml version=\"1.0\" encoding=\"ISO-8859-1\" standalone=\"no\"?>\n",
              "\xE4&#8364;\x80&#1046; &lt;&amp;&gt;&#13;\n"},
             {"<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n", utf8},
+            {"<?xml version=\"1.0\" encoding=\"windows-1252\"?>\n", "\xE4\x80&#128;&#1046; &lt;&amp;&gt;&#13;\n"},
             {"<?xml version=\"1.0\" encoding=\"UTF-16\"?>\n", utf8},
             {"<?xml version=\"1.0\"?>\n", "&#xE4;&#x20AC;&#x80;&#x416; &lt;&amp;&gt;&#xD;\n"},
             {"", utf8},
@@ -227,6 +229,9 @@ class TestClsXml : public QObject {
             QCOMPARE(store.Read(own), prolog.contains("UTF-16") ? utf16(text) : text);
             QVERIFY(store.document.OpenXML(store.Path(own), 0));
             QCOMPARE(store.document.ReadNode(u"/items/A/f"_qs), mixed);
+            const QByteArray before = store.Read(own);
+            QVERIFY(store.IsSaved());
+            QCOMPARE(store.Read(own), before);
         }
     }
 
@@ -234,7 +239,7 @@ class TestClsXml : public QObject {
     void bothFormsOfAnActivityAgree_data() {
         QTest::addColumn<QByteArray>("inside");
         for (const char* inside :
-             {"<f>plain</f>", "<f/>", "<f></f><f>2</f>", "<g/><f>a &lt;b&gt; &amp; &#228;&#x20AC;&#13;\n c</f>",
+             {"<f>plain</f>", "<f/>", "<f></f><f>2</f>", "<g/><f>a &lt;b&gt; &amp; &#228;&#xFEFF;&#x20AC;&#13;\n c</f>",
               "<f a='>'>with</f>", "<x><f>no</f></x><f>yes</f>", "<!-- <f>no</f> --><f>yes</f>", "<f>1<!-- -->2</f>",
               "<f><![CDATA[<f>]]></f>", "<![CDATA[<f>no</f>]]><f>yes</f>", "<?f <f>no</f> ?><f>yes</f>", "text<f>1</f>",
               "<f xmlns='u'>no</f>", "<p:f>no</p:f><f>yes</f>", "<ff>no</ff>", "<x a='&lt;f>no&lt;/f>'/><f>yes</f>"})
@@ -266,6 +271,7 @@ class TestClsXml : public QObject {
 
     void whatCannotBeSavedLeavesTheFile() {
         for (const auto& markup : {u"<?xml version='1.0' encoding='none-such'?><items/>"_qs, u"damaged"_qs,
+                                   u"<?xml version='1.0' encoding='SHIFT_JIS'?><items><A>C:\\a</A></items>"_qs,
                                    u"<?xml version='1.0' encoding='ISO-8859-1'?><items><\u0416/></items>"_qs}) {
             Store store(markup);
             QVERIFY(store.Write(own, "old"));
