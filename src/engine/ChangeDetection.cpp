@@ -68,12 +68,13 @@ bool ChangeDetection::isHeld(const RunIdentity& run, NewDrive newDrive, const Fo
     if (!directory)
         return false;
     const QString text = m_services.texts[Text::RunHeld].arg(*directory);
-    m_services.list.SetText(run.name, ActivityList::Status, text);
     m_services.runState.SetHeld(run.name, text);
-    if (wasHeld)
-        return true;
-    m_tools.logs.SetActivityStatus(run.name, text);
-    m_tools.logs.WriteAppLog(text);
+    if (wasHeld) {
+        m_services.list.SetText(run.name, ActivityList::Status, text);
+    } else {
+        m_tools.logs.SetActivityStatus(run.name, text);
+        m_tools.logs.WriteAppLog(text);
+    }
     return true;
 }
 

@@ -68,15 +68,18 @@ std::optional<QString> DriveGuard::Hold(const RunIdentity& run, const Folder& so
 
 void DriveGuard::Remember(const RunIdentity& run, const Folder& source, const Folder& destination) {
     m_held.erase(keyOf(run));
+    if (m_folder.empty())
+        return;
+    const QJsonObject last = load(run)[run.name].toObject();
     const DriveFacts to = destination.Drive();
-    if (to.mountPoint.empty() && !load(run)[run.name][mountKey].toString().isEmpty())
+    if (to.mountPoint.empty() && !last[mountKey].toString().isEmpty())
         return; // pulled during the run: what was known of it before holds the next one
     const QJsonObject now{{fromKey, run.source},
                           {toKey, run.destination},
                           {sourceKey, textOf(source.Drive().identity)},
                           {destinationKey, textOf(to.identity)},
                           {mountKey, textOf(to.mountPoint.native())}};
-    if (m_folder.empty() || load(run)[run.name].toObject() == now)
+    if (last == now)
         return;
     m_drives[run.name] = now;
     const QByteArray bytes = QJsonDocument(m_drives).toJson();

@@ -183,10 +183,11 @@ void FileSync::syncExisting(const Decided& file) {
         return;
     if (*decision == FileDecision::ReportOnly)
         return m_run.Line(m_tools.texts.NoAction(from.path));
-    if (*decision == FileDecision::LeaveAlone && finishMove(file, from, to))
+    if (*decision == FileDecision::LeaveAlone) {
+        if (!finishMove(file, from, to))
+            m_run.Note([&] { return m_tools.texts.NotNewer(from, to); });
         return;
-    if (*decision == FileDecision::LeaveAlone)
-        return m_run.Note([&] { return m_tools.texts.NotNewer(from, to); });
+    }
     if (!mayTouch(file) || !m_run.React(from.path) || !isAsDecided(file))
         return;
     m_run.Line(m_tools.texts.Replacement(rules, from, to));

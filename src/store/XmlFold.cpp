@@ -1,4 +1,5 @@
 #include "XmlFold.h"
+#include "XmlMarkup.h"
 #include "XmlParser.h"
 
 #include <algorithm>
@@ -21,48 +22,20 @@ struct Child {
     bool hasEndTag = true;
 };
 
-size_t skipPast(std::string_view markup, std::string_view mark, size_t from) {
-    return std::min(markup.find(mark, from), markup.size() - mark.size()) + mark.size();
-}
-
-/// Behind the tag at `at`; ">" in quotes does not close it.
-size_t endOfTag(std::string_view markup, size_t at) {
-    for (char quote = '\0'; at < markup.size(); ++at) {
-        const char c = markup[at];
-        if (quote != '\0')
-            quote = c == quote ? '\0' : quote;
-        else if (c == '"' || c == '\'')
-            quote = c;
-        else if (c == '>')
-            return at + 1;
-    }
-    return markup.size();
-}
-
-/// Behind a comment, a section or an instruction at `at`; `at` itself when a tag begins there.
-size_t skipNoTag(std::string_view markup, size_t at) {
-    const std::string_view rest = markup.substr(at);
-    if (rest.starts_with("<!--"))
-        return skipPast(markup, "-->", at + 4);
-    if (rest.starts_with("<![CDATA["))
-        return skipPast(markup, "]]>", at + 9);
-    return rest.starts_with("<?") ? skipPast(markup, "?>", at + 2) : at;
-}
-
 Child childAt(std::string_view markup, size_t at) {
     Child child;
     const size_t nameEnd = std::min(markup.find_first_of(" \t\n\r/>", at + 1), markup.size());
     child.name = markup.substr(at + 1, nameEnd - at - 1);
-    size_t position = endOfTag(markup, nameEnd);
+    size_t position = std::min(XmlMarkup::EndOfTag(markup, nameEnd), markup.size());
     child.hasEndTag = markup[position - 2] != '/';
     child.isPlain = position - nameEnd == (child.hasEndTag ? 1 : 2);
     const size_t begin = position;
     child.end = position;
     for (int depth = child.hasEndTag ? 1 : 0; depth > 0;) {
         const size_t tag = markup.find('<', position);
-        position = skipNoTag(markup, tag);
+        position = XmlMarkup::SkipNoTag(markup, tag);
         if (position == tag) {
-            position = endOfTag(markup, tag);
+            position = std::min(XmlMarkup::EndOfTag(markup, tag), markup.size());
             const bool closes = markup[tag + 1] == '/';
             depth += closes ? -1 : static_cast<int>(markup[position - 2] != '/');
             child.isPlain = child.isPlain && closes;
@@ -83,7 +56,7 @@ std::string_view markupOf(const xmlNode& element) {
 /// Calls `visit` with the child elements until it answers true.
 void walk(std::string_view markup, const auto& visit) {
     for (size_t at = markup.find('<'); at < markup.size(); at = markup.find('<', at)) {
-        if (const size_t behind = skipNoTag(markup, at); behind != at) {
+        if (const size_t behind = XmlMarkup::SkipNoTag(markup, at); behind != at) {
             at = behind;
             continue;
         }

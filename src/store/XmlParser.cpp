@@ -1,5 +1,6 @@
 #include "XmlParser.h"
 #include "XmlFold.h"
+#include "XmlMarkup.h"
 
 #include <QRegularExpression>
 #include <QStringDecoder>
@@ -33,12 +34,6 @@ bool startsWithAny(std::string_view bytes, const auto& prefixes) {
     return std::any_of(prefixes.begin(), prefixes.end(), [bytes](std::string_view p) { return bytes.starts_with(p); });
 }
 
-/// Position after the end mark, or the end of the markup.
-size_t skipPast(std::string_view markup, std::string_view mark, size_t from) {
-    const size_t found = markup.find(mark, from);
-    return found == std::string_view::npos ? markup.size() : found + mark.size();
-}
-
 /// What a document will take in memory, estimated from its markup: the bytes of the file, the folded activities and the
 /// list's rows, and all nodes of the activity that is being folded.
 class Estimate final {
@@ -54,15 +49,15 @@ class Estimate final {
         m_kept = 3 * m_markup.size() + 5 * static_cast<size_t>(grown);
         for (size_t at = m_markup.find('<'); at < m_markup.size() && isWithin(); at = m_markup.find('<', at)) {
             const std::string_view rest = m_markup.substr(at);
-            if (rest.starts_with("<!--"))
-                at = addNode(skipPast(m_markup, "-->", at + 4));
-            else if (rest.starts_with("<![CDATA["))
-                at = addNode(skipPast(m_markup, "]]>", at + 9));
-            else if (rest.starts_with("<?"))
-                addName(rest.substr(2)), at = addNode(skipPast(m_markup, "?>", at + 2));
+            if (rest.starts_with("<?"))
+                addName(rest.substr(2));
+            // An overlong tag is not looked at to its end.
+            const std::string_view tag = rest.substr(0, maxTagBytes + 1);
+            if (const size_t behind = XmlMarkup::SkipNoTag(m_markup, at); behind != at)
+                at = addNode(behind);
             else if (rest.starts_with("<!"))
                 return true; // a DOCTYPE: the parser stops here
-            else if (const size_t length = tagLength(rest); length <= maxTagBytes)
+            else if (const size_t length = XmlMarkup::EndOfTag(tag, 1); length <= maxTagBytes)
                 at = addTag(at, length);
             else
                 return rest.size() <= maxTagBytes; // only truncated, which the parser reports
@@ -130,22 +125,6 @@ class Estimate final {
         }
         m_depth += static_cast<int>(!tag.ends_with("/>"));
         return begin + length;
-    }
-
-    /// Length of the tag at the start of `tag`; ">" in quotes does not close it. Above the limit when it is not closed
-    /// by then.
-    static size_t tagLength(std::string_view tag) {
-        char quote = '\0';
-        for (size_t at = 1; at < tag.size() && at <= maxTagBytes; ++at) {
-            const char c = tag[at];
-            if (quote != '\0')
-                quote = c == quote ? '\0' : quote;
-            else if (c == '"' || c == '\'')
-                quote = c;
-            else if (c == '>')
-                return at + 1;
-        }
-        return maxTagBytes + 1;
     }
 
     std::string_view m_markup;

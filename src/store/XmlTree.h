@@ -86,7 +86,8 @@ class XmlTree final {
     [[nodiscard]] xmlNode* root() const { return m_document ? xmlDocGetRootElement(m_document.get()) : nullptr; }
     using Steps = std::span<const std::string_view>;
     [[nodiscard]] xmlNode* findPlain(Steps steps);
-    /// Calls `work` with the folded entries of "/root/NAME/field", as long as it answers that such a field is missing.
+    /// For the path of one field of an entry: calls `work` with the folded entries of this name, as long as it answers
+    /// that such a field is missing.
     /// True when it has done its work.
     [[nodiscard]] bool atFoldedField(const QString& path,
                                      const std::function<XmlFold::Search(xmlNode&, std::string_view)>& work);

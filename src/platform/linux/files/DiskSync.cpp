@@ -85,12 +85,13 @@ int SyncPoints::On(std::uint64_t device) const {
     return place == m_folders.end() ? -1 : place->second.Get();
 }
 
-/// A file system that was shut down may answer that all is well, so the sync of one file has to say the same.
-bool DiskSync::syncTogether(std::uint64_t device, int point, int witness) {
+/// A file system that was shut down may answer that all is well, so the sync of one file, or of one more change to it,
+/// has to say the same.
+bool DiskSync::syncTogether(std::uint64_t device, int point, const std::function<std::error_code()>& witness) {
     const SyncOfAll kind = syncOfAll(point);
     if (kind == SyncOfAll::Useless)
         return false;
-    const bool isWritten = ::syncfs(point) == 0 && !resultOf(::fsync(witness));
+    const bool isWritten = ::syncfs(point) == 0 && !witness();
     if (!isWritten)
         m_failed.insert(device);
     return isWritten && kind == SyncOfAll::Reports;
@@ -107,7 +108,7 @@ void DiskSync::SyncContents(std::vector<StagedFile>& files, const SyncPoints& po
 void DiskSync::syncContents(std::uint64_t device, const std::vector<StagedFile*>& files, int point) {
     bool isDone = false;
     if (files.size() > fewFiles && !m_failed.contains(device))
-        isDone = syncTogether(device, point, files.front()->copy.Descriptor());
+        isDone = syncTogether(device, point, [&] { return resultOf(::fsync(files.front()->copy.Descriptor())); });
     for (StagedFile* file : files) {
         if (isDone && !file->syncAlone)
             continue;
@@ -137,7 +138,7 @@ void DiskSync::syncNames(std::uint64_t device, const Names& names, int point) {
     const int witness =
         names.files.empty() ? names.folders.back()->destination->Descriptor() : names.files.back()->copy.Descriptor();
     if (names.files.size() + names.folders.size() > fewFiles && !m_failed.contains(device) &&
-        syncTogether(device, point, witness) && !syncOneMoreChange(witness))
+        syncTogether(device, point, [witness] { return syncOneMoreChange(witness); }))
         return;
     std::map<FileId, std::error_code> folders;
     const auto folderResult = [&folders](const Folder& folder) {

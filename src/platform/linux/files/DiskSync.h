@@ -4,6 +4,7 @@
 
 #include "FileJob.h"
 
+#include <functional>
 #include <map>
 #include <set>
 #include <vector>
@@ -41,7 +42,7 @@ class DiskSync final {
 
     void syncContents(std::uint64_t device, const std::vector<StagedFile*>& files, int point);
     void syncNames(std::uint64_t device, const Names& names, int point);
-    [[nodiscard]] bool syncTogether(std::uint64_t device, int point, int witness);
+    [[nodiscard]] bool syncTogether(std::uint64_t device, int point, const std::function<std::error_code()>& witness);
 
     std::set<std::uint64_t> m_failed; ///< devices on which only the sync of a single file is believed
 };

@@ -1,6 +1,5 @@
 #include "FileStager.h"
 #include "LinuxFolder.h"
-#include "SourceRemoval.h"
 #include "SystemCall.h"
 
 #include <algorithm>

@@ -15,7 +15,6 @@ namespace fs = std::filesystem;
 
 /// The fields of one line of /proc/self/mountinfo (see proc(5)) that matter here.
 struct MountLine {
-    std::uint64_t id = 0;
     std::string mountPoint;
     std::string type;
     std::string source;
@@ -40,7 +39,7 @@ MountLine parse(const std::string& line) {
     std::istringstream fields(line);
     MountLine mount;
     std::string skipped;
-    fields >> mount.id >> skipped >> skipped >> skipped >> mount.mountPoint;
+    fields >> skipped >> skipped >> skipped >> skipped >> mount.mountPoint;
     while (fields >> skipped && skipped != "-") {
     }
     fields >> mount.type >> mount.source;
@@ -53,9 +52,10 @@ MountLine mountOf(int folder) {
     const bool isKnown =
         ::statx(folder, "", AT_EMPTY_PATH, STATX_MNT_ID, &status) == 0 && (status.stx_mask & STATX_MNT_ID) != 0;
     std::ifstream mounts("/proc/self/mountinfo");
+    const std::string id = std::to_string(status.stx_mnt_id) + ' ';
     for (std::string line; isKnown && std::getline(mounts, line);) {
-        if (MountLine mount = parse(line); mount.id == status.stx_mnt_id)
-            return mount;
+        if (line.starts_with(id))
+            return parse(line);
     }
     return {};
 }

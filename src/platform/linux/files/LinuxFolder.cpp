@@ -318,3 +318,11 @@ bool IsUnchanged(const FileFacts& facts, const struct stat& status) {
            static_cast<std::uint64_t>(status.st_size) == facts.size &&
            toNanoseconds(status.st_mtim) == facts.modified.nanoseconds;
 }
+
+bool IsSameContent(const struct stat& before, const struct stat& now) {
+    const auto isSame = [](const struct timespec& a, const struct timespec& b) {
+        return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec;
+    };
+    return idOf(now) == idOf(before) && now.st_size == before.st_size && isSame(now.st_mtim, before.st_mtim) &&
+           isSame(now.st_ctim, before.st_ctim);
+}

@@ -67,3 +67,7 @@ class LinuxFolder final : public Folder {
 
 /// True when `status` is a regular file with the identity, size and modification time of `facts`.
 [[nodiscard]] bool IsUnchanged(const FileFacts& facts, const struct stat& status);
+
+/// True for the same file with the same size and times. The change time tells what a program hides that puts the
+/// modification time back.
+[[nodiscard]] bool IsSameContent(const struct stat& before, const struct stat& now);

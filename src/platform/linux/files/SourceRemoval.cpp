@@ -58,12 +58,6 @@ bool hasBytesOfCopy(const StagedFile& file, const struct stat& entry, TransferOb
 
 } // namespace
 
-bool IsSameContent(const struct stat& before, const struct stat& now) {
-    return now.st_dev == before.st_dev && now.st_ino == before.st_ino && now.st_size == before.st_size &&
-           now.st_mtim.tv_sec == before.st_mtim.tv_sec && now.st_mtim.tv_nsec == before.st_mtim.tv_nsec &&
-           now.st_ctim.tv_sec == before.st_ctim.tv_sec && now.st_ctim.tv_nsec == before.st_ctim.tv_nsec;
-}
-
 std::error_code RemoveSource(const StagedFile& file, TransferObserver& observer) {
     struct stat entry {};
     if (::fstatat(file.job.source->Descriptor(), file.job.name.c_str(), &entry, AT_SYMLINK_NOFOLLOW) != 0)

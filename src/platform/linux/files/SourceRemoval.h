@@ -5,10 +5,6 @@
 #include "FileJob.h"
 #include "FileSystem.h"
 
-/// True for the same file with the same size and times. The change time tells what a program hides that puts the
-/// modification time back.
-[[nodiscard]] bool IsSameContent(const struct stat& before, const struct stat& now);
-
 /// Removes the source of a file that is placed. std::errc::resource_unavailable_try_again when it has changed since it
 /// was copied; a change of nothing but its status is settled by comparing the bytes.
 [[nodiscard]] std::error_code RemoveSource(const StagedFile& file, TransferObserver& observer);

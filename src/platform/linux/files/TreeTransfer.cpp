@@ -3,6 +3,7 @@
 #include "SourceRemoval.h"
 #include "SystemCall.h"
 
+#include <algorithm>
 #include <fcntl.h>
 #include <tuple>
 
@@ -40,6 +41,8 @@ std::error_code TreeTransfer::enter(const std::shared_ptr<Folder>& source, const
     std::vector<FolderEntry> entries;
     if (const std::error_code listing = folder.source->List(entries))
         return listing;
+    // Links first: in a move, what they lead to may be taken away from beside them.
+    std::stable_partition(entries.begin(), entries.end(), [](const FolderEntry& each) { return each.facts.isLink; });
     if (::fstat(folder.source->Descriptor(), &folder.status) != 0)
         return LastError();
     bool isResumed = false;
@@ -61,16 +64,11 @@ std::error_code TreeTransfer::enter(const std::shared_ptr<Folder>& source, const
 
 void TreeTransfer::transferEntries(const StagedFolder& folder, const std::vector<FolderEntry>& entries,
                                    bool isResumed) {
-    // Links first: in a move, what they lead to may be taken away from beside them.
-    for (const bool links : {true, false}) {
-        for (const FolderEntry& entry : entries) {
-            if (entry.facts.isLink != links)
-                continue;
-            m_isStopped = m_isStopped || m_observer.StopRequested();
-            if (m_isStopped)
-                return;
-            transferEntry(folder, entry, isResumed);
-        }
+    for (const FolderEntry& entry : entries) {
+        m_isStopped = m_isStopped || m_observer.StopRequested();
+        if (m_isStopped)
+            return;
+        transferEntry(folder, entry, isResumed);
     }
 }
 

@@ -12,8 +12,6 @@ class WorkMark final {
     /// Makes the mark.
     WorkMark(std::shared_ptr<Folder> folder, const ProcessMark& maker, TemporaryKind kind);
 
-    [[nodiscard]] const std::shared_ptr<Folder>& Parent() const { return m_folder; }
-
     /// The work is finished. May fail; then the mark is still there.
     [[nodiscard]] std::error_code Remove();
 
