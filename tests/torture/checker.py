@@ -119,7 +119,7 @@ class Checker:
             if entry.digest not in self.digests("source", path) | self.digests("destination", path):
                 yield f"neither old nor new: {path}"
 
-    def undone(self):
+    def undone(self, is_lasting=True):
         """For the plain rules; what a filter leaves out of a whole new folder is not judged."""
         there, left = files_of(self.after.destination), files_of(self.after.source)
         for path, entry in self.sources.items():
@@ -133,7 +133,7 @@ class Checker:
                 yield f"not the source's time: {path}"
             elif self.rules.action == MOVE and path in left:
                 yield f"still in the source: {path}"
-        for path in there if self.rules.action == MIRROR else []:
+        for path in there if self.rules.action == MIRROR and is_lasting else []:
             if path not in self.sources and self.may_delete(path):
                 yield f"surplus is still there: {path}"
 
