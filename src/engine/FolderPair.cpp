@@ -1,5 +1,4 @@
 #include "FolderPair.h"
-#include "Interruptions.h"
 #include "modNativePath.h"
 
 #include <algorithm>
@@ -37,8 +36,9 @@ QString foldedText(const std::filesystem::path& name) {
 }
 } // namespace
 
-FolderView::FolderView(std::shared_ptr<Folder> folder, const Interruptions& interruptions)
-    : m_folder(std::move(folder)), m_interruptions(interruptions) {}
+FolderView::FolderView(SeenFolder folder, const Interruptions& interruptions)
+    : m_folder(std::move(folder.folder)), m_interruptions(interruptions), m_entries(std::move(folder.entries)),
+      m_look(folder.look), m_isListed(folder.isListed) {}
 
 QString FolderView::PathOf(const std::filesystem::path& name) {
     if (m_pathPrefix.isEmpty())
@@ -47,14 +47,16 @@ QString FolderView::PathOf(const std::filesystem::path& name) {
 }
 
 std::error_code FolderView::List() {
-    m_listedAt = m_interruptions.Count();
+    if (m_isListed && isFresh())
+        return {};
+    m_look = m_interruptions.LookNow();
     const std::error_code error = m_folder->List(m_entries);
-    m_listed = !error;
+    m_isListed = !error;
     return error;
 }
 
 bool FolderView::isFresh() const {
-    return m_listed && m_listedAt == m_interruptions.Count();
+    return m_interruptions.IsFresh(m_look);
 }
 
 std::optional<FileFacts> FolderView::Facts(const std::filesystem::path& name) {

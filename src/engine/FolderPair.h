@@ -3,20 +3,33 @@
 #pragma once
 
 #include "Folder.h"
+#include "Interruptions.h"
 #include <QMultiHash>
 #include <QString>
 #include <map>
 #include <set>
 
-class Interruptions;
+/// A folder, and what was found in it a moment ago.
+struct SeenFolder {
+    std::shared_ptr<Folder> folder;
+    std::vector<FolderEntry> entries{}; ///< sorted by name
+    bool isListed = false;              ///< these are all
+    Interruptions::Look look{};
+};
+
+struct SeenPair {
+    SeenFolder source;
+    SeenFolder destination;
+};
 
 /// One listing of a folder, kept fresh while the folder is worked on. Owns the entries; a listing that failed is empty
 /// and says so. What is staged for the folder counts as already there.
 class FolderView final {
   public:
-    FolderView(std::shared_ptr<Folder> folder, const Interruptions& interruptions);
+    FolderView(SeenFolder folder, const Interruptions& interruptions);
 
-    /// Reads the folder to its end. The error must be looked at: only a listing without one may count as empty.
+    /// Reads the folder to its end, unless it has just been read. The error must be looked at: only a listing without
+    /// one may count as empty.
     [[nodiscard]] std::error_code List();
 
     [[nodiscard]] const std::shared_ptr<Folder>& Handle() const { return m_folder; }
@@ -29,8 +42,8 @@ class FolderView final {
     /// take memory with the square of the depth.
     void ForgetPath() { m_pathPrefix.clear(); }
 
-    /// The entry as it is now: from the listing as long as nothing else could run since, else looked at again. What the
-    /// listing lacks is always looked for: a disk that folds letter case finds it under another spelling.
+    /// The entry as it is now: from the listing as long as that is fresh, else looked at again. What the listing lacks
+    /// is always looked for: a disk that folds letter case finds it under another spelling.
     [[nodiscard]] std::optional<FileFacts> Facts(const std::filesystem::path& name);
 
     /// The same for one of Entries(), which need not be searched for.
@@ -51,8 +64,8 @@ class FolderView final {
     const Interruptions& m_interruptions;
     std::vector<FolderEntry> m_entries;
     std::vector<FolderEntry> m_staged;
-    unsigned m_listedAt = 0;
-    bool m_listed = false;
+    Interruptions::Look m_look; ///< at the entries
+    bool m_isListed;            ///< wholly
 };
 
 /// Which entry of the destination each name of the source leads to. Only the disk can tell: on one that folds letter
@@ -97,9 +110,8 @@ class DestinationNames final {
 
 /// One level of the walk.
 struct FolderPair {
-    FolderPair(std::shared_ptr<Folder> sourceFolder, std::shared_ptr<Folder> destinationFolder, int level,
-               const Interruptions& interruptions)
-        : source(std::move(sourceFolder), interruptions), destination(std::move(destinationFolder), interruptions),
+    FolderPair(SeenPair folders, int level, const Interruptions& interruptions)
+        : source(std::move(folders.source), interruptions), destination(std::move(folders.destination), interruptions),
           names(source, destination), depth(level) {}
     FolderView source;
     FolderView destination;

@@ -9,6 +9,8 @@ namespace {
 constexpr std::chrono::milliseconds yieldInterval{50};
 // Nobody minds a log that is ahead of the disk by so much.
 constexpr std::chrono::milliseconds longYield{500};
+// A file that is always being written to must still be seen as it is when its copy begins.
+constexpr std::chrono::milliseconds looksStayFresh{100};
 } // namespace
 
 Interruptions::Interruptions(Prompter& prompter, EventPump& pump, const Clock& clock)
@@ -29,10 +31,15 @@ std::chrono::steady_clock::time_point Interruptions::Now() const {
     return m_clock.MonotonicNow();
 }
 
+bool Interruptions::IsFresh(const Look& look) const {
+    return look.upheavals == m_upheavals && Now() - look.at <= looksStayFresh;
+}
+
 MessageAnswer Interruptions::Ask(const Message& message) {
     commitAll();
     const MessageAnswer answer = m_prompter.Ask(message);
     ++m_count;
+    ++m_upheavals;
     m_lastYield = m_clock.MonotonicNow();
     return answer;
 }

@@ -33,18 +33,33 @@ class Interruptions final {
     /// Grows with every interruption.
     [[nodiscard]] unsigned Count() const { return m_count; }
 
+    /// When the disk was looked at.
+    struct Look {
+        unsigned upheavals = 0;
+        std::chrono::steady_clock::time_point at;
+    };
+    [[nodiscard]] Look LookNow() const { return {m_upheavals, Now()}; }
+
+    /// True for 100 ms, as long as no box was answered and no other run has worked: what was seen may be believed. A
+    /// transfer or a deletion still checks what it is about to touch.
+    [[nodiscard]] bool IsFresh(const Look& look) const;
+
     /// Makes a run's transfer known from its start to its end. Runs end in the reverse order of their starts.
     class Staging final {
       public:
-        Staging(Interruptions& interruptions, FileTransfer& transfer) : m_transfers(interruptions.m_transfers) {
-            m_transfers.push_back(&transfer);
+        Staging(Interruptions& interruptions, FileTransfer& transfer) : m_interruptions(interruptions) {
+            ++m_interruptions.m_upheavals;
+            m_interruptions.m_transfers.push_back(&transfer);
         }
-        ~Staging() { m_transfers.pop_back(); }
+        ~Staging() {
+            m_interruptions.m_transfers.pop_back();
+            ++m_interruptions.m_upheavals;
+        }
         Staging(const Staging&) = delete;
         Staging& operator=(const Staging&) = delete;
 
       private:
-        std::vector<FileTransfer*>& m_transfers;
+        Interruptions& m_interruptions;
     };
 
   private:
@@ -57,5 +72,6 @@ class Interruptions final {
     std::vector<FileTransfer*> m_transfers; ///< of the runs on the stack, the innermost last
     std::chrono::steady_clock::time_point m_lastYield;
     unsigned m_count = 0;
-    int m_yields = 0; ///< on the stack
+    unsigned m_upheavals = 0; ///< boxes answered, runs begun and ended
+    int m_yields = 0;         ///< on the stack
 };

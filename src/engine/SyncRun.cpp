@@ -2,6 +2,7 @@
 #include "ActivityFile.h"
 #include "ActivityLogs.h"
 #include "FileSync.h"
+#include "FoldersAhead.h"
 #include "OwnPlaces.h"
 #include "Reactions.h"
 #include "RunFacts.h"
@@ -42,7 +43,7 @@ SyncRun::~SyncRun() {
 }
 
 RunOutcome SyncRun::Run() {
-    std::ignore = SyncFilesAndFolders(m_source, m_destination, 0);
+    std::ignore = SyncFilesAndFolders({{m_source}, {m_destination}}, 0);
     m_transfer->Commit();
     m_tools.logs.Flush();
     readRecord(); // events have run: what follows must not use another record
@@ -183,19 +184,19 @@ bool SyncRun::MustGiveUp() {
     return m_tools.interruptions.Now() - *m_closingSince >= grace;
 }
 
-bool SyncRun::SyncFilesAndFolders(std::shared_ptr<Folder> source, std::shared_ptr<Folder> destination, int depth) {
+bool SyncRun::SyncFilesAndFolders(SeenPair folders, int depth) {
     AbortTest();
     if (Over())
         return true;
     if (depth > Folder::MostLevels) {
-        Refuse(m_tools.texts.TooDeep(ToText(source->Path())));
+        Refuse(m_tools.texts.TooDeep(ToText(folders.source.folder->Path())));
         return true;
     }
     const UnfinishedWork unfinished =
-        Rules().action == FileAction::None ? UnfinishedWork{} : destination->RemoveLeftovers();
+        Rules().action == FileAction::None ? UnfinishedWork{} : folders.destination.folder->RemoveLeftovers();
     if (unfinished.isNewFolder && depth > 0)
         return false;
-    FolderPair pair(std::move(source), std::move(destination), depth, m_tools.interruptions);
+    FolderPair pair(std::move(folders), depth, m_tools.interruptions);
     const bool isMirror = Rules().action == FileAction::Mirror;
     pair.hasUnfinishedMoves = unfinished.hasMoves;
     pair.mayDelete = isMirror && IsOnMount(*pair.destination.Handle(), m_destinationMount);
@@ -221,12 +222,13 @@ void SyncRun::SyncFiles(FolderPair& pair) {
 }
 
 void SyncRun::SyncFolders(FolderPair& pair) {
+    FoldersAhead ahead(m_tools.services.fileSystem, m_tools.interruptions, pair, m_rules.action == FileAction::Mirror);
     for (const FolderEntry& entry : pair.source.Entries()) {
         if (Over())
             return;
         if (entry.facts.kind != EntryKind::Folder || IsRootOrAbove(entry.facts.id))
             continue;
-        syncFolder(pair, entry);
+        syncFolder(pair, entry, ahead);
         AbortTest();
     }
     if (m_rules.action != FileAction::Mirror)
@@ -241,7 +243,7 @@ void SyncRun::SyncFolders(FolderPair& pair) {
     }
 }
 
-void SyncRun::syncFolder(FolderPair& pair, const FolderEntry& entry) {
+void SyncRun::syncFolder(FolderPair& pair, const FolderEntry& entry, FoldersAhead& ahead) {
     std::error_code error;
     const std::optional<FileFacts> found = pair.destination.Handle()->Stat(entry.name, error);
     if (!found && !error)
@@ -249,7 +251,7 @@ void SyncRun::syncFolder(FolderPair& pair, const FolderEntry& entry) {
     if (found && found->kind == EntryKind::Folder && found->id != entry.facts.id) {
         error = pair.names.Claim(entry.name, *found, false);
         if (!error)
-            return walkInto(pair, entry, {entry.name, *found});
+            return walkInto(pair, entry, {entry.name, *found}, ahead);
     } else if (found && (found->kind == EntryKind::File || found->kind == EntryKind::Special)) {
         error = std::make_error_code(std::errc::not_a_directory);
     }
@@ -273,22 +275,28 @@ void SyncRun::transferFolder(FolderPair& pair, const FolderEntry& entry) {
         m_transfer->CopyTree(pair.source.Handle(), pair.destination.Handle(), entry, m_roots);
 }
 
-void SyncRun::walkInto(FolderPair& pair, const FolderEntry& source, const FolderEntry& destination) {
+void SyncRun::walkInto(FolderPair& pair, const FolderEntry& source, const FolderEntry& destination,
+                       FoldersAhead& ahead) {
     const auto path = [&] { return pair.destination.Handle()->Path() / destination.name; };
     // Work there would take the source itself for the destination's surplus.
     if (IsRootOrAbove(destination.facts.id))
         return Refuse(m_tools.texts.NestedRoot(ToText(path())));
     std::error_code error;
-    auto from = pair.source.Handle()->OpenChild(source, error);
-    auto to = from ? pair.destination.Handle()->OpenChild(destination, error) : nullptr;
-    if (to) {
+    SeenPair folders = ahead.Take(source);
+    SeenFolder& from = folders.source;
+    SeenFolder& to = folders.destination;
+    if (!from.folder)
+        from = {pair.source.Handle()->OpenChild(source, error)};
+    if (from.folder && (!to.folder || to.folder->Id() != destination.facts.id))
+        to = {pair.destination.Handle()->OpenChild(destination, error)};
+    if (from.folder && to.folder) {
         pair.source.ForgetPath();
         pair.destination.ForgetPath();
-        if (!SyncFilesAndFolders(std::move(from), std::move(to), pair.depth + 1))
+        if (!SyncFilesAndFolders(std::move(folders), pair.depth + 1))
             finishFolder(pair, source, destination);
         return;
     }
-    Failed(from ? path() : pair.source.Handle()->Path() / source.name, error);
+    Failed(from.folder ? path() : pair.source.Handle()->Path() / source.name, error);
     // What is listed there now belongs to another folder, for example to an empty mount point.
     if (error == std::errc::resource_unavailable_try_again)
         End(RunEnd::FolderExchanged);
@@ -302,5 +310,5 @@ void SyncRun::finishFolder(FolderPair& pair, const FolderEntry& source, const Fo
     auto from = pair.source.Handle()->OpenChild(source, error); // a move may have taken it away
     auto to = from ? pair.destination.Handle()->OpenChild(destination, error) : nullptr;
     if (to)
-        std::ignore = SyncFilesAndFolders(std::move(from), std::move(to), pair.depth + 1);
+        std::ignore = SyncFilesAndFolders({{std::move(from)}, {std::move(to)}}, pair.depth + 1);
 }

@@ -12,6 +12,7 @@
 #include "SyncRules.h"
 
 class ActivityLogs;
+class FoldersAhead;
 class OwnPlaces;
 class Reactions;
 class SafeExit;
@@ -42,8 +43,7 @@ class SyncRun final : public TransferObserver {
 
     /// One level: the abort test, the files, the sub-folders. False, with nothing done, when the destination was new to
     /// an earlier run that could not finish it: then it is transferred whole, as that run would have.
-    [[nodiscard]] bool SyncFilesAndFolders(std::shared_ptr<Folder> source, std::shared_ptr<Folder> destination,
-                                           int depth);
+    [[nodiscard]] bool SyncFilesAndFolders(SeenPair folders, int depth);
 
     // For FileSync and SurplusRemoval.
 
@@ -95,9 +95,9 @@ class SyncRun final : public TransferObserver {
   private:
     void SyncFiles(FolderPair& pair);
     void SyncFolders(FolderPair& pair);
-    void syncFolder(FolderPair& pair, const FolderEntry& entry);
+    void syncFolder(FolderPair& pair, const FolderEntry& entry, FoldersAhead& ahead);
     void transferFolder(FolderPair& pair, const FolderEntry& entry);
-    void walkInto(FolderPair& pair, const FolderEntry& source, const FolderEntry& destination);
+    void walkInto(FolderPair& pair, const FolderEntry& source, const FolderEntry& destination, FoldersAhead& ahead);
     void finishFolder(FolderPair& pair, const FolderEntry& source, const FolderEntry& destination);
     void readRecord();
     void lookAtOwnFiles();

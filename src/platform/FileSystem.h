@@ -3,7 +3,7 @@
 // observer; a failure leaves the source and an old destination whole.
 #pragma once
 
-#include "Folder.h"
+#include "ReadAhead.h"
 #include <set>
 
 /// Follows a transfer.
@@ -65,8 +65,8 @@ class FileTransfer {
     virtual void MoveTree(const std::shared_ptr<Folder>& source, const std::shared_ptr<Folder>& destination,
                           const FolderEntry& entry, const std::set<FileId>& excluded) = 0;
 
-    /// Flushes everything staged and puts it in place. The destructor calls it too. Events that run in Progress may
-    /// call it again.
+    /// Flushes everything staged, puts it in place and brings the names to disk. The destructor calls it too. Events
+    /// that run in Progress may call it again.
     virtual void Commit() = 0;
 };
 
@@ -81,4 +81,7 @@ class FileSystem {
 
     /// A transfer for one run. The observer must outlive it.
     [[nodiscard]] virtual std::unique_ptr<FileTransfer> NewTransfer(TransferObserver& observer) = 0;
+
+    /// Begins to read two folders. Null where nothing can be read ahead.
+    [[nodiscard]] virtual std::unique_ptr<ReadAhead> Begin(ReadAhead::Order order) = 0;
 };

@@ -72,6 +72,9 @@ class Folder {
     /// such a process has left, until ForgetUnfinished is called.
     virtual UnfinishedWork RemoveLeftovers() = 0;
 
+    /// Reads the names that RemoveLeftovers has to look at, so that it need not.
+    virtual void FindLeftovers() = 0;
+
     /// The work that RemoveLeftovers told of is finished.
     virtual void ForgetUnfinished() = 0;
 

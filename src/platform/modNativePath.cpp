@@ -21,7 +21,8 @@ qsizetype sequenceLength(const QByteArray& bytes, qsizetype at) {
 } // namespace
 
 QString modNativePath::ToText(const std::filesystem::path& path) {
-    const QByteArray bytes = QByteArray::fromStdString(path.string());
+    const std::string native = path.string();
+    const QByteArray bytes = QByteArray::fromRawData(native.data(), static_cast<qsizetype>(native.size()));
     QString text = QString::fromUtf8(bytes);
     if (!text.contains(QChar(replacementCharacter)))
         return text;

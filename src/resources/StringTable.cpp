@@ -26,5 +26,9 @@ StringTable::StringTable(Language language) {
 }
 
 QString StringTable::operator[](Text text) const {
-    return m_translator.translate("", QByteArray::number(static_cast<int>(text)).constData());
+    const int number = static_cast<int>(text);
+    const auto read = m_read.constFind(number);
+    return read != m_read.constEnd()
+               ? *read
+               : *m_read.insert(number, m_translator.translate("", QByteArray::number(number).constData()));
 }

@@ -1,7 +1,8 @@
-// All texts for the user in one language. Owns the loaded table. A missing text reads as "".
+// All texts for the user in one language. Owns the loaded table. A missing text reads as "". For one thread.
 #pragma once
 
 #include "Text.h"
+#include <QHash>
 #include <QString>
 #include <QTranslator>
 #include <initializer_list>
@@ -20,4 +21,5 @@ class StringTable final {
 
   private:
     QTranslator m_translator;
+    mutable QHash<int, QString> m_read; ///< a long run writes the same few for every file
 };

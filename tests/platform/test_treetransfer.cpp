@@ -163,6 +163,33 @@ class TestTreeTransfer final : public QObject {
         }
     }
 
+    /// What is read ahead is what a listing gives, or nothing, and few folders are held open for it.
+    void readsAhead() {
+        FileWorld world;
+        const auto openDescriptors = [] {
+            return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator());
+        };
+        for (int number = 0; number < 100; ++number)
+            FileWorld::Write(world.source / std::to_string(number) / "file", "1");
+        fs::copy(world.source, world.destination, fs::copy_options::recursive);
+        std::vector<FolderEntry> folders;
+        QVERIFY(!world.from->List(folders));
+        fs::remove_all(world.source / folders.back().name);
+        const auto before = openDescriptors();
+        std::vector<std::unique_ptr<ReadAhead>> orders;
+        for (const FolderEntry& folder : folders)
+            orders.push_back(world.system.Begin({world.from, folder, world.to, folders.size() % 2 == 0}));
+        int taken = 0;
+        for (std::size_t at = folders.size() - 20; at < folders.size(); ++at) {
+            const auto read = orders[at]->Take([] {});
+            taken += read ? 1 : 0;
+            if (read)
+                QVERIFY(read->entries.size() == 1 && read->entries[0].name == "file" && read->destination);
+        }
+        QVERIFY(taken < 10 && openDescriptors() <= before + 20);
+        QVERIFY(!world.system.Begin({world.from, folders.back(), world.to})->Take([] {}));
+    }
+
     void givesUpWhereItIsTooDeep() {
         FileWorld world(true);
         fs::path deep = world.source / "tree";

@@ -2,6 +2,7 @@
 #include "FileStager.h"
 #include "LinuxFolder.h"
 #include "LinuxServices.h"
+#include "ReadAheadThread.h"
 #include "SourceRemoval.h"
 #include "SystemCall.h"
 #include "TreeTransfer.h"
@@ -86,6 +87,10 @@ class LinuxFileSystem final : public FileSystem {
     std::unique_ptr<FileTransfer> NewTransfer(TransferObserver& observer) override {
         return std::make_unique<LinuxFileTransfer>(observer);
     }
+    std::unique_ptr<ReadAhead> Begin(ReadAhead::Order order) override { return m_readAhead.Begin(std::move(order)); }
+
+  private:
+    ReadAheadThread m_readAhead;
 };
 
 LinuxFileTransfer::LinuxFileTransfer(TransferObserver& observer)

@@ -266,17 +266,20 @@ bool LinuxFolder::PassesOnRights() const {
     return *m_passesOnRights;
 }
 
+/// A listing that breaks off does no harm here: the names found so far are valid.
+void LinuxFolder::FindLeftovers() {
+    std::vector<std::string> found;
+    std::ignore = forEachName([&](const char* name) -> std::error_code {
+        if (MakerOfTemporary(name))
+            found.emplace_back(name);
+        return {};
+    });
+    m_temporaries = std::move(found);
+}
+
 UnfinishedWork LinuxFolder::RemoveLeftovers() {
-    if (!m_temporaries) {
-        std::vector<std::string> found;
-        // A listing that breaks off does no harm here: the names found so far are valid.
-        std::ignore = forEachName([&](const char* name) -> std::error_code {
-            if (MakerOfTemporary(name))
-                found.emplace_back(name);
-            return {};
-        });
-        m_temporaries = std::move(found);
-    }
+    if (!m_temporaries)
+        FindLeftovers();
     const std::vector<std::string> temporaries = std::move(*m_temporaries);
     m_temporaries.reset();
     m_marks.clear();

@@ -42,6 +42,7 @@ class LinuxFolder final : public Folder {
     std::vector<FileId> Ancestors() const override;
     bool StillThere() const override;
     UnfinishedWork RemoveLeftovers() override;
+    void FindLeftovers() override;
     void ForgetUnfinished() override;
     int Descriptor() const override { return m_descriptor.Get(); }
 

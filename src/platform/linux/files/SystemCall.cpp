@@ -2,7 +2,18 @@
 
 #include "modRegularFile.h"
 #include <fcntl.h>
+#include <pthread.h>
 #include <tuple>
+
+BlockedSignals::BlockedSignals() {
+    sigset_t all;
+    sigfillset(&all);
+    ::pthread_sigmask(SIG_SETMASK, &all, &m_before);
+}
+
+BlockedSignals::~BlockedSignals() {
+    ::pthread_sigmask(SIG_SETMASK, &m_before, nullptr);
+}
 
 std::error_code NotRegular(mode_t mode) {
     return std::make_error_code(S_ISDIR(mode) ? std::errc::is_a_directory : std::errc::invalid_argument);

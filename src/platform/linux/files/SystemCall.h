@@ -1,8 +1,9 @@
-// What code close to the system calls shares: errno as a value, a descriptor that closes itself, and an open that takes
-// regular files only and never blocks. Failures are error codes.
+// What code close to the system calls shares: errno as a value, a descriptor that closes itself, signals kept from
+// helper threads, and an open that takes regular files only and never blocks. Failures are error codes.
 #pragma once
 
 #include <cerrno>
+#include <csignal>
 #include <filesystem>
 #include <sys/stat.h>
 #include <system_error>
@@ -46,6 +47,18 @@ class FileDescriptor final {
 
   private:
     int m_descriptor = -1;
+};
+
+/// A thread that is started while it lives handles no signals: they are for the one that runs the event loop.
+class BlockedSignals final {
+  public:
+    BlockedSignals();
+    BlockedSignals(const BlockedSignals&) = delete;
+    BlockedSignals& operator=(const BlockedSignals&) = delete;
+    ~BlockedSignals();
+
+  private:
+    sigset_t m_before{};
 };
 
 /// The error for a file that is not regular: std::errc::is_a_directory for a folder, std::errc::invalid_argument for a

@@ -1,11 +1,10 @@
 #include "TransferBatch.h"
 #include "Attributes.h"
 #include "SourceRemoval.h"
+#include "SystemCall.h"
 
 #include <algorithm>
 #include <chrono>
-#include <csignal>
-#include <pthread.h>
 #include <set>
 
 namespace {
@@ -21,17 +20,12 @@ BackgroundTask::~BackgroundTask() {
 }
 
 void BackgroundTask::Start(const std::function<void()>& work) {
-    // Signals are for the thread that runs the event loop.
-    sigset_t all;
-    sigset_t before;
-    sigfillset(&all);
-    ::pthread_sigmask(SIG_SETMASK, &all, &before);
     try {
+        const BlockedSignals noSignals;
         m_work = std::async(std::launch::async, work);
     } catch (const std::system_error&) {
         m_work = {};
     }
-    ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
     if (!m_work.valid())
         work();
 }
