@@ -1,4 +1,5 @@
 #include "ProgramFixture.h"
+#include "Table.h"
 
 #include <QSignalSpy>
 #include <unistd.h>
@@ -18,18 +19,14 @@ class TestMonitoring final : public QObject {
     void initTestCase() { qputenv("TZ", "UTC"); }
 
     void refusedStartsLeaveMonitoringOff_data() {
-        QTest::addColumn<int>("activities");
-        QTest::addColumn<bool>("canBeLocked");
-        QTest::addColumn<Text>("message");
-        QTest::newRow("empty list") << 0 << true << Text::NothingToMonitor;
-        QTest::newRow("none checked") << 1 << true << Text::NoDirectoryToMonitor;
-        QTest::newRow("another engine") << 2 << true << Text::MonitoredElsewhere;
-        QTest::newRow("no lock can be made") << 2 << false << Text::NoLockPossible;
+        const Table<int, bool, Text> row;
+        row("empty list", 0, true, Text::NothingToMonitor);
+        row("none checked", 1, true, Text::NoDirectoryToMonitor);
+        row("another engine", 2, true, Text::MonitoredElsewhere);
+        row("no lock can be made", 2, false, Text::NoLockPossible);
     }
     void refusedStartsLeaveMonitoringOff() {
-        QFETCH(int, activities);
-        QFETCH(bool, canBeLocked);
-        QFETCH(Text, message);
+        const auto [activities, canBeLocked, message] = Table<int, bool, Text>::Current();
         ProgramFixture fixture;
         if (activities > 0)
             fixture.Add(A, {{u"activ"_qs, u"0"_qs}});

@@ -1,4 +1,5 @@
 #include "ProgramFixture.h"
+#include "Table.h"
 #include "modTriggerDate.h"
 
 #include <QLocale>
@@ -26,12 +27,8 @@ class TestSchedulers final : public QObject {
     void initTestCase() { qputenv("TZ", "UTC"); }
 
     void runsWhenItIsDue_data() {
-        QTest::addColumn<QString>("fields"); // NAME=VALUE, separated by blanks
-        QTest::addColumn<std::chrono::seconds>("span");
-        QTest::addColumn<int>("runs");
-        const auto row = [](const char* name, const char* fields, std::chrono::seconds span, int runs) {
-            QTest::newRow(name) << QString::fromLatin1(fields) << span << runs;
-        };
+        // fields: NAME=VALUE, separated by blanks
+        const Table<QString, std::chrono::seconds, int> row;
         row("10 s: not before tick 11", "type=0 intervall=10", 10s, 0);
         row("10 s: on tick 11", "type=0 intervall=10", 11s, 1);
         row("59 s is never due", "type=0 intervall=59", 300s, 0);
@@ -51,9 +48,7 @@ class TestSchedulers final : public QObject {
         row("yesterday", "type=3 triggerdate=28.02.2026 triggerdatetime=00:05", 10min, 0);
     }
     void runsWhenItIsDue() {
-        QFETCH(QString, fields);
-        QFETCH(std::chrono::seconds, span);
-        QFETCH(int, runs);
+        const auto [fields, span, runs] = Table<QString, std::chrono::seconds, int>::Current();
         Spring fixture;
         ProgramFixture::Fields record;
         for (const QString& field : fields.split(u' '))
@@ -161,21 +156,17 @@ class TestSchedulers final : public QObject {
 
     /// The machine goes off only after a run of this session whose end cleared the last box.
     void powerOffFollowsARunOnly_data() {
-        QTest::addColumn<QString>("end");
-        QTest::addColumn<bool>("isOver");
-        QTest::addColumn<int>("requests");
-        QTest::newRow("one-time run") << u"run"_qs << true << 1;
-        QTest::newRow("started again before") << u"restart"_qs << false << 0;
-        QTest::newRow("a run has begun meanwhile") << u"busy"_qs << true << 0;
-        QTest::newRow("own untick") << u"untick"_qs << true << 0;
-        QTest::newRow("missing directory") << u"missing"_qs << true << 0;
-        QTest::newRow("all switched off in the file") << u"refill"_qs << true << 0;
-        QTest::newRow("failed load") << u"damaged"_qs << false << 0;
+        const Table<QString, bool, int> row;
+        row("one-time run", "run", true, 1);
+        row("started again before", "restart", false, 0);
+        row("a run has begun meanwhile", "busy", true, 0);
+        row("own untick", "untick", true, 0);
+        row("missing directory", "missing", true, 0);
+        row("all switched off in the file", "refill", true, 0);
+        row("failed load", "damaged", false, 0);
     }
     void powerOffFollowsARunOnly() {
-        QFETCH(QString, end);
-        QFETCH(bool, isOver);
-        QFETCH(int, requests);
+        const auto [end, isOver, requests] = Table<QString, bool, int>::Current();
         ProgramFixture fixture;
         fixture.clock->now = std::chrono::sys_days(std::chrono::year(2026) / 3 / 1);
         const bool isLater = end == u"untick" || end == u"refill" || end == u"damaged";
@@ -223,16 +214,13 @@ class TestSchedulers final : public QObject {
 
     /// What ends the first of two runs early leaves both to be done.
     void anInterruptedRunConsumesNothing_data() {
-        QTest::addColumn<bool>("isClosed"); // else stopped
-        QTest::addColumn<QString>("type");
+        const Table<bool, QString> row;
         for (const bool isClosed : {false, true})
             for (const char* type : {"0", "1", "2", "3", "4"})
-                QTest::addRow("%s, type %s", isClosed ? "close" : "stop", type)
-                    << isClosed << QLatin1String(type) + u"";
+                row.Add(isClosed, type);
     }
     void anInterruptedRunConsumesNothing() {
-        QFETCH(bool, isClosed);
-        QFETCH(QString, type);
+        const auto [isClosed, type] = Table<bool, QString>::Current();
         Spring fixture;
         const QString second = u"Second"_qs;
         for (const QString& name : {A, second})
@@ -277,15 +265,13 @@ class TestSchedulers final : public QObject {
 
     /// Taken out, then brought back: ticked, with a mark, and due again.
     void whatIsBroughtBackRunsAgain_data() {
-        QTest::addColumn<QString>("way");
-        QTest::addColumn<bool>("isRefilled");
+        const Table<QString, bool> row;
         for (const bool isRefilled : {false, true})
             for (const char* way : {"restart", "tick", "edit"})
-                QTest::addRow("%s, refilled %d", way, isRefilled) << QLatin1String(way) + u"" << isRefilled;
+                row.Add(way, isRefilled);
     }
     void whatIsBroughtBackRunsAgain() {
-        QFETCH(QString, way);
-        QFETCH(bool, isRefilled);
+        const auto [way, isRefilled] = Table<QString, bool>::Current();
         Spring fixture;
         const QString off = u"Off"_qs;
         const QString missing = u"Missing"_qs;

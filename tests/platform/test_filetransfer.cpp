@@ -1,5 +1,6 @@
 // Single files and single folders: what arrives, what stays, and what is refused.
 #include "FileWorld.h"
+#include "Table.h"
 #include "TemporaryName.h"
 
 #include <algorithm>
@@ -45,28 +46,23 @@ class TestFileTransfer final : public QObject {
     }
 
     void copiesOwnerAndRights_data() {
-        QTest::addColumn<bool>("asNobody"); // who owns the source then, but is not in its group 2001
-        QTest::addColumn<int>("mode");
-        QTest::addColumn<int>("list"); // what the source's access list gives its group; -1: it has none
-        QTest::addColumn<QByteArray>("folder");
-        QTest::addColumn<int>("modeAfter");
-        QTest::addColumn<int>("listAfter");
-        QTest::newRow("root") << false << 06755 << -1 << QByteArray() << 06755 << -1;
-        QTest::newRow("root, group of the folder") << false << 0640 << -1 << QByteArray("group") << 0640 << -1;
-        QTest::newRow("root, list of the folder") << false << 0640 << -1 << QByteArray("list") << 0640 << -1;
-        QTest::newRow("root, two lists") << false << 0674 << 7 << QByteArray("list") << 0674 << 7;
+        // asNobody: who owns the source then, but is not in its group 2001
+        // list: what the source's access list gives its group; -1: it has none
+        const Table<bool, int, int, QByteArray, int, int> row;
+        row("root", false, 06755, -1, QByteArray(), 06755, -1);
+        row("root, group of the folder", false, 0640, -1, "group", 0640, -1);
+        row("root, list of the folder", false, 0640, -1, "list", 0640, -1);
+        row("root, two lists", false, 0674, 7, "list", 0674, 7);
         // Another group must not read what this one could.
-        QTest::newRow("own group") << true << 0640 << -1 << QByteArray() << 0600 << -1;
-        QTest::newRow("group of the folder") << true << 0640 << -1 << QByteArray("group") << 0600 << -1;
-        QTest::newRow("list of the folder") << true << 0664 << -1 << QByteArray("list") << 0644 << -1;
-        QTest::newRow("programs") << true << 06775 << -1 << QByteArray("group") << 04755 << -1;
-        QTest::newRow("list of the source") << true << 0674 << 7 << QByteArray("group") << 0674 << 4;
+        row("own group", true, 0640, -1, QByteArray(), 0600, -1);
+        row("group of the folder", true, 0640, -1, "group", 0600, -1);
+        row("list of the folder", true, 0664, -1, "list", 0644, -1);
+        row("programs", true, 06775, -1, "group", 04755, -1);
+        row("list of the source", true, 0674, 7, "group", 0674, 4);
     }
     void copiesOwnerAndRights() {
-        QFETCH(bool, asNobody);
-        QFETCH(int, mode);
-        QFETCH(int, list);
-        QFETCH(QByteArray, folder);
+        const auto [asNobody, mode, list, folder, modeAfter, listAfter] =
+            Table<bool, int, int, QByteArray, int, int>::Current();
         if (::geteuid() != 0)
             QSKIP("needs to change the user");
         const uid_t owner = asNobody ? 65534 : 1001;
@@ -97,8 +93,7 @@ class TestFileTransfer final : public QObject {
             const struct stat status = FileWorld::StatusOf(path);
             QCOMPARE(status.st_uid, owner);
             QCOMPARE(status.st_gid, gid_t{!asNobody ? 2001U : folder == "group" ? 3001U : 65534U});
-            QTEST(static_cast<int>(status.st_mode & 07777U), "modeAfter");
-            QFETCH(int, listAfter);
+            QCOMPARE(static_cast<int>(status.st_mode & 07777U), modeAfter);
             QVERIFY(FileWorld::Attribute(path, FileWorld::OwnList) ==
                     (listAfter < 0 ? std::string() : FileWorld::AccessList(static_cast<char>(listAfter))));
             QVERIFY(FileWorld::Attribute(path, FileWorld::DefaultList).empty());

@@ -4,6 +4,7 @@
 #include "ScratchFolder.h"
 #include "SizeLimit.h"
 #include "SystemCallFault.h"
+#include "Table.h"
 #include "modForeignText.h"
 #include "modNativePath.h"
 
@@ -30,20 +31,17 @@ class TestOwnFiles : public QObject {
 
   private Q_SLOTS:
     void everyOperationMeetsEveryKind_data() {
-        QTest::addColumn<QByteArray>("kind");
-        QTest::addColumn<QString>("results"); // read replace create append append+create delete: o = done, - = refused
-        const auto row = [](const char* kind, const char* results) {
-            QTest::newRow(kind) << QByteArray(kind) << QString::fromLatin1(results);
-        };
-        row("nothing", "-oo-o-");
-        row("file", "oo-ooo");
-        row("link", "oo-ooo");
-        row("dangling link", "-o--o-");
-        row("folder", "------");
-        row("fifo", "------"); // and none of them waits for its other end
+        // results: read replace create append append+create delete: o = done, - = refused
+        const Table<QByteArray, QString> row;
+        row.Add("nothing", "-oo-o-");
+        row.Add("file", "oo-ooo");
+        row.Add("link", "oo-ooo");
+        row.Add("dangling link", "-o--o-");
+        row.Add("folder", "------");
+        row.Add("fifo", "------"); // and none of them waits for its other end
     }
     void everyOperationMeetsEveryKind() {
-        QFETCH(QByteArray, kind);
+        const auto [kind, expected] = Table<QByteArray, QString>::Current();
         QByteArray read;
         const std::function<std::error_code(const fs::path&)> operations[] = {
             [&](const fs::path& file) { return m_files.ReadAll(file, 100, read); },
@@ -71,7 +69,7 @@ class TestOwnFiles : public QObject {
             if (kind.endsWith("link") && !isDelete)
                 QVERIFY(fs::is_symlink(scratch.file)); // written through, not over
         }
-        QTEST(results, "results");
+        QCOMPARE(results, expected);
     }
 
     void replacementKeepsPermissions() {
@@ -84,17 +82,16 @@ class TestOwnFiles : public QObject {
     }
 
     void replacementKeepsOwnerAndAccessList_data() {
-        QTest::addColumn<bool>("asNobody"); // who owns the file, but is not in its group
-        QTest::addColumn<bool>("hasList");
-        QTest::addColumn<unsigned>("mode"); // after the replacement of a file of mode 0674
-        QTest::newRow("root") << false << false << 0674U;
-        QTest::newRow("root, list") << false << true << 0674U;
-        QTest::newRow("nobody") << true << false << 0644U;
-        QTest::newRow("nobody, list") << true << true << 0674U;
+        // asNobody: who owns the file, but is not in its group
+        // mode: after the replacement of a file of mode 0674
+        const Table<bool, bool, unsigned> row;
+        row("root", false, false, 0674U);
+        row("root, list", false, true, 0674U);
+        row("nobody", true, false, 0644U);
+        row("nobody, list", true, true, 0674U);
     }
     void replacementKeepsOwnerAndAccessList() {
-        QFETCH(bool, asNobody);
-        QFETCH(bool, hasList);
+        const auto [asNobody, hasList, mode] = Table<bool, bool, unsigned>::Current();
         if (::geteuid() != 0)
             QSKIP("needs to change the user");
         const uid_t owner = asNobody ? 65534 : 1001;
@@ -114,7 +111,7 @@ class TestOwnFiles : public QObject {
         QCOMPARE(scratch.Read(own), QByteArray("new"));
         QCOMPARE(status.st_uid, owner);
         QCOMPARE(status.st_gid, gid_t{asNobody ? 65534U : 2001U});
-        QTEST(status.st_mode & 07777U, "mode");
+        QCOMPARE(status.st_mode & 07777U, mode);
         QVERIFY(FileWorld::Attribute(scratch.file, FileWorld::OwnList) ==
                 (!hasList ? std::string() : FileWorld::AccessList(asNobody ? 4 : 7)));
         QVERIFY(FileWorld::Attribute(scratch.file, "user.colour") == colour);
