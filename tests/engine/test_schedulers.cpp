@@ -10,13 +10,12 @@ using namespace std::chrono_literals;
 
 namespace {
 const QString A = u"A"_qs;
-const std::pair<QString, QString> noLog{u"logfile"_qs, QString()};
 
 /// With an activity that is never due and keeps monitoring on, from midnight of the first of March 2026.
 struct Spring : ProgramFixture {
     Spring() {
         clock->now = std::chrono::sys_days(std::chrono::year(2026) / 3 / 1);
-        Add(u"keepsOn"_qs, {{u"intervall"_qs, u"59"_qs}});
+        Add(u"keepsOn"_qs, u"intervall=59"_qs);
     }
 };
 } // namespace
@@ -50,15 +49,12 @@ class TestSchedulers final : public QObject {
     void runsWhenItIsDue() {
         const auto [fields, span, runs] = Table<QString, std::chrono::seconds, int>::Current();
         Spring fixture;
-        ProgramFixture::Fields record;
-        for (const QString& field : fields.split(u' '))
-            record[field.section(u'=', 0, 0)] = field.section(u'=', 1);
-        fixture.Add(A, record);
+        fixture.Add(A, fields);
         Program& program = fixture.Start();
         program.Monitoring().ToggleMonitoring();
         fixture.Pass(span);
         QCOMPARE(fixture.Log(A).count(u"Checking starts ..."_qs), runs);
-        const bool isOver = runs == 1 && record[u"type"_qs].toInt() > 2;
+        const bool isOver = runs == 1 && fields.contains(u"trigger");
         QCOMPARE(program.File().Read(A, ActivityField::Active), isOver ? u"0"_qs : u"1"_qs);
         QCOMPARE(fixture.Read(u"Kalvenor.kvd"_qs).contains("<activ>0</activ>"), isOver);
         QVERIFY(!isOver || fixture.Log(A).last() == u"Monitoring 'A stopped.");
@@ -66,26 +62,25 @@ class TestSchedulers final : public QObject {
     }
 
     void triggerDates() {
-        const auto read = [](const char* text, const char* locale) {
-            return modTriggerDate::Read(QString::fromLatin1(text), QLocale(QString::fromLatin1(locale)));
+        const auto read = [](const QString& text, const QString& locale = u"de_DE"_qs) {
+            return modTriggerDate::Read(text, QLocale(locale)).toString(u"d.M.yyyy"_qs);
         };
-        const QDate day(2026, 4, 3);
-        for (const auto& [text, locale] : {std::pair("03.04.2026", "de_DE"),
-                                           {"3.4.2026", "en_US"},
-                                           {"2026-04-03", "de_DE"},
-                                           {"04/03/2026", "en_US"},
-                                           {"4/3/2026", "C"},
-                                           {"03/04/2026", "en_GB"}})
-            QCOMPARE(read(text, locale), day);
-        for (const char* none : {"03.04.26", "31.02.2026", "tomorrow", "  .  .    "})
-            QVERIFY2(!read(none, "de_DE").isValid(), none);
+        const QString day = u"3.4.2026"_qs;
+        for (const QString& text : {u"03.04.2026"_qs, u"2026-04-03"_qs})
+            QCOMPARE(read(text), day);
+        for (const QString& text : {day, u"04/03/2026"_qs})
+            QCOMPARE(read(text, u"en_US"_qs), day);
+        QCOMPARE(read(u"4/3/2026"_qs, u"C"_qs), day);
+        QCOMPARE(read(u"03/04/2026"_qs, u"en_GB"_qs), day);
+        for (const QString& none : {u"03.04.26"_qs, u"31.02.2026"_qs, u"tomorrow"_qs, u"  .  .    "_qs})
+            QVERIFY2(read(none).isEmpty(), qPrintable(none));
     }
 
     /// Ticks keep copies of the records, and whoever changes one must not have to say so.
     void everyChangeCountsAtTheNextTick() {
         ProgramFixture fixture;
-        fixture.Add(A, {{u"intervall"_qs, u"2"_qs}, noLog});
-        fixture.Add(A, {{u"intervall"_qs, u"4"_qs}, noLog}); // a namesake, shown but never run
+        fixture.Add(A, u"intervall=2 logfile="_qs);
+        fixture.Add(A, u"intervall=4 logfile="_qs); // a namesake, shown but never run
         Program& program = fixture.Start();
         program.Monitoring().ToggleMonitoring();
         const auto runsAfter = [&](const std::function<void()>& change) {
@@ -105,17 +100,11 @@ class TestSchedulers final : public QObject {
         ProgramFixture fixture;
         fixture.clock->now = std::chrono::sys_days(std::chrono::year(2026) / 3 / 1);
         fixture.SetOption("StopIfFolderNotExist", u"0"_qs);
-        for (int i = 0; i < 1000; ++i) {
-            const bool isInterval = i % 20 == 0;
-            fixture.Add(
-                u"N%1"_qs.arg(i),
-                {{u"type"_qs, QString::number(isInterval ? i / 20 % 3 : 4)},
-                 {u"intervall"_qs, u"40"_qs},
-                 {u"daily"_qs, u"1"_qs},
-                 {u"triggertime"_qs, u"%1:%2"_qs.arg(i % 24, 2, 10, QChar(u'0')).arg(i % 12 * 5, 2, 10, QChar(u'0'))},
-                 {u"sourcedir"_qs, fixture.Path(i % 7 == 0 ? u"none"_qs : u"src"_qs)},
-                 noLog});
-        }
+        for (int i = 0; i < 1000; ++i)
+            fixture.Add(u"N%1"_qs.arg(i), u"type=%1 intervall=40 daily=1 triggertime=%2 sourcedir=%3 logfile="_qs
+                                              .arg(i % 20 == 0 ? i / 20 % 3 : 4)
+                                              .arg(QTime(i % 24, i % 12 * 5).toString(u"hh:mm"_qs),
+                                                   fixture.Path(i % 7 == 0 ? u"none"_qs : u"src"_qs)));
         fixture.Write(u"src/f"_qs, "x");
         fixture.Start().Options().ReadRegistry();
         fixture.program->Monitoring().ToggleMonitoring();
@@ -137,7 +126,7 @@ class TestSchedulers final : public QObject {
     void onceOnlyRunsOnceAndEndsMonitoring() {
         for (const QString& type : {u"0"_qs, u"1"_qs}) {
             ProgramFixture fixture;
-            fixture.Add(A, {{u"type"_qs, type}, {u"intervall"_qs, u"2"_qs}, {u"runningmode"_qs, u"1"_qs}});
+            fixture.Add(A, u"intervall=2 runningmode=1 type="_qs + type);
             fixture.Write(u"src/f"_qs, "x");
             Program& program = fixture.Start();
             bool isCopied = false;
@@ -170,7 +159,7 @@ class TestSchedulers final : public QObject {
         ProgramFixture fixture;
         fixture.clock->now = std::chrono::sys_days(std::chrono::year(2026) / 3 / 1);
         const bool isLater = end == u"untick" || end == u"refill" || end == u"damaged";
-        fixture.Add(A, {{u"type"_qs, u"4"_qs}, {u"triggertime"_qs, isLater ? u"12:00"_qs : u"00:00"_qs}});
+        fixture.Add(A, u"type=4 triggertime="_qs + (isLater ? u"12:00" : u"00:00"));
         fixture.Write(u"app.log"_qs, "");
         fixture.power->succeeds = false;
         Program& program = fixture.Start();
@@ -224,13 +213,9 @@ class TestSchedulers final : public QObject {
         Spring fixture;
         const QString second = u"Second"_qs;
         for (const QString& name : {A, second})
-            fixture.Add(name, {{u"type"_qs, type},
-                               {u"intervall"_qs, u"2"_qs},
-                               {u"runningmode"_qs, u"1"_qs},
-                               {u"triggertime"_qs, u"00:00"_qs},
-                               {u"triggerdate"_qs, u"01.03.2026"_qs},
-                               {u"triggerdatetime"_qs, u"00:00"_qs},
-                               {u"action"_qs, u"1"_qs}});
+            fixture.Add(name, u"action=1 intervall=2 runningmode=1 triggertime=00:00 triggerdate=01.03.2026 "
+                              "triggerdatetime=00:00 type="_qs +
+                                  type);
         fixture.Write(u"src/f"_qs, "x");
         Program& program = fixture.Start();
         program.Monitoring().ToggleMonitoring();
@@ -255,7 +240,7 @@ class TestSchedulers final : public QObject {
 
     void anAppointmentPutOffDuringItsRunStands() {
         Spring fixture;
-        fixture.Add(A, {{u"type"_qs, u"4"_qs}, {u"triggertime"_qs, u"00:00"_qs}});
+        fixture.Add(A, u"type=4 triggertime=00:00"_qs);
         Program& program = fixture.Start();
         program.Monitoring().ToggleMonitoring();
         fixture.pump->onYield = [&] { program.File().Write(A, ActivityField::TriggerTime, u"12:00"_qs); };
@@ -275,12 +260,9 @@ class TestSchedulers final : public QObject {
         Spring fixture;
         const QString off = u"Off"_qs;
         const QString missing = u"Missing"_qs;
-        fixture.Add(A, {{u"intervall"_qs, u"2"_qs}, {u"runningmode"_qs, u"1"_qs}});
-        fixture.Add(missing, {{u"type"_qs, u"4"_qs},
-                              {u"daily"_qs, u"1"_qs},
-                              {u"triggertime"_qs, u"00:00"_qs},
-                              {u"sourcedir"_qs, fixture.Path(u"gone"_qs)}});
-        fixture.Add(off, {{u"activ"_qs, u"0"_qs}});
+        fixture.Add(A, u"intervall=2 runningmode=1"_qs);
+        fixture.Add(missing, u"type=4 daily=1 triggertime=00:00 sourcedir="_qs + fixture.Path(u"gone"_qs));
+        fixture.Add(off, u"activ=0"_qs);
         fixture.Write(u"app.log"_qs, "");
         Program& program = fixture.Start();
         ActivityList& list = program.List();
@@ -315,7 +297,7 @@ class TestSchedulers final : public QObject {
     void aNameGivenTwiceRunsOnce() {
         Spring fixture;
         for (int given = 0; given < 2; ++given)
-            fixture.Add(A, {{u"type"_qs, u"1"_qs}, {u"intervall"_qs, u"2"_qs}});
+            fixture.Add(A, u"type=1 intervall=2"_qs);
         fixture.Write(u"app.log"_qs, "");
         Program& program = fixture.Start();
         program.Monitoring().ToggleMonitoring();
@@ -326,7 +308,7 @@ class TestSchedulers final : public QObject {
 
     void aChangedTimeZoneIsSeen() {
         Spring fixture;
-        fixture.Add(A, {{u"type"_qs, u"4"_qs}, {u"triggertime"_qs, u"05:00"_qs}});
+        fixture.Add(A, u"type=4 triggertime=05:00"_qs);
         fixture.Start().Monitoring().ToggleMonitoring();
         qputenv("TZ", "XXX-5");
         fixture.Pass(2s);
@@ -337,7 +319,7 @@ class TestSchedulers final : public QObject {
 
     void theEndIsToldAfterTheTick() {
         ProgramFixture fixture;
-        fixture.Add(A, {{u"intervall"_qs, u"2"_qs}, {u"runningmode"_qs, u"1"_qs}});
+        fixture.Add(A, u"intervall=2 runningmode=1"_qs);
         Program& program = fixture.Start();
         program.Monitoring().ToggleMonitoring();
         qsizetype runs = 0;
@@ -354,8 +336,8 @@ class TestSchedulers final : public QObject {
 
     void aTickInsideARunServesOtherActivitiesAndNeverItself() {
         ProgramFixture fixture;
-        fixture.Add(A, {{u"intervall"_qs, u"2"_qs}, noLog});
-        fixture.Add(u"M"_qs, {{u"type"_qs, u"1"_qs}, {u"intervall"_qs, u"2"_qs}, noLog});
+        fixture.Add(A, u"intervall=2 logfile="_qs);
+        fixture.Add(u"M"_qs, u"type=1 intervall=2 logfile="_qs);
         Program& program = fixture.Start();
         program.Monitoring().ToggleMonitoring();
         int deepest = 0;

@@ -154,10 +154,7 @@ class TestSynchronisation final : public QObject {
 
     void reactionsComeInOrderAndOnlyForChanges() {
         ProgramFixture fixture;
-        fixture.Add(A, {{u"alert"_qs, u"Y"_qs},
-                        {u"executeable"_qs, u"/bin/tool"_qs},
-                        {u"sendmail"_qs, u"1"_qs},
-                        {u"recipient"_qs, u"me@example.org"_qs}});
+        fixture.Add(A, u"alert=Y executeable=/bin/tool sendmail=1 recipient=me@example.org"_qs);
         fixture.Write(u"src/new"_qs, "1");
         Program& program = fixture.Start();
         bool boxFirst = false;

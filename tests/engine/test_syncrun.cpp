@@ -104,10 +104,7 @@ class TestSyncRun final : public QObject {
     void whatChangedBehindABoxIsLeft() {
         const auto [action, isQuestion, changed, kept] = Table<QString, bool, QString, QByteArrayList>::Current();
         ProgramFixture fixture;
-        fixture.Add(A, {{u"action"_qs, action},
-                        {u"onlynew"_qs, u"N"_qs},
-                        {u"overwrite"_qs, isQuestion ? u"N"_qs : u"Y"_qs},
-                        {u"alert"_qs, isQuestion ? u"N"_qs : u"Y"_qs}});
+        fixture.Add(A, (isQuestion ? u"overwrite=N alert=N onlynew=N action=" : u"alert=Y onlynew=N action=") + action);
         const bool isNew = changed.endsWith(u"new");
         fixture.Write(isNew ? u"src/new"_qs : u"src/f"_qs, "source", early);
         if (!isNew)

@@ -19,8 +19,7 @@ class TestFileTransfer final : public QObject {
     void copiesContentAndAttributes_data() { FileWorld::AddWays(); }
     void copiesContentAndAttributes() {
         QFETCH(FileWorld::Way, way);
-        const std::pair<std::size_t, mode_t> files[] = {{0, 0644}, {9'000'001, 0440}, {70'000, 0000}, {1, 06755}};
-        for (const auto& [size, mode] : files) {
+        for (const auto& [size, mode] : {std::pair(0U, 0644U), {9'000'001U, 0440U}, {70'000U, 0000U}, {1U, 06755U}}) {
             if (mode == 0 && ::geteuid() != 0)
                 continue; // only an administrator reads such a file
             FileWorld world(way.otherDevice);
@@ -33,14 +32,14 @@ class TestFileTransfer final : public QObject {
             ::chmod((world.source / name).c_str(), mode);
             FileWorld::SetTime(world.source / name, 1'234'567'890);
             const struct stat before = FileWorld::StatusOf(world.source / name);
+            const fs::file_time_type time = fs::last_write_time(world.source / name);
             world.Transfer(way.move, name);
             QVERIFY(world.observer.failures.empty());
             QVERIFY(FileWorld::Tree(world.destination) == (FileWorld::Entries{{name.native(), text}}));
             QCOMPARE(fs::exists(world.source / name), !way.move);
             const struct stat after = FileWorld::StatusOf(world.destination / name);
             QCOMPARE(after.st_mode, before.st_mode);
-            QCOMPARE(after.st_mtim.tv_sec, before.st_mtim.tv_sec);
-            QCOMPARE(after.st_mtim.tv_nsec, before.st_mtim.tv_nsec);
+            QVERIFY(fs::last_write_time(world.destination / name) == time);
             QVERIFY(FileWorld::Attribute(world.destination / name, "user.colour") == "blue" || way.otherDevice);
         }
     }
@@ -171,8 +170,7 @@ class TestFileTransfer final : public QObject {
         const struct stat before = FileWorld::StatusOf(place);
         world.Transfer(way.move, "name");
         if (way.kind == "file" || way.kind == "link") {
-            QVERIFY(world.observer.failures.empty());
-            QVERIFY(S_ISREG(FileWorld::StatusOf(place).st_mode));
+            QVERIFY(world.observer.failures.empty() && S_ISREG(FileWorld::StatusOf(place).st_mode));
             QCOMPARE(FileWorld::Read(place), newText);
             QCOMPARE(fs::exists(world.source / "name"), !way.move);
             QVERIFY(way.kind == "file" ||
@@ -225,16 +223,13 @@ class TestFileTransfer final : public QObject {
                 std::fstream(file, std::ios::in | std::ios::out).seekp(11'000'000) << "changed";
             if (way.kind == "rewrite") // and hides it
                 FileWorld::SetTime(file, 1'000'000'000);
-            if (way.kind.endsWith("write"))
-                return;
             if (way.kind == "append")
                 std::ofstream(file, std::ios::app) << "more";
             else if (way.kind == "truncate")
                 fs::resize_file(file, 5'000'000);
             else if (way.kind == "replace")
                 std::ofstream(file, std::ios::trunc) << "another";
-            else
-                world.observer.givesUp = true;
+            world.observer.givesUp = way.kind == "give up";
         };
         world.Transfer(way.move, "large");
         QVERIFY(world.observer.failures["large"] ==

@@ -171,9 +171,9 @@ class TestOwnFiles : public QObject {
     void failedSyncLeavesTheOldContent() {
         const Scratch scratch;
         QVERIFY(scratch.Write(own, "old"));
+        const auto replace = [&] { return m_files.ReplaceAll(scratch.file, "new") ? 0 : 1; };
         const int result = FileWorld::InChild([&] {
-            const bool isInstalled = SystemCallFault::Install({{SYS_fsync, EIO}});
-            return !isInstalled ? 2 : m_files.ReplaceAll(scratch.file, "new") ? 0 : 1;
+            return SystemCallFault::Install({{SYS_fsync, EIO}}) ? replace() : 2;
         });
         if (result == 2)
             QSKIP("the kernel filters no system calls");
@@ -208,11 +208,9 @@ class TestOwnFiles : public QObject {
             QCOMPARE(::pipe(ready), 0);
             const pid_t child = ::fork();
             QVERIFY(child >= 0);
-            if (child == 0) {
-                for (int i = 0;; ++i)
-                    if (m_files.ReplaceAll(scratch.file, contents[i % 2]) || ::write(ready[1], "x", 1) != 1)
-                        ::_exit(1);
-            }
+            for (int i = 0; child == 0; ++i)
+                if (m_files.ReplaceAll(scratch.file, contents[i % 2]) || ::write(ready[1], "x", 1) != 1)
+                    ::_exit(1);
             // It is killed somewhere in its next save, or the one after it.
             char byte = 0;
             for (int i = 0; i <= round % 3; ++i)
@@ -245,17 +243,15 @@ class TestOwnFiles : public QObject {
     }
 
     void foreignTextsAreHarmless() {
-        const struct {
-            QString text, oneLine, lines;
-        } rows[] = {
+        const std::tuple<QString, QString, QString> rows[] = {
             {u"\u00e4 \u05d0\u200f\u00a0~"_qs, u"\u00e4 \u05d0\u200f\u00a0~"_qs, u"\u00e4 \u05d0\u200f\u00a0~"_qs},
             {u"a\r\nb\nc\td\re"_qs, u"a  b c\uFFFDd e"_qs, u"a\nb\nc\td e"_qs},
             {u"\x1b[2J\x07\x7f"_qs, u"\uFFFD[2J\uFFFD\uFFFD"_qs, u"\uFFFD[2J\uFFFD\uFFFD"_qs},
             {u"\u0080\u009b\u2028\u202e\u2029"_qs, QString(5, u'\uFFFD'), QString(5, u'\uFFFD')},
             {u"\u2065\u2066\u2069\u206a"_qs, u"\u2065\uFFFD\uFFFD\u206a"_qs, u"\u2065\uFFFD\uFFFD\u206a"_qs}};
-        for (const auto& row : rows) {
-            QCOMPARE(modForeignText::OneLine(row.text), row.oneLine);
-            QCOMPARE(modForeignText::Lines(row.text), row.lines);
+        for (const auto& [text, oneLine, lines] : rows) {
+            QCOMPARE(modForeignText::OneLine(text), oneLine);
+            QCOMPARE(modForeignText::Lines(text), lines);
         }
         QCOMPARE(modForeignText::OneLine(QString(QChar(u'\0'))), u"\uFFFD"_qs);
         QCOMPARE(modForeignText::FromServer(u" 550\r\n550  no \x1b[m"_qs), u"550 550 no \uFFFD[m"_qs);

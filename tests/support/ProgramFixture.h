@@ -74,6 +74,13 @@ class ProgramFixture : public ScratchFolder {
 
     /// Adds one to the file that Start writes.
     void Add(const QString& name, const Fields& fields = {}) { m_xml += Activity(name, fields); }
+    /// With fields as in "type=4 daily=1".
+    void Add(const QString& name, const QString& fields) {
+        Fields all;
+        for (const QString& field : fields.split(u' '))
+            all[field.section(u'=', 0, 0)] = field.section(u'=', 1);
+        Add(name, all);
+    }
 
     /// The program before its start.
     Program& Build() {

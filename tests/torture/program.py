@@ -43,19 +43,17 @@ class Program:
         self.tracer = build / "torture_tracer"
         self.folder, self.file = folder, folder / "jobs.kvd"
         self.arm = os.path.commonpath([source, destination])
-        for name in ("config/Kalvenor", "data", "state", "run", "home"):
-            (folder / name).mkdir(parents=True)
-        (folder / "run").chmod(0o700)
-        (folder / "config/Kalvenor/Kalvenor.ini").write_text("[Options]\nAccepted=Yes\n")
+        self.environment = {"PATH": os.environ["PATH"], "LANG": "C.UTF-8", "LANGUAGE": "en",
+                            "ASAN_OPTIONS": "detect_leaks=0", "UBSAN_OPTIONS": "print_stacktrace=1:halt_on_error=1"}
+        for name in ("HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME", "XDG_RUNTIME_DIR"):
+            (folder / name / "Kalvenor").mkdir(parents=True)
+            (folder / name).chmod(0o700)
+            self.environment[name] = str(folder / name)
+        (folder / "XDG_CONFIG_HOME/Kalvenor/Kalvenor.ini").write_text("[Options]\nAccepted=Yes\n")
         fields = {"sourcedir": source, "targetdir": destination, "type": "0", "intervall": "10", "alert": "N",
                   "allfiles": "0" if rules.extensions else "1", "activ": "1", "exceedtime": "10", **rules._asdict()}
         record = "".join(f"<{name}>{value}</{name}>" for name, value in fields.items())
         self.file.write_text(f'<?xml version="1.0" encoding="ISO-8859-1"?>\n<items><A>{record}</A></items>\n')
-        self.environment = {
-            "PATH": os.environ["PATH"], "HOME": str(folder / "home"), "LANG": "C.UTF-8", "LANGUAGE": "en",
-            "XDG_CONFIG_HOME": str(folder / "config"), "XDG_DATA_HOME": str(folder / "data"),
-            "XDG_STATE_HOME": str(folder / "state"), "XDG_RUNTIME_DIR": str(folder / "run"),
-            "ASAN_OPTIONS": "detect_leaks=0", "UBSAN_OPTIONS": "print_stacktrace=1:halt_on_error=1"}
 
     def run(self, faults=(), on_stop=None):
         command = [self.program, self.file, "A"]
