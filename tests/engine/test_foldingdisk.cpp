@@ -43,8 +43,6 @@ struct FoldingDisk : ProgramFixture {
 class TestFoldingDisk final : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void initTestCase() { qputenv("TZ", "UTC"); }
-
     void nothingIsLostWhereNamesMeet_data() {
         const Table<bool, QString, QString> row;
         for (const bool isExfat : {false, true})

@@ -167,8 +167,6 @@ class World final {
 class TestModel final : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void initTestCase() { qputenv("TZ", "UTC"); }
-
     /// More pairs with KALVENOR_MODEL_PAIRS, others with KALVENOR_MODEL_SEED: the first pair is made of that seed, the
     /// next one of the next.
     void theEngineDoesAsTheModelSays() {

@@ -23,8 +23,6 @@ struct Spring : ProgramFixture {
 class TestSchedulers final : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void initTestCase() { qputenv("TZ", "UTC"); }
-
     void runsWhenItIsDue_data() {
         // fields: NAME=VALUE, separated by blanks
         const Table<QString, std::chrono::seconds, int> row;
@@ -50,8 +48,7 @@ class TestSchedulers final : public QObject {
         const auto [fields, span, runs] = Table<QString, std::chrono::seconds, int>::Current();
         Spring fixture;
         fixture.Add(A, fields);
-        Program& program = fixture.Start();
-        program.Monitoring().ToggleMonitoring();
+        Program& program = fixture.StartMonitoring();
         fixture.Pass(span);
         QCOMPARE(fixture.Log(A).count(u"Checking starts ..."_qs), runs);
         const bool isOver = runs == 1 && fields.contains(u"trigger");
@@ -81,8 +78,7 @@ class TestSchedulers final : public QObject {
         ProgramFixture fixture;
         fixture.Add(A, u"intervall=2 logfile="_qs);
         fixture.Add(A, u"intervall=4 logfile="_qs); // a namesake, shown but never run
-        Program& program = fixture.Start();
-        program.Monitoring().ToggleMonitoring();
+        Program& program = fixture.StartMonitoring();
         const auto runsAfter = [&](const std::function<void()>& change) {
             change();
             const int before = fixture.Runs(A);
@@ -217,8 +213,7 @@ class TestSchedulers final : public QObject {
                               "triggerdatetime=00:00 type="_qs +
                                   type);
         fixture.Write(u"src/f"_qs, "x");
-        Program& program = fixture.Start();
-        program.Monitoring().ToggleMonitoring();
+        Program& program = fixture.StartMonitoring();
         fixture.pump->onYield = [&] {
             if (isClosed)
                 program.RequestEnd();
@@ -241,8 +236,7 @@ class TestSchedulers final : public QObject {
     void anAppointmentPutOffDuringItsRunStands() {
         Spring fixture;
         fixture.Add(A, u"type=4 triggertime=00:00"_qs);
-        Program& program = fixture.Start();
-        program.Monitoring().ToggleMonitoring();
+        Program& program = fixture.StartMonitoring();
         fixture.pump->onYield = [&] { program.File().Write(A, ActivityField::TriggerTime, u"12:00"_qs); };
         fixture.Pass(5s);
         QCOMPARE(program.File().Read(A, ActivityField::Active), u"1"_qs);
@@ -299,8 +293,7 @@ class TestSchedulers final : public QObject {
         for (int given = 0; given < 2; ++given)
             fixture.Add(A, u"type=1 intervall=2"_qs);
         fixture.Write(u"app.log"_qs, "");
-        Program& program = fixture.Start();
-        program.Monitoring().ToggleMonitoring();
+        fixture.StartMonitoring();
         QVERIFY(fixture.Read(u"app.log"_qs).contains("'keepsOn; A'"));
         fixture.Pass(121s);
         QCOMPARE(fixture.Log(A).count(u"Checking starts ..."_qs), 1);
@@ -309,7 +302,7 @@ class TestSchedulers final : public QObject {
     void aChangedTimeZoneIsSeen() {
         Spring fixture;
         fixture.Add(A, u"type=4 triggertime=05:00"_qs);
-        fixture.Start().Monitoring().ToggleMonitoring();
+        fixture.StartMonitoring();
         qputenv("TZ", "XXX-5");
         fixture.Pass(2s);
         qputenv("TZ", "UTC");
@@ -320,8 +313,7 @@ class TestSchedulers final : public QObject {
     void theEndIsToldAfterTheTick() {
         ProgramFixture fixture;
         fixture.Add(A, u"intervall=2 runningmode=1"_qs);
-        Program& program = fixture.Start();
-        program.Monitoring().ToggleMonitoring();
+        Program& program = fixture.StartMonitoring();
         qsizetype runs = 0;
         fixture.prompter.onAsk = [&](const Message&) {
             if (fixture.prompter.shown.size() > 1)
@@ -338,8 +330,7 @@ class TestSchedulers final : public QObject {
         ProgramFixture fixture;
         fixture.Add(A, u"intervall=2 logfile="_qs);
         fixture.Add(u"M"_qs, u"type=1 intervall=2 logfile="_qs);
-        Program& program = fixture.Start();
-        program.Monitoring().ToggleMonitoring();
+        Program& program = fixture.StartMonitoring();
         int deepest = 0;
         fixture.pump->onYield = [&] {
             deepest = std::max(deepest, program.State().Depth());

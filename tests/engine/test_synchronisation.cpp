@@ -21,8 +21,6 @@ constexpr qint64 late = 1'700'000'000;
 class TestSynchronisation final : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void initTestCase() { qputenv("TZ", "UTC"); }
-
     void linesOfAFileOnBothSides_data() {
         // Fields: action, overwrite, onlynew; an answer of "": nothing is asked; S and D: the files with their dates.
         const Table<QString, qint64, QString, QString> row;

@@ -28,7 +28,6 @@ class TestSyncRun final : public QObject {
     Q_OBJECT
   private Q_SLOTS:
     void initTestCase() {
-        qputenv("TZ", "UTC");
         // A mount name space of our own: whatever is mounted vanishes with this process.
         m_mayMount = ::unshare(CLONE_NEWNS) == 0 && ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
     }

@@ -12,6 +12,7 @@ class ProgramFixture : public ScratchFolder {
     using Fields = QMap<QString, QString>;
 
     ProgramFixture() {
+        qputenv("TZ", "UTC");
         services.places.programFolder = Native();
         services.places.userDataFolder = Native(u"data"_qs);
         SetOption("Accepted", u"Yes"_qs);
@@ -97,6 +98,11 @@ class ProgramFixture : public ScratchFolder {
         program->Options().LoggingPath = Path(QStringLiteral("app.log"));
         program->List().Refill();
         program->AllowTicks();
+        return *program;
+    }
+
+    Program& StartMonitoring() {
+        Start().Monitoring().ToggleMonitoring();
         return *program;
     }
 
