@@ -42,8 +42,8 @@ class RunFixture(unittest.TestCase):
             folder.mkdir(exist_ok=True)
         (usual / "file.txt").write_text(f"content of {name}")
         record = {
-            "sourcedir": source or usual, "targetdir": target, "type": "0", "intervall": "10", "action": "0", "overwrite": "Y",
-            "onlynew": "N", "alert": "N", "includesubdirs": "Y", "allfiles": "1", "activ": "1", **fields}
+            "sourcedir": source or usual, "targetdir": target, "type": "0", "intervall": "10", "action": "0",
+            "overwrite": "Y", "onlynew": "N", "alert": "N", "includesubdirs": "Y", "allfiles": "1", "activ": "1", **fields}
         return f"<{name}>" + "".join(f"<{key}>{value}</{key}>" for key, value in record.items()) + f"</{name}>"
 
     def write(self, *activities):

@@ -14,10 +14,14 @@ from trees import NOTHING, Planter, entry_at, tree_of
 KINDS = {}  # by name: the round, whether it needs disks of its own, and how often it comes
 
 
-def kind(needs_disks, weight):
+def kind(faults, weight, needs_disks=False):
+    """`faults`: what the report calls them. A round says how many there were, and nothing where it is always one."""
     def note(function):
-        KINDS[function.__name__] = (function, needs_disks, weight)
-        return function
+        def play(world):
+            struck = function(world)
+            world.faults[f"{faults}, {world.system}" if needs_disks else faults] += 1 if struck is None else struck
+            world.finish()
+        KINDS[function.__name__] = (play, needs_disks, weight)
     return note
 
 
@@ -125,42 +129,38 @@ class World:
         if self.session.other:
             shutil.rmtree(self.session.other / self.folder.name, ignore_errors=True)
 
-
     def some_call(self):
         return int(10 ** self.random.uniform(1.5, 3.2))
 
-    def count(self, fault, times=1):
-        self.faults[fault] += times
 
-    def count_on_disk(self, fault, times=1):
-        self.count(f"{fault}, {self.system}", times)
-
-
-@kind(needs_disks=False, weight=5)
+@kind("kills", weight=5)
 def killed(world):
     world.plant()
+    kills = 0
     for number in range(world.random.randrange(1, 8)):
         world.more(world.random.choice([0, 12]) if number else 0)
-        world.count("kills", world.run([f"kill@{world.some_call()}"]).met("kill@"))
+        kills += world.run([f"kill@{world.some_call()}"]).met("kill@")
+    return kills
 
 
-@kind(needs_disks=False, weight=1)
+@kind("terminations", weight=1)
 def terminated(world):
     world.plant()
-    for _ in range(2):
-        world.count("terminations", len(world.run([f"term@{world.some_call()}"]).struck))
+    return sum(len(world.run([f"term@{world.some_call()}"]).struck) for _ in range(2))
 
 
-@kind(needs_disks=False, weight=8)
+@kind("failed calls", weight=8)
 def failed_calls(world):
     world.plant()
+    struck = 0
     for number in range(6):
         world.more(12 if number else 0)
-        result = world.run([random_failure(world.random) for _ in range(world.random.choice([4, 20]))])
-        world.count("failed calls", len(result.struck))
+        faults = [random_failure(world.random) for _ in range(world.random.choice([4, 20]))]
+        struck += len(world.run(faults).struck)
+    return struck
 
 
-@kind(needs_disks=True, weight=1)
+@kind("full disks", weight=1, needs_disks=True)
 def full_disk(world):
     world.plant("disk", 40)
     room = int(world.size() * world.random.random()) + 100_000
@@ -172,19 +172,17 @@ def full_disk(world):
     world.run()
     ballast.unlink()
     world.disk.sync()
-    world.count_on_disk("full disks")
 
 
-@kind(needs_disks=True, weight=2)
+@kind("thin disks", weight=2, needs_disks=True)
 def thin_disk(world):
     world.plant("disk", 60)
     world.disk.thin(int(world.size() * world.random.random()))
     # btrfs may lose the names of copies after a good run; the next one makes them again.
     world.run(remedy=world.disk.thicken, is_lasting=world.system != "btrfs")
-    world.count_on_disk("thin disks")
 
 
-@kind(needs_disks=True, weight=3)
+@kind("power cuts", weight=3, needs_disks=True)
 def power_cut(world):
     """The disk is set back to what it held at some call; the program and everything not written yet are gone."""
     world.plant(world.random.choice(["disk", "both"]))
@@ -195,10 +193,9 @@ def power_cut(world):
             world.disk.save_image()
         world.disk.restart()
     world.run([f"stop@{call}", f"kill@{call}"], world.disk.save_image, restore, is_lasting=False)
-    world.count_on_disk("power cuts")
 
 
-@kind(needs_disks=True, weight=3)
+@kind("tear-outs", weight=3, needs_disks=True)
 def torn_out(world):
     """The disk goes at some call, and the program goes on."""
     world.plant(world.random.choice(["disk", "both"]))
@@ -213,10 +210,10 @@ def torn_out(world):
         if gone:
             world.disk.restart()
     world.run([f"stop@{world.some_call()}"], tear, put_back, is_lasting=False)
-    world.count_on_disk("tear-outs", len(gone))
+    return len(gone)
 
 
-@kind(needs_disks=True, weight=1)
+@kind("pulled mounts", weight=1, needs_disks=True)
 def pulled(world):
     """The disk is pulled during a run; the next one finds the bare folder and must leave everything alone."""
     world.plant("disk", 20)
@@ -237,26 +234,27 @@ def pulled(world):
     shutil.rmtree(world.destination)
     world.disk.attach()
     world.trees = world.look()
-    world.count_on_disk("pulled mounts")
 
 
-@kind(needs_disks=False, weight=3)
+@kind("foreign acts", weight=3)
 def foreign_writer(world):
     """Other programs work on the same files while the run goes on."""
     world.plant(with_links=False)
     foreign = Foreign()
     stops = sorted({world.some_call() for _ in range(world.random.choice([2, 6, 12]))})
-    world.run([f"stop@{call}" for call in stops], lambda: act(world, foreign), foreign=foreign)
+    acts = []
+    world.run([f"stop@{call}" for call in stops], lambda: acts.append(act(world, foreign)), foreign=foreign)
+    return sum(acts)
 
 
 def act(world, foreign):
-    """One act of another program on one file of either side, if there is any."""
+    """One act of another program on one file of either side; False when there is none."""
     random = world.random
     side = random.choice(["source", "destination"])
     root = os.fsencode(getattr(world, side))
     paths = sorted(files_of(tree_of(root)))
     if not paths:
-        return
+        return False
     path = random.choice(paths)
     full = os.path.join(root, path)
     time.sleep(0.01)  # the clock of the file system has moved on
@@ -280,12 +278,13 @@ def act(world, foreign):
                 file.write(b"more %d" % random.getrandbits(60) if name == "append" else
                            random.randbytes(facts.st_size) if name == "touch_back" else world.planter.content())
         except PermissionError:
-            return
+            return False
     if name == "touch_back":
         os.utime(full, ns=(facts.st_atime_ns, facts.st_mtime_ns))
     world.notes.append(f"{name} {side} {path}")
-    world.count("foreign acts")
     after = see(path)
     # A mirror may delete what is new there, and a content of the old time looks like the old one.
-    if after and after.digest != NOTHING and (side == "source" or (world.rules.action != MIRROR and name != "touch_back")):
+    is_kept = side == "source" or (world.rules.action != MIRROR and name != "touch_back")
+    if after and after.digest != NOTHING and is_kept:
         foreign.kept.append((side, path, after))
+    return True

@@ -105,8 +105,10 @@ class Planter:
             os.symlink(b"." if kind == "folder" else b"no such file", path)
         else:
             target = os.path.join(self.source, self.random.choice(self.sources))
-            make, named = (os.link, target) if kind == "hard" else (os.symlink, os.path.relpath(target, os.path.dirname(path)))
-            make(named, path)
+            if kind == "hard":
+                os.link(target, path)
+            else:
+                os.symlink(os.path.relpath(target, os.path.dirname(path)), path)
 
     def plant(self, files):
         self.sources = []
