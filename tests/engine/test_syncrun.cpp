@@ -397,8 +397,7 @@ class TestSyncRun final : public QObject {
             QSKIP("only an administrator can mount");
         ProgramFixture fixture;
         fixture.Add(A, {{u"action"_qs, u"3"_qs}, {u"alert"_qs, u"Y"_qs}});
-        for (const auto& path : {u"src/first"_qs, u"src/disk"_qs, u"dst/disk"_qs, u"dst/old/bound"_qs, u"other"_qs,
-                                 u"src/both"_qs, u"dst/both"_qs})
+        for (const auto* path : {"src/first", "src/disk", "dst/disk", "dst/old/bound", "other", "src/both", "dst/both"})
             QDir().mkpath(fixture.Path(path));
         const auto mount = [&](const char* what, const QString& where, const char* type, unsigned long flags) {
             return ::mount(what, fixture.Native(where).c_str(), type, flags, nullptr);
