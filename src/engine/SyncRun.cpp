@@ -285,11 +285,22 @@ void SyncRun::walkInto(FolderPair& pair, const FolderEntry& source, const Folder
         pair.source.ForgetPath();
         pair.destination.ForgetPath();
         if (!SyncFilesAndFolders(std::move(from), std::move(to), pair.depth + 1))
-            transferFolder(pair, source);
+            finishFolder(pair, source, destination);
         return;
     }
     Failed(from ? path() : pair.source.Handle()->Path() / source.name, error);
     // What is listed there now belongs to another folder, for example to an empty mount point.
     if (error == std::errc::resource_unavailable_try_again)
         End(RunEnd::FolderExchanged);
+}
+
+/// An earlier run has left the folder unfinished: what it lacks comes as a whole, what it holds is then compared.
+void SyncRun::finishFolder(FolderPair& pair, const FolderEntry& source, const FolderEntry& destination) {
+    transferFolder(pair, source);
+    m_transfer->Commit();
+    std::error_code error;
+    auto from = pair.source.Handle()->OpenChild(source, error); // a move may have taken it away
+    auto to = from ? pair.destination.Handle()->OpenChild(destination, error) : nullptr;
+    if (to)
+        std::ignore = SyncFilesAndFolders(std::move(from), std::move(to), pair.depth + 1);
 }

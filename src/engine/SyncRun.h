@@ -98,6 +98,7 @@ class SyncRun final : public TransferObserver {
     void syncFolder(FolderPair& pair, const FolderEntry& entry);
     void transferFolder(FolderPair& pair, const FolderEntry& entry);
     void walkInto(FolderPair& pair, const FolderEntry& source, const FolderEntry& destination);
+    void finishFolder(FolderPair& pair, const FolderEntry& source, const FolderEntry& destination);
     void readRecord();
     void lookAtOwnFiles();
 

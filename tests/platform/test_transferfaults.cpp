@@ -259,6 +259,23 @@ class TestTransferFaults final : public QObject {
         }
     }
 
+    /// Its bytes are on disk, but perhaps not its name.
+    void aCopyThatMayVanishIsReported() {
+        for (const int files : {1, 20}) {
+            FileWorld world;
+            for (int number = 0; number < files; ++number)
+                FileWorld::Write(world.source / "tree" / std::to_string(number) / "file", "new");
+            const int result = FileWorld::InChild([&] {
+                const bool isReady = SystemCallFault::Install({{SYS_fsync, EIO}});
+                world.TransferTree(false);
+                return isReady ? static_cast<int>(world.observer.failures.size()) : -1;
+            });
+            if (result == -1)
+                QSKIP("the kernel filters no system calls");
+            QVERIFY(result > 0);
+        }
+    }
+
     void aKilledRunLosesNothing_data() {
         const Table<bool, Faults> row;
         row("without names", true, Faults{});

@@ -115,7 +115,7 @@ class Checker:
             if not any(entry.digest == one.digest or (entry.link and entry.link == one.link) for one in had):
                 yield f"neither old nor new: {path}"
 
-    def undone(self):
+    def undone(self, is_lasting=True):
         """For the plain rules; what a filter leaves out of a whole new folder is not judged."""
         there, left = files_of(self.after.destination), files_of(self.after.source)
         for path, entry in self.sources.items():
@@ -130,7 +130,7 @@ class Checker:
             elif self.rules.action == MOVE and path in left:
                 yield f"still in the source: {path}"
         yield from (f"surplus is still there: {path}" for path in there.keys() - self.sources.keys()
-                    if self.may_delete(path))
+                    if is_lasting and self.may_delete(path))
 
     def leftovers(self):
         yield from (f"left behind: {path}" for tree in self.after for path in tree if is_own(os.path.basename(path)))

@@ -28,7 +28,7 @@ std::size_t descriptorLimitOfABatch() {
 
 CommitQueue::CommitQueue(TransferObserver& observer, TemporaryFiles& temporaries)
     : m_observer(observer), m_temporaries(temporaries), m_descriptorLimit(descriptorLimitOfABatch()),
-      m_filling(std::make_unique<TransferBatch>(m_sync, m_batches)) {}
+      m_filling(std::make_unique<TransferBatch>(m_sync, m_names, m_batches)) {}
 
 bool CommitQueue::Holds(const FileId& folder, const std::filesystem::path& name) const {
     return m_filling->Holds(folder, name) || (m_syncing && m_syncing->Holds(folder, name));
@@ -36,7 +36,7 @@ bool CommitQueue::Holds(const FileId& folder, const std::filesystem::path& name)
 
 void CommitQueue::turn() {
     finishSyncing();
-    m_syncing = std::exchange(m_filling, std::make_unique<TransferBatch>(m_sync, ++m_batches));
+    m_syncing = std::exchange(m_filling, std::make_unique<TransferBatch>(m_sync, m_names, ++m_batches));
     m_syncing->StartSync();
 }
 
@@ -54,4 +54,17 @@ void CommitQueue::Flush() {
         return;
     turn();
     finishSyncing();
+}
+
+void CommitQueue::Commit() {
+    Flush();
+    if (m_names.IsEmpty())
+        return;
+    const PlacedNames names = std::exchange(m_names, {});
+    std::vector<PlacedNames::Failure> failures;
+    BackgroundTask task;
+    task.Start([&] { failures = names.Sync(); });
+    task.Wait(m_observer);
+    for (const PlacedNames::Failure& failure : failures)
+        m_observer.Failed(failure.folder, failure.error);
 }

@@ -9,7 +9,7 @@ class CommitQueue final {
     CommitQueue(TransferObserver& observer, TemporaryFiles& temporaries);
     CommitQueue(const CommitQueue&) = delete;
     CommitQueue& operator=(const CommitQueue&) = delete;
-    ~CommitQueue() { Flush(); }
+    ~CommitQueue() { Commit(); }
 
     /// To be called before anything is written to the folder's file system: errors are reported from now on. Gives the
     /// number of the batch for StagedFile::batch.
@@ -29,9 +29,15 @@ class CommitQueue final {
     [[nodiscard]] bool IsEmpty() const { return !m_syncing && m_filling->IsEmpty(); }
     [[nodiscard]] bool Holds(const FileId& folder, const std::filesystem::path& name) const;
 
-    /// Returns when everything added so far is on disk and in place, or has failed. Events that run meanwhile may call
-    /// it again.
+    /// A file or folder has been renamed into this folder.
+    void WasRenamed(const std::shared_ptr<Folder>& folder) { m_names.Add(folder); }
+
+    /// Returns when everything added so far is in place with its bytes on disk, or has failed. Events that run
+    /// meanwhile may call it again.
     void Flush();
+
+    /// The same, and the names are on disk.
+    void Commit();
 
   private:
     void turn();
@@ -41,6 +47,7 @@ class CommitQueue final {
     TemporaryFiles& m_temporaries;
     std::size_t m_descriptorLimit;
     DiskSync m_sync;
+    PlacedNames m_names;
     unsigned m_batches = 0;
     std::unique_ptr<TransferBatch> m_filling;
     std::shared_ptr<TransferBatch> m_syncing; ///< shared with the nested calls that wait for it

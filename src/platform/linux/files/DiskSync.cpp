@@ -168,3 +168,11 @@ std::error_code SyncFolders(const std::vector<std::shared_ptr<Folder>>& folders)
     }
     return {};
 }
+
+/// On btrfs, the sync of one folder makes the new name of a moved file durable, but not that it has lost the old one.
+std::error_code SyncNewNames(const Folder& folder, NamesOf which) {
+    const SyncOfAll kind = syncOfAll(folder.Descriptor());
+    const bool isWhole = kind == SyncOfAll::Writes || (which == NamesOf::FileSystem && kind == SyncOfAll::Reports);
+    return isWhole && ::syncfs(folder.Descriptor()) != 0 && errno != ENOSYS ? LastError()
+                                                                            : syncOneMoreChange(folder.Descriptor());
+}

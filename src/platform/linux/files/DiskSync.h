@@ -49,3 +49,8 @@ class DiskSync final {
 
 /// Flushes the names in these folders, one by one.
 [[nodiscard]] std::error_code SyncFolders(const std::vector<std::shared_ptr<Folder>>& folders);
+
+/// Flushes the names that were made in the folder, or in all folders of its file system, and makes sure that the disk
+/// still takes changes.
+enum class NamesOf { Folder, FileSystem };
+[[nodiscard]] std::error_code SyncNewNames(const Folder& folder, NamesOf which);

@@ -49,7 +49,7 @@ class LinuxFileTransfer final : public FileTransfer {
                   const FolderEntry& entry, const std::set<FileId>& excluded) override;
     void MoveTree(const std::shared_ptr<Folder>& source, const std::shared_ptr<Folder>& destination,
                   const FolderEntry& entry, const std::set<FileId>& excluded) override;
-    void Commit() override { m_queue.Flush(); }
+    void Commit() override { m_queue.Commit(); }
 
   private:
     struct Tree {
@@ -143,11 +143,13 @@ bool LinuxFileTransfer::move(const FileJob& job) {
         error = moveByRename(job, isElsewhere);
     if (isElsewhere)
         return stage(job); // a link: copies the file it leads to, removes the link only
-    if (error)
+    if (error) {
         m_observer.Failed(job.SourcePath(), error);
-    else
-        m_observer.Transferred();
-    return !error;
+        return false;
+    }
+    m_queue.WasRenamed(job.destination);
+    m_observer.Transferred();
+    return true;
 }
 
 std::error_code LinuxFileTransfer::moveByRename(const FileJob& job, bool& isElsewhere) {
@@ -219,7 +221,7 @@ void LinuxFileTransfer::MoveTree(const std::shared_ptr<Folder>& source, const st
     const std::error_code error =
         RenameToFreeName(*tree.source, tree.entry.name.c_str(), *tree.destination, tree.entry.name);
     if (!error)
-        return;
+        return m_queue.WasRenamed(tree.destination);
     // A folder that exists may be one that an earlier run has left unfinished.
     if (!needsCopy(error) && error != ErrorOf(EEXIST)) {
         m_observer.Failed(tree.source->Path() / tree.entry.name, error);

@@ -86,9 +86,15 @@ void TransferBatch::Finish(TemporaryFiles& temporaries, TransferObserver& observ
     }
     m_task.Wait(observer);
     if (m_stage == Stage::Names) {
-        m_stage = Stage::Done;
+        m_stage = Stage::Removing;
         finishNames(observer);
         removeSources(observer);
+        m_stage = Stage::Removals;
+    }
+    m_task.Wait(observer);
+    if (m_stage == Stage::Removals) {
+        m_stage = Stage::Done;
+        finishRemovals(observer);
         finishFolders(observer);
     }
 }
@@ -98,6 +104,8 @@ void TransferBatch::place(TemporaryFiles& temporaries, TransferObserver& observe
     for (StagedFile& file : m_files) {
         if (!file.error)
             file.error = temporaries.Place(file.copy, file.job, file.isPlaced);
+        if (file.isPlaced)
+            m_names.Add(file.job.destination);
         if (file.error)
             observer.Failed(file.job.SourcePath(), file.error);
     }
@@ -112,7 +120,7 @@ void TransferBatch::markMoves(const TemporaryFiles& temporaries) {
     }
 }
 
-/// Only moves need it: a copy that loses its name in a power cut is made again by the next run.
+/// Only for moves: before a source goes. All other names can wait for the end of the run.
 void TransferBatch::startNames() {
     const auto losesSource = [](const StagedFile& file) { return file.isPlaced && file.job.removeSource; };
     if (std::any_of(m_files.begin(), m_files.end(), losesSource) ||
@@ -141,13 +149,28 @@ void TransferBatch::removeSources(TransferObserver& observer) {
             continue;
         if (const std::error_code error = RemoveSource(file, observer))
             observer.Failed(file.job.SourcePath(), error);
+        else
+            m_removals.Add(file.job.source);
     }
-    for (WorkMark& mark : m_marks)
-        std::ignore = mark.Remove(); // the next run finds it where it looks anyway
+    if (!m_marks.empty())
+        m_task.Start([this] { m_failedRemovals = m_removals.Sync(); });
+}
+
+/// A source that comes back in a power cut must find its mark, or no later run would remove it.
+void TransferBatch::finishRemovals(TransferObserver& observer) {
+    for (const PlacedNames::Failure& failure : m_failedRemovals)
+        observer.Failed(failure.folder, failure.error);
+    for (WorkMark& mark : m_marks) {
+        if (m_failedRemovals.empty())
+            std::ignore = mark.Remove(); // the next run finds it where it looks anyway
+        else
+            mark.Abandon();
+    }
 }
 
 void TransferBatch::finishFolders(TransferObserver& observer) {
     for (StagedFolder& folder : m_folders) {
+        m_names.Add(folder.destination);
         if (!folder.isComplete) {
             folder.mark.Abandon();
             continue;

@@ -4,6 +4,7 @@
 
 #include "DiskSync.h"
 #include "FileSystem.h"
+#include "PlacedNames.h"
 #include "TemporaryFiles.h"
 
 #include <functional>
@@ -30,7 +31,8 @@ class BackgroundTask final {
 
 class TransferBatch final {
   public:
-    TransferBatch(DiskSync& sync, unsigned number) : m_sync(sync), m_number(number) {}
+    TransferBatch(DiskSync& sync, PlacedNames& names, unsigned number)
+        : m_sync(sync), m_names(names), m_number(number) {}
 
     /// Opens what reports write errors; gives the number of this batch.
     [[nodiscard]] unsigned WillWrite(const Folder& folder);
@@ -52,21 +54,25 @@ class TransferBatch final {
     void Finish(TemporaryFiles& temporaries, TransferObserver& observer);
 
   private:
-    enum class Stage { Contents, Names, Done };
+    enum class Stage { Contents, Names, Removing, Removals, Done };
 
     void markMoves(const TemporaryFiles& temporaries);
     void place(TemporaryFiles& temporaries, TransferObserver& observer);
     void startNames();
     void finishNames(TransferObserver& observer);
     void removeSources(TransferObserver& observer);
+    void finishRemovals(TransferObserver& observer);
     void finishFolders(TransferObserver& observer);
 
     DiskSync& m_sync;
+    PlacedNames& m_names;
     unsigned m_number;
     SyncPoints m_syncPoints;
     std::vector<StagedFile> m_files;
     std::vector<StagedFolder> m_folders;
     std::vector<WorkMark> m_marks;
+    PlacedNames m_removals;
+    std::vector<PlacedNames::Failure> m_failedRemovals;
     std::uint64_t m_bytes = 0;
     std::size_t m_descriptors = 0;
     Stage m_stage = Stage::Contents;

@@ -83,7 +83,7 @@ void TreeTransfer::transferEntry(const StagedFolder& folder, const FolderEntry& 
     std::error_code error;
     if (!isResumed || !folder.destination->Stat(entry.name, error))
         m_transferFile(job);
-    else if (m_removeSources) // it was placed before; if it differs it is left to the rules of the next run
+    else if (m_removeSources) // it was placed before; if it differs, the rules decide
         std::ignore = RemoveSourceOfEqualFile(job, m_observer);
 }
 
