@@ -1,5 +1,6 @@
 // The menu's commands on activities, activity files, clock and service, given through the real window.
 #include "ModalForm.h"
+#include "Table.h"
 #include "WindowFixture.h"
 #include "frmSearch.h"
 #include "frmServiceOptions.h"
@@ -154,19 +155,14 @@ class TestCommands final : public QObject {
     }
 
     void clears_data() {
-        QTest::addColumn<bool>("isOther");
-        QTest::addColumn<bool>("yes");
-        QTest::addColumn<bool>("canBeDeleted");
-        QTest::addColumn<int>("boxes");
-        QTest::newRow("another file") << true << true << true << 2;
-        QTest::newRow("the default file") << false << true << true << 1;
-        QTest::newRow("not wanted") << true << false << true << 1;
-        QTest::newRow("refused") << true << true << false << 2;
+        const Table<bool, bool, bool, int> row;
+        row("another file", true, true, true, 2);
+        row("the default file", false, true, true, 1);
+        row("not wanted", true, false, true, 1);
+        row("refused", true, true, false, 2);
     }
     void clears() {
-        QFETCH(bool, isOther);
-        QFETCH(bool, yes);
-        QFETCH(bool, canBeDeleted);
+        const auto [isOther, yes, canBeDeleted, boxes] = Table<bool, bool, bool, int>::Current();
         World world;
         Window window(world);
         Program& program = window.program;
@@ -188,7 +184,7 @@ class TestCommands final : public QObject {
                 QVERIFY(!program.Monitoring().IsOn() && world.locks->held.empty() && window.Names() == three);
         };
         window.Command("mnuDeleteAllActivities").trigger();
-        QTEST(int(world.prompter.shown.size()), "boxes");
+        QCOMPARE(int(world.prompter.shown.size()), boxes);
         QCOMPARE(world.prompter.shown.front().text, world.texts[Text::ClearAllQuestion]);
         const bool cleared = yes && canBeDeleted;
         QCOMPARE(isRestored, cleared && isOther);

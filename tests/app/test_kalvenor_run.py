@@ -23,18 +23,11 @@ class RunFixture(unittest.TestCase):
     def setUp(self):
         self.root = Path(tempfile.mkdtemp(prefix="kalvenor-run-"))
         self.addCleanup(shutil.rmtree, self.root, True)
-        for name in ("config", "data", "run", "home"):
-            (self.root / name).mkdir(mode=0o700)
-        self.environment = {
-            **os.environ,
-            "HOME": str(self.root / "home"),
-            "XDG_CONFIG_HOME": str(self.root / "config"),
-            "XDG_DATA_HOME": str(self.root / "data"),
-            "XDG_STATE_HOME": str(self.root / "data"),
-            "XDG_RUNTIME_DIR": str(self.root / "run"),
-            "LANG": "C.UTF-8",
-            "LANGUAGE": "en",
-        }
+        self.environment = {**os.environ, "LANG": "C.UTF-8", "LANGUAGE": "en"}
+        for variable, name in {"HOME": "home", "XDG_CONFIG_HOME": "config", "XDG_DATA_HOME": "data",
+                               "XDG_STATE_HOME": "data", "XDG_RUNTIME_DIR": "run"}.items():
+            (self.root / name).mkdir(mode=0o700, exist_ok=True)
+            self.environment[variable] = str(self.root / name)
         self.settings("Kalvenor", "[Options]\nAccepted=Yes\n")
         self.file = self.root / "jobs.kvd"
 
@@ -44,14 +37,13 @@ class RunFixture(unittest.TestCase):
         (folder / f"{application}.ini").write_text(text, encoding="utf-8")
 
     def activity(self, name, source=None, **fields):
-        source = source or self.root / f"{name}-in"
-        target = self.root / f"{name}-out"
-        for folder in (self.root / f"{name}-in", target):
+        usual, target = self.root / f"{name}-in", self.root / f"{name}-out"
+        for folder in (usual, target):
             folder.mkdir(exist_ok=True)
-        (self.root / f"{name}-in" / "file.txt").write_text(f"content of {name}")
+        (usual / "file.txt").write_text(f"content of {name}")
         record = {
-            "sourcedir": source, "targetdir": target, "type": "0", "intervall": "10", "action": "0", "overwrite": "Y",
-            "onlynew": "N", "alert": "N", "includesubdirs": "Y", "allfiles": "1", "activ": "1", **fields}
+            "sourcedir": source or usual, "targetdir": target, "type": "0", "intervall": "10", "action": "0",
+            "overwrite": "Y", "onlynew": "N", "alert": "N", "includesubdirs": "Y", "allfiles": "1", "activ": "1", **fields}
         return f"<{name}>" + "".join(f"<{key}>{value}</{key}>" for key, value in record.items()) + f"</{name}>"
 
     def write(self, *activities):

@@ -37,6 +37,15 @@ struct World : ProgramFixture {
     RecordingFace face;
 };
 
+/// The program without a window, and what it has written.
+struct Headless {
+    explicit Headless(World& world, bool isJournal = false) : log(lines, isJournal), host(*world.program, log) {}
+    QString Said() const { return QString::fromStdString(lines.str()); }
+    std::ostringstream lines;
+    HeadlessLog log;
+    HeadlessHost host;
+};
+
 } // namespace
 
 class TestStartUp : public QObject {
@@ -146,11 +155,9 @@ class TestStartUp : public QObject {
 
     void headlessWithoutAcceptanceTouchesNothing() {
         World world(false);
-        std::ostringstream lines;
-        HeadlessLog log(lines, false);
-        HeadlessHost host(*world.program, log);
-        QCOMPARE(host.Start({}), std::optional<int>(3));
-        const QString said = QString::fromStdString(lines.str());
+        Headless headless(world);
+        QCOMPARE(headless.host.Start({}), std::optional<int>(3));
+        const QString said = headless.Said();
         QVERIFY(said.contains(world.texts[Text::LegalNotice]) && said.contains(world.texts[Text::AcceptHeadless]));
         QVERIFY(world.settings->values.isEmpty());
         QVERIFY(!QFile::exists(world.DefaultFile()));
@@ -162,17 +169,13 @@ class TestStartUp : public QObject {
             World world;
             world.Fill({u"A"_qs});
             world.SetOption("StartUp", startUp ? u"1"_qs : u"0"_qs);
-            std::ostringstream lines;
-            HeadlessLog log(lines, true);
-            HeadlessHost host(*world.program, log);
-            QCOMPARE(host.Start({}), std::nullopt);
+            Headless headless(world, true);
+            QCOMPARE(headless.host.Start({}), std::nullopt);
             QCOMPARE(world.program->Monitoring().IsOn(), startUp);
             QVERIFY(world.prompter.shown.empty());
-            QCOMPARE(QString::fromStdString(lines.str()),
-                     startUp ? QString() : u"<5>"_qs + world.texts[Text::MonitoringIsOff] + u'\n');
-
-            QSignalSpy closed(&host, &HeadlessHost::Closed);
-            host.RequestStop();
+            QCOMPARE(headless.Said(), startUp ? QString() : u"<5>"_qs + world.texts[Text::MonitoringIsOff] + u'\n');
+            QSignalSpy closed(&headless.host, &HeadlessHost::Closed);
+            headless.host.RequestStop();
             QTRY_COMPARE(closed.size(), 1);
             QVERIFY(!world.program->Monitoring().IsOn() && world.program->State().Closing());
             QCOMPARE(world.serviceManager->asked, (QStringList{u"ready"_qs, u"stopping"_qs}));
@@ -192,12 +195,10 @@ class TestStartUp : public QObject {
                 other = elsewhere.Take(world.DefaultFile(), ignored);
             else
                 world.Write(world.DefaultFile(), damaged);
-            std::ostringstream lines;
-            HeadlessLog log(lines, false);
-            HeadlessHost host(*world.program, log);
-            QCOMPARE(host.Start({}), std::nullopt);
+            Headless headless(world);
+            QCOMPARE(headless.host.Start({}), std::nullopt);
             QVERIFY(isLocked || world.Read(world.DefaultFile()) == damaged);
-            auto* retry = host.findChild<QTimer*>();
+            auto* retry = headless.host.findChild<QTimer*>();
             const auto aMinuteLater = [&] { QVERIFY(QMetaObject::invokeMethod(retry, "timeout")); };
             const std::size_t told = world.prompter.shown.size();
             aMinuteLater();
@@ -210,7 +211,7 @@ class TestStartUp : public QObject {
             QVERIFY(world.program->Monitoring().IsOn() && !retry->isActive());
             QCOMPARE(world.program->List().NameAt(0), u"B"_qs);
             QCOMPARE(world.prompter.shown.size(), told);
-            QCOMPARE(QString::fromStdString(lines.str()), world.texts[Text::RetryEveryMinute] + u'\n');
+            QCOMPARE(headless.Said(), world.texts[Text::RetryEveryMinute] + u'\n');
         }
     }
 

@@ -1,4 +1,5 @@
 #include "ProgramFixture.h"
+#include "Table.h"
 #include "Trees.h"
 
 #include <QProcess>
@@ -42,22 +43,15 @@ struct FoldingDisk : ProgramFixture {
 class TestFoldingDisk final : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void initTestCase() { qputenv("TZ", "UTC"); }
-
     void nothingIsLostWhereNamesMeet_data() {
-        QTest::addColumn<bool>("isExfat");
-        QTest::addColumn<QString>("action");
-        QTest::addColumn<QString>("onlyNew");
+        const Table<bool, QString, QString> row;
         for (const bool isExfat : {false, true})
             for (const auto* action : {"0", "1", "3"})
                 for (const auto* onlyNew : {"Y", "N"})
-                    QTest::addRow("%s %s %s", isExfat ? "exfat" : "ntfs", action, onlyNew)
-                        << isExfat << QString::fromLatin1(action) << QString::fromLatin1(onlyNew);
+                    row.Add(isExfat, action, onlyNew);
     }
     void nothingIsLostWhereNamesMeet() {
-        QFETCH(bool, isExfat);
-        QFETCH(QString, action);
-        QFETCH(QString, onlyNew);
+        const auto [isExfat, action, onlyNew] = Table<bool, QString, QString>::Current();
         FoldingDisk world(isExfat);
         if (!world.isMounted)
             QSKIP("such a disk cannot be mounted here");
@@ -86,15 +80,13 @@ class TestFoldingDisk final : public QObject {
     }
 
     void aDifferentlySpeltCounterpartIsNoSurplus_data() {
-        QTest::addColumn<bool>("isExfat");
-        QTest::addColumn<QString>("name");
+        const Table<bool, QString> row;
         for (const bool isExfat : {false, true})
             for (const auto& name : {u"Foo"_qs, u"Ж1"_qs})
-                QTest::addRow("%s %s", isExfat ? "exfat" : "ntfs", qPrintable(name)) << isExfat << name;
+                row.Add(isExfat, name);
     }
     void aDifferentlySpeltCounterpartIsNoSurplus() {
-        QFETCH(bool, isExfat);
-        QFETCH(QString, name);
+        const auto [isExfat, name] = Table<bool, QString>::Current();
         FoldingDisk world(isExfat);
         if (!world.isMounted)
             QSKIP("such a disk cannot be mounted here");

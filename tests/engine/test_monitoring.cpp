@@ -1,4 +1,5 @@
 #include "ProgramFixture.h"
+#include "Table.h"
 
 #include <QSignalSpy>
 #include <unistd.h>
@@ -15,21 +16,15 @@ const QString activityFile = u"Kalvenor.kvd"_qs;
 class TestMonitoring final : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void initTestCase() { qputenv("TZ", "UTC"); }
-
     void refusedStartsLeaveMonitoringOff_data() {
-        QTest::addColumn<int>("activities");
-        QTest::addColumn<bool>("canBeLocked");
-        QTest::addColumn<Text>("message");
-        QTest::newRow("empty list") << 0 << true << Text::NothingToMonitor;
-        QTest::newRow("none checked") << 1 << true << Text::NoDirectoryToMonitor;
-        QTest::newRow("another engine") << 2 << true << Text::MonitoredElsewhere;
-        QTest::newRow("no lock can be made") << 2 << false << Text::NoLockPossible;
+        const Table<int, bool, Text> row;
+        row("empty list", 0, true, Text::NothingToMonitor);
+        row("none checked", 1, true, Text::NoDirectoryToMonitor);
+        row("another engine", 2, true, Text::MonitoredElsewhere);
+        row("no lock can be made", 2, false, Text::NoLockPossible);
     }
     void refusedStartsLeaveMonitoringOff() {
-        QFETCH(int, activities);
-        QFETCH(bool, canBeLocked);
-        QFETCH(Text, message);
+        const auto [activities, canBeLocked, message] = Table<int, bool, Text>::Current();
         ProgramFixture fixture;
         if (activities > 0)
             fixture.Add(A, {{u"activ"_qs, u"0"_qs}});
@@ -91,8 +86,7 @@ class TestMonitoring final : public QObject {
         fixture.Add(u"Off"_qs, {{u"activ"_qs, u"0"_qs}});
         fixture.Add(B, {{u"logfile"_qs, u"  "_qs}});
         fixture.Write(appLog, "");
-        Program& program = fixture.Start();
-        program.Monitoring().ToggleMonitoring();
+        Program& program = fixture.StartMonitoring();
         QCOMPARE(fixture.Status(A), u"Activ ..."_qs);
         QCOMPARE(fixture.Status(u"Off"_qs), u"idle"_qs);
         program.Monitoring().ToggleMonitoring();
@@ -111,8 +105,7 @@ class TestMonitoring final : public QObject {
         ProgramFixture fixture;
         fixture.Add(A, {{u"type"_qs, u"4"_qs}, {u"triggertime"_qs, u"00:00"_qs}});
         fixture.clock->now = std::chrono::sys_days(std::chrono::year(2026) / 3 / 1) - 10s;
-        Program& program = fixture.Start();
-        program.Monitoring().ToggleMonitoring();
+        Program& program = fixture.StartMonitoring();
         const QByteArray foreign = "<?xml version=\"1.0\"?><items><Other/></items>";
         fixture.Write(activityFile, foreign);
         fixture.Pass(70s);

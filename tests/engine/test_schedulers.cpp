@@ -1,4 +1,5 @@
 #include "ProgramFixture.h"
+#include "Table.h"
 #include "modTriggerDate.h"
 
 #include <QLocale>
@@ -9,13 +10,12 @@ using namespace std::chrono_literals;
 
 namespace {
 const QString A = u"A"_qs;
-const std::pair<QString, QString> noLog{u"logfile"_qs, QString()};
 
 /// With an activity that is never due and keeps monitoring on, from midnight of the first of March 2026.
 struct Spring : ProgramFixture {
     Spring() {
         clock->now = std::chrono::sys_days(std::chrono::year(2026) / 3 / 1);
-        Add(u"keepsOn"_qs, {{u"intervall"_qs, u"59"_qs}});
+        Add(u"keepsOn"_qs, u"intervall=59"_qs);
     }
 };
 } // namespace
@@ -23,15 +23,9 @@ struct Spring : ProgramFixture {
 class TestSchedulers final : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void initTestCase() { qputenv("TZ", "UTC"); }
-
     void runsWhenItIsDue_data() {
-        QTest::addColumn<QString>("fields"); // NAME=VALUE, separated by blanks
-        QTest::addColumn<std::chrono::seconds>("span");
-        QTest::addColumn<int>("runs");
-        const auto row = [](const char* name, const char* fields, std::chrono::seconds span, int runs) {
-            QTest::newRow(name) << QString::fromLatin1(fields) << span << runs;
-        };
+        // fields: NAME=VALUE, separated by blanks
+        const Table<QString, std::chrono::seconds, int> row;
         row("10 s: not before tick 11", "type=0 intervall=10", 10s, 0);
         row("10 s: on tick 11", "type=0 intervall=10", 11s, 1);
         row("59 s is never due", "type=0 intervall=59", 300s, 0);
@@ -51,19 +45,13 @@ class TestSchedulers final : public QObject {
         row("yesterday", "type=3 triggerdate=28.02.2026 triggerdatetime=00:05", 10min, 0);
     }
     void runsWhenItIsDue() {
-        QFETCH(QString, fields);
-        QFETCH(std::chrono::seconds, span);
-        QFETCH(int, runs);
+        const auto [fields, span, runs] = Table<QString, std::chrono::seconds, int>::Current();
         Spring fixture;
-        ProgramFixture::Fields record;
-        for (const QString& field : fields.split(u' '))
-            record[field.section(u'=', 0, 0)] = field.section(u'=', 1);
-        fixture.Add(A, record);
-        Program& program = fixture.Start();
-        program.Monitoring().ToggleMonitoring();
+        fixture.Add(A, fields);
+        Program& program = fixture.StartMonitoring();
         fixture.Pass(span);
         QCOMPARE(fixture.Log(A).count(u"Checking starts ..."_qs), runs);
-        const bool isOver = runs == 1 && record[u"type"_qs].toInt() > 2;
+        const bool isOver = runs == 1 && fields.contains(u"trigger");
         QCOMPARE(program.File().Read(A, ActivityField::Active), isOver ? u"0"_qs : u"1"_qs);
         QCOMPARE(fixture.Read(u"Kalvenor.kvd"_qs).contains("<activ>0</activ>"), isOver);
         QVERIFY(!isOver || fixture.Log(A).last() == u"Monitoring 'A stopped.");
@@ -71,28 +59,26 @@ class TestSchedulers final : public QObject {
     }
 
     void triggerDates() {
-        const auto read = [](const char* text, const char* locale) {
-            return modTriggerDate::Read(QString::fromLatin1(text), QLocale(QString::fromLatin1(locale)));
+        const auto read = [](const QString& text, const QString& locale = u"de_DE"_qs) {
+            return modTriggerDate::Read(text, QLocale(locale)).toString(u"d.M.yyyy"_qs);
         };
-        const QDate day(2026, 4, 3);
-        for (const auto& [text, locale] : {std::pair("03.04.2026", "de_DE"),
-                                           {"3.4.2026", "en_US"},
-                                           {"2026-04-03", "de_DE"},
-                                           {"04/03/2026", "en_US"},
-                                           {"4/3/2026", "C"},
-                                           {"03/04/2026", "en_GB"}})
-            QCOMPARE(read(text, locale), day);
-        for (const char* none : {"03.04.26", "31.02.2026", "tomorrow", "  .  .    "})
-            QVERIFY2(!read(none, "de_DE").isValid(), none);
+        const QString day = u"3.4.2026"_qs;
+        for (const QString& text : {u"03.04.2026"_qs, u"2026-04-03"_qs})
+            QCOMPARE(read(text), day);
+        for (const QString& text : {day, u"04/03/2026"_qs})
+            QCOMPARE(read(text, u"en_US"_qs), day);
+        QCOMPARE(read(u"4/3/2026"_qs, u"C"_qs), day);
+        QCOMPARE(read(u"03/04/2026"_qs, u"en_GB"_qs), day);
+        for (const QString& none : {u"03.04.26"_qs, u"31.02.2026"_qs, u"tomorrow"_qs, u"  .  .    "_qs})
+            QVERIFY2(read(none).isEmpty(), qPrintable(none));
     }
 
     /// Ticks keep copies of the records, and whoever changes one must not have to say so.
     void everyChangeCountsAtTheNextTick() {
         ProgramFixture fixture;
-        fixture.Add(A, {{u"intervall"_qs, u"2"_qs}, noLog});
-        fixture.Add(A, {{u"intervall"_qs, u"4"_qs}, noLog}); // a namesake, shown but never run
-        Program& program = fixture.Start();
-        program.Monitoring().ToggleMonitoring();
+        fixture.Add(A, u"intervall=2 logfile="_qs);
+        fixture.Add(A, u"intervall=4 logfile="_qs); // a namesake, shown but never run
+        Program& program = fixture.StartMonitoring();
         const auto runsAfter = [&](const std::function<void()>& change) {
             change();
             const int before = fixture.Runs(A);
@@ -110,17 +96,11 @@ class TestSchedulers final : public QObject {
         ProgramFixture fixture;
         fixture.clock->now = std::chrono::sys_days(std::chrono::year(2026) / 3 / 1);
         fixture.SetOption("StopIfFolderNotExist", u"0"_qs);
-        for (int i = 0; i < 1000; ++i) {
-            const bool isInterval = i % 20 == 0;
-            fixture.Add(
-                u"N%1"_qs.arg(i),
-                {{u"type"_qs, QString::number(isInterval ? i / 20 % 3 : 4)},
-                 {u"intervall"_qs, u"40"_qs},
-                 {u"daily"_qs, u"1"_qs},
-                 {u"triggertime"_qs, u"%1:%2"_qs.arg(i % 24, 2, 10, QChar(u'0')).arg(i % 12 * 5, 2, 10, QChar(u'0'))},
-                 {u"sourcedir"_qs, fixture.Path(i % 7 == 0 ? u"none"_qs : u"src"_qs)},
-                 noLog});
-        }
+        for (int i = 0; i < 1000; ++i)
+            fixture.Add(u"N%1"_qs.arg(i), u"type=%1 intervall=40 daily=1 triggertime=%2 sourcedir=%3 logfile="_qs
+                                              .arg(i % 20 == 0 ? i / 20 % 3 : 4)
+                                              .arg(QTime(i % 24, i % 12 * 5).toString(u"hh:mm"_qs),
+                                                   fixture.Path(i % 7 == 0 ? u"none"_qs : u"src"_qs)));
         fixture.Write(u"src/f"_qs, "x");
         fixture.Start().Options().ReadRegistry();
         fixture.program->Monitoring().ToggleMonitoring();
@@ -142,7 +122,7 @@ class TestSchedulers final : public QObject {
     void onceOnlyRunsOnceAndEndsMonitoring() {
         for (const QString& type : {u"0"_qs, u"1"_qs}) {
             ProgramFixture fixture;
-            fixture.Add(A, {{u"type"_qs, type}, {u"intervall"_qs, u"2"_qs}, {u"runningmode"_qs, u"1"_qs}});
+            fixture.Add(A, u"intervall=2 runningmode=1 type="_qs + type);
             fixture.Write(u"src/f"_qs, "x");
             Program& program = fixture.Start();
             bool isCopied = false;
@@ -161,25 +141,21 @@ class TestSchedulers final : public QObject {
 
     /// The machine goes off only after a run of this session whose end cleared the last box.
     void powerOffFollowsARunOnly_data() {
-        QTest::addColumn<QString>("end");
-        QTest::addColumn<bool>("isOver");
-        QTest::addColumn<int>("requests");
-        QTest::newRow("one-time run") << u"run"_qs << true << 1;
-        QTest::newRow("started again before") << u"restart"_qs << false << 0;
-        QTest::newRow("a run has begun meanwhile") << u"busy"_qs << true << 0;
-        QTest::newRow("own untick") << u"untick"_qs << true << 0;
-        QTest::newRow("missing directory") << u"missing"_qs << true << 0;
-        QTest::newRow("all switched off in the file") << u"refill"_qs << true << 0;
-        QTest::newRow("failed load") << u"damaged"_qs << false << 0;
+        const Table<QString, bool, int> row;
+        row("one-time run", "run", true, 1);
+        row("started again before", "restart", false, 0);
+        row("a run has begun meanwhile", "busy", true, 0);
+        row("own untick", "untick", true, 0);
+        row("missing directory", "missing", true, 0);
+        row("all switched off in the file", "refill", true, 0);
+        row("failed load", "damaged", false, 0);
     }
     void powerOffFollowsARunOnly() {
-        QFETCH(QString, end);
-        QFETCH(bool, isOver);
-        QFETCH(int, requests);
+        const auto [end, isOver, requests] = Table<QString, bool, int>::Current();
         ProgramFixture fixture;
         fixture.clock->now = std::chrono::sys_days(std::chrono::year(2026) / 3 / 1);
         const bool isLater = end == u"untick" || end == u"refill" || end == u"damaged";
-        fixture.Add(A, {{u"type"_qs, u"4"_qs}, {u"triggertime"_qs, isLater ? u"12:00"_qs : u"00:00"_qs}});
+        fixture.Add(A, u"type=4 triggertime="_qs + (isLater ? u"12:00" : u"00:00"));
         fixture.Write(u"app.log"_qs, "");
         fixture.power->succeeds = false;
         Program& program = fixture.Start();
@@ -223,29 +199,21 @@ class TestSchedulers final : public QObject {
 
     /// What ends the first of two runs early leaves both to be done.
     void anInterruptedRunConsumesNothing_data() {
-        QTest::addColumn<bool>("isClosed"); // else stopped
-        QTest::addColumn<QString>("type");
+        const Table<bool, QString> row;
         for (const bool isClosed : {false, true})
             for (const char* type : {"0", "1", "2", "3", "4"})
-                QTest::addRow("%s, type %s", isClosed ? "close" : "stop", type)
-                    << isClosed << QLatin1String(type) + u"";
+                row.Add(isClosed, type);
     }
     void anInterruptedRunConsumesNothing() {
-        QFETCH(bool, isClosed);
-        QFETCH(QString, type);
+        const auto [isClosed, type] = Table<bool, QString>::Current();
         Spring fixture;
         const QString second = u"Second"_qs;
         for (const QString& name : {A, second})
-            fixture.Add(name, {{u"type"_qs, type},
-                               {u"intervall"_qs, u"2"_qs},
-                               {u"runningmode"_qs, u"1"_qs},
-                               {u"triggertime"_qs, u"00:00"_qs},
-                               {u"triggerdate"_qs, u"01.03.2026"_qs},
-                               {u"triggerdatetime"_qs, u"00:00"_qs},
-                               {u"action"_qs, u"1"_qs}});
+            fixture.Add(name, u"action=1 intervall=2 runningmode=1 triggertime=00:00 triggerdate=01.03.2026 "
+                              "triggerdatetime=00:00 type="_qs +
+                                  type);
         fixture.Write(u"src/f"_qs, "x");
-        Program& program = fixture.Start();
-        program.Monitoring().ToggleMonitoring();
+        Program& program = fixture.StartMonitoring();
         fixture.pump->onYield = [&] {
             if (isClosed)
                 program.RequestEnd();
@@ -267,9 +235,8 @@ class TestSchedulers final : public QObject {
 
     void anAppointmentPutOffDuringItsRunStands() {
         Spring fixture;
-        fixture.Add(A, {{u"type"_qs, u"4"_qs}, {u"triggertime"_qs, u"00:00"_qs}});
-        Program& program = fixture.Start();
-        program.Monitoring().ToggleMonitoring();
+        fixture.Add(A, u"type=4 triggertime=00:00"_qs);
+        Program& program = fixture.StartMonitoring();
         fixture.pump->onYield = [&] { program.File().Write(A, ActivityField::TriggerTime, u"12:00"_qs); };
         fixture.Pass(5s);
         QCOMPARE(program.File().Read(A, ActivityField::Active), u"1"_qs);
@@ -277,24 +244,19 @@ class TestSchedulers final : public QObject {
 
     /// Taken out, then brought back: ticked, with a mark, and due again.
     void whatIsBroughtBackRunsAgain_data() {
-        QTest::addColumn<QString>("way");
-        QTest::addColumn<bool>("isRefilled");
+        const Table<QString, bool> row;
         for (const bool isRefilled : {false, true})
             for (const char* way : {"restart", "tick", "edit"})
-                QTest::addRow("%s, refilled %d", way, isRefilled) << QLatin1String(way) + u"" << isRefilled;
+                row.Add(way, isRefilled);
     }
     void whatIsBroughtBackRunsAgain() {
-        QFETCH(QString, way);
-        QFETCH(bool, isRefilled);
+        const auto [way, isRefilled] = Table<QString, bool>::Current();
         Spring fixture;
         const QString off = u"Off"_qs;
         const QString missing = u"Missing"_qs;
-        fixture.Add(A, {{u"intervall"_qs, u"2"_qs}, {u"runningmode"_qs, u"1"_qs}});
-        fixture.Add(missing, {{u"type"_qs, u"4"_qs},
-                              {u"daily"_qs, u"1"_qs},
-                              {u"triggertime"_qs, u"00:00"_qs},
-                              {u"sourcedir"_qs, fixture.Path(u"gone"_qs)}});
-        fixture.Add(off, {{u"activ"_qs, u"0"_qs}});
+        fixture.Add(A, u"intervall=2 runningmode=1"_qs);
+        fixture.Add(missing, u"type=4 daily=1 triggertime=00:00 sourcedir="_qs + fixture.Path(u"gone"_qs));
+        fixture.Add(off, u"activ=0"_qs);
         fixture.Write(u"app.log"_qs, "");
         Program& program = fixture.Start();
         ActivityList& list = program.List();
@@ -329,10 +291,9 @@ class TestSchedulers final : public QObject {
     void aNameGivenTwiceRunsOnce() {
         Spring fixture;
         for (int given = 0; given < 2; ++given)
-            fixture.Add(A, {{u"type"_qs, u"1"_qs}, {u"intervall"_qs, u"2"_qs}});
+            fixture.Add(A, u"type=1 intervall=2"_qs);
         fixture.Write(u"app.log"_qs, "");
-        Program& program = fixture.Start();
-        program.Monitoring().ToggleMonitoring();
+        fixture.StartMonitoring();
         QVERIFY(fixture.Read(u"app.log"_qs).contains("'keepsOn; A'"));
         fixture.Pass(121s);
         QCOMPARE(fixture.Log(A).count(u"Checking starts ..."_qs), 1);
@@ -340,8 +301,8 @@ class TestSchedulers final : public QObject {
 
     void aChangedTimeZoneIsSeen() {
         Spring fixture;
-        fixture.Add(A, {{u"type"_qs, u"4"_qs}, {u"triggertime"_qs, u"05:00"_qs}});
-        fixture.Start().Monitoring().ToggleMonitoring();
+        fixture.Add(A, u"type=4 triggertime=05:00"_qs);
+        fixture.StartMonitoring();
         qputenv("TZ", "XXX-5");
         fixture.Pass(2s);
         qputenv("TZ", "UTC");
@@ -351,9 +312,8 @@ class TestSchedulers final : public QObject {
 
     void theEndIsToldAfterTheTick() {
         ProgramFixture fixture;
-        fixture.Add(A, {{u"intervall"_qs, u"2"_qs}, {u"runningmode"_qs, u"1"_qs}});
-        Program& program = fixture.Start();
-        program.Monitoring().ToggleMonitoring();
+        fixture.Add(A, u"intervall=2 runningmode=1"_qs);
+        Program& program = fixture.StartMonitoring();
         qsizetype runs = 0;
         fixture.prompter.onAsk = [&](const Message&) {
             if (fixture.prompter.shown.size() > 1)
@@ -368,10 +328,9 @@ class TestSchedulers final : public QObject {
 
     void aTickInsideARunServesOtherActivitiesAndNeverItself() {
         ProgramFixture fixture;
-        fixture.Add(A, {{u"intervall"_qs, u"2"_qs}, noLog});
-        fixture.Add(u"M"_qs, {{u"type"_qs, u"1"_qs}, {u"intervall"_qs, u"2"_qs}, noLog});
-        Program& program = fixture.Start();
-        program.Monitoring().ToggleMonitoring();
+        fixture.Add(A, u"intervall=2 logfile="_qs);
+        fixture.Add(u"M"_qs, u"type=1 intervall=2 logfile="_qs);
+        Program& program = fixture.StartMonitoring();
         int deepest = 0;
         fixture.pump->onYield = [&] {
             deepest = std::max(deepest, program.State().Depth());

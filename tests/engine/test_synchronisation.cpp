@@ -1,4 +1,5 @@
 #include "ProgramFixture.h"
+#include "Table.h"
 #include "Trees.h"
 #include "modDateCompare.h"
 
@@ -20,32 +21,21 @@ constexpr qint64 late = 1'700'000'000;
 class TestSynchronisation final : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void initTestCase() { qputenv("TZ", "UTC"); }
-
     void linesOfAFileOnBothSides_data() {
-        QTest::addColumn<QStringList>("fields"); // action, overwrite, onlynew
-        QTest::addColumn<qint64>("sourceTime");
-        QTest::addColumn<QString>("answer"); // "": nothing is asked
-        QTest::addColumn<QString>("line");   // S and D: the files with their dates
-        const auto row = [](const char* fields, qint64 time, const char* answer, const char* line) {
-            QTest::addRow("%s at %lld %s", fields, time, answer)
-                << QString::fromLatin1(fields).split(u'/') << time << QString::fromLatin1(answer)
-                << QString::fromLatin1(line);
-        };
-        row("0/Y/Y", late, "", "Copy S to D and overwrite with newer file ...");
-        row("1/Y/N", early, "", "Move S to D and overwrite with newer file ...");
-        row("3/Y/Y", early, "", "File S older/equal as/to file D");
-        row("0/N/Y", late, "", "Overwrite D with S");
-        row("0/N/N", same, "", "Copy and overwrite with newer file S to D");
-        row("1/N/N", early, "Yes", "Move and overwrite with newer file S to D");
-        row("1/N/N", early, "No", "Overwrite from file '~/src/f' declined by user.");
-        row("2/N/Y", early, "Yes", "Change detected - - No action selected! (~/src/f) ");
+        // Fields: action, overwrite, onlynew; an answer of "": nothing is asked; S and D: the files with their dates.
+        const Table<QString, qint64, QString, QString> row;
+        row.Add("0/Y/Y", late, "", "Copy S to D and overwrite with newer file ...");
+        row.Add("1/Y/N", early, "", "Move S to D and overwrite with newer file ...");
+        row.Add("3/Y/Y", early, "", "File S older/equal as/to file D");
+        row.Add("0/N/Y", late, "", "Overwrite D with S");
+        row.Add("0/N/N", same, "", "Copy and overwrite with newer file S to D");
+        row.Add("1/N/N", early, "Yes", "Move and overwrite with newer file S to D");
+        row.Add("1/N/N", early, "No", "Overwrite from file '~/src/f' declined by user.");
+        row.Add("2/N/Y", early, "Yes", "Change detected - - No action selected! (~/src/f) ");
     }
     void linesOfAFileOnBothSides() {
-        QFETCH(QStringList, fields);
-        QFETCH(qint64, sourceTime);
-        QFETCH(QString, answer);
-        QFETCH(QString, line);
+        auto [record, sourceTime, answer, line] = Table<QString, qint64, QString, QString>::Current();
+        const QStringList fields = record.split(u'/');
         ProgramFixture fixture;
         fixture.Add(A, {{u"action"_qs, fields[0]}, {u"overwrite"_qs, fields[1]}, {u"onlynew"_qs, fields[2]}});
         fixture.Write(u"src/f"_qs, "source", sourceTime);
@@ -91,19 +81,16 @@ class TestSynchronisation final : public QObject {
     }
 
     void nestedAndEqualDirectoriesLoseNothing_data() {
-        QTest::addColumn<QString>("source");
-        QTest::addColumn<QString>("destination");
-        QTest::addColumn<QString>("mayGo"); // from a mirror's destination: what is no part of its source
-        QTest::newRow("same") << src << src << QString();
-        QTest::newRow("same through a link") << src << u"link"_qs << QString();
+        // The last: what may go from a mirror's destination, as it is no part of its source.
+        const Table<QString, QString, QString> row;
+        row("same", src, src, QString());
+        row("same through a link", src, "link", QString());
         // A mirror clears its destination of what the source's own level lacks.
-        QTest::newRow("destination below the source") << src << u"src/x/y"_qs << u"34"_qs;
-        QTest::newRow("source below the destination") << u"src/x/y"_qs << src << u"12"_qs;
+        row("destination below the source", src, "src/x/y", "34");
+        row("source below the destination", "src/x/y", src, "12");
     }
     void nestedAndEqualDirectoriesLoseNothing() {
-        QFETCH(QString, source);
-        QFETCH(QString, destination);
-        QFETCH(QString, mayGo);
+        const auto [source, destination, mayGo] = Table<QString, QString, QString>::Current();
         for (const auto& action : {u"0"_qs, u"1"_qs, u"3"_qs}) {
             ProgramFixture fixture;
             fixture.Write(u"src/f"_qs, "1");
@@ -130,13 +117,7 @@ class TestSynchronisation final : public QObject {
     }
 
     void missingDirectories_data() {
-        QTest::addColumn<QString>("source");
-        QTest::addColumn<QString>("destination");
-        QTest::addColumn<QString>("action");
-        const auto row = [](const char* name, const char* source, const char* destination, const char* action) {
-            QTest::newRow(name) << QString::fromLatin1(source) << QString::fromLatin1(destination)
-                                << QString::fromLatin1(action);
-        };
+        const Table<QString, QString, QString> row;
         row("source gone", "gone", "dst", "3");
         row("destination gone", "src", "gone", "3");
         row("source empty", "", "dst", "3");
@@ -145,9 +126,7 @@ class TestSynchronisation final : public QObject {
         row("reporting needs no destination", "src", "", "2");
     }
     void missingDirectories() {
-        QFETCH(QString, source);
-        QFETCH(QString, destination);
-        QFETCH(QString, action);
+        const auto [source, destination, action] = Table<QString, QString, QString>::Current();
         const bool missing = action != u"2";
         for (const bool stop : {true, false}) {
             ProgramFixture fixture;
@@ -173,10 +152,7 @@ class TestSynchronisation final : public QObject {
 
     void reactionsComeInOrderAndOnlyForChanges() {
         ProgramFixture fixture;
-        fixture.Add(A, {{u"alert"_qs, u"Y"_qs},
-                        {u"executeable"_qs, u"/bin/tool"_qs},
-                        {u"sendmail"_qs, u"1"_qs},
-                        {u"recipient"_qs, u"me@example.org"_qs}});
+        fixture.Add(A, u"alert=Y executeable=/bin/tool sendmail=1 recipient=me@example.org"_qs);
         fixture.Write(u"src/new"_qs, "1");
         Program& program = fixture.Start();
         bool boxFirst = false;

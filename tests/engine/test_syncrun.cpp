@@ -1,6 +1,7 @@
 #include "AsNobody.h"
 #include "ProgramFixture.h"
 #include "SystemCallFault.h"
+#include "Table.h"
 #include "Trees.h"
 
 #include <filesystem>
@@ -27,24 +28,20 @@ class TestSyncRun final : public QObject {
     Q_OBJECT
   private Q_SLOTS:
     void initTestCase() {
-        qputenv("TZ", "UTC");
         // A mount name space of our own: whatever is mounted vanishes with this process.
         m_mayMount = ::unshare(CLONE_NEWNS) == 0 && ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
     }
 
     // A copy that became a mirror of other directories would delete all that only its old destination had.
     void whatEndsARunLeavesTheRest_data() {
-        QTest::addColumn<QString>("change");
-        QTest::addColumn<QString>("began");
+        const Table<QString, QString> row;
         for (const auto* change : {"edited", "imported", "deleted", "other action", "closing"})
             for (const auto* began : {"0", "1", "3"})
-                QTest::addRow("%s, action %s", change, began)
-                    << QString::fromLatin1(change) << QString::fromLatin1(began);
-        QTest::newRow("other folder in the source's place") << u"exchanged"_qs << u"3"_qs;
+                row.Add(change, began);
+        row("other folder in the source's place", "exchanged", "3");
     }
     void whatEndsARunLeavesTheRest() {
-        QFETCH(QString, change);
-        QFETCH(QString, began);
+        const auto [change, began] = Table<QString, QString>::Current();
         ProgramFixture fixture;
         fixture.Add(A, {{u"action"_qs, began}, {u"alert"_qs, u"Y"_qs}});
         for (const auto& file : {u"src/a"_qs, u"src/b"_qs, u"src/sub/c"_qs, u"dst/onlyHere"_qs, u"other/x"_qs})
@@ -89,14 +86,9 @@ class TestSyncRun final : public QObject {
 
     // What was looked at before a box is looked at again behind it.
     void whatChangedBehindABoxIsLeft_data() {
-        QTest::addColumn<QString>("action");
-        QTest::addColumn<bool>("isQuestion"); // else an alert
-        QTest::addColumn<QString>("changed"); // what somebody writes while the first box is open
-        QTest::addColumn<QByteArrayList>("kept");
-        const auto row = [](const char* name, const char* action, bool isQuestion, const char* changed,
-                            const QByteArrayList& kept) {
-            QTest::newRow(name) << QString::fromLatin1(action) << isQuestion << QString::fromLatin1(changed) << kept;
-        };
+        // isQuestion: else an alert
+        // changed: what somebody writes while the first box is open
+        const Table<QString, bool, QString, QByteArrayList> row;
         row("copy over a newer file", "0", false, "dst/f", {"source", "changed"});
         row("move over a newer file", "1", false, "dst/f", {"source", "changed"});
         row("copy, question", "0", true, "dst/f", {"source", "changed"});
@@ -109,15 +101,9 @@ class TestSyncRun final : public QObject {
         row("surplus comes back", "3", false, "src/a surplus", {"changed", "surplus"});
     }
     void whatChangedBehindABoxIsLeft() {
-        QFETCH(QString, action);
-        QFETCH(bool, isQuestion);
-        QFETCH(QString, changed);
-        QFETCH(QByteArrayList, kept);
+        const auto [action, isQuestion, changed, kept] = Table<QString, bool, QString, QByteArrayList>::Current();
         ProgramFixture fixture;
-        fixture.Add(A, {{u"action"_qs, action},
-                        {u"onlynew"_qs, u"N"_qs},
-                        {u"overwrite"_qs, isQuestion ? u"N"_qs : u"Y"_qs},
-                        {u"alert"_qs, isQuestion ? u"N"_qs : u"Y"_qs}});
+        fixture.Add(A, (isQuestion ? u"overwrite=N alert=N onlynew=N action=" : u"alert=Y onlynew=N action=") + action);
         const bool isNew = changed.endsWith(u"new");
         fixture.Write(isNew ? u"src/new"_qs : u"src/f"_qs, "source", early);
         if (!isNew)
@@ -175,18 +161,15 @@ class TestSyncRun final : public QObject {
 
     // Not missing, and nothing is deleted for it: half a listing would make the rest look surplus.
     void whatCannotBeOpenedEndsAMirror_data() {
-        QTest::addColumn<QString>("place");
-        QTest::addColumn<int>("rights"); // -1: no descriptor is left
-        QTest::addColumn<QString>("error");
-        QTest::newRow("no rights") << u"src"_qs << 0000 << u"13"_qs;
-        QTest::newRow("no right to list") << u"src"_qs << 0300 << u"13"_qs;
-        QTest::newRow("names, and no more") << u"src/sub"_qs << 0444 << u"13"_qs;
-        QTest::newRow("no descriptors") << u"src"_qs << -1 << u"24"_qs;
+        // rights of -1: no descriptor is left
+        const Table<QString, int, QString> row;
+        row("no rights", "src", 0000, "13");
+        row("no right to list", "src", 0300, "13");
+        row("names, and no more", "src/sub", 0444, "13");
+        row("no descriptors", "src", -1, "24");
     }
     void whatCannotBeOpenedEndsAMirror() {
-        QFETCH(QString, place);
-        QFETCH(int, rights);
-        QFETCH(QString, error);
+        const auto [place, rights, error] = Table<QString, int, QString>::Current();
         const AsNobody nobodyInParticular;
         ProgramFixture fixture;
         fixture.Add(A, {{u"action"_qs, u"3"_qs}});
@@ -215,18 +198,17 @@ class TestSyncRun final : public QObject {
     }
 
     void theProgramsOwnFilesAreSafe_data() {
-        QTest::addColumn<QString>("action");
-        QTest::addColumn<QString>("place"); // where the activity file lies
-        QTest::newRow("mirror deletes surplus") << u"3"_qs << u"dst/Own.kvd"_qs;
-        QTest::newRow("mirror deletes a folder") << u"3"_qs << u"dst/sub/Own.kvd"_qs;
-        QTest::newRow("copy replaces") << u"0"_qs << u"dst/both"_qs;
-        QTest::newRow("move replaces") << u"1"_qs << u"dst/both"_qs;
-        QTest::newRow("move takes") << u"1"_qs << u"src/Own.kvd"_qs;
-        QTest::newRow("move takes a folder") << u"1"_qs << u"src/sub/deeper/Own.kvd"_qs;
+        // place: where the activity file lies
+        const Table<QString, QString> row;
+        row("mirror deletes surplus", "3", "dst/Own.kvd");
+        row("mirror deletes a folder", "3", "dst/sub/Own.kvd");
+        row("copy replaces", "0", "dst/both");
+        row("move replaces", "1", "dst/both");
+        row("move takes", "1", "src/Own.kvd");
+        row("move takes a folder", "1", "src/sub/deeper/Own.kvd");
     }
     void theProgramsOwnFilesAreSafe() {
-        QFETCH(QString, action);
-        QFETCH(QString, place);
+        const auto [action, place] = Table<QString, QString>::Current();
         ProgramFixture fixture;
         fixture.Add(A, {{u"action"_qs, action}, {u"onlynew"_qs, u"N"_qs}, {u"logfile"_qs, fixture.Path(place)}});
         fixture.Write(u"src/both"_qs, "1");
@@ -346,17 +328,14 @@ class TestSyncRun final : public QObject {
 
     // With its drive unmounted, an empty source would empty the mirror, and a move would fill the bare mount point.
     void aMissingDriveHoldsTheRun_data() {
-        QTest::addColumn<QString>("action");
-        QTest::addColumn<QString>("mounted");
-        QTest::addColumn<QString>("alert"); // the drive is pulled while the box is shown
-        QTest::newRow("source of a mirror") << u"3"_qs << u"src"_qs << u"N"_qs;
-        QTest::newRow("destination of a move") << u"1"_qs << u"dst"_qs << u"N"_qs;
-        QTest::newRow("destination, pulled during the last run") << u"1"_qs << u"dst"_qs << u"Y"_qs;
+        // alert: the drive is pulled while the box is shown
+        const Table<QString, QString, QString> row;
+        row("source of a mirror", "3", "src", "N");
+        row("destination of a move", "1", "dst", "N");
+        row("destination, pulled during the last run", "1", "dst", "Y");
     }
     void aMissingDriveHoldsTheRun() {
-        QFETCH(QString, action);
-        QFETCH(QString, mounted);
-        QFETCH(QString, alert);
+        const auto [action, mounted, alert] = Table<QString, QString, QString>::Current();
         if (!m_mayMount)
             QSKIP("only an administrator can mount");
         ProgramFixture fixture;
@@ -426,8 +405,7 @@ class TestSyncRun final : public QObject {
             QSKIP("only an administrator can mount");
         ProgramFixture fixture;
         fixture.Add(A, {{u"action"_qs, u"3"_qs}, {u"alert"_qs, u"Y"_qs}});
-        for (const auto& path : {u"src/first"_qs, u"src/disk"_qs, u"dst/disk"_qs, u"dst/old/bound"_qs, u"other"_qs,
-                                 u"src/both"_qs, u"dst/both"_qs})
+        for (const auto* path : {"src/first", "src/disk", "dst/disk", "dst/old/bound", "other", "src/both", "dst/both"})
             QDir().mkpath(fixture.Path(path));
         const auto mount = [&](const char* what, const QString& where, const char* type, unsigned long flags) {
             return ::mount(what, fixture.Native(where).c_str(), type, flags, nullptr);

@@ -50,12 +50,7 @@ class TestMessageStream final : public QObject {
     Q_OBJECT
   private Q_SLOTS:
     void initTestCase() { QLocale::setDefault(QLocale(QLocale::German)); } // dates in mails are English all the same
-    void init() {
-        m_folder = std::make_unique<QTemporaryDir>();
-        QVERIFY(m_folder->isValid());
-    }
-    // Qt cannot remove names that are not UTF-8.
-    void cleanup() { fs::remove_all(root()); }
+    void cleanupTestCase() { fs::remove_all(root()); }                     // Qt cannot remove names that are not UTF-8
 
     void refusesTooManyRecipients() {
         MailMessage message = letter();
@@ -113,12 +108,9 @@ class TestMessageStream final : public QObject {
         writeLong();
         QProcess python;
         python.setProcessChannelMode(QProcess::MergedChannels);
-        python.start(QStringLiteral(SYSTEM_PYTHON), {QStringLiteral(CHECK_SCRIPT), m_folder->path()});
+        python.start(QStringLiteral(SYSTEM_PYTHON), {QStringLiteral(CHECK_SCRIPT), m_folder.path()});
         QVERIFY(python.waitForFinished(60'000));
-        const bool agreed = python.exitStatus() == QProcess::NormalExit && python.exitCode() == 0;
-        if (!agreed)
-            qWarning("%s", python.readAll().constData());
-        QVERIFY(agreed);
+        QVERIFY2(python.exitStatus() == QProcess::NormalExit && python.exitCode() == 0, python.readAll());
     }
 
     void longHeaderWord() {
@@ -169,7 +161,7 @@ class TestMessageStream final : public QObject {
     }
 
   private:
-    [[nodiscard]] fs::path root() const { return m_folder->path().toStdString(); }
+    [[nodiscard]] fs::path root() const { return m_folder.path().toStdString(); }
 
     fs::path file(const std::string& name, const QByteArray& bytes) {
         std::ofstream stream(root() / name, std::ios::binary);
@@ -246,7 +238,7 @@ class TestMessageStream final : public QObject {
         write("words.mail", message);
     }
 
-    std::unique_ptr<QTemporaryDir> m_folder;
+    const QTemporaryDir m_folder;
 };
 
 QTEST_GUILESS_MAIN(TestMessageStream)

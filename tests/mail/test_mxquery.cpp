@@ -93,12 +93,8 @@ class TestMXQuery final : public QObject {
     void asksForNamesOnly() {
         const QString longest = u"a."_qs.repeated(126) + u'a'; // 255 bytes
         QVERIFY(modMXQuery::BuildQuery(longest));
-        const QStringList impossible{QString(),
-                                     u"example..de"_qs,
-                                     u"example\r\n.de"_qs,
-                                     u'a' + longest,
-                                     QString(64, u'a') + u".de"_qs,
-                                     QString(60, QChar(0xFC)) + u".de"_qs};
+        const QStringList impossible{QString(),      u"example..de"_qs,          u"example\r\n.de"_qs,
+                                     u'a' + longest, QString(64, u'a') + u".de", QString(60, QChar(0xFC)) + u".de"};
         for (const QString& name : impossible)
             QVERIFY2(!modMXQuery::BuildQuery(name), qPrintable(name));
     }
@@ -169,8 +165,7 @@ class TestMXQuery final : public QObject {
         QUdpSocket server;
         QUdpSocket stranger;
         QUdpSocket neighbour;
-        QVERIFY(server.bind(QHostAddress::LocalHost));
-        QVERIFY(stranger.bind(QHostAddress::LocalHost));
+        QVERIFY(server.bind(QHostAddress::LocalHost) && stranger.bind(QHostAddress::LocalHost));
         QVERIFY(neighbour.bind(QHostAddress(u"127.0.0.2"_qs), server.localPort()));
         connect(&server, &QUdpSocket::readyRead, &server, [&] {
             const QNetworkDatagram query = server.receiveDatagram();

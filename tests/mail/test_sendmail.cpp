@@ -1,10 +1,11 @@
 // The mail client against real servers on this machine, and its properties.
+#include "AsNobody.h"
 #include "Fakes.h"
 #include "MailDispatch.h"
 #include "PlatformServices.h"
+#include "ScratchFolder.h"
 #include "clsSendMail.h"
 
-#include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -12,7 +13,6 @@
 #include <QSignalSpy>
 #include <QTcpServer>
 #include <QTcpSocket>
-#include <QTemporaryDir>
 #include <QTest>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -50,13 +50,10 @@ class PopServer final {
   public:
     PopServer() {
         const uid_t user = ::geteuid() == 0 ? 65534 : ::geteuid(); // mail of root is refused
-        QDir(folder.path()).mkpath(u"mail"_qs);
-        const QByteArray home = folder.path().toUtf8();
+        QDir(scratch.Path()).mkpath(u"mail"_qs);
+        const QByteArray home = scratch.Path().toUtf8();
         const QByteArray maildir = home + "/mail";
         if (::chown(maildir.constData(), user, static_cast<gid_t>(-1)) != 0 || ::chmod(home.constData(), 0755) != 0)
-            return;
-        QFile file(folder.filePath(u"dovecot.conf"_qs));
-        if (!file.open(QIODevice::WriteOnly))
             return;
         QByteArray text = "base_dir = HOME/run\nstate_dir = HOME/run\nlog_path = HOME/log\nssl = no\n"
                           "disable_plaintext_auth = no\nprotocols = pop3\nmail_location = maildir:HOME/mail\n"
@@ -70,9 +67,8 @@ class PopServer final {
             text += "default_internal_user = " + name + "\ndefault_login_user = " + name + "\n";
         }
         text.replace("HOME", home).replace("USER", QByteArray::number(user)).replace("PORT", QByteArray::number(port));
-        file.write(text);
-        file.close();
-        process.start(u"/usr/sbin/dovecot"_qs, {u"-F"_qs, u"-c"_qs, file.fileName()});
+        if (scratch.Write(u"dovecot.conf"_qs, text))
+            process.start(u"/usr/sbin/dovecot"_qs, {u"-F"_qs, u"-c"_qs, scratch.Path("dovecot.conf")});
         // It listens before it is ready, so the greeting is waited for.
         for (int attempt = 0; attempt < 200 && !isGreeting; ++attempt) {
             QTcpSocket socket;
@@ -86,7 +82,7 @@ class PopServer final {
         process.terminate();
         process.waitForFinished();
     }
-    QTemporaryDir folder;
+    ScratchFolder scratch;
     QProcess process;
     quint16 port = freePort();
     bool isGreeting = false;
@@ -162,10 +158,9 @@ class TestSendMail final : public QObject {
         QCOMPARE(client.statuses.mid(client.statuses.size() - 2),
                  (QStringList{u"Transmission Complete..."_qs, u"Closing Connection..."_qs}));
         // A file that vanishes while the mail is sent ends it without the end mark, so the server drops it.
-        const QString attached = pop.folder.filePath(u"attached"_qs);
-        QVERIFY(QFile(attached).open(QIODevice::WriteOnly));
-        client.mail.SetAttachment(attached);
-        QVERIFY(QFile::remove(attached) && !client.Send());
+        QVERIFY(pop.scratch.Write(u"attached"_qs, {}));
+        client.mail.SetAttachment(pop.scratch.Path("attached"));
+        QVERIFY(QFile::remove(pop.scratch.Path("attached")) && !client.Send());
         QCOMPARE(client.failures.last(), u"attached: The file you tried to attach does not exist"_qs);
     }
 
@@ -197,13 +192,13 @@ class TestSendMail final : public QObject {
         client.mail.SetSMTPHost(u"a host"_qs);
         client.mail.SetSMTPPort(65536);
         client.mail.SetAttachment(u"; /"_qs);
-        const QTemporaryDir folder;
-        QFile locked(folder.filePath(u"locked"_qs));
-        QVERIFY(locked.open(QIODevice::WriteOnly) && locked.setPermissions({}));
-        const uid_t user = ::geteuid();
-        QVERIFY(::chmod(folder.path().toUtf8().constData(), 0755) == 0 && (user != 0 || ::seteuid(65534) == 0));
-        client.mail.SetAttachment(locked.fileName());
-        QCOMPARE(::seteuid(user), 0);
+        const ScratchFolder scratch;
+        QVERIFY(scratch.Write(u"locked"_qs, {}) && QFile::setPermissions(scratch.Path("locked"), {}));
+        QCOMPARE(::chmod(scratch.Native().c_str(), 0755), 0);
+        {
+            const AsNobody nobodyInParticular;
+            client.mail.SetAttachment(scratch.Path("locked"));
+        }
         QCOMPARE(client.failures.last(), u"Permission denied"_qs);
         QCOMPARE(client.failures.size(), 8);
         QVERIFY(!client.Send());

@@ -1,5 +1,6 @@
 // Single files and single folders: what arrives, what stays, and what is refused.
 #include "FileWorld.h"
+#include "Table.h"
 #include "TemporaryName.h"
 
 #include <algorithm>
@@ -18,8 +19,7 @@ class TestFileTransfer final : public QObject {
     void copiesContentAndAttributes_data() { FileWorld::AddWays(); }
     void copiesContentAndAttributes() {
         QFETCH(FileWorld::Way, way);
-        const std::pair<std::size_t, mode_t> files[] = {{0, 0644}, {9'000'001, 0440}, {70'000, 0000}, {1, 06755}};
-        for (const auto& [size, mode] : files) {
+        for (const auto& [size, mode] : {std::pair(0U, 0644U), {9'000'001U, 0440U}, {70'000U, 0000U}, {1U, 06755U}}) {
             if (mode == 0 && ::geteuid() != 0)
                 continue; // only an administrator reads such a file
             FileWorld world(way.otherDevice);
@@ -32,41 +32,36 @@ class TestFileTransfer final : public QObject {
             ::chmod((world.source / name).c_str(), mode);
             FileWorld::SetTime(world.source / name, 1'234'567'890);
             const struct stat before = FileWorld::StatusOf(world.source / name);
+            const fs::file_time_type time = fs::last_write_time(world.source / name);
             world.Transfer(way.move, name);
             QVERIFY(world.observer.failures.empty());
             QVERIFY(FileWorld::Tree(world.destination) == (FileWorld::Entries{{name.native(), text}}));
             QCOMPARE(fs::exists(world.source / name), !way.move);
             const struct stat after = FileWorld::StatusOf(world.destination / name);
             QCOMPARE(after.st_mode, before.st_mode);
-            QCOMPARE(after.st_mtim.tv_sec, before.st_mtim.tv_sec);
-            QCOMPARE(after.st_mtim.tv_nsec, before.st_mtim.tv_nsec);
+            QVERIFY(fs::last_write_time(world.destination / name) == time);
             QVERIFY(FileWorld::Attribute(world.destination / name, "user.colour") == "blue" || way.otherDevice);
         }
     }
 
     void copiesOwnerAndRights_data() {
-        QTest::addColumn<bool>("asNobody"); // who owns the source then, but is not in its group 2001
-        QTest::addColumn<int>("mode");
-        QTest::addColumn<int>("list"); // what the source's access list gives its group; -1: it has none
-        QTest::addColumn<QByteArray>("folder");
-        QTest::addColumn<int>("modeAfter");
-        QTest::addColumn<int>("listAfter");
-        QTest::newRow("root") << false << 06755 << -1 << QByteArray() << 06755 << -1;
-        QTest::newRow("root, group of the folder") << false << 0640 << -1 << QByteArray("group") << 0640 << -1;
-        QTest::newRow("root, list of the folder") << false << 0640 << -1 << QByteArray("list") << 0640 << -1;
-        QTest::newRow("root, two lists") << false << 0674 << 7 << QByteArray("list") << 0674 << 7;
+        // asNobody: who owns the source then, but is not in its group 2001
+        // list: what the source's access list gives its group; -1: it has none
+        const Table<bool, int, int, QByteArray, int, int> row;
+        row("root", false, 06755, -1, QByteArray(), 06755, -1);
+        row("root, group of the folder", false, 0640, -1, "group", 0640, -1);
+        row("root, list of the folder", false, 0640, -1, "list", 0640, -1);
+        row("root, two lists", false, 0674, 7, "list", 0674, 7);
         // Another group must not read what this one could.
-        QTest::newRow("own group") << true << 0640 << -1 << QByteArray() << 0600 << -1;
-        QTest::newRow("group of the folder") << true << 0640 << -1 << QByteArray("group") << 0600 << -1;
-        QTest::newRow("list of the folder") << true << 0664 << -1 << QByteArray("list") << 0644 << -1;
-        QTest::newRow("programs") << true << 06775 << -1 << QByteArray("group") << 04755 << -1;
-        QTest::newRow("list of the source") << true << 0674 << 7 << QByteArray("group") << 0674 << 4;
+        row("own group", true, 0640, -1, QByteArray(), 0600, -1);
+        row("group of the folder", true, 0640, -1, "group", 0600, -1);
+        row("list of the folder", true, 0664, -1, "list", 0644, -1);
+        row("programs", true, 06775, -1, "group", 04755, -1);
+        row("list of the source", true, 0674, 7, "group", 0674, 4);
     }
     void copiesOwnerAndRights() {
-        QFETCH(bool, asNobody);
-        QFETCH(int, mode);
-        QFETCH(int, list);
-        QFETCH(QByteArray, folder);
+        const auto [asNobody, mode, list, folder, modeAfter, listAfter] =
+            Table<bool, int, int, QByteArray, int, int>::Current();
         if (::geteuid() != 0)
             QSKIP("needs to change the user");
         const uid_t owner = asNobody ? 65534 : 1001;
@@ -97,8 +92,7 @@ class TestFileTransfer final : public QObject {
             const struct stat status = FileWorld::StatusOf(path);
             QCOMPARE(status.st_uid, owner);
             QCOMPARE(status.st_gid, gid_t{!asNobody ? 2001U : folder == "group" ? 3001U : 65534U});
-            QTEST(static_cast<int>(status.st_mode & 07777U), "modeAfter");
-            QFETCH(int, listAfter);
+            QCOMPARE(static_cast<int>(status.st_mode & 07777U), modeAfter);
             QVERIFY(FileWorld::Attribute(path, FileWorld::OwnList) ==
                     (listAfter < 0 ? std::string() : FileWorld::AccessList(static_cast<char>(listAfter))));
             QVERIFY(FileWorld::Attribute(path, FileWorld::DefaultList).empty());
@@ -176,8 +170,7 @@ class TestFileTransfer final : public QObject {
         const struct stat before = FileWorld::StatusOf(place);
         world.Transfer(way.move, "name");
         if (way.kind == "file" || way.kind == "link") {
-            QVERIFY(world.observer.failures.empty());
-            QVERIFY(S_ISREG(FileWorld::StatusOf(place).st_mode));
+            QVERIFY(world.observer.failures.empty() && S_ISREG(FileWorld::StatusOf(place).st_mode));
             QCOMPARE(FileWorld::Read(place), newText);
             QCOMPARE(fs::exists(world.source / "name"), !way.move);
             QVERIFY(way.kind == "file" ||
@@ -230,16 +223,13 @@ class TestFileTransfer final : public QObject {
                 std::fstream(file, std::ios::in | std::ios::out).seekp(11'000'000) << "changed";
             if (way.kind == "rewrite") // and hides it
                 FileWorld::SetTime(file, 1'000'000'000);
-            if (way.kind.endsWith("write"))
-                return;
             if (way.kind == "append")
                 std::ofstream(file, std::ios::app) << "more";
             else if (way.kind == "truncate")
                 fs::resize_file(file, 5'000'000);
             else if (way.kind == "replace")
                 std::ofstream(file, std::ios::trunc) << "another";
-            else
-                world.observer.givesUp = true;
+            world.observer.givesUp = way.kind == "give up";
         };
         world.Transfer(way.move, "large");
         QVERIFY(world.observer.failures["large"] ==

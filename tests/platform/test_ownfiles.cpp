@@ -4,9 +4,11 @@
 #include "ScratchFolder.h"
 #include "SizeLimit.h"
 #include "SystemCallFault.h"
+#include "Table.h"
 #include "modForeignText.h"
 #include "modNativePath.h"
 
+#include <QScopeGuard>
 #include <atomic>
 #include <csignal>
 #include <sys/mount.h>
@@ -30,20 +32,17 @@ class TestOwnFiles : public QObject {
 
   private Q_SLOTS:
     void everyOperationMeetsEveryKind_data() {
-        QTest::addColumn<QByteArray>("kind");
-        QTest::addColumn<QString>("results"); // read replace create append append+create delete: o = done, - = refused
-        const auto row = [](const char* kind, const char* results) {
-            QTest::newRow(kind) << QByteArray(kind) << QString::fromLatin1(results);
-        };
-        row("nothing", "-oo-o-");
-        row("file", "oo-ooo");
-        row("link", "oo-ooo");
-        row("dangling link", "-o--o-");
-        row("folder", "------");
-        row("fifo", "------"); // and none of them waits for its other end
+        // results: read replace create append append+create delete: o = done, - = refused
+        const Table<QByteArray, QString> row;
+        row.Add("nothing", "-oo-o-");
+        row.Add("file", "oo-ooo");
+        row.Add("link", "oo-ooo");
+        row.Add("dangling link", "-o--o-");
+        row.Add("folder", "------");
+        row.Add("fifo", "------"); // and none of them waits for its other end
     }
     void everyOperationMeetsEveryKind() {
-        QFETCH(QByteArray, kind);
+        const auto [kind, expected] = Table<QByteArray, QString>::Current();
         QByteArray read;
         const std::function<std::error_code(const fs::path&)> operations[] = {
             [&](const fs::path& file) { return m_files.ReadAll(file, 100, read); },
@@ -71,7 +70,7 @@ class TestOwnFiles : public QObject {
             if (kind.endsWith("link") && !isDelete)
                 QVERIFY(fs::is_symlink(scratch.file)); // written through, not over
         }
-        QTEST(results, "results");
+        QCOMPARE(results, expected);
     }
 
     void replacementKeepsPermissions() {
@@ -84,17 +83,16 @@ class TestOwnFiles : public QObject {
     }
 
     void replacementKeepsOwnerAndAccessList_data() {
-        QTest::addColumn<bool>("asNobody"); // who owns the file, but is not in its group
-        QTest::addColumn<bool>("hasList");
-        QTest::addColumn<unsigned>("mode"); // after the replacement of a file of mode 0674
-        QTest::newRow("root") << false << false << 0674U;
-        QTest::newRow("root, list") << false << true << 0674U;
-        QTest::newRow("nobody") << true << false << 0644U;
-        QTest::newRow("nobody, list") << true << true << 0674U;
+        // asNobody: who owns the file, but is not in its group
+        // mode: after the replacement of a file of mode 0674
+        const Table<bool, bool, unsigned> row;
+        row("root", false, false, 0674U);
+        row("root, list", false, true, 0674U);
+        row("nobody", true, false, 0644U);
+        row("nobody, list", true, true, 0674U);
     }
     void replacementKeepsOwnerAndAccessList() {
-        QFETCH(bool, asNobody);
-        QFETCH(bool, hasList);
+        const auto [asNobody, hasList, mode] = Table<bool, bool, unsigned>::Current();
         if (::geteuid() != 0)
             QSKIP("needs to change the user");
         const uid_t owner = asNobody ? 65534 : 1001;
@@ -114,7 +112,7 @@ class TestOwnFiles : public QObject {
         QCOMPARE(scratch.Read(own), QByteArray("new"));
         QCOMPARE(status.st_uid, owner);
         QCOMPARE(status.st_gid, gid_t{asNobody ? 65534U : 2001U});
-        QTEST(status.st_mode & 07777U, "mode");
+        QCOMPARE(status.st_mode & 07777U, mode);
         QVERIFY(FileWorld::Attribute(scratch.file, FileWorld::OwnList) ==
                 (!hasList ? std::string() : FileWorld::AccessList(asNobody ? 4 : 7)));
         QVERIFY(FileWorld::Attribute(scratch.file, "user.colour") == colour);
@@ -139,13 +137,15 @@ class TestOwnFiles : public QObject {
         fs::create_directory(disk);
         if (::mount("tmpfs", disk.c_str(), "tmpfs", 0, "size=64k") != 0)
             QSKIP("only root can make a small disk");
+        const auto unmount = qScopeGuard([&] { ::umount(disk.c_str()); });
         const QByteArray old(30'000, 'o');
-        const bool isReady = scratch.Write(u"disk/own"_qs, old) && scratch.Write(u"source"_qs, QByteArray(50'000, 's'));
-        const std::error_code error = m_files.ReplaceAll(disk / "own", QByteArray(50'000, 'n'));
+        QVERIFY(scratch.Write(u"disk/own"_qs, old) && scratch.Write(u"source"_qs, QByteArray(50'000, 's')));
+        QVERIFY(m_files.ReplaceAll(disk / "own", QByteArray(50'000, 'n')) == std::errc::no_space_on_device);
         // Across devices, onto the same full disk: the source must stay.
-        const std::error_code moved = m_files.MoveAway(scratch.Native(u"source"_qs), disk / "moved");
-        const QByteArray kept = scratch.Read(u"disk/own"_qs);
-        const QStringList entries = scratch.Entries(u"disk"_qs);
+        QVERIFY(m_files.MoveAway(scratch.Native(u"source"_qs), disk / "moved") == std::errc::no_space_on_device);
+        QCOMPARE(scratch.Read(u"disk/own"_qs), old);
+        QCOMPARE(scratch.Entries(u"disk"_qs), QStringList{own});
+        QCOMPARE(scratch.Read(u"source"_qs).size(), 50'000);
         // What is appended meanwhile must not go with the source.
         std::atomic<bool> writing = true;
         std::thread writer([&] {
@@ -156,27 +156,18 @@ class TestOwnFiles : public QObject {
         writing = false;
         writer.join();
         const QByteArray grown = scratch.Read(u"disk/own"_qs);
-        // And with enough room it goes over.
-        const std::error_code back = m_files.MoveAway(disk / "own", scratch.Native(u"back"_qs));
-        const bool isGone = !fs::exists(disk / "own");
-        ::umount(disk.c_str());
-        QVERIFY(isReady);
-        QVERIFY(error == std::errc::no_space_on_device);
-        QVERIFY(moved == std::errc::no_space_on_device);
-        QCOMPARE(kept, old);
-        QCOMPARE(entries, QStringList{own});
-        QCOMPARE(scratch.Read(u"source"_qs).size(), 50'000);
         QVERIFY(busy == std::errc::device_or_resource_busy && grown.size() > old.size());
-        QVERIFY(!back && isGone);
+        // And with enough room it goes over.
+        QVERIFY(!m_files.MoveAway(disk / "own", scratch.Native(u"back"_qs)) && !fs::exists(disk / "own"));
         QCOMPARE(scratch.Read(u"back"_qs), grown);
     }
 
     void failedSyncLeavesTheOldContent() {
         const Scratch scratch;
         QVERIFY(scratch.Write(own, "old"));
+        const auto replace = [&] { return m_files.ReplaceAll(scratch.file, "new") ? 0 : 1; };
         const int result = FileWorld::InChild([&] {
-            const bool isInstalled = SystemCallFault::Install({{SYS_fsync, EIO}});
-            return !isInstalled ? 2 : m_files.ReplaceAll(scratch.file, "new") ? 0 : 1;
+            return SystemCallFault::Install({{SYS_fsync, EIO}}) ? replace() : 2;
         });
         if (result == 2)
             QSKIP("the kernel filters no system calls");
@@ -211,11 +202,9 @@ class TestOwnFiles : public QObject {
             QCOMPARE(::pipe(ready), 0);
             const pid_t child = ::fork();
             QVERIFY(child >= 0);
-            if (child == 0) {
-                for (int i = 0;; ++i)
-                    if (m_files.ReplaceAll(scratch.file, contents[i % 2]) || ::write(ready[1], "x", 1) != 1)
-                        ::_exit(1);
-            }
+            for (int i = 0; child == 0; ++i)
+                if (m_files.ReplaceAll(scratch.file, contents[i % 2]) || ::write(ready[1], "x", 1) != 1)
+                    ::_exit(1);
             // It is killed somewhere in its next save, or the one after it.
             char byte = 0;
             for (int i = 0; i <= round % 3; ++i)
@@ -248,17 +237,15 @@ class TestOwnFiles : public QObject {
     }
 
     void foreignTextsAreHarmless() {
-        const struct {
-            QString text, oneLine, lines;
-        } rows[] = {
+        const std::tuple<QString, QString, QString> rows[] = {
             {u"\u00e4 \u05d0\u200f\u00a0~"_qs, u"\u00e4 \u05d0\u200f\u00a0~"_qs, u"\u00e4 \u05d0\u200f\u00a0~"_qs},
             {u"a\r\nb\nc\td\re"_qs, u"a  b c\uFFFDd e"_qs, u"a\nb\nc\td e"_qs},
             {u"\x1b[2J\x07\x7f"_qs, u"\uFFFD[2J\uFFFD\uFFFD"_qs, u"\uFFFD[2J\uFFFD\uFFFD"_qs},
             {u"\u0080\u009b\u2028\u202e\u2029"_qs, QString(5, u'\uFFFD'), QString(5, u'\uFFFD')},
             {u"\u2065\u2066\u2069\u206a"_qs, u"\u2065\uFFFD\uFFFD\u206a"_qs, u"\u2065\uFFFD\uFFFD\u206a"_qs}};
-        for (const auto& row : rows) {
-            QCOMPARE(modForeignText::OneLine(row.text), row.oneLine);
-            QCOMPARE(modForeignText::Lines(row.text), row.lines);
+        for (const auto& [text, oneLine, lines] : rows) {
+            QCOMPARE(modForeignText::OneLine(text), oneLine);
+            QCOMPARE(modForeignText::Lines(text), lines);
         }
         QCOMPARE(modForeignText::OneLine(QString(QChar(u'\0'))), u"\uFFFD"_qs);
         QCOMPARE(modForeignText::FromServer(u" 550\r\n550  no \x1b[m"_qs), u"550 550 no \uFFFD[m"_qs);

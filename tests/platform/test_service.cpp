@@ -1,10 +1,8 @@
 // The service as systemd sees it: its unit, the calls of systemctl, the notices, the lines for the journal.
 #include "LinuxServiceManager.h"
+#include "ScratchFolder.h"
 #include "SystemCall.h"
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QTest>
 #include <array>
 #include <csignal>
@@ -15,31 +13,25 @@
 namespace {
 
 /// A folder of its own for the units, and in front of PATH programs that write down how they were called.
-struct Scratch {
+struct Scratch : ScratchFolder {
     Scratch() {
-        QDir(folder.path()).mkpath(u"bin"_qs);
-        qputenv("PATH", folder.filePath(u"bin"_qs).toUtf8() + ":/usr/bin:/bin");
+        qputenv("PATH", Path("bin").toUtf8() + ":/usr/bin:/bin");
         qunsetenv("COMSPEC");
         // Fails on the word in "refuse"; in between the unit must be whole.
-        Program(u"systemctl"_qs, "case \"$*\" in *\"$(cat '" + path(u"refuse"_qs) +
-                                     "' 2>/dev/null || echo nothing)\"*)"
-                                     " echo refused >&2; exit 1;; esac\n");
+        Refuse("nothing");
+        Program(u"systemctl"_qs,
+                "case \"$*\" in *\"$(cat '" + Path("refuse").toUtf8() + "')\"*) echo refused >&2; exit 1;; esac\n");
     }
-    void Program(const QString& name, const QByteArray& rest) {
-        QFile script(folder.filePath(u"bin/"_qs + name));
-        QVERIFY(script.open(QIODevice::WriteOnly));
-        script.write("#!/bin/sh\nprintf '%s\\n' \"$*\" >> '" + path(u"calls"_qs) + "'\n" + rest);
-        script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    void Program(const QString& name, const QByteArray& rest) const {
+        const QString script = u"bin/"_qs + name;
+        QVERIFY(Write(script, "#!/bin/sh\nprintf '%s\\n' \"$*\" >> '" + Path("calls").toUtf8() + "'\n" + rest));
+        QFile::setPermissions(Path(script), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
-    void Refuse(const QByteArray& word) const {
-        QFile file(folder.filePath(u"refuse"_qs));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(word);
-    }
-    [[nodiscard]] QByteArray Calls() const { return contentOf(u"calls"_qs); }
-    [[nodiscard]] QByteArray Unit() const { return contentOf(u"systemd/user/KalvenorPro.service"_qs); }
+    void Refuse(const QByteArray& word) const { QVERIFY(Write(u"refuse"_qs, word)); }
+    [[nodiscard]] QByteArray Calls() const { return Read(u"calls"_qs); }
+    [[nodiscard]] QByteArray Unit() const { return Read(u"systemd/user/KalvenorPro.service"_qs); }
     [[nodiscard]] LinuxServiceManager Manager(const char* program = "/opt/k/Kalvenor") const {
-        return {program, folder.path().toStdString(), ServiceNotifier({})};
+        return {program, Native(), ServiceNotifier({})};
     }
     /// "done", or the reason why not.
     [[nodiscard]] static QString Installed(LinuxServiceManager& manager) {
@@ -48,18 +40,12 @@ struct Scratch {
     [[nodiscard]] static QString Uninstalled(LinuxServiceManager& manager) {
         return ended([&](ServiceManager::Outcome outcome) { manager.Uninstall(std::move(outcome)); });
     }
-    QTemporaryDir folder;
 
   private:
     static QString ended(const std::function<void(ServiceManager::Outcome)>& request) {
         std::optional<QString> end;
         request([&](bool succeeded, const QString& reason) { end = succeeded ? u"done"_qs : reason; });
         return QTest::qWaitFor([&] { return end.has_value(); }) ? *end : u"no answer"_qs;
-    }
-    [[nodiscard]] QByteArray path(const QString& name) const { return folder.filePath(name).toUtf8(); }
-    [[nodiscard]] QByteArray contentOf(const QString& name) const {
-        QFile file(folder.filePath(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 };
 
@@ -78,20 +64,21 @@ class TestService final : public QObject {
 
     void installsWholeOrNotAtAll() {
         Scratch scratch;
+        const QByteArray none = scratch.Unit();
         LinuxServiceManager manager = scratch.Manager();
         QCOMPARE(Scratch::Uninstalled(manager), QString()); // of what is not there
         scratch.Refuse("enable");
         QCOMPARE(Scratch::Installed(manager), u"refused"_qs);
-        QCOMPARE(scratch.Unit(), QByteArray());
+        QCOMPARE(scratch.Unit(), none);
         scratch.Refuse("nothing");
         QCOMPARE(Scratch::Installed(manager), u"done"_qs);
         QCOMPARE(scratch.Unit(), ServiceUnit::Text("/opt/k/Kalvenor").value());
         scratch.Refuse("disable");
         QCOMPARE(Scratch::Uninstalled(manager), u"refused"_qs);
-        QVERIFY(!scratch.Unit().isEmpty());
+        QVERIFY(scratch.Unit() != none);
         scratch.Refuse("nothing");
         QCOMPARE(Scratch::Uninstalled(manager), u"done"_qs);
-        QCOMPARE(scratch.Unit(), QByteArray());
+        QCOMPARE(scratch.Unit(), none);
         QVERIFY(manager.Stop(u"KalvenorPro"_qs));
         const QByteArray reload = "--user --quiet daemon-reload\n";
         const QByteArray enable = "--user --quiet enable KalvenorPro.service\n";
@@ -102,13 +89,14 @@ class TestService final : public QObject {
 
     void keepsAnEarlierUnitWhenItCannotBeEnabledAgain() {
         Scratch scratch;
-        LinuxServiceManager older = scratch.Manager("/opt/old/Kalvenor");
-        QCOMPARE(Scratch::Installed(older), u"done"_qs);
-        LinuxServiceManager badlyNamed = scratch.Manager("/opt/it's/Kalvenor");
-        QCOMPARE(Scratch::Installed(badlyNamed), QString());
+        const auto installed = [&](const char* program) {
+            LinuxServiceManager manager = scratch.Manager(program);
+            return Scratch::Installed(manager);
+        };
+        QCOMPARE(installed("/opt/old/Kalvenor"), u"done"_qs);
+        QCOMPARE(installed("/opt/it's/Kalvenor"), QString());
         scratch.Refuse("enable");
-        LinuxServiceManager newer = scratch.Manager("/opt/new/Kalvenor");
-        QCOMPARE(Scratch::Installed(newer), u"refused"_qs);
+        QCOMPARE(installed("/opt/new/Kalvenor"), u"refused"_qs);
         QCOMPARE(scratch.Unit(), ServiceUnit::Text("/opt/old/Kalvenor").value());
     }
 
@@ -134,7 +122,7 @@ class TestService final : public QObject {
         Scratch scratch;
         LinuxServiceManager manager = scratch.Manager();
         scratch.Program(u"interpreter"_qs, {});
-        qputenv("COMSPEC", scratch.folder.filePath(u"bin/interpreter"_qs).toUtf8());
+        qputenv("COMSPEC", scratch.Path("bin/interpreter").toUtf8());
         QVERIFY(manager.Start(u"Kalvenor"_qs));
         QTRY_COMPARE(scratch.Calls(), QByteArray("/c net start Kalvenor\n"));
         qputenv("COMSPEC", "/nowhere/interpreter");
@@ -148,8 +136,7 @@ class TestService final : public QObject {
     }
 
     void notifies() {
-        const QTemporaryDir folder;
-        const QByteArray name = "@" + folder.filePath(u"notify"_qs).toUtf8(); // in the kernel, not on the disk
+        const QByteArray name = "@" + ScratchFolder().Path("notify").toUtf8(); // in the kernel, not on the disk
         const FileDescriptor receiver(::socket(AF_UNIX, SOCK_DGRAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
         sockaddr_un address{};
         address.sun_family = AF_UNIX;

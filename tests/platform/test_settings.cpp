@@ -2,6 +2,7 @@
 #include "LinuxServices.h"
 #include "ScratchFolder.h"
 #include "SizeLimit.h"
+#include "Table.h"
 
 #include <QTest>
 #include <sys/wait.h>
@@ -49,11 +50,7 @@ class TestSettings : public QObject {
     }
 
     void writeKeepsEverythingElse_data() {
-        QTest::addColumn<QByteArray>("before");
-        QTest::addColumn<QByteArray>("after"); // of Key=new
-        const auto row = [](const char* name, const QByteArray& before, const QByteArray& after) {
-            QTest::newRow(name) << before << after;
-        };
+        const Table<QByteArray, QByteArray> row; // before and after Key=new
         row("changed", "; c\n[Options]\n a = 1 \nKey=old\n#Key=x\n[Z]\nKey=z\n",
             "; c\n[Options]\n a = 1 \nKey=new\n#Key=x\n[Z]\nKey=z\n");
         row("edited by hand", "[ Options ]\r\n Key = old \r\n", "[ Options ]\r\n Key = new \r\n");
@@ -65,11 +62,11 @@ class TestSettings : public QObject {
             "[Options]\nKey=new\nKey=2\n[Options]\nKey=3\n");
     }
     void writeKeepsEverythingElse() {
-        QFETCH(QByteArray, before);
+        const auto [before, after] = Table<QByteArray, QByteArray>::Current();
         Scratch scratch;
         QVERIFY(scratch.Write(ini, before));
         QVERIFY(!scratch.store.Write(app, section, key, u"new"_qs));
-        QTEST(scratch.Read(ini), "after");
+        QCOMPARE(scratch.Read(ini), after);
         QCOMPARE(scratch.store.Read(app, section, key), u"new"_qs);
     }
 

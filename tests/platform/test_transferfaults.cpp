@@ -1,6 +1,7 @@
 #include "FileWorld.h"
 #include "SystemCall.h"
 #include "SystemCallFault.h"
+#include "Table.h"
 #include "TemporaryName.h"
 
 #include <csignal>
@@ -19,7 +20,6 @@ namespace {
 enum Exit { Fine, WithFailures, NotPossible };
 
 constexpr int rounds = 30;
-constexpr int neverKilled = 1'000'000;
 const SystemCallFault noUnnamed{SYS_openat, EOPNOTSUPP, 2, O_TMPFILE & ~O_DIRECTORY};
 
 void fill(FileWorld& world) {
@@ -70,8 +70,9 @@ Exit run(FileWorld& world, const std::vector<FolderEntry>& entries) {
     return world.observer.failures.empty() ? Fine : WithFailures;
 }
 
-/// The system calls made until the end or the kill; 0 when the system lets nobody trace.
-int runUntilCall(FileWorld& world, const Faults& faults, int call) {
+/// A run that stops before and after each system call and tells its process to `onStop`. False when the system lets
+/// nobody trace.
+bool runTraced(FileWorld& world, const Faults& faults, const std::function<void(pid_t)>& onStop) {
     const pid_t child = ::fork();
     if (child == 0) {
         const bool isTraced = ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) == 0;
@@ -81,42 +82,12 @@ int runUntilCall(FileWorld& world, const Faults& faults, int call) {
         ::_exit(Fine);
     }
     int status = 0;
-    int calls = 0;
-    while (::waitpid(child, &status, 0) == child && WIFSTOPPED(status)) {
-        if (++calls >= call)
-            ::kill(child, SIGKILL);
-        else
-            ::ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
-    }
-    return WIFEXITED(status) && WEXITSTATUS(status) != Fine ? 0 : calls;
-}
-
-/// Moves everything, and acts when that many files have their names and the run is about to sync these names. False
-/// when it did not.
-bool runUntilNamed(FileWorld& world, int files, const std::function<void()>& act) {
-    const pid_t child = ::fork();
-    if (child == 0) {
-        const Faults noThreads{{SYS_clone3, EAGAIN}, {SYS_clone, EAGAIN}}; // all calls are made where they are traced
-        const bool isTraced = ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) == 0;
-        if (isTraced && SystemCallFault::Install(noThreads) && ::raise(SIGSTOP) == 0)
-            run(world, listed(*world.from));
-        ::_exit(Fine);
-    }
-    int status = 0;
-    bool hasActed = false;
     while (::waitpid(child, &status, 0) == child && WIFSTOPPED(status)) {
         ::ptrace(PTRACE_SETOPTIONS, child, nullptr, PTRACE_O_TRACESYSGOOD);
-        struct __ptrace_syscall_info call {};
-        ::ptrace(PTRACE_GET_SYSCALL_INFO, child, sizeof call, &call);
-        const std::uint64_t number = call.op == PTRACE_SYSCALL_INFO_ENTRY ? call.entry.nr : 0;
-        files -= number == SYS_linkat ? 1 : 0;
-        if (files <= 0 && !hasActed && (number == SYS_syncfs || number == SYS_fsync)) {
-            act();
-            hasActed = true;
-        }
+        onStop(child);
         ::ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
     }
-    return hasActed;
+    return !WIFEXITED(status) || WEXITSTATUS(status) == Fine;
 }
 
 /// A filled world and what was in it.
@@ -235,44 +206,39 @@ class TestTransferFaults final : public QObject {
 
   private Q_SLOTS:
     void aFaultLosesNothing_data() {
-        QTest::addColumn<Exit>("expected");
-        QTest::addColumn<Faults>("faults");
-        const auto row = [](Exit expected, const char* name, const Faults& faults) {
-            QTest::newRow(name) << expected << faults;
-        };
+        const Table<Exit, Faults> row;
         const SystemCallFault noRange{SYS_copy_file_range, EXDEV};
         const SystemCallFault noExchange{SYS_renameat2, EXDEV};
         // Where there is another way, it is gone.
-        row(Fine, "no fault", {});
-        row(Fine, "no files without a name", {noUnnamed});
-        row(Fine, "files without a name get none", {{SYS_linkat, EPERM}});
-        row(Fine, "renames that always replace", {noUnnamed, {SYS_renameat2, EINVAL}});
-        row(Fine, "no copying in the kernel", {{SYS_copy_file_range, ENOSYS}, {SYS_ioctl, ENOTTY}});
-        row(Fine, "copying in the kernel does nothing", {{SYS_copy_file_range, 0}});
-        row(Fine, "no sync of all files", {{SYS_syncfs, ENOSYS}});
-        row(Fine, "another program's write failed", {{SYS_syncfs, EIO}});
-        row(Fine, "no sync of folders", {{SYS_fsync, EINVAL}, {SYS_syncfs, ENOSYS}});
-        row(Fine, "no extended attributes", {{SYS_flistxattr, EOPNOTSUPP}});
-        row(Fine, "bits and times of others", {{SYS_fchmod, EPERM}, {SYS_utimensat, EPERM}});
-        row(Fine, "no thread to be had", {{SYS_clone3, EAGAIN}, {SYS_clone, EAGAIN}});
+        row("no fault", Fine, {});
+        row("no files without a name", Fine, {noUnnamed});
+        row("files without a name get none", Fine, {{SYS_linkat, EPERM}});
+        row("renames that always replace", Fine, {noUnnamed, {SYS_renameat2, EINVAL}});
+        row("no copying in the kernel", Fine, {{SYS_copy_file_range, ENOSYS}, {SYS_ioctl, ENOTTY}});
+        row("copying in the kernel does nothing", Fine, {{SYS_copy_file_range, 0}});
+        row("no sync of all files", Fine, {{SYS_syncfs, ENOSYS}});
+        row("another program's write failed", Fine, {{SYS_syncfs, EIO}});
+        row("no sync of folders", Fine, {{SYS_fsync, EINVAL}, {SYS_syncfs, ENOSYS}});
+        row("no extended attributes", Fine, {{SYS_flistxattr, EOPNOTSUPP}});
+        row("bits and times of others", Fine, {{SYS_fchmod, EPERM}, {SYS_utimensat, EPERM}});
+        row("no thread to be had", Fine, {{SYS_clone3, EAGAIN}, {SYS_clone, EAGAIN}});
         // Where there is none, it is reported.
-        row(WithFailures, "no new files", {{SYS_openat, EACCES, 2, O_RDWR}});
-        row(WithFailures, "reading fails", {noRange, {SYS_pread64, EIO}});
-        row(WithFailures, "writing fails", {noRange, {SYS_pwrite64, EIO}});
-        row(WithFailures, "disk full", {{SYS_copy_file_range, ENOSPC}});
-        row(WithFailures, "syncs fail", {{SYS_fdatasync, EIO}, {SYS_syncfs, EIO}});
-        row(WithFailures, "folder syncs fail", {{SYS_fsync, EIO}, {SYS_syncfs, EIO}, noExchange});
-        row(WithFailures, "links fail", {{SYS_linkat, EIO}});
-        row(WithFailures, "renames fail", {{SYS_renameat, EIO}, {SYS_renameat2, EIO}});
-        row(WithFailures, "renames fail, named", {noUnnamed, {SYS_renameat, EIO}, {SYS_renameat2, EIO}});
-        row(WithFailures, "bits fail", {noUnnamed, {SYS_fchmod, EIO}});
-        row(WithFailures, "no new folders", {{SYS_mkdirat, EACCES}, noExchange});
-        row(WithFailures, "nothing can be removed", {{SYS_unlinkat, EACCES}, noExchange});
-        row(WithFailures, "folders cannot be listed", {{SYS_getdents64, EIO}, {SYS_renameat, EIO}, noExchange});
+        row("no new files", WithFailures, {{SYS_openat, EACCES, 2, O_RDWR}});
+        row("reading fails", WithFailures, {noRange, {SYS_pread64, EIO}});
+        row("writing fails", WithFailures, {noRange, {SYS_pwrite64, EIO}});
+        row("disk full", WithFailures, {{SYS_copy_file_range, ENOSPC}});
+        row("syncs fail", WithFailures, {{SYS_fdatasync, EIO}, {SYS_syncfs, EIO}});
+        row("folder syncs fail", WithFailures, {{SYS_fsync, EIO}, {SYS_syncfs, EIO}, noExchange});
+        row("links fail", WithFailures, {{SYS_linkat, EIO}});
+        row("renames fail", WithFailures, {{SYS_renameat, EIO}, {SYS_renameat2, EIO}});
+        row("renames fail, named", WithFailures, {noUnnamed, {SYS_renameat, EIO}, {SYS_renameat2, EIO}});
+        row("bits fail", WithFailures, {noUnnamed, {SYS_fchmod, EIO}});
+        row("no new folders", WithFailures, {{SYS_mkdirat, EACCES}, noExchange});
+        row("nothing can be removed", WithFailures, {{SYS_unlinkat, EACCES}, noExchange});
+        row("folders cannot be listed", WithFailures, {{SYS_getdents64, EIO}, {SYS_renameat, EIO}, noExchange});
     }
     void aFaultLosesNothing() {
-        QFETCH(Exit, expected);
-        QFETCH(Faults, faults);
+        const auto [expected, faults] = Table<Exit, Faults>::Current();
         const long failing = expected == Fine ? -1 : faults[0].call;
         for (const bool otherDevice : {false, true}) {
             FilledWorld world(otherDevice);
@@ -311,23 +277,25 @@ class TestTransferFaults final : public QObject {
     }
 
     void aKilledRunLosesNothing_data() {
-        QTest::addColumn<bool>("otherDevice");
-        QTest::addColumn<Faults>("faults");
-        QTest::newRow("without names") << true << Faults{};
-        QTest::newRow("with temporary names") << true << Faults{noUnnamed};
-        QTest::newRow("same device") << false << Faults{noUnnamed};
+        const Table<bool, Faults> row;
+        row("without names", true, Faults{});
+        row("with temporary names", true, Faults{noUnnamed});
+        row("same device", false, Faults{noUnnamed});
     }
     void aKilledRunLosesNothing() {
-        QFETCH(bool, otherDevice);
-        QFETCH(Faults, faults);
+        const auto [otherDevice, faults] = Table<bool, Faults>::Current();
         FilledWorld whole(otherDevice);
-        const int allCalls = runUntilCall(whole, faults, neverKilled);
-        if (allCalls == 0)
+        int allCalls = 0;
+        if (!runTraced(whole, faults, [&](pid_t) { ++allCalls; }))
             QSKIP("processes may not be traced here");
         int leftovers = 0;
         for (int round = 1; round <= rounds; ++round) { // each time at another system call
             FilledWorld world(otherDevice);
-            runUntilCall(world, faults, round * allCalls / (rounds + 1));
+            int callsLeft = round * allCalls / (rounds + 1);
+            runTraced(world, faults, [&](pid_t child) {
+                if (--callsLeft <= 0)
+                    ::kill(child, SIGKILL);
+            });
             world.CheckThatNothingIsLost();
             leftovers += world.temporaries;
             world.Reopen();
@@ -374,8 +342,8 @@ class TestTransferFaults final : public QObject {
 
     void aDiskThatGoesLosesNothing_data() {
         QTest::addColumn<std::string>("makeFileSystem");
-        QTest::newRow("XFS") << std::string("mkfs.xfs -f");
-        QTest::newRow("ext4") << std::string("mkfs.ext4 -F");
+        for (const char* maker : {"mkfs.xfs -f", "mkfs.ext4 -F"})
+            QTest::newRow(maker) << std::string(maker);
     }
     /// It goes when the moved files have their names, but before the names are on disk.
     void aDiskThatGoesLosesNothing() {
@@ -386,14 +354,24 @@ class TestTransferFaults final : public QObject {
         for (int number = 0; number < 30; ++number)
             FileWorld::Write(world.source / std::to_string(number), text(2, 'n'));
         const FileWorld::Entries files = FileWorld::Tree(world.source);
-        const bool reached = runUntilNamed(world, 30, [&world] {
+        int unnamed = 30;
+        bool isGone = false;
+        const Faults noThreads{{SYS_clone3, EAGAIN}, {SYS_clone, EAGAIN}}; // all calls are made where they are traced
+        const bool isTraced = runTraced(world, noThreads, [&](pid_t child) {
+            struct __ptrace_syscall_info call {};
+            ::ptrace(PTRACE_GET_SYSCALL_INFO, child, sizeof call, &call);
+            const std::uint64_t number = call.op == PTRACE_SYSCALL_INFO_ENTRY ? call.entry.nr : 0;
+            unnamed -= number == SYS_linkat ? 1 : 0;
+            if (unnamed > 0 || isGone || (number != SYS_syncfs && number != SYS_fsync))
+                return;
             const FileDescriptor disk(::open(world.destination.c_str(), O_RDONLY | O_DIRECTORY));
             constexpr unsigned long shutDown = _IOR('X', 125, std::uint32_t); // the same on ext4 and XFS
             std::uint32_t withoutLog = 2;
-            ::ioctl(disk.Get(), shutDown, &withoutLog);
+            isGone = ::ioctl(disk.Get(), shutDown, &withoutLog) == 0;
         });
-        if (!reached)
+        if (!isTraced)
             QSKIP("processes may not be traced here");
+        QVERIFY(isGone);
         QVERIFY(world.Restart());
         for (const auto& [name, content] : files)
             QVERIFY2(FileWorld::Read(world.source / name) == content ||

@@ -6,7 +6,6 @@
 #include <QTest>
 #include <QXmlStreamReader>
 #include <map>
-#include <vector>
 
 namespace {
 
@@ -48,27 +47,20 @@ class StringTableTest final : public QObject {
 
   private Q_SLOTS:
     void DelicateTexts() {
-        struct Delicate {
-            Language language;
-            Text id;
-            QByteArray text;
-        };
-        const std::vector<Delicate> rows{
-            {Language::English, Text::MonitoringFinished, "Monitoring finished! "},
-            {Language::English, Text::RenameQuestion,
-             "To save the activity with new name select 'Yes', for creating a new activity press \"No':"},
-            {Language::English, Text::HelpNeedsBrowser,
-             "The help from within Kalvenor works only with an installed Internet Explorer 5.x or higher!"},
-            {Language::English, Text::FileCorrupted,
-             "Configuration file ist corrupted or invalid. Do you want to create a new empty file (the old file will "
-             "not be deleted but get the extension .OLD)?"},
-            {Language::English, Text::DoesNotExist, "' doesn't exist."},
-            {Language::English, Text::LastAccessed, "Last accessed:"},
-            {Language::German, Text::MonitoringFinished, "Überwachung beendet! "},
-            {Language::German, Text::None, ""},
-        };
-        for (const Delicate& row : rows)
-            QCOMPARE(StringTable(row.language)[row.id].toUtf8(), row.text);
+        const StringTable english(Language::English);
+        const StringTable german(Language::German);
+        QCOMPARE(english[Text::MonitoringFinished], u"Monitoring finished! "_qs);
+        QCOMPARE(english[Text::RenameQuestion],
+                 u"To save the activity with new name select 'Yes', for creating a new activity press \"No':"_qs);
+        QCOMPARE(english[Text::HelpNeedsBrowser],
+                 u"The help from within Kalvenor works only with an installed Internet Explorer 5.x or higher!"_qs);
+        QCOMPARE(english[Text::FileCorrupted],
+                 u"Configuration file ist corrupted or invalid. Do you want to create a new empty file (the old file "
+                 "will not be deleted but get the extension .OLD)?"_qs);
+        QCOMPARE(english[Text::DoesNotExist], u"' doesn't exist."_qs);
+        QCOMPARE(english[Text::LastAccessed], u"Last accessed:"_qs);
+        QCOMPARE(german[Text::MonitoringFinished], u"Überwachung beendet! "_qs);
+        QCOMPARE(german[Text::None], QString());
     }
 
     void BothLanguagesMatch() {

@@ -63,14 +63,11 @@ class TestActivityFile : public QObject {
     }
 
     void changedFileIsNotOverwritten() {
-        struct Change {
-            QByteArray bytes; ///< by another program, after the load
-            int time;
-            bool isReplaced; ///< as a new file; else written into the old one
-        };
         const QByteArray sameSize = QByteArray(oneActivity).replace("1", "7");
-        for (const auto& [bytes, time, isReplaced] : {Change{"<items><B/></items>", 1000, false},
-                                                      Change{sameSize, 2000, false}, Change{sameSize, 1000, true}}) {
+        // By another program, after the load; as a new file, or written into the old one.
+        for (const auto& [bytes, time, isReplaced] : {std::tuple(QByteArray("<items><B/></items>"), 1000, false),
+                                                      {sameSize, 2000, false},
+                                                      {sameSize, 1000, true}}) {
             ScratchStore store(oneActivity);
             const auto setTime = [](const QString& file, int seconds) {
                 QFile opened(file);

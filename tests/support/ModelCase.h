@@ -1,38 +1,37 @@
-// The random cases of the model test: how they are made, shown and made smaller.
+// The random cases of the model test: how they are made and shown.
 #pragma once
 
 #include "SyncModel.h"
 
 #include <array>
 #include <random>
-#include <vector>
 
 struct ModelCase {
     ModelEntry world;
-    ModelFields fields;
+    ModelRun run;
 };
 
 /// Two trees that are likely to meet: few names, few times, and what one side has the other often has too.
 class RandomCase final {
   public:
-    explicit RandomCase(std::uint64_t seed) : m_random(seed) {}
+    RandomCase(std::uint64_t seed, bool hasTwoDevices) : m_random(seed), m_hasTwoDevices(hasTwoDevices) {}
 
     ModelCase Make() {
+        const auto word = [this](const QString& words) { return words.split(u'|')[below(words.count(u'|') + 1)]; };
         ModelCase made;
-        ModelFields& fields = made.fields;
-        fields = {.action = one(QStringList{u"0"_qs, u"1"_qs, u"1"_qs, u"2"_qs, u"3"_qs, u"3"_qs, u"3"_qs, QString()}),
-                  .overwrite = one(QStringList{u"Y"_qs, u"N"_qs, u"N"_qs, u"n"_qs, QString()}),
-                  .onlyNew = one(QStringList{u"Y"_qs, u"N"_qs, u"y"_qs, QString()}),
-                  .subfolders = one(QStringList{u"Y"_qs, u"Y"_qs, u"Y"_qs, u"N"_qs, QString()}),
-                  .extensions =
-                      one(QStringList{QString(), QString(), QString(), u"txt"_qs, u"TXT;DOC"_qs, u" txt"_qs, u"doc;"_qs,
-                                      u"\u00E4"_qs, u"ma\u00DF"_qs, u"xt"_qs, u"t/a"_qs, u"c/a"_qs}),
-                  .alert = one(QStringList{u"Y"_qs, u"N"_qs, u"N"_qs}),
-                  .answersYes = odds(2),
-                  .isOtherDevice = odds(3)};
-        m_isMove = fields.action == u"1";
+        made.run.fields[u"action"_qs] = word(u"0|1|1|2|3|3|3|"_qs);
+        made.run.fields[u"overwrite"_qs] = word(u"Y|N|N|n|"_qs);
+        made.run.fields[u"onlynew"_qs] = word(u"Y|N|y|"_qs);
+        made.run.fields[u"includesubdirs"_qs] = word(u"Y|Y|Y|N|"_qs);
+        made.run.fields[u"extensions"_qs] = word(u"|||txt|TXT;DOC| txt|doc;|\u00E4|ma\u00DF|xt|t/a|c/a"_qs);
+        made.run.fields[u"alert"_qs] = word(u"Y|N|N"_qs);
+        made.run.answersYes = odds(2);
+        made.run.isOtherDevice = odds(3) && m_hasTwoDevices;
+        m_isMove = made.run.fields[u"action"_qs] == u"1";
         for (std::int64_t& time : m_times)
-            time = one(times);
+            time =
+                around(one(std::array{0L, 0L, 1L, 99L, 100L, 5'000L, 5'001'000L, 5'001'234L, 120'000'000L, 999'999'999L,
+                                      1'000'000'000L, 2'000'000'000L, -1'500'000'000L, -2'000'000'000L}));
         for (std::string& name : m_names)
             name = one(names);
         ModelEntry& out = made.world.inside["out"];
@@ -44,53 +43,52 @@ class RandomCase final {
         return made;
     }
 
+    /// Takes a little of it away, somewhere.
+    void Reduce(ModelCase& made) {
+        auto& fields = made.run.fields;
+        const auto field = std::next(fields.begin(), below(fields.size()));
+        if (odds(8))
+            *field = ModelRun().fields[field.key()];
+        else if (odds(8))
+            made.run = {fields, made.run.answersYes && odds(2), made.run.isOtherDevice && odds(2)};
+        else
+            reduce(one(std::array{&made.world.inside["src"], &made.world.inside["dst"], &made.world.inside["out"]}));
+    }
+
   private:
     using Kind = ModelEntry::Kind;
 
-    std::uint64_t below(std::uint64_t end) { return m_random() % end; }
-    bool odds(std::uint64_t against) { return below(against) == 0; }
+    std::int64_t below(std::int64_t end) { return static_cast<std::int64_t>(m_random() % std::uint64_t(end)); }
+    bool odds(std::int64_t against) { return below(against) == 0; }
     template <typename T, std::size_t N>
     T one(const std::array<T, N>& list) {
-        return list[below(N)];
-    }
-    QString one(const QStringList& list) {
-        return list[static_cast<qsizetype>(below(static_cast<std::uint64_t>(list.size())))];
+        return list[m_random() % N];
     }
 
     ModelEntry file() {
-        return {.kind = Kind::File,
-                .bytes = std::to_string(below(1'000'000)),
-                .time = one(m_times),
-                .mode = one(std::array{0644U, 0644U, 0644U, 0600U, 0755U, 0444U, 0400U, 0200U})};
+        const unsigned mode = one(std::array{0644U, 0644U, 0644U, 0600U, 0755U, 0444U, 0400U, 0200U});
+        return {Kind::File, std::to_string(below(1'000'000)), one(m_times), mode};
     }
+    ModelEntry emptyFolder() { return {.mode = one(std::array{0755U, 0755U, 0755U, 0755U, 0755U, 0700U, 0555U})}; }
+    static ModelEntry link(const std::string& to) { return {.kind = Kind::Link, .bytes = to}; }
 
     /// A link never leads to what the run may move or replace before it comes to the link: what is first is not said.
-    ModelEntry entry(const std::string& side, const std::string& path, const std::string& name, int depth) {
-        switch (below(depth < 3 ? 10 : 7)) {
-        case 0:
-            return {.kind = Kind::Link, .bytes = (side == "src" ? "dst" : "src") + path + '/' + name};
-        case 1:
-            if (side == "src" && !m_isMove)
-                return {.kind = Kind::Link, .bytes = "src" + path + '/' + one(m_names)};
-            [[fallthrough]];
-        case 2:
-            return odds(6) ? ModelEntry{.kind = Kind::Pipe}
-                           : ModelEntry{.kind = Kind::Link,
-                                        .bytes = one(std::array<std::string, 6>{"out/0", "out/1", "out/2", "out/d",
-                                                                                "out/closed/f", "no"})};
-        case 7:
-        case 8:
-        case 9: {
-            ModelEntry made = emptyFolder();
-            fill(side == "src" ? &made : nullptr, side == "src" ? nullptr : &made, path + '/' + name, depth + 1);
-            return made;
-        }
-        default:
+    ModelEntry entry(bool isSource, const std::string& path, const std::string& name, int depth) {
+        const auto kind = below(depth < 3 ? 10 : 7);
+        if (kind == 0)
+            return link((isSource ? "dst" : "src") + path + '/' + name);
+        if (kind == 1 && isSource && !m_isMove)
+            return link("src" + path + '/' + one(m_names));
+        if (kind <= 2 && odds(6))
+            return {.kind = Kind::Pipe};
+        if (kind <= 2)
+            return link(one(std::array<std::string, 6>{"out/0", "out/1", "out/2", "out/d", "out/closed/f", "no"}));
+        if (kind < 7)
             return file();
-        }
+        ModelEntry made = emptyFolder();
+        fill(isSource ? &made : nullptr, isSource ? nullptr : &made, path + '/' + name, depth + 1);
+        return made;
     }
-
-    ModelEntry emptyFolder() { return {.mode = one(std::array{0755U, 0755U, 0755U, 0755U, 0755U, 0700U, 0555U})}; }
 
     /// Folders of the same path; null where one side has none.
     void fill(ModelEntry* source, ModelEntry* destination, const std::string& path, int depth) {
@@ -101,112 +99,58 @@ class RandomCase final {
                 source->inside[name] = emptyFolder();
                 destination->inside[name] = emptyFolder();
                 fill(&source->inside[name], &destination->inside[name], path + '/' + name, depth + 1);
-                continue;
-            }
-            if (areTwo && odds(2)) {
+            } else if (areTwo && odds(2)) {
                 source->inside[name] = file();
                 destination->inside[name] = file();
-                continue;
+            } else {
+                if (source != nullptr && !odds(4))
+                    source->inside[name] = entry(true, path, name, depth);
+                if (destination != nullptr && !odds(3))
+                    destination->inside[name] = entry(false, path, name, depth);
             }
-            if (source != nullptr && !odds(4))
-                source->inside[name] = entry("src", path, name, depth);
-            if (destination != nullptr && !odds(3))
-                destination->inside[name] = entry("dst", path, name, depth);
         }
     }
 
-    static constexpr std::int64_t start = 1'600'000'000'000'000'000;
-    static constexpr std::array<std::int64_t, 14> times{start,
-                                                        start,
-                                                        start + 1,
-                                                        start + 99,
-                                                        start + 100,
-                                                        start + 5'000,
-                                                        start + 5'001'000,
-                                                        start + 5'001'234,
-                                                        start + 120'000'000,
-                                                        start + 999'999'999,
-                                                        start + 1'000'000'000,
-                                                        start + 2'000'000'000,
-                                                        -1'500'000'000,
-                                                        -2'000'000'000};
+    void reduce(ModelEntry* folder) {
+        if (folder->inside.empty())
+            return;
+        const auto inner = std::next(folder->inside.begin(), below(std::ssize(folder->inside)));
+        if (odds(3))
+            folder->inside.erase(inner);
+        else if (odds(3))
+            inner->second = {inner->second.kind, inner->second.bytes, 0, 0755, inner->second.inside};
+        else
+            reduce(&inner->second);
+    }
+
+    /// Nanoseconds around the present, and around 1970.
+    static std::int64_t around(std::int64_t time) { return time < 0 ? time : 1'600'000'000'000'000'000 + time; }
     static inline const std::array<std::string, 13> names{"a",          "a",        "A",           "b.txt",     "B.TXT",
                                                           "ma\xC3\x9F", "\xC3\xA4", "\xC3\x84",    "a\xCC\x88", " x y ",
                                                           ".h.doc",     "d",        "\xFF\xFE.txt"};
 
     std::mt19937_64 m_random;
+    const bool m_hasTwoDevices;
     bool m_isMove = false;
     std::array<std::int64_t, 4> m_times{};
     std::array<std::string, 6> m_names;
 };
 
-/// A tree and what else there is to know, one thing a line: to be read, and to be compared.
-class ModelLines final {
-  public:
-    static QStringList Of(const ModelEntry& world) {
-        QStringList lines;
-        for (const auto& [name, entry] : world.inside)
-            add(entry, name, lines);
-        return lines;
-    }
-    static QStringList Of(const ModelCase& made) {
-        const ModelFields& fields = made.fields;
-        return Of(made.world)
-               << u"action '%1', overwrite '%2', onlynew '%3', includesubdirs '%4', extensions '%5'"_qs.arg(
-                      fields.action, fields.overwrite, fields.onlyNew, fields.subfolders, fields.extensions)
-               << u"alert '%1', answer %2, other device %3"_qs.arg(fields.alert)
-                      .arg(fields.answersYes)
-                      .arg(fields.isOtherDevice);
-    }
-    static QString Name(const std::string& bytes) {
+/// A tree, one entry a line: to be read, and to be compared.
+inline QStringList LinesOf(const ModelEntry& folder, const std::string& path = {}) {
+    const auto shown = [](const std::string& bytes) {
         return QString::fromLatin1(QByteArray::fromStdString(bytes).toPercentEncoding("/ "));
-    }
-
-  private:
-    static void add(const ModelEntry& entry, const std::string& path, QStringList& lines) {
+    };
+    QStringList lines;
+    for (const auto& [name, entry] : folder.inside) {
         const QString mode = QString::number(entry.mode, 8);
         if (entry.kind == ModelEntry::Kind::File)
-            lines.append(u"%1  %2 %3 '%4'"_qs.arg(Name(path), mode).arg(entry.time).arg(Name(entry.bytes)));
+            lines += u"%1  %2 %3 '%4'"_qs.arg(shown(path + name), mode).arg(entry.time).arg(shown(entry.bytes));
         else if (entry.kind == ModelEntry::Kind::Folder)
-            lines.append(u"%1/  %2"_qs.arg(Name(path), mode));
+            lines += u"%1/  %2"_qs.arg(shown(path + name), mode);
         else
-            lines.append(Name(path) + u"  -> " + Name(entry.bytes)); // of a pipe: to nothing
-        for (const auto& [name, inner] : entry.inside)
-            add(inner, path + '/' + name, lines);
+            lines += u"%1  -> %2"_qs.arg(shown(path + name), shown(entry.bytes)); // of a pipe: to nothing
+        lines += LinesOf(entry, path + name + '/');
     }
-};
-
-/// Every way to make a case a little smaller. Some leave it as it was.
-class SmallerCases final {
-  public:
-    explicit SmallerCases(const ModelCase& made) : m_made(made) {
-        for (const auto field : {&ModelFields::action, &ModelFields::overwrite, &ModelFields::onlyNew,
-                                 &ModelFields::subfolders, &ModelFields::extensions, &ModelFields::alert})
-            add([field](ModelCase& next) { next.fields.*field = ModelFields().*field; });
-        for (const auto flag : {&ModelFields::answersYes, &ModelFields::isOtherDevice})
-            add([flag](ModelCase& next) { next.fields.*flag = false; });
-        for (const auto& [top, entry] : made.world.inside)
-            each(entry, [top = top](ModelCase& next) -> ModelEntry& { return next.world.inside.at(top); });
-    }
-    std::vector<ModelCase> all;
-
-  private:
-    using Find = std::function<ModelEntry&(ModelCase&)>;
-
-    void add(const std::function<void(ModelCase&)>& change) {
-        ModelCase next = m_made;
-        change(next);
-        all.push_back(std::move(next));
-    }
-    void each(const ModelEntry& entry, const Find& find) {
-        for (const auto& [name, inner] : entry.inside)
-            add([&find, name = name](ModelCase& next) { find(next).inside.erase(name); });
-        add([&find](ModelCase& next) { find(next).time = 0; });
-        if (entry.kind == ModelEntry::Kind::File || entry.kind == ModelEntry::Kind::Folder)
-            add([&](ModelCase& next) { find(next).mode = entry.kind == ModelEntry::Kind::File ? 0644 : 0755; });
-        for (const auto& [name, inner] : entry.inside)
-            each(inner, [&find, name = name](ModelCase& next) -> ModelEntry& { return find(next).inside.at(name); });
-    }
-
-    const ModelCase& m_made;
-};
+    return lines;
+}

@@ -12,6 +12,7 @@ class ProgramFixture : public ScratchFolder {
     using Fields = QMap<QString, QString>;
 
     ProgramFixture() {
+        qputenv("TZ", "UTC");
         services.places.programFolder = Native();
         services.places.userDataFolder = Native(u"data"_qs);
         SetOption("Accepted", u"Yes"_qs);
@@ -74,6 +75,13 @@ class ProgramFixture : public ScratchFolder {
 
     /// Adds one to the file that Start writes.
     void Add(const QString& name, const Fields& fields = {}) { m_xml += Activity(name, fields); }
+    /// With fields as in "type=4 daily=1".
+    void Add(const QString& name, const QString& fields) {
+        Fields all;
+        for (const QString& field : fields.split(u' '))
+            all[field.section(u'=', 0, 0)] = field.section(u'=', 1);
+        Add(name, all);
+    }
 
     /// The program before its start.
     Program& Build() {
@@ -90,6 +98,11 @@ class ProgramFixture : public ScratchFolder {
         program->Options().LoggingPath = Path(QStringLiteral("app.log"));
         program->List().Refill();
         program->AllowTicks();
+        return *program;
+    }
+
+    Program& StartMonitoring() {
+        Start().Monitoring().ToggleMonitoring();
         return *program;
     }
 

@@ -2,10 +2,10 @@
 // batches, only a tree in memory. The random test holds the engine against it. Knows nothing of the engine's code.
 #pragma once
 
+#include <QMap>
 #include <QString>
 #include <QStringList>
 #include <cstdint>
-#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -20,14 +20,10 @@ struct ModelEntry {
     std::map<std::string, ModelEntry> inside{};
 };
 
-/// The record, the answer to every question, and where the source lies.
-struct ModelFields {
-    QString action{u"0"_qs};
-    QString overwrite{u"Y"_qs};
-    QString onlyNew{u"N"_qs};
-    QString subfolders{u"Y"_qs};
-    QString extensions{};
-    QString alert{u"N"_qs};
+/// Fields of the activity, the answer to every question, and where the source lies.
+struct ModelRun {
+    QMap<QString, QString> fields{{u"action"_qs, u"0"_qs},         {u"overwrite"_qs, u"Y"_qs}, {u"onlynew"_qs, u"N"_qs},
+                                  {u"includesubdirs"_qs, u"Y"_qs}, {u"extensions"_qs, {}},     {u"alert"_qs, u"N"_qs}};
     bool answersYes = false;
     bool isOtherDevice = false; ///< no rename leads from the source to the destination
 };
@@ -36,7 +32,7 @@ struct ModelFields {
 /// paths that failed, and how many boxes the user saw. Whoever runs it is no administrator.
 class SyncModel final {
   public:
-    SyncModel(ModelEntry start, const ModelFields& fields) : world(std::move(start)), m_fields(fields) {
+    SyncModel(ModelEntry start, const ModelRun& run) : world(std::move(start)), m_run(run) {
         level(world.inside.at("src"), world.inside.at("dst"), {});
     }
 
@@ -49,9 +45,10 @@ class SyncModel final {
     using Kind = ModelEntry::Kind;
     enum class Seen { Nothing, File, Folder, FolderLink, Special, Unknown };
 
-    bool isMove() const { return m_fields.action == u"1"; }
-    bool isMirror() const { return m_fields.action == u"3"; }
-    bool isReport() const { return m_fields.action == u"2"; }
+    bool says(const char* field, QStringView value) const { return m_run.fields[QLatin1String(field)] == value; }
+    bool isMove() const { return says("action", u"1"); }
+    bool isReport() const { return says("action", u"2"); }
+    bool isMirror() const { return says("action", u"3"); }
 
     /// What a path leads to, links followed: null for nothing and for a circle of links, `m_closed` for what a folder
     /// without rights holds.
@@ -83,101 +80,93 @@ class SyncModel final {
             return Seen::File;
         return leadsTo == &found->second ? Seen::Folder : Seen::FolderLink;
     }
-    static bool isWritable(const Entry& folder) { return (folder.mode & 0200U) != 0; }
 
-    /// Both times as the coarser of the two could be stored.
-    static int compare(std::int64_t a, std::int64_t b) {
+    /// Which side's file is newer, both times as the coarser of the two could be stored.
+    int compare(const Entry& source, const Entry& destination, const std::string& name) const {
+        const std::int64_t from = target(source.inside.at(name))->time;
+        const std::int64_t to = target(destination.inside.at(name))->time;
         std::int64_t step = 1;
         for (const std::int64_t coarser : {100, 1'000, 1'000'000, 10'000'000, 1'000'000'000})
-            if (a % coarser == 0 || b % coarser == 0)
+            if (from % coarser == 0 || to % coarser == 0)
                 step = coarser;
         const auto steps = [step](std::int64_t time) { return time / step - (time % step < 0 ? 1 : 0); };
-        return steps(a) < steps(b) ? -1 : steps(a) > steps(b) ? 1 : 0;
+        return steps(from) < steps(to) ? -1 : steps(from) > steps(to) ? 1 : 0;
     }
 
-    bool passes(const std::string& path) const {
+    bool takesPart(const Entry& folder, const std::string& name, const std::string& path) {
+        if (!allow(seen(folder, name) != Seen::Unknown, path) || seen(folder, name) != Seen::File)
+            return false;
         const QString text = u'/' + QString::fromStdString(path);
-        bool isPassing = m_fields.extensions.isEmpty();
-        for (const QString& entry : m_fields.extensions.split(u';'))
+        const QString extensions = m_run.fields[u"extensions"_qs];
+        bool isPassing = m_isWhole || extensions.isEmpty();
+        for (const QString& entry : extensions.split(u';'))
             isPassing |= text.right(entry.size()).compare(entry.trimmed(), Qt::CaseInsensitive) == 0;
         return isPassing;
     }
 
-    bool takesPart(const Entry& folder, const std::string& name, const std::string& path, bool isFiltered = true) {
-        if (seen(folder, name) == Seen::Unknown)
+    /// What is not allowed has failed.
+    bool allow(bool isAllowed, const std::string& path) {
+        if (!isAllowed)
             failed.insert(path);
-        return seen(folder, name) == Seen::File && (!isFiltered || passes(path));
+        return isAllowed;
     }
-
-    /// Each entry as it was named before the first was touched.
-    static void each(const Entry& folder, const std::function<void(const std::string&)>& visit) {
-        const auto entries = folder.inside;
-        for (const auto& [name, entry] : entries)
-            visit(name);
+    static bool isWritable(const Entry& folder) { return (folder.mode & 0200U) != 0; }
+    void remove(Entry& folder, const std::string& name, const std::string& path) {
+        if (allow(isWritable(folder), path))
+            folder.inside.erase(name);
     }
+    void react() { boxes += !m_isWhole && says("alert", u"Y") ? 1 : 0; }
 
-    void react() { boxes += m_fields.alert == u"Y" ? 1 : 0; }
-
+    /// The entries are those that were there before the first was touched.
     void level(Entry& source, Entry& destination, const std::string& path) {
-        const auto in = [&path](const char* side, const std::string& name) { return side + path + '/' + name; };
+        const std::string src = "src" + path + '/';
+        const std::string dst = "dst" + path + '/';
         if (isMirror())
-            each(destination, [&](const std::string& name) {
-                if (!takesPart(destination, name, in("dst", name)))
-                    return;
+            for (const auto there = destination.inside; const auto& [name, entry] : there) {
+                if (!takesPart(destination, name, dst + name))
+                    continue;
                 const bool isSurplus = !source.inside.contains(name);
-                if (!isSurplus && (seen(source, name) != Seen::File || compare(target(destination.inside[name])->time,
-                                                                               target(source.inside[name])->time) >= 0))
-                    return;
+                if (!isSurplus && (seen(source, name) != Seen::File || compare(source, destination, name) <= 0))
+                    continue;
                 react();
-                if (isSurplus)
-                    remove(destination, name, in("dst", name));
-                else
-                    file(source, destination, name, in("src", name));
-            });
-        each(source, [&](const std::string& name) {
-            if (takesPart(source, name, in("src", name)) && !failed.contains(in("src", name)))
-                file(source, destination, name, in("src", name));
-        });
-        if (m_fields.subfolders != u"Y")
+                isSurplus ? remove(destination, name, dst + name) : file(source, destination, name, src + name);
+            }
+        const auto here = source.inside;
+        for (const auto& [name, entry] : here)
+            if (takesPart(source, name, src + name) && !failed.contains(src + name))
+                file(source, destination, name, src + name);
+        if (!m_isWhole && !says("includesubdirs", u"Y"))
             return;
-        each(source, [&](const std::string& name) {
-            if (seen(source, name) != Seen::Folder)
-                return;
+        for (const auto& [name, entry] : here) {
             const Seen there = seen(destination, name);
-            if (there == Seen::Folder)
+            if (seen(source, name) != Seen::Folder || there == Seen::FolderLink)
+                continue;
+            if (there == Seen::Folder) {
                 level(source.inside[name], destination.inside[name], path + '/' + name);
-            else if (there != Seen::Nothing && there != Seen::FolderLink)
-                failed.insert(in("src", name));
-            if (there != Seen::Nothing)
-                return;
-            react();
-            if (!isReport())
-                wholeFolder(source, destination, name, in("src", name));
-        });
+            } else if (allow(there == Seen::Nothing, src + name)) {
+                react();
+                if (!isReport())
+                    wholeFolder(source, destination, path, name);
+            }
+        }
         if (isMirror())
-            each(destination, [&](const std::string& name) {
+            for (const auto there = destination.inside; const auto& [name, entry] : there)
                 if (seen(destination, name) == Seen::Folder && !source.inside.contains(name))
-                    surplusFolder(destination, name, in("dst", name));
-            });
+                    surplusFolder(destination, name, dst + name);
     }
 
     void file(Entry& source, Entry& destination, const std::string& name, const std::string& path) {
         const Seen there = seen(destination, name);
-        if (there != Seen::Nothing && there != Seen::File)
-            return void(failed.insert(path));
+        if (!allow(there == Seen::Nothing || there == Seen::File, path))
+            return;
         if (there == Seen::File) {
-            const Entry* from = target(source.inside[name]);
-            const Entry* to = target(destination.inside[name]);
-            if (from == to)
+            if (target(source.inside[name]) == target(destination.inside[name]))
                 return;
-            const int order = compare(from->time, to->time);
-            if (m_fields.overwrite == u"N" && order < 0) {
-                ++boxes;
-                if (!m_fields.answersYes)
-                    return;
-            } else if (m_fields.onlyNew == u"Y" && order <= 0) {
+            const int order = compare(source, destination, name);
+            const bool asks = says("overwrite", u"N") && order < 0;
+            boxes += asks ? 1 : 0;
+            if (asks ? !m_run.answersYes : says("onlynew", u"Y") && order <= 0)
                 return;
-            }
         }
         if (!isReport() || there == Seen::Nothing)
             react();
@@ -187,56 +176,43 @@ class SyncModel final {
 
     void transfer(Entry& source, Entry& destination, const std::string& name, const std::string& path) {
         const Entry content = *target(source.inside[name]);
-        const bool isRename = isMove() && !m_fields.isOtherDevice && source.inside[name].kind != Kind::Link;
-        const bool isUnreadable = (content.mode & 0400U) == 0;
-        if (!isWritable(destination) || (isRename ? !isWritable(source) : isUnreadable))
-            return void(failed.insert(path));
+        const bool isRename = isMove() && !m_run.isOtherDevice && source.inside[name].kind != Kind::Link;
+        const bool isReadable = (content.mode & 0400U) != 0;
+        if (!allow(isWritable(destination) && (isRename ? isWritable(source) : isReadable), path))
+            return;
         destination.inside[name] = content;
         if (isMove())
             remove(source, name, path);
     }
 
-    void remove(Entry& folder, const std::string& name, const std::string& path) {
-        if (isWritable(folder))
-            folder.inside.erase(name);
-        else
-            failed.insert(path);
-    }
-
     /// The destination has nothing of this name: no filter, and within one device a move is one rename.
-    void wholeFolder(Entry& source, Entry& destination, const std::string& name, const std::string& path) {
+    void wholeFolder(Entry& source, Entry& destination, const std::string& path, const std::string& name) {
+        const std::string src = "src" + path + '/' + name;
         Entry& folder = source.inside[name];
-        const bool isRename = isMove() && !m_fields.isOtherDevice;
-        if (!isWritable(destination) || (isRename && !(isWritable(source) && isWritable(folder))))
-            return void(failed.insert(path));
+        const bool isRename = isMove() && !m_run.isOtherDevice;
+        if (!allow(isWritable(destination) && (!isRename || (isWritable(source) && isWritable(folder))), src))
+            return;
         Entry& made = destination.inside[name];
-        if (isRename) {
-            made = folder;
-            return remove(source, name, path);
-        }
-        each(folder, [&](const std::string& inner) {
-            if (takesPart(folder, inner, path + '/' + inner, false))
-                transfer(folder, made, inner, path + '/' + inner);
-            else if (seen(folder, inner) == Seen::Folder)
-                wholeFolder(folder, made, inner, path + '/' + inner);
-        });
+        const bool wasWhole = std::exchange(m_isWhole, true);
+        isRename ? made.inside.swap(folder.inside) : level(folder, made, path + '/' + name);
+        m_isWhole = wasWhole;
         made.mode = folder.mode;
         if (isMove() && (folder.inside.empty() || !isWritable(source)))
-            remove(source, name, path);
+            remove(source, name, src);
     }
 
     void surplusFolder(Entry& parent, const std::string& name, const std::string& path) {
         Entry& folder = parent.inside[name];
-        each(folder, [&](const std::string& inner) {
+        for (const auto there = folder.inside; const auto& [inner, entry] : there)
             if (seen(folder, inner) == Seen::Folder)
                 surplusFolder(folder, inner, path + '/' + inner);
             else if (takesPart(folder, inner, path + '/' + inner))
                 remove(folder, inner, path + '/' + inner);
-        });
         if (folder.inside.empty())
             remove(parent, name, path);
     }
 
-    const ModelFields m_fields;
+    const ModelRun m_run;
     const Entry m_closed;
+    bool m_isWhole = false; ///< in a folder that is taken as it is
 };

@@ -1,5 +1,6 @@
 // The version file from a web server, good and bad, and the check once a day.
 #include "Fakes.h"
+#include "Table.h"
 #include "ctlAutoUpdate.h"
 
 #include <QSignalSpy>
@@ -48,11 +49,8 @@ class TestAutoUpdate final : public QObject {
     void initTestCase() { qputenv("TMPDIR", m_temporary.path().toUtf8()); }
 
     void asksTheSite_data() {
-        QTest::addColumn<QByteArray>("answer");
-        QTest::addColumn<QString>("values"); // version, date, size, description
-        const auto row = [](const char* name, const QByteArray& answer, const QString& values = u"|||"_qs) {
-            QTest::newRow(name) << answer << values;
-        };
+        const QString none = u"|||"_qs; // of version, date, size and description
+        const Table<QByteArray, QString> row;
         const auto file = [&](const char* name, const QByteArray& bytes, const QString& values) {
             row(name, reply("200 OK", bytes), values);
         };
@@ -63,18 +61,17 @@ class TestAutoUpdate final : public QObject {
         file("first", "Version=0\n[UP]\nVersion=1\n[~UP]\n;Version=0\nVersions=1\nVersion=2=b\nInfo=\"",
              u"2=b|||\""_qs);
         file("Latin-1", "[~UP]\nVersion=\xE4\nInfo=" + QByteArray(1024, 'x'), u"\u00E4|||"_qs + QString(1023, u'x'));
-        file("no section", "[~UP\nVersion=2\n", u"|||"_qs);
+        file("no section", "[~UP\nVersion=2\n", none);
         row("moved", reply("302 Found\r\nLocation: /good/Version.inf", {}), m_newer);
-        row("circle", reply("302 Found\r\nLocation: /site/Version.inf", {}));
-        row("to a file", reply("302 Found\r\nLocation: file:///etc/hostname", {}));
-        row("missing", reply("404 Not Found", release));
-        row("truncated", reply("200 OK", release, 1));
-        row("too large", reply("200 OK", release + QByteArray(HttpFetch::MaxBytes, '\n')));
-        row("silent", {});
+        row("circle", reply("302 Found\r\nLocation: /site/Version.inf", {}), none);
+        row("to a file", reply("302 Found\r\nLocation: file:///etc/hostname", {}), none);
+        row("missing", reply("404 Not Found", release), none);
+        row("truncated", reply("200 OK", release, 1), none);
+        row("too large", reply("200 OK", release + QByteArray(HttpFetch::MaxBytes, '\n')), none);
+        row("silent", {}, none);
     }
     void asksTheSite() {
-        QFETCH(QByteArray, answer);
-        QFETCH(QString, values);
+        const auto [answer, values] = Table<QByteArray, QString>::Current();
         m_server.answers = {{"/good/Version.inf", reply("200 OK", release)}, {"/site/Version.inf", answer}};
         ctlAutoUpdate update(m_settings, m_clock, {}, answer.isEmpty() ? 100ms : 60s);
         QSignalSpy checked(&update, &ctlAutoUpdate::Checked);

@@ -2,6 +2,7 @@
 #include "ClockSync.h"
 #include "Fakes.h"
 #include "StringTable.h"
+#include "Table.h"
 
 #include <QDateTime>
 #include <QTcpServer>
@@ -41,12 +42,7 @@ class TestClockSync final : public QObject {
     Q_OBJECT
   private Q_SLOTS:
     void synchronises_data() {
-        QTest::addColumn<QList<QByteArray>>("parts");
-        QTest::addColumn<bool>("closes");
-        QTest::addColumn<QString>("outcome");
-        const auto row = [](const char* name, const QList<QByteArray>& parts, bool closes, const QString& outcome) {
-            QTest::newRow(name) << parts << closes << outcome;
-        };
+        const Table<QList<QByteArray>, bool, QString> row;
         row("in two parts", {m_half, m_rest}, true, m_time);
         row("latest, with more bytes", {QByteArray::fromHex("ffffffffff")}, true, u"2036-02-07T06:28:17Z"_qs);
         row("2020", {QByteArray::fromHex("e1b65f7e")}, true, u"2020-01-01T00:00:00Z"_qs);
@@ -59,9 +55,7 @@ class TestClockSync final : public QObject {
         row("endless", QList<QByteArray>(100, QByteArray(1000, '\xe0')), false, m_texts[Text::TimeServerNonsense]);
     }
     void synchronises() {
-        QFETCH(QList<QByteArray>, parts);
-        QFETCH(bool, closes);
-        QFETCH(QString, outcome);
+        const auto [parts, closes, outcome] = Table<QList<QByteArray>, bool, QString>::Current();
         const bool timesOut = outcome == m_texts[Text::TimeServerSilent];
         TimeService server;
         server.parts = parts;

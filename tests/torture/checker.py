@@ -16,10 +16,8 @@ class Rules(NamedTuple):
 
     def takes(self, path):
         endings = self.extensions.upper().encode().split(b";")
-        return not self.extensions or path.upper().endswith(tuple(endings))
-
-    def reaches(self, path):
-        return self.includesubdirs == "Y" or b"/" not in path
+        is_reached = self.includesubdirs == "Y" or b"/" not in path
+        return is_reached and (not self.extensions or path.upper().endswith(tuple(endings)))
 
     def replaces(self, old, new):
         """Nobody sits before the screen: the question whether an older file may replace a newer one is answered No."""
@@ -34,15 +32,12 @@ class Trees(NamedTuple):
 
 
 class Foreign:
-    """What other programs did during the run: the contents that a path had, and those that must still be somewhere."""
+    """What other programs did during the run: the entries that a path had, and those that must still be somewhere."""
 
     def __init__(self):
         self.had = {"source": {}, "destination": {}}
-        self.kept = {}
+        self.kept = []  # side, path and entry
         self.gone = set()  # contents that another program replaced or removed
-
-    def saw(self, side, path, entry):
-        self.had[side].setdefault(path, set()).add(entry.digest if entry else None)
 
 
 def is_own(path):
@@ -63,16 +58,15 @@ class Checker:
 
     def may_replace(self, path):
         new, old = self.sources.get(path), self.olds[path]
-        return bool(new) and self.rules.takes(path) and self.rules.reaches(path) and self.rules.replaces(old, new)
+        return bool(new) and self.rules.takes(path) and self.rules.replaces(old, new)
 
     def may_delete(self, path):
-        return (self.rules.action == MIRROR and path not in self.before.source and self.rules.takes(path)
-                and self.rules.reaches(path))
+        return self.rules.action == MIRROR and path not in self.before.source and self.rules.takes(path)
 
-    def digests(self, side, path):
-        """Every content that the path had before or during the run."""
-        entry = getattr(self.before, side).get(path)
-        return self.foreign.had[side].get(path, set()) | ({entry.digest} if entry and entry.kind == "file" else set())
+    def had(self, side, path):
+        """Every file or link that the path was before or during the run."""
+        entries = {getattr(self.before, side).get(path)} | self.foreign.had[side].get(path, set())
+        return {entry for entry in entries if entry and entry.kind in ("file", "link")}
 
     def is_touched(self, path):
         return any(path in had for had in self.foreign.had.values())
@@ -81,7 +75,11 @@ class Checker:
         yield from self.source_losses()
         yield from self.destination_losses()
         left = {entry.digest for tree in self.after for entry in tree.values() if entry.kind == "file"}
-        must = {entry.digest: path for path, entry in self.sources.items()} | self.foreign.kept
+        must = {entry.digest: path for path, entry in self.sources.items()}
+        for side, path, old in self.foreign.kept:
+            # What came to the source later may replace it.
+            if side == "source" or not any(self.rules.replaces(old, new) for new in self.had("source", path)):
+                must[old.digest] = path
         for digest, path in must.items():
             if digest not in left | self.foreign.gone | {NOTHING}:
                 yield f"exists nowhere any more: {path}"
@@ -91,19 +89,15 @@ class Checker:
         for path, entry in self.sources.items():
             if self.is_touched(path) or (path in now and now[path].digest == entry.digest):
                 continue
-            if self.rules.action == MOVE and entry.is_link:
+            if self.rules.action == MOVE and entry.link:
                 continue  # the file that it leads to may have been moved before it
             if path in now or self.rules.action != MOVE:
                 yield f"source changed: {path}"
             elif path not in there or there[path].digest != entry.digest:
                 yield f"moved, but not there: {path}"
         if self.rules.action != MOVE:
-            for path, entry in self.before.source.items():
-                if path not in now and path not in self.foreign.had["source"]:
-                    yield f"gone from the source: {path}"
-            for path in now.keys() - self.before.source.keys():
-                if path not in self.foreign.had["source"]:
-                    yield f"new in the source: {path}"
+            for path in (self.before.source.keys() ^ now.keys()) - self.foreign.had["source"].keys():
+                yield f"{'new in' if path in now else 'gone from'} the source: {path}"
 
     def destination_losses(self):
         there = self.after.destination
@@ -115,17 +109,19 @@ class Checker:
                     yield f"gone from the destination: {path}"
             elif there[path].digest != old.digest and not self.may_replace(path):
                 yield f"replaced against the rules: {path}"
-        for path, entry in files_of(self.after.destination).items():
-            if entry.digest not in self.digests("source", path) | self.digests("destination", path):
+        for path, entry in files_of(there).items():
+            had = self.had("source", path) | self.had("destination", path)
+            # A link that is still the same, or was taken along with its folder, may lead to another file by now.
+            if not any(entry.digest == one.digest or (entry.link and entry.link == one.link) for one in had):
                 yield f"neither old nor new: {path}"
 
     def undone(self, is_lasting=True):
         """For the plain rules; what a filter leaves out of a whole new folder is not judged."""
         there, left = files_of(self.after.destination), files_of(self.after.source)
         for path, entry in self.sources.items():
-            if not self.rules.takes(path) or not self.rules.reaches(path):
+            if not self.rules.takes(path) or (path in self.olds and not self.may_replace(path)):
                 continue
-            if (path in self.olds and not self.may_replace(path)) or (self.rules.action == MOVE and entry.is_link):
+            if self.rules.action == MOVE and entry.link:
                 continue
             if path not in there or there[path].digest != entry.digest:
                 yield f"not transferred: {path}"
@@ -133,12 +129,8 @@ class Checker:
                 yield f"not the source's time: {path}"
             elif self.rules.action == MOVE and path in left:
                 yield f"still in the source: {path}"
-        for path in there if self.rules.action == MIRROR and is_lasting else []:
-            if path not in self.sources and self.may_delete(path):
-                yield f"surplus is still there: {path}"
+        yield from (f"surplus is still there: {path}" for path in there.keys() - self.sources.keys()
+                    if is_lasting and self.may_delete(path))
 
     def leftovers(self):
-        for tree in self.after:
-            for path in tree:
-                if is_own(os.path.basename(path)):
-                    yield f"left behind: {path}"
+        yield from (f"left behind: {path}" for tree in self.after for path in tree if is_own(os.path.basename(path)))

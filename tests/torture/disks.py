@@ -54,7 +54,7 @@ class Disk:
 
     def __init__(self, folder, template):
         self.backing, self.point = folder / "backing", folder / "disk"
-        self.image = self.backing / "image"
+        self.image, self.saved = self.backing / "image", self.backing / "saved"
         self.is_attached = False
         for path in (self.backing, self.point):
             path.mkdir(parents=True)
@@ -74,9 +74,9 @@ class Disk:
         # Small requests: the loop device hides the failure of a request that could be written in part.
         Path(f"/sys/block/{Path(self.device).name}/queue/max_sectors_kb").write_text("4")
 
-    def detach(self):
+    def detach(self, *options):
         if self.is_attached:
-            shell("umount", self.point)
+            shell("umount", *options, self.point)
             self.is_attached = False
 
     def sync(self):
@@ -96,16 +96,17 @@ class Disk:
 
     def save_image(self):
         """What is on the disk at this moment."""
-        saved = self.backing / "saved"
         for _ in range(20):
             before = self.image.stat().st_mtime_ns
-            self.copy(self.image, saved)
+            self.copy(self.image, self.saved)
             if self.image.stat().st_mtime_ns == before:
                 break
 
-    def restore_image(self):
+    def restart(self):
+        """With the image that was saved, if any."""
         self.detach()
-        (self.backing / "saved").rename(self.image)
+        if self.saved.exists():
+            self.saved.rename(self.image)
         self.attach()
 
     def shut_down(self):

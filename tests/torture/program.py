@@ -8,7 +8,7 @@ from pathlib import Path
 from typing import NamedTuple
 
 PATIENCE = 120  # seconds; a run that takes longer hangs
-COMPLAINT = re.compile(r"fail|error|not found|changed|cannot|ended|stopped|held", re.IGNORECASE)
+COMPLAINT = re.compile(r"fail|error|not found|changed|cannot|ended|stopped|held|nothing was started", re.IGNORECASE)
 
 # Calls that may fail, and how. What names no file (memory, clocks, waiting) is left alone.
 DISK_ERRORS = ["EIO", "ENOSPC", "EACCES", "EINTR", "EMFILE", "EDQUOT", "ESTALE", "EPERM", "EROFS", "ENOMEM"]
@@ -22,15 +22,9 @@ class Result(NamedTuple):
     output: str
     struck: list  # the faults that struck
     calls: int = 0
-    stops: int = 0
 
-    @property
-    def was_killed(self):
-        return any(fault.startswith("kill@") for fault in self.struck)
-
-    @property
-    def was_ended(self):
-        return any(fault.startswith("term@") for fault in self.struck)
+    def met(self, signal):
+        return any(fault.startswith(signal) for fault in self.struck)
 
     @property
     def complains(self):
@@ -49,49 +43,39 @@ class Program:
         self.tracer = build / "torture_tracer"
         self.folder, self.file = folder, folder / "jobs.kvd"
         self.arm = os.path.commonpath([source, destination])
-        for name in ("config/Kalvenor", "data", "state", "run", "home"):
-            (folder / name).mkdir(parents=True)
-        (folder / "run").chmod(0o700)
-        (folder / "config/Kalvenor/Kalvenor.ini").write_text("[Options]\nAccepted=Yes\n")
+        self.environment = {"PATH": os.environ["PATH"], "LANG": "C.UTF-8", "LANGUAGE": "en",
+                            "ASAN_OPTIONS": "detect_leaks=0", "UBSAN_OPTIONS": "print_stacktrace=1:halt_on_error=1"}
+        for name in ("HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME", "XDG_RUNTIME_DIR"):
+            (folder / name / "Kalvenor").mkdir(parents=True)
+            (folder / name).chmod(0o700)
+            self.environment[name] = str(folder / name)
+        (folder / "XDG_CONFIG_HOME/Kalvenor/Kalvenor.ini").write_text("[Options]\nAccepted=Yes\n")
         fields = {"sourcedir": source, "targetdir": destination, "type": "0", "intervall": "10", "alert": "N",
                   "allfiles": "0" if rules.extensions else "1", "activ": "1", "exceedtime": "10", **rules._asdict()}
         record = "".join(f"<{name}>{value}</{name}>" for name, value in fields.items())
         self.file.write_text(f'<?xml version="1.0" encoding="ISO-8859-1"?>\n<items><A>{record}</A></items>\n')
-        self.environment = {
-            "PATH": os.environ["PATH"], "HOME": str(folder / "home"), "LANG": "C.UTF-8", "LANGUAGE": "en",
-            "XDG_CONFIG_HOME": str(folder / "config"), "XDG_DATA_HOME": str(folder / "data"),
-            "XDG_STATE_HOME": str(folder / "state"), "XDG_RUNTIME_DIR": str(folder / "run"),
-            "ASAN_OPTIONS": "detect_leaks=0", "UBSAN_OPTIONS": "print_stacktrace=1:halt_on_error=1"}
 
     def run(self, faults=(), on_stop=None):
-        command = [str(self.program), str(self.file), "A"]
-        if not faults:
-            return self.__wait(command, [], None, None)
+        command = [self.program, self.file, "A"]
+        struck, calls = [], 0
         ours, theirs = socket.socketpair()
-        with ours, theirs:
-            command = [str(self.tracer), str(theirs.fileno()), self.arm, *faults, "--", *command]
-            return self.__wait(command, [theirs], ours, on_stop)
-
-    def __wait(self, command, handed, talk, on_stop):
-        struck, calls, stops = [], 0, 0
-        with open(self.folder / "output", "w+b") as output:
+        with ours, theirs, open(self.folder / "output", "w+b") as output:
+            if faults:
+                command = [self.tracer, str(theirs.fileno()), self.arm, *faults, "--", *command]
             process = subprocess.Popen(command, env=self.environment, stdin=subprocess.DEVNULL, stdout=output,
-                                       stderr=subprocess.STDOUT, pass_fds=[one.fileno() for one in handed])
-            for one in handed:
-                one.close()
+                                       stderr=subprocess.STDOUT, pass_fds=[theirs.fileno()] if faults else [])
+            theirs.close()
             try:
-                if talk:
-                    talk.settimeout(PATIENCE)
-                    for line in talk.makefile("r"):
-                        word, value = line.split()
-                        if word == "stop":
-                            stops += 1
-                            on_stop(int(value))
-                            talk.send(b"g")
-                        elif word == "did":
-                            struck.append(value)
-                        else:
-                            calls = int(value)
+                ours.settimeout(PATIENCE)
+                for line in ours.makefile("r"):
+                    word, value = line.split()
+                    if word == "stop":
+                        on_stop()
+                        ours.send(b"g")
+                    elif word == "did":
+                        struck.append(value)
+                    else:
+                        calls = int(value)
                 code = process.wait(PATIENCE)
             except (TimeoutError, subprocess.TimeoutExpired):
                 code = None
@@ -99,7 +83,7 @@ class Program:
                 process.kill()
                 process.wait()
             output.seek(0)
-            return Result(code, output.read().decode(errors="replace"), struck, calls, stops)
+            return Result(code, output.read().decode(errors="replace"), struck, calls)
 
 
 def can_trace(build, folder):

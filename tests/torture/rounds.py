@@ -1,5 +1,4 @@
 """The kinds of fault. Each takes a world, lets runs meet the fault, and leaves the world without it."""
-import contextlib
 import os
 import shutil
 import subprocess
@@ -15,10 +14,14 @@ from trees import NOTHING, Planter, entry_at, tree_of
 KINDS = {}  # by name: the round, whether it needs disks of its own, and how often it comes
 
 
-def kind(needs_disks, weight):
+def kind(faults, weight, needs_disks=False):
+    """`faults`: what the report calls them. A round says how many there were, and nothing where it is always one."""
     def note(function):
-        KINDS[function.__name__] = (function, needs_disks, weight)
-        return function
+        def play(world):
+            struck = function(world)
+            world.faults[f"{faults}, {world.system}" if needs_disks else faults] += 1 if struck is None else struck
+            world.finish()
+        KINDS[function.__name__] = (play, needs_disks, weight)
     return note
 
 
@@ -42,8 +45,8 @@ class World:
         """`place`: the destination in the same file system, in another one, or on a disk; or both on one disk."""
         random, session = self.random, self.session
         place = place or random.choice(["same", "same", "other", "disk", "both"])
-        if place in ("disk", "both"):
-            place = place if session.images else "other"
+        if not session.images and place in ("disk", "both"):
+            place = "other"
         source = destination = self.folder
         if place in ("disk", "both"):
             self.system = random.choice(sorted(session.images))
@@ -87,11 +90,11 @@ class World:
         self.find("loss", checker.losses(), result)
         if result.code is None:
             self.find("hang", ["it did not end"], result)
-        elif result.code < 0 and not result.was_killed and not (result.was_ended and result.code == -SIGTERM):
+        elif result.code < 0 and not result.met("kill@") and not (result.met("term@") and result.code == -SIGTERM):
             self.find("crash", [f"signal {-result.code}"], result)
         elif result.code == 0 and not foreign:
             self.find("silent", checker.undone(is_lasting), result)
-        elif result.code > 0 and not result.complains and not result.was_ended:
+        elif result.code > 0 and not result.complains and not result.met("term@"):
             self.find("silent", [f"exit {result.code} without a line"], result)
         return result
 
@@ -108,13 +111,11 @@ class World:
                 self.find("unfinished", ["a second run has still something to do"], again)
 
     def find(self, sort, texts, result):
+        """Keeps the trees and what is known of the round, if there is a text."""
         found = [f"{sort}: {text}" for text in texts]
-        if found:
-            self.findings += found
-            self.keep(result)
-
-    def keep(self, result):
-        """The trees and what is known of the round."""
+        if not found:
+            return
+        self.findings += found
         kept = self.session.keep / self.folder.name
         kept.mkdir(parents=True, exist_ok=True)
         number = sum(1 for _ in kept.glob("*.txt"))
@@ -129,117 +130,100 @@ class World:
         if self.session.other:
             shutil.rmtree(self.session.other / self.folder.name, ignore_errors=True)
 
+    def some_call(self):
+        return int(10 ** self.random.uniform(1.5, 3.2))
 
-def some_call(random):
-    return int(10 ** random.uniform(1.5, 3.2))
 
-
-@kind(needs_disks=False, weight=5)
+@kind("kills", weight=5)
 def killed(world):
     world.plant()
+    kills = 0
     for number in range(world.random.randrange(1, 8)):
         world.more(world.random.choice([0, 12]) if number else 0)
-        world.faults["kills"] += world.run([f"kill@{some_call(world.random)}"]).was_killed
-    world.finish()
+        kills += world.run([f"kill@{world.some_call()}"]).met("kill@")
+    return kills
 
 
-@kind(needs_disks=False, weight=1)
+@kind("terminations", weight=1)
 def terminated(world):
     world.plant()
-    for _ in range(2):
-        world.faults["terminations"] += len(world.run([f"term@{some_call(world.random)}"]).struck)
-    world.finish()
+    return sum(len(world.run([f"term@{world.some_call()}"]).struck) for _ in range(2))
 
 
-@kind(needs_disks=False, weight=8)
+@kind("failed calls", weight=8)
 def failed_calls(world):
     world.plant()
+    struck = 0
     for number in range(6):
         world.more(12 if number else 0)
-        result = world.run([random_failure(world.random) for _ in range(world.random.choice([4, 20]))])
-        world.faults["failed calls"] += len(result.struck)
-    world.finish()
+        faults = [random_failure(world.random) for _ in range(world.random.choice([4, 20]))]
+        struck += len(world.run(faults).struck)
+    return struck
 
 
-@kind(needs_disks=True, weight=1)
+@kind("full disks", weight=1, needs_disks=True)
 def full_disk(world):
     world.plant("disk", 40)
     room = int(world.size() * world.random.random()) + 100_000
     facts = os.statvfs(world.disk.point)
     ballast = world.disk.point / "ballast"
-    with contextlib.suppress(subprocess.CalledProcessError):
-        shell("fallocate", "-l", max(facts.f_bavail * facts.f_frsize - room, 4096), ballast)
+    subprocess.run(["fallocate", "-l", str(max(facts.f_bavail * facts.f_frsize - room, 4096)), ballast], check=False,
+                   stderr=subprocess.DEVNULL)
     world.disk.sync()
     world.run()
     ballast.unlink()
     world.disk.sync()
-    world.faults[f"full disks, {world.system}"] += 1
-    world.finish()
 
 
-@kind(needs_disks=True, weight=2)
+@kind("thin disks", weight=2, needs_disks=True)
 def thin_disk(world):
     world.plant("disk", 60)
     world.disk.thin(int(world.size() * world.random.random()))
     world.run(remedy=world.disk.thicken)
-    world.faults[f"thin disks, {world.system}"] += 1
-    world.finish()
 
 
-@kind(needs_disks=True, weight=3)
+@kind("power cuts", weight=3, needs_disks=True)
 def power_cut(world):
     """The disk is set back to what it held at some call; the program and everything not written yet are gone."""
     world.plant(world.random.choice(["disk", "both"]))
-    call = some_call(world.random)
-    saved = []
-
-    def save(_):
-        world.disk.save_image()
-        saved.append(True)
+    call = world.some_call()
 
     def restore():
-        if not saved:
+        if not world.disk.saved.exists():
             world.disk.save_image()
-        world.disk.restore_image()
-    world.run([f"stop@{call}", f"kill@{call}"], save, restore, is_lasting=False)
-    world.faults[f"power cuts, {world.system}"] += 1
-    world.finish()
+        world.disk.restart()
+    world.run([f"stop@{call}", f"kill@{call}"], world.disk.save_image, restore, is_lasting=False)
 
 
-@kind(needs_disks=True, weight=3)
+@kind("tear-outs", weight=3, needs_disks=True)
 def torn_out(world):
     """The disk goes at some call, and the program goes on."""
     world.plant(world.random.choice(["disk", "both"]))
     is_shut = world.system != "btrfs" and world.random.random() < 0.5
     gone = []
 
-    def tear(_):
+    def tear():
         gone.append(True)
         world.disk.shut_down() if is_shut else world.disk.tear_out()
 
     def put_back():
-        if gone and not is_shut:
-            world.disk.restore_image()
-        elif gone:
-            world.disk.detach()
-            world.disk.attach()
-    world.run([f"stop@{some_call(world.random)}"], tear, put_back, is_lasting=False)
-    world.faults[f"tear-outs, {world.system}"] += len(gone)
-    world.finish()
+        if gone:
+            world.disk.restart()
+    world.run([f"stop@{world.some_call()}"], tear, put_back, is_lasting=False)
+    return len(gone)
 
 
-@kind(needs_disks=True, weight=1)
+@kind("pulled mounts", weight=1, needs_disks=True)
 def pulled(world):
     """The disk is pulled during a run; the next one finds the bare folder and must leave everything alone."""
     world.plant("disk", 20)
     world.run()
     world.more(20)
 
-    def pull(_=None):
-        if world.disk.is_attached:
-            shell("umount", "-l", world.disk.point)
-            world.disk.is_attached = False
-    world.run([f"stop@{some_call(world.random)}"], pull, lambda: (pull(), world.disk.attach()))
+    def put_back():
+        world.disk.detach("-l")
+        world.disk.attach()
+    world.run([f"stop@{world.some_call()}"], lambda: world.disk.detach("-l"), put_back)
     before = world.trees
     world.disk.detach()
     world.destination.mkdir()
@@ -250,93 +234,57 @@ def pulled(world):
     shutil.rmtree(world.destination)
     world.disk.attach()
     world.trees = world.look()
-    world.faults[f"pulled mounts, {world.system}"] += 1
-    world.finish()
 
 
-@kind(needs_disks=False, weight=3)
+@kind("foreign acts", weight=3)
 def foreign_writer(world):
     """Other programs work on the same files while the run goes on."""
     world.plant(with_links=False)
     foreign = Foreign()
-
-    def act(_):
-        world.faults["foreign acts"] += ForeignAct(world, foreign).do()
-    stops = sorted({some_call(world.random) for _ in range(world.random.choice([2, 6, 12]))})
-    world.run([f"stop@{call}" for call in stops], act, foreign=foreign)
-    world.finish()
+    stops = sorted({world.some_call() for _ in range(world.random.choice([2, 6, 12]))})
+    acts = []
+    world.run([f"stop@{call}" for call in stops], lambda: acts.append(act(world, foreign)), foreign=foreign)
+    return sum(acts)
 
 
-class ForeignAct:
-    """One act of another program on one file of either side."""
+def act(world, foreign):
+    """One act of another program on one file of either side; False when there is none."""
+    random = world.random
+    side = random.choice(["source", "destination"])
+    root = os.fsencode(getattr(world, side))
+    paths = sorted(files_of(tree_of(root)))
+    if not paths:
+        return False
+    path = random.choice(paths)
+    full = os.path.join(root, path)
+    time.sleep(0.01)  # the clock of the file system has moved on
+    name = random.choice(["rewrite", "touch_back", "append", "rename", "delete", "recreate"])
 
-    def __init__(self, world, foreign):
-        self.world, self.foreign, self.random = world, foreign, world.random
-        self.side = self.random.choice(["source", "destination"])
-        self.root = os.fsencode(getattr(world, self.side))
-
-    def do(self):
-        """How many acts were done: 0 when there is no file."""
-        paths = sorted(files_of(tree_of(self.root)))
-        if not paths:
-            return 0
-        path = self.random.choice(paths)
-        time.sleep(0.01)  # the clock of the file system has moved on
-        name = self.random.choice(["rewrite", "touch_back", "append", "rename", "delete", "recreate"])
-        before = self.see(path)
-        self.foreign.gone.add(before.digest)
-        try:
-            is_new = getattr(self, name)(os.path.join(self.root, path), path)
-        except PermissionError:
-            return 0
-        after = self.see(path)
-        self.world.notes.append(f"{name} {self.side} {path}")
-        if after and is_new and after.digest != NOTHING:
-            self.foreign.kept[after.digest] = path
-        return 1
-
-    def see(self, path):
-        entry = entry_at(os.path.join(self.root, path))
-        self.foreign.saw(self.side, path, entry)
+    def see(seen):
+        entry = entry_at(os.path.join(root, seen))
+        foreign.had[side].setdefault(seen, set()).add(entry)
         return entry
-
-    def is_kept(self):
-        """What is newer than the source stays, where the rules say so."""
-        rules = self.world.rules
-        return self.side == "source" or (rules.action != MIRROR and (rules.onlynew == "Y" or rules.overwrite == "N"))
-
-    def rewrite(self, full, _):
-        with open(full, "r+b") as file:
-            file.truncate()
-            file.write(self.world.planter.content())
-        return self.is_kept()
-
-    def touch_back(self, full, _):
-        facts = os.stat(full)
-        with open(full, "r+b") as file:
-            file.write(self.random.randbytes(facts.st_size))
-        os.utime(full, ns=(facts.st_atime_ns, facts.st_mtime_ns))
-        return self.side == "source"
-
-    def append(self, full, _):
-        with open(full, "ab") as file:
-            file.write(b"more %d" % self.random.getrandbits(60))
-        return self.is_kept()
-
-    def rename(self, full, path):
+    facts = os.stat(full)
+    if (before := see(path)) and name != "rename":
+        foreign.gone.add(before.digest)
+    if name in ("delete", "recreate"):
+        os.unlink(full)
+    if name == "rename":
         os.rename(full, full + b"~")
-        entry = self.see(path + b"~")
-        if self.is_kept() and entry.digest != NOTHING:
-            self.foreign.kept[entry.digest] = path
-        return False
-
-    def delete(self, full, _):
-        os.unlink(full)
-        return False
-
-    def recreate(self, full, _):
-        os.unlink(full)
-        self.random.random()
-        with open(full, "wb") as file:
-            file.write(self.world.planter.content())
-        return self.is_kept()
+        path += b"~"
+    elif name != "delete":
+        try:
+            with open(full, "ab" if name == "append" else "wb") as file:
+                file.write(b"more %d" % random.getrandbits(60) if name == "append" else
+                           random.randbytes(facts.st_size) if name == "touch_back" else world.planter.content())
+        except PermissionError:
+            return False
+    if name == "touch_back":
+        os.utime(full, ns=(facts.st_atime_ns, facts.st_mtime_ns))
+    world.notes.append(f"{name} {side} {path}")
+    after = see(path)
+    # A mirror may delete what is new there, and a content of the old time looks like the old one.
+    is_kept = side == "source" or (world.rules.action != MIRROR and name != "touch_back")
+    if after and after.digest != NOTHING and is_kept:
+        foreign.kept.append((side, path, after))
+    return True

@@ -26,40 +26,14 @@
 #if defined(__x86_64__)
 namespace {
 
-const std::map<std::string, std::uint64_t> callNumbers{{"openat", SYS_openat},
-                                                       {"close", SYS_close},
-                                                       {"read", SYS_read},
-                                                       {"pread64", SYS_pread64},
-                                                       {"write", SYS_write},
-                                                       {"pwrite64", SYS_pwrite64},
-                                                       {"ioctl", SYS_ioctl},
-                                                       {"copy_file_range", SYS_copy_file_range},
-                                                       {"fsync", SYS_fsync},
-                                                       {"fdatasync", SYS_fdatasync},
-                                                       {"syncfs", SYS_syncfs},
-                                                       {"linkat", SYS_linkat},
-                                                       {"renameat", SYS_renameat},
-                                                       {"renameat2", SYS_renameat2},
-                                                       {"unlinkat", SYS_unlinkat},
-                                                       {"mkdirat", SYS_mkdirat},
-                                                       {"fchmod", SYS_fchmod},
-                                                       {"fchown", SYS_fchown},
-                                                       {"utimensat", SYS_utimensat},
-                                                       {"newfstatat", SYS_newfstatat},
-                                                       {"fstat", SYS_fstat},
-                                                       {"statx", SYS_statx},
-                                                       {"fstatfs", SYS_fstatfs},
-                                                       {"getdents64", SYS_getdents64},
-                                                       {"flistxattr", SYS_flistxattr},
-                                                       {"fgetxattr", SYS_fgetxattr},
-                                                       {"fsetxattr", SYS_fsetxattr},
-                                                       {"lseek", SYS_lseek},
-                                                       {"fcntl", SYS_fcntl},
-                                                       {"fallocate", SYS_fallocate},
-                                                       {"ftruncate", SYS_ftruncate},
-                                                       {"readlinkat", SYS_readlinkat},
-                                                       {"clone3", SYS_clone3},
-                                                       {"fremovexattr", SYS_fremovexattr}};
+#define CALL(name)                                                                                                     \
+    { #name, SYS_##name } // NOLINT: no function makes a text of a name
+const std::map<std::string, std::uint64_t> callNumbers{
+    CALL(openat),    CALL(close),     CALL(pread64), CALL(pwrite64),   CALL(ioctl),      CALL(copy_file_range),
+    CALL(fsync),     CALL(fdatasync), CALL(syncfs),  CALL(linkat),     CALL(renameat),   CALL(renameat2),
+    CALL(unlinkat),  CALL(mkdirat),   CALL(fchmod),  CALL(fchown),     CALL(utimensat),  CALL(newfstatat),
+    CALL(fstat),     CALL(statx),     CALL(fstatfs), CALL(getdents64), CALL(flistxattr), CALL(fgetxattr),
+    CALL(fsetxattr), CALL(lseek),     CALL(fcntl),   CALL(clone3)};
 
 struct Fault {
     std::string text;
@@ -128,10 +102,7 @@ class Tracer final {
             if (m_isArmed)
                 onCall(task, call);
         } else if (const auto found = m_answers.find(task); found != m_answers.end()) {
-            struct user_regs_struct registers {};
-            ::ptrace(PTRACE_GETREGS, task, nullptr, &registers);
-            registers.rax = static_cast<unsigned long long>(-found->second);
-            ::ptrace(PTRACE_SETREGS, task, nullptr, &registers);
+            setRegister(task, &user_regs_struct::rax, static_cast<unsigned long long>(-found->second));
             m_answers.erase(found);
         }
         return 0;
@@ -167,19 +138,20 @@ class Tracer final {
                 continue;
             }
             tell("did " + fault.text);
-            if (isCall)
-                fail(task, fault.error);
-            else
+            if (isCall) {
+                setRegister(task, &user_regs_struct::orig_rax, ~0ULL); // no such call
+                m_answers[task] = fault.error;
+            } else {
                 ::kill(m_leader, fault.kind == "kill" ? SIGKILL : SIGTERM);
+            }
         }
     }
 
-    void fail(pid_t task, int error) {
+    static void setRegister(pid_t task, unsigned long long user_regs_struct::*which, unsigned long long value) {
         struct user_regs_struct registers {};
         ::ptrace(PTRACE_GETREGS, task, nullptr, &registers);
-        registers.orig_rax = ~0ULL; // no such call
+        registers.*which = value;
         ::ptrace(PTRACE_SETREGS, task, nullptr, &registers);
-        m_answers[task] = error;
     }
 
     const int m_socket;

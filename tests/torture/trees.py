@@ -17,7 +17,7 @@ class Entry(NamedTuple):
     kind: str  # file, folder, link or other; a link to a file counts as the file
     digest: bytes = b""
     time: int = 0
-    is_link: bool = False
+    link: bytes = b""
 
 
 def digest_of(content):
@@ -30,16 +30,12 @@ NOTHING = digest_of(b"")  # an empty file holds nothing that could be lost
 def entry_at(path):
     """None for what is not there."""
     try:
-        facts = os.lstat(path)
-        is_link = stat.S_ISLNK(facts.st_mode)
-        if is_link and not os.path.isfile(path):
-            return Entry("link", os.readlink(path), is_link=True)
-        if stat.S_ISDIR(facts.st_mode):
-            return Entry("folder")
-        if not is_link and not stat.S_ISREG(facts.st_mode):
-            return Entry("other")
-        with open(path, "rb") as file:
-            return Entry("file", digest_of(file.read()), os.stat(path).st_mtime_ns, is_link)
+        mode = os.lstat(path).st_mode
+        link = os.readlink(path) if stat.S_ISLNK(mode) else b""
+        if os.path.isfile(path):
+            with open(path, "rb") as file:
+                return Entry("file", digest_of(file.read()), os.stat(path).st_mtime_ns, link)
+        return Entry("link" if link else "folder" if stat.S_ISDIR(mode) else "other", link=link)
     except FileNotFoundError:
         return None
 
@@ -87,14 +83,14 @@ class Planter:
     def file(self, folder):
         where = self.random.choice(["new", "new", "both", "both", "surplus"])
         path, content = os.path.join(folder, self.name()), self.content()
-        source, destination = os.path.join(self.source, path), os.path.join(self.destination, path)
-        if where != "surplus":
-            time = self.write(source, content, 0)
-            os.chmod(source, self.random.choice([0o644, 0o600, 0o755, 0o444]))
-            self.sources.append(path)
+        destination = os.path.join(self.destination, path)
         if where == "surplus":
             self.write(destination, content, 1)
-        elif where == "both":
+            return
+        time = self.write(os.path.join(self.source, path), content, 0)
+        os.chmod(os.path.join(self.source, path), self.random.choice([0o644, 0o600, 0o755, 0o444]))
+        self.sources.append(path)
+        if where == "both":
             self.write(destination, self.random.choice([content, self.content()]), self.random.choice([-1, 1]))
             if self.random.random() < 0.3:
                 os.utime(destination, ns=(time, time))
@@ -103,16 +99,16 @@ class Planter:
         """A soft link to a file, to a folder or to nothing, a second hard link, or a pipe."""
         path = os.path.join(self.source, folder, self.name())
         kind = self.random.choice(["soft", "hard", "folder", "nothing", "pipe"])
-        if kind in ("soft", "hard"):
-            target = os.path.join(self.source, self.random.choice(self.sources))
-            if kind == "soft":
-                os.symlink(os.path.relpath(target, os.path.dirname(path)), path)
-            else:
-                os.link(target, path)
-        elif kind == "pipe":
+        if kind == "pipe":
             os.mkfifo(path)
-        else:
+        elif kind in ("folder", "nothing"):
             os.symlink(b"." if kind == "folder" else b"no such file", path)
+        else:
+            target = os.path.join(self.source, self.random.choice(self.sources))
+            if kind == "hard":
+                os.link(target, path)
+            else:
+                os.symlink(os.path.relpath(target, os.path.dirname(path)), path)
 
     def plant(self, files):
         self.sources = []

@@ -84,13 +84,8 @@ class TestFrmOptions : public QObject {
 
   private Q_SLOTS:
     void everyControlEditsItsField() {
-        struct Edit {
-            const char* control;
-            const char* value;
-            F field;
-            const char* stored;
-        };
-        const std::vector<Edit> edits{
+        const std::tuple<const char*, const char*, F, const char*> edits[] = {
+            // control, typed, field, stored
             {"txtSourceDir", "/in", F::SourceDir, "/in"},
             {"txtTargetDir", "/out", F::TargetDir, "/out"},
             {"txtComment", "two\nlines", F::Comment, "two\nlines"},
@@ -131,11 +126,11 @@ class TestFrmOptions : public QObject {
         Find<QLineEdit>(form, "txtName").setText(q("  Photos "));
         QCOMPARE(form.Name(), q("Photos"));
         ActivityRecord expected = form.Record();
-        for (const Edit& edit : edits) {
-            enter(form, edit.control, edit.value);
-            expected.SetText(edit.field, q(edit.stored));
+        for (const auto& [control, typed, field, stored] : edits) {
+            enter(form, control, typed);
+            expected.SetText(field, q(stored));
             const QString differs = difference(form.Record(), expected);
-            QVERIFY2(differs.isEmpty(), qPrintable(q(edit.control) + u' ' + differs));
+            QVERIFY2(differs.isEmpty(), qPrintable(q(control) + u' ' + differs));
         }
         // Shown again, it is the same activity.
         frmOptions again(world.Services(), world.Request(q("Photos"), expected));
