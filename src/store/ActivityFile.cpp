@@ -3,6 +3,7 @@
 #include "Prompter.h"
 #include "StoreError.h"
 #include "StringTable.h"
+#include "XmlText.h"
 #include "XmlTree.h"
 #include "clsXML.h"
 #include "modForeignText.h"
@@ -17,7 +18,7 @@ constexpr int maxOldFiles = 10'000;
 
 /// "" for an invalid name, since such a path could match another activity.
 QString pathOf(const QString& name) {
-    return XmlTree::IsNcName(name) ? QString(items + u'/' + name) : QString();
+    return XmlText::IsNcName(name) ? QString(items + u'/' + name) : QString();
 }
 
 const char* elementOf(ActivityField field) {
