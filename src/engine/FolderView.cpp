@@ -48,14 +48,14 @@ std::optional<FileFacts> FolderView::Facts(const std::filesystem::path& name) {
         return staged->facts;
     if (isFresh()) {
         const auto listed = find(m_entries, name);
-        if (listed != m_entries.end())
+        if (listed != m_entries.end() && !listed->facts.isLink) // the run may have moved what a link leads to
             return listed->facts;
     }
     return lookAgain(name);
 }
 
 std::optional<FileFacts> FolderView::Facts(const FolderEntry& listed) {
-    const bool isAsListed = isFresh() && m_staged.empty();
+    const bool isAsListed = !listed.facts.isLink && isFresh() && m_staged.empty();
     return isAsListed ? std::optional(listed.facts) : Facts(listed.name);
 }
 
