@@ -53,8 +53,8 @@ bool ActivityFile::IsDefault() const {
 }
 
 QString ActivityFile::DefaultPath() const {
-    const std::filesystem::path& folder =
-        m_files.IsWritableFolder(m_places.programFolder) ? m_places.programFolder : m_places.userDataFolder;
+    const bool isBesideProgram = !m_places.isInstalled && m_files.IsWritableFolder(m_places.programFolder);
+    const std::filesystem::path& folder = isBesideProgram ? m_places.programFolder : m_places.userDataFolder;
     return modNativePath::ToText(folder / m_files.FindIgnoringCase(folder, defaultName).value_or(defaultName));
 }
 

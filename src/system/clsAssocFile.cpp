@@ -26,7 +26,7 @@ void clsAssocFile::SetFileAssoc(const std::filesystem::path& program, const QStr
 void clsAssocFile::RegisterOnce(const ProgramPlaces& places) {
     if (isTrue(m_settings.Read(SettingsStore::OwnApplication, section, key).value_or(QString())))
         return;
-    SetFileAssoc(places.programFolder / "Kalvenor", QStringLiteral(".kvd"), places.programFolder / "kvd.ico",
+    SetFileAssoc(places.programFolder / "Kalvenor", QStringLiteral(".kvd"), places.dataFolder / "kvd.ico",
                  m_texts[Text::FileTypeName]);
     std::ignore = m_settings.Write(SettingsStore::OwnApplication, section, key, QStringLiteral("1"));
 }

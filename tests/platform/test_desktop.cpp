@@ -79,6 +79,8 @@ class TestDesktop final : public QObject {
         QVERIFY(!entries.Create(name, "/old/Kalvenor") && !entries.Create(name, R"(/My "$HOME"/100%f/\/K)"));
         QCOMPARE(m_home->Read(autostart), QByteArray("[Desktop Entry]\nType=Application\nName=Kalvenor\n"
                                                      R"(Exec=/usr/bin/env "/My \\"\\$HOME\\"/100%%f/\\\\/K")"
+                                                     "\n"
+                                                     R"(TryExec=/My "$HOME"/100%f/\\/K)"
                                                      "\nTerminal=false\n"));
         QVERIFY(!entries.Create(name, "/a\nHidden=true/K"));
         QVERIFY(m_home->Read(autostart).contains("\nExec=\"/a\\nHidden=true/K\"\n"));

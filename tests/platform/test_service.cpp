@@ -56,7 +56,8 @@ class TestService final : public QObject {
   private Q_SLOTS:
     void writesTheUnit() {
         const auto text = ServiceUnit::Text("/opt/100%h  b/$HOME;\xC3\xA4/K");
-        QVERIFY(text && text->contains("\nExecStart='/opt/100%%h  b/$HOME;\xC3\xA4/K' STARTSERVICE\n"));
+        QVERIFY(text && text->contains("\nConditionFileIsExecutable=/opt/100%%h  b/$HOME;\xC3\xA4/K\n"));
+        QVERIFY(text->contains("\nExecStart='/opt/100%%h  b/$HOME;\xC3\xA4/K' STARTSERVICE\n"));
         QVERIFY(text->contains("\nType=notify\n") && text->contains("\nAlias=Kalvenor.service\n"));
         for (const char* refused : {"/opt/it's/K", "/opt/\\/K", "/opt/\n/K", "/opt/\xE4/K", "opt/K", ""})
             QVERIFY2(!ServiceUnit::Text(refused), refused);

@@ -43,8 +43,9 @@ class TestActivityFile : public QObject {
 
     void defaultFile() {
         /// Where it is made, or found among those that are there already.
-        const auto place = [](const QStringList& existing, bool hasProgramFolder = true) {
+        const auto place = [](const QStringList& existing, bool hasProgramFolder = true, bool isInstalled = false) {
             ScratchStore store;
+            store.places.isInstalled = isInstalled;
             for (const QString& name : existing)
                 store.Write(name, oneActivity);
             // A folder that is not there cannot be written to either, and that holds for root as well.
@@ -60,6 +61,7 @@ class TestActivityFile : public QObject {
         QCOMPARE(place({}), u"program/Kalvenor.kvd"_qs);
         QCOMPARE(place({u"program/kalvenor.KVD"_qs, u"program/KALVENOR.KVD"_qs}), u"program/KALVENOR.KVD"_qs);
         QCOMPARE(place({}, false), u"data/Kalvenor.kvd"_qs);
+        QCOMPARE(place({}, true, true), u"data/Kalvenor.kvd"_qs); // root could write below /usr
     }
 
     void changedFileIsNotOverwritten() {

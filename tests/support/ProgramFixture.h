@@ -13,7 +13,7 @@ class ProgramFixture : public ScratchFolder {
 
     ProgramFixture() {
         qputenv("TZ", "UTC");
-        services.places.programFolder = Native();
+        services.places.programFolder = services.places.dataFolder = Native();
         services.places.userDataFolder = Native(u"data"_qs);
         SetOption("Accepted", u"Yes"_qs);
     }

@@ -28,6 +28,8 @@ struct ScratchStore : ScratchFolder {
     [[nodiscard]] ProgramPlaces makePlaces() const {
         QDir(Path()).mkdir(u"program"_qs);
         QDir(Path()).mkdir(u"cwd"_qs);
-        return {.programFolder = Native(u"program"_qs), .userDataFolder = Native(u"data"_qs)};
+        return {.programFolder = Native(u"program"_qs),
+                .dataFolder = Native(u"program"_qs),
+                .userDataFolder = Native(u"data"_qs)};
     }
 };

@@ -92,7 +92,7 @@ class TestServiceMode final : public QObject {
             types.error = std::make_error_code(std::errc::read_only_file_system);
             clsAssocFile assoc(types, settings, m_texts);
             for (int start = 0; start < 2; ++start)
-                assoc.RegisterOnce({"/opt/k", "/home/u"});
+                assoc.RegisterOnce({.programFolder = "/opt/k", .dataFolder = "/opt/k", .userDataFolder = "/home/u"});
             QCOMPARE(types.registered.size(), std::size_t(registers ? 1 : 0));
             QCOMPARE(settings.values[key], registers ? u"1"_qs : done);
             if (registers)

@@ -101,7 +101,7 @@ void HelpCommands::OpenManual() {
 void HelpCommands::showFirst(QStringList names) {
     const PlatformServices& services = m_program.Services();
     while (!names.isEmpty()) {
-        const auto manual = services.places.programFolder / modNativePath::FromText(names.takeFirst());
+        const auto manual = services.places.dataFolder / modNativePath::FromText(names.takeFirst());
         if (!services.ownFiles->Stamp(manual))
             continue;
         const auto tryNext = [self = QPointer(this), names] {

@@ -32,6 +32,11 @@ QByteArray bytesOf(const std::filesystem::path& path) {
     return QByteArray::fromStdString(path.native());
 }
 
+/// An entry may outlive the program: the desktop hides it then.
+QByteArray tryExec(const std::filesystem::path& program) {
+    return "TryExec=" + entryValue(bytesOf(program)) + '\n';
+}
+
 /// A path for the key Exec, with all three layers of escapes.
 QByteArray execProgram(const std::filesystem::path& program) {
     QByteArray quoted = "\"";
@@ -74,7 +79,7 @@ QByteArray fileTypeEntry(const FileType& type) {
            "Name=Kalvenor Pro\n"
            "Comment=" +
            entryValue(type.description.toUtf8()) + "\nExec=" + execProgram(type.program) + " %f\n" +
-           (hasIcon ? "Icon=" + entryValue(bytesOf(type.icon)) + '\n' : QByteArray()) +
+           tryExec(type.program) + (hasIcon ? "Icon=" + entryValue(bytesOf(type.icon)) + '\n' : QByteArray()) +
            "Terminal=false\n"
            "NoDisplay=true\n"
            "MimeType=" +
@@ -85,9 +90,7 @@ QByteArray autostartEntry(const QString& name, const std::filesystem::path& prog
     return "[Desktop Entry]\n"
            "Type=Application\n"
            "Name=" +
-           name.toUtf8() + "\nExec=" + execProgram(program) +
-           "\n"
-           "Terminal=false\n";
+           name.toUtf8() + "\nExec=" + execProgram(program) + '\n' + tryExec(program) + "Terminal=false\n";
 }
 
 /// Ours first, then the others of `before` (separated by ";").

@@ -34,6 +34,9 @@ std::optional<QByteArray> ServiceUnit::Text(const std::filesystem::path& program
     // killed service is restarted, but not one that waits for the legal notice to be accepted (exit code 3).
     return "[Unit]\n"
            "Description=Kalvenor Pro\n"
+           "ConditionFileIsExecutable=" + // the unit may outlive the program
+           path +
+           "\n"
            "\n"
            "[Service]\n"
            "Type=notify\n"
