@@ -1,8 +1,10 @@
 #include "DriveGuard.h"
 #include "OwnFiles.h"
+#include "modNativePath.h"
 
 #include <QCryptographicHash>
 #include <QJsonDocument>
+#include <algorithm>
 #include <tuple>
 
 namespace {
@@ -18,8 +20,9 @@ QString textOf(const std::string& bytes) {
     return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
 }
 
-bool isAbove(const QString& folder, const QString& other) {
-    return folder != other && other.startsWith(folder.endsWith(u'/') ? folder : folder + u'/');
+bool isAbove(const std::filesystem::path& folder, const std::filesystem::path& other) {
+    const auto [below, beyond] = std::mismatch(folder.begin(), folder.end(), other.begin(), other.end());
+    return below == folder.end() && beyond != other.end();
 }
 
 bool isEmptyFolder(const Folder& folder) {
@@ -30,7 +33,7 @@ bool isEmptyFolder(const Folder& folder) {
 /// The mount point of the last run is an ordinary folder of the file system above it now.
 bool hasLostItsMount(const QJsonObject& last, const DriveFacts& now) {
     return !now.isNetwork && textOf(now.identity) != last[destinationKey].toString() &&
-           isAbove(textOf(now.mountPoint.native()), last[mountKey].toString());
+           isAbove(now.mountPoint, modNativePath::FromText(last[mountKey].toString()));
 }
 
 } // namespace
@@ -78,7 +81,7 @@ void DriveGuard::Remember(const RunIdentity& run, const Folder& source, const Fo
                           {toKey, run.destination},
                           {sourceKey, textOf(source.Drive().identity)},
                           {destinationKey, textOf(to.identity)},
-                          {mountKey, textOf(to.mountPoint.native())}};
+                          {mountKey, modNativePath::ToText(to.mountPoint)}};
     if (last == now)
         return;
     m_drives[run.name] = now;

@@ -1,5 +1,6 @@
-// Turns the system's request to terminate (SIGTERM, SIGINT, SIGHUP) into a Qt signal from the event loop. Owns the
-// handlers; only one object at a time. When they cannot be installed, the default stays: the process ends at once.
+// Turns the system's request to terminate (SIGTERM, SIGINT, SIGHUP; Ctrl+C, a closed console) into a Qt signal from the
+// event loop. Owns the handlers; only one object at a time. When they cannot be installed, the default stays: the
+// process ends at once.
 #pragma once
 
 #include <QObject>
@@ -14,7 +15,7 @@ class TerminationSignal final : public QObject {
     ~TerminationSignal() override;
 
   Q_SIGNALS:
-    /// Once for each burst of signals. If a disk that does not answer blocks the process, SIGALRM ends it 30 s after
+    /// Once for each burst of signals. If a disk that does not answer blocks the process, the system ends it 30 s after
     /// the first signal.
     void Raised();
 

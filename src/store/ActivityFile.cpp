@@ -27,10 +27,11 @@ const char* elementOf(ActivityField field) {
 
 /// Moves the file to the first free name of BASE.OLD, BASE.OLD1, BASE.OLD2 ... in the current directory.
 std::error_code moveToOldName(OwnFiles& files, const std::filesystem::path& file) {
-    const std::string base = file.stem().string() + ".OLD";
+    std::filesystem::path base = file.stem();
+    base += ".OLD";
     std::error_code error = files.MoveAway(file, base);
     for (int number = 1; error == std::errc::file_exists && number <= maxOldFiles; ++number)
-        error = files.MoveAway(file, base + std::to_string(number));
+        error = files.MoveAway(file, std::filesystem::path(base) += std::to_string(number));
     return error;
 }
 

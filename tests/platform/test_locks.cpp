@@ -1,12 +1,10 @@
-// The lock between two real processes, its release after a crash, and folders somebody has tampered with.
+// The folder of the locks: one for all sessions, closed to others, and what happens when somebody has tampered with it.
 #include "FileWorld.h"
 #include "PlatformServices.h"
 #include "ScratchFolder.h"
 
-#include <csignal>
 #include <memory>
 #include <stdexcept>
-#include <sys/prctl.h>
 
 namespace {
 
@@ -17,32 +15,6 @@ std::unique_ptr<HeldLock> take(const QString& name, LockRefusal expected = LockR
     LockRefusal refusal{};
     auto held = MakePlatformServices().locks->TryAcquire(name, refusal);
     return held || refusal == expected ? std::move(held) : throw std::logic_error("refused for another reason");
-}
-
-/// Takes the lock in another process, which ends at once.
-bool anotherProcessGets(const QString& name) {
-    return FileWorld::InChild([&] { return take(name) ? 1 : 0; }) == 1;
-}
-
-/// Another process that has taken the lock and lives on; -1 when it did not get it.
-pid_t holderOf(const QString& name) {
-    int ready[2];
-    if (::pipe(ready) != 0)
-        return -1;
-    const pid_t child = ::fork();
-    if (child == 0) {
-        ::prctl(PR_SET_PDEATHSIG, SIGKILL); // never outlives a test that failed
-        const auto held = take(name);
-        if (!held || ::write(ready[1], "x", 1) != 1)
-            ::_exit(1);
-        for (;;)
-            ::pause();
-    }
-    ::close(ready[1]);
-    char byte = 0;
-    const bool isHeld = ::read(ready[0], &byte, 1) == 1;
-    ::close(ready[0]);
-    return isHeld ? child : -1;
 }
 
 } // namespace
@@ -57,23 +29,10 @@ class LocksTest final : public QObject {
         qputenv("XDG_RUNTIME_DIR", m_folder->Path(u"run"_qs).toUtf8());
     }
 
-    void OneHolderAtATime() {
-        // Any text: steps to elsewhere, quotes, umlauts, longer than a file name may be.
-        const QString name = u"../../etc/a \"b\"\n\u00e4\u20ac"_qs + QString(5000, u'x');
-        const pid_t holder = holderOf(name);
-        QVERIFY(holder > 0);
+    void OneHolderInAllSessions() {
+        const auto held = take(a);
         qputenv("XDG_RUNTIME_DIR", m_folder->Path().toUtf8()); // of another session
-        QVERIFY(!take(name));
-        QVERIFY(take(name + u'2'));
-        ::kill(holder, SIGKILL);
-        ::waitpid(holder, nullptr, 0);
-        auto held = take(name);
-        QVERIFY2(held, "a killed holder must not keep the lock");
-        QVERIFY2(!take(name), "a second holder in the same process");
-        QVERIFY(!anotherProcessGets(name));
-        held.reset();
-        QVERIFY2(m_folder->Entries(ownFolder).isEmpty(), "names of files that are gone pile up");
-        QVERIFY(anotherProcessGets(name));
+        QVERIFY(held && !take(a));
     }
 
     void FolderIsPrivate() {

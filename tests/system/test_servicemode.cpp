@@ -96,7 +96,7 @@ class TestServiceMode final : public QObject {
             QCOMPARE(types.registered.size(), std::size_t(registers ? 1 : 0));
             QCOMPARE(settings.values[key], registers ? u"1"_qs : done);
             if (registers)
-                QCOMPARE(types.registered.front().program.string(), std::string("/opt/k/Kalvenor"));
+                QCOMPARE(types.registered.front().program.generic_string(), std::string("/opt/k/Kalvenor"));
         }
     }
 

@@ -7,6 +7,7 @@
 #include "Icons.h"
 #include "MessageBoxPrompter.h"
 #include "Program.h"
+#include "Session.h"
 #include "SingleInstance.h"
 #include "TerminationSignal.h"
 #include "frmMain.h"
@@ -99,10 +100,7 @@ int runWindow(int& argc, char** argv, const CommandLine& commandLine) {
 } // namespace
 
 int main(int argc, char* argv[]) {
-    QStringList words;
-    for (int i = 1; i < argc; ++i)
-        words.append(QString::fromLocal8Bit(argv[i]));
-    const CommandLine commandLine = ParseCommandLine(words);
+    const CommandLine commandLine = ParseCommandLine(CommandLineWords(argc, argv));
     DisplayFacts display = ReadDisplayFacts();
     if (!commandLine.platform.isEmpty())
         display.platformPlugin = commandLine.platform;

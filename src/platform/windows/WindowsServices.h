@@ -2,9 +2,17 @@
 #pragma once
 
 #include "DesktopEntries.h"
+#include "DesktopMailClient.h"
+#include "Locks.h"
 #include "Machine.h"
+#include "NameService.h"
+#include "SettingsStore.h"
 #include <memory>
+#include <string>
 #include <windows.h>
+
+class FileSystem; // the shell's headers have a Folder of their own, which may not meet ours
+class OwnFiles;
 
 /// The user's own part of the class registry (HKEY_CURRENT_USER\Software\Classes), which needs no administrator. The
 /// class is named after the extension: "kvdfile". Stops at the first key that cannot be written.
@@ -18,3 +26,27 @@ using SetTime = BOOL(WINAPI*)(const SYSTEMTIME*);
 
 /// The connections of the remote access service.
 [[nodiscard]] std::unique_ptr<DialUp> MakeDialUp();
+
+/// Asks for an orderly end: a program with something unsaved can hold it up. Needs the right to shut down.
+[[nodiscard]] std::unique_ptr<PowerControl> MakePowerControl();
+
+/// The servers of GetNetworkParams, which are those with an IPv4 address.
+[[nodiscard]] std::unique_ptr<NameService> MakeNameService();
+
+/// Named objects of the whole machine, so that a service and a window keep each other off; `place` is the state folder.
+[[nodiscard]] std::unique_ptr<Locks> MakeWindowsLocks(std::filesystem::path place);
+
+/// REG_SZ values of "<path>\<application>\<section>" below HKEY_CURRENT_USER. Names are told apart without their letter
+/// case. A save that fails takes back what it had written; if the process dies in the middle of one, each value is
+/// either the old or the new one.
+[[nodiscard]] std::unique_ptr<SettingsStore> MakeRegistrySettingsStore(std::wstring path = L"Software");
+
+/// Values of a Run key below HKEY_CURRENT_USER. Entries of the whole machine are ignored.
+[[nodiscard]] std::unique_ptr<Autostart>
+MakeAutostart(std::wstring path = L"Software\\Microsoft\\Windows\\CurrentVersion\\Run");
+
+/// Outlook, through its automation objects.
+[[nodiscard]] std::unique_ptr<DesktopMailClient> MakeDesktopMailClient();
+
+[[nodiscard]] std::unique_ptr<FileSystem> MakeFileSystem();
+[[nodiscard]] std::unique_ptr<OwnFiles> MakeOwnFiles();

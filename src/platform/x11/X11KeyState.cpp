@@ -80,6 +80,7 @@ bool X11KeyState::IsF8Down() const {
 
 } // namespace
 
-std::unique_ptr<KeyState> MakeNativeKeyState() {
-    return X11KeyState::Open();
+std::unique_ptr<KeyState> MakeNativeKeyState(const QString& plugin) {
+    // A compositor's X server knows only the keys of X windows, so it is asked only where our windows are X windows.
+    return plugin == u"xcb" ? X11KeyState::Open() : nullptr;
 }

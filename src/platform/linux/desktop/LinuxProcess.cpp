@@ -3,10 +3,10 @@
 #include "Session.h"
 #include "SystemCall.h"
 #include "Tool.h"
+#include "WebAddress.h"
 #include "modNativePath.h"
 #include <QFile>
 #include <QFileInfo>
-#include <QUrl>
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -108,9 +108,8 @@ bool LinuxProcess::OpenFolder(const QString& path) {
 }
 
 bool LinuxProcess::OpenWebPage(const QString& address) {
-    const QUrl page(address, QUrl::StrictMode);
-    const bool isWeb = page.scheme() == u"https" || page.scheme() == u"http";
-    return page.isValid() && isWeb && !page.host().isEmpty() && openWithDesktop(page.toString(QUrl::FullyEncoded));
+    const std::optional<QString> page = WebAddress(address);
+    return page && openWithDesktop(*page);
 }
 
 void LinuxProcess::EndNow(int exitCode) {

@@ -12,6 +12,13 @@ bool IsJournalOnStandardError() {
     return qEnvironmentVariableIsSet("JOURNAL_STREAM");
 }
 
+QStringList CommandLineWords(int argc, char** argv) {
+    QStringList words;
+    for (int i = 1; i < argc; ++i)
+        words.append(QString::fromLocal8Bit(argv[i]));
+    return words;
+}
+
 void LocalTime::ReadZone() {
     ::tzset();
 }

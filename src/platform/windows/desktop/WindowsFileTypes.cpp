@@ -1,3 +1,5 @@
+#include "ProgramFile.h"
+#include "RegistryKey.h"
 #include "WindowsServices.h"
 
 #include <shlobj.h>
@@ -7,57 +9,38 @@
 
 namespace {
 
-std::error_code asError(LSTATUS status) {
-    return {static_cast<int>(status), std::system_category()};
-}
-
-/// One open key of the registry.
-class RegistryKey final {
-  public:
-    /// Opens the key for writing, made with all keys above it where it is missing.
-    RegistryKey(HKEY root, const std::wstring& path);
-    ~RegistryKey();
-    RegistryKey(const RegistryKey&) = delete;
-    RegistryKey& operator=(const RegistryKey&) = delete;
-
-    /// Why it could not be opened; every later call fails for the same reason.
-    [[nodiscard]] std::error_code Error() const { return m_error; }
-
-    /// Writes the key's default value (REG_SZ) and waits until it is stored.
-    [[nodiscard]] std::error_code SetDefault(const std::wstring& text);
-
-  private:
-    HKEY m_key = nullptr;
-    std::error_code m_error;
-};
-
-RegistryKey::RegistryKey(HKEY root, const std::wstring& path)
-    : m_error(asError(RegCreateKeyExW(root, path.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE, KEY_WRITE, nullptr,
-                                      &m_key, nullptr))) {}
-
-RegistryKey::~RegistryKey() {
-    if (m_key != nullptr)
-        RegCloseKey(m_key);
-}
-
-std::error_code RegistryKey::SetDefault(const std::wstring& text) {
-    if (m_error)
-        return m_error;
-    const auto bytes = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
-    const LSTATUS status =
-        RegSetValueExW(m_key, nullptr, 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()), bytes);
-    return asError(status == ERROR_SUCCESS ? RegFlushKey(m_key) : status);
-}
-
 const std::wstring classes = L"Software\\Classes\\";
 
 std::error_code createKeys(const std::wstring& classKey) {
     for (const wchar_t* below : {L"", L"\\DefaultIcon", L"\\Quickview", L"\\Shell", L"\\Shell\\open", L"\\Shell\\print",
                                  L"\\Shell\\open\\Command", L"\\Shell\\print\\Command"}) {
-        if (const std::error_code error = RegistryKey(HKEY_CURRENT_USER, classKey + below).Error())
+        if (const std::error_code error = RegistryKey::Make(HKEY_CURRENT_USER, classKey + below).Error())
             return error;
     }
     return {};
+}
+
+std::error_code setDefault(const std::wstring& path, const std::wstring& text) {
+    RegistryKey key = RegistryKey::Make(HKEY_CURRENT_USER, path);
+    const std::error_code error = key.SetText(L"", text);
+    return error ? error : key.Flush();
+}
+
+/// The path without blanks where the disk keeps short names: the command is not quoted, and "C:\A b\c.exe" would start
+/// "C:\A.exe" if somebody put one there.
+std::wstring shortPath(const std::wstring& program) {
+    if (program.find(L' ') == std::wstring::npos)
+        return program;
+    std::wstring text(MAX_PATH, L'\0');
+    for (;;) {
+        const DWORD length = GetShortPathNameW(program.c_str(), text.data(), static_cast<DWORD>(text.size()));
+        if (length == 0)
+            return program;
+        const bool fits = length < text.size();
+        text.resize(length);
+        if (fits)
+            return text;
+    }
 }
 
 class WindowsFileTypes final : public FileTypes {
@@ -72,7 +55,7 @@ std::error_code WindowsFileTypes::Register(const FileType& type) {
     if (const std::error_code error = createKeys(classKey))
         return error;
 
-    const std::wstring program = type.program.wstring();
+    const std::wstring program = shortPath(ProgramFile(type.program).wstring());
     std::vector<std::pair<std::wstring, std::wstring>> values{{classes + extension, className},
                                                               {classKey, type.description.toStdWString()}};
     if (!type.icon.empty())
@@ -80,7 +63,7 @@ std::error_code WindowsFileTypes::Register(const FileType& type) {
     values.emplace_back(classKey + L"\\Shell\\open\\Command", program + L" %1");
     values.emplace_back(classKey + L"\\Shell\\print\\Command", program + L" /p %1");
     for (const auto& [key, text] : values) {
-        if (const std::error_code error = RegistryKey(HKEY_CURRENT_USER, key).SetDefault(text))
+        if (const std::error_code error = setDefault(key, text))
             return error;
     }
     SHChangeNotify(SHCNE_ASSOCCHANGED, SHCNF_IDLIST, nullptr, nullptr);

@@ -1,6 +1,9 @@
 #include "WindowsServices.h"
+
+#include "Handle.h"
 #include "modForeignText.h"
 
+#include <QSysInfo>
 #include <array>
 #include <cstddef>
 #include <cstring>
@@ -36,9 +39,33 @@ void WindowsSystemClock::Set(std::chrono::system_clock::time_point time, Outcome
         outcome({});
         return;
     }
-    const std::error_code refusal(static_cast<int>(GetLastError()), std::system_category());
-    outcome(modForeignText::OfError(refusal));
+    outcome(modForeignText::OfError(LastError()));
 }
+
+/// This process may have the right to power off, but has to switch it on first.
+void useShutdownRight() {
+    HANDLE opened = nullptr;
+    if (OpenProcessToken(GetCurrentProcess(), TOKEN_ADJUST_PRIVILEGES | TOKEN_QUERY, &opened) == FALSE)
+        return;
+    const WinHandle token(opened);
+    TOKEN_PRIVILEGES rights{};
+    rights.PrivilegeCount = 1;
+    rights.Privileges[0].Attributes = SE_PRIVILEGE_ENABLED;
+    if (LookupPrivilegeValueW(nullptr, SE_SHUTDOWN_NAME, &rights.Privileges[0].Luid) != FALSE)
+        AdjustTokenPrivileges(token.Get(), FALSE, &rights, 0, nullptr, nullptr);
+}
+
+class WindowsPowerControl final : public PowerControl {
+  public:
+    bool PowerOff() override {
+        useShutdownRight();
+        constexpr DWORD atOnce = 0;
+        const BOOL force = FALSE; // a program that has something unsaved may ask for it
+        const BOOL restart = FALSE;
+        return InitiateSystemShutdownExW(nullptr, nullptr, atOnce, force, restart,
+                                         SHTDN_REASON_MAJOR_APPLICATION | SHTDN_REASON_FLAG_PLANNED) != FALSE;
+    }
+};
 
 class WindowsDialUp final : public DialUp {
   public:
@@ -57,6 +84,24 @@ bool WindowsDialUp::IsActive() const {
 }
 
 } // namespace
+
+std::optional<SystemFacts> ReadSystemFacts() {
+    MEMORYSTATUSEX memory{};
+    memory.dwLength = sizeof memory;
+    if (GlobalMemoryStatusEx(&memory) == FALSE)
+        return std::nullopt;
+    SystemFacts facts;
+    facts.system = QSysInfo::prettyProductName();
+    facts.kernel = QSysInfo::kernelType() + u' ' + QSysInfo::kernelVersion();
+    facts.architecture = QSysInfo::currentCpuArchitecture();
+    facts.processors = static_cast<int>(GetActiveProcessorCount(ALL_PROCESSOR_GROUPS));
+    facts.memory = static_cast<qint64>(memory.ullTotalPhys);
+    return facts;
+}
+
+std::unique_ptr<PowerControl> MakePowerControl() {
+    return std::make_unique<WindowsPowerControl>();
+}
 
 std::unique_ptr<SystemClock> MakeSystemClock(SetTime setTime) {
     return std::make_unique<WindowsSystemClock>(setTime);

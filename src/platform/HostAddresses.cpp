@@ -1,11 +1,7 @@
 #include "HostAddresses.h"
 
-#include "modSocketQueue.h"
-#include <array>
-#include <linux/sockios.h>
+#include "HostLookUp.h"
 #include <mutex>
-#include <netdb.h>
-#include <sys/ioctl.h>
 #include <system_error>
 #include <thread>
 
@@ -14,28 +10,6 @@ struct HostAddresses::LookUp {
     std::mutex mutex;
     HostAddresses* receiver = nullptr;
 };
-
-namespace {
-
-QStringList addressesOf(const QByteArray& host) {
-    addrinfo hints{};
-    hints.ai_family = AF_UNSPEC;
-    hints.ai_socktype = SOCK_STREAM;
-    hints.ai_flags = AI_ADDRCONFIG;
-    addrinfo* found = nullptr;
-    if (::getaddrinfo(host.constData(), nullptr, &hints, &found) != 0)
-        return {};
-    const std::unique_ptr<addrinfo, decltype(&::freeaddrinfo)> owner(found, &::freeaddrinfo);
-    QStringList addresses;
-    for (const addrinfo* one = found; one != nullptr; one = one->ai_next) {
-        std::array<char, NI_MAXHOST> text{};
-        if (::getnameinfo(one->ai_addr, one->ai_addrlen, text.data(), text.size(), nullptr, 0, NI_NUMERICHOST) == 0)
-            addresses.append(QString::fromLatin1(text.data()));
-    }
-    return addresses;
-}
-
-} // namespace
 
 HostAddresses::HostAddresses() = default;
 
@@ -66,15 +40,9 @@ void HostAddresses::Begin(const QByteArray& host) {
         QMetaObject::invokeMethod(lookUp->receiver, tell, Qt::QueuedConnection);
     };
     try {
-        // getaddrinfo cannot be interrupted, so the thread is detached.
-        std::thread([answer, host] { answer(addressesOf(host)); }).detach();
+        // The look-up cannot be interrupted, so the thread is detached.
+        std::thread([answer, host] { answer(LookUpAddresses(host)); }).detach();
     } catch (const std::system_error&) {
         answer({});
     }
-}
-
-qint64 modSocketQueue::Untaken(qintptr descriptor) {
-    int bytes = 0;
-    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): the system has no other call for it
-    return ::ioctl(static_cast<int>(descriptor), SIOCOUTQ, &bytes) == 0 ? bytes : 0;
 }

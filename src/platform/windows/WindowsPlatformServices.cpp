@@ -1,0 +1,59 @@
+#include "PlatformServices.h"
+
+#include "UserFolders.h"
+#include "WindowsProcess.h"
+#include "WindowsServiceManager.h"
+#include "WindowsServices.h"
+
+namespace {
+
+std::filesystem::path below(const std::filesystem::path& folder) {
+    return folder.empty() ? folder : folder / L"Kalvenor";
+}
+
+/// The text of a system call that takes a buffer and answers with the length that it needs.
+template <typename Call>
+std::filesystem::path textOf(const Call& call) {
+    std::wstring text(MAX_PATH, L'\0');
+    for (;;) {
+        const DWORD length = call(text.data(), static_cast<DWORD>(text.size()));
+        if (length < text.size()) {
+            text.resize(length);
+            return text;
+        }
+        text.resize(text.size() * 2);
+    }
+}
+
+std::filesystem::path programFolder() {
+    return textOf([](wchar_t* text, DWORD size) { return GetModuleFileNameW(nullptr, text, size); }).parent_path();
+}
+
+} // namespace
+
+PlatformServices MakePlatformServices() {
+    // An empty drive must be an error code, not a box that waits for somebody to put a disk in.
+    SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
+    PlatformServices services;
+    services.clock = std::make_unique<RealClock>();
+    services.eventPump = std::make_unique<QtEventPump>();
+    services.fileSystem = MakeFileSystem();
+    services.ownFiles = MakeOwnFiles();
+    services.settings = MakeRegistrySettingsStore();
+    services.locks = MakeWindowsLocks(below(UserFolders::OfThisMachine()));
+    services.process = std::make_unique<WindowsProcess>();
+    services.power = MakePowerControl();
+    services.nameService = std::make_unique<CachedNameService>(MakeNameService());
+    services.desktopMail = MakeDesktopMailClient();
+    services.autostart = MakeAutostart();
+    services.places = {programFolder(), below(UserFolders::OfTheUser())};
+    const auto windows = textOf([](wchar_t* text, DWORD size) { return GetSystemWindowsDirectoryW(text, size); });
+    const auto system = textOf([](wchar_t* text, DWORD size) { return GetSystemDirectoryW(text, size); });
+    services.systemDirectories = {windows, system, windows.root_path()};
+    // Not the path of this process: it may be a tool beside the program.
+    services.serviceManager = std::make_unique<WindowsServiceManager>(services.places.programFolder / L"Kalvenor.exe");
+    services.systemClock = MakeSystemClock();
+    services.dialUp = MakeDialUp();
+    services.fileTypes = MakeFileTypes();
+    return services;
+}
