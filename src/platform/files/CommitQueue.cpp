@@ -1,6 +1,8 @@
 #include "CommitQueue.h"
 #include "SystemFiles.h"
 
+#include <utility>
+
 CommitQueue::CommitQueue(TransferObserver& observer, TemporaryFiles& temporaries)
     : m_observer(observer), m_temporaries(temporaries), m_descriptorLimit(SystemFiles::HandlesOfABatch()),
       m_filling(std::make_unique<TransferBatch>(m_sync, m_names, m_batches)) {}

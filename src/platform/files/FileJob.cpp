@@ -1,5 +1,6 @@
 #include "FileJob.h"
 #include "SystemCall.h"
+#include "TemporaryFiles.h"
 
 std::error_code CheckDestination(const FileJob& job, DestinationState& state) {
     std::error_code error;
@@ -21,4 +22,22 @@ std::error_code CheckDestination(const FileJob& job, DestinationState& state) {
         break;
     }
     return ErrorOf(EEXIST);
+}
+
+std::error_code TemporaryFiles::Place(TemporaryFile& file, const FileJob& job, bool& placed) {
+    std::error_code error = PlaceAtFreeName(file, job.name);
+    placed = !error;
+    if (error == std::errc::file_exists) {
+        DestinationState state{};
+        error = CheckDestination(job, state);
+        if (!error && state != DestinationState::IsSource) {
+            error = Replace(file, job.name);
+            placed = !error;
+        }
+    }
+    if (!placed)
+        file.Discard();
+    else if (!job.removeSource) // nothing looks at the copy again, and somebody may want to replace it
+        file.CloseFile();
+    return error;
 }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <tuple>
+#include <utility>
 
 TreeTransfer::TreeTransfer(TransferObserver& observer, CommitQueue& queue,
                            std::function<void(const FileJob&)> transferFile, const std::set<FileId>& excluded,

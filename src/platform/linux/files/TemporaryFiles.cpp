@@ -129,22 +129,6 @@ std::error_code TemporaryFiles::PlaceAtFreeName(TemporaryFile& file, const std::
     return error;
 }
 
-std::error_code TemporaryFiles::Place(TemporaryFile& file, const FileJob& job, bool& placed) {
-    std::error_code error = PlaceAtFreeName(file, job.name);
-    placed = !error;
-    if (error == ErrorOf(EEXIST)) {
-        DestinationState state{};
-        error = CheckDestination(job, state);
-        if (!error && state != DestinationState::IsSource) {
-            error = Replace(file, job.name);
-            placed = !error;
-        }
-    }
-    if (!placed)
-        file.Discard();
-    return error;
-}
-
 std::error_code TemporaryFiles::Replace(TemporaryFile& file, const std::filesystem::path& name) {
     const Folder& folder = *file.Parent();
     const bool isNamed = !file.Name().empty();
