@@ -4,11 +4,14 @@
 #include "DesktopEntries.h"
 #include "FileSystem.h"
 #include "Machine.h"
+#include "OwnFiles.h"
 #include <memory>
 #include <windows.h>
 
 /// Folders by their handles, entries opened relative to them.
 [[nodiscard]] std::unique_ptr<FileSystem> MakeFileSystem();
+
+[[nodiscard]] std::unique_ptr<OwnFiles> MakeOwnFiles();
 
 /// The user's own part of the class registry (HKEY_CURRENT_USER\Software\Classes), which needs no administrator. The
 /// class is named after the extension: "kvdfile". Stops at the first key that cannot be written.

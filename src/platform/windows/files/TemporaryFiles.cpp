@@ -7,12 +7,13 @@ namespace {
 constexpr int nameAttempts = 8;
 } // namespace
 
-std::error_code TemporaryFiles::Create(const std::shared_ptr<Folder>& folder, TemporaryFile& file) const {
+std::error_code TemporaryFiles::Create(const std::shared_ptr<Folder>& folder, TemporaryFile& file,
+                                       ACCESS_MASK access) const {
     std::error_code error;
     for (int attempt = 0; attempt < nameAttempts; ++attempt) {
         const std::string name = MakeTemporaryName(m_process);
         WinHandle handle = NtFile::Open(HandleOf(*folder), name,
-                                        {.access = GENERIC_READ | GENERIC_WRITE | DELETE,
+                                        {.access = GENERIC_READ | GENERIC_WRITE | DELETE | access,
                                          .share = FILE_SHARE_READ,
                                          .kind = NtFile::Kind::File,
                                          .isNew = true,

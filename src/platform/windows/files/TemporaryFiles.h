@@ -9,8 +9,10 @@ class TemporaryFiles final {
   public:
     TemporaryFiles() : m_process(ProcessMark::OfThisProcess()) {}
 
-    /// A new empty file in the folder, open for writing, hidden until it gets its attributes.
-    [[nodiscard]] std::error_code Create(const std::shared_ptr<Folder>& folder, TemporaryFile& file) const;
+    /// A new empty file in the folder, open for writing and with what `access` asks for besides, hidden until it gets
+    /// its attributes.
+    [[nodiscard]] std::error_code Create(const std::shared_ptr<Folder>& folder, TemporaryFile& file,
+                                         ACCESS_MASK access = 0) const;
 
     /// Gives the file its name; std::errc::file_exists when the name is taken.
     [[nodiscard]] std::error_code PlaceAtFreeName(TemporaryFile& file, const std::filesystem::path& name) const;

@@ -1,6 +1,7 @@
 #include "WindowsFolder.h"
 #include "EntryFacts.h"
 #include "NtFile.h"
+#include "PathFile.h"
 #include "TemporaryName.h"
 #include "WindowsDrive.h"
 #include "WindowsName.h"
@@ -21,18 +22,6 @@ WinHandle openPath(const std::filesystem::path& absolute, DWORD access) {
 std::optional<FileId> idOf(HANDLE entry) {
     EntryStatus status{};
     return NtFile::ReadStatus(entry, status) ? std::nullopt : std::optional(status.id);
-}
-
-/// Where the folder is now.
-std::filesystem::path presentPath(HANDLE folder) {
-    std::wstring path(MAX_PATH + 1, L'\0');
-    DWORD length = GetFinalPathNameByHandleW(folder, path.data(), static_cast<DWORD>(path.size()), VOLUME_NAME_DOS);
-    if (length >= path.size()) {
-        path.resize(std::size_t{length} + 1);
-        length = GetFinalPathNameByHandleW(folder, path.data(), static_cast<DWORD>(path.size()), VOLUME_NAME_DOS);
-    }
-    path.resize(length < path.size() ? length : 0);
-    return path;
 }
 
 std::wstring wide(const std::string& ownName) {
@@ -193,7 +182,7 @@ std::error_code WindowsFolder::DeleteEmptyFolder(const std::filesystem::path& na
 
 std::vector<FileId> WindowsFolder::Ancestors() const {
     std::vector<FileId> ids{m_id};
-    std::filesystem::path path = presentPath(Handle());
+    std::filesystem::path path = PathFile::FinalPath(Handle());
     if (path.empty())
         path = Path();
     for (; path.has_relative_path(); path = path.parent_path()) {
