@@ -38,6 +38,8 @@ class FileWorld : public SystemWorld {
     FileWorld(const FileWorld&) = delete;
     FileWorld& operator=(const FileWorld&) = delete;
     ~FileWorld() {
+        from.reset(); // an open folder may stay until it is closed
+        to.reset();
         std::error_code ignored;
         fs::remove_all(m_root, ignored);
         if (!m_other.empty())

@@ -99,6 +99,11 @@ std::error_code NtFile::Rename(HANDLE entry, HANDLE folder, const std::filesyste
 
 /// Where the file system knows it, the name is free at once, even while others have the file open.
 std::error_code NtFile::Delete(HANDLE entry, bool evenReadOnly) {
+    FILE_BASIC_INFO basic{};
+    const bool isReadOnly = GetFileInformationByHandleEx(entry, FileBasicInfo, &basic, sizeof basic) &&
+                            (basic.FileAttributes & FILE_ATTRIBUTE_READONLY) != 0;
+    if (isReadOnly && !evenReadOnly)
+        return FileError(ERROR_ACCESS_DENIED);
     struct {
         DWORD flags;
     } now{deleteFlag | posixSemantics | (evenReadOnly ? ignoreReadOnly : 0U)};
@@ -107,10 +112,8 @@ std::error_code NtFile::Delete(HANDLE entry, bool evenReadOnly) {
     const DWORD number = GetLastError();
     if (number != ERROR_INVALID_PARAMETER && number != ERROR_INVALID_FUNCTION && number != ERROR_NOT_SUPPORTED)
         return FileError(number);
-    FILE_BASIC_INFO basic{};
     bool isUnlocked = false;
-    if (evenReadOnly && GetFileInformationByHandleEx(entry, FileBasicInfo, &basic, sizeof basic) &&
-        (basic.FileAttributes & FILE_ATTRIBUTE_READONLY) != 0) {
+    if (isReadOnly) {
         FILE_BASIC_INFO writable{};
         writable.FileAttributes = (basic.FileAttributes & ~DWORD{FILE_ATTRIBUTE_READONLY}) | FILE_ATTRIBUTE_NORMAL;
         isUnlocked = SetFileInformationByHandle(entry, FileBasicInfo, &writable, sizeof writable) != 0;

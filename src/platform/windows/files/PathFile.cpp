@@ -53,7 +53,7 @@ std::filesystem::path PathFile::FinalPath(HANDLE entry) {
         length = GetFinalPathNameByHandleW(entry, path.data(), static_cast<DWORD>(path.size()), VOLUME_NAME_DOS);
     }
     path.resize(length < path.size() ? length : 0);
-    return path;
+    return WindowsName::Plain(path);
 }
 
 std::error_code modRegularFile::Open(const std::filesystem::path& path, QFile& file) {

@@ -185,7 +185,7 @@ std::vector<FileId> WindowsFolder::Ancestors() const {
     std::filesystem::path path = PathFile::FinalPath(Handle());
     if (path.empty())
         path = Path();
-    for (; path.has_relative_path(); path = path.parent_path()) {
+    for (; path.has_relative_path() && path != path.parent_path(); path = path.parent_path()) {
         const WinHandle above = openPath(path.parent_path(), FILE_READ_ATTRIBUTES);
         if (const std::optional<FileId> id = above.IsOpen() ? idOf(above.Get()) : std::nullopt)
             ids.push_back(*id);

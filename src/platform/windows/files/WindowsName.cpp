@@ -76,6 +76,14 @@ std::wstring WindowsName::Extended(const std::filesystem::path& absolute) {
     return text.starts_with(L"\\\\") ? L"\\\\?\\UNC" + text.substr(1) : L"\\\\?\\" + text;
 }
 
+std::filesystem::path WindowsName::Plain(const std::wstring& extended) {
+    constexpr std::wstring_view share = L"\\\\?\\UNC\\";
+    constexpr std::wstring_view verbatim = L"\\\\?\\";
+    if (extended.starts_with(share))
+        return L"\\\\" + extended.substr(share.size());
+    return isVerbatim(extended) ? extended.substr(verbatim.size()) : extended;
+}
+
 std::string WindowsName::Narrow(const std::wstring& name) {
     constexpr wchar_t lastOfAscii = 0x7e;
     std::string narrow;

@@ -18,6 +18,9 @@ namespace WindowsName {
 /// The form of an absolute path that may have any length ("\\?\").
 [[nodiscard]] std::wstring Extended(const std::filesystem::path& absolute);
 
+/// The absolute path of that form.
+[[nodiscard]] std::filesystem::path Plain(const std::wstring& extended);
+
 /// Names of our own are plain ASCII; "" for any other.
 [[nodiscard]] std::string Narrow(const std::wstring& name);
 
