@@ -3,32 +3,14 @@
 // never throws. What fails is logged and counted and the run goes on; where going on is unsafe it ends with a reason.
 #pragma once
 
-#include "EngineServices.h"
 #include "FileSystem.h"
 #include "FileTypeFilter.h"
 #include "FolderPair.h"
-#include "Interruptions.h"
 #include "RunState.h"
+#include "RunTools.h"
 #include "SyncRules.h"
 
-class ActivityLogs;
 class FoldersAhead;
-class OwnPlaces;
-class Reactions;
-class SafeExit;
-class SyncTexts;
-
-/// What a run works with; everything outlives it.
-struct RunTools {
-    const EngineServices& services;
-    ActivityLogs& logs;
-    Reactions& reactions;
-    SafeExit& safeExit;
-    MonitoringSwitch& monitoring;
-    const OwnPlaces& ownPlaces;
-    const SyncTexts& texts;
-    Interruptions& interruptions;
-};
 
 class SyncRun final : public TransferObserver {
   public:

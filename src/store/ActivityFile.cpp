@@ -3,7 +3,8 @@
 #include "Prompter.h"
 #include "StoreError.h"
 #include "StringTable.h"
-#include "XmlTree.h"
+#include "XmlParser.h"
+#include "XmlText.h"
 #include "clsXML.h"
 #include "modForeignText.h"
 #include "modNativePath.h"
@@ -17,7 +18,7 @@ constexpr int maxOldFiles = 10'000;
 
 /// "" for an invalid name, since such a path could match another activity.
 QString pathOf(const QString& name) {
-    return XmlTree::IsNcName(name) ? QString(items + u'/' + name) : QString();
+    return XmlText::IsNcName(name) ? QString(items + u'/' + name) : QString();
 }
 
 const char* elementOf(ActivityField field) {

@@ -1,8 +1,39 @@
 #include "XmlText.h"
 
 #include <QStringDecoder>
+#include <algorithm>
+#include <array>
 
 namespace {
+
+struct Range {
+    char32_t first;
+    char32_t last;
+};
+
+/// Beyond ASCII, as are all ranges here.
+constexpr std::array startRanges = {
+    Range{0xC0, 0xD6},     Range{0xD8, 0xF6},     Range{0xF8, 0x2FF},    Range{0x370, 0x37D},
+    Range{0x37F, 0x1FFF},  Range{0x200C, 0x200D}, Range{0x2070, 0x218F}, Range{0x2C00, 0x2FEF},
+    Range{0x3001, 0xD7FF}, Range{0xF900, 0xFDCF}, Range{0xFDF0, 0xFFFD}, Range{0x10000, 0xEFFFF},
+};
+constexpr std::array furtherRanges = {
+    Range{0xB7, 0xB7},
+    Range{0x300, 0x36F},
+    Range{0x203F, 0x2040},
+};
+
+bool isIn(const auto& ranges, char32_t character) {
+    return std::any_of(ranges.begin(), ranges.end(),
+                       [character](const Range& r) { return character >= r.first && character <= r.last; });
+}
+
+/// The fast path: nearly every name is ASCII, and each read of a field checks twice.
+bool isAsciiNameUnit(char16_t c, bool isFirst) {
+    const char16_t letter = c | 0x20;
+    return (letter >= 'a' && letter <= 'z' && c < 0x80) || c == '_' ||
+           (!isFirst && ((c >= '0' && c <= '9') || c == '-' || c == '.'));
+}
 
 void gather(const xmlNode* node, QByteArray& utf8) {
     if (node->type == XML_TEXT_NODE || node->type == XML_CDATA_SECTION_NODE) {
@@ -79,4 +110,21 @@ bool XmlText::Set(xmlNode* node, const QString& text) {
     node->children = content.get();
     node->last = content.release();
     return true;
+}
+
+bool XmlText::IsNcName(QStringView name) {
+    for (qsizetype at = 0; at < name.size(); ++at) {
+        char32_t character = name[at].unicode();
+        const bool isFirst = at == 0;
+        if (character < 0x80) {
+            if (!isAsciiNameUnit(name[at].unicode(), isFirst))
+                return false;
+            continue;
+        }
+        if (QChar::isHighSurrogate(character) && at + 1 < name.size() && name[at + 1].isLowSurrogate())
+            character = QChar::surrogateToUcs4(name[at], name[at + 1]), ++at;
+        if (!isIn(startRanges, character) && (isFirst || !isIn(furtherRanges, character)))
+            return false;
+    }
+    return !name.isEmpty();
 }

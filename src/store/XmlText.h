@@ -1,5 +1,5 @@
-// Strings in and out of libxml2's nodes. Text is taken literally: markup in it stays text. Whoever calls owns the
-// nodes; Set returns false for a node that holds no text, and when memory runs out.
+// Strings in and out of libxml2's nodes, and which of them are names. Text is taken literally: markup in it stays text.
+// Whoever calls owns the nodes; Set returns false for a node that holds no text, and when memory runs out.
 #pragma once
 
 #include <QByteArray>
@@ -24,6 +24,9 @@ namespace XmlText {
 [[nodiscard]] inline const xmlChar* ToXml(const QByteArray& utf8) {
     return reinterpret_cast<const xmlChar*>(utf8.constData());
 }
+
+/// Whether this is a name in XML 1.0 (fifth edition), without colon.
+[[nodiscard]] bool IsNcName(QStringView name);
 
 /// Whether XML 1.0 allows this character.
 [[nodiscard]] bool IsXmlCharacter(char32_t character);

@@ -4,7 +4,6 @@
 
 #include <QVarLengthArray>
 #include <algorithm>
-#include <array>
 #include <libxml/xpathInternals.h>
 #include <tuple>
 
@@ -13,35 +12,6 @@ namespace {
 // Names.
 
 constexpr qsizetype maxNameUnits = 1000;
-
-struct Range {
-    char32_t first;
-    char32_t last;
-};
-
-/// Beyond ASCII, as are all ranges here.
-constexpr std::array startRanges = {
-    Range{0xC0, 0xD6},     Range{0xD8, 0xF6},     Range{0xF8, 0x2FF},    Range{0x370, 0x37D},
-    Range{0x37F, 0x1FFF},  Range{0x200C, 0x200D}, Range{0x2070, 0x218F}, Range{0x2C00, 0x2FEF},
-    Range{0x3001, 0xD7FF}, Range{0xF900, 0xFDCF}, Range{0xFDF0, 0xFFFD}, Range{0x10000, 0xEFFFF},
-};
-constexpr std::array furtherRanges = {
-    Range{0xB7, 0xB7},
-    Range{0x300, 0x36F},
-    Range{0x203F, 0x2040},
-};
-
-bool isIn(const auto& ranges, char32_t character) {
-    return std::any_of(ranges.begin(), ranges.end(),
-                       [character](const Range& r) { return character >= r.first && character <= r.last; });
-}
-
-/// The fast path: nearly every name is ASCII, and each read of a field checks twice.
-bool isAsciiNameUnit(char16_t c, bool isFirst) {
-    const char16_t letter = c | 0x20;
-    return (letter >= 'a' && letter <= 'z' && c < 0x80) || c == '_' ||
-           (!isFirst && ((c >= '0' && c <= '9') || c == '-' || c == '.'));
-}
 
 bool isAscii(QStringView text) {
     return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
@@ -89,7 +59,7 @@ bool isPlain(QStringView path) {
     for (qsizetype start = 1; start <= path.size();) {
         const qsizetype slash = path.indexOf(QLatin1Char('/'), start);
         const qsizetype end = slash < 0 ? path.size() : slash;
-        if (!XmlTree::IsNcName(path.mid(start, end - start)))
+        if (!XmlText::IsNcName(path.mid(start, end - start)))
             return false;
         start = end + 1;
     }
@@ -284,25 +254,8 @@ QString XmlTree::NameOf(const xmlNode& node) {
     return isPrefixed ? XmlText::FromXml(node.ns->prefix) + u':' + name : name;
 }
 
-bool XmlTree::IsNcName(QStringView name) {
-    for (qsizetype at = 0; at < name.size(); ++at) {
-        char32_t character = name[at].unicode();
-        const bool isFirst = at == 0;
-        if (character < 0x80) {
-            if (!isAsciiNameUnit(name[at].unicode(), isFirst))
-                return false;
-            continue;
-        }
-        if (QChar::isHighSurrogate(character) && at + 1 < name.size() && name[at + 1].isLowSurrogate())
-            character = QChar::surrogateToUcs4(name[at], name[at + 1]), ++at;
-        if (!isIn(startRanges, character) && (isFirst || !isIn(furtherRanges, character)))
-            return false;
-    }
-    return !name.isEmpty();
-}
-
 bool XmlTree::IsUsableName(const QString& name) const {
-    if (!m_document || name.size() > maxNameUnits || !IsNcName(name))
+    if (!m_document || name.size() > maxNameUnits || !XmlText::IsNcName(name))
         return false;
     if (isAscii(name))
         return true;

@@ -43,8 +43,6 @@ class XmlTree final {
 
     /// The name with its prefix; "#text", "#comment" and "#cdata-section" for nodes without one.
     [[nodiscard]] static QString NameOf(const xmlNode& node);
-    /// Whether this is a name in XML 1.0 (fifth edition), without colon.
-    [[nodiscard]] static bool IsNcName(QStringView name);
     /// Whether an element of this name can be saved in the document's encoding and found again. At most 1,000 UTF-16
     /// units.
     [[nodiscard]] bool IsUsableName(const QString& name) const;

@@ -261,6 +261,20 @@ class TestSyncRun final : public QObject {
         }
     }
 
+    // The link was listed ahead, before the run moved what it leads to.
+    void aLinkWhoseFileHasMovedIsNoFailure() {
+        for (int round = 0; round < 20; ++round) {
+            ProgramFixture fixture;
+            fixture.Add(A, u"action=1"_qs);
+            for (const auto& file : {u"src/a/file"_qs, u"dst/a/old"_qs, u"dst/b/old"_qs})
+                fixture.Write(file, "1");
+            fixture.Folder(u"src/b"_qs);
+            fs::create_symlink("../a/file", fixture.Native() / "src/b/link");
+            QVERIFY(fixture.Start().RunNow(A).Succeeded());
+            QCOMPARE(fixture.Read(u"dst/a/file"_qs), QByteArray("1"));
+        }
+    }
+
     // A run that was stopped had taken a new folder as a whole; the next one does not take half of it by the filter,
     // and what has changed since goes by the rules.
     void aStoppedFolderIsFinishedWhole() {

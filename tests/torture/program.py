@@ -8,7 +8,7 @@ from pathlib import Path
 from typing import NamedTuple
 
 PATIENCE = 120  # seconds; a run that takes longer hangs
-COMPLAINT = re.compile(r"fail|error|not found|changed|cannot|ended|stopped|held|nothing was started", re.IGNORECASE)
+COMPLAINT = re.compile(r"fail|error|not found|changed|cannot|ended|stopped|held|nothing was (started|run)", re.IGNORECASE)
 
 # Calls that may fail, and how. What names no file (memory, clocks, waiting) is left alone.
 DISK_ERRORS = ["EIO", "ENOSPC", "EACCES", "EINTR", "EMFILE", "EDQUOT", "ESTALE", "EPERM", "EROFS", "ENOMEM"]

@@ -127,16 +127,12 @@ void TransferBatch::removeSources(TransferObserver& observer) {
         m_task.Start([this] { m_failedRemovals = m_removals.Sync(); });
 }
 
-/// A source that comes back in a power cut must find its mark, or no later run would remove it.
+/// Only now: a source that comes back in a power cut must find its mark, or no later run would remove it.
 void TransferBatch::finishRemovals(TransferObserver& observer) {
     for (const PlacedNames::Failure& failure : m_failedRemovals)
         observer.Failed(failure.folder, failure.error);
-    for (WorkMark& mark : m_marks) {
-        if (m_failedRemovals.empty())
-            std::ignore = mark.Remove(); // the next run finds it where it looks anyway
-        else
-            mark.Abandon();
-    }
+    for (WorkMark& mark : m_marks)
+        std::ignore = mark.Remove(); // the next run finds it where it looks anyway
 }
 
 void TransferBatch::finishFolders(TransferObserver& observer) {
