@@ -77,10 +77,4 @@ class Folder {
 
     /// The work that RemoveLeftovers told of is finished.
     virtual void ForgetUnfinished() = 0;
-
-    /// The descriptor that the transfers of its file system work with; -1: none of them can transfer from or to it.
-    [[nodiscard]] virtual int Descriptor() const { return -1; }
-
-    /// True when new entries inherit rights from the folder instead of getting the mode that they were created with.
-    [[nodiscard]] virtual bool PassesOnRights() const { return false; }
 };

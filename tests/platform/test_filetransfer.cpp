@@ -16,89 +16,6 @@ class TestFileTransfer final : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
-    void copiesContentAndAttributes_data() { FileWorld::AddWays(); }
-    void copiesContentAndAttributes() {
-        QFETCH(FileWorld::Way, way);
-        for (const auto& [size, mode] : {std::pair(0U, 0644U), {9'000'001U, 0440U}, {70'000U, 0000U}, {1U, 06755U}}) {
-            if (mode == 0 && ::geteuid() != 0)
-                continue; // only an administrator reads such a file
-            FileWorld world(way.otherDevice);
-            std::string text(size, ' ');
-            std::generate(text.begin(), text.end(),
-                          [n = 0U]() mutable { return static_cast<char>((n++ * 2654435761U) >> 24U); });
-            const fs::path name = "n\xe4me with \\ and \n";
-            FileWorld::Write(world.source / name, text);
-            FileWorld::SetAttribute(world.source / name, "user.colour", "blue");
-            ::chmod((world.source / name).c_str(), mode);
-            FileWorld::SetTime(world.source / name, 1'234'567'890);
-            const struct stat before = FileWorld::StatusOf(world.source / name);
-            const fs::file_time_type time = fs::last_write_time(world.source / name);
-            world.Transfer(way.move, name);
-            QVERIFY(world.observer.failures.empty());
-            QVERIFY(FileWorld::Tree(world.destination) == (FileWorld::Entries{{name.native(), text}}));
-            QCOMPARE(fs::exists(world.source / name), !way.move);
-            const struct stat after = FileWorld::StatusOf(world.destination / name);
-            QCOMPARE(after.st_mode, before.st_mode);
-            QVERIFY(fs::last_write_time(world.destination / name) == time);
-            QVERIFY(FileWorld::Attribute(world.destination / name, "user.colour") == "blue" || way.otherDevice);
-        }
-    }
-
-    void copiesOwnerAndRights_data() {
-        // asNobody: who owns the source then, but is not in its group 2001
-        // list: what the source's access list gives its group; -1: it has none
-        const Table<bool, int, int, QByteArray, int, int> row;
-        row("root", false, 06755, -1, QByteArray(), 06755, -1);
-        row("root, group of the folder", false, 0640, -1, "group", 0640, -1);
-        row("root, list of the folder", false, 0640, -1, "list", 0640, -1);
-        row("root, two lists", false, 0674, 7, "list", 0674, 7);
-        // Another group must not read what this one could.
-        row("own group", true, 0640, -1, QByteArray(), 0600, -1);
-        row("group of the folder", true, 0640, -1, "group", 0600, -1);
-        row("list of the folder", true, 0664, -1, "list", 0644, -1);
-        row("programs", true, 06775, -1, "group", 04755, -1);
-        row("list of the source", true, 0674, 7, "group", 0674, 4);
-    }
-    void copiesOwnerAndRights() {
-        const auto [asNobody, mode, list, folder, modeAfter, listAfter] =
-            Table<bool, int, int, QByteArray, int, int>::Current();
-        if (::geteuid() != 0)
-            QSKIP("needs to change the user");
-        const uid_t owner = asNobody ? 65534 : 1001;
-        const std::string given = list < 0 ? std::string() : FileWorld::AccessList(static_cast<char>(list));
-        FileWorld world;
-        FileWorld::Write(world.source / "file", newText);
-        fs::create_directory(world.source / "tree");
-        for (const fs::path& path : {world.source / "file", world.source / "tree"}) {
-            QCOMPARE(::chown(path.c_str(), owner, 2001), 0);
-            QCOMPARE(::chmod(path.c_str(), static_cast<mode_t>(mode)), 0);
-            if (list >= 0 && !FileWorld::SetAttribute(path, FileWorld::OwnList, given))
-                QSKIP("the file system has no access lists");
-        }
-        QCOMPARE(::chown(world.destination.c_str(), 0, 3001), 0);
-        QCOMPARE(::chmod(world.destination.c_str(), folder == "group" ? 02777 : 0777), 0);
-        fs::permissions(world.source.parent_path(), fs::perms(0755));
-        if (folder == "list" &&
-            !FileWorld::SetAttribute(world.destination, FileWorld::DefaultList, FileWorld::AccessList(7)))
-            QSKIP("the file system has no access lists");
-        const auto copies = [&] {
-            ::umask(0);
-            world.Transfer(false, "file");
-            world.TransferTree(false);
-            return world.observer.failures.empty() ? 0 : 1;
-        };
-        QCOMPARE(FileWorld::InChild(copies, asNobody), 0);
-        for (const fs::path& path : {world.destination / "file", world.destination / "tree"}) {
-            const struct stat status = FileWorld::StatusOf(path);
-            QCOMPARE(status.st_uid, owner);
-            QCOMPARE(status.st_gid, gid_t{!asNobody ? 2001U : folder == "group" ? 3001U : 65534U});
-            QCOMPARE(static_cast<int>(status.st_mode & 07777U), modeAfter);
-            QVERIFY(FileWorld::Attribute(path, FileWorld::OwnList) ==
-                    (listAfter < 0 ? std::string() : FileWorld::AccessList(static_cast<char>(listAfter))));
-            QVERIFY(FileWorld::Attribute(path, FileWorld::DefaultList).empty());
-        }
-    }
-
     void theLastOfOneNameWins() {
         for (const bool move : {false, true}) {
             FileWorld world;
@@ -167,10 +84,10 @@ class TestFileTransfer final : public QObject {
         const fs::path place = world.destination / "name";
         FileWorld::Write(world.source / "name", newText);
         FileWorld::Make(place, way.kind);
-        const struct stat before = FileWorld::StatusOf(place);
+        const FileId before = FileWorld::IdOf(*world.to, "name");
         world.Transfer(way.move, "name");
         if (way.kind == "file" || way.kind == "link") {
-            QVERIFY(world.observer.failures.empty() && S_ISREG(FileWorld::StatusOf(place).st_mode));
+            QVERIFY(world.observer.failures.empty() && fs::is_regular_file(fs::symlink_status(place)));
             QCOMPARE(FileWorld::Read(place), newText);
             QCOMPARE(fs::exists(world.source / "name"), !way.move);
             QVERIFY(way.kind == "file" ||
@@ -178,31 +95,11 @@ class TestFileTransfer final : public QObject {
         } else {
             QVERIFY(world.observer.failures["name"] ==
                     (way.kind == "folder" ? std::errc::is_a_directory : std::errc::file_exists));
-            QCOMPARE(FileWorld::StatusOf(place).st_ino, before.st_ino);
+            QVERIFY(FileWorld::IdOf(*world.to, "name") == before);
             QCOMPARE(FileWorld::Read(world.source / "name"), newText);
         }
         const auto entries = std::distance(fs::directory_iterator(world.destination), fs::directory_iterator());
         QCOMPARE(entries, std::ptrdiff_t{way.kind == "link" ? 2 : 1}); // no temporary is left
-    }
-
-    void leavesASingleFileAlone() {
-        for (const bool symbolic : {false, true})
-            for (const bool move : {false, true}) {
-                FileWorld world;
-                FileWorld::Write(world.destination / "file", oldText);
-                if (symbolic)
-                    fs::create_symlink(world.destination / "file", world.source / "file");
-                else
-                    fs::create_hard_link(world.destination / "file", world.source / "file");
-                const ino_t inode = FileWorld::StatusOf(world.destination / "file").st_ino;
-                TransferFile onItself = world.File("file");
-                onItself.source = onItself.destination;
-                world.Transfer(move, {world.File("file"), onItself});
-                QVERIFY(world.observer.failures.empty());
-                QVERIFY(fs::exists(world.source / "file"));
-                QCOMPARE(FileWorld::StatusOf(world.destination / "file").st_ino, inode);
-                QCOMPARE(FileWorld::Read(world.destination / "file"), oldText);
-            }
     }
 
     void discardsAnUnfinishedCopy_data() {
@@ -259,25 +156,6 @@ class TestFileTransfer final : public QObject {
         QVERIFY(FileWorld::Tree(world.source) == before);
     }
 
-    void movesALinkAsItsFile() {
-        for (const bool otherDevice : {false, true})
-            for (const bool withTarget : {false, true}) {
-                FileWorld world(otherDevice);
-                FileWorld::Make(world.source / "link", "link");
-                std::vector<TransferFile> files{world.File("link")};
-                if (withTarget)
-                    files.push_back(world.File("target"));
-                world.Transfer(true, files);
-                QVERIFY(world.observer.failures.empty());
-                QVERIFY(S_ISREG(FileWorld::StatusOf(world.destination / "link").st_mode));
-                QCOMPARE(FileWorld::Read(world.destination / "link"), oldText);
-                QCOMPARE(FileWorld::StatusOf(world.destination / "link").st_mtim.tv_sec, time_t{1'000'000'000});
-                QVERIFY(!fs::is_symlink(world.source / "link"));
-                QCOMPARE(fs::exists(world.source / "target"), !withTarget); // else the file it led to stays
-                QCOMPARE(FileWorld::Read((withTarget ? world.destination : world.source) / "target"), oldText);
-            }
-    }
-
     void keepsASourceChangedAfterItsCopy() {
         FileWorld world(true);
         for (const char* name : {"changed", "rewritten", "still", "locked", "hard"})
@@ -288,7 +166,8 @@ class TestFileTransfer final : public QObject {
             QVERIFY(transfer->Move(world.File(name)));
         FileWorld::Write(world.source / "changed", newText, 1'500'000'000);
         FileWorld::Write(world.source / "rewritten", std::string(oldText.size(), 'r')); // with its old time
-        fs::permissions(world.source / "locked", fs::perms::owner_read);
+        if (FileWorld::CanMake("locked"))
+            fs::permissions(world.source / "locked", fs::perms::owner_read);
         transfer->Commit();
         QVERIFY(FileWorld::Tree(world.source) ==
                 (FileWorld::Entries{{"changed", newText}, {"rewritten", std::string(oldText.size(), 'r')}}));
@@ -299,25 +178,12 @@ class TestFileTransfer final : public QObject {
             QCOMPARE(FileWorld::Read(world.destination / name), oldText);
     }
 
-    void keepsHoles() {
-        for (const bool otherDevice : {false, true}) {
-            FileWorld world(otherDevice);
-            const fs::path file = world.source / "sparse";
-            FileWorld::Write(file, "begin");
-            fs::resize_file(file, 50'000'000); // the end is a hole as well
-            std::fstream(file, std::ios::in | std::ios::out).seekp(20'000'000) << "middle";
-            world.Transfer(false, "sparse");
-            QVERIFY(world.observer.failures.empty());
-            QVERIFY(FileWorld::Read(world.destination / "sparse") == FileWorld::Read(file));
-            QVERIFY(FileWorld::StatusOf(world.destination / "sparse").st_blocks < 2'000);
-        }
-    }
-
     void refusesNamesThatLeadElsewhere() {
         FileWorld world;
         FileWorld::Write(world.source.parent_path() / "outside", "kept");
         FileWorld::Write(world.source / "sub/deeper/file", "");
-        fs::create_symlink("sub", world.source / "link");
+        if (FileWorld::CanMake("folder link"))
+            fs::create_directory_symlink("sub", world.source / "link");
         const auto before = FileWorld::Tree(world.source.parent_path());
         std::error_code error;
         for (const fs::path name : {"../outside", "..", ".", "", "sub/../../outside", "sub/deeper"}) {
@@ -335,10 +201,7 @@ class TestFileTransfer final : public QObject {
         FileWorld world;
         const ProcessMark own = ProcessMark::OfThisProcess();
         ProcessMark dead = own;
-        dead.process = ::fork();
-        if (dead.process == 0)
-            ::_exit(0);
-        ::waitpid(dead.process, nullptr, 0);
+        dead.process = FileWorld::DeadProcess();
         ProcessMark reused = own;
         ++reused.startTicks;
         ProcessMark rebooted = own;

@@ -1,4 +1,5 @@
 #include "FileWorld.h"
+#include "LinuxFolder.h"
 #include "SystemCall.h"
 #include "SystemCallFault.h"
 #include "Table.h"
@@ -321,7 +322,7 @@ class TestTransferFaults final : public QObject {
             const FileWorld::Entries files = FileWorld::Tree(world.source);
             const pid_t syncer = ::fork();
             while (syncer == 0)
-                ::syncfs(world.to->Descriptor());
+                ::syncfs(DescriptorOf(*world.to));
             const int result = FileWorld::InChild([&world] {
                 const struct rlimit limit { smallBatches, smallBatches };
                 ::setrlimit(RLIMIT_NOFILE, &limit);

@@ -4,6 +4,7 @@
 #include <memory>
 #include <system_error>
 #include <windows.h>
+
 #undef DeleteFile // also an operation of Folder
 
 struct HandleCloser {

@@ -46,7 +46,9 @@ PlatformServices MakePlatformServices() {
     services.nameService = std::make_unique<CachedNameService>(MakeNameService());
     services.desktopMail = MakeDesktopMailClient();
     services.autostart = MakeAutostart();
-    services.places = {programFolder(), below(UserFolders::OfTheUser())};
+    services.places.programFolder = programFolder();
+    services.places.dataFolder = services.places.programFolder;
+    services.places.userDataFolder = below(UserFolders::OfTheUser());
     const auto windows = textOf([](wchar_t* text, DWORD size) { return GetSystemWindowsDirectoryW(text, size); });
     const auto system = textOf([](wchar_t* text, DWORD size) { return GetSystemDirectoryW(text, size); });
     services.systemDirectories = {windows, system, windows.root_path()};

@@ -48,5 +48,7 @@ MakeAutostart(std::wstring path = L"Software\\Microsoft\\Windows\\CurrentVersion
 /// Outlook, through its automation objects.
 [[nodiscard]] std::unique_ptr<DesktopMailClient> MakeDesktopMailClient();
 
+/// Folders by their handles, entries opened relative to them.
 [[nodiscard]] std::unique_ptr<FileSystem> MakeFileSystem();
+
 [[nodiscard]] std::unique_ptr<OwnFiles> MakeOwnFiles();

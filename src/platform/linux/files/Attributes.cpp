@@ -1,4 +1,5 @@
 #include "Attributes.h"
+#include "LinuxFolder.h"
 #include "SystemCall.h"
 
 #include <array>
@@ -231,7 +232,7 @@ std::error_code Attributes::CopyToFile(int source, const struct stat& status, co
               .user = m_user,
               .group = m_group,
               .hasMode = hasMode,
-              .mayInherit = copy.Parent()->PassesOnRights()};
+              .mayInherit = PassesOnRights(*copy.Parent())};
     if (m_folder.lock() != copy.Parent()) {
         if (const std::error_code error = askOwner(made))
             return error;
@@ -243,12 +244,12 @@ std::error_code Attributes::CopyToFile(int source, const struct stat& status, co
     return error ? error : copyTimes(status, made.file);
 }
 
-std::error_code Attributes::CopyToFolder(int source, const struct stat& status, int copy) {
-    Made made{.file = copy};
+std::error_code Attributes::CopyToFolder(const Folder& source, const EntryStatus& status, const Folder& copy) {
+    Made made{.file = DescriptorOf(copy)};
     std::error_code error = askOwner(made);
     if (!error)
-        error = copyRights(source, status, made);
-    return error ? error : copyTimes(status, copy);
+        error = copyRights(DescriptorOf(source), status, made);
+    return error ? error : copyTimes(status, made.file);
 }
 
 std::error_code Attributes::CopyToReplacement(int source, const struct stat& status, int copy) {

@@ -18,7 +18,8 @@ class Attributes final {
                                              bool hasMode);
 
     /// The same for a folder; call it when all of its entries are in place.
-    [[nodiscard]] static std::error_code CopyToFolder(int source, const struct stat& status, int copy);
+    [[nodiscard]] static std::error_code CopyToFolder(const Folder& source, const EntryStatus& status,
+                                                      const Folder& copy);
 
     /// Copies all but the times, for a file that will replace `source`.
     [[nodiscard]] static std::error_code CopyToReplacement(int source, const struct stat& status, int copy);

@@ -1,4 +1,5 @@
 #include "DiskSync.h"
+#include "LinuxFolder.h"
 #include "SystemCall.h"
 
 #include <algorithm>
@@ -69,7 +70,7 @@ std::error_code syncOneMoreChange(int file) {
 }
 
 std::error_code syncFolder(const Folder& folder) {
-    return resultOf(::fsync(folder.Descriptor()));
+    return resultOf(::fsync(DescriptorOf(folder)));
 }
 
 } // namespace
@@ -77,7 +78,7 @@ std::error_code syncFolder(const Folder& folder) {
 void SyncPoints::Open(const Folder& folder) {
     const auto [place, isNew] = m_folders.try_emplace(folder.Id().device);
     if (isNew)
-        place->second = FileDescriptor(::openat(folder.Descriptor(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        place->second = FileDescriptor(::openat(DescriptorOf(folder), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
 }
 
 int SyncPoints::On(std::uint64_t device) const {
@@ -136,7 +137,7 @@ void DiskSync::SyncNames(std::vector<StagedFile>& files, std::vector<StagedFolde
 /// placed file brings its name along or fails.
 void DiskSync::syncNames(std::uint64_t device, const Names& names, int point) {
     const int witness =
-        names.files.empty() ? names.folders.back()->destination->Descriptor() : names.files.back()->copy.Descriptor();
+        names.files.empty() ? DescriptorOf(*names.folders.back()->destination) : names.files.back()->copy.Descriptor();
     if (names.files.size() + names.folders.size() > fewFiles && !m_failed.contains(device) &&
         syncTogether(device, point, [witness] { return syncOneMoreChange(witness); }))
         return;
@@ -171,8 +172,8 @@ std::error_code SyncFolders(const std::vector<std::shared_ptr<Folder>>& folders)
 
 /// On btrfs, the sync of one folder makes the new name of a moved file durable, but not that it has lost the old one.
 std::error_code SyncNewNames(const Folder& folder, NamesOf which) {
-    const SyncOfAll kind = syncOfAll(folder.Descriptor());
+    const SyncOfAll kind = syncOfAll(DescriptorOf(folder));
     const bool isWhole = kind == SyncOfAll::Writes || (which == NamesOf::FileSystem && kind == SyncOfAll::Reports);
-    return isWhole && ::syncfs(folder.Descriptor()) != 0 && errno != ENOSYS ? LastError()
-                                                                            : syncOneMoreChange(folder.Descriptor());
+    return isWhole && ::syncfs(DescriptorOf(folder)) != 0 && errno != ENOSYS ? LastError()
+                                                                             : syncOneMoreChange(DescriptorOf(folder));
 }

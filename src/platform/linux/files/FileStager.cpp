@@ -167,10 +167,10 @@ std::error_code ByteCopier::copySegments(const Job& job, Methods& methods) {
 std::error_code FileStager::Stage(const FileJob& job, StagedFile& staged) {
     // Before it is followed: a link that is exchanged later leads to something else.
     if (job.facts.isLink &&
-        ::fstatat(job.source->Descriptor(), job.name.c_str(), &staged.sourceEntry, AT_SYMLINK_NOFOLLOW) != 0)
+        ::fstatat(DescriptorOf(*job.source), job.name.c_str(), &staged.sourceEntry, AT_SYMLINK_NOFOLLOW) != 0)
         return LastError();
     const int followLink = job.facts.isLink ? 0 : O_NOFOLLOW;
-    const FileDescriptor source(::openat(job.source->Descriptor(), job.name.c_str(),
+    const FileDescriptor source(::openat(DescriptorOf(*job.source), job.name.c_str(),
                                          O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC | followLink));
     struct stat before {};
     if (!source.IsOpen() || ::fstat(source.Get(), &before) != 0)

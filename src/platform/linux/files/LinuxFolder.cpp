@@ -101,19 +101,6 @@ std::error_code readEntryFacts(int folder, const char* name, std::uint64_t devic
 
 } // namespace
 
-std::filesystem::path FolderPlace::Whole() const {
-    std::vector<const FolderPlace*> up;
-    for (const FolderPlace* place = this; place != nullptr; place = place->m_parent.get())
-        up.push_back(place);
-    std::string whole;
-    for (; !up.empty(); up.pop_back()) {
-        if (!whole.empty() && whole.back() != '/')
-            whole += '/';
-        whole += up.back()->m_name.native();
-    }
-    return whole;
-}
-
 std::shared_ptr<LinuxFolder> LinuxFolder::Open(int at, const char* name, std::shared_ptr<const FolderPlace> place,
                                                bool followLink, std::error_code& error) {
     error.clear();
@@ -314,6 +301,16 @@ bool LinuxFolder::isLeftover(const std::string& name) const {
     // time counts, because the modification time may already be the source's.
     const bool isOld = std::time(nullptr) - status.st_ctim.tv_sec > oneDay;
     return state == ProcessState::Gone || (state == ProcessState::OnAnotherMachine && isOld);
+}
+
+int DescriptorOf(const Folder& folder) {
+    const auto* const own = dynamic_cast<const LinuxFolder*>(&folder);
+    return own != nullptr ? own->Descriptor() : -1;
+}
+
+bool PassesOnRights(const Folder& folder) {
+    const auto* const own = dynamic_cast<const LinuxFolder*>(&folder);
+    return own != nullptr && own->PassesOnRights();
 }
 
 bool IsUnchanged(const FileFacts& facts, const struct stat& status) {

@@ -3,25 +3,11 @@
 #pragma once
 
 #include "Folder.h"
+#include "FolderPlace.h"
 #include "LinuxDrive.h"
 #include "SystemCall.h"
 
 #include <string>
-
-/// The path of a folder, link by link: in a deep tree, a whole path at every level would take memory with the square of
-/// the depth.
-class FolderPlace final {
-  public:
-    explicit FolderPlace(std::filesystem::path path) : m_name(std::move(path)) {}
-    FolderPlace(std::shared_ptr<const FolderPlace> parent, std::filesystem::path name)
-        : m_parent(std::move(parent)), m_name(std::move(name)) {}
-
-    [[nodiscard]] std::filesystem::path Whole() const;
-
-  private:
-    std::shared_ptr<const FolderPlace> m_parent;
-    std::filesystem::path m_name;
-};
 
 class LinuxFolder final : public Folder {
   public:
@@ -44,10 +30,11 @@ class LinuxFolder final : public Folder {
     UnfinishedWork RemoveLeftovers() override;
     void FindLeftovers() override;
     void ForgetUnfinished() override;
-    int Descriptor() const override { return m_descriptor.Get(); }
+    [[nodiscard]] int Descriptor() const { return m_descriptor.Get(); }
 
-    /// True when the folder has a default access list.
-    bool PassesOnRights() const override;
+    /// True when the folder has a default access list: new entries inherit rights from it instead of getting the mode
+    /// that they were created with.
+    [[nodiscard]] bool PassesOnRights() const;
 
     /// True for one component that is neither "." nor "..".
     [[nodiscard]] static bool IsPlainName(const std::filesystem::path& name);
@@ -65,6 +52,12 @@ class LinuxFolder final : public Folder {
     std::vector<std::string> m_marks;                              ///< of processes that have gone
     mutable std::optional<bool> m_passesOnRights;
 };
+
+/// -1 for a folder of another kind: nothing can be transferred from or to it.
+[[nodiscard]] int DescriptorOf(const Folder& folder);
+
+/// LinuxFolder::PassesOnRights; false for a folder of another kind.
+[[nodiscard]] bool PassesOnRights(const Folder& folder);
 
 /// True when `status` is a regular file with the identity, size and modification time of `facts`.
 [[nodiscard]] bool IsUnchanged(const FileFacts& facts, const struct stat& status);

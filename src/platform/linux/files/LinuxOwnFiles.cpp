@@ -2,6 +2,7 @@
 #include "AtomicFile.h"
 #include "DiskSync.h"
 #include "SystemCall.h"
+#include "SystemFiles.h"
 
 #include <QString>
 #include <algorithm>
@@ -21,7 +22,7 @@ std::error_code renameToFreeName(const fs::path& file, const fs::path& target) {
     const auto from = AtomicFile::OpenFolderOf(file, error);
     const auto to = from ? AtomicFile::OpenFolderOf(target, error) : nullptr;
     if (to)
-        error = RenameToFreeName(*from, file.filename().c_str(), *to, target.filename());
+        error = SystemFiles::RenameToFreeName(*from, file.filename(), *to, target.filename());
     return error ? error : SyncFolders({to, from});
 }
 

@@ -36,17 +36,17 @@ bool haveSameBytes(int first, int second, TransferObserver& observer) {
 
 FileDescriptor openFile(const Folder& folder, const std::filesystem::path& name, int flags) {
     return FileDescriptor(
-        ::openat(folder.Descriptor(), name.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC | flags));
+        ::openat(DescriptorOf(folder), name.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC | flags));
 }
 
 /// The present entry is the one that was opened as `file`, with the same bytes.
 bool isStill(const Folder& folder, const std::filesystem::path& name, const struct stat& file) {
     struct stat now {};
-    return ::fstatat(folder.Descriptor(), name.c_str(), &now, 0) == 0 && IsSameContent(file, now);
+    return ::fstatat(DescriptorOf(folder), name.c_str(), &now, 0) == 0 && IsSameContent(file, now);
 }
 
 std::error_code removeEntry(const FileJob& job) {
-    return ::unlinkat(job.source->Descriptor(), job.name.c_str(), 0) == 0 ? std::error_code() : LastError();
+    return ::unlinkat(DescriptorOf(*job.source), job.name.c_str(), 0) == 0 ? std::error_code() : LastError();
 }
 
 /// After a change of owner, rights or links alone, the bytes are still those of the copy.
@@ -60,7 +60,7 @@ bool hasBytesOfCopy(const StagedFile& file, const struct stat& entry, TransferOb
 
 std::error_code RemoveSource(const StagedFile& file, TransferObserver& observer) {
     struct stat entry {};
-    if (::fstatat(file.job.source->Descriptor(), file.job.name.c_str(), &entry, AT_SYMLINK_NOFOLLOW) != 0)
+    if (::fstatat(DescriptorOf(*file.job.source), file.job.name.c_str(), &entry, AT_SYMLINK_NOFOLLOW) != 0)
         return LastError();
     // A link leaves nothing behind that only it holds: the file that it leads to stays.
     const bool isSame =
@@ -79,7 +79,7 @@ bool RemoveSourceOfEqualFile(const FileJob& job, TransferObserver& observer) {
         (from.st_dev == to.st_dev && from.st_ino == to.st_ino))
         return false;
     if (!haveSameBytes(source.Get(), copy.Get(), observer) || (::fsync(copy.Get()) != 0 && errno != EINVAL) ||
-        (::fsync(job.destination->Descriptor()) != 0 && errno != EINVAL))
+        (::fsync(DescriptorOf(*job.destination)) != 0 && errno != EINVAL))
         return false;
     return isStill(*job.source, job.name, from) && isStill(*job.destination, job.name, to) && !removeEntry(job);
 }

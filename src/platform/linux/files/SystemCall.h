@@ -10,6 +10,9 @@
 #include <unistd.h>
 #include <utility>
 
+/// What the system says of one entry.
+using EntryStatus = struct stat;
+
 [[nodiscard]] inline std::error_code ErrorOf(int number) {
     return {number, std::generic_category()};
 }

@@ -1,4 +1,5 @@
 #include "TemporaryFile.h"
+#include "LinuxFolder.h"
 
 #include <fcntl.h>
 
@@ -22,7 +23,7 @@ TemporaryFile& TemporaryFile::operator=(TemporaryFile&& other) noexcept {
 
 void TemporaryFile::Discard() {
     if (!m_name.empty())
-        ::unlinkat(m_folder->Descriptor(), m_name.c_str(), 0);
+        ::unlinkat(DescriptorOf(*m_folder), m_name.c_str(), 0);
     m_name.clear();
     m_file.Close();
     m_folder.reset();

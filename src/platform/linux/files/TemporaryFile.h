@@ -29,6 +29,8 @@ class TemporaryFile final {
     /// The file has its final name now and is no longer owned. The descriptor stays open for the sync of the name.
     void SetPlaced() { m_name.clear(); }
 
+    void CloseFile() { m_file.Close(); }
+
   private:
     std::shared_ptr<Folder> m_folder;
     FileDescriptor m_file;

@@ -1,5 +1,7 @@
 #include "TemporaryFiles.h"
+#include "LinuxFolder.h"
 #include "SystemCall.h"
+#include "SystemFiles.h"
 
 #include <array>
 #include <charconv>
@@ -37,7 +39,7 @@ bool meansNoRoom(const std::error_code& error) {
 }
 
 FileDescriptor openUnnamed(const Folder& folder, std::uint32_t mode) {
-    return FileDescriptor(::openat(folder.Descriptor(), ".", O_TMPFILE | O_RDWR | O_CLOEXEC, mode));
+    return FileDescriptor(::openat(DescriptorOf(folder), ".", O_TMPFILE | O_RDWR | O_CLOEXEC, mode));
 }
 
 } // namespace
@@ -60,7 +62,7 @@ std::error_code TemporaryFiles::Create(const std::shared_ptr<Folder>& folder, st
 
 bool TemporaryFiles::mayCreateWith(std::uint32_t mode, const Folder& folder) const {
     const bool isPlain = (mode & ~0777U) == 0 && (mode & ownerMayWrite) == ownerMayWrite;
-    return isPlain && (mode & m_creationMask) == 0 && !folder.PassesOnRights();
+    return isPlain && (mode & m_creationMask) == 0 && !PassesOnRights(folder);
 }
 
 /// Tries it once for each file system, including the link: a file that can never be named is of no use.
@@ -80,7 +82,7 @@ std::error_code TemporaryFiles::supportsUnnamed(const Folder& folder, bool& supp
         const std::string name = MakeTemporaryName(m_process);
         const std::error_code error = link(probe.Get(), folder, name.c_str());
         if (!error)
-            ::unlinkat(folder.Descriptor(), name.c_str(), 0);
+            ::unlinkat(DescriptorOf(folder), name.c_str(), 0);
         else if (meansNoRoom(error))
             return error;
         supported = !error;
@@ -92,7 +94,7 @@ std::error_code TemporaryFiles::supportsUnnamed(const Folder& folder, bool& supp
 std::error_code TemporaryFiles::createNamed(const std::shared_ptr<Folder>& folder, TemporaryFile& file) const {
     for (int attempt = 0; attempt < nameAttempts; ++attempt) {
         std::string name = MakeTemporaryName(m_process);
-        FileDescriptor descriptor(::openat(folder->Descriptor(), name.c_str(),
+        FileDescriptor descriptor(::openat(DescriptorOf(*folder), name.c_str(),
                                            O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, ownerMayWrite));
         if (descriptor.IsOpen()) {
             file = TemporaryFile(folder, std::move(descriptor), std::move(name), false);
@@ -106,39 +108,24 @@ std::error_code TemporaryFiles::createNamed(const std::shared_ptr<Folder>& folde
 
 std::error_code TemporaryFiles::link(int file, const Folder& folder, const char* name) {
     if (m_linksByDescriptor) {
-        if (::linkat(file, "", folder.Descriptor(), name, AT_EMPTY_PATH) == 0)
+        if (::linkat(file, "", DescriptorOf(folder), name, AT_EMPTY_PATH) == 0)
             return {};
         if (errno != ENOENT && errno != EINVAL)
             return LastError();
         m_linksByDescriptor = false; // needs a privilege or a newer kernel
     }
     const std::string path = "/proc/self/fd/" + std::to_string(file);
-    return ::linkat(AT_FDCWD, path.c_str(), folder.Descriptor(), name, AT_SYMLINK_FOLLOW) == 0 ? std::error_code()
-                                                                                               : LastError();
+    return ::linkat(AT_FDCWD, path.c_str(), DescriptorOf(folder), name, AT_SYMLINK_FOLLOW) == 0 ? std::error_code()
+                                                                                                : LastError();
 }
 
 std::error_code TemporaryFiles::PlaceAtFreeName(TemporaryFile& file, const std::filesystem::path& name) {
     const Folder& folder = *file.Parent();
-    const std::error_code error = file.Name().empty() ? link(file.Descriptor(), folder, name.c_str())
-                                                      : RenameToFreeName(folder, file.Name().c_str(), folder, name);
+    const std::error_code error = file.Name().empty()
+                                      ? link(file.Descriptor(), folder, name.c_str())
+                                      : SystemFiles::RenameToFreeName(folder, file.Name(), folder, name);
     if (!error)
         file.SetPlaced();
-    return error;
-}
-
-std::error_code TemporaryFiles::Place(TemporaryFile& file, const FileJob& job, bool& placed) {
-    std::error_code error = PlaceAtFreeName(file, job.name);
-    placed = !error;
-    if (error == ErrorOf(EEXIST)) {
-        DestinationState state{};
-        error = CheckDestination(job, state);
-        if (!error && state != DestinationState::IsSource) {
-            error = Replace(file, job.name);
-            placed = !error;
-        }
-    }
-    if (!placed)
-        file.Discard();
     return error;
 }
 
@@ -151,9 +138,9 @@ std::error_code TemporaryFiles::Replace(TemporaryFile& file, const std::filesyst
         if (const std::error_code error = link(file.Descriptor(), folder, oldName.c_str()))
             return error;
     }
-    if (::renameat(folder.Descriptor(), oldName.c_str(), folder.Descriptor(), name.c_str()) != 0) {
+    if (::renameat(DescriptorOf(folder), oldName.c_str(), DescriptorOf(folder), name.c_str()) != 0) {
         const std::error_code error = LastError();
-        ::unlinkat(folder.Descriptor(), oldName.c_str(), 0);
+        ::unlinkat(DescriptorOf(folder), oldName.c_str(), 0);
         return error;
     }
     file.SetPlaced();

@@ -1,18 +1,10 @@
 #include "TreeTransfer.h"
-#include "LinuxFolder.h"
 #include "SourceRemoval.h"
-#include "SystemCall.h"
+#include "SystemFiles.h"
 
 #include <algorithm>
-#include <fcntl.h>
 #include <tuple>
-
-namespace {
-
-constexpr mode_t ownerMayFill = 0700;
-constexpr mode_t groupBits = 0070;
-
-} // namespace
+#include <utility>
 
 TreeTransfer::TreeTransfer(TransferObserver& observer, CommitQueue& queue,
                            std::function<void(const FileJob&)> transferFile, const std::set<FileId>& excluded,
@@ -43,8 +35,8 @@ std::error_code TreeTransfer::enter(const std::shared_ptr<Folder>& source, const
         return listing;
     // Links first: in a move, what they lead to may be taken away from beside them.
     std::stable_partition(entries.begin(), entries.end(), [](const FolderEntry& each) { return each.facts.isLink; });
-    if (::fstat(folder.source->Descriptor(), &folder.status) != 0)
-        return LastError();
+    if (const std::error_code reading = SystemFiles::ReadStatus(*folder.source, folder.status))
+        return reading;
     bool isResumed = false;
     if (const std::error_code making = makeOrResume(*destination, entry.name, folder, isResumed))
         return making;
@@ -90,7 +82,8 @@ void TreeTransfer::transferEntry(const StagedFolder& folder, const FolderEntry& 
 /// Staged files hold descriptors: flush them before giving up a folder for lack of one.
 std::shared_ptr<Folder> TreeTransfer::open(const Folder& parent, const FolderEntry& entry, std::error_code& error) {
     auto folder = parent.OpenChild(entry, error);
-    if (folder || m_queue.IsEmpty() || (error != ErrorOf(EMFILE) && error != ErrorOf(ENFILE)))
+    if (folder || m_queue.IsEmpty() ||
+        (error != std::errc::too_many_files_open && error != std::errc::too_many_files_open_in_system))
         return folder;
     m_queue.Flush();
     return parent.OpenChild(entry, error);
@@ -98,12 +91,9 @@ std::shared_ptr<Folder> TreeTransfer::open(const Folder& parent, const FolderEnt
 
 std::error_code TreeTransfer::makeOrResume(const Folder& parent, const std::filesystem::path& name,
                                            StagedFolder& folder, bool& isResumed) {
-    // Never more permissive than the source, not even for a moment, but its owner must be able to fill it. Until the
-    // folder gets its attributes its group may differ from the source's, so the group gets nothing.
-    const mode_t mode = (folder.status.st_mode & 0777U & ~groupBits) | ownerMayFill;
-    isResumed = ::mkdirat(parent.Descriptor(), name.c_str(), mode) != 0;
-    const std::error_code making = isResumed ? LastError() : std::error_code();
-    if (making && making != ErrorOf(EEXIST))
+    const std::error_code making = SystemFiles::MakeFolder(parent, name, folder.status);
+    isResumed = static_cast<bool>(making);
+    if (making && making != std::errc::file_exists)
         return making;
     std::error_code error;
     if (const std::optional<FileFacts> made = parent.Stat(name, error))

@@ -6,15 +6,14 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <sys/types.h>
 
 /// Identifies one process among all that can reach a shared folder. A field that cannot be read stays 0, and the
 /// process counts as alive.
 struct ProcessMark {
-    std::uint32_t machine = 0; ///< hash of host and PID namespace
-    std::uint32_t boot = 0;
-    pid_t process = 0;
-    std::uint64_t startTicks = 0; ///< clock ticks since boot
+    std::uint32_t machine = 0; ///< hash of what process numbers are unique in
+    std::uint32_t boot = 0;    ///< 0 where the start alone tells
+    std::int32_t process = 0;
+    std::uint64_t startTicks = 0; ///< a number that two processes of one number do not share
 
     [[nodiscard]] static ProcessMark OfThisProcess();
 
@@ -25,6 +24,9 @@ enum class ProcessState { Alive, Gone, OnAnotherMachine };
 
 /// The state of the process `mark` as seen from the process `own`.
 [[nodiscard]] ProcessState StateOf(const ProcessMark& mark, const ProcessMark& own);
+
+/// For what makes up a mark: a name of any length as a number.
+[[nodiscard]] std::uint32_t HashOf(std::string_view text);
 
 enum class TemporaryKind {
     File,      ///< a file that has not got its name yet

@@ -1,33 +1,10 @@
 #include "CommitQueue.h"
+#include "SystemFiles.h"
 
-#include <algorithm>
-#include <sys/resource.h>
-
-namespace {
-
-constexpr rlim_t wantedDescriptors = 16384;
-constexpr rlim_t mostInABatch = 2048;
-
-/// Larger batches need fewer syncs, but every file in a batch holds a descriptor. The usual limit of 1024 protects
-/// programs that use select(), which this one does not. It is raised, but not so far that programs started from here
-/// suffer. Both batches together leave three quarters of it to the rest of the program.
-std::size_t descriptorLimitOfABatch() {
-    struct rlimit limit {};
-    if (::getrlimit(RLIMIT_NOFILE, &limit) != 0)
-        return 8;
-    const rlim_t wanted = std::min(limit.rlim_max, wantedDescriptors);
-    if (limit.rlim_cur < wanted) {
-        const struct rlimit raised { wanted, limit.rlim_max };
-        if (::setrlimit(RLIMIT_NOFILE, &raised) == 0)
-            limit.rlim_cur = wanted;
-    }
-    return static_cast<std::size_t>(std::clamp<rlim_t>(limit.rlim_cur / 8, 8, mostInABatch));
-}
-
-} // namespace
+#include <utility>
 
 CommitQueue::CommitQueue(TransferObserver& observer, TemporaryFiles& temporaries)
-    : m_observer(observer), m_temporaries(temporaries), m_descriptorLimit(descriptorLimitOfABatch()),
+    : m_observer(observer), m_temporaries(temporaries), m_descriptorLimit(SystemFiles::HandlesOfABatch()),
       m_filling(std::make_unique<TransferBatch>(m_sync, m_names, m_batches)) {}
 
 bool CommitQueue::Holds(const FileId& folder, const std::filesystem::path& name) const {

@@ -2,32 +2,13 @@
 // placed vanishes with the batch. Failures go to the observer.
 #pragma once
 
+#include "BackgroundTask.h"
 #include "DiskSync.h"
 #include "FileSystem.h"
 #include "PlacedNames.h"
 #include "TemporaryFiles.h"
 
-#include <functional>
-#include <future>
 #include <vector>
-
-/// Runs one piece of work on a helper thread, or at once where no thread can be had. The work must not throw.
-class BackgroundTask final {
-  public:
-    BackgroundTask() = default;
-    BackgroundTask(const BackgroundTask&) = delete;
-    BackgroundTask& operator=(const BackgroundTask&) = delete;
-    ~BackgroundTask();
-
-    void Start(const std::function<void()>& work);
-
-    /// Returns when the work is done. Until then it reports progress (0 bytes) to the observer several times a second.
-    /// The observer may call Wait again: then both calls return.
-    void Wait(TransferObserver& observer);
-
-  private:
-    std::future<void> m_work;
-};
 
 class TransferBatch final {
   public:

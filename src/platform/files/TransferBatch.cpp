@@ -1,41 +1,15 @@
 #include "TransferBatch.h"
 #include "Attributes.h"
 #include "SourceRemoval.h"
-#include "SystemCall.h"
 
 #include <algorithm>
-#include <chrono>
 #include <set>
 
 namespace {
 
 constexpr std::uint64_t byteLimit = std::uint64_t{128} * 1024 * 1024;
-constexpr std::chrono::milliseconds progressInterval{50};
 
 } // namespace
-
-BackgroundTask::~BackgroundTask() {
-    if (m_work.valid())
-        m_work.wait();
-}
-
-void BackgroundTask::Start(const std::function<void()>& work) {
-    try {
-        const BlockedSignals noSignals;
-        m_work = std::async(std::launch::async, work);
-    } catch (const std::system_error&) {
-        m_work = {};
-    }
-    if (!m_work.valid())
-        work();
-}
-
-void BackgroundTask::Wait(TransferObserver& observer) {
-    while (m_work.valid() && m_work.wait_for(progressInterval) != std::future_status::ready)
-        observer.Progress(0);
-    if (m_work.valid())
-        m_work.get();
-}
 
 unsigned TransferBatch::WillWrite(const Folder& folder) {
     m_syncPoints.Open(folder);
@@ -89,6 +63,9 @@ void TransferBatch::Finish(TemporaryFiles& temporaries, TransferObserver& observ
     if (m_stage == Stage::Removals) {
         m_stage = Stage::Done;
         finishRemovals(observer);
+        m_files.clear();
+        m_marks.clear();
+        m_removals = {};
         finishFolders(observer);
     }
 }
@@ -168,12 +145,14 @@ void TransferBatch::finishFolders(TransferObserver& observer) {
         // A mark that stays keeps the folder in the source, or no later run would come by to remove it.
         std::error_code error = folder.mark.Remove();
         if (!error)
-            error =
-                Attributes::CopyToFolder(folder.source->Descriptor(), folder.status, folder.destination->Descriptor());
+            error = Attributes::CopyToFolder(*folder.source, folder.status, *folder.destination);
+        const std::filesystem::path path = folder.source->Path();
+        folder.source.reset(); // an open folder may stay until it is closed, and its parent would not be empty
         if (!error && folder.removeSource)
             error = folder.sourceParent->DeleteEmptyFolder(folder.name);
         // Not empty: it holds entries that failed, which have been reported.
         if (error && error != std::errc::directory_not_empty)
-            observer.Failed(folder.source->Path(), error);
+            observer.Failed(path, error);
+        folder = {};
     }
 }

@@ -5,8 +5,6 @@
 #include "TemporaryFile.h"
 #include "WorkMark.h"
 
-#include <sys/stat.h>
-
 struct FileJob {
     std::shared_ptr<Folder> source;
     std::shared_ptr<Folder> destination;
@@ -21,7 +19,7 @@ struct FileJob {
 /// A copy that is complete but not yet in place.
 struct StagedFile {
     FileJob job;
-    struct stat sourceEntry {}; ///< the entry itself, also of a link, before its bytes were copied
+    EntryStatus sourceEntry{}; ///< the entry itself, also of a link, before its bytes were copied
     TemporaryFile copy;
     unsigned batch = 0;     ///< the batch that was filling when its first byte was written
     bool syncAlone = false; ///< that batch has been synced: a sync of this one may not report an error of the file
@@ -35,7 +33,7 @@ struct StagedFolder {
     std::shared_ptr<Folder> source;
     std::shared_ptr<Folder> destination;
     std::filesystem::path name;
-    struct stat status {}; ///< of the source before anything was taken out of it
+    EntryStatus status{}; ///< of the source before anything was taken out of it
     bool removeSource = false;
     bool isComplete = false; ///< its transfer was not stopped in between
     WorkMark mark;           ///< until it is done
@@ -51,7 +49,3 @@ enum class DestinationState {
 /// Looks at the entry under the name of `job`. std::errc::is_a_directory for a folder, file_exists for anything else
 /// that a file must not replace, resource_unavailable_try_again when it is not what the job was decided to replace.
 [[nodiscard]] std::error_code CheckDestination(const FileJob& job, DestinationState& state);
-
-/// A rename that replaces nothing. Where the file system only knows the replacing kind, it looks first.
-[[nodiscard]] std::error_code RenameToFreeName(const Folder& from, const char* oldName, const Folder& to,
-                                               const std::filesystem::path& newName);
