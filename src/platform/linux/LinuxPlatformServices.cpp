@@ -44,7 +44,7 @@ std::filesystem::path programFolder() {
 }
 
 /// Where a package puts the manual and the icons; empty in a build that is run from any folder.
-constexpr std::string_view installedData = KALVENOR_INSTALLED_DATA;
+constexpr const char* installedData = KALVENOR_INSTALLED_DATA;
 
 /// A write to a closed pipe, or beyond the limit on file sizes, must fail instead of killing this process. Unlike an
 /// ignored signal, a handler is not inherited by programs started from here.
@@ -77,9 +77,8 @@ PlatformServices MakePlatformServices() {
     services.autostart = MakeAutostart(configHome);
     services.places.programFolder = programFolder();
     services.places.userDataFolder = dataHome.empty() ? dataHome : dataHome / "Kalvenor";
-    services.places.isInstalled = !installedData.empty();
-    services.places.dataFolder =
-        services.places.isInstalled ? std::filesystem::path(installedData) : services.places.programFolder;
+    services.places.isInstalled = *installedData != '\0';
+    services.places.dataFolder = services.places.isInstalled ? installedData : services.places.programFolder;
     services.systemDirectories = {"/usr", "/etc", "/"};
     // Not the path of this process: it may be a tool beside the program.
     services.serviceManager = std::make_unique<LinuxServiceManager>(services.places.programFolder / "Kalvenor",
