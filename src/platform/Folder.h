@@ -77,4 +77,10 @@ class Folder {
 
     /// The work that RemoveLeftovers told of is finished.
     virtual void ForgetUnfinished() = 0;
+
+    /// What the system knows the open folder by, a descriptor or a HANDLE; for transfers.
+    [[nodiscard]] virtual std::intptr_t SystemHandle() const = 0;
+
+    /// True when new entries inherit rights from the folder instead of getting the mode that they were created with.
+    [[nodiscard]] virtual bool PassesOnRights() const = 0;
 };

@@ -232,7 +232,7 @@ std::error_code Attributes::CopyToFile(int source, const struct stat& status, co
               .user = m_user,
               .group = m_group,
               .hasMode = hasMode,
-              .mayInherit = PassesOnRights(*copy.Parent())};
+              .mayInherit = copy.Parent()->PassesOnRights()};
     if (m_folder.lock() != copy.Parent()) {
         if (const std::error_code error = askOwner(made))
             return error;

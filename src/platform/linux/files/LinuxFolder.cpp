@@ -303,16 +303,6 @@ bool LinuxFolder::isLeftover(const std::string& name) const {
     return state == ProcessState::Gone || (state == ProcessState::OnAnotherMachine && isOld);
 }
 
-int DescriptorOf(const Folder& folder) {
-    const auto* const own = dynamic_cast<const LinuxFolder*>(&folder);
-    return own != nullptr ? own->Descriptor() : -1;
-}
-
-bool PassesOnRights(const Folder& folder) {
-    const auto* const own = dynamic_cast<const LinuxFolder*>(&folder);
-    return own != nullptr && own->PassesOnRights();
-}
-
 bool IsUnchanged(const FileFacts& facts, const struct stat& status) {
     return S_ISREG(status.st_mode) && idOf(status) == facts.id &&
            static_cast<std::uint64_t>(status.st_size) == facts.size &&

@@ -32,9 +32,10 @@ class LinuxFolder final : public Folder {
     void ForgetUnfinished() override;
     [[nodiscard]] int Descriptor() const { return m_descriptor.Get(); }
 
-    /// True when the folder has a default access list: new entries inherit rights from it instead of getting the mode
-    /// that they were created with.
-    [[nodiscard]] bool PassesOnRights() const;
+    std::intptr_t SystemHandle() const override { return Descriptor(); }
+
+    /// True when the folder has a default access list.
+    bool PassesOnRights() const override;
 
     /// True for one component that is neither "." nor "..".
     [[nodiscard]] static bool IsPlainName(const std::filesystem::path& name);
@@ -53,11 +54,9 @@ class LinuxFolder final : public Folder {
     mutable std::optional<bool> m_passesOnRights;
 };
 
-/// -1 for a folder of another kind: nothing can be transferred from or to it.
-[[nodiscard]] int DescriptorOf(const Folder& folder);
-
-/// LinuxFolder::PassesOnRights; false for a folder of another kind.
-[[nodiscard]] bool PassesOnRights(const Folder& folder);
+[[nodiscard]] inline int DescriptorOf(const Folder& folder) {
+    return static_cast<int>(folder.SystemHandle());
+}
 
 /// True when `status` is a regular file with the identity, size and modification time of `facts`.
 [[nodiscard]] bool IsUnchanged(const FileFacts& facts, const struct stat& status);

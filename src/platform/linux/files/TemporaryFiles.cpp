@@ -62,7 +62,7 @@ std::error_code TemporaryFiles::Create(const std::shared_ptr<Folder>& folder, st
 
 bool TemporaryFiles::mayCreateWith(std::uint32_t mode, const Folder& folder) const {
     const bool isPlain = (mode & ~0777U) == 0 && (mode & ownerMayWrite) == ownerMayWrite;
-    return isPlain && (mode & m_creationMask) == 0 && !PassesOnRights(folder);
+    return isPlain && (mode & m_creationMask) == 0 && !folder.PassesOnRights();
 }
 
 /// Tries it once for each file system, including the link: a file that can never be named is of no use.

@@ -264,6 +264,5 @@ bool WindowsFolder::isLeftover(const std::string& name) const {
 }
 
 HANDLE HandleOf(const Folder& folder) {
-    const auto* const own = dynamic_cast<const WindowsFolder*>(&folder);
-    return own != nullptr ? own->Handle() : nullptr;
+    return reinterpret_cast<HANDLE>(folder.SystemHandle()); // NOLINT(performance-no-int-to-ptr)
 }

@@ -30,6 +30,9 @@ class WindowsFolder final : public Folder {
     void ForgetUnfinished() override;
 
     [[nodiscard]] HANDLE Handle() const { return m_handle.Get(); }
+    std::intptr_t SystemHandle() const override { return reinterpret_cast<std::intptr_t>(Handle()); }
+    /// Always, as far as this program is concerned: it creates nothing with rights of its own.
+    bool PassesOnRights() const override { return true; }
 
   private:
     [[nodiscard]] std::error_code forEachName(const std::function<std::error_code(const std::wstring&)>& visit) const;
@@ -45,5 +48,4 @@ class WindowsFolder final : public Folder {
     std::vector<std::string> m_marks;                              ///< of processes that have gone
 };
 
-/// Null for a folder of another kind: nothing can be transferred from or to it.
 [[nodiscard]] HANDLE HandleOf(const Folder& folder);
