@@ -1,5 +1,5 @@
-// Has the next sub-folders of one level of the source listed while the present one is worked on. Owns what is under
-// way; what was not ready in time is listed by whoever needs it.
+// Has the next sub-folders of one level read while the present one is worked on. Owns what is under way; what was not
+// ready in time is read by whoever needs it.
 #pragma once
 
 #include "FolderPair.h"

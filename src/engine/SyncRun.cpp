@@ -275,6 +275,18 @@ void SyncRun::transferFolder(FolderPair& pair, const FolderEntry& entry) {
         m_transfer->CopyTree(pair.source.Handle(), pair.destination.Handle(), entry, m_roots);
 }
 
+/// What is not open yet.
+bool SyncRun::openBoth(const FolderPair& pair, const FolderEntry& source, const FolderEntry& destination,
+                       SeenPair& folders, std::error_code& error) {
+    SeenFolder& from = folders.source;
+    SeenFolder& to = folders.destination;
+    if (!from.folder)
+        from = {pair.source.Handle()->OpenChild(source, error)};
+    if (from.folder && (!to.folder || to.folder->Id() != destination.facts.id))
+        to = {pair.destination.Handle()->OpenChild(destination, error)};
+    return from.folder && to.folder;
+}
+
 void SyncRun::walkInto(FolderPair& pair, const FolderEntry& source, const FolderEntry& destination,
                        FoldersAhead& ahead) {
     const auto path = [&] { return pair.destination.Handle()->Path() / destination.name; };
@@ -283,20 +295,14 @@ void SyncRun::walkInto(FolderPair& pair, const FolderEntry& source, const Folder
         return Refuse(m_tools.texts.NestedRoot(ToText(path())));
     std::error_code error;
     SeenPair folders = ahead.Take(source);
-    SeenFolder& from = folders.source;
-    SeenFolder& to = folders.destination;
-    if (!from.folder)
-        from = {pair.source.Handle()->OpenChild(source, error)};
-    if (from.folder && (!to.folder || to.folder->Id() != destination.facts.id))
-        to = {pair.destination.Handle()->OpenChild(destination, error)};
-    if (from.folder && to.folder) {
+    if (openBoth(pair, source, destination, folders, error)) {
         pair.source.ForgetPath();
         pair.destination.ForgetPath();
         if (!SyncFilesAndFolders(std::move(folders), pair.depth + 1))
             finishFolder(pair, source, destination);
         return;
     }
-    Failed(from.folder ? path() : pair.source.Handle()->Path() / source.name, error);
+    Failed(folders.source.folder ? path() : pair.source.Handle()->Path() / source.name, error);
     // What is listed there now belongs to another folder, for example to an empty mount point.
     if (error == std::errc::resource_unavailable_try_again)
         End(RunEnd::FolderExchanged);
@@ -307,8 +313,7 @@ void SyncRun::finishFolder(FolderPair& pair, const FolderEntry& source, const Fo
     transferFolder(pair, source);
     m_transfer->Commit();
     std::error_code error;
-    auto from = pair.source.Handle()->OpenChild(source, error); // a move may have taken it away
-    auto to = from ? pair.destination.Handle()->OpenChild(destination, error) : nullptr;
-    if (to)
-        std::ignore = SyncFilesAndFolders({{std::move(from)}, {std::move(to)}}, pair.depth + 1);
+    SeenPair folders;
+    if (openBoth(pair, source, destination, folders, error)) // a move may have taken it away
+        std::ignore = SyncFilesAndFolders(std::move(folders), pair.depth + 1);
 }

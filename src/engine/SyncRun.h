@@ -80,6 +80,8 @@ class SyncRun final : public TransferObserver {
     void syncFolder(FolderPair& pair, const FolderEntry& entry, FoldersAhead& ahead);
     void transferFolder(FolderPair& pair, const FolderEntry& entry);
     void walkInto(FolderPair& pair, const FolderEntry& source, const FolderEntry& destination, FoldersAhead& ahead);
+    [[nodiscard]] static bool openBoth(const FolderPair& pair, const FolderEntry& source,
+                                       const FolderEntry& destination, SeenPair& folders, std::error_code& error);
     void finishFolder(FolderPair& pair, const FolderEntry& source, const FolderEntry& destination);
     void readRecord();
     void lookAtOwnFiles();

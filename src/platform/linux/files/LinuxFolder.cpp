@@ -175,7 +175,7 @@ std::error_code LinuxFolder::List(std::vector<FolderEntry>& entries) const {
         entries.clear();
         return error;
     }
-    m_temporaries = std::move(temporaries);
+    m_leftovers.SetSeen(std::move(temporaries));
     std::sort(entries.begin(), entries.end(),
               [](const FolderEntry& a, const FolderEntry& b) { return a.name.native() < b.name.native(); });
     return {};
@@ -261,34 +261,22 @@ void LinuxFolder::FindLeftovers() {
             found.emplace_back(name);
         return {};
     });
-    m_temporaries = std::move(found);
+    m_leftovers.SetSeen(std::move(found));
 }
 
 UnfinishedWork LinuxFolder::RemoveLeftovers() {
-    if (!m_temporaries)
+    if (!m_leftovers.AreSeen())
         FindLeftovers();
-    const std::vector<std::string> temporaries = std::move(*m_temporaries);
-    m_temporaries.reset();
-    m_marks.clear();
-    UnfinishedWork work;
-    for (const std::string& name : temporaries) {
-        if (!isLeftover(name))
-            continue;
-        const TemporaryKind kind = KindOfTemporary(name);
-        work.isNewFolder |= kind == TemporaryKind::NewFolder;
-        work.hasMoves |= kind == TemporaryKind::Moves;
-        if (kind == TemporaryKind::File)
-            ::unlinkat(Descriptor(), name.c_str(), 0);
-        else
-            m_marks.push_back(name);
-    }
-    return work;
+    return m_leftovers.RemoveFiles([this](const std::string& name) { return isLeftover(name); },
+                                   [this](const std::string& name) { removeOwn(name); });
 }
 
 void LinuxFolder::ForgetUnfinished() {
-    for (const std::string& name : m_marks)
-        ::unlinkat(Descriptor(), name.c_str(), 0);
-    m_marks.clear();
+    m_leftovers.RemoveMarks([this](const std::string& name) { removeOwn(name); });
+}
+
+void LinuxFolder::removeOwn(const std::string& name) const {
+    ::unlinkat(Descriptor(), name.c_str(), 0);
 }
 
 bool LinuxFolder::isLeftover(const std::string& name) const {

@@ -4,6 +4,7 @@
 
 #include "Folder.h"
 #include "FolderPlace.h"
+#include "Leftovers.h"
 #include "LinuxDrive.h"
 #include "SystemCall.h"
 
@@ -44,13 +45,13 @@ class LinuxFolder final : public Folder {
     [[nodiscard]] std::error_code forEachName(const std::function<std::error_code(const char*)>& visit) const;
     [[nodiscard]] std::error_code readEntry(const char* name, FileFacts& facts) const;
     [[nodiscard]] bool isLeftover(const std::string& name) const;
+    void removeOwn(const std::string& name) const;
 
     FileDescriptor m_descriptor;
     std::shared_ptr<const FolderPlace> m_place;
     FileId m_id;
     std::int64_t m_timeStep;
-    mutable std::optional<std::vector<std::string>> m_temporaries; ///< seen by the last listing
-    std::vector<std::string> m_marks;                              ///< of processes that have gone
+    mutable Leftovers m_leftovers; ///< a listing sees them on its way
     mutable std::optional<bool> m_passesOnRights;
 };
 

@@ -5,6 +5,7 @@
 #include "Folder.h"
 #include "FolderPlace.h"
 #include "Handle.h"
+#include "Leftovers.h"
 
 #include <string>
 
@@ -44,8 +45,7 @@ class WindowsFolder final : public Folder {
     std::shared_ptr<const FolderPlace> m_place;
     FileId m_id;
     std::int64_t m_timeStep;
-    mutable std::optional<std::vector<std::string>> m_temporaries; ///< seen by the last listing
-    std::vector<std::string> m_marks;                              ///< of processes that have gone
+    mutable Leftovers m_leftovers; ///< a listing sees them on its way
 };
 
 [[nodiscard]] HANDLE HandleOf(const Folder& folder);
