@@ -1,8 +1,7 @@
 #include "LinuxFolder.h"
+#include "FolderListing.h"
 #include "SystemCall.h"
-#include "TemporaryName.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <ctime>
 #include <dirent.h>
@@ -13,7 +12,6 @@
 #include <string_view>
 #include <sys/vfs.h>
 #include <sys/xattr.h>
-#include <tuple>
 
 namespace {
 
@@ -99,6 +97,10 @@ std::error_code readEntryFacts(int folder, const char* name, std::uint64_t devic
     return {};
 }
 
+std::string_view sameName(const char* name) {
+    return name;
+}
+
 } // namespace
 
 std::shared_ptr<LinuxFolder> LinuxFolder::Open(int at, const char* name, std::shared_ptr<const FolderPlace> place,
@@ -157,28 +159,9 @@ std::error_code LinuxFolder::readEntry(const char* name, FileFacts& facts) const
 }
 
 std::error_code LinuxFolder::List(std::vector<FolderEntry>& entries) const {
-    entries.clear();
-    std::vector<std::string> temporaries;
-    const std::error_code error = forEachName([&](const char* name) -> std::error_code {
-        if (MakerOfTemporary(name)) {
-            temporaries.emplace_back(name);
-            return {};
-        }
-        FileFacts facts;
-        const std::error_code failure = readEntry(name, facts);
-        if (!failure)
-            entries.push_back({name, facts});
-        // Deleted since its name was read: not an error.
-        return failure == std::errc::no_such_file_or_directory ? std::error_code() : failure;
-    });
-    if (error) {
-        entries.clear();
-        return error;
-    }
-    m_leftovers.SetSeen(std::move(temporaries));
-    std::sort(entries.begin(), entries.end(),
-              [](const FolderEntry& a, const FolderEntry& b) { return a.name.native() < b.name.native(); });
-    return {};
+    return FolderListing::List<const char*>(
+        [this](const auto& visit) { return forEachName(visit); }, sameName,
+        [this](const char* name, FileFacts& facts) { return readEntry(name, facts); }, m_leftovers, entries);
 }
 
 std::optional<FileFacts> LinuxFolder::Stat(const std::filesystem::path& name, std::error_code& error) const {
@@ -253,15 +236,9 @@ bool LinuxFolder::PassesOnRights() const {
     return *m_passesOnRights;
 }
 
-/// A listing that breaks off does no harm here: the names found so far are valid.
 void LinuxFolder::FindLeftovers() {
-    std::vector<std::string> found;
-    std::ignore = forEachName([&](const char* name) -> std::error_code {
-        if (MakerOfTemporary(name))
-            found.emplace_back(name);
-        return {};
-    });
-    m_leftovers.SetSeen(std::move(found));
+    FolderListing::FindLeftovers<const char*>([this](const auto& visit) { return forEachName(visit); }, sameName,
+                                              m_leftovers);
 }
 
 UnfinishedWork LinuxFolder::RemoveLeftovers() {

@@ -1,37 +1,23 @@
 #include "SourceRemoval.h"
 #include "LinuxFolder.h"
+#include "SameBytes.h"
 #include "SystemCall.h"
 
-#include <algorithm>
-#include <cstring>
 #include <fcntl.h>
-#include <vector>
 
 namespace {
 
-constexpr std::size_t readBuffer = std::size_t{256} * 1024;
-
-/// True for the same bytes; false also when they cannot be read or the observer gives up.
-bool haveSameBytes(int first, int second, TransferObserver& observer) {
-    std::vector<char> one(readBuffer);
-    std::vector<char> other(readBuffer);
-    for (off_t at = 0;;) {
-        const ssize_t count = ::pread(first, one.data(), one.size(), at);
-        if (count <= 0)
-            return count == 0 && ::pread(second, other.data(), 1, at) == 0;
-        const auto length = static_cast<std::size_t>(count);
-        std::size_t read = 0;
-        while (read < length) {
-            const ssize_t more = ::pread(second, other.data() + read, length - read, at + static_cast<off_t>(read));
-            if (more <= 0)
+ReadBytes readerOf(int file) {
+    return [file](std::uint64_t at, std::vector<char>& bytes) {
+        std::size_t filled = 0;
+        for (ssize_t count = 1; count > 0 && filled < bytes.size(); filled += static_cast<std::size_t>(count)) {
+            count = ::pread(file, bytes.data() + filled, bytes.size() - filled, static_cast<off_t>(at + filled));
+            if (count < 0)
                 return false;
-            read += static_cast<std::size_t>(more);
         }
-        observer.Progress(0);
-        if (std::memcmp(one.data(), other.data(), length) != 0 || observer.MustGiveUp())
-            return false;
-        at += count;
-    }
+        bytes.resize(filled);
+        return true;
+    };
 }
 
 FileDescriptor openFile(const Folder& folder, const std::filesystem::path& name, int flags) {
@@ -52,7 +38,7 @@ std::error_code removeEntry(const FileJob& job) {
 /// After a change of owner, rights or links alone, the bytes are still those of the copy.
 bool hasBytesOfCopy(const StagedFile& file, const struct stat& entry, TransferObserver& observer) {
     const FileDescriptor source = openFile(*file.job.source, file.job.name, O_NOFOLLOW);
-    return source.IsOpen() && haveSameBytes(source.Get(), file.copy.Descriptor(), observer) &&
+    return source.IsOpen() && HaveSameBytes(readerOf(source.Get()), readerOf(file.copy.Descriptor()), observer) &&
            isStill(*file.job.source, file.job.name, entry);
 }
 
@@ -78,7 +64,8 @@ bool RemoveSourceOfEqualFile(const FileJob& job, TransferObserver& observer) {
         !IsUnchanged(job.facts, from) || !S_ISREG(to.st_mode) || from.st_size != to.st_size ||
         (from.st_dev == to.st_dev && from.st_ino == to.st_ino))
         return false;
-    if (!haveSameBytes(source.Get(), copy.Get(), observer) || (::fsync(copy.Get()) != 0 && errno != EINVAL) ||
+    if (!HaveSameBytes(readerOf(source.Get()), readerOf(copy.Get()), observer) ||
+        (::fsync(copy.Get()) != 0 && errno != EINVAL) ||
         (::fsync(DescriptorOf(*job.destination)) != 0 && errno != EINVAL))
         return false;
     return isStill(*job.source, job.name, from) && isStill(*job.destination, job.name, to) && !removeEntry(job);

@@ -1,44 +1,26 @@
 #include "SourceRemoval.h"
 #include "EntryFacts.h"
 #include "NtFile.h"
+#include "SameBytes.h"
 #include "SystemFiles.h"
 #include "WindowsFolder.h"
 
-#include <vector>
-
 namespace {
 
-constexpr std::size_t readBuffer = std::size_t{256} * 1024;
-
-/// The bytes from `at` on, as many as fit; false when they cannot be read.
-bool read(HANDLE file, std::uint64_t at, std::vector<char>& bytes) {
-    bytes.resize(readBuffer);
-    LARGE_INTEGER place{};
-    place.QuadPart = static_cast<LONGLONG>(at);
-    if (!SetFilePointerEx(file, place, nullptr, FILE_BEGIN))
-        return false;
-    std::size_t filled = 0;
-    for (DWORD count = 1; count > 0 && filled < bytes.size(); filled += count) {
-        if (!ReadFile(file, bytes.data() + filled, static_cast<DWORD>(bytes.size() - filled), &count, nullptr))
+ReadBytes readerOf(HANDLE file) {
+    return [file](std::uint64_t at, std::vector<char>& bytes) {
+        LARGE_INTEGER place{};
+        place.QuadPart = static_cast<LONGLONG>(at);
+        if (!SetFilePointerEx(file, place, nullptr, FILE_BEGIN))
             return false;
-    }
-    bytes.resize(filled);
-    return true;
-}
-
-/// True for the same bytes; false also when they cannot be read or the observer gives up.
-bool haveSameBytes(HANDLE first, HANDLE second, TransferObserver& observer) {
-    std::vector<char> one;
-    std::vector<char> other;
-    for (std::uint64_t at = 0;; at += one.size()) {
-        if (!read(first, at, one) || !read(second, at, other) || one != other)
-            return false;
-        if (one.empty())
-            return true;
-        observer.Progress(0);
-        if (observer.MustGiveUp())
-            return false;
-    }
+        std::size_t filled = 0;
+        for (DWORD count = 1; count > 0 && filled < bytes.size(); filled += count) {
+            if (!ReadFile(file, bytes.data() + filled, static_cast<DWORD>(bytes.size() - filled), &count, nullptr))
+                return false;
+        }
+        bytes.resize(filled);
+        return true;
+    };
 }
 
 /// While it is open nobody can write to it.
@@ -56,7 +38,7 @@ bool hasBytesOfCopy(const StagedFile& file, const EntryStatus& entry, TransferOb
     const WinHandle source = openSource(file.job, GENERIC_READ, error);
     EntryStatus now{};
     return !error && !NtFile::ReadStatus(source.Get(), now) && EntryFacts::IsSameContent(entry, now) &&
-           haveSameBytes(source.Get(), file.copy.Handle(), observer);
+           HaveSameBytes(readerOf(source.Get()), readerOf(file.copy.Handle()), observer);
 }
 
 } // namespace
@@ -94,6 +76,6 @@ bool RemoveSourceOfEqualFile(const FileJob& job, TransferObserver& observer) {
         !SystemFiles::IsUnchanged(job.facts, from) || EntryFacts::KindOf(to) != EntryKind::File ||
         from.size != to.size || from.id == to.id)
         return false;
-    return haveSameBytes(source.Get(), copy.Get(), observer) && !NtFile::Flush(copy.Get()) &&
+    return HaveSameBytes(readerOf(source.Get()), readerOf(copy.Get()), observer) && !NtFile::Flush(copy.Get()) &&
            !NtFile::Delete(source.Get(), true);
 }

@@ -1,12 +1,11 @@
 #include "WindowsFolder.h"
 #include "EntryFacts.h"
+#include "FolderListing.h"
 #include "NtFile.h"
 #include "PathFile.h"
-#include "TemporaryName.h"
 #include "WindowsDrive.h"
 #include "WindowsName.h"
 
-#include <algorithm>
 #include <tuple>
 
 namespace {
@@ -82,28 +81,9 @@ std::error_code WindowsFolder::readEntry(const std::wstring& name, FileFacts& fa
 }
 
 std::error_code WindowsFolder::List(std::vector<FolderEntry>& entries) const {
-    entries.clear();
-    std::vector<std::string> temporaries;
-    const std::error_code error = forEachName([&](const std::wstring& name) -> std::error_code {
-        if (const std::string narrow = WindowsName::Narrow(name); MakerOfTemporary(narrow)) {
-            temporaries.push_back(narrow);
-            return {};
-        }
-        FileFacts facts;
-        const std::error_code failure = readEntry(name, facts);
-        if (!failure)
-            entries.push_back({name, facts});
-        // Deleted since its name was read: not an error.
-        return failure == std::errc::no_such_file_or_directory ? std::error_code() : failure;
-    });
-    if (error) {
-        entries.clear();
-        return error;
-    }
-    m_leftovers.SetSeen(std::move(temporaries));
-    std::sort(entries.begin(), entries.end(),
-              [](const FolderEntry& a, const FolderEntry& b) { return a.name.native() < b.name.native(); });
-    return {};
+    return FolderListing::List<std::wstring>(
+        [this](const auto& visit) { return forEachName(visit); }, &WindowsName::Narrow,
+        [this](const std::wstring& name, FileFacts& facts) { return readEntry(name, facts); }, m_leftovers, entries);
 }
 
 std::optional<FileFacts> WindowsFolder::Stat(const std::filesystem::path& name, std::error_code& error) const {
@@ -198,15 +178,9 @@ bool WindowsFolder::StillThere() const {
     return present.IsOpen() && idOf(present.Get()) == m_id;
 }
 
-/// A listing that breaks off does no harm here: the names found so far are valid.
 void WindowsFolder::FindLeftovers() {
-    std::vector<std::string> found;
-    std::ignore = forEachName([&](const std::wstring& name) -> std::error_code {
-        if (std::string narrow = WindowsName::Narrow(name); MakerOfTemporary(narrow))
-            found.push_back(std::move(narrow));
-        return {};
-    });
-    m_leftovers.SetSeen(std::move(found));
+    FolderListing::FindLeftovers<std::wstring>([this](const auto& visit) { return forEachName(visit); },
+                                               &WindowsName::Narrow, m_leftovers);
 }
 
 UnfinishedWork WindowsFolder::RemoveLeftovers() {
