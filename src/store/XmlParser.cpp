@@ -1,4 +1,5 @@
 #include "XmlParser.h"
+#include "XmlEncodings.h"
 #include "XmlFold.h"
 #include "XmlMarkup.h"
 
@@ -213,6 +214,7 @@ void countText(void* context, const xmlChar*, int length) {
 
 /// Null when there is no memory for it.
 ParserContext makeParser(Pass& pass) {
+    XmlEncodings::Register();
     ParserContext parser(xmlNewParserCtxt());
     if (!parser)
         return parser;

@@ -13,28 +13,27 @@ import unittest
 from pathlib import Path
 
 from smtp_server import SmtpServer
+from systems import Linux, Wine
 
-PROGRAM = sys.argv.pop(1)
+COMMAND = sys.argv[1:]  # the program, behind its emulator if it needs one
+sys.argv[1:] = []
+IS_LINUX = len(COMMAND) == 1
 
 
 class RunFixture(unittest.TestCase):
-    """A home of its own for each test."""
+    """Files and settings of its own for each test."""
 
     def setUp(self):
         self.root = Path(tempfile.mkdtemp(prefix="kalvenor-run-"))
         self.addCleanup(shutil.rmtree, self.root, True)
-        self.environment = {**os.environ, "LANG": "C.UTF-8", "LANGUAGE": "en"}
-        for variable, name in {"HOME": "home", "XDG_CONFIG_HOME": "config", "XDG_DATA_HOME": "data",
-                               "XDG_STATE_HOME": "data", "XDG_RUNTIME_DIR": "run"}.items():
-            (self.root / name).mkdir(mode=0o700, exist_ok=True)
-            self.environment[variable] = str(self.root / name)
-        self.settings("Kalvenor", "[Options]\nAccepted=Yes\n")
+        self.system = Linux(self.root) if IS_LINUX else Wine(COMMAND[0])
+        self.system.write_settings("Kalvenor", "Options", {"Accepted": "Yes"})
+        for application in "Kalvenor", "Postrelle":
+            self.addCleanup(self.system.forget_settings, application)
         self.file = self.root / "jobs.kvd"
 
-    def settings(self, application, text):
-        folder = self.root / "config" / application
-        folder.mkdir(exist_ok=True)
-        (folder / f"{application}.ini").write_text(text, encoding="utf-8")
+    def shown(self, value):
+        return self.system.path(value) if isinstance(value, Path) else str(value)
 
     def activity(self, name, source=None, **fields):
         usual, target = self.root / f"{name}-in", self.root / f"{name}-out"
@@ -44,7 +43,7 @@ class RunFixture(unittest.TestCase):
         record = {
             "sourcedir": source or usual, "targetdir": target, "type": "0", "intervall": "10", "action": "0",
             "overwrite": "Y", "onlynew": "N", "alert": "N", "includesubdirs": "Y", "allfiles": "1", "activ": "1", **fields}
-        return f"<{name}>" + "".join(f"<{key}>{value}</{key}>" for key, value in record.items()) + f"</{name}>"
+        return f"<{name}>" + "".join(f"<{key}>{self.shown(value)}</{key}>" for key, value in record.items()) + f"</{name}>"
 
     def write(self, *activities):
         text = '<?xml version="1.0" encoding="ISO-8859-1"?><items>' + "".join(activities) + "</items>\r\n"
@@ -52,8 +51,8 @@ class RunFixture(unittest.TestCase):
 
     def run_program(self, *words):
         return subprocess.run(
-            [PROGRAM, *map(str, words)], env=self.environment, capture_output=True, text=True, timeout=60,
-            stdin=subprocess.DEVNULL)
+            [*COMMAND, *map(self.shown, words)], env=self.system.environment, capture_output=True, text=True,
+            timeout=60, stdin=subprocess.DEVNULL)
 
     def copied(self, name):
         return sorted(path.name for path in (self.root / f"{name}-out").iterdir())
@@ -64,18 +63,19 @@ class KalvenorRun(RunFixture):
         log = self.root / "A.log"
         self.write(self.activity("A", logfile=log), self.activity("B", activ="0"), self.activity("C", action="1"),
                    self.activity("A"))  # the name of the first one
-        (self.root / "A-in" / "\x1b[2J\n").touch()
+        odd = self.system.odd_name
+        (self.root / "A-in" / odd).touch()
         before = self.file.read_bytes()
         result = self.run_program(self.file)
         self.assertEqual(result.returncode, 0, result.stderr)
-        self.assertEqual([self.copied(name) for name in "ABC"], [["\x1b[2J\n", "file.txt"], [], ["file.txt"]])
+        self.assertEqual([self.copied(name) for name in "ABC"], [sorted([odd, "file.txt"]), [], ["file.txt"]])
         self.assertFalse((self.root / "C-in" / "file.txt").exists())
         self.assertTrue((self.root / "A-in" / "file.txt").exists())
         self.assertEqual(result.stdout.count("Activity 'A' - Checking starts"), 1)
         self.assertNotIn("Activity 'B' - ", result.stdout)
         # A name commands neither the terminal nor the log's reader, and adds no line.
-        for text in (result.stdout, log.read_text(encoding="utf-8")):
-            self.assertIn("\ufffd[2J ' [", text)
+        for text in (result.stdout, log.read_text(encoding=self.system.log_encoding)):
+            self.assertIn(self.system.shown_name + "' [", text)
             self.assertNotIn("\x1b", text)
         self.assertEqual(self.file.read_bytes(), before)
 
@@ -101,7 +101,7 @@ class KalvenorRun(RunFixture):
         self.assertEqual(list(self.root.glob("**/*.OLD")), [])
 
     def test_notice_not_accepted(self):
-        shutil.rmtree(self.root / "config" / "Kalvenor")
+        self.system.forget_settings("Kalvenor")
         self.write(self.activity("A"))
         before = sorted(self.root.rglob("*"))
         result = self.run_program(self.file)
@@ -109,16 +109,17 @@ class KalvenorRun(RunFixture):
         self.assertIn("Accepted=Yes", result.stderr)
         self.assertEqual(sorted(self.root.rglob("*")), before)
 
+    @unittest.skipUnless(IS_LINUX, "no signal stops a process there, or asks it to end")
     def test_second_process_and_signal(self):
         source = self.root / "A-in"
         self.write(self.activity("A"))
         for number in range(400):
             (source / f"part{number:03}").write_bytes(os.urandom(1 << 18))
-        first = subprocess.Popen([PROGRAM, str(self.file)], env=self.environment, stdout=subprocess.PIPE, text=True)
+        first = subprocess.Popen([*COMMAND, str(self.file)], env=self.system.environment, stdout=subprocess.PIPE, text=True)
         self.addCleanup(first.kill)
         first.stdout.readline()  # it is at work now
         first.send_signal(signal.SIGSTOP)
-        self.environment["XDG_RUNTIME_DIR"] = str(self.root / "home")  # as in another session
+        self.system.environment["XDG_RUNTIME_DIR"] = str(self.root / "home")  # as in another session
         link = self.root / "link.kvd"
         os.link(self.file, link)
         refused = [self.run_program(self.file), self.run_program(link)]
@@ -147,8 +148,8 @@ class Mail(RunFixture):
         self.server = SmtpServer(self.told.append)
         self.server.start()
         self.addCleanup(self.server.stop)
-        values = {"PersistentSettings": 1, "RemotePort": self.server.port, **more}
-        self.settings("Postrelle", "[Settings]\n" + "".join(f"{key}={value}\n" for key, value in values.items()))
+        self.system.write_settings(
+            "Postrelle", "Settings", {"PersistentSettings": 1, "RemotePort": self.server.port, **more})
 
     def notifying(self, name="Akten", **fields):
         return self.activity(name, **{
@@ -181,14 +182,15 @@ class Mail(RunFixture):
         lines = mail.get_content().splitlines()
         self.assertEqual(lines[0], f"from system (name): {socket.gethostname()}")
         self.assertEqual(lines[2:5], ["Größe: 5 ?", ".", "Ende"])
-        self.assertEqual(lines[-1], f"Last accessed:{self.root}/Akten-out -> {self.root}/Akten-in")
+        self.assertEqual(lines[-1], f"Last accessed:{self.shown(self.root / 'Akten-out')} -> {self.shown(self.root / 'Akten-in')}")
 
     def test_attached_log_and_login(self):
         self.serve(UseAuthentication="True", Username="kalvenor")
         output = self.run_once(self.notifying(attachlogfile="1", sendlastfile="1"))
         self.assertEqual(self.told[0], {"mechanism": "LOGIN", "login": "kalvenor", "password": ""})
         self.assertEqual(len(self.told), 2)
-        self.assertIn(f"'{self.root}/Akten-out' is not attached: The file you tried to attach does not exist\n", output)
+        folder = self.shown(self.root / "Akten-out")
+        self.assertIn(f"'{folder}' is not attached: The file you tried to attach does not exist\n", output)
         mail = self.the_mail()
         self.assertEqual(mail.get_body().get_content().strip(), "Es gibt etwas.")
         [attachment] = mail.iter_attachments()

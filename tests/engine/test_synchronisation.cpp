@@ -1,12 +1,8 @@
 #include "ProgramFixture.h"
+#include "SystemWorld.h"
 #include "Table.h"
 #include "Trees.h"
 #include "modDateCompare.h"
-
-#include <filesystem>
-#include <unistd.h>
-
-namespace fs = std::filesystem;
 
 namespace {
 const QString A = u"A"_qs;
@@ -97,7 +93,8 @@ class TestSynchronisation final : public QObject {
             fixture.Write(u"src/x/g"_qs, "2");
             fixture.Write(u"src/x/y/h"_qs, "3");
             fixture.Write(u"src/x/y/x/y/k"_qs, "4");
-            fs::create_symlink("src", fixture.Path(u"link"_qs).toStdString());
+            if (!SystemWorld::Link("src", fixture.Native(u"link"_qs)) && destination == u"link")
+                QSKIP("this system makes no links");
             fixture.Add(A, {{u"sourcedir"_qs, fixture.Path(source)},
                             {u"targetdir"_qs, fixture.Path(destination)},
                             {u"action"_qs, action}});

@@ -3,6 +3,7 @@
 #include "Fakes.h"
 #include "MailHostLookup.h"
 #include "NameServerProcess.h"
+#include "SystemWorld.h"
 #include "modMXQuery.h"
 
 #include <QNetworkDatagram>
@@ -166,7 +167,8 @@ class TestMXQuery final : public QObject {
         QUdpSocket stranger;
         QUdpSocket neighbour;
         QVERIFY(server.bind(QHostAddress::LocalHost) && stranger.bind(QHostAddress::LocalHost));
-        QVERIFY(neighbour.bind(QHostAddress(u"127.0.0.2"_qs), server.localPort()));
+        // Wine keeps the port of one address from the others; then he has none, and sends nothing.
+        QVERIFY(neighbour.bind(QHostAddress(u"127.0.0.2"_qs), server.localPort()) || SystemWorld::IsEmulated());
         connect(&server, &QUdpSocket::readyRead, &server, [&] {
             const QNetworkDatagram query = server.receiveDatagram();
             const auto send = [&query](QUdpSocket& from, const QByteArray& packet) {

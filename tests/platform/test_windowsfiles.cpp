@@ -1,8 +1,11 @@
 // What Windows refuses: files that are open elsewhere or read-only, names that it would bend. And the program's own
 // files there.
 #include "FileWorld.h"
+#include "Handle.h"
+#include "OwnFiles.h"
 #include "Table.h"
 #include "WindowsName.h"
+#include "WindowsServices.h"
 #include "modNativePath.h"
 #include "modRegularFile.h"
 

@@ -11,10 +11,16 @@ struct ModelCase {
     ModelRun run;
 };
 
+/// What a disk can hold.
+struct ModelLimits {
+    bool hasTwoDevices = true;
+    bool hasUnixEntries = true; ///< rights, links, pipes and names of any bytes; else letter case does not count
+};
+
 /// Two trees that are likely to meet: few names, few times, and what one side has the other often has too.
 class RandomCase final {
   public:
-    RandomCase(std::uint64_t seed, bool hasTwoDevices) : m_random(seed), m_hasTwoDevices(hasTwoDevices) {}
+    RandomCase(std::uint64_t seed, const ModelLimits& limits) : m_random(seed), m_limits(limits) {}
 
     ModelCase Make() {
         const auto word = [this](const QString& words) { return words.split(u'|')[below(words.count(u'|') + 1)]; };
@@ -26,19 +32,20 @@ class RandomCase final {
         made.run.fields[u"extensions"_qs] = word(u"|||txt|TXT;DOC| txt|doc;|\u00E4|ma\u00DF|xt|t/a|c/a"_qs);
         made.run.fields[u"alert"_qs] = word(u"Y|N|N"_qs);
         made.run.answersYes = odds(2);
-        made.run.isOtherDevice = odds(3) && m_hasTwoDevices;
+        made.run.isOtherDevice = odds(3) && m_limits.hasTwoDevices;
         m_isMove = made.run.fields[u"action"_qs] == u"1";
         for (std::int64_t& time : m_times)
-            time =
-                around(one(std::array{0L, 0L, 1L, 99L, 100L, 5'000L, 5'001'000L, 5'001'234L, 120'000'000L, 999'999'999L,
-                                      1'000'000'000L, 2'000'000'000L, -1'500'000'000L, -2'000'000'000L}));
+            time = around(
+                one(std::array{0LL, 0LL, 1LL, 99LL, 100LL, 5'000LL, 5'001'000LL, 5'001'234LL, 120'000'000LL,
+                               999'999'999LL, 1'000'000'000LL, 2'000'000'000LL, -1'500'000'000LL, -2'000'000'000LL}));
         for (std::string& name : m_names)
-            name = one(names);
+            name = m_limits.hasUnixEntries ? one(names) : one(plainNames);
         ModelEntry& out = made.world.inside["out"];
         for (const char* name : {"0", "1", "2"})
             out.inside[name] = file();
         out.inside["d"].inside["a"] = file();
-        out.inside["closed"] = {.mode = 0, .inside = {{"f", file()}}};
+        if (m_limits.hasUnixEntries)
+            out.inside["closed"] = {.mode = 0, .inside = {{"f", file()}}};
         fill(&made.world.inside["src"], &made.world.inside["dst"], {}, 0);
         return made;
     }
@@ -67,14 +74,20 @@ class RandomCase final {
 
     ModelEntry file() {
         const unsigned mode = one(std::array{0644U, 0644U, 0644U, 0600U, 0755U, 0444U, 0400U, 0200U});
-        return {Kind::File, std::to_string(below(1'000'000)), one(m_times), mode};
+        const std::int64_t time = one(m_times);
+        if (!m_limits.hasUnixEntries)
+            return {Kind::File, std::to_string(below(1'000'000)), time - time % 100, 0644};
+        return {Kind::File, std::to_string(below(1'000'000)), time, mode};
     }
-    ModelEntry emptyFolder() { return {.mode = one(std::array{0755U, 0755U, 0755U, 0755U, 0755U, 0700U, 0555U})}; }
+    ModelEntry emptyFolder() {
+        const unsigned mode = one(std::array{0755U, 0755U, 0755U, 0755U, 0755U, 0700U, 0555U});
+        return {.mode = m_limits.hasUnixEntries ? mode : 0755U};
+    }
     static ModelEntry link(const std::string& to) { return {.kind = Kind::Link, .bytes = to}; }
 
     /// A link never leads to what the run may move or replace before it comes to the link: what is first is not said.
     ModelEntry entry(bool isSource, const std::string& path, const std::string& name, int depth) {
-        const auto kind = below(depth < 3 ? 10 : 7);
+        const auto kind = m_limits.hasUnixEntries ? below(depth < 3 ? 10 : 7) : below(depth < 3 ? 7 : 4) + 3;
         if (kind == 0)
             return link((isSource ? "dst" : "src") + path + '/' + name);
         if (kind == 1 && isSource && !m_isMove)
@@ -118,7 +131,8 @@ class RandomCase final {
         if (odds(3))
             folder->inside.erase(inner);
         else if (odds(3))
-            inner->second = {inner->second.kind, inner->second.bytes, 0, 0755, inner->second.inside};
+            inner->second = {inner->second.kind, inner->second.bytes, 0,
+                             m_limits.hasUnixEntries ? 0755 : inner->second.mode, inner->second.inside};
         else
             reduce(&inner->second);
     }
@@ -129,8 +143,11 @@ class RandomCase final {
                                                           "ma\xC3\x9F", "\xC3\xA4", "\xC3\x84",    "a\xCC\x88", " x y ",
                                                           ".h.doc",     "d",        "\xFF\xFE.txt"};
 
+    static inline const std::array<std::string, 7> plainNames{"a",         "b.txt", "ma\xC3\x9F", "\xC3\xA4",
+                                                              "a\xCC\x88", " x y",  ".h.doc"};
+
     std::mt19937_64 m_random;
-    const bool m_hasTwoDevices;
+    const ModelLimits m_limits;
     bool m_isMove = false;
     std::array<std::int64_t, 4> m_times{};
     std::array<std::string, 6> m_names;

@@ -1,17 +1,13 @@
 // dnsmasq on this machine, with a few mail domains of its own and nobody to ask about others.
 #pragma once
 
-#include <QHostAddress>
-#include <QProcess>
+#include "HostProcess.h"
+
 #include <QTest>
 #include <QUdpSocket>
 
 class NameServerProcess final {
   public:
-    ~NameServerProcess() {
-        m_process.kill();
-        m_process.waitForFinished();
-    }
     /// False when it does not start; the log says why.
     [[nodiscard]] bool Start() {
         for (int attempt = 0; attempt < 5; ++attempt) { // another program may take the port before dnsmasq does
@@ -26,21 +22,19 @@ class NameServerProcess final {
                 "--mx-host=example.test,backup.example.test,20 --mx-host=example.test,mail.example.test,10 "
                 "--mx-host=inner.test,mail.inner.test,5 --mx-host=dort.de,localhost,10 --mx-host=fern.de,LocalHost,10"_qs
                     .arg(port);
-            m_process.setProcessChannelMode(QProcess::MergedChannels);
-            m_process.start(u"/usr/sbin/dnsmasq"_qs, arguments.split(u' '));
+            m_process.Start(QStringList(u"/usr/sbin/dnsmasq"_qs) + arguments.split(u' '));
             QByteArray output;
-            while (!output.contains("started, version") && m_process.waitForReadyRead())
-                output += m_process.readAll();
-            if (output.contains("started, version"))
-                return true;
-            qWarning() << m_process.errorString() << output;
-            m_process.kill();
-            m_process.waitForFinished();
+            for (QByteArray line = m_process.Line(); !line.isEmpty(); line = m_process.Line()) {
+                if (line.contains("started, version"))
+                    return true;
+                output += line;
+            }
+            qWarning() << output;
         }
         return false;
     }
     quint16 port = 0;
 
   private:
-    QProcess m_process;
+    HostProcess m_process;
 };

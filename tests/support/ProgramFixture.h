@@ -128,7 +128,7 @@ class ProgramFixture : public ScratchFolder {
             line.remove(0, line.indexOf(QStringLiteral("] ")) + 2);
             const QString prefix = QStringLiteral("Activity '") + name + QStringLiteral("' - ");
             if (line.startsWith(prefix))
-                lines.append(line.mid(prefix.size()).replace(Path(), QStringLiteral("~")));
+                lines.append(QDir::fromNativeSeparators(line.mid(prefix.size()).replace(Path(), u"~"_qs)));
         }
         return lines;
     }

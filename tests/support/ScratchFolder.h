@@ -11,9 +11,11 @@
 class ScratchFolder {
   public:
     /// An absolute name stays as it is.
-    [[nodiscard]] QString Path(const QString& name = {}) const { return QDir(folder.path()).filePath(name); }
+    [[nodiscard]] QString Path(const QString& name = {}) const {
+        return QDir::toNativeSeparators(QDir(folder.path()).filePath(name));
+    }
     [[nodiscard]] QString Path(const char* name) const { return Path(QString::fromLatin1(name)); }
-    [[nodiscard]] std::filesystem::path Native(const QString& name = {}) const { return Path(name).toStdString(); }
+    [[nodiscard]] std::filesystem::path Native(const QString& name = {}) const { return Path(name).toStdU16String(); }
 
     /// Makes the folders above it as well.
     bool Write(const QString& name, const QByteArray& bytes) const {

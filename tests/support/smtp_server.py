@@ -1,8 +1,8 @@
 """A real SMTP server. As a program it prints its port, then a line of JSON for each login and each mail."""
 import json
-import os
+import logging
 import socket
-import sys
+import threading
 
 from aiosmtpd.controller import Controller
 from aiosmtpd.smtp import SMTP, AuthResult
@@ -45,8 +45,8 @@ class SmtpServer(Controller):
 
 
 if __name__ == "__main__":
+    logging.disable()
     server = SmtpServer(lambda what: print(json.dumps(what), flush=True))
     server.start()
     print(server.port, flush=True)
-    sys.stdin.read()
-    os._exit(0)
+    threading.Event().wait()

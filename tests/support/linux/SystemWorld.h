@@ -1,14 +1,19 @@
-// What the tests of files ask of Linux.
+// What tests ask of Linux.
 #pragma once
 
-#include "LinuxServices.h"
+#include "FileSystem.h"
+#include "PlatformServices.h"
 
+#include <QDir>
 #include <QTest>
 #include <algorithm>
 #include <array>
+#include <chrono>
+#include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
 #include <functional>
+#include <malloc.h>
 #include <string>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -19,7 +24,7 @@ namespace fs = std::filesystem;
 
 class SystemWorld {
   public:
-    [[nodiscard]] static std::unique_ptr<FileSystem> MakeSystem() { return MakeLinuxFileSystem(); }
+    [[nodiscard]] static std::unique_ptr<FileSystem> MakeSystem() { return MakePlatformServices().fileSystem; }
 
     /// A folder on another disk than the temporary files; empty where there is none.
     [[nodiscard]] static fs::path OtherDevice() { return "/dev/shm"; }
@@ -42,11 +47,45 @@ class SystemWorld {
         return dead;
     }
 
+    /// Of another system, which may differ from it here and there.
+    [[nodiscard]] static bool IsEmulated() { return false; }
+
+    /// The path as programs of the host know it; host.py starts them.
+    [[nodiscard]] static QString HostPath(const fs::path& path) { return QString::fromStdString(path); }
+
+    /// What this process holds.
+    struct Holdings {
+        std::size_t bytes = ::mallinfo2().uordblks;
+        qsizetype handles = QDir(u"/proc/self/fd"_qs).entryList(QDir::System | QDir::Files).size();
+    };
+
+    /// A symbolic link. False where the system makes none.
+    [[nodiscard]] static bool Link(const fs::path& target, const fs::path& link) {
+        fs::create_symlink(target, link);
+        return true;
+    }
+
+    /// However deep it is.
+    static void RemoveTree(const fs::path& folder) {
+        QCOMPARE(std::system(("rm -rf '" + folder.native() + '\'').c_str()), 0);
+    }
+
+    /// Nothing can be moved from this file to the current folder while the result lives: that is gone.
+    [[nodiscard]] static std::shared_ptr<void> PreventMove(const fs::path& /*file*/) {
+        return std::make_shared<bool>(fs::remove(fs::current_path()));
+    }
+
     static void MakeFifo(const fs::path& path) { QCOMPARE(::mkfifo(path.c_str(), 0600), 0); }
 
     static void SetTime(const fs::path& path, std::int64_t seconds) {
         const std::array<struct timespec, 2> times = {{{seconds, 0}, {seconds, 123'456'789}}};
         ::utimensat(AT_FDCWD, path.c_str(), times.data(), AT_SYMLINK_NOFOLLOW);
+    }
+    static void SetNanoseconds(const fs::path& path, std::int64_t nanoseconds) {
+        fs::last_write_time(path, FileClock::from_sys(std::chrono::sys_time(std::chrono::nanoseconds(nanoseconds))));
+    }
+    [[nodiscard]] static std::int64_t Nanoseconds(const fs::path& path) {
+        return FileClock::to_sys(fs::last_write_time(path)).time_since_epoch() / std::chrono::nanoseconds(1);
     }
 
     /// The result of the function in a process of its own, as the user nobody if asked; -1: it crashed.
@@ -86,4 +125,7 @@ class SystemWorld {
         ::lstat(path.c_str(), &status);
         return status;
     }
+
+  private:
+    using FileClock = std::chrono::file_clock;
 };
