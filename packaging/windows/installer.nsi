@@ -129,12 +129,22 @@ Section
     WriteRegDWORD HKLM "${UNINSTALL_KEY}" "EstimatedSize" $R0
 SectionEnd
 
-; Stops the service and waits. What it is doing may take a while; then refuseWhileRuns asks for another try.
+; Stops the service and waits up to 30 seconds until its process has gone, as it finishes the present file first. If that
+; takes longer, refuseWhileRuns asks for another try.
 Function un.stopService
     ReadRegStr $R0 HKLM "${SERVICE_KEY}" "ImagePath"
     ${If} $R0 == '"$INSTDIR\Kalvenor.exe" STARTSERVICE'
         nsExec::Exec '"$SYSDIR\net.exe" stop KalvenorPro'
         Pop $R0
+        ${For} $R0 1 60
+            ClearErrors
+            FileOpen $R1 "$INSTDIR\Kalvenor.exe" a
+            ${IfNot} ${Errors}
+                FileClose $R1
+                ${ExitFor}
+            ${EndIf}
+            Sleep 500
+        ${Next}
     ${EndIf}
 FunctionEnd
 
