@@ -169,7 +169,7 @@ def main():
     files = sorted((path for path in folder.rglob("*") if path.is_file()), key=lambda path: (path.parent, path))
     date = set_dates(files)
     make_zip(arguments.output / f"{arguments.name}.zip", folder, files, date)
-    (arguments.output / "files.nsh").write_text("\ufeff" + nsis_lists(folder, files), encoding="utf-8")
+    (arguments.output / "files.nsh").write_text(nsis_lists(folder, files), encoding="utf-8")
     return 0
 
 
