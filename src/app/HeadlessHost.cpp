@@ -67,8 +67,10 @@ void HeadlessHost::RequestStop() {
 int RunHeadless(int& argc, char** argv, const CommandLine& commandLine) {
     QCoreApplication application(argc, argv);
     PlatformServices services = MakePlatformServices();
+    if (commandLine.kind == CommandLine::Kind::StartService)
+        services.serviceManager->Connect();
     const StringTable texts(StringTable::PreferredLanguage());
-    HeadlessLog log = HeadlessLog::OnStandardError();
+    HeadlessLog log(&WriteSystemLog);
     HeadlessPrompter prompter(log);
     const SingleInstance instance(*services.locks, commandLine, prompter, texts);
     if (!instance.MayRun())
@@ -86,5 +88,7 @@ int RunHeadless(int& argc, char** argv, const CommandLine& commandLine) {
             QCoreApplication::exit(*code);
     };
     QMetaObject::invokeMethod(&host, start, Qt::QueuedConnection);
-    return QCoreApplication::exec();
+    const int exitCode = QCoreApplication::exec();
+    services.serviceManager->NotifyEnd(exitCode);
+    return exitCode;
 }

@@ -1,9 +1,8 @@
 #include "HeadlessUser.h"
 
-#include "Session.h"
 #include "StringTable.h"
 #include "modForeignText.h"
-#include <iostream>
+#include <utility>
 
 namespace {
 
@@ -22,16 +21,10 @@ HeadlessLog::Priority priorityOf(MessageIcon icon) {
 
 } // namespace
 
-HeadlessLog::HeadlessLog(std::ostream& stream, bool journal) : m_stream(stream), m_journal(journal) {}
-
-HeadlessLog HeadlessLog::OnStandardError() {
-    return {std::cerr, IsJournalOnStandardError()};
-}
+HeadlessLog::HeadlessLog(Writer writer) : m_writer(std::move(writer)) {}
 
 void HeadlessLog::Line(Priority priority, const QString& text) {
-    if (m_journal)
-        m_stream << '<' << static_cast<int>(priority) << '>';
-    m_stream << modForeignText::OneLine(text).simplified().toStdString() << '\n' << std::flush;
+    m_writer(static_cast<int>(priority), modForeignText::OneLine(text).simplified());
 }
 
 void HeadlessLog::NoticeNotAccepted(const StringTable& texts) {

@@ -5,7 +5,7 @@
 #include "KeyState.h"
 #include "Prompter.h"
 #include <QString>
-#include <iosfwd>
+#include <functional>
 
 class StringTable;
 
@@ -15,11 +15,9 @@ class HeadlessLog final {
     /// Priorities of the journal, as in syslog(3).
     enum class Priority { Error = 3, Warning = 4, Notice = 5, Information = 6 };
 
-    /// With `journal` each line begins with its priority in the form "<5>", as sd-daemon(3) describes.
-    HeadlessLog(std::ostream& stream, bool journal);
-
-    /// A log on standard error, in the journal's form when the journal reads it.
-    [[nodiscard]] static HeadlessLog OnStandardError();
+    /// Takes one line with its priority.
+    using Writer = std::function<void(int priority, const QString& line)>;
+    explicit HeadlessLog(Writer writer);
 
     /// Writes one line: line breaks become blanks, control characters do not reach the terminal.
     void Line(Priority priority, const QString& text);
@@ -28,8 +26,7 @@ class HeadlessLog final {
     void NoticeNotAccepted(const StringTable& texts);
 
   private:
-    std::ostream& m_stream;
-    bool m_journal;
+    Writer m_writer;
 };
 
 /// Turns each box into one log line and gives the safe answer.

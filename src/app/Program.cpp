@@ -14,7 +14,6 @@
 #include "SyncTexts.h"
 
 namespace {
-const QString optionsSection = QStringLiteral("Options");
 const QString acceptedKey = QStringLiteral("Accepted");
 } // namespace
 
@@ -97,12 +96,12 @@ QString Program::Caption() const {
 }
 
 bool Program::IsNoticeAccepted() const {
-    return m_services.settings->Read(SettingsStore::OwnApplication, optionsSection, acceptedKey) ==
+    return m_services.settings->Read(SettingsStore::OwnApplication, SettingsStore::OptionsSection, acceptedKey) ==
            QStringLiteral("Yes");
 }
 
 std::error_code Program::AcceptNotice() {
-    return m_services.settings->Write(SettingsStore::OwnApplication, optionsSection, acceptedKey,
+    return m_services.settings->Write(SettingsStore::OwnApplication, SettingsStore::OptionsSection, acceptedKey,
                                       QStringLiteral("Yes"));
 }
 

@@ -27,10 +27,6 @@ constexpr std::array<Option, 8> options{{
     {"StopIfFolderNotExist", &clsWatcher::StopIfFolderNotExist, 1},
 }};
 
-QString section() {
-    return QStringLiteral("Options");
-}
-
 /// A broken value must not switch a safety off, so it counts as absent.
 std::uint8_t byteOf(const std::optional<QString>& text, std::uint8_t byDefault) {
     bool isNumber = false;
@@ -44,7 +40,8 @@ clsWatcher::clsWatcher(SettingsStore& settings) : m_settings(settings) {}
 
 void clsWatcher::ReadRegistry() {
     for (const Option& option : options) {
-        const auto text = m_settings.Read(SettingsStore::OwnApplication, section(), QLatin1String(option.key));
+        const auto text =
+            m_settings.Read(SettingsStore::OwnApplication, SettingsStore::OptionsSection, QLatin1String(option.key));
         if (option.value == nullptr)
             LoggingPath = text.value_or(QString());
         else
@@ -57,5 +54,5 @@ std::error_code clsWatcher::WriteRegistry() {
     for (const Option& option : options)
         entries.emplace_back(QLatin1String(option.key),
                              option.value == nullptr ? LoggingPath : QString::number(this->*option.value));
-    return m_settings.WriteAll(SettingsStore::OwnApplication, section(), entries);
+    return m_settings.WriteAll(SettingsStore::OwnApplication, SettingsStore::OptionsSection, entries);
 }

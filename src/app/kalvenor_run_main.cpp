@@ -1,9 +1,11 @@
 #include "HeadlessUser.h"
 #include "Program.h"
 #include "RunCommand.h"
+#include "Session.h"
 #include "TerminationSignal.h"
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <cstdlib>
 #include <iostream>
 
 namespace {
@@ -26,7 +28,8 @@ int main(int argc, char* argv[]) {
     QCoreApplication::setApplicationName(QStringLiteral("kalvenor-run"));
     QCoreApplication::setApplicationVersion(QStringLiteral(KALVENOR_VERSION));
     const StringTable texts(StringTable::PreferredLanguage());
-    HeadlessLog log = HeadlessLog::OnStandardError();
+    const Utf8Console console;
+    HeadlessLog log(&WriteSystemLog);
 
     QCommandLineParser parser;
     describe(parser, texts);
@@ -34,10 +37,15 @@ int main(int argc, char* argv[]) {
         log.Line(HeadlessLog::Priority::Error, parser.errorText());
         return RunCommand::Unusable;
     }
-    if (parser.isSet(QStringLiteral("help")))
-        parser.showHelp(0);
-    if (parser.isSet(QStringLiteral("version")))
-        parser.showVersion();
+    // Not by the parser's own functions: on Windows they open a box where there is no console.
+    if (parser.isSet(QStringLiteral("help"))) {
+        std::cout << parser.helpText().toStdString();
+        return EXIT_SUCCESS;
+    }
+    if (parser.isSet(QStringLiteral("version"))) {
+        std::cout << "kalvenor-run " << KALVENOR_VERSION << '\n';
+        return EXIT_SUCCESS;
+    }
     QStringList names = parser.positionalArguments();
     if (names.isEmpty()) {
         std::cerr << parser.helpText().toStdString();

@@ -14,8 +14,9 @@
 namespace {
 const QString lineEnd = QStringLiteral("\r\n");
 
+/// UTF-8, but on Windows in its ANSI code page, as other programs there expect it.
 QByteArray entry(const Clock& clock, const QString& text) {
-    return (u"-> [" + modLogTime::Text(clock.Now()) + u"] " + text + lineEnd).toUtf8();
+    return (u"-> [" + modLogTime::Text(clock.Now()) + u"] " + text + lineEnd).toLocal8Bit();
 }
 } // namespace
 
@@ -86,7 +87,7 @@ void ActivityLogs::writeEntry(const QString& path, const QString& text, bool bla
     if (path.trimmed().isEmpty())
         return;
     const QByteArray bytes = entry(m_services.clock, line);
-    append(path, blankLineFirst ? lineEnd.toUtf8() + bytes : bytes);
+    append(path, blankLineFirst ? lineEnd.toLatin1() + bytes : bytes);
 }
 
 void ActivityLogs::append(const QString& path, const QByteArray& bytes) {

@@ -43,14 +43,19 @@ class ServiceManager {
     /// Told from the event loop, in the order in which they came, until the manager is destroyed.
     using ControlListener = std::function<void(ServiceControl control)>;
 
-    /// From now on this process answers the service manager. False, with nothing changed, in one that no service
+    /// For a process that the service manager starts, as the first thing it does: Windows waits for 30 seconds only.
+    virtual void Connect() = 0;
+
+    /// From now on this process obeys the service manager. False, with nothing changed, in one that no service
     /// manager started; `debug`: such a one too listens, as far as the system has a way to reach it. A
     /// QCoreApplication must exist; the second call in a process is refused.
     [[nodiscard]] virtual bool AcceptControls(bool debug, ControlListener listener) = 0;
 
-    /// Notices to the service manager: the start is complete; the end has begun.
+    /// Notices to the service manager: the start is complete; the end has begun; the process ends with this exit code,
+    /// which is 0 unless the service has failed.
     virtual void NotifyReady() = 0;
     virtual void NotifyStopping() = 0;
+    virtual void NotifyEnd(int exitCode) = 0;
 
     /// One entry in the event log.
     virtual void LogEvent(ServiceEvent type, int id, const QString& text) = 0;

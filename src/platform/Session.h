@@ -11,8 +11,25 @@ struct DisplayFacts {
 
 [[nodiscard]] DisplayFacts ReadDisplayFacts();
 
-/// True when the system's journal reads our standard error.
-[[nodiscard]] bool IsJournalOnStandardError();
+/// Whether the desktop's request to commit data comes at the end of a session only. X11 has it for checkpoints too, and
+/// asks for the end in another way.
+[[nodiscard]] bool EndsSessionWithCommit();
+
+/// One line for whoever looks after the system: on standard error, in the form of sd-daemon(3) where the journal reads
+/// it; in the event log of Windows where there is no standard error. `priority` as in syslog(3), 3 to 7.
+void WriteSystemLog(int priority, const QString& line);
+
+/// As long as it lives, a console shows the UTF-8 that this process writes.
+class Utf8Console final {
+  public:
+    Utf8Console();
+    ~Utf8Console();
+    Utf8Console(const Utf8Console&) = delete;
+    Utf8Console& operator=(const Utf8Console&) = delete;
+
+  private:
+    unsigned m_former;
+};
 
 /// The words after the program's name that main was given.
 [[nodiscard]] QStringList CommandLineWords(int argc, char** argv);

@@ -14,6 +14,9 @@ class SettingsStore {
     /// The application name of this program's own entries.
     static inline const QString OwnApplication = QStringLiteral("Kalvenor");
 
+    /// Its section for the general options and the acceptance of the notice.
+    static inline const QString OptionsSection = QStringLiteral("Options");
+
     virtual ~SettingsStore() = default;
 
     /// Keys of one section, each with its value.

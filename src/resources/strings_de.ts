@@ -1091,8 +1091,8 @@
         <translation>Aktivitäten: %1, aktiv: %2</translation>
     </message>
     <message id="439">
-        <source>To accept this notice, start Kalvenor once with a window, or set Accepted=Yes under [Options] in the settings file</source>
-        <translation>Um diesen Hinweis anzunehmen, starten Sie Kalvenor einmal mit Fenster oder setzen Sie in der Einstellungsdatei unter [Options] Accepted=Yes</translation>
+        <source>To accept this notice, start Kalvenor once with a window, or set Accepted=Yes under [Options] in the settings</source>
+        <translation>Um diesen Hinweis anzunehmen, starten Sie Kalvenor einmal mit Fenster oder setzen Sie in den Einstellungen unter [Options] Accepted=Yes</translation>
     </message>
     <message id="440">
         <source>Monitoring is off: the option &quot;After start immediately start monitoring&quot; is not set.</source>

@@ -1362,8 +1362,8 @@
         <extra-name>ActivityCount</extra-name>
     </message>
     <message id="439">
-        <source>To accept this notice, start Kalvenor once with a window, or set Accepted=Yes under [Options] in the settings file</source>
-        <translation>To accept this notice, start Kalvenor once with a window, or set Accepted=Yes under [Options] in the settings file</translation>
+        <source>To accept this notice, start Kalvenor once with a window, or set Accepted=Yes under [Options] in the settings</source>
+        <translation>To accept this notice, start Kalvenor once with a window, or set Accepted=Yes under [Options] in the settings</translation>
         <extra-name>AcceptHeadless</extra-name>
     </message>
     <message id="440">

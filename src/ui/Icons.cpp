@@ -1,8 +1,6 @@
 #include "Icons.h"
 
-#include <QPainter>
-#include <QPixmap>
-#include <QSvgRenderer>
+#include <QDir>
 #include <array>
 
 /// A static library has to register its resources itself. (The macro does not work inside a namespace.)
@@ -24,14 +22,9 @@ QIcon Icons::Icon(Picture picture) {
     if (picture == Picture::None)
         return icon;
     loadDrawings();
-    QSvgRenderer drawing(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(names[static_cast<std::size_t>(picture)])));
-    for (const int size : {16, 20, 22, 24, 32, 44, 48, 64, 128}) {
-        QPixmap pixmap(size, size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        drawing.render(&painter);
-        painter.end();
-        icon.addPixmap(pixmap);
-    }
+    const QDir drawings(QStringLiteral(":/icons/") + QLatin1String(names[static_cast<std::size_t>(picture)]));
+    const QStringList sizes = drawings.entryList();
+    for (const QString& size : sizes)
+        icon.addPixmap(QPixmap(drawings.filePath(size)));
     return icon;
 }

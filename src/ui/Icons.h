@@ -1,5 +1,5 @@
-// The program's pictures, drawn from SVG at every size in use, so that they stay sharp. Their colours are readable on
-// light and on dark panels.
+// The program's pictures, drawn at every size in use while building, so that they stay sharp. Their colours are
+// readable on light and on dark panels.
 #pragma once
 
 #include <QIcon>

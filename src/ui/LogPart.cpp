@@ -26,7 +26,7 @@ QString withBrokenLines(const QString& text) {
 }
 
 QString shown(const QByteArray& bytes) {
-    QString text = QString::fromUtf8(bytes);
+    QString text = QString::fromLocal8Bit(bytes);
     text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
     return withBrokenLines(text);
 }
@@ -35,7 +35,7 @@ QString shown(const QByteArray& bytes) {
 qsizetype partOfLine(const QByteArray& bytes) {
     if (const qsizetype lineEnd = bytes.indexOf('\n'); lineEnd >= 0 && lineEnd < mostLeftOut)
         return lineEnd + 1;
-    qsizetype rest = 0; // of a character in UTF-8
+    qsizetype rest = 0; // of a character in UTF-8; in another encoding a few characters of an overlong line
     while (rest < std::min<qsizetype>(bytes.size(), 3) && (static_cast<unsigned char>(bytes[rest]) & 0xC0) == 0x80)
         ++rest;
     return rest;

@@ -10,7 +10,7 @@
 struct LogPart {
     static constexpr qint64 MostBytes = 2 << 20;
 
-    QString text;     ///< as UTF-8, invalid bytes shown as U+FFFD, "\n" between lines; long lines are broken
+    QString text;     ///< in the encoding of logs, invalid bytes as U+FFFD, "\n" between lines; long lines are broken
     qint64 begin = 0; ///< in the file; whole lines where the log has any
     qint64 end = 0;
     qint64 size = 0;    ///< of the file

@@ -6,7 +6,6 @@
 #include "SingleInstance.h"
 #include "StartUp.h"
 #include <QtTest>
-#include <sstream>
 
 namespace {
 
@@ -39,10 +38,10 @@ struct World : ProgramFixture {
 
 /// The program without a window, and what it has written.
 struct Headless {
-    explicit Headless(World& world, bool isJournal = false) : log(lines, isJournal), host(*world.program, log) {}
-    QString Said() const { return QString::fromStdString(lines.str()); }
-    std::ostringstream lines;
-    HeadlessLog log;
+    explicit Headless(World& world) : host(*world.program, log) {}
+    QString Said() const { return said.join(QString()); }
+    QStringList said;
+    HeadlessLog log = HeadlessLog([this](int /*priority*/, const QString& line) { said.append(line + u'\n'); });
     HeadlessHost host;
 };
 
@@ -171,11 +170,11 @@ class TestStartUp : public QObject {
             World world;
             world.Fill({u"A"_qs});
             world.SetOption("StartUp", startUp ? u"1"_qs : u"0"_qs);
-            Headless headless(world, true);
+            Headless headless(world);
             QCOMPARE(headless.host.Start({}), std::nullopt);
             QCOMPARE(world.program->Monitoring().IsOn(), startUp);
             QVERIFY(world.prompter.shown.empty());
-            QCOMPARE(headless.Said(), startUp ? QString() : u"<5>"_qs + world.texts[Text::MonitoringIsOff] + u'\n');
+            QCOMPARE(headless.Said(), startUp ? QString() : world.texts[Text::MonitoringIsOff] + u'\n');
             QSignalSpy closed(&headless.host, &HeadlessHost::Closed);
             headless.host.RequestStop();
             QTRY_COMPARE(closed.size(), 1);
@@ -218,8 +217,9 @@ class TestStartUp : public QObject {
     }
 
     void questionsWithoutAUser() {
-        std::ostringstream lines;
-        HeadlessLog log(lines, true);
+        QStringList lines;
+        HeadlessLog log(
+            [&](int priority, const QString& line) { lines.append(u"<%1>%2\n"_qs.arg(priority).arg(line)); });
         HeadlessPrompter prompter(log);
         const QString title = u"T"_qs;
         QCOMPARE(prompter.Ask({u"Replace\n'a'?"_qs, title, MessageIcon::Question, MessageButtons::YesNo}),
@@ -228,7 +228,7 @@ class TestStartUp : public QObject {
         const Message countdown{u"Off"_qs, title, MessageIcon::Exclamation, MessageButtons::OkCancel,
                                 std::chrono::seconds(60)};
         QCOMPARE(prompter.Ask(countdown), MessageAnswer::Ok); // no user could cancel it
-        QCOMPARE(QString::fromStdString(lines.str()), u"<5>T: Replace 'a'? -> No\n<4>T: Gone\n<4>T: Off\n"_qs);
+        QCOMPARE(lines.join(QString()), u"<5>T: Replace 'a'? -> No\n<4>T: Gone\n<4>T: Off\n"_qs);
     }
 };
 

@@ -1,5 +1,6 @@
 // What only Windows has: the registry's failures, the class keys, Ctrl+Break, the mail client that is not there.
 #include "DesktopMailClient.h"
+#include "MachineSettings.h"
 #include "RegistryKey.h"
 #include "ScratchFolder.h"
 #include "TerminationSignal.h"
@@ -37,7 +38,10 @@ class TestWindowsSeams final : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
-    void cleanup() { RegDeleteTreeW(HKEY_CURRENT_USER, ownKey.c_str()); }
+    void cleanup() {
+        for (const HKEY root : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE})
+            RegDeleteTreeW(root, ownKey.c_str());
+    }
 
     void settingsAreTextsOfTheRegistry() {
         const auto store = MakeRegistrySettingsStore(ownKey);
@@ -52,6 +56,24 @@ class TestWindowsSeams final : public QObject {
         RegistryKey key = RegistryKey::Make(HKEY_CURRENT_USER, ownKey + L"\\Kalvenor\\Options");
         QVERIFY(!key.Remove(L"Key") && !key.Remove(L"Key"));
         QVERIFY(!store->Read(app, section, u"Key"_qs));
+    }
+
+    void aServiceReadsTheOptionsOfItsInstaller() {
+        const auto user = MakeRegistrySettingsStore(ownKey);
+        const auto service = MakeRegistrySettingsStore(ownKey, true);
+        const MachineSettings machine(ownKey);
+        QVERIFY(!user->WriteAll(app, section, {{u"Accepted"_qs, u"Yes"_qs}, {u"StartUp"_qs, u"1"_qs}}));
+        QVERIFY(!machine.Store(L"C:\\\u00e4 b"));
+        QCOMPARE(QString::fromStdWString(machine.UserDataFolder()), u"C:\\\u00e4 b"_qs);
+        RegDeleteTreeW(HKEY_CURRENT_USER, ownKey.c_str()); // the account of the service has nothing
+        QVERIFY(!user->Read(app, section, u"Accepted"_qs));
+        QCOMPARE(service->Read(app, section, u"Accepted"_qs), u"Yes"_qs);
+        QVERIFY(!service->Write(app, section, u"StartUp"_qs, u"0"_qs)); // its own goes first
+        QCOMPARE(service->Read(app, section, u"StartUp"_qs), u"0"_qs);
+        // What the user has no longer must not stay.
+        QVERIFY(!machine.Store(L"C:\\other"));
+        QVERIFY(!service->Read(app, section, u"Accepted"_qs));
+        QVERIFY(!machine.Remove() && !machine.Remove() && machine.UserDataFolder().empty());
     }
 
     void registersAFileType() {

@@ -172,6 +172,7 @@ class FakeServiceManager final : public ServiceManager {
     void QueryState(StateListener told) override { told(state); }
     bool Start(const QString& service) override { return did(u"start "_qs + service); }
     bool Stop(const QString& service) override { return did(u"stop "_qs + service); }
+    void Connect() override { did(u"connect"_qs); }
     bool AcceptControls(bool debug, ControlListener newListener) override {
         if (!debug && !runsThisProcess)
             return false;
@@ -180,6 +181,7 @@ class FakeServiceManager final : public ServiceManager {
     }
     void NotifyReady() override { did(u"ready"_qs); }
     void NotifyStopping() override { did(u"stopping"_qs); }
+    void NotifyEnd(int exitCode) override { did(u"end %1"_qs.arg(exitCode)); }
     void LogEvent(ServiceEvent type, int id, const QString& text) override {
         did(u"event %1 %2 %3"_qs.arg(static_cast<int>(type)).arg(id).arg(text));
     }

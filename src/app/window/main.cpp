@@ -13,6 +13,7 @@
 #include "frmMain.h"
 #include <QApplication>
 #include <QEvent>
+#include <QSessionManager>
 #include <QTranslator>
 #include <functional>
 
@@ -37,11 +38,20 @@ class QtTexts final {
 };
 
 /// Catches the desktop's request to quit, as it comes at the end of a session. Qt would drop it as soon as a window
-/// asks the user something.
+/// asks the user something. Windows ends a process soon after it has agreed, so a run that is not over yet holds the
+/// end of the session off: it goes on when this process has gone.
 class SessionEnd final : public QObject {
   public:
-    SessionEnd(QCoreApplication& application, std::function<void()> requested) : m_requested(std::move(requested)) {
+    SessionEnd(QGuiApplication& application, const RunState& runState, std::function<void()> requested)
+        : m_requested(std::move(requested)) {
         application.installEventFilter(this);
+        const auto commit = [this, &runState](QSessionManager& manager) {
+            m_requested();
+            if (runState.Running())
+                manager.cancel();
+        };
+        if (EndsSessionWithCommit())
+            connect(&application, &QGuiApplication::commitDataRequest, this, commit, Qt::DirectConnection);
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
@@ -87,7 +97,7 @@ int runWindow(int& argc, char** argv, const CommandLine& commandLine) {
     QObject::connect(&window, &frmMain::Closed, &application, [] { QCoreApplication::exit(0); });
     const TerminationSignal termination;
     QObject::connect(&termination, &TerminationSignal::Raised, &window, &frmMain::CloseWithoutQuestion);
-    const SessionEnd sessionEnd(application, [&window] { window.CloseWithoutQuestion(); });
+    const SessionEnd sessionEnd(application, program.State(), [&window] { window.CloseWithoutQuestion(); });
     // From inside the event loop, so that a close that comes during the start is not lost.
     const auto start = [&] {
         if (window.Start(commandLine) == StartUpResult::Declined)

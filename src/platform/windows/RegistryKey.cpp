@@ -55,16 +55,35 @@ bool RegistryKey::Has(const std::wstring& value) const {
 }
 
 std::error_code RegistryKey::SetText(const std::wstring& value, const std::wstring& text) {
+    return set(value, text, REG_SZ);
+}
+
+std::error_code RegistryKey::SetExpandableText(const std::wstring& value, const std::wstring& text) {
+    return set(value, text, REG_EXPAND_SZ);
+}
+
+std::error_code RegistryKey::set(const std::wstring& value, const std::wstring& text, DWORD type) {
     if (m_error)
         return m_error;
     const auto bytes = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
-    return asError(RegSetValueExW(m_key, value.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()), bytes));
+    return asError(RegSetValueExW(m_key, value.c_str(), 0, type, reinterpret_cast<const BYTE*>(text.c_str()), bytes));
 }
 
 std::error_code RegistryKey::Remove(const std::wstring& value) {
     if (m_error)
         return m_error;
     const LSTATUS status = RegDeleteValueW(m_key, value.c_str());
+    return asError(status == ERROR_FILE_NOT_FOUND ? ERROR_SUCCESS : status);
+}
+
+std::error_code RegistryKey::CopyFrom(const RegistryKey& other) {
+    if (m_error || other.m_error)
+        return m_error;
+    return asError(RegCopyTreeW(other.m_key, nullptr, m_key));
+}
+
+std::error_code RegistryKey::RemoveTree(HKEY root, const std::wstring& path) {
+    const LSTATUS status = RegDeleteTreeW(root, path.c_str());
     return asError(status == ERROR_FILE_NOT_FOUND ? ERROR_SUCCESS : status);
 }
 

@@ -28,13 +28,23 @@ class RegistryKey final {
 
     [[nodiscard]] std::error_code SetText(const std::wstring& value, const std::wstring& text);
 
+    /// With names of environment variables in it (REG_EXPAND_SZ).
+    [[nodiscard]] std::error_code SetExpandableText(const std::wstring& value, const std::wstring& text);
+
     /// No error when there is none.
     [[nodiscard]] std::error_code Remove(const std::wstring& value);
+
+    /// Takes all values and keys of another one; none when that could not be opened.
+    [[nodiscard]] std::error_code CopyFrom(const RegistryKey& other);
+
+    /// Removes a key with all below it; no error when there is none.
+    [[nodiscard]] static std::error_code RemoveTree(HKEY root, const std::wstring& path);
 
     /// Waits until all is stored.
     [[nodiscard]] std::error_code Flush();
 
   private:
+    [[nodiscard]] std::error_code set(const std::wstring& value, const std::wstring& text, DWORD type);
     RegistryKey(HKEY root, const std::wstring& path, bool make, REGSAM access);
 
     HKEY m_key = nullptr;

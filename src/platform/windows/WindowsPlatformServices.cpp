@@ -1,5 +1,8 @@
 #include "PlatformServices.h"
 
+#include "MachineSettings.h"
+#include "RegistryKey.h"
+#include "Session.h"
 #include "UserFolders.h"
 #include "WindowsProcess.h"
 #include "WindowsServiceManager.h"
@@ -29,17 +32,33 @@ std::filesystem::path programFolder() {
     return textOf([](wchar_t* text, DWORD size) { return GetModuleFileNameW(nullptr, text, size); }).parent_path();
 }
 
+/// A service works for the user who installed it.
+std::filesystem::path userDataFolder(bool isService) {
+    const std::filesystem::path installer = isService ? MachineSettings().UserDataFolder() : std::filesystem::path();
+    return installer.empty() ? below(UserFolders::OfTheUser()) : installer;
+}
+
+/// Whether the installer put the program there, and not the user.
+bool isInstalled(const std::filesystem::path& programFolder) {
+    const auto place =
+        RegistryKey::Open(HKEY_LOCAL_MACHINE, L"Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\"
+                                              L"Kalvenor Pro")
+            .Text(L"InstallLocation");
+    return place && CompareStringOrdinal(place->c_str(), -1, programFolder.c_str(), -1, TRUE) == CSTR_EQUAL;
+}
+
 } // namespace
 
 PlatformServices MakePlatformServices() {
     // An empty drive must be an error code, not a box that waits for somebody to put a disk in.
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
+    const bool isService = ReadDisplayFacts().display.isEmpty();
     PlatformServices services;
     services.clock = std::make_unique<RealClock>();
     services.eventPump = std::make_unique<QtEventPump>();
     services.fileSystem = MakeFileSystem();
     services.ownFiles = MakeOwnFiles();
-    services.settings = MakeRegistrySettingsStore();
+    services.settings = MakeRegistrySettingsStore(L"Software", isService);
     services.locks = MakeWindowsLocks(below(UserFolders::OfThisMachine()));
     services.process = std::make_unique<WindowsProcess>();
     services.power = MakePowerControl();
@@ -48,12 +67,14 @@ PlatformServices MakePlatformServices() {
     services.autostart = MakeAutostart();
     services.places.programFolder = programFolder();
     services.places.dataFolder = services.places.programFolder;
-    services.places.userDataFolder = below(UserFolders::OfTheUser());
+    services.places.userDataFolder = userDataFolder(isService);
+    services.places.isInstalled = isInstalled(services.places.programFolder);
     const auto windows = textOf([](wchar_t* text, DWORD size) { return GetSystemWindowsDirectoryW(text, size); });
     const auto system = textOf([](wchar_t* text, DWORD size) { return GetSystemDirectoryW(text, size); });
     services.systemDirectories = {windows, system, windows.root_path()};
     // Not the path of this process: it may be a tool beside the program.
-    services.serviceManager = std::make_unique<WindowsServiceManager>(services.places.programFolder / L"Kalvenor.exe");
+    services.serviceManager = std::make_unique<WindowsServiceManager>(services.places.programFolder / L"Kalvenor.exe",
+                                                                      services.places.userDataFolder);
     services.systemClock = MakeSystemClock();
     services.dialUp = MakeDialUp();
     services.fileTypes = MakeFileTypes();

@@ -38,8 +38,9 @@ using SetTime = BOOL(WINAPI*)(const SYSTEMTIME*);
 
 /// REG_SZ values of "<path>\<application>\<section>" below HKEY_CURRENT_USER. Names are told apart without their letter
 /// case. A save that fails takes back what it had written; if the process dies in the middle of one, each value is
-/// either the old or the new one.
-[[nodiscard]] std::unique_ptr<SettingsStore> MakeRegistrySettingsStore(std::wstring path = L"Software");
+/// either the old or the new one. A service reads what its own account lacks below HKEY_LOCAL_MACHINE.
+[[nodiscard]] std::unique_ptr<SettingsStore> MakeRegistrySettingsStore(std::wstring path = L"Software",
+                                                                       bool isService = false);
 
 /// Values of a Run key below HKEY_CURRENT_USER. Entries of the whole machine are ignored.
 [[nodiscard]] std::unique_ptr<Autostart>

@@ -30,9 +30,11 @@ class LinuxServiceManager final : public ServiceManager {
     [[nodiscard]] bool Start(const QString& service) override;
     [[nodiscard]] bool Stop(const QString& service) override;
 
+    void Connect() override {} // systemd waits for the notice
     [[nodiscard]] bool AcceptControls(bool debug, ControlListener listener) override;
     void NotifyReady() override;
     void NotifyStopping() override;
+    void NotifyEnd(int /*exitCode*/) override {} // systemd sees it
     void LogEvent(ServiceEvent type, int id, const QString& text) override;
 
   private:

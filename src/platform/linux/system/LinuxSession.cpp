@@ -2,15 +2,26 @@
 #include "Session.h"
 
 #include <QtGlobal>
+#include <iostream>
 
 DisplayFacts ReadDisplayFacts() {
     return {qEnvironmentVariable("DISPLAY"), qEnvironmentVariable("WAYLAND_DISPLAY"),
             qEnvironmentVariable("QT_QPA_PLATFORM")};
 }
 
-bool IsJournalOnStandardError() {
-    return qEnvironmentVariableIsSet("JOURNAL_STREAM");
+bool EndsSessionWithCommit() {
+    return false;
 }
+
+void WriteSystemLog(int priority, const QString& line) {
+    if (qEnvironmentVariableIsSet("JOURNAL_STREAM"))
+        std::cerr << '<' << priority << '>';
+    std::cerr << line.toStdString() << '\n' << std::flush;
+}
+
+Utf8Console::Utf8Console() : m_former(0) {}
+
+Utf8Console::~Utf8Console() = default;
 
 QStringList CommandLineWords(int argc, char** argv) {
     QStringList words;

@@ -58,7 +58,7 @@ void takeBack(RegistryKey& key, const Former& former) {
 
 class RegistrySettingsStore final : public SettingsStore {
   public:
-    explicit RegistrySettingsStore(std::wstring path) : m_path(std::move(path)) {}
+    RegistrySettingsStore(std::wstring path, bool isService) : m_path(std::move(path)), m_isService(isService) {}
 
     std::optional<QString> Read(const QString& application, const QString& section, const QString& key) const override;
     std::error_code WriteAll(const QString& application, const QString& section, const Entries& entries) override;
@@ -70,13 +70,17 @@ class RegistrySettingsStore final : public SettingsStore {
     }
 
     std::wstring m_path;
+    bool m_isService;
 };
 
 std::optional<QString> RegistrySettingsStore::Read(const QString& application, const QString& section,
                                                    const QString& key) const {
     if (!isName(application) || !isName(section) || !isName(key))
         return std::nullopt;
-    const auto text = RegistryKey::Open(HKEY_CURRENT_USER, pathOf(application, section)).Text(key.toStdWString());
+    const std::wstring path = pathOf(application, section);
+    auto text = RegistryKey::Open(HKEY_CURRENT_USER, path).Text(key.toStdWString());
+    if (!text && m_isService)
+        text = RegistryKey::Open(HKEY_LOCAL_MACHINE, path).Text(key.toStdWString());
     return text ? std::optional(QString::fromStdWString(*text).trimmed()) : std::nullopt;
 }
 
@@ -103,6 +107,6 @@ std::error_code RegistrySettingsStore::WriteAll(const QString& application, cons
 
 } // namespace
 
-std::unique_ptr<SettingsStore> MakeRegistrySettingsStore(std::wstring path) {
-    return std::make_unique<RegistrySettingsStore>(std::move(path));
+std::unique_ptr<SettingsStore> MakeRegistrySettingsStore(std::wstring path, bool isService) {
+    return std::make_unique<RegistrySettingsStore>(std::move(path), isService);
 }

@@ -1,15 +1,21 @@
 #include "ServiceDispatcher.h"
+#include "LastResort.h"
 
 #include <array>
 #include <atomic>
+#include <chrono>
 
 namespace {
 
-constexpr DWORD startMilliseconds = 60000;
-constexpr DWORD stopMilliseconds = 120000; // the file that is being copied is finished first
+constexpr std::chrono::seconds reportInterval{5};
+constexpr DWORD patienceMilliseconds = 30000; // of the system, for the next report
 
 /// The system hands serviceMain no argument of ours.
 std::atomic<ServiceDispatcher*> current = nullptr;
+
+bool isPending(DWORD state) {
+    return state == SERVICE_START_PENDING || state == SERVICE_STOP_PENDING;
+}
 
 SERVICE_STATUS statusOf(DWORD state) {
     SERVICE_STATUS status{};
@@ -17,18 +23,15 @@ SERVICE_STATUS statusOf(DWORD state) {
     status.dwCurrentState = state;
     if (state == SERVICE_RUNNING || state == SERVICE_PAUSED)
         status.dwControlsAccepted = SERVICE_ACCEPT_STOP | SERVICE_ACCEPT_SHUTDOWN | SERVICE_ACCEPT_PAUSE_CONTINUE;
-    else if (state == SERVICE_START_PENDING)
-        status.dwWaitHint = startMilliseconds;
-    else if (state == SERVICE_STOP_PENDING)
-        status.dwWaitHint = stopMilliseconds;
+    else if (isPending(state))
+        status.dwWaitHint = patienceMilliseconds;
     return status;
 }
 
 } // namespace
 
-std::unique_ptr<ServiceDispatcher> ServiceDispatcher::Attach(std::wstring service,
-                                                             ServiceManager::ControlListener listener) {
-    std::unique_ptr<ServiceDispatcher> dispatcher(new ServiceDispatcher(std::move(service), std::move(listener)));
+std::unique_ptr<ServiceDispatcher> ServiceDispatcher::Attach(std::wstring service) {
+    std::unique_ptr<ServiceDispatcher> dispatcher(new ServiceDispatcher(std::move(service)));
     ServiceDispatcher* nobody = nullptr;
     if (!current.compare_exchange_strong(nobody, dispatcher.get()))
         return nullptr;
@@ -39,8 +42,7 @@ std::unique_ptr<ServiceDispatcher> ServiceDispatcher::Attach(std::wstring servic
     return dispatcher;
 }
 
-ServiceDispatcher::ServiceDispatcher(std::wstring service, ServiceManager::ControlListener listener)
-    : m_service(std::move(service)), m_listener(std::move(listener)) {}
+ServiceDispatcher::ServiceDispatcher(std::wstring service) : m_service(std::move(service)) {}
 
 ServiceDispatcher::~ServiceDispatcher() {
     Report(SERVICE_STOPPED);
@@ -50,16 +52,39 @@ ServiceDispatcher::~ServiceDispatcher() {
     current.compare_exchange_strong(self, nullptr);
 }
 
+bool ServiceDispatcher::Listen(ServiceManager::ControlListener listener) {
+    if (m_listener)
+        return false;
+    m_listener = std::move(listener);
+    return true;
+}
+
 void ServiceDispatcher::Report(DWORD state) {
     const std::lock_guard guard(m_guard);
     if (m_state == SERVICE_STOPPED)
         return; // nothing comes after it
     m_state = state;
-    if (m_handle != nullptr) {
-        SERVICE_STATUS status = statusOf(state);
-        SetServiceStatus(m_handle, &status);
-    }
+    m_checkPoint = 0;
+    send();
     m_stateChanged.notify_all();
+}
+
+void ServiceDispatcher::SetExitCode(DWORD code) {
+    const std::lock_guard guard(m_guard);
+    m_exitCode = code;
+}
+
+/// The caller holds the guard.
+void ServiceDispatcher::send() {
+    if (m_handle == nullptr)
+        return;
+    SERVICE_STATUS status = statusOf(m_state);
+    status.dwCheckPoint = isPending(m_state) ? ++m_checkPoint : 0;
+    if (m_state == SERVICE_STOPPED && m_exitCode != NO_ERROR) {
+        status.dwWin32ExitCode = ERROR_SERVICE_SPECIFIC_ERROR;
+        status.dwServiceSpecificExitCode = m_exitCode;
+    }
+    SetServiceStatus(m_handle, &status);
 }
 
 void ServiceDispatcher::dispatch() {
@@ -77,10 +102,12 @@ void WINAPI ServiceDispatcher::serviceMain(DWORD, LPWSTR*) {
 void ServiceDispatcher::serve() {
     std::unique_lock guard(m_guard);
     m_handle = RegisterServiceCtrlHandlerExW(m_service.c_str(), &ServiceDispatcher::handle, this);
-    SERVICE_STATUS status = statusOf(m_state);
-    SetServiceStatus(m_handle, &status);
+    send();
     m_connected.set_value(true);
-    m_stateChanged.wait(guard, [this] { return m_state == SERVICE_STOPPED; });
+    while (m_state != SERVICE_STOPPED) {
+        if (m_stateChanged.wait_for(guard, reportInterval) == std::cv_status::timeout && isPending(m_state))
+            send();
+    }
 }
 
 DWORD WINAPI ServiceDispatcher::handle(DWORD control, DWORD, LPVOID, LPVOID dispatcher) {
@@ -89,6 +116,7 @@ DWORD WINAPI ServiceDispatcher::handle(DWORD control, DWORD, LPVOID, LPVOID disp
     switch (control) {
     case SERVICE_CONTROL_STOP:
     case SERVICE_CONTROL_SHUTDOWN:
+        LastResort::EndSoon();
         self.Report(SERVICE_STOP_PENDING);
         self.tell(ServiceControl::Stop);
         return NO_ERROR;
@@ -109,5 +137,10 @@ DWORD WINAPI ServiceDispatcher::handle(DWORD control, DWORD, LPVOID, LPVOID disp
 
 void ServiceDispatcher::tell(ServiceControl control) {
     QMetaObject::invokeMethod(
-        &m_eventLoop, [this, control] { m_listener(control); }, Qt::QueuedConnection);
+        &m_eventLoop,
+        [this, control] {
+            if (m_listener)
+                m_listener(control);
+        },
+        Qt::QueuedConnection);
 }

@@ -1,4 +1,5 @@
 #include "WindowsServiceManager.h"
+#include "EventLog.h"
 #include "modForeignText.h"
 
 namespace {
@@ -11,12 +12,6 @@ struct ServiceCloser {
     void operator()(SC_HANDLE handle) const { CloseServiceHandle(handle); }
 };
 using ServiceHandle = std::unique_ptr<SC_HANDLE, ServiceCloser>;
-
-struct EventSourceCloser {
-    using pointer = HANDLE;
-    void operator()(HANDLE handle) const { DeregisterEventSource(handle); }
-};
-using EventSource = std::unique_ptr<HANDLE, EventSourceCloser>;
 
 /// Runs "net VERB SERVICE" without a window and does not wait for it.
 bool net(const QString& verb, const QString& service) {
@@ -52,10 +47,17 @@ void WindowsServiceManager::Install(Outcome outcome) {
     if (!manager)
         return outcome(false, lastError());
     const std::wstring line = L'"' + m_program.wstring() + L"\" STARTSERVICE";
-    const ServiceHandle service(CreateServiceW(manager.get(), serviceName, displayName, SERVICE_QUERY_STATUS,
+    const ServiceHandle service(CreateServiceW(manager.get(), serviceName, displayName, DELETE,
                                                SERVICE_WIN32_OWN_PROCESS, SERVICE_AUTO_START, SERVICE_ERROR_NORMAL,
                                                line.c_str(), nullptr, nullptr, nullptr, nullptr, nullptr));
-    outcome(service != nullptr, service ? QString() : lastError());
+    if (!service)
+        return outcome(false, lastError());
+    if (const std::error_code error = m_settings.Store(m_userDataFolder)) {
+        DeleteService(service.get());
+        return outcome(false, modForeignText::OfError(error));
+    }
+    EventLog::Register();
+    outcome(true, {});
 }
 
 void WindowsServiceManager::Uninstall(Outcome outcome) {
@@ -63,8 +65,11 @@ void WindowsServiceManager::Uninstall(Outcome outcome) {
     if (!manager)
         return outcome(false, lastError());
     const ServiceHandle service(OpenServiceW(manager.get(), serviceName, DELETE));
-    const bool succeeded = service && DeleteService(service.get()) != FALSE;
-    outcome(succeeded, succeeded ? QString() : lastError());
+    if (!service || DeleteService(service.get()) == FALSE)
+        return outcome(false, lastError());
+    std::ignore = m_settings.Remove();
+    EventLog::Unregister();
+    outcome(true, {});
 }
 
 void WindowsServiceManager::QueryState(StateListener listener) {
@@ -92,22 +97,22 @@ bool WindowsServiceManager::Stop(const QString& service) {
     return net(QStringLiteral("stop"), service);
 }
 
+void WindowsServiceManager::Connect() {
+    if (!m_dispatcher)
+        m_dispatcher = ServiceDispatcher::Attach(serviceName);
+}
+
 bool WindowsServiceManager::AcceptControls(bool debug, ControlListener listener) {
-    if (m_dispatcher || debug)
-        return false;
-    m_dispatcher = ServiceDispatcher::Attach(serviceName, std::move(listener));
-    return m_dispatcher != nullptr;
+    return m_dispatcher && !debug && m_dispatcher->Listen(std::move(listener));
 }
 
 void WindowsServiceManager::LogEvent(ServiceEvent type, int id, const QString& text) {
-    const EventSource source(RegisterEventSourceW(nullptr, serviceName));
-    if (!source)
-        return;
-    const std::wstring line = text.toStdWString();
-    const wchar_t* lines = line.c_str();
-    constexpr WORD noCategory = 0;
-    ReportEventW(source.get(), static_cast<WORD>(type), noCategory, static_cast<DWORD>(id), nullptr, 1, 0, &lines,
-                 nullptr);
+    EventLog::Write(static_cast<WORD>(type), static_cast<DWORD>(id), text);
+}
+
+void WindowsServiceManager::NotifyEnd(int exitCode) {
+    if (m_dispatcher)
+        m_dispatcher->SetExitCode(static_cast<DWORD>(exitCode));
 }
 
 void WindowsServiceManager::report(DWORD state) {

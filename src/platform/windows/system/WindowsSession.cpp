@@ -1,7 +1,9 @@
+#include "EventLog.h"
 #include "LocalTime.h"
 #include "Session.h"
 
 #include <array>
+#include <iostream>
 #include <memory>
 #include <windows.h>
 
@@ -29,8 +31,29 @@ DisplayFacts ReadDisplayFacts() {
     return {visibleStation(), {}, qEnvironmentVariable("QT_QPA_PLATFORM")};
 }
 
-bool IsJournalOnStandardError() {
-    return false;
+bool EndsSessionWithCommit() {
+    return true;
+}
+
+void WriteSystemLog(int priority, const QString& line) {
+    constexpr int error = 3;
+    constexpr int warning = 4;
+    constexpr DWORD event = 1;
+    if (GetFileType(GetStdHandle(STD_ERROR_HANDLE)) != FILE_TYPE_UNKNOWN)
+        std::cerr << line.toStdString() << '\n' << std::flush;
+    else if (priority <= warning)
+        EventLog::Write(priority <= error ? EVENTLOG_ERROR_TYPE : EVENTLOG_WARNING_TYPE, event, line);
+    else
+        EventLog::Write(EVENTLOG_INFORMATION_TYPE, event, line);
+}
+
+Utf8Console::Utf8Console() : m_former(GetConsoleOutputCP()) {
+    SetConsoleOutputCP(CP_UTF8);
+}
+
+/// The console is the user's, and outlives this process.
+Utf8Console::~Utf8Console() {
+    SetConsoleOutputCP(m_former);
 }
 
 /// From the system: main's own words come through the ANSI code page, which lacks most letters.

@@ -1,19 +1,9 @@
+#include "LastResort.h"
 #include "TerminationSignal.h"
 
 #include <atomic>
 #include <mutex>
 #include <windows.h>
-
-namespace {
-
-/// A disk that does not answer blocks every call. Ending the process then loses no more than a power cut: nothing.
-constexpr DWORD mostMilliseconds = 30000;
-
-void CALLBACK endProcess(void* /*context*/, BOOLEAN /*fired*/) {
-    TerminateProcess(GetCurrentProcess(), EXIT_FAILURE);
-}
-
-} // namespace
 
 class TerminationSignal::Handlers final {
   public:
@@ -53,8 +43,7 @@ class TerminationSignal::Handlers final {
             return;
         const auto tell = [this] {
             m_pending = false;
-            if (m_timer == nullptr) // the first one counts
-                CreateTimerQueueTimer(&m_timer, nullptr, &endProcess, nullptr, mostMilliseconds, 0, WT_EXECUTEONLYONCE);
+            LastResort::EndSoon();
             Q_EMIT m_owner.Raised();
         };
         QMetaObject::invokeMethod(&m_owner, tell, Qt::QueuedConnection);
@@ -66,7 +55,6 @@ class TerminationSignal::Handlers final {
 
     TerminationSignal& m_owner;
     std::atomic<bool> m_pending = false;
-    HANDLE m_timer = nullptr; ///< goes on after this object, until the process ends
 };
 
 TerminationSignal::TerminationSignal(QObject* parent)
