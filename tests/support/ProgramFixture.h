@@ -124,7 +124,7 @@ class ProgramFixture : public ScratchFolder {
     /// The texts of an activity's log, without date and prefix.
     QStringList Log(const QString& name) const {
         QStringList lines;
-        for (QString line : QString::fromUtf8(Read(name + QStringLiteral(".log"))).split(QStringLiteral("\r\n"))) {
+        for (QString line : QString::fromLocal8Bit(Read(name + QStringLiteral(".log"))).split(QStringLiteral("\r\n"))) {
             line.remove(0, line.indexOf(QStringLiteral("] ")) + 2);
             const QString prefix = QStringLiteral("Activity '") + name + QStringLiteral("' - ");
             if (line.startsWith(prefix))

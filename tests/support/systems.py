@@ -34,7 +34,7 @@ class Wine:
     """Files on Wine's drive Z:, settings in the registry of its prefix."""
 
     odd_name = shown_name = "\u00e4 '[2J'"
-    log_encoding = "utf-8"
+    log_encoding = "cp1252"
 
     def __init__(self, emulator):
         self.emulator = emulator

@@ -2,6 +2,7 @@
 #include "EditorChecks.h"
 #include "Fakes.h"
 #include "ScratchStore.h"
+#include "SystemWorld.h"
 #include "clsGetSystemDirectoryPaths.h"
 #include "modTriggerDate.h"
 
@@ -38,6 +39,7 @@ class TestEditorChecks : public QObject {
     FakeClock m_clock;
     QLocale m_locale{QLocale::German, QLocale::Germany};
     clsGetSystemDirectoryPaths m_system;
+    bool m_isLink = false; ///< "link" leads to "system"
     std::function<bool(const QString&)> m_isUsableName = [](const QString& name) {
         return !name.contains(u' ') && !name.contains(u'€');
     };
@@ -103,7 +105,7 @@ class TestEditorChecks : public QObject {
             {"source is missing", source, paths(missing, cwd)},
             {"destination is empty", target, paths(cwd, {})},
             {"no action needs none", {}, paths(cwd, {}, "2")},
-            {"both protected", source + target, paths(windows + u'/', m_store.Path("link"))},
+            {"both protected", source + target, paths(windows + u'/', m_store.Path(m_isLink ? "link" : "system"))},
             {"the root comes last", target + source, paths(m_store.Path("cwd/.."), windows)},
             {"no destination to protect", source, paths(windows, {}, "2")},
             {"a digit in front", name, {}, noDate, noTime, noTime, q("1abc")},
@@ -132,9 +134,8 @@ class TestEditorChecks : public QObject {
         for (const char* folder : {"windows/below", "system"})
             QDir().mkpath(m_store.Path(folder));
         QVERIFY(m_store.Write(q("own"), ""));
-        QVERIFY(QFile::link(m_store.Path("system"), m_store.Path("link")));
-        m_system = {m_store.Path("windows").toStdString(), m_store.Path("system").toStdString(),
-                    m_store.folder.path().toStdString()};
+        m_isLink = SystemWorld::Link(m_store.Native(q("system")), m_store.Native(q("link")));
+        m_system = {m_store.Native(q("windows")), m_store.Native(q("system")), m_store.Native()};
         const QDateTime now(QDate(2026, 5, 10), QTime(14, 30, 59));
         m_clock.now = std::chrono::system_clock::from_time_t(now.toSecsSinceEpoch());
     }

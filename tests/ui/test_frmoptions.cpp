@@ -238,7 +238,7 @@ class TestFrmOptions : public QObject {
 
     void formThatWasClosedMeanwhileWritesNothing() {
         EditorWorld world;
-        world.system = {world.store.Path("cwd").toStdString(), "/etc", "/"};
+        world.system = {world.store.Native(q("cwd")), "/etc", "/"};
         frmOptions form(world.Services(), world.Request(q("A"), world.Usable()));
         form.show();
         world.store.prompter.yes = true;
