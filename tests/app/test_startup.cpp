@@ -5,6 +5,7 @@
 #include "ProgramFixture.h"
 #include "SingleInstance.h"
 #include "StartUp.h"
+#include "SystemWorld.h"
 #include <QtTest>
 
 namespace {
@@ -70,7 +71,8 @@ class TestStartUp : public QObject {
         QCOMPARE(parsed({u"/a/my"_qs, u"own"_qs, u"file.kvd"_qs}),
                  u"file: /a/my own file.kvd -> /a/my own file.kvd"_qs);
         QCOMPARE(parsed({u"\"\"/a\"\""_qs}), u"file: \"/a\" -> ./\"/a\""_qs); // one pair of quotes goes
-        QCOMPARE(parsed({u"link/../b.kvd"_qs}), u"file: link/../b.kvd -> ./link/../b.kvd"_qs);
+        if (SystemWorld::CanMake("link")) // else ".." is taken out of a text by the system itself
+            QCOMPARE(parsed({u"link/../b.kvd"_qs}), u"file: link/../b.kvd -> ./link/../b.kvd"_qs);
         // What Qt takes is left out.
         QCOMPARE(parsed({u"-plugin"_qs, u"xcb"_qs, u"--style"_qs, u"fusion"_qs, u"-reverse"_qs, u"/a.kvd"_qs}),
                  u"file: /a.kvd -> /a.kvd"_qs);

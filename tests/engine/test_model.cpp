@@ -38,7 +38,7 @@ class ModelDisk final {
 
     /// A path of the world as the system knows it.
     fs::path Real(const std::string& path) const {
-        return ((path.starts_with("src") ? m_source : m_near) / path).make_preferred();
+        return ((path.starts_with("src") ? m_source : m_near) / pathOf(path)).make_preferred();
     }
 
     const ModelLimits limits;
@@ -46,13 +46,20 @@ class ModelDisk final {
   private:
     using Kind = ModelEntry::Kind;
 
+    /// UTF-8 where the system's names are text, else any bytes.
+    static fs::path pathOf(const std::string& text) { return std::u8string(text.begin(), text.end()); }
+    static std::string textOf(const fs::path& path) {
+        const std::u8string text = path.generic_u8string();
+        return {text.begin(), text.end()};
+    }
+
     void make(const fs::path& path, const ModelEntry& entry) const {
         if (entry.kind == Kind::Link)
             return fs::create_symlink(Real(entry.bytes), path);
         if (entry.kind == Kind::Folder) {
             fs::create_directory(path);
             for (const auto& [name, inner] : entry.inside)
-                make(path / name, inner);
+                make(path / pathOf(name), inner);
         } else if (entry.kind == Kind::Pipe) {
             SystemWorld::MakeFifo(path);
         } else if (entry.kind == Kind::File) {
@@ -69,8 +76,8 @@ class ModelDisk final {
         if (status.type() == fs::file_type::symlink) {
             const fs::path real = fs::read_symlink(path);
             const fs::path inSource = real.lexically_relative(m_source);
-            const bool isInSource = inSource.string().starts_with("src");
-            return {.kind = Kind::Link, .bytes = (isInSource ? inSource : real.lexically_relative(m_near)).string()};
+            const bool isInSource = textOf(inSource).starts_with("src");
+            return {.kind = Kind::Link, .bytes = textOf(isInSource ? inSource : real.lexically_relative(m_near))};
         }
         ModelEntry entry{.mode = static_cast<unsigned>(status.permissions())};
         if (!limits.hasUnixEntries)
@@ -78,7 +85,7 @@ class ModelDisk final {
         fs::permissions(path, fs::perms::owner_all); // else neither read nor removed
         if (status.type() == fs::file_type::directory) {
             for (const auto& inner : fs::directory_iterator(path))
-                entry.inside[inner.path().filename().string()] = read(inner.path());
+                entry.inside[textOf(inner.path().filename())] = read(inner.path());
             return entry;
         }
         entry.kind = Kind::File;

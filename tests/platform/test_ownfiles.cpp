@@ -5,7 +5,6 @@
 #include "SizeLimit.h"
 #include "SystemCallFault.h"
 #include "Table.h"
-#include "modForeignText.h"
 #include "modNativePath.h"
 
 #include <QScopeGuard>
@@ -238,22 +237,6 @@ class TestOwnFiles : public QObject {
             QCOMPARE(scratch.Read(own), QByteArray("precious"));
             QCOMPARE(FileWorld::StatusOf(taken).st_ino, before);
         }
-    }
-
-    void foreignTextsAreHarmless() {
-        const std::tuple<QString, QString, QString> rows[] = {
-            {u"\u00e4 \u05d0\u200f\u00a0~"_qs, u"\u00e4 \u05d0\u200f\u00a0~"_qs, u"\u00e4 \u05d0\u200f\u00a0~"_qs},
-            {u"a\r\nb\nc\td\re"_qs, u"a  b c\uFFFDd e"_qs, u"a\nb\nc\td e"_qs},
-            {u"\x1b[2J\x07\x7f"_qs, u"\uFFFD[2J\uFFFD\uFFFD"_qs, u"\uFFFD[2J\uFFFD\uFFFD"_qs},
-            {u"\u0080\u009b\u2028\u202e\u2029"_qs, QString(5, u'\uFFFD'), QString(5, u'\uFFFD')},
-            {u"\u2065\u2066\u2069\u206a"_qs, u"\u2065\uFFFD\uFFFD\u206a"_qs, u"\u2065\uFFFD\uFFFD\u206a"_qs}};
-        for (const auto& [text, oneLine, lines] : rows) {
-            QCOMPARE(modForeignText::OneLine(text), oneLine);
-            QCOMPARE(modForeignText::Lines(text), lines);
-        }
-        QCOMPARE(modForeignText::OneLine(QString(QChar(u'\0'))), u"\uFFFD"_qs);
-        QCOMPARE(modForeignText::FromServer(u" 550\r\n550  no \x1b[m"_qs), u"550 550 no \uFFFD[m"_qs);
-        QCOMPARE(modForeignText::FromServer(QString(199, u'x') + u"\U0001F600y"), QString(199, u'x')); // not half of it
     }
 
     void pathsAndTheirTexts() {

@@ -2,6 +2,7 @@
 // batches, only a tree in memory. The random test holds the engine against it. Knows nothing of the engine's code.
 #pragma once
 
+#include <QDir>
 #include <QMap>
 #include <QString>
 #include <QStringList>
@@ -96,7 +97,7 @@ class SyncModel final {
     bool takesPart(const Entry& folder, const std::string& name, const std::string& path) {
         if (!allow(seen(folder, name) != Seen::Unknown, path) || seen(folder, name) != Seen::File)
             return false;
-        const QString text = u'/' + QString::fromStdString(path);
+        const QString text = QDir::toNativeSeparators(u'/' + QString::fromStdString(path));
         const QString extensions = m_run.fields[u"extensions"_qs];
         bool isPassing = m_isWhole || extensions.isEmpty();
         for (const QString& entry : extensions.split(u';'))

@@ -1,3 +1,4 @@
+#!/usr/bin/env python3
 """host.py COMMAND...: runs a test, and for it programs of this machine, which one under an emulator cannot start. Who
 connects to 127.0.0.1:$KALVENOR_HOST sends the words of a program, a line of JSON, and reads its output until it ends;
 hanging up ends it."""
