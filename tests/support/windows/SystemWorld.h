@@ -26,12 +26,11 @@ class SystemWorld {
     }
 
     /// False for what only other systems have. Links need a privilege here, nobody can write to a file that is being
-    /// copied, names lack more letters than the slash and may not differ in their letter case alone, and the XML
-    /// library built for this system knows no code pages.
+    /// copied, names lack more letters than the slash and may not differ in their letter case alone.
     [[nodiscard]] static bool CanMake(const QByteArray& kind) {
-        const std::set<QByteArray> none{"link",    "dangling link", "folder link",  "fifo",
-                                        "write",   "append",        "rewrite",      "truncate",
-                                        "replace", "case twins",    "hostile name", "windows-1252"};
+        const std::set<QByteArray> none{"link",    "dangling link", "folder link", "fifo",
+                                        "write",   "append",        "rewrite",     "truncate",
+                                        "replace", "case twins",    "hostile name"};
         return !none.contains(kind);
     }
 
