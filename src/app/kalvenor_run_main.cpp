@@ -28,7 +28,7 @@ int main(int argc, char* argv[]) {
     QCoreApplication::setApplicationName(QStringLiteral("kalvenor-run"));
     QCoreApplication::setApplicationVersion(QStringLiteral(KALVENOR_VERSION));
     const StringTable texts(StringTable::PreferredLanguage());
-    const Utf8Console console;
+    UseUtf8Console();
     HeadlessLog log(&WriteSystemLog);
 
     QCommandLineParser parser;

@@ -19,17 +19,8 @@ struct DisplayFacts {
 /// it; in the event log of Windows where there is no standard error. `priority` as in syslog(3), 3 to 7.
 void WriteSystemLog(int priority, const QString& line);
 
-/// As long as it lives, a console shows the UTF-8 that this process writes.
-class Utf8Console final {
-  public:
-    Utf8Console();
-    ~Utf8Console();
-    Utf8Console(const Utf8Console&) = delete;
-    Utf8Console& operator=(const Utf8Console&) = delete;
-
-  private:
-    unsigned m_former;
-};
+/// From now on until this process ends, its console shows what it writes as UTF-8.
+void UseUtf8Console();
 
 /// The words after the program's name that main was given.
 [[nodiscard]] QStringList CommandLineWords(int argc, char** argv);

@@ -19,9 +19,7 @@ void WriteSystemLog(int priority, const QString& line) {
     std::cerr << line.toStdString() << '\n' << std::flush;
 }
 
-Utf8Console::Utf8Console() : m_former(0) {}
-
-Utf8Console::~Utf8Console() = default;
+void UseUtf8Console() {}
 
 QStringList CommandLineWords(int argc, char** argv) {
     QStringList words;

@@ -3,6 +3,7 @@
 #include "Session.h"
 
 #include <array>
+#include <cstdlib>
 #include <iostream>
 #include <memory>
 #include <windows.h>
@@ -47,13 +48,11 @@ void WriteSystemLog(int priority, const QString& line) {
         EventLog::Write(EVENTLOG_INFORMATION_TYPE, event, line);
 }
 
-Utf8Console::Utf8Console() : m_former(GetConsoleOutputCP()) {
-    SetConsoleOutputCP(CP_UTF8);
-}
-
 /// The console is the user's, and outlives this process.
-Utf8Console::~Utf8Console() {
-    SetConsoleOutputCP(m_former);
+void UseUtf8Console() {
+    static const UINT former = GetConsoleOutputCP();
+    SetConsoleOutputCP(CP_UTF8);
+    std::atexit([] { SetConsoleOutputCP(former); });
 }
 
 /// From the system: main's own words come through the ANSI code page, which lacks most letters.
