@@ -128,7 +128,6 @@ class TestWindowsFiles final : public QObject {
         QVERIFY(!own->CreateNew(file, "old") && own->CreateNew(file, "other") == std::errc::file_exists);
         const std::optional<FileStamp> stamp = own->Stamp(file);
         QVERIFY(!own->Append(file, "+", false) && stamp != own->Stamp(file) && own->Stamp(file));
-        QVERIFY(own->Append(world.source / "none", "+", false) == std::errc::no_such_file_or_directory);
         for (const bool isReadOnly : {true, false}) {
             std::optional<WinHandle> handle;
             if (isReadOnly)
@@ -142,7 +141,6 @@ class TestWindowsFiles final : public QObject {
         QVERIFY(!own->ReadAll(file, 4, bytes) && bytes == "old+");
         QVERIFY(own->ReadAll(file, 3, bytes) == std::errc::file_too_large);
         QVERIFY(!own->ReplaceAll(file, "new") && !own->ReadAll(file, 3, bytes) && bytes == "new");
-        QVERIFY(own->MoveAway(file, file) == std::errc::file_exists);
         const fs::path other = FileWorld::OtherDevice().empty() ? world.destination : world.OtherDevice();
         const fs::path target = other / world.source.parent_path().filename();
         {
