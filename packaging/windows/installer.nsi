@@ -15,6 +15,7 @@ Target amd64-unicode
 !define PRODUCT "Kalvenor Pro"
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\${PRODUCT}" ; the program looks there as well
 !define SERVICE_KEY "SYSTEM\CurrentControlSet\Services\KalvenorPro"
+!define EVENT_KEY "SYSTEM\CurrentControlSet\Services\EventLog\Application\KalvenorPro"
 !define RUN_KEY "Software\Microsoft\Windows\CurrentVersion\Run"
 
 Name "${PRODUCT}"
@@ -157,6 +158,12 @@ Function un.removeService
         ${EndIf}
         ClearErrors
         ExecWait '"$INSTDIR\Kalvenor.exe" -platform offscreen uninstall' $R1
+        ${If} $R1 = 3 ; this account has never accepted the program's notice
+            nsExec::Exec '"$SYSDIR\sc.exe" delete KalvenorPro'
+            Pop $R1
+            DeleteRegKey HKLM "Software\Kalvenor"
+            DeleteRegKey HKLM "${EVENT_KEY}"
+        ${EndIf}
         ${IfNot} ${Errors}
         ${AndIf} $R1 = 0
             Return

@@ -26,7 +26,7 @@ void Schedulers::guarded(void (Schedulers::*tick)()) {
         (this->*tick)();
     } catch (const std::exception& error) {
         // Ends this tick only; an exception must not pass through the event loop.
-        m_logs.WriteAppLog(QString::fromUtf8(error.what()));
+        m_logs.WriteAppLog(QString::fromLocal8Bit(error.what()));
     }
 }
 

@@ -48,12 +48,13 @@ class FileErrorCategory final : public std::error_category {
   public:
     const char* name() const noexcept override { return "file"; }
 
+    /// In the ANSI code page, as those of the standard library.
     std::string message(int number) const override {
         std::array<wchar_t, 512> wide{};
         const DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
                                             static_cast<DWORD>(number), 0, wide.data(), wide.size(), nullptr);
         std::array<char, 2048> text{};
-        const int bytes = WideCharToMultiByte(CP_UTF8, 0, wide.data(), static_cast<int>(length), text.data(),
+        const int bytes = WideCharToMultiByte(CP_ACP, 0, wide.data(), static_cast<int>(length), text.data(),
                                               static_cast<int>(text.size()), nullptr, nullptr);
         std::string message(text.data(), static_cast<std::size_t>(bytes));
         message.erase(message.find_last_not_of(" \r\n") + 1);
