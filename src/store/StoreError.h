@@ -12,7 +12,7 @@ class StoreError final : public std::runtime_error {
         ChangedOnDisk ///< another program wrote the file after it was loaded
     };
     explicit StoreError(const QString& text, Reason reason = Reason::Failed)
-        : std::runtime_error(text.toStdString()), m_text(text), m_reason(reason) {}
+        : std::runtime_error(text.toLocal8Bit().toStdString()), m_text(text), m_reason(reason) {}
     [[nodiscard]] const QString& Text() const { return m_text; }
     [[nodiscard]] Reason Why() const { return m_reason; }
 
