@@ -1522,5 +1522,13 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <source>The activity file holds more than this program can read. It is left as it is:</source>
         <translation>Die Aktivitätendatei enthält mehr, als dieses Programm lesen kann. Sie bleibt, wie sie ist:</translation>
     </message>
+    <message id="710">
+        <source>There is no activity yet. An activity copies, moves or mirrors the files of one folder into another.</source>
+        <translation>Noch gibt es keine Aktivität. Eine Aktivität kopiert, verschiebt oder spiegelt die Dateien eines Ordners in einen anderen.</translation>
+    </message>
+    <message id="711">
+        <source>or drop a folder here</source>
+        <translation>oder einen Ordner hierher ziehen</translation>
+    </message>
 </context>
 </TS>

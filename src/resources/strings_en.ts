@@ -1900,5 +1900,15 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <translation>The activity file holds more than this program can read. It is left as it is:</translation>
         <extra-name>FileTooCostly</extra-name>
     </message>
+    <message id="710">
+        <source>There is no activity yet. An activity copies, moves or mirrors the files of one folder into another.</source>
+        <translation>There is no activity yet. An activity copies, moves or mirrors the files of one folder into another.</translation>
+        <extra-name>ListIsEmpty</extra-name>
+    </message>
+    <message id="711">
+        <source>or drop a folder here</source>
+        <translation>or drop a folder here</translation>
+        <extra-name>OrDropFolder</extra-name>
+    </message>
 </context>
 </TS>

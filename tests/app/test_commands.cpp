@@ -4,9 +4,11 @@
 #include "WindowFixture.h"
 #include "frmSearch.h"
 #include "frmServiceOptions.h"
+#include <QDragEnterEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMimeData>
 #include <QPushButton>
 #include <QSignalSpy>
 
@@ -123,8 +125,26 @@ class TestCommands final : public QObject {
         world.Write(world.DefaultFile(), "damaged");
         Window window(world);
         window.Command("mnuAddDir").trigger();
-        QVERIFY(window.editor.opened.isEmpty());
+        QVERIFY(window.editor.opened.isEmpty() && !window.Hint().isVisible());
         QCOMPARE(world.prompter.shown.back().text, world.texts[Text::FileNotLoaded]);
+    }
+
+    void theEmptyListLeadsToTheFirstActivity() {
+        World world;
+        world.WriteActivities(world.DefaultFile(), QString());
+        Window window(world);
+        window.editor.onEdit = [&](const ActivityEditor::Writer& write) {
+            return write(u"First"_qs, window.editor.shown);
+        };
+        QMimeData folder;
+        folder.setUrls({QUrl::fromLocalFile(world.Path(u"."_qs))});
+        const QPoint middle = window.Hint().rect().center();
+        QDragEnterEvent enter(middle, Qt::CopyAction, &folder, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&window.Hint(), &enter);
+        QVERIFY(window.Hint().isVisible() && enter.isAccepted());
+        window.Hint().findChild<QPushButton*>(u"cmdAddFirst"_qs)->click();
+        QCOMPARE(window.Names(), QStringList{u"First"_qs});
+        QVERIFY(!window.Hint().isVisible());
     }
 
     /// Another program has changed the file, so nothing can be saved.
@@ -192,6 +212,7 @@ class TestCommands final : public QObject {
         QCOMPARE(program.File().CurrentPath(), cleared ? world.DefaultFile() : path);
         QCOMPARE(QFile::exists(path), !cleared || !isOther);
         QCOMPARE(window.Names(), !cleared ? names : isOther ? three : QStringList());
+        QCOMPARE(window.Hint().isVisible(), cleared && !isOther);
         QVERIFY(!cleared || !program.List().IsTakenOut(u"A"_qs));
     }
 

@@ -3,12 +3,14 @@
 #include "ActivityListView.h"
 #include "CommandGuard.h"
 #include "DialogHost.h"
+#include "EmptyListHint.h"
 #include "Icons.h"
 #include "frmDisclaimer.h"
 #include "modOpenExplorer.h"
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QFileInfo>
+#include <QGridLayout>
 #include <QMimeData>
 #include <QScopeGuard>
 #include <QScopedValueRollback>
@@ -38,7 +40,8 @@ bool isActivityFile(const QString& path) {
 frmMain::frmMain(Program& program, const Tools& tools)
     : m_program(program), m_dialogs(tools.dialogs),
       m_menu(*this, program.Texts(), [this](Command command) { run(command); }),
-      m_view(new ActivityListView(program.List(), this)), m_status(*statusBar(), program),
+      m_view(new ActivityListView(program.List(), this)), m_hint(new EmptyListHint(program.Texts())),
+      m_status(*statusBar(), program),
       m_tray(program.Texts(), Program::Title(), [this](Command command) { run(command); }),
       m_placement(*this, *program.Services().settings), m_runNow(program), m_activities(program, *m_view, tools.editor),
       m_files(program, tools.picker), m_help(program, tools.dialogs),
@@ -48,8 +51,7 @@ frmMain::frmMain(Program& program, const Tools& tools)
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(Program::Title());
     setAcceptDrops(true);
-    m_view->setFrameShape(QFrame::NoFrame);
-    setCentralWidget(m_view);
+    layOutList();
     connect(m_view, &QWidget::customContextMenuRequested, this,
             [this](const QPoint& at) { m_menu.PopUp(m_view->viewport()->mapToGlobal(at)); });
     connect(m_view, &ActivityListView::RowOpened, this,
@@ -66,6 +68,20 @@ frmMain::frmMain(Program& program, const Tools& tools)
 }
 
 frmMain::~frmMain() = default;
+
+void frmMain::layOutList() {
+    // Beside the view, not in it: to a screen reader a view holds nothing but its cells.
+    auto* list = new QWidget(this);
+    auto* layers = new QGridLayout(list);
+    layers->setContentsMargins(0, 0, 0, 0);
+    m_view->setFrameShape(QFrame::NoFrame);
+    layers->addWidget(m_view, 0, 0);
+    layers->addWidget(m_hint, 0, 0, Qt::AlignCenter);
+    m_hint->raise();
+    m_hint->hide();
+    connect(m_hint, &EmptyListHint::AddWanted, this, [this] { run(Command::AddActivity); });
+    setCentralWidget(list);
+}
 
 void frmMain::connectProgram() {
     connect(&m_program.Monitoring(), &MonitoringController::StateChanged, this, &frmMain::showMonitoring);
@@ -182,7 +198,9 @@ void frmMain::showCaption() {
 }
 
 void frmMain::showRows() {
-    m_menu.ShowRows(m_program.List().Rows() > 0, !m_view->CurrentName().isEmpty());
+    const bool hasRows = m_program.List().Rows() > 0;
+    m_menu.ShowRows(hasRows, !m_view->CurrentName().isEmpty());
+    m_hint->setVisible(!hasRows && m_program.File().IsLoaded());
 }
 
 void frmMain::showMonitoring(bool on) {

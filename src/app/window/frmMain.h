@@ -22,6 +22,7 @@
 #include <map>
 
 class ActivityListView;
+class EmptyListHint;
 class FilePicker;
 
 class frmMain final : public QMainWindow, private StartUpFace {
@@ -60,6 +61,7 @@ class frmMain final : public QMainWindow, private StartUpFace {
     void Minimise() override;
     bool AcceptsNotice() override;
 
+    void layOutList();
     void connectProgram();
     [[nodiscard]] std::map<Command, std::function<void()>> commandTable();
     void run(Command command);
@@ -81,6 +83,7 @@ class frmMain final : public QMainWindow, private StartUpFace {
     DialogHost& m_dialogs;
     MainMenu m_menu;
     ActivityListView* m_view;
+    EmptyListHint* m_hint; ///< over the view, while the loaded list is empty
     StatusPanel m_status;
     TrayIcon m_tray;
     WindowPlacement m_placement;
