@@ -80,6 +80,7 @@ constexpr std::array buttons{Button{"ViewLog", Text::ShowLog, Command::ShowLog, 
                              Button{"AddDir", Text::AddActivity, Command::AddActivity, Picture::Add},
                              Button{"DelDir", Text::DeleteActivity, Command::DeleteActivity, Picture::Delete},
                              Button{"Options", Text::Settings, Command::Properties, Picture::Properties},
+                             Button{"RunNow", Text::StartNow, Command::StartNow, Picture::RunNow},
                              Button{"Help", Text::Help, Command::Help, Picture::Help}};
 
 } // namespace
