@@ -1530,5 +1530,9 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <source>or drop a folder here</source>
         <translation>oder einen Ordner hierher ziehen</translation>
     </message>
+    <message id="712">
+        <source>Whatever is only in the destination directory is deleted there, for good.</source>
+        <translation>Was es nur im Zielverzeichnis gibt, wird dort endgültig gelöscht.</translation>
+    </message>
 </context>
 </TS>

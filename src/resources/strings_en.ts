@@ -1910,5 +1910,10 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <translation>or drop a folder here</translation>
         <extra-name>OrDropFolder</extra-name>
     </message>
+    <message id="712">
+        <source>Whatever is only in the destination directory is deleted there, for good.</source>
+        <translation>Whatever is only in the destination directory is deleted there, for good.</translation>
+        <extra-name>MirrorDeletes</extra-name>
+    </message>
 </context>
 </TS>

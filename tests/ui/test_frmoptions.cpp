@@ -9,6 +9,7 @@
 #include "frmOptions.h"
 
 #include <QAbstractButton>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPlainTextEdit>
@@ -178,7 +179,10 @@ class TestFrmOptions : public QObject {
         Find<QLineEdit>(form, "txtTime").setText(q("1"));
         choose("optDate");
         QCOMPARE(form.Record().Text(F::TriggerTime), QString()); // half a time that the user could not reach any more
-        choose("optNoAction");
+        for (const char* action : {"optMirror", "optNoAction"}) {
+            choose(action);
+            QCOMPARE(Find<QLabel>(form, "lblMirrorDeletes").isHidden(), qstrcmp(action, "optMirror") != 0);
+        }
         QCOMPARE(form.Record().Text(F::TargetDir), QString());
         choose("optMove");
         QCOMPARE(form.Record().Text(F::TargetDir), world.store.Path("program"));
