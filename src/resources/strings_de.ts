@@ -1534,5 +1534,25 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <source>Whatever is only in the destination directory is deleted there, for good.</source>
         <translation>Was es nur im Zielverzeichnis gibt, wird dort endgültig gelöscht.</translation>
     </message>
+    <message id="713">
+        <source>This folder does not exist.</source>
+        <translation>Diesen Ordner gibt es nicht.</translation>
+    </message>
+    <message id="714">
+        <source>Create folder</source>
+        <translation>Ordner anlegen</translation>
+    </message>
+    <message id="715">
+        <source>The folder could not be created: %1</source>
+        <translation>Der Ordner konnte nicht angelegt werden: %1</translation>
+    </message>
+    <message id="716">
+        <source>Use "%1"</source>
+        <translation>„%1“ verwenden</translation>
+    </message>
+    <message id="717">
+        <source>Keine Leerzeichen oder Zeichen wie „&amp;“; vorn ein Buchstabe oder „_“.</source>
+        <translation>Keine Leerzeichen oder Zeichen wie „&amp;“; vorn ein Buchstabe oder „_“.</translation>
+    </message>
 </context>
 </TS>

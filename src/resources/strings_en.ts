@@ -1915,5 +1915,30 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <translation>Whatever is only in the destination directory is deleted there, for good.</translation>
         <extra-name>MirrorDeletes</extra-name>
     </message>
+    <message id="713">
+        <source>This folder does not exist.</source>
+        <translation>This folder does not exist.</translation>
+        <extra-name>FolderMissing</extra-name>
+    </message>
+    <message id="714">
+        <source>Create folder</source>
+        <translation>Create folder</translation>
+        <extra-name>CreateFolder</extra-name>
+    </message>
+    <message id="715">
+        <source>The folder could not be created: %1</source>
+        <translation>The folder could not be created: %1</translation>
+        <extra-name>FolderNotCreated</extra-name>
+    </message>
+    <message id="716">
+        <source>Use "%1"</source>
+        <translation>Use "%1"</translation>
+        <extra-name>UseName</extra-name>
+    </message>
+    <message id="717">
+        <source>No blanks, no signs such as "&amp;"; a letter or "_" in front.</source>
+        <translation>No blanks, no signs such as "&amp;"; a letter or "_" in front.</translation>
+        <extra-name>NameHasUnusable</extra-name>
+    </message>
 </context>
 </TS>

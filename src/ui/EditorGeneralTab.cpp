@@ -1,6 +1,8 @@
 #include "EditorGeneralTab.h"
 
+#include "FieldHint.h"
 #include "FilePicker.h"
+#include "FolderHint.h"
 #include "FormParts.h"
 #include "FormServices.h"
 #include "StringTable.h"
@@ -8,7 +10,7 @@
 #include <QGridLayout>
 #include <QPlainTextEdit>
 
-EditorGeneralTab::EditorGeneralTab(const EditorServices& services)
+EditorGeneralTab::EditorGeneralTab(const EditorServices& services, const NameHint::IsUsable& isUsableName)
     : m_services(services), txtName(new QLineEdit), txtSourceDir(PathRow::FolderLine()),
       txtTargetDir(PathRow::FolderLine()), m_recentSources(services.settings, QStringLiteral("SourceDirs")),
       m_recentTargets(services.settings, QStringLiteral("TargetDirs")), m_target(*txtTargetDir) {
@@ -25,14 +27,17 @@ EditorGeneralTab::EditorGeneralTab(const EditorServices& services)
     grid->setHorizontalSpacing(12);
     grid->addWidget(FormParts::Label(texts[Text::NameTitle], *txtName), 0, 0);
     grid->addWidget(txtName, 0, 1);
-    grid->addWidget(chkActiv, 1, 1);
+    grid->addWidget((new NameHint(*txtName, texts, isUsableName))->Hint(), 1, 1);
     grid->addWidget(FormParts::Label(texts[Text::SourceColumn], *txtSourceDir), 2, 0);
     grid->addWidget(folderRow(txtSourceDir, true), 2, 1);
-    grid->addWidget(FormParts::Label(texts[Text::DestinationColumn], *txtTargetDir), 3, 0);
-    grid->addWidget(folderRow(txtTargetDir, false), 3, 1);
-    grid->addWidget(FormParts::Label(texts[Text::Comment], *txtComment), 4, 0, Qt::AlignTop);
-    grid->addWidget(txtComment, 4, 1);
-    grid->setRowStretch(4, 1);
+    grid->addWidget((new FolderHint(*txtSourceDir, texts))->Hint(), 3, 1);
+    grid->addWidget(FormParts::Label(texts[Text::DestinationColumn], *txtTargetDir), 4, 0);
+    grid->addWidget(folderRow(txtTargetDir, false), 4, 1);
+    grid->addWidget((new FolderHint(*txtTargetDir, texts))->Hint(), 5, 1);
+    grid->addWidget(chkActiv, 6, 1);
+    grid->addWidget(FormParts::Label(texts[Text::Comment], *txtComment), 7, 0, Qt::AlignTop);
+    grid->addWidget(txtComment, 7, 1);
+    grid->setRowStretch(7, 1);
 
     m_bindings.Text(*txtSourceDir, ActivityField::SourceDir);
     m_bindings.Text(*txtTargetDir, ActivityField::TargetDir);
