@@ -1940,5 +1940,70 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <translation>No blanks, no signs such as "&amp;"; a letter or "_" in front.</translation>
         <extra-name>NameHasUnusable</extra-name>
     </message>
+    <message id="720">
+        <source>Create an example ...</source>
+        <translation>Create an example ...</translation>
+        <extra-name>CreateExample</extra-name>
+    </message>
+    <message id="721">
+        <source>Where to put the example</source>
+        <translation>Where to put the example</translation>
+        <extra-name>ExampleTitle</extra-name>
+    </message>
+    <message id="722">
+        <source>Example</source>
+        <translation>Example</translation>
+        <extra-name>ExampleName</extra-name>
+    </message>
+    <message id="723">
+        <source>Kalvenor example</source>
+        <translation>Kalvenor example</translation>
+        <extra-name>ExampleFolder</extra-name>
+    </message>
+    <message id="724">
+        <source>Source</source>
+        <translation>Source</translation>
+        <extra-name>ExampleSource</extra-name>
+    </message>
+    <message id="725">
+        <source>Destination</source>
+        <translation>Destination</translation>
+        <extra-name>ExampleDestination</extra-name>
+    </message>
+    <message id="726">
+        <source>Welcome.txt</source>
+        <translation>Welcome.txt</translation>
+        <extra-name>ExampleFirstFile</extra-name>
+    </message>
+    <message id="727">
+        <source>Once monitoring is on, this file is copied into the destination folder.</source>
+        <translation>Once monitoring is on, this file is copied into the destination folder.</translation>
+        <extra-name>ExampleFirstContent</extra-name>
+    </message>
+    <message id="728">
+        <source>Change me.txt</source>
+        <translation>Change me.txt</translation>
+        <extra-name>ExampleSecondFile</extra-name>
+    </message>
+    <message id="729">
+        <source>Change this text and save it: ten seconds later the copy has changed, too.</source>
+        <translation>Change this text and save it: ten seconds later the copy has changed, too.</translation>
+        <extra-name>ExampleSecondContent</extra-name>
+    </message>
+    <message id="730">
+        <source>Start monitoring, then put a file into the source folder: within ten seconds it is in the destination folder, and the log says so.</source>
+        <translation>Start monitoring, then put a file into the source folder: within ten seconds it is in the destination folder, and the log says so.</translation>
+        <extra-name>ExampleComment</extra-name>
+    </message>
+    <message id="731">
+        <source>There is an activity "%1" already. It is selected now.</source>
+        <translation>There is an activity "%1" already. It is selected now.</translation>
+        <extra-name>ExampleIsThere</extra-name>
+    </message>
+    <message id="732">
+        <source>The example could not be created: %1</source>
+        <translation>The example could not be created: %1</translation>
+        <extra-name>ExampleNotCreated</extra-name>
+    </message>
 </context>
 </TS>

@@ -216,6 +216,43 @@ class TestCommands final : public QObject {
         QVERIFY(!cleared || !program.List().IsTakenOut(u"A"_qs));
     }
 
+    void theExampleOverwritesNothing() {
+        World world;
+        Window window(world);
+        const QString folder = world.Path(u"Kalvenor example"_qs);
+        world.Folder(u"Kalvenor example/Source"_qs);
+        world.Write(folder + u"/Source/Welcome.txt"_qs, "mine");
+        window.picker.answers = {QString(), world.Path(QString())};
+        QAction& create = window.Command("mnuExample");
+        create.trigger(); // cancelled
+        QVERIFY(window.Names() == three && !QFile::exists(folder + u"/Example.log"_qs));
+        create.trigger();
+        const QStringList four = three + QStringList{u"Example"_qs};
+        QCOMPARE(window.Names(), four);
+        QCOMPARE(window.View().CurrentName(), u"Example"_qs);
+        QVERIFY(window.program.List().IsChecked(3) && world.prompter.shown.empty());
+        QVERIFY(window.program.RunNow(u"Example"_qs).Succeeded());
+        QCOMPARE(world.Read(folder + u"/Destination/Welcome.txt"_qs), QByteArray("mine"));
+        QVERIFY(world.Read(folder + u"/Destination/Change me.txt"_qs).startsWith("Change this"));
+        QVERIFY(world.Read(folder + u"/Example.log"_qs).contains("Change me.txt"));
+        window.Select({u"A"_qs});
+        create.trigger();
+        QCOMPARE(window.View().CurrentName(), u"Example"_qs);
+        QCOMPARE(world.prompter.shown.back().text, world.texts[Text::ExampleIsThere].arg(u"Example"_qs));
+        QCOMPARE(window.Names(), four);
+    }
+
+    void noActivityWithoutTheFilesOfTheExample() {
+        World world;
+        Window window(world);
+        world.Write(world.Path(u"Kalvenor example"_qs), "a file");
+        window.picker.answers = {world.Path(QString())};
+        window.Command("mnuExample").trigger();
+        QCOMPARE(world.prompter.shown.size(), std::size_t(1));
+        QCOMPARE(window.Names(), three);
+        QCOMPARE(world.Read(world.Path(u"Kalvenor example"_qs)), QByteArray("a file"));
+    }
+
     void imports() {
         for (const QString& chosen : {u"other.kvd"_qs, QString(), u"Kalvenor.kvd"_qs}) { // "": the question is denied
             const bool imported = chosen == u"other.kvd";

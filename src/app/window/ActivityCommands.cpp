@@ -25,20 +25,33 @@ void ActivityCommands::edit(const QString& name, const QString& sourceFolder) {
     QString written;
     // Save while the editor is still open: what cannot be saved can still be corrected there.
     const auto write = [&](const QString& newName, const ActivityRecord& edited) {
-        bool taken = true;
-        const bool saved = Guarded(m_program, [&] {
-            ActivityWriter writer(m_program.Document(), m_program.File(), m_program.Prompts(), m_program.Texts());
-            taken = writer.Write(name, newName, edited);
-            if (taken)
-                written = newName;
-        });
-        return saved && taken;
+        const bool saved = save(name, newName, edited);
+        if (saved)
+            written = newName;
+        return saved;
     };
-    if (!m_editor.Edit(name, record, write))
-        return;
+    if (m_editor.Edit(name, record, write))
+        show(written);
+}
+
+void ActivityCommands::AddReady(const QString& name, const ActivityRecord& record) {
+    if (save({}, name, record))
+        show(name);
+}
+
+bool ActivityCommands::save(const QString& openedName, const QString& name, const ActivityRecord& record) {
+    bool taken = false;
+    const bool saved = Guarded(m_program, [&] {
+        ActivityWriter writer(m_program.Document(), m_program.File(), m_program.Prompts(), m_program.Texts());
+        taken = writer.Write(openedName, name, record);
+    });
+    return saved && taken;
+}
+
+void ActivityCommands::show(const QString& name) {
     Guarded(m_program, [this] { m_program.List().Refill(); });
-    m_program.List().Readmit(written);
-    m_view.Select(written);
+    m_program.List().Readmit(name);
+    m_view.Select(name);
 }
 
 void ActivityCommands::Delete(const QString& name) {

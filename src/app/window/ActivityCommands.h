@@ -6,6 +6,7 @@
 
 class ActivityEditor;
 class ActivityListView;
+class ActivityRecord;
 class Program;
 
 class ActivityCommands final {
@@ -15,12 +16,16 @@ class ActivityCommands final {
 
     /// Begins with `sourceFolder` unless it is empty.
     void Add(const QString& sourceFolder = {});
+    /// Without the editor.
+    void AddReady(const QString& name, const ActivityRecord& record);
     void Properties(const QString& name);
     void Delete(const QString& name);
     void ClearAll();
 
   private:
     void edit(const QString& name, const QString& sourceFolder);
+    [[nodiscard]] bool save(const QString& openedName, const QString& name, const ActivityRecord& record);
+    void show(const QString& name);
 
     Program& m_program;
     ActivityListView& m_view;

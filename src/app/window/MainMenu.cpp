@@ -62,6 +62,7 @@ constexpr std::array edit{
     MenuEntry{"mnuProperties", Text::Properties, Command::Properties, Picture::Properties, "Alt+Return"}};
 
 constexpr std::array help{MenuEntry{"mnuHelpDoc", Text::Help, Command::Help, Picture::Help, "F1"},
+                          MenuEntry{"mnuExample", Text::CreateExample, Command::CreateExample},
                           separator,
                           MenuEntry{"mnuCheckForUpdates", Text::CheckForUpdate, Command::CheckForUpdates},
                           separator,

@@ -38,6 +38,7 @@ enum class Command {
     OpenSource,
     OpenTarget,
     Help,
+    CreateExample,
     SystemInfo,
     About,
     Restore,

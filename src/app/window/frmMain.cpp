@@ -44,10 +44,10 @@ frmMain::frmMain(Program& program, const Tools& tools)
       m_status(*statusBar(), program),
       m_tray(program.Texts(), Program::Title(), [this](Command command) { run(command); }),
       m_placement(*this, *program.Services().settings), m_runNow(program), m_activities(program, *m_view, tools.editor),
-      m_files(program, tools.picker), m_help(program, tools.dialogs),
-      m_options(program, tools.dialogs, tools.picker, m_help), m_logs(program, tools.dialogs),
-      m_search(program, tools.dialogs, *m_view), m_system(program, tools.dialogs), m_waiter(program, this),
-      m_commands(commandTable()) {
+      m_files(program, tools.picker), m_example(program, m_activities, *m_view, tools.picker),
+      m_help(program, tools.dialogs), m_options(program, tools.dialogs, tools.picker, m_help),
+      m_logs(program, tools.dialogs), m_search(program, tools.dialogs, *m_view), m_system(program, tools.dialogs),
+      m_waiter(program, this), m_commands(commandTable()) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(Program::Title());
     setAcceptDrops(true);
@@ -134,6 +134,7 @@ std::map<Command, std::function<void()>> frmMain::commandTable() {
         {Command::Search, [this] { m_search.Search(); }},
         {Command::SearchAgain, [this] { m_search.SearchAgain(); }},
         {Command::Help, [this] { m_help.OpenManual(); }},
+        {Command::CreateExample, [this] { m_example.Create(); }},
         {Command::SystemInfo, [this] { m_help.ShowSystemInformation(); }},
         {Command::About, [this] { m_help.ShowAbout(); }},
 

@@ -5,6 +5,7 @@
 
 #include "ActivityCommands.h"
 #include "ActivityFileCommands.h"
+#include "ExampleCommand.h"
 #include "HelpCommands.h"
 #include "LogCommands.h"
 #include "MainMenu.h"
@@ -90,6 +91,7 @@ class frmMain final : public QMainWindow, private StartUpFace {
     RunNowCommands m_runNow;
     ActivityCommands m_activities;
     ActivityFileCommands m_files;
+    ExampleCommand m_example;
     HelpCommands m_help;
     OptionsCommand m_options;
     LogCommands m_logs;
