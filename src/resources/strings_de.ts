@@ -1606,5 +1606,25 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <source>The example could not be created: %1</source>
         <translation>Das Beispiel konnte nicht angelegt werden: %1</translation>
     </message>
+    <message id="733">
+        <source>Last &amp;files</source>
+        <translation>Letzte &amp;Dateien</translation>
+    </message>
+    <message id="734">
+        <source>&amp;Clear this list</source>
+        <translation>Diese &amp;Liste leeren</translation>
+    </message>
+    <message id="735">
+        <source>Delete all selected activities</source>
+        <translation>Alle ausgewählten Aktivitäten löschen</translation>
+    </message>
+    <message id="736">
+        <source>Should these %1 activities really be deleted?</source>
+        <translation>Sollen diese %1 Aktivitäten wirklich gelöscht werden?</translation>
+    </message>
+    <message id="737">
+        <source>... and %1 more</source>
+        <translation>... und %1 weitere</translation>
+    </message>
 </context>
 </TS>

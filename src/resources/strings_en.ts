@@ -2005,5 +2005,30 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <translation>The example could not be created: %1</translation>
         <extra-name>ExampleNotCreated</extra-name>
     </message>
+    <message id="733">
+        <source>Last &amp;files</source>
+        <translation>Last &amp;files</translation>
+        <extra-name>LastFiles</extra-name>
+    </message>
+    <message id="734">
+        <source>&amp;Clear this list</source>
+        <translation>&amp;Clear this list</translation>
+        <extra-name>ClearLastFiles</extra-name>
+    </message>
+    <message id="735">
+        <source>Delete all selected activities</source>
+        <translation>Delete all selected activities</translation>
+        <extra-name>DeleteSelected</extra-name>
+    </message>
+    <message id="736">
+        <source>Should these %1 activities really be deleted?</source>
+        <translation>Should these %1 activities really be deleted?</translation>
+        <extra-name>DeleteSelectedQuestion</extra-name>
+    </message>
+    <message id="737">
+        <source>... and %1 more</source>
+        <translation>... and %1 more</translation>
+        <extra-name>AndMore</extra-name>
+    </message>
 </context>
 </TS>

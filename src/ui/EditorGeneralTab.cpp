@@ -48,9 +48,9 @@ EditorGeneralTab::EditorGeneralTab(const EditorServices& services, const NameHin
 PathRow* EditorGeneralTab::folderRow(QLineEdit* edit, bool isSource) {
     const StringTable& texts = m_services.texts;
     const QString caption = texts[isSource ? Text::SelectSource : Text::SelectDestination];
-    const RecentFolders& recent = isSource ? m_recentSources : m_recentTargets;
+    const RecentPaths& recent = isSource ? m_recentSources : m_recentTargets;
     const auto pick = [this, caption, &recent](const QString& present) {
-        const QString begin = QFileInfo(present).isDir() ? present : recent.Folders().value(0);
+        const QString begin = QFileInfo(present).isDir() ? present : recent.Paths().value(0);
         return m_services.picker.PickFolder({caption, {}, begin, {}});
     };
     auto* row = new PathRow(edit, {isSource ? "cmdSourceDir" : "cmdTargetDir", caption}, pick);

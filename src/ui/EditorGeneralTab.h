@@ -34,8 +34,8 @@ class EditorGeneralTab final : public QWidget {
     QLineEdit* txtName;
     QLineEdit* txtSourceDir;
     QLineEdit* txtTargetDir;
-    RecentFolders m_recentSources;
-    RecentFolders m_recentTargets;
+    RecentPaths m_recentSources;
+    RecentPaths m_recentTargets;
     SwitchableText m_target;
     RecordBindings m_bindings;
 };

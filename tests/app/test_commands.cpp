@@ -47,6 +47,24 @@ class TestCommands final : public QObject {
         QCOMPARE(window.View().CurrentName(), u"A"_qs); // the next one on the screen
         window.Command("mnuDelDir").trigger();
         QCOMPARE(window.View().CurrentName(), u"C"_qs);
+        QVERIFY(!window.Command("mnuDeleteSelected").isEnabled()); // for more than one
+    }
+
+    void deletesTheSelectedAfterOneQuestion() {
+        World world;
+        Window window(world);
+        window.Select({u"A"_qs, u"B"_qs});
+        for (const bool yes : {false, true}) {
+            world.prompter.yes = yes;
+            QCOMPARE(window.Names(), three);
+            world.prompter.shown.clear();
+            window.Command("mnuDeleteSelected").trigger();
+            QCOMPARE(world.prompter.shown.size(), std::size_t(1));
+            QVERIFY(world.prompter.shown.front().text.endsWith(u"\n\nA\nB"_qs));
+        }
+        QCOMPARE(window.Names(), QStringList{u"C"_qs});
+        QCOMPARE(window.program.File().Names(), window.Names());
+        QCOMPARE(window.View().CurrentName(), u"C"_qs);
     }
 
     void edits() {
@@ -192,6 +210,7 @@ class TestCommands final : public QObject {
         }
         const QStringList names = window.Names();
         const QString path = program.File().CurrentPath();
+        const QByteArray bytes = world.Read(path);
         program.Monitoring().ToggleMonitoring();
         program.List().TakeOut(u"A"_qs); // of this name the default file has one, too
         if (!canBeDeleted)
@@ -211,6 +230,9 @@ class TestCommands final : public QObject {
         QCOMPARE(program.Monitoring().IsOn(), !cleared);
         QCOMPARE(program.File().CurrentPath(), cleared ? world.DefaultFile() : path);
         QCOMPARE(QFile::exists(path), !cleared || !isOther);
+        const QStringList dated = QDir(QFileInfo(path).path()).entryList({QFileInfo(path).baseName() + u" *.kvd"_qs});
+        QCOMPARE(dated.size(), cleared ? 1 : 0);
+        QVERIFY(!cleared || world.Read(QFileInfo(path).path() + u'/' + dated.first()) == bytes);
         QCOMPARE(window.Names(), !cleared ? names : isOther ? three : QStringList());
         QCOMPARE(window.Hint().isVisible(), cleared && !isOther);
         QVERIFY(!cleared || !program.List().IsTakenOut(u"A"_qs));
@@ -269,6 +291,32 @@ class TestCommands final : public QObject {
             QCOMPARE(world.settings->values.value(u"Kalvenor/LastFile/DBPath"_qs), imported ? world.other : QString());
             QCOMPARE(window.program.File().CurrentPath(), imported ? world.other : world.DefaultFile());
         }
+    }
+
+    void theLastFilesAreOfferedAgain() {
+        World world;
+        const QString gone = world.Path(u"gone.kvd"_qs);
+        world.settings->values[u"Kalvenor/LastFile/ActivityFiles"_qs] = gone;
+        Window window(world);
+        auto& menu = *window.form.findChild<QMenu*>(u"mnuLastFiles"_qs);
+        const auto offered = [&] {
+            Q_EMIT menu.aboutToShow();
+            QStringList paths;
+            for (const QAction* action : menu.actions())
+                if (!action->isSeparator())
+                    paths.append(action->text());
+            paths.removeLast(); // clears
+            return paths;
+        };
+        QCOMPARE(offered(), QStringList());
+        window.picker.answers = {world.other};
+        window.Command("mnuImportActivities").trigger();
+        QCOMPARE(offered(), QStringList{world.DefaultFile()}); // the file in use is not offered
+        menu.actions().first()->trigger();
+        QVERIFY(window.Names() == three && offered() == QStringList{world.other});
+        QVERIFY(world.settings->values[u"Kalvenor/LastFile/ActivityFiles"_qs].endsWith(gone)); // it may come back
+        window.Command("mnuClearLastFiles").trigger();
+        QVERIFY(offered().isEmpty() && !window.Command("mnuClearLastFiles").isEnabled());
     }
 
     void exports() {

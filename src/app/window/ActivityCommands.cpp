@@ -3,8 +3,24 @@
 #include "ActivityEditor.h"
 #include "ActivityListView.h"
 #include "ActivityWriter.h"
+#include "Clock.h"
 #include "CommandGuard.h"
 #include "frmOptions.h"
+#include "modForeignText.h"
+#include <QDateTime>
+#include <QSet>
+
+namespace {
+
+constexpr qsizetype mostNamed = 10; // in a question
+
+/// "2026-11-22 17-30-45": it sorts by itself, and every disk takes it for a name.
+QString dateForName(std::chrono::system_clock::time_point time) {
+    return QDateTime::fromSecsSinceEpoch(std::chrono::system_clock::to_time_t(time))
+        .toString(QStringLiteral("yyyy-MM-dd HH-mm-ss"));
+}
+
+} // namespace
 
 void ActivityCommands::Add(const QString& sourceFolder) {
     edit(QString(), sourceFolder);
@@ -58,11 +74,8 @@ void ActivityCommands::Delete(const QString& name) {
     const StringTable& texts = m_program.Texts();
     if (m_program.List().Rows() == 0 || name.isEmpty())
         return;
-    const QString file = m_program.File().CurrentPath();
-    if (m_program.Prompts().Ask({texts[Text::DeleteActivityQuestion] + name + texts[Text::ReallyBeDeleted],
-                                 texts[Text::DeleteActivityTitle], MessageIcon::Question, MessageButtons::YesNo}) !=
-            MessageAnswer::Yes ||
-        m_program.File().CurrentPath() != file) // events ran: the question was about another file
+    if (!mayDelete(texts[Text::DeleteActivityQuestion] + name + texts[Text::ReallyBeDeleted],
+                   Text::DeleteActivityTitle))
         return;
     const QString neighbour = m_view.NeighbourOf(name);
     Guarded(m_program, [&] {
@@ -73,6 +86,52 @@ void ActivityCommands::Delete(const QString& name) {
         m_view.Select(neighbour);
 }
 
+bool ActivityCommands::mayDelete(const QString& question, Text title) {
+    const QString file = m_program.File().CurrentPath();
+    const Message box{question, m_program.Texts()[title], MessageIcon::Question, MessageButtons::YesNo};
+    // Events run in the box: the question may have been about another file.
+    return m_program.Prompts().Ask(box) == MessageAnswer::Yes && m_program.File().CurrentPath() == file;
+}
+
+void ActivityCommands::DeleteSelected(const QStringList& names) {
+    const StringTable& texts = m_program.Texts();
+    QString shown = names.mid(0, mostNamed).join(u'\n');
+    if (names.size() > mostNamed)
+        shown += u'\n' + texts[Text::AndMore].arg(names.size() - mostNamed);
+    if (names.isEmpty() || !mayDelete(texts[Text::DeleteSelectedQuestion].arg(names.size()) + QStringLiteral("\n\n") +
+                                          modForeignText::Lines(shown),
+                                      Text::DeleteSelected))
+        return;
+    const QString next = firstBeside(names);
+    Guarded(m_program, [&] {
+        m_program.File().ChangeAndSave([&] {
+            for (const QString& name : names)
+                m_program.Document().DeleteNode(u"/items/" + name);
+        });
+        m_program.List().Refill();
+    });
+    if (!m_program.List().RowOf(names.first()))
+        m_view.Select(next);
+}
+
+/// The first activity shown below the first of these that is none of them, else the last one above.
+QString ActivityCommands::firstBeside(const QStringList& names) const {
+    const QSet<QString> all(names.begin(), names.end());
+    QString beside;
+    bool isBelow = false;
+    for (const int row : m_view.ShownRows()) {
+        const QString name = m_program.List().NameAt(row);
+        if (all.contains(name)) {
+            isBelow = true;
+            continue;
+        }
+        beside = name;
+        if (isBelow)
+            break;
+    }
+    return beside;
+}
+
 void ActivityCommands::ClearAll() {
     const StringTable& texts = m_program.Texts();
     ActivityFile& file = m_program.File();
@@ -80,7 +139,7 @@ void ActivityCommands::ClearAll() {
     const bool wasDefault = file.IsDefault();
     if (m_program.Prompts().Ask({texts[Text::ClearAllQuestion], texts[Text::ClearAllTitle], MessageIcon::Question,
                                  MessageButtons::YesNo}) != MessageAnswer::Yes ||
-        file.CurrentPath() != cleared || !file.DeleteCurrent())
+        file.CurrentPath() != cleared || !file.PutAway(dateForName(m_program.Services().clock->Now())))
         return;
     // The user has not started the activities of the default file, so everything of the old one ends first.
     if (m_program.Monitoring().IsOn())

@@ -14,6 +14,7 @@ class StringTable;
 enum class Command {
     AddActivity,
     DeleteActivity,
+    DeleteSelected,
     DeleteAll,
     Properties,
     SelectAll,

@@ -44,10 +44,13 @@ frmMain::frmMain(Program& program, const Tools& tools)
       m_status(*statusBar(), program),
       m_tray(program.Texts(), Program::Title(), [this](Command command) { run(command); }),
       m_placement(*this, *program.Services().settings), m_runNow(program), m_activities(program, *m_view, tools.editor),
-      m_files(program, tools.picker), m_example(program, m_activities, *m_view, tools.picker),
-      m_help(program, tools.dialogs), m_options(program, tools.dialogs, tools.picker, m_help),
-      m_logs(program, tools.dialogs), m_search(program, tools.dialogs, *m_view), m_system(program, tools.dialogs),
-      m_waiter(program, this), m_commands(commandTable()) {
+      m_files(program, tools.picker),
+      m_lastFiles(m_menu.LastFiles(), m_files.Last(), program.File(), program.Texts(),
+                  [this](const QString& path) { perform([&] { m_files.ImportFile(path); }); }),
+      m_example(program, m_activities, *m_view, tools.picker), m_help(program, tools.dialogs),
+      m_options(program, tools.dialogs, tools.picker, m_help), m_logs(program, tools.dialogs),
+      m_search(program, tools.dialogs, *m_view), m_system(program, tools.dialogs), m_waiter(program, this),
+      m_commands(commandTable()) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(Program::Title());
     setAcceptDrops(true);
@@ -116,6 +119,7 @@ std::map<Command, std::function<void()>> frmMain::commandTable() {
 
         {Command::AddActivity, [this] { m_activities.Add(); }},
         {Command::DeleteActivity, [this] { m_activities.Delete(m_view->CurrentName()); }},
+        {Command::DeleteSelected, [this] { m_activities.DeleteSelected(m_view->SelectedNames()); }},
         {Command::DeleteAll, [this] { m_activities.ClearAll(); }},
         {Command::Properties, [this] { m_activities.Properties(m_view->CurrentName()); }},
         {Command::SelectAll, [this] { m_view->selectAll(); }},
@@ -165,6 +169,7 @@ StartUpResult frmMain::Start(const CommandLine& commandLine) {
     if (result == StartUpResult::Running) {
         m_started = true;
         m_status.Say(QString());
+        m_files.RememberStart();
         m_system.CheckForUpdatesOfTheDay();
     }
     return result;
@@ -200,7 +205,7 @@ void frmMain::showCaption() {
 
 void frmMain::showRows() {
     const bool hasRows = m_program.List().Rows() > 0;
-    m_menu.ShowRows(hasRows, !m_view->CurrentName().isEmpty());
+    m_menu.ShowRows(hasRows, m_view->SelectedNames().size());
     m_hint->setVisible(!hasRows && m_program.File().IsLoaded());
 }
 

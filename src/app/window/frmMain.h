@@ -7,6 +7,7 @@
 #include "ActivityFileCommands.h"
 #include "ExampleCommand.h"
 #include "HelpCommands.h"
+#include "LastFilesMenu.h"
 #include "LogCommands.h"
 #include "MainMenu.h"
 #include "OptionsCommand.h"
@@ -91,6 +92,7 @@ class frmMain final : public QMainWindow, private StartUpFace {
     RunNowCommands m_runNow;
     ActivityCommands m_activities;
     ActivityFileCommands m_files;
+    LastFilesMenu m_lastFiles;
     ExampleCommand m_example;
     HelpCommands m_help;
     OptionsCommand m_options;
