@@ -104,10 +104,7 @@ void ActivityCommands::DeleteSelected(const QStringList& names) {
         return;
     const QString next = firstBeside(names);
     Guarded(m_program, [&] {
-        m_program.File().ChangeAndSave([&] {
-            for (const QString& name : names)
-                m_program.Document().DeleteNode(u"/items/" + name);
-        });
+        m_program.File().ChangeAndSave([&] { m_program.Document().DeleteChildren(QStringLiteral("/items"), names); });
         m_program.List().Refill();
     });
     if (!m_program.List().RowOf(names.first()))
