@@ -9,6 +9,7 @@
 #include "frmOptions.h"
 
 #include <QAbstractButton>
+#include <QDir>
 #include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
@@ -219,7 +220,6 @@ class TestFrmOptions : public QObject {
 
     void aMissingFolderCanBeCreated() {
         EditorWorld world;
-        qputenv("HOME", world.store.Path("program").toLocal8Bit());
         frmOptions form(world.Services(), world.Request(q("A"), world.Usable()));
         form.show();
         QVERIFY(QTest::qWaitForWindowActive(&form));
@@ -237,10 +237,13 @@ class TestFrmOptions : public QObject {
         type(q("relative")); // to where, nobody could say
         QTRY_VERIFY(hint.isVisible());
         QVERIFY(offer.isHidden() && !line.accessibleDescription().isEmpty());
-        type(q("~/new/folder"));
+        type(q("~/no such folder"));
         QTRY_VERIFY(hint.isVisible());
         Find<QLineEdit>(form, "txtName").setFocus();
-        QCOMPARE(line.text(), world.store.Path("program/new/folder"));
+        QCOMPARE(line.text(), QDir::toNativeSeparators(QDir::homePath() + q("/no such folder")));
+        QVERIFY(offer.isVisible()); // whoever was about to press it still can
+        type(world.store.Path("program/new/folder"));
+        QTRY_VERIFY(hint.isVisible());
         offer.click();
         QVERIFY(hint.isHidden() && QFileInfo(line.text()).isDir());
         QVERIFY(world.store.Write(q("file"), "kept"));
