@@ -24,12 +24,15 @@ void NameHint::check() {
     m_hint->Object(m_texts[beginsWithDigit ? Text::NameStartsWithNumber : Text::NameHasUnusable], offer);
 }
 
-/// The name with "_" for whatever cannot stand in one; "" when even that would not do.
+/// The name with one "_" for whatever cannot stand in it; "" when even that would not do.
 QString NameHint::usable(const QString& name) const {
     QString result;
     for (const char32_t character : name.toUcs4()) {
         const QString one = QString::fromUcs4(&character, 1);
-        result += m_isUsable(u'a' + one) ? one : QStringLiteral("_");
+        if (m_isUsable(u'a' + one))
+            result += one;
+        else if (!result.endsWith(u'_'))
+            result += u'_';
     }
     if (result.front().isDigit() || !m_isUsable(result))
         result.prepend(u'_');

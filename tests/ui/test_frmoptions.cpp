@@ -195,7 +195,7 @@ class TestFrmOptions : public QObject {
         const std::pair<const char*, const char*> rows[] = {
             // typed, offered
             {"", ""},        {"My_Backup", ""}, {" My_Backup ", ""},       {"My Backup", "My_Backup"},
-            {"1st", "_1st"}, {"a&b", "a_b"},    {"\xF0\x9F\x8E\x81", "_"},
+            {"1st", "_1st"}, {"a & b", "a_b"},  {"\xF0\x9F\x8E\x81", "_"},
         };
         EditorWorld world;
         frmOptions::Request request = world.Request({}, world.Usable());
