@@ -1522,5 +1522,109 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <source>The activity file holds more than this program can read. It is left as it is:</source>
         <translation>Die Aktivitätendatei enthält mehr, als dieses Programm lesen kann. Sie bleibt, wie sie ist:</translation>
     </message>
+    <message id="710">
+        <source>There is no activity yet. An activity copies, moves or mirrors the files of one folder into another.</source>
+        <translation>Noch gibt es keine Aktivität. Eine Aktivität kopiert, verschiebt oder spiegelt die Dateien eines Ordners in einen anderen.</translation>
+    </message>
+    <message id="711">
+        <source>or drop a folder here</source>
+        <translation>oder einen Ordner hierher ziehen</translation>
+    </message>
+    <message id="712">
+        <source>Whatever is only in the destination directory is deleted there, for good.</source>
+        <translation>Was es nur im Zielverzeichnis gibt, wird dort endgültig gelöscht.</translation>
+    </message>
+    <message id="713">
+        <source>This folder does not exist.</source>
+        <translation>Diesen Ordner gibt es nicht.</translation>
+    </message>
+    <message id="714">
+        <source>Create folder</source>
+        <translation>Ordner anlegen</translation>
+    </message>
+    <message id="715">
+        <source>The folder could not be created: %1</source>
+        <translation>Der Ordner konnte nicht angelegt werden: %1</translation>
+    </message>
+    <message id="716">
+        <source>Use "%1"</source>
+        <translation>„%1“ verwenden</translation>
+    </message>
+    <message id="717">
+        <source>Keine Leerzeichen oder Zeichen wie „&amp;“; vorn ein Buchstabe oder „_“.</source>
+        <translation>Keine Leerzeichen oder Zeichen wie „&amp;“; vorn ein Buchstabe oder „_“.</translation>
+    </message>
+    <message id="720">
+        <source>Create an example ...</source>
+        <translation>Ein Beispiel anlegen ...</translation>
+    </message>
+    <message id="721">
+        <source>Where to put the example</source>
+        <translation>Wohin das Beispiel soll</translation>
+    </message>
+    <message id="722">
+        <source>Example</source>
+        <translation>Beispiel</translation>
+    </message>
+    <message id="723">
+        <source>Kalvenor example</source>
+        <translation>Kalvenor-Beispiel</translation>
+    </message>
+    <message id="724">
+        <source>Source</source>
+        <translation>Quelle</translation>
+    </message>
+    <message id="725">
+        <source>Destination</source>
+        <translation>Ziel</translation>
+    </message>
+    <message id="726">
+        <source>Welcome.txt</source>
+        <translation>Willkommen.txt</translation>
+    </message>
+    <message id="727">
+        <source>Once monitoring is on, this file is copied into the destination folder.</source>
+        <translation>Sobald die Überwachung läuft, wird diese Datei in den Zielordner kopiert.</translation>
+    </message>
+    <message id="728">
+        <source>Change me.txt</source>
+        <translation>Ändere mich.txt</translation>
+    </message>
+    <message id="729">
+        <source>Change this text and save it: ten seconds later the copy has changed, too.</source>
+        <translation>Ändern Sie diesen Text und speichern Sie ihn: Zehn Sekunden später ist auch die Kopie geändert.</translation>
+    </message>
+    <message id="730">
+        <source>Start monitoring, then put a file into the source folder: within ten seconds it is in the destination folder, and the log says so.</source>
+        <translation>Starten Sie die Überwachung und legen Sie eine Datei in den Quellordner: Binnen zehn Sekunden ist sie im Zielordner, und die Logdatei sagt es.</translation>
+    </message>
+    <message id="731">
+        <source>There is an activity "%1" already. It is selected now.</source>
+        <translation>Eine Aktivität „%1“ gibt es schon. Sie ist jetzt ausgewählt.</translation>
+    </message>
+    <message id="732">
+        <source>The example could not be created: %1</source>
+        <translation>Das Beispiel konnte nicht angelegt werden: %1</translation>
+    </message>
+    <message id="733">
+        <source>Last &amp;files</source>
+        <translation>Letzte &amp;Dateien</translation>
+    </message>
+    <message id="734">
+        <source>&amp;Clear this list</source>
+        <translation>Diese &amp;Liste leeren</translation>
+    </message>
+    <message id="735">
+        <source>Delete all selected activities</source>
+        <translation>Alle ausgewählten Aktivitäten löschen</translation>
+    </message>
+    <message id="736">
+        <source>Should these %1 activities really be deleted?</source>
+        <translation>Sollen diese %1 Aktivitäten wirklich gelöscht werden?</translation>
+    </message>
+    <message id="737">
+        <source>... and %1 more</source>
+        <translation>... und %1 weitere</translation>
+    </message>
 </context>
 </TS>

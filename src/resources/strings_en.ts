@@ -1900,5 +1900,135 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <translation>The activity file holds more than this program can read. It is left as it is:</translation>
         <extra-name>FileTooCostly</extra-name>
     </message>
+    <message id="710">
+        <source>There is no activity yet. An activity copies, moves or mirrors the files of one folder into another.</source>
+        <translation>There is no activity yet. An activity copies, moves or mirrors the files of one folder into another.</translation>
+        <extra-name>ListIsEmpty</extra-name>
+    </message>
+    <message id="711">
+        <source>or drop a folder here</source>
+        <translation>or drop a folder here</translation>
+        <extra-name>OrDropFolder</extra-name>
+    </message>
+    <message id="712">
+        <source>Whatever is only in the destination directory is deleted there, for good.</source>
+        <translation>Whatever is only in the destination directory is deleted there, for good.</translation>
+        <extra-name>MirrorDeletes</extra-name>
+    </message>
+    <message id="713">
+        <source>This folder does not exist.</source>
+        <translation>This folder does not exist.</translation>
+        <extra-name>FolderMissing</extra-name>
+    </message>
+    <message id="714">
+        <source>Create folder</source>
+        <translation>Create folder</translation>
+        <extra-name>CreateFolder</extra-name>
+    </message>
+    <message id="715">
+        <source>The folder could not be created: %1</source>
+        <translation>The folder could not be created: %1</translation>
+        <extra-name>FolderNotCreated</extra-name>
+    </message>
+    <message id="716">
+        <source>Use "%1"</source>
+        <translation>Use "%1"</translation>
+        <extra-name>UseName</extra-name>
+    </message>
+    <message id="717">
+        <source>No blanks, no signs such as "&amp;"; a letter or "_" in front.</source>
+        <translation>No blanks, no signs such as "&amp;"; a letter or "_" in front.</translation>
+        <extra-name>NameHasUnusable</extra-name>
+    </message>
+    <message id="720">
+        <source>Create an example ...</source>
+        <translation>Create an example ...</translation>
+        <extra-name>CreateExample</extra-name>
+    </message>
+    <message id="721">
+        <source>Where to put the example</source>
+        <translation>Where to put the example</translation>
+        <extra-name>ExampleTitle</extra-name>
+    </message>
+    <message id="722">
+        <source>Example</source>
+        <translation>Example</translation>
+        <extra-name>ExampleName</extra-name>
+    </message>
+    <message id="723">
+        <source>Kalvenor example</source>
+        <translation>Kalvenor example</translation>
+        <extra-name>ExampleFolder</extra-name>
+    </message>
+    <message id="724">
+        <source>Source</source>
+        <translation>Source</translation>
+        <extra-name>ExampleSource</extra-name>
+    </message>
+    <message id="725">
+        <source>Destination</source>
+        <translation>Destination</translation>
+        <extra-name>ExampleDestination</extra-name>
+    </message>
+    <message id="726">
+        <source>Welcome.txt</source>
+        <translation>Welcome.txt</translation>
+        <extra-name>ExampleFirstFile</extra-name>
+    </message>
+    <message id="727">
+        <source>Once monitoring is on, this file is copied into the destination folder.</source>
+        <translation>Once monitoring is on, this file is copied into the destination folder.</translation>
+        <extra-name>ExampleFirstContent</extra-name>
+    </message>
+    <message id="728">
+        <source>Change me.txt</source>
+        <translation>Change me.txt</translation>
+        <extra-name>ExampleSecondFile</extra-name>
+    </message>
+    <message id="729">
+        <source>Change this text and save it: ten seconds later the copy has changed, too.</source>
+        <translation>Change this text and save it: ten seconds later the copy has changed, too.</translation>
+        <extra-name>ExampleSecondContent</extra-name>
+    </message>
+    <message id="730">
+        <source>Start monitoring, then put a file into the source folder: within ten seconds it is in the destination folder, and the log says so.</source>
+        <translation>Start monitoring, then put a file into the source folder: within ten seconds it is in the destination folder, and the log says so.</translation>
+        <extra-name>ExampleComment</extra-name>
+    </message>
+    <message id="731">
+        <source>There is an activity "%1" already. It is selected now.</source>
+        <translation>There is an activity "%1" already. It is selected now.</translation>
+        <extra-name>ExampleIsThere</extra-name>
+    </message>
+    <message id="732">
+        <source>The example could not be created: %1</source>
+        <translation>The example could not be created: %1</translation>
+        <extra-name>ExampleNotCreated</extra-name>
+    </message>
+    <message id="733">
+        <source>Last &amp;files</source>
+        <translation>Last &amp;files</translation>
+        <extra-name>LastFiles</extra-name>
+    </message>
+    <message id="734">
+        <source>&amp;Clear this list</source>
+        <translation>&amp;Clear this list</translation>
+        <extra-name>ClearLastFiles</extra-name>
+    </message>
+    <message id="735">
+        <source>Delete all selected activities</source>
+        <translation>Delete all selected activities</translation>
+        <extra-name>DeleteSelected</extra-name>
+    </message>
+    <message id="736">
+        <source>Should these %1 activities really be deleted?</source>
+        <translation>Should these %1 activities really be deleted?</translation>
+        <extra-name>DeleteSelectedQuestion</extra-name>
+    </message>
+    <message id="737">
+        <source>... and %1 more</source>
+        <translation>... and %1 more</translation>
+        <extra-name>AndMore</extra-name>
+    </message>
 </context>
 </TS>

@@ -25,14 +25,18 @@ const char* elementOf(ActivityField field) {
     return ActivityRecord::Fields()[static_cast<std::size_t>(field)].element;
 }
 
-/// Moves the file to the first free name of BASE.OLD, BASE.OLD1, BASE.OLD2 ... in the current directory.
-std::error_code moveToOldName(OwnFiles& files, const std::filesystem::path& file) {
-    std::filesystem::path base = file.stem();
-    base += ".OLD";
-    std::error_code error = files.MoveAway(file, base);
+/// Moves the file to the first free name of BASE+END, BASE1+END, BASE2+END ...
+std::error_code moveToFreeName(OwnFiles& files, const std::filesystem::path& file, const std::filesystem::path& base,
+                               const std::filesystem::path& end) {
+    std::error_code error = files.MoveAway(file, std::filesystem::path(base) += end);
     for (int number = 1; error == std::errc::file_exists && number <= maxOldFiles; ++number)
-        error = files.MoveAway(file, std::filesystem::path(base) += std::to_string(number));
+        error = files.MoveAway(file, (std::filesystem::path(base) += std::to_string(number)) += end);
     return error;
+}
+
+/// BASE.OLD, BASE.OLD1, BASE.OLD2 ... in the current directory.
+std::error_code moveToOldName(OwnFiles& files, const std::filesystem::path& file) {
+    return moveToFreeName(files, file, file.stem() += ".OLD", {});
 }
 
 } // namespace
@@ -151,8 +155,13 @@ bool ActivityFile::OfferRepair() {
     return Load();
 }
 
-bool ActivityFile::DeleteCurrent() {
-    const std::error_code error = m_files.Delete(modNativePath::FromText(m_currentPath));
+bool ActivityFile::PutAway(const QString& date) {
+    const std::filesystem::path file = modNativePath::FromText(m_currentPath);
+    const bool isEmpty =
+        IsLoaded() && Names().isEmpty() && m_loadedPath == m_currentPath && m_files.Stamp(file) == m_loadedStamp;
+    const std::filesystem::path dated = file.parent_path() / (file.stem() += modNativePath::FromText(u' ' + date));
+    const std::error_code error =
+        isEmpty ? m_files.Delete(file) : moveToFreeName(m_files, file, dated, file.extension());
     if (!error || error == std::errc::no_such_file_or_directory)
         return true;
     tell(modForeignText::OfError(error));

@@ -54,8 +54,9 @@ class ActivityFile final : public QObject {
     /// that is missing, unreadable or too large is not damaged: shows the reason instead.
     bool OfferRepair();
 
-    /// Deletes the current file. On failure shows the reason and returns false.
-    [[nodiscard]] bool DeleteCurrent();
+    /// Gives the current file a name that tells the date, beside the old one: "Kalvenor 2026-11-22 17-30-45.kvd". A
+    /// file that holds no activity is deleted instead. On failure shows the reason and returns false.
+    [[nodiscard]] bool PutAway(const QString& date);
     /// Makes the default file current and creates it when it is missing. The caller loads it next.
     void SwitchToDefault();
 

@@ -7,6 +7,7 @@
 #include "modNativePath.h"
 
 #include <QRegularExpression>
+#include <QSet>
 #include <algorithm>
 #include <tuple>
 
@@ -167,6 +168,27 @@ void clsXML::DeleteNode(const QString& path) {
     ++m_revision;
     if (xmlNode* node = m_tree->Find(path))
         m_tree->Remove(*node);
+}
+
+void clsXML::DeleteChildren(const QString& parentPath, QStringList names) {
+    ++m_revision;
+    while (!names.isEmpty()) {
+        // Find them all before the first one goes: each removal makes the tree forget where the others are.
+        QSet<xmlNode*> found;
+        QSet<QString> sought;
+        QStringList again;
+        for (const QString& name : names) {
+            if (sought.contains(name)) {
+                again.append(name);
+            } else if (xmlNode* node = m_tree->Find(parentPath + u'/' + name)) {
+                sought.insert(name);
+                found.insert(node);
+            }
+        }
+        for (xmlNode* node : found)
+            m_tree->Remove(*node);
+        names = again;
+    }
 }
 
 void clsXML::MakeNode(const QString& parentPath, const QString& name, const std::optional<QString>& value) {

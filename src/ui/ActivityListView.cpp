@@ -3,10 +3,12 @@
 #include "ActivityList.h"
 #include "modForeignText.h"
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QSortFilterProxyModel>
 #include <QStyledItemDelegate>
+#include <QToolTip>
 #include <algorithm>
 
 namespace {
@@ -16,7 +18,20 @@ constexpr int mostColumnWidth = 4000; // pixels
 // In average characters of the view's font.
 constexpr int columnCharacters[ActivityList::ColumnCount] = {22, 30, 30, 36, 28, 10, 22, 22, 14, 20};
 
-/// Makes the rows a little higher and elides paths in the middle, where they say least.
+bool isPath(int column) {
+    switch (column) {
+    case ActivityList::Source:
+    case ActivityList::Destination:
+    case ActivityList::LogFile:
+    case ActivityList::Executable:
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// Makes the rows a little higher and elides paths in the middle, where they say least. The tooltip of a path that is
+/// cut begins with the whole of it.
 class RowDelegate final : public QStyledItemDelegate {
   public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -25,19 +40,22 @@ class RowDelegate final : public QStyledItemDelegate {
         return QStyledItemDelegate::sizeHint(option, index) + QSize(0, 4);
     }
 
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override {
+        const bool isCut = isPath(index.column()) && sizeHint(option, index).width() > option.rect.width();
+        if (event->type() != QEvent::ToolTip || !isCut)
+            return QStyledItemDelegate::helpEvent(event, view, option, index);
+        const QString comment = index.data(Qt::ToolTipRole).toString();
+        const QString path = u"<p style=\"white-space:pre-wrap\">" + index.data().toString().toHtmlEscaped() + u"</p>";
+        QToolTip::showText(event->globalPos(), path + comment, view, option.rect);
+        return true;
+    }
+
   protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
         QStyledItemDelegate::initStyleOption(option, index);
-        switch (index.column()) {
-        case ActivityList::Source:
-        case ActivityList::Destination:
-        case ActivityList::LogFile:
-        case ActivityList::Executable:
+        if (isPath(index.column()))
             option->textElideMode = Qt::ElideMiddle;
-            break;
-        default:
-            break;
-        }
     }
 };
 

@@ -66,10 +66,27 @@ QGroupBox* EditorActionTab::buildAction() {
     switches->addStretch(1);
     FormParts::EnterAtChosen(*m_actions);
     m_bindings.Choice(*m_actions, ActivityField::Action);
-    auto* halves = new QHBoxLayout(group);
+    auto* halves = new QHBoxLayout;
     halves->addLayout(options, 1);
     halves->addLayout(switches, 1);
+    auto* all = new QVBoxLayout(group);
+    all->addLayout(halves);
+    all->addWidget(warningOfMirror());
     return group;
+}
+
+QWidget* EditorActionTab::warningOfMirror() {
+    const QString warning = m_services.texts[Text::MirrorDeletes];
+    QLabel* label = FormParts::PlainText("lblMirrorDeletes", warning);
+    // The form keeps its size when another action is chosen.
+    QSizePolicy policy = label->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    label->setSizePolicy(policy);
+    label->hide();
+    QAbstractButton* mirror = m_actions->button(Mirror);
+    mirror->setAccessibleDescription(warning);
+    connect(mirror, &QAbstractButton::toggled, label, &QWidget::setVisible);
+    return label;
 }
 
 QGroupBox* EditorActionTab::buildFileTypes() {

@@ -28,6 +28,7 @@ class EditorActionTab final : public QWidget {
 
   private:
     [[nodiscard]] QGroupBox* buildAction();
+    [[nodiscard]] QWidget* warningOfMirror();
     [[nodiscard]] QGroupBox* buildFileTypes();
     [[nodiscard]] QGroupBox* buildReactions();
     [[nodiscard]] PathRow* programRow();

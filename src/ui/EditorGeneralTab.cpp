@@ -1,6 +1,8 @@
 #include "EditorGeneralTab.h"
 
+#include "FieldHint.h"
 #include "FilePicker.h"
+#include "FolderHint.h"
 #include "FormParts.h"
 #include "FormServices.h"
 #include "StringTable.h"
@@ -8,7 +10,7 @@
 #include <QGridLayout>
 #include <QPlainTextEdit>
 
-EditorGeneralTab::EditorGeneralTab(const EditorServices& services)
+EditorGeneralTab::EditorGeneralTab(const EditorServices& services, const NameHint::IsUsable& isUsableName)
     : m_services(services), txtName(new QLineEdit), txtSourceDir(PathRow::FolderLine()),
       txtTargetDir(PathRow::FolderLine()), m_recentSources(services.settings, QStringLiteral("SourceDirs")),
       m_recentTargets(services.settings, QStringLiteral("TargetDirs")), m_target(*txtTargetDir) {
@@ -25,14 +27,17 @@ EditorGeneralTab::EditorGeneralTab(const EditorServices& services)
     grid->setHorizontalSpacing(12);
     grid->addWidget(FormParts::Label(texts[Text::NameTitle], *txtName), 0, 0);
     grid->addWidget(txtName, 0, 1);
-    grid->addWidget(chkActiv, 1, 1);
+    grid->addWidget((new NameHint(*txtName, texts, isUsableName))->Hint(), 1, 1);
     grid->addWidget(FormParts::Label(texts[Text::SourceColumn], *txtSourceDir), 2, 0);
     grid->addWidget(folderRow(txtSourceDir, true), 2, 1);
-    grid->addWidget(FormParts::Label(texts[Text::DestinationColumn], *txtTargetDir), 3, 0);
-    grid->addWidget(folderRow(txtTargetDir, false), 3, 1);
-    grid->addWidget(FormParts::Label(texts[Text::Comment], *txtComment), 4, 0, Qt::AlignTop);
-    grid->addWidget(txtComment, 4, 1);
-    grid->setRowStretch(4, 1);
+    grid->addWidget((new FolderHint(*txtSourceDir, texts))->Hint(), 3, 1);
+    grid->addWidget(FormParts::Label(texts[Text::DestinationColumn], *txtTargetDir), 4, 0);
+    grid->addWidget(folderRow(txtTargetDir, false), 4, 1);
+    grid->addWidget((new FolderHint(*txtTargetDir, texts))->Hint(), 5, 1);
+    grid->addWidget(chkActiv, 6, 1);
+    grid->addWidget(FormParts::Label(texts[Text::Comment], *txtComment), 7, 0, Qt::AlignTop);
+    grid->addWidget(txtComment, 7, 1);
+    grid->setRowStretch(7, 1);
 
     m_bindings.Text(*txtSourceDir, ActivityField::SourceDir);
     m_bindings.Text(*txtTargetDir, ActivityField::TargetDir);
@@ -43,9 +48,9 @@ EditorGeneralTab::EditorGeneralTab(const EditorServices& services)
 PathRow* EditorGeneralTab::folderRow(QLineEdit* edit, bool isSource) {
     const StringTable& texts = m_services.texts;
     const QString caption = texts[isSource ? Text::SelectSource : Text::SelectDestination];
-    const RecentFolders& recent = isSource ? m_recentSources : m_recentTargets;
+    const RecentPaths& recent = isSource ? m_recentSources : m_recentTargets;
     const auto pick = [this, caption, &recent](const QString& present) {
-        const QString begin = QFileInfo(present).isDir() ? present : recent.Folders().value(0);
+        const QString begin = QFileInfo(present).isDir() ? present : recent.Paths().value(0);
         return m_services.picker.PickFolder({caption, {}, begin, {}});
     };
     auto* row = new PathRow(edit, {isSource ? "cmdSourceDir" : "cmdTargetDir", caption}, pick);

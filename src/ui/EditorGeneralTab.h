@@ -1,8 +1,9 @@
-// The editor's first tab: the activity's name, its two directories, comment and whether it is enabled. Touches the disk
-// only to offer folders.
+// The editor's first tab: the activity's name, its two directories, comment and whether it is enabled. Objects to a
+// name or a folder while it is typed; the disk is touched only to offer, look for and create folders.
 #pragma once
 
 #include "EditorFields.h"
+#include "NameHint.h"
 #include "PathRow.h"
 #include "RecordBindings.h"
 #include <QWidget>
@@ -12,7 +13,7 @@ struct EditorServices;
 class EditorGeneralTab final : public QWidget {
     Q_OBJECT
   public:
-    explicit EditorGeneralTab(const EditorServices& services);
+    EditorGeneralTab(const EditorServices& services, const NameHint::IsUsable& isUsableName);
 
     void Show(const QString& name, const ActivityRecord& record);
     void Store(ActivityRecord& record) const { m_bindings.Store(record); }
@@ -33,8 +34,8 @@ class EditorGeneralTab final : public QWidget {
     QLineEdit* txtName;
     QLineEdit* txtSourceDir;
     QLineEdit* txtTargetDir;
-    RecentFolders m_recentSources;
-    RecentFolders m_recentTargets;
+    RecentPaths m_recentSources;
+    RecentPaths m_recentTargets;
     SwitchableText m_target;
     RecordBindings m_bindings;
 };

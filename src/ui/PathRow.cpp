@@ -1,7 +1,6 @@
 #include "PathRow.h"
 
 #include "FormParts.h"
-#include "SettingsStore.h"
 #include <QCompleter>
 #include <QDir>
 #include <QDropEvent>
@@ -12,17 +11,8 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QUrl>
-#include <tuple>
-#include <utility>
 
 namespace {
-
-constexpr qsizetype mostRecent = 10;
-constexpr QChar separator = u'|';
-
-QString section() {
-    return QStringLiteral("LastFile");
-}
 
 /// The one folder that is being dragged; "" for anything else.
 QString draggedFolder(const QMimeData& data) {
@@ -98,24 +88,6 @@ void FolderEdit::dropEvent(QDropEvent* event) {
 
 } // namespace
 
-RecentFolders::RecentFolders(SettingsStore& settings, QString key) : m_settings(settings), m_key(std::move(key)) {}
-
-QStringList RecentFolders::Folders() const {
-    const QString joined = m_settings.Read(SettingsStore::OwnApplication, section(), m_key).value_or(QString());
-    return joined.split(separator, Qt::SkipEmptyParts).mid(0, mostRecent);
-}
-
-void RecentFolders::Remember(const QString& folder) {
-    // A folder's name may hold the separator on some systems; cut in two it would name other folders.
-    if (folder.trimmed().isEmpty() || folder.contains(separator))
-        return;
-    QStringList folders = Folders();
-    folders.removeAll(folder);
-    folders.prepend(folder);
-    std::ignore =
-        m_settings.Write(SettingsStore::OwnApplication, section(), m_key, folders.mid(0, mostRecent).join(separator));
-}
-
 QLineEdit* PathRow::FolderLine() {
     return new FolderEdit;
 }
@@ -132,8 +104,8 @@ PathRow::PathRow(QLineEdit* line, const Button& picker, const Pick& pick)
     line->installEventFilter(this);
 }
 
-void PathRow::AddRecent(const Button& button, const RecentFolders& recent) {
-    const QStringList folders = recent.Folders();
+void PathRow::AddRecent(const Button& button, const RecentPaths& recent) {
+    const QStringList folders = recent.Paths();
     if (folders.isEmpty())
         return;
     auto* menu = new QMenu(this);

@@ -2,7 +2,7 @@
 // buttons and lays the line out; they are enabled as the line is.
 #pragma once
 
-#include <QStringList>
+#include "RecentPaths.h"
 #include <QWidget>
 #include <functional>
 #include <optional>
@@ -10,24 +10,6 @@
 class QHBoxLayout;
 class QLineEdit;
 class QToolButton;
-class SettingsStore;
-
-/// The last folders chosen for one purpose, kept in the user's settings. A choice that cannot be stored is forgotten
-/// without a message: it is a convenience.
-class RecentFolders final {
-  public:
-    /// `key` names the list: "SourceDirs" or "TargetDirs".
-    RecentFolders(SettingsStore& settings, QString key);
-
-    /// At most ten, the latest first.
-    [[nodiscard]] QStringList Folders() const;
-
-    void Remember(const QString& folder);
-
-  private:
-    SettingsStore& m_settings;
-    QString m_key;
-};
 
 class PathRow final : public QWidget {
     Q_OBJECT
@@ -46,7 +28,7 @@ class PathRow final : public QWidget {
     PathRow(QLineEdit* line, const Button& picker, const Pick& pick);
 
     /// `recent` must outlive the row.
-    void AddRecent(const Button& button, const RecentFolders& recent);
+    void AddRecent(const Button& button, const RecentPaths& recent);
 
     [[nodiscard]] QLineEdit& Line() const { return *m_line; }
 

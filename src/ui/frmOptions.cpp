@@ -52,8 +52,9 @@ ActivityRecord frmOptions::NewActivity() {
 
 frmOptions::frmOptions(const EditorServices& services, Request request, QWidget* parent)
     : QDialog(parent), m_services(services), m_request(std::move(request)), m_tabs(new QTabWidget),
-      m_general(new EditorGeneralTab(m_services)), m_schedule(new EditorScheduleTab(m_services)),
-      m_action(new EditorActionTab(m_services)), m_mail(new EditorMailTab(m_services, m_request.known)) {
+      m_general(new EditorGeneralTab(m_services, m_request.isUsableName)),
+      m_schedule(new EditorScheduleTab(m_services)), m_action(new EditorActionTab(m_services)),
+      m_mail(new EditorMailTab(m_services, m_request.known)) {
     const StringTable& texts = m_services.texts;
     setObjectName(QStringLiteral("frmOptions"));
     setWindowTitle(m_request.name.isEmpty() ? texts[Text::NewActivity] : texts[Text::PropertiesOf].arg(m_request.name));

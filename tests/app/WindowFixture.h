@@ -30,6 +30,7 @@ struct Window {
     }
     QAction& Command(const char* name) { return *form.findChild<QAction*>(QLatin1String(name)); }
     ActivityListView& View() { return *form.findChild<ActivityListView*>(QStringLiteral("lvwActivities")); }
+    QWidget& Hint() { return *form.findChild<QWidget*>(QStringLiteral("emptyListHint")); }
     void Select(const QStringList& names) {
         View().clearSelection();
         const QAbstractItemModel& shown = *View().model();

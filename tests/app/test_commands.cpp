@@ -4,9 +4,11 @@
 #include "WindowFixture.h"
 #include "frmSearch.h"
 #include "frmServiceOptions.h"
+#include <QDragEnterEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMimeData>
 #include <QPushButton>
 #include <QSignalSpy>
 
@@ -44,6 +46,24 @@ class TestCommands final : public QObject {
         QCOMPARE(window.program.File().Names(), window.Names());
         QCOMPARE(window.View().CurrentName(), u"A"_qs); // the next one on the screen
         window.Command("mnuDelDir").trigger();
+        QCOMPARE(window.View().CurrentName(), u"C"_qs);
+        QVERIFY(!window.Command("mnuDeleteSelected").isEnabled()); // for more than one
+    }
+
+    void deletesTheSelectedAfterOneQuestion() {
+        World world;
+        Window window(world);
+        window.Select({u"A"_qs, u"B"_qs});
+        for (const bool yes : {false, true}) {
+            world.prompter.yes = yes;
+            QCOMPARE(window.Names(), three);
+            world.prompter.shown.clear();
+            window.Command("mnuDeleteSelected").trigger();
+            QCOMPARE(world.prompter.shown.size(), std::size_t(1));
+            QVERIFY(world.prompter.shown.front().text.endsWith(u"\n\nA\nB"_qs));
+        }
+        QCOMPARE(window.Names(), QStringList{u"C"_qs});
+        QCOMPARE(window.program.File().Names(), window.Names());
         QCOMPARE(window.View().CurrentName(), u"C"_qs);
     }
 
@@ -123,8 +143,26 @@ class TestCommands final : public QObject {
         world.Write(world.DefaultFile(), "damaged");
         Window window(world);
         window.Command("mnuAddDir").trigger();
-        QVERIFY(window.editor.opened.isEmpty());
+        QVERIFY(window.editor.opened.isEmpty() && !window.Hint().isVisible());
         QCOMPARE(world.prompter.shown.back().text, world.texts[Text::FileNotLoaded]);
+    }
+
+    void theEmptyListLeadsToTheFirstActivity() {
+        World world;
+        world.WriteActivities(world.DefaultFile(), QString());
+        Window window(world);
+        window.editor.onEdit = [&](const ActivityEditor::Writer& write) {
+            return write(u"First"_qs, window.editor.shown);
+        };
+        QMimeData folder;
+        folder.setUrls({QUrl::fromLocalFile(world.Path(u"."_qs))});
+        const QPoint middle = window.Hint().rect().center();
+        QDragEnterEvent enter(middle, Qt::CopyAction, &folder, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&window.Hint(), &enter);
+        QVERIFY(window.Hint().isVisible() && enter.isAccepted());
+        window.Hint().findChild<QPushButton*>(u"cmdAddFirst"_qs)->click();
+        QCOMPARE(window.Names(), QStringList{u"First"_qs});
+        QVERIFY(!window.Hint().isVisible());
     }
 
     /// Another program has changed the file, so nothing can be saved.
@@ -172,6 +210,7 @@ class TestCommands final : public QObject {
         }
         const QStringList names = window.Names();
         const QString path = program.File().CurrentPath();
+        const QByteArray bytes = world.Read(path);
         program.Monitoring().ToggleMonitoring();
         program.List().TakeOut(u"A"_qs); // of this name the default file has one, too
         if (!canBeDeleted)
@@ -191,8 +230,49 @@ class TestCommands final : public QObject {
         QCOMPARE(program.Monitoring().IsOn(), !cleared);
         QCOMPARE(program.File().CurrentPath(), cleared ? world.DefaultFile() : path);
         QCOMPARE(QFile::exists(path), !cleared || !isOther);
+        const QStringList dated = QDir(QFileInfo(path).path()).entryList({QFileInfo(path).baseName() + u" *.kvd"_qs});
+        QCOMPARE(dated.size(), cleared ? 1 : 0);
+        QVERIFY(!cleared || world.Read(QFileInfo(path).path() + u'/' + dated.first()) == bytes);
         QCOMPARE(window.Names(), !cleared ? names : isOther ? three : QStringList());
+        QCOMPARE(window.Hint().isVisible(), cleared && !isOther);
         QVERIFY(!cleared || !program.List().IsTakenOut(u"A"_qs));
+    }
+
+    void theExampleOverwritesNothing() {
+        World world;
+        Window window(world);
+        const QString folder = world.Path(u"Kalvenor example"_qs);
+        world.Folder(u"Kalvenor example/Source"_qs);
+        world.Write(folder + u"/Source/Welcome.txt"_qs, "mine");
+        window.picker.answers = {QString(), world.Path(QString())};
+        QAction& create = window.Command("mnuExample");
+        create.trigger(); // cancelled
+        QVERIFY(window.Names() == three && !QFile::exists(folder + u"/Example.log"_qs));
+        create.trigger();
+        const QStringList four = three + QStringList{u"Example"_qs};
+        QCOMPARE(window.Names(), four);
+        QCOMPARE(window.View().CurrentName(), u"Example"_qs);
+        QVERIFY(window.program.List().IsChecked(3) && world.prompter.shown.empty());
+        QVERIFY(window.program.RunNow(u"Example"_qs).Succeeded());
+        QCOMPARE(world.Read(folder + u"/Destination/Welcome.txt"_qs), QByteArray("mine"));
+        QVERIFY(world.Read(folder + u"/Destination/Change me.txt"_qs).startsWith("Change this"));
+        QVERIFY(world.Read(folder + u"/Example.log"_qs).contains("Change me.txt"));
+        window.Select({u"A"_qs});
+        create.trigger();
+        QCOMPARE(window.View().CurrentName(), u"Example"_qs);
+        QCOMPARE(world.prompter.shown.back().text, world.texts[Text::ExampleIsThere].arg(u"Example"_qs));
+        QCOMPARE(window.Names(), four);
+    }
+
+    void noActivityWithoutTheFilesOfTheExample() {
+        World world;
+        Window window(world);
+        world.Write(world.Path(u"Kalvenor example"_qs), "a file");
+        window.picker.answers = {world.Path(QString())};
+        window.Command("mnuExample").trigger();
+        QCOMPARE(world.prompter.shown.size(), std::size_t(1));
+        QCOMPARE(window.Names(), three);
+        QCOMPARE(world.Read(world.Path(u"Kalvenor example"_qs)), QByteArray("a file"));
     }
 
     void imports() {
@@ -211,6 +291,32 @@ class TestCommands final : public QObject {
             QCOMPARE(world.settings->values.value(u"Kalvenor/LastFile/DBPath"_qs), imported ? world.other : QString());
             QCOMPARE(window.program.File().CurrentPath(), imported ? world.other : world.DefaultFile());
         }
+    }
+
+    void theLastFilesAreOfferedAgain() {
+        World world;
+        const QString gone = world.Path(u"gone.kvd"_qs);
+        world.settings->values[u"Kalvenor/LastFile/ActivityFiles"_qs] = gone;
+        Window window(world);
+        auto& menu = *window.form.findChild<QMenu*>(u"mnuLastFiles"_qs);
+        const auto offered = [&] {
+            Q_EMIT menu.aboutToShow();
+            QStringList paths;
+            for (const QAction* action : menu.actions())
+                if (!action->isSeparator())
+                    paths.append(action->text());
+            paths.removeLast(); // clears
+            return paths;
+        };
+        QCOMPARE(offered(), QStringList());
+        window.picker.answers = {world.other};
+        window.Command("mnuImportActivities").trigger();
+        QCOMPARE(offered(), QStringList{world.DefaultFile()}); // the file in use is not offered
+        menu.actions().first()->trigger();
+        QVERIFY(window.Names() == three && offered() == QStringList{world.other});
+        QVERIFY(world.settings->values[u"Kalvenor/LastFile/ActivityFiles"_qs].endsWith(gone)); // it may come back
+        window.Command("mnuClearLastFiles").trigger();
+        QVERIFY(offered().isEmpty() && !window.Command("mnuClearLastFiles").isEnabled());
     }
 
     void exports() {

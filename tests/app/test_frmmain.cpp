@@ -4,6 +4,7 @@
 #include "WindowFixture.h"
 #include "frmOptions.h"
 #include <QPlainTextEdit>
+#include <QToolButton>
 #include <QtTest>
 
 namespace {
@@ -41,7 +42,10 @@ class TestFrmMain : public QObject {
             world.prompter.yes = yes;
             Window window(world);
             window.Select({u"C"_qs, u"B"_qs}); // B is the current one
-            window.Command(command).trigger();
+            if (qstrcmp(command, "RunNow") == 0)
+                window.form.findChild<QToolButton*>(u"RunNow"_qs)->click();
+            else
+                window.Command(command).trigger();
             QStringList said;
             for (const Message& message : world.prompter.shown)
                 said.append(message.text);
@@ -52,7 +56,7 @@ class TestFrmMain : public QObject {
         };
         const StringTable texts(Language::English);
         QCOMPARE(run("mnuStartActivityNow", false), QStringList{texts[Text::StartNowQuestion]});
-        QCOMPARE(run("mnuStartActivityNow", true), (QStringList{texts[Text::StartNowQuestion], u"B"_qs}));
+        QCOMPARE(run("RunNow", true), (QStringList{texts[Text::StartNowQuestion], u"B"_qs}));
         QCOMPARE(run("mnuExecuteAllMarkedActivities", false), QStringList{texts[Text::StartMarkedQuestion]});
         QCOMPARE(run("mnuExecuteAllMarkedActivities", true),
                  (QStringList{texts[Text::StartMarkedQuestion], u"B"_qs, u"C"_qs}));

@@ -143,9 +143,13 @@ class TestClsXml : public QObject {
                 document.MakeNode(items, name);
                 document.MakeNode(path + u"[last()]", u"f"_qs, value);
                 model.append(name);
-            } else if (change == 2) {
+            } else if (change == 2 && step % 2 == 0) {
                 document.DeleteNode(path);
                 model.removeOne(name);
+            } else if (change == 2) {
+                document.DeleteChildren(items, {name, u"None"_qs, u"R1"_qs, name});
+                for (const QString& gone : {name, u"R1"_qs, name})
+                    model.removeOne(gone);
             } else if (change == 3) {
                 const QString next = step % 4 == 0 ? name : u"R%1"_qs.arg(step % 3);
                 document.ReplaceElement(items, name, next, {{u"f"_qs, value}});

@@ -4,7 +4,9 @@
 #include "ScratchStore.h"
 
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QTest>
+#include <QToolTip>
 
 namespace {
 
@@ -93,6 +95,27 @@ class TestActivityListView final : public QObject {
         QCOMPARE(opened, QStringList());
         scene.DoubleClick({name.right() - 2, name.center().y()});
         QCOMPARE(opened, QStringList{u"Two"_qs});
+    }
+
+    void theTooltipShowsACutPathBesideTheComment() {
+        Scene scene;
+        scene.view.resize(3000, 400);
+        scene.view.show();
+        const QString path = u"/a & b/"_qs.repeated(20);
+        const auto tooltip = [&](int row, int width) {
+            scene.view.setColumnWidth(ActivityList::Source, width);
+            const QModelIndex cell = scene.view.model()->index(row, ActivityList::Source);
+            scene.list.SetText(fileOrder[row], ActivityList::Source, path);
+            const QPoint at = scene.view.visualRect(cell).center();
+            QHelpEvent event(QEvent::ToolTip, at, scene.view.viewport()->mapToGlobal(at));
+            QCoreApplication::sendEvent(scene.view.viewport(), &event);
+            return QToolTip::text();
+        };
+        QCOMPARE(tooltip(0, 2500), QString());
+        const QString comment = tooltip(1, 2500);
+        QVERIFY(!comment.contains(u"/a"_qs) && comment.contains(u"&lt;b&gt;"_qs));
+        QVERIFY(tooltip(1, 100).contains(path.toHtmlEscaped()) && tooltip(1, 100).endsWith(comment));
+        QVERIFY(tooltip(0, 100).contains(path.toHtmlEscaped()) && !tooltip(0, 100).contains(comment));
     }
 
     void controlCharactersAreNotShown() {

@@ -9,11 +9,15 @@
 #include "frmOptions.h"
 
 #include <QAbstractButton>
+#include <QDir>
+#include <QFileInfo>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSlider>
+#include <QTimer>
 #include <QToolButton>
 
 namespace {
@@ -178,10 +182,77 @@ class TestFrmOptions : public QObject {
         Find<QLineEdit>(form, "txtTime").setText(q("1"));
         choose("optDate");
         QCOMPARE(form.Record().Text(F::TriggerTime), QString()); // half a time that the user could not reach any more
-        choose("optNoAction");
+        for (const char* action : {"optMirror", "optNoAction"}) {
+            choose(action);
+            QCOMPARE(Find<QLabel>(form, "lblMirrorDeletes").isHidden(), qstrcmp(action, "optMirror") != 0);
+        }
         QCOMPARE(form.Record().Text(F::TargetDir), QString());
         choose("optMove");
         QCOMPARE(form.Record().Text(F::TargetDir), world.store.Path("program"));
+    }
+
+    void aNameIsCheckedWhileOneTypes() {
+        const std::pair<const char*, const char*> rows[] = {
+            // typed, offered
+            {"", ""},        {"My_Backup", ""}, {" My_Backup ", ""},       {"My Backup", "My_Backup"},
+            {"1st", "_1st"}, {"a & b", "a_b"},  {"\xF0\x9F\x8E\x81", "_"},
+        };
+        EditorWorld world;
+        frmOptions::Request request = world.Request({}, world.Usable());
+        request.isUsableName = [](const QString& name) {
+            return std::all_of(name.begin(), name.end(), [](QChar c) { return c.isLetterOrNumber() || c == u'_'; });
+        };
+        frmOptions form(world.Services(), request);
+        auto& line = Find<QLineEdit>(form, "txtName");
+        for (const auto& [typed, offered] : rows) {
+            line.setText(q(typed));
+            auto& hint = Find<QWidget>(form, "txtNameHint");
+            QCOMPARE(hint.isHidden(), *offered == '\0');
+            QCOMPARE(line.accessibleDescription().isEmpty(), hint.isHidden());
+            QCOMPARE(line.styleSheet().isEmpty(), hint.isHidden());
+            if (*offered == '\0')
+                continue;
+            Find<QPushButton>(form, "txtNameOffer").click();
+            QCOMPARE(form.Name(), q(offered));
+            QVERIFY(hint.isHidden());
+        }
+    }
+
+    void aMissingFolderCanBeCreated() {
+        EditorWorld world;
+        frmOptions form(world.Services(), world.Request(q("A"), world.Usable()));
+        form.show();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        auto& line = Find<QLineEdit>(form, "txtTargetDir");
+        auto& hint = Find<QWidget>(form, "txtTargetDirHint");
+        auto& offer = Find<QPushButton>(form, "txtTargetDirOffer");
+        const auto type = [&](const QString& text) {
+            line.setFocus();
+            line.setText(text);
+            QVERIFY(hint.isHidden());
+            const QList<QTimer*> pauses = form.findChildren<QTimer*>(q("typingPause"));
+            for (QTimer* pause : pauses)
+                QVERIFY(QMetaObject::invokeMethod(pause, "timeout"));
+        };
+        type(q("relative")); // to where, nobody could say
+        QTRY_VERIFY(hint.isVisible());
+        QVERIFY(offer.isHidden() && !line.accessibleDescription().isEmpty());
+        type(q("~/no such folder"));
+        QTRY_VERIFY(hint.isVisible());
+        Find<QLineEdit>(form, "txtName").setFocus();
+        QCOMPARE(line.text(), QDir::toNativeSeparators(QDir::homePath() + q("/no such folder")));
+        QVERIFY(offer.isVisible()); // whoever was about to press it still can
+        type(world.store.Path("program/new/folder"));
+        QTRY_VERIFY(hint.isVisible());
+        offer.click();
+        QVERIFY(hint.isHidden() && QFileInfo(line.text()).isDir());
+        QVERIFY(world.store.Write(q("file"), "kept"));
+        type(world.store.Path("file/below"));
+        QTRY_VERIFY(hint.isVisible());
+        offer.click();
+        QVERIFY(hint.isVisible() && offer.isHidden()); // why not, is said there
+        QCOMPARE(world.store.Read(q("file")), QByteArray("kept"));
+        QCOMPARE(world.writes, 0);
     }
 
     void anObjectionWritesNothing() {

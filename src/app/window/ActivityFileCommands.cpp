@@ -16,6 +16,14 @@ QString twoLineBreaks() {
 
 } // namespace
 
+ActivityFileCommands::ActivityFileCommands(Program& program, FilePicker& picker)
+    : m_program(program), m_picker(picker), m_last(*program.Services().settings, QStringLiteral("ActivityFiles")) {}
+
+void ActivityFileCommands::RememberStart() {
+    if (!m_program.File().IsDefault())
+        m_last.Remember(m_program.File().CurrentPath());
+}
+
 QString ActivityFileCommands::startFolder() const {
     // The default file is not where the user chose to put it: the last choice says more.
     const ActivityFile& file = m_program.File();
@@ -25,6 +33,7 @@ QString ActivityFileCommands::startFolder() const {
 
 void ActivityFileCommands::remember(const QString& path) {
     std::ignore = m_program.Services().settings->Write(SettingsStore::OwnApplication, section, key, path);
+    m_last.Remember(path);
 }
 
 void ActivityFileCommands::tell(Text text, Text title) {
@@ -68,6 +77,7 @@ void ActivityFileCommands::open(const QString& path) {
     if (m_program.Monitoring().IsOn())
         m_program.Monitoring().StopMonitoring();
     m_program.List().Clear();
+    m_last.Remember(m_program.File().CurrentPath()); // the default file is remembered when it is left
     m_program.File().SetCurrentPath(path);
     Guarded(m_program, [this] { m_program.List().Refill(); });
     Q_EMIT Progress(QString());

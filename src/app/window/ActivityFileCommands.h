@@ -2,6 +2,7 @@
 // was in use; a failure is shown in a box.
 #pragma once
 
+#include "RecentPaths.h"
 #include <QObject>
 #include <QString>
 
@@ -12,7 +13,7 @@ enum class Text;
 class ActivityFileCommands final : public QObject {
     Q_OBJECT
   public:
-    ActivityFileCommands(Program& program, FilePicker& picker) : m_program(program), m_picker(picker) {}
+    ActivityFileCommands(Program& program, FilePicker& picker);
 
     /// mnuImportActivities: asks, lets the user choose a file and works on it from then on.
     void Import();
@@ -21,6 +22,11 @@ class ActivityFileCommands final : public QObject {
 
     /// mnuExportActivities: saves the activities under another name and works on that file from then on.
     void Export();
+
+    /// The file that the program was started with.
+    void RememberStart();
+    /// The files that were opened last.
+    [[nodiscard]] RecentPaths& Last() { return m_last; }
 
   Q_SIGNALS:
     /// For the status bar; "" ends it.
@@ -35,4 +41,5 @@ class ActivityFileCommands final : public QObject {
 
     Program& m_program;
     FilePicker& m_picker;
+    RecentPaths m_last;
 };

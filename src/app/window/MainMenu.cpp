@@ -38,6 +38,7 @@ constexpr std::array file{
 constexpr std::array edit{
     MenuEntry{"mnuAddDir", Text::AddActivity, Command::AddActivity, Picture::Add},
     MenuEntry{"mnuDelDir", Text::DeleteActivity, Command::DeleteActivity, Picture::Delete, "Del"},
+    MenuEntry{"mnuDeleteSelected", Text::DeleteSelected, Command::DeleteSelected},
     separator,
     MenuEntry{"mnuSelectAll", Text::SelectAll, Command::SelectAll, Picture::None, "Ctrl+A"},
     MenuEntry{"mnuDeselectAll", Text::DeselectAll, Command::DeselectAll, Picture::None, "Ctrl+Shift+A"},
@@ -62,6 +63,7 @@ constexpr std::array edit{
     MenuEntry{"mnuProperties", Text::Properties, Command::Properties, Picture::Properties, "Alt+Return"}};
 
 constexpr std::array help{MenuEntry{"mnuHelpDoc", Text::Help, Command::Help, Picture::Help, "F1"},
+                          MenuEntry{"mnuExample", Text::CreateExample, Command::CreateExample},
                           separator,
                           MenuEntry{"mnuCheckForUpdates", Text::CheckForUpdate, Command::CheckForUpdates},
                           separator,
@@ -80,6 +82,7 @@ constexpr std::array buttons{Button{"ViewLog", Text::ShowLog, Command::ShowLog, 
                              Button{"AddDir", Text::AddActivity, Command::AddActivity, Picture::Add},
                              Button{"DelDir", Text::DeleteActivity, Command::DeleteActivity, Picture::Delete},
                              Button{"Options", Text::Settings, Command::Properties, Picture::Properties},
+                             Button{"RunNow", Text::StartNow, Command::StartNow, Picture::RunNow},
                              Button{"Help", Text::Help, Command::Help, Picture::Help}};
 
 } // namespace
@@ -92,7 +95,11 @@ MainMenu::MainMenu(QMainWindow& window, const StringTable& texts, std::function<
         FillMenu(*menu, entries, texts, m_run);
         return menu;
     };
-    addMenu("mnuFile", Text::FileMenu, file);
+    QMenu* fileMenu = addMenu("mnuFile", Text::FileMenu, file);
+    m_lastFiles = new QMenu(texts[Text::LastFiles], fileMenu);
+    m_lastFiles->setObjectName(QStringLiteral("mnuLastFiles"));
+    const QList<QAction*> entries = fileMenu->actions();
+    fileMenu->insertMenu(entries[entries.indexOf(find("mnuExportActivities")) + 1], m_lastFiles);
     m_edit = addMenu("mnuEdit", Text::ActivityMenu, edit);
     addMenu("mnuHelp", Text::Help, help)->setTitle(u'&' + texts[Text::Help]);
     find("mnuSysInfo")->setText(QStringLiteral("Systeminfo"));
@@ -148,7 +155,9 @@ bool MainMenu::canWork(Command command) const {
     switch (command) {
     case Command::StartNow:
     case Command::ExecuteMarked:
-        return m_hasSelection && m_mayRun;
+        return m_selected > 0 && m_mayRun;
+    case Command::DeleteSelected:
+        return m_selected > 1;
     case Command::DeleteActivity:
     case Command::Properties:
     case Command::ShowLog:
@@ -156,7 +165,7 @@ bool MainMenu::canWork(Command command) const {
     case Command::OpenSource:
     case Command::OpenTarget:
     case Command::DeselectAll:
-        return m_hasSelection;
+        return m_selected > 0;
     case Command::SelectAll:
     case Command::Search:
         return m_hasRows;
@@ -172,9 +181,9 @@ void MainMenu::enable() {
         action->setEnabled(canWork(static_cast<Command>(action->data().toInt())));
 }
 
-void MainMenu::ShowRows(bool isAnyThere, bool isAnySelected) {
+void MainMenu::ShowRows(bool isAnyThere, qsizetype selected) {
     m_hasRows = isAnyThere;
-    m_hasSelection = isAnySelected;
+    m_selected = selected;
     enable();
 }
 

@@ -20,10 +20,12 @@ class MainMenu final {
     /// mnuStart and the toolbar's start button follow the monitoring.
     void ShowMonitoring(bool on);
     /// Disables the commands that have nothing to work on.
-    void ShowRows(bool isAnyThere, bool isAnySelected);
+    void ShowRows(bool isAnyThere, qsizetype selected);
     void SetRunNowEnabled(bool enabled);
     void SetSearchAgainEnabled(bool enabled);
     void PopUp(const QPoint& position);
+    /// Empty: its owner fills it.
+    [[nodiscard]] QMenu& LastFiles() const { return *m_lastFiles; }
 
   private:
     void buildToolbar(QMainWindow& window);
@@ -36,8 +38,9 @@ class MainMenu final {
     std::function<void(Command)> m_run;
     std::vector<QAction*> m_actions; ///< each with the number of its command as its data
     bool m_hasRows = false;
-    bool m_hasSelection = false;
+    qsizetype m_selected = 0;
     bool m_mayRun = true;
     bool m_maySearchAgain = false;
+    QMenu* m_lastFiles;
     QMenu* m_edit; ///< in the menu bar and at the pointer over the list
 };

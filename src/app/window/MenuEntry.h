@@ -14,6 +14,7 @@ class StringTable;
 enum class Command {
     AddActivity,
     DeleteActivity,
+    DeleteSelected,
     DeleteAll,
     Properties,
     SelectAll,
@@ -38,6 +39,7 @@ enum class Command {
     OpenSource,
     OpenTarget,
     Help,
+    CreateExample,
     SystemInfo,
     About,
     Restore,

@@ -3,12 +3,14 @@
 #include "ActivityListView.h"
 #include "CommandGuard.h"
 #include "DialogHost.h"
+#include "EmptyListHint.h"
 #include "Icons.h"
 #include "frmDisclaimer.h"
 #include "modOpenExplorer.h"
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QFileInfo>
+#include <QGridLayout>
 #include <QMimeData>
 #include <QScopeGuard>
 #include <QScopedValueRollback>
@@ -38,18 +40,21 @@ bool isActivityFile(const QString& path) {
 frmMain::frmMain(Program& program, const Tools& tools)
     : m_program(program), m_dialogs(tools.dialogs),
       m_menu(*this, program.Texts(), [this](Command command) { run(command); }),
-      m_view(new ActivityListView(program.List(), this)), m_status(*statusBar(), program),
+      m_view(new ActivityListView(program.List(), this)), m_hint(new EmptyListHint(program.Texts())),
+      m_status(*statusBar(), program),
       m_tray(program.Texts(), Program::Title(), [this](Command command) { run(command); }),
       m_placement(*this, *program.Services().settings), m_runNow(program), m_activities(program, *m_view, tools.editor),
-      m_files(program, tools.picker), m_help(program, tools.dialogs),
+      m_files(program, tools.picker),
+      m_lastFiles(m_menu.LastFiles(), m_files.Last(), program.File(), program.Texts(),
+                  [this](const QString& path) { perform([&] { m_files.ImportFile(path); }); }),
+      m_example(program, m_activities, *m_view, tools.picker), m_help(program, tools.dialogs),
       m_options(program, tools.dialogs, tools.picker, m_help), m_logs(program, tools.dialogs),
       m_search(program, tools.dialogs, *m_view), m_system(program, tools.dialogs), m_waiter(program, this),
       m_commands(commandTable()) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(Program::Title());
     setAcceptDrops(true);
-    m_view->setFrameShape(QFrame::NoFrame);
-    setCentralWidget(m_view);
+    layOutList();
     connect(m_view, &QWidget::customContextMenuRequested, this,
             [this](const QPoint& at) { m_menu.PopUp(m_view->viewport()->mapToGlobal(at)); });
     connect(m_view, &ActivityListView::RowOpened, this,
@@ -66,6 +71,20 @@ frmMain::frmMain(Program& program, const Tools& tools)
 }
 
 frmMain::~frmMain() = default;
+
+void frmMain::layOutList() {
+    // Beside the view, not in it: to a screen reader a view holds nothing but its cells.
+    auto* list = new QWidget(this);
+    auto* layers = new QGridLayout(list);
+    layers->setContentsMargins(0, 0, 0, 0);
+    m_view->setFrameShape(QFrame::NoFrame);
+    layers->addWidget(m_view, 0, 0);
+    layers->addWidget(m_hint, 0, 0, Qt::AlignCenter);
+    m_hint->raise();
+    m_hint->hide();
+    connect(m_hint, &EmptyListHint::AddWanted, this, [this] { run(Command::AddActivity); });
+    setCentralWidget(list);
+}
 
 void frmMain::connectProgram() {
     connect(&m_program.Monitoring(), &MonitoringController::StateChanged, this, &frmMain::showMonitoring);
@@ -100,6 +119,7 @@ std::map<Command, std::function<void()>> frmMain::commandTable() {
 
         {Command::AddActivity, [this] { m_activities.Add(); }},
         {Command::DeleteActivity, [this] { m_activities.Delete(m_view->CurrentName()); }},
+        {Command::DeleteSelected, [this] { m_activities.DeleteSelected(m_view->SelectedNames()); }},
         {Command::DeleteAll, [this] { m_activities.ClearAll(); }},
         {Command::Properties, [this] { m_activities.Properties(m_view->CurrentName()); }},
         {Command::SelectAll, [this] { m_view->selectAll(); }},
@@ -118,6 +138,7 @@ std::map<Command, std::function<void()>> frmMain::commandTable() {
         {Command::Search, [this] { m_search.Search(); }},
         {Command::SearchAgain, [this] { m_search.SearchAgain(); }},
         {Command::Help, [this] { m_help.OpenManual(); }},
+        {Command::CreateExample, [this] { m_example.Create(); }},
         {Command::SystemInfo, [this] { m_help.ShowSystemInformation(); }},
         {Command::About, [this] { m_help.ShowAbout(); }},
 
@@ -148,6 +169,7 @@ StartUpResult frmMain::Start(const CommandLine& commandLine) {
     if (result == StartUpResult::Running) {
         m_started = true;
         m_status.Say(QString());
+        m_files.RememberStart();
         m_system.CheckForUpdatesOfTheDay();
     }
     return result;
@@ -182,7 +204,9 @@ void frmMain::showCaption() {
 }
 
 void frmMain::showRows() {
-    m_menu.ShowRows(m_program.List().Rows() > 0, !m_view->CurrentName().isEmpty());
+    const bool hasRows = m_program.List().Rows() > 0;
+    m_menu.ShowRows(hasRows, m_view->SelectedNames().size());
+    m_hint->setVisible(!hasRows && m_program.File().IsLoaded());
 }
 
 void frmMain::showMonitoring(bool on) {

@@ -5,7 +5,9 @@
 
 #include "ActivityCommands.h"
 #include "ActivityFileCommands.h"
+#include "ExampleCommand.h"
 #include "HelpCommands.h"
+#include "LastFilesMenu.h"
 #include "LogCommands.h"
 #include "MainMenu.h"
 #include "OptionsCommand.h"
@@ -22,6 +24,7 @@
 #include <map>
 
 class ActivityListView;
+class EmptyListHint;
 class FilePicker;
 
 class frmMain final : public QMainWindow, private StartUpFace {
@@ -60,6 +63,7 @@ class frmMain final : public QMainWindow, private StartUpFace {
     void Minimise() override;
     bool AcceptsNotice() override;
 
+    void layOutList();
     void connectProgram();
     [[nodiscard]] std::map<Command, std::function<void()>> commandTable();
     void run(Command command);
@@ -81,12 +85,15 @@ class frmMain final : public QMainWindow, private StartUpFace {
     DialogHost& m_dialogs;
     MainMenu m_menu;
     ActivityListView* m_view;
+    EmptyListHint* m_hint; ///< over the view, while the loaded list is empty
     StatusPanel m_status;
     TrayIcon m_tray;
     WindowPlacement m_placement;
     RunNowCommands m_runNow;
     ActivityCommands m_activities;
     ActivityFileCommands m_files;
+    LastFilesMenu m_lastFiles;
+    ExampleCommand m_example;
     HelpCommands m_help;
     OptionsCommand m_options;
     LogCommands m_logs;

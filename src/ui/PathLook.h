@@ -1,0 +1,15 @@
+// Asks the disk what a path leads to, without making the window wait: a drive of the network that does not answer holds
+// a system call for minutes. Each look has a thread of its own, which touches nothing but its path and may outlive
+// whoever asked.
+#pragma once
+
+#include <filesystem>
+#include <future>
+
+namespace PathLook {
+
+/// The answer comes later or never; letting go of the future does not wait. True when no thread can be made.
+[[nodiscard]] std::future<bool> IsFolder(const std::filesystem::path& path);
+[[nodiscard]] std::future<bool> IsFile(const std::filesystem::path& path);
+
+} // namespace PathLook
