@@ -1900,5 +1900,20 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <translation>The activity file holds more than this program can read. It is left as it is:</translation>
         <extra-name>FileTooCostly</extra-name>
     </message>
+    <message id="700">
+        <source>This installation of Kalvenor Pro is updated together with the other packages of your system.</source>
+        <translation>This installation of Kalvenor Pro is updated together with the other packages of your system.</translation>
+        <extra-name>UpdatedByPackages</extra-name>
+    </message>
+    <message id="701">
+        <source>This build of Kalvenor Pro knows no address where newer versions are announced.</source>
+        <translation>This build of Kalvenor Pro knows no address where newer versions are announced.</translation>
+        <extra-name>NoUpdateSite</extra-name>
+    </message>
+    <message id="702">
+        <source>This build of Kalvenor Pro knows no address of its maker's home page.</source>
+        <translation>This build of Kalvenor Pro knows no address of its maker's home page.</translation>
+        <extra-name>NoHomePage</extra-name>
+    </message>
 </context>
 </TS>
