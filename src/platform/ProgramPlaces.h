@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 
 struct ProgramPlaces {
     /// The folder the executable lies in, links resolved.
@@ -13,4 +14,6 @@ struct ProgramPlaces {
     std::filesystem::path userDataFolder;
     /// A package has put the program where it lies: nothing is written beside it, whoever runs it.
     bool isInstalled = false;
+    /// The desktop entry that stands for the window, without ".desktop"; empty where the system knows no such thing.
+    std::string desktopEntry{};
 };

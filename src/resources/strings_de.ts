@@ -1522,6 +1522,18 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <source>The activity file holds more than this program can read. It is left as it is:</source>
         <translation>Die Aktivitätendatei enthält mehr, als dieses Programm lesen kann. Sie bleibt, wie sie ist:</translation>
     </message>
+    <message id="700">
+        <source>This installation of Kalvenor Pro is updated together with the other packages of your system.</source>
+        <translation>Diese Installation von Kalvenor Pro wird zusammen mit den anderen Paketen Ihres Systems aktualisiert.</translation>
+    </message>
+    <message id="701">
+        <source>This build of Kalvenor Pro knows no address where newer versions are announced.</source>
+        <translation>Diese Ausgabe von Kalvenor Pro kennt keine Adresse, unter der neuere Versionen bekannt gegeben werden.</translation>
+    </message>
+    <message id="702">
+        <source>This build of Kalvenor Pro knows no address of its maker's home page.</source>
+        <translation>Diese Ausgabe von Kalvenor Pro kennt keine Adresse der Homepage ihres Herstellers.</translation>
+    </message>
     <message id="710">
         <source>There is no activity yet. An activity copies, moves or mirrors the files of one folder into another.</source>
         <translation>Noch gibt es keine Aktivität. Eine Aktivität kopiert, verschiebt oder spiegelt die Dateien eines Ordners in einen anderen.</translation>
@@ -1551,7 +1563,7 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <translation>„%1“ verwenden</translation>
     </message>
     <message id="717">
-        <source>Keine Leerzeichen oder Zeichen wie „&amp;“; vorn ein Buchstabe oder „_“.</source>
+        <source>No blanks, no signs such as "&amp;"; a letter or "_" in front.</source>
         <translation>Keine Leerzeichen oder Zeichen wie „&amp;“; vorn ein Buchstabe oder „_“.</translation>
     </message>
     <message id="720">

@@ -1900,6 +1900,21 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <translation>The activity file holds more than this program can read. It is left as it is:</translation>
         <extra-name>FileTooCostly</extra-name>
     </message>
+    <message id="700">
+        <source>This installation of Kalvenor Pro is updated together with the other packages of your system.</source>
+        <translation>This installation of Kalvenor Pro is updated together with the other packages of your system.</translation>
+        <extra-name>UpdatedByPackages</extra-name>
+    </message>
+    <message id="701">
+        <source>This build of Kalvenor Pro knows no address where newer versions are announced.</source>
+        <translation>This build of Kalvenor Pro knows no address where newer versions are announced.</translation>
+        <extra-name>NoUpdateSite</extra-name>
+    </message>
+    <message id="702">
+        <source>This build of Kalvenor Pro knows no address of its maker's home page.</source>
+        <translation>This build of Kalvenor Pro knows no address of its maker's home page.</translation>
+        <extra-name>NoHomePage</extra-name>
+    </message>
     <message id="710">
         <source>There is no activity yet. An activity copies, moves or mirrors the files of one folder into another.</source>
         <translation>There is no activity yet. An activity copies, moves or mirrors the files of one folder into another.</translation>

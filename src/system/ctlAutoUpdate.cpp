@@ -2,6 +2,7 @@
 
 #include "Clock.h"
 #include "SettingsStore.h"
+#include "StringTable.h"
 #include "VersionFile.h"
 #include "modForeignText.h"
 #include <QDateTime>
@@ -24,12 +25,20 @@ bool write(const QString& file, const QByteArray& bytes) {
 
 UpdateConfiguration UpdateConfiguration::OfThisProgram() {
     const QString site = QStringLiteral(KALVENOR_UPDATE_SITE);
-    return {SettingsStore::OwnApplication, QStringLiteral(KALVENOR_VERSION), site,
-            QStringLiteral("Version.inf"), site + u"/Kalvenor.exe",          QStringLiteral("Kalvenor Pro AutoUpdate")};
+    return {
+        SettingsStore::OwnApplication,    QStringLiteral(KALVENOR_VERSION), site,
+        QStringLiteral("Version.inf"),    site + u"/Kalvenor.exe",          QStringLiteral("Kalvenor Pro AutoUpdate"),
+        KALVENOR_UPDATED_BY_PACKAGES != 0};
 }
 
 QUrl UpdateConfiguration::DownloadPage() {
     return QUrl(QStringLiteral(KALVENOR_DOWNLOAD_PAGE));
+}
+
+Text UpdateConfiguration::InsteadOfCheck() const {
+    if (byPackages)
+        return Text::UpdatedByPackages;
+    return site.isEmpty() ? Text::NoUpdateSite : Text::None;
 }
 
 ctlAutoUpdate::ctlAutoUpdate(SettingsStore& settings, const Clock& clock, Browser browser,
@@ -51,7 +60,7 @@ void ctlAutoUpdate::SetCheckForUpdatesEveryDay(bool on) {
 }
 
 bool ctlAutoUpdate::CheckOncePerDay() {
-    if (!GetCheckForUpdatesEveryDay())
+    if (InsteadOfCheck() != Text::None || !GetCheckForUpdatesEveryDay())
         return false;
     const auto sinceEpoch = std::chrono::floor<std::chrono::milliseconds>(m_clock.Now().time_since_epoch());
     const QDateTime now = QDateTime::fromMSecsSinceEpoch(sinceEpoch.count());

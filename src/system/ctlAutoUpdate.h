@@ -1,5 +1,6 @@
 // Asks the update site for the newest version, on demand and once a day, without blocking the event loop. Owns the
-// download of one check at a time and the values of the last one. Any failure leaves these values empty.
+// download of one check at a time and the values of the last one. Any failure leaves these values empty. A build that
+// packages update, or that knows no site, asks nobody.
 #pragma once
 
 #include "HttpFetch.h"
@@ -9,20 +10,25 @@
 
 class Clock;
 class SettingsStore;
+enum class Text;
 
 struct UpdateConfiguration {
-    QString title;          ///< application name in the settings store
-    QString currentVersion; ///< "2.1.0"
-    QString site;           ///< base address without a trailing "/"
-    QString versionFile;    ///< name of the version file below the site
-    QString executable;     ///< address of the new program
-    QString agent;          ///< user agent of each request
+    QString title;           ///< application name in the settings store
+    QString currentVersion;  ///< "2.1.0"
+    QString site;            ///< base address without a trailing "/"; empty: there is none
+    QString versionFile;     ///< name of the version file below the site
+    QString executable;      ///< address of the new program
+    QString agent;           ///< user agent of each request
+    bool byPackages = false; ///< new versions come as packages
 
     /// Of this build; CMake sets the addresses.
     [[nodiscard]] static UpdateConfiguration OfThisProgram();
 
     /// The page where users download a new version.
     [[nodiscard]] static QUrl DownloadPage();
+
+    /// What the user is told instead of a check; None where one is possible.
+    [[nodiscard]] Text InsteadOfCheck() const;
 };
 
 class ctlAutoUpdate final : public QObject {
@@ -40,6 +46,8 @@ class ctlAutoUpdate final : public QObject {
 
     /// Must come before any other call.
     void Configure(UpdateConfiguration configuration) { m_configuration = std::move(configuration); }
+
+    [[nodiscard]] Text InsteadOfCheck() const { return m_configuration.InsteadOfCheck(); }
 
     /// Values of the last check; empty before it, while it runs and when it failed.
     [[nodiscard]] QString GetNewVersion() const { return m_newVersion; }
@@ -59,7 +67,7 @@ class ctlAutoUpdate final : public QObject {
     /// Begins a check; Checked follows. Drops a pending check without a signal.
     void CheckForNewVersion() { check(Check::Manual); }
 
-    /// Begins a check and returns true if the user wants one each day and there was none today.
+    /// Begins a check and returns true if one is possible, the user wants one each day and there was none today.
     bool CheckOncePerDay();
 
     /// Downloads a file of at most HttpFetch::MaxBytes and calls `done`, never from within this call. Drops a pending

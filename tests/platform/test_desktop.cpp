@@ -69,7 +69,8 @@ class TestDesktop final : public QObject {
     void init() {
         m_home = std::make_unique<ScratchFolder>();
         m_autostart = MakeAutostart(m_home->Native(u"config"_qs));
-        m_types = MakeFileTypes(m_home->Native(u"data"_qs), m_home->Native(u"config"_qs));
+        m_types = MakeFileTypes(m_home->Native(u"data"_qs), m_home->Native(u"config"_qs),
+                                {"/nowhere/share", m_home->Native(u"system"_qs)});
     }
 
     void startsWithTheSession() {
@@ -108,6 +109,12 @@ class TestDesktop final : public QObject {
         QVERIFY(package.contains("<glob pattern=\"*.kvd\"/>"));
         const QString icon = u"data/icons/hicolor/scalable/mimetypes/application-x-kalvenor-activities.svg"_qs;
         QCOMPARE(m_home->Read(icon), QByteArray("<svg/>"));
+    }
+
+    void leavesAFileTypeToThePackageThatBroughtIt() {
+        QVERIFY(m_home->Write(u"system/mime/packages/kalvenor-activities.xml"_qs, "<mime-info/>"));
+        QVERIFY(!m_types->Register({"/opt/Kalvenor", u".kvd"_qs, {}, u"A list"_qs}));
+        QVERIFY(!QFile::exists(m_home->Path(u"data"_qs)) && !QFile::exists(m_home->Path(u"config"_qs)));
     }
 
     void leavesAListItCannotRead() {

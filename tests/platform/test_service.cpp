@@ -31,7 +31,7 @@ struct Scratch : ScratchFolder {
     [[nodiscard]] QByteArray Calls() const { return Read(u"calls"_qs); }
     [[nodiscard]] QByteArray Unit() const { return Read(u"systemd/user/KalvenorPro.service"_qs); }
     [[nodiscard]] LinuxServiceManager Manager(const char* program = "/opt/k/Kalvenor") const {
-        return {program, Native(), ServiceNotifier({})};
+        return {program, Native(), ServiceNotifier({}), Native(u"packaged"_qs)};
     }
     /// "done", or the reason why not.
     [[nodiscard]] static QString Installed(LinuxServiceManager& manager) {
@@ -61,6 +61,9 @@ class TestService final : public QObject {
         QVERIFY(text->contains("\nType=notify\n") && text->contains("\nAlias=Kalvenor.service\n"));
         for (const char* refused : {"/opt/it's/K", "/opt/\\/K", "/opt/\n/K", "/opt/\xE4/K", "opt/K", ""})
             QVERIFY2(!ServiceUnit::Text(refused), refused);
+        // The one that packages bring differs in the program alone.
+        const QByteArray packaged = ScratchFolder().Read(QStringLiteral(PACKAGED_UNIT));
+        QCOMPARE(QByteArray(packaged).replace("@program@", "/opt/k/K"), ServiceUnit::Text("/opt/k/K").value());
     }
 
     void installsWholeOrNotAtAll() {
@@ -99,6 +102,28 @@ class TestService final : public QObject {
         scratch.Refuse("enable");
         QCOMPARE(installed("/opt/new/Kalvenor"), u"refused"_qs);
         QCOMPARE(scratch.Unit(), ServiceUnit::Text("/opt/old/Kalvenor").value());
+    }
+
+    void enablesTheUnitOfAPackage() {
+        Scratch scratch;
+        LinuxServiceManager manager = scratch.Manager();
+        QCOMPARE(Scratch::Installed(manager), u"done"_qs);
+        const QByteArray own = scratch.Unit();
+        QVERIFY(scratch.Write(u"packaged"_qs, "[Unit]\n"));
+        scratch.Refuse("reenable");
+        QCOMPARE(Scratch::Installed(manager), u"refused"_qs);
+        QCOMPARE(scratch.Unit(), own);
+        scratch.Refuse("nothing");
+        QCOMPARE(Scratch::Installed(manager), u"done"_qs);
+        QVERIFY(!QFile::exists(scratch.Path(u"systemd/user/KalvenorPro.service"_qs))); // it would hide the package's
+        QCOMPARE(Scratch::Uninstalled(manager), u"done"_qs);
+        scratch.Refuse("is-enabled");
+        QCOMPARE(Scratch::Uninstalled(manager), u"refused"_qs); // it is not enabled
+        QVERIFY(scratch.Calls().endsWith("reenable KalvenorPro.service\n"
+                                         "--user --quiet is-enabled KalvenorPro.service\n"
+                                         "--user --quiet disable KalvenorPro.service\n"
+                                         "--user --quiet is-enabled KalvenorPro.service\n"));
+        QCOMPARE(scratch.Read(u"packaged"_qs), QByteArray("[Unit]\n"));
     }
 
     void readsTheState() {

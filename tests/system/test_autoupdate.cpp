@@ -1,5 +1,6 @@
 // The version file from a web server, good and bad, and the check once a day.
 #include "Fakes.h"
+#include "StringTable.h"
 #include "Table.h"
 #include "ctlAutoUpdate.h"
 
@@ -112,10 +113,11 @@ class TestAutoUpdate final : public QObject {
     }
 
     void checksOnceADay() {
+        UpdateConfiguration build = configuration(u"good"_qs);
         const auto checks = [&](const QString& everyDay, const QString& lastCheck) {
             m_settings.values = {{m_prefix + u"AutoCheckForUpdates", everyDay}, {m_prefix + u"LastCheck", lastCheck}};
             ctlAutoUpdate update(m_settings, m_clock, {});
-            update.Configure(configuration(u"good"_qs));
+            update.Configure(build);
             return update.CheckOncePerDay() && !update.CheckOncePerDay();
         };
         const QDateTime now(QDate(2026, 11, 18), QTime(9, 5, 7));
@@ -126,12 +128,24 @@ class TestAutoUpdate final : public QObject {
         QVERIFY(checks(u"1"_qs, u"n/a"_qs));
         QCOMPARE(m_settings.values[m_prefix + u"LastCheck"], u"18.11.2026"_qs);
         QCOMPARE(m_settings.values[m_prefix + u"Time"], u"09:05:07"_qs);
+
+        QCOMPARE(build.InsteadOfCheck(), Text::None);
+        build.byPackages = true;
+        QVERIFY(!checks(u"1"_qs, u"n/a"_qs) && build.InsteadOfCheck() == Text::UpdatedByPackages);
+        build = configuration({});
+        build.site.clear();
+        QVERIFY(!checks(u"1"_qs, u"n/a"_qs) && build.InsteadOfCheck() == Text::NoUpdateSite);
     }
 
   private:
     [[nodiscard]] UpdateConfiguration configuration(const QString& folder) const {
-        return {u"Kalvenor"_qs,    u"2.1.0"_qs, u"http://127.0.0.1:%1/"_qs.arg(m_server.serverPort()) + folder,
-                u"Version.inf"_qs, {},          u"Test agent"_qs};
+        return {u"Kalvenor"_qs,
+                u"2.1.0"_qs,
+                u"http://127.0.0.1:%1/"_qs.arg(m_server.serverPort()) + folder,
+                u"Version.inf"_qs,
+                {},
+                u"Test agent"_qs,
+                false};
     }
 
     const QString m_newer = u"2.2.0|24.12.2026|3 MB|Much better"_qs;

@@ -143,6 +143,11 @@ void HelpCommands::ShowAbout() {
 }
 
 void HelpCommands::openHomePage() {
-    if (!m_program.Services().process->OpenWebPage(HomePage))
-        TellError(m_program, m_program.Texts()[Text::WebPageNotOpened].arg(HomePage));
+    const StringTable& texts = m_program.Texts();
+    const QString homePage = QStringLiteral(KALVENOR_HOME_PAGE);
+    if (homePage.isEmpty())
+        m_program.Prompts().Ask(
+            {texts[Text::NoHomePage], texts[Text::AboutTitle], MessageIcon::Information, MessageButtons::Ok});
+    else if (!m_program.Services().process->OpenWebPage(homePage))
+        TellError(m_program, texts[Text::WebPageNotOpened].arg(homePage));
 }

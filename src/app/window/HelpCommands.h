@@ -2,7 +2,6 @@
 // box.
 #pragma once
 
-#include <QLatin1String>
 #include <QObject>
 #include <QStringList>
 
@@ -12,8 +11,6 @@ class Program;
 class HelpCommands final : public QObject {
     Q_OBJECT
   public:
-    /// Where the link of the about box leads.
-    static constexpr QLatin1String HomePage{"https://kalvenor.example"};
     HelpCommands(Program& program, DialogHost& dialogs) : m_program(program), m_dialogs(dialogs) {}
 
     /// mnuHelpDoc, the toolbar's Help and the help buttons of the dialogs: the manual in the program's language, else

@@ -35,6 +35,13 @@ void SystemCommands::SynchroniseClockOverDialUp() {
         tell(texts[Text::NeedsConnection] + u"\r\n" + texts[Text::EstablishConnection], Text::NoConnectionTitle, true);
 }
 
+void SystemCommands::CheckForUpdates() {
+    if (const Text instead = m_update.InsteadOfCheck(); instead != Text::None)
+        tell(m_program.Texts()[instead], Text::UpdateTitle, false);
+    else
+        m_update.CheckForNewVersion();
+}
+
 void SystemCommands::CheckForUpdatesOfTheDay() {
     std::ignore = m_update.CheckOncePerDay();
 }

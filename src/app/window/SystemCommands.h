@@ -20,7 +20,7 @@ class SystemCommands final : public QObject {
     void SynchroniseClockOverDialUp();
 
     /// mnuCheckForUpdates.
-    void CheckForUpdates() { m_update.CheckForNewVersion(); }
+    void CheckForUpdates();
     /// At the start: once a day if the user wants it. Only a newer version is reported.
     void CheckForUpdatesOfTheDay();
 

@@ -70,7 +70,6 @@ void setUpApplication() {
     // With the window hidden in the tray, closing any message box would end the program.
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setApplicationName(QStringLiteral("Kalvenor"));
-    QApplication::setDesktopFileName(QStringLiteral("Kalvenor"));
     QApplication::setWindowIcon(Icons::Icon(Icons::Picture::Idle));
 }
 
@@ -79,6 +78,7 @@ int runWindow(int& argc, char** argv, const CommandLine& commandLine) {
     QApplication application(argc, argv);
     setUpApplication();
     PlatformServices services = MakePlatformServices();
+    QApplication::setDesktopFileName(QString::fromStdString(services.places.desktopEntry));
     const StringTable texts(StringTable::PreferredLanguage());
     const QtTexts qtTexts(StringTable::PreferredLanguage());
     MessageBoxPrompter prompter(texts);

@@ -43,8 +43,20 @@ std::filesystem::path programFolder() {
     return QFile::encodeName(QCoreApplication::applicationDirPath()).toStdString();
 }
 
-/// Where a package puts the manual and the icons; empty in a build that is run from any folder.
+/// Where data of all users lie, the most important first.
+std::vector<std::filesystem::path> systemData() {
+    const QByteArray folders = qgetenv("XDG_DATA_DIRS");
+    std::vector<std::filesystem::path> result;
+    for (const QByteArray& folder : (folders.isEmpty() ? "/usr/local/share:/usr/share" : folders).split(':'))
+        if (folder.startsWith('/'))
+            result.emplace_back(folder.toStdString());
+    return result;
+}
+
+/// Where a package puts the manual and the icons, and the unit of the service; empty in a build that is run from any
+/// folder.
 constexpr const char* installedData = KALVENOR_INSTALLED_DATA;
+constexpr const char* installedUnit = KALVENOR_INSTALLED_UNIT;
 
 /// A write to a closed pipe, or beyond the limit on file sizes, must fail instead of killing this process. Unlike an
 /// ignored signal, a handler is not inherited by programs started from here.
@@ -79,12 +91,13 @@ PlatformServices MakePlatformServices() {
     services.places.userDataFolder = dataHome.empty() ? dataHome : dataHome / "Kalvenor";
     services.places.isInstalled = *installedData != '\0';
     services.places.dataFolder = services.places.isInstalled ? installedData : services.places.programFolder;
+    services.places.desktopEntry = services.places.isInstalled ? KALVENOR_APPLICATION_ID : OwnDesktopEntry;
     services.systemDirectories = {"/usr", "/etc", "/"};
     // Not the path of this process: it may be a tool beside the program.
-    services.serviceManager = std::make_unique<LinuxServiceManager>(services.places.programFolder / "Kalvenor",
-                                                                    configHome, ServiceNotifier::FromEnvironment());
+    services.serviceManager = std::make_unique<LinuxServiceManager>(
+        services.places.programFolder / "Kalvenor", configHome, ServiceNotifier::FromEnvironment(), installedUnit);
     services.systemClock = MakeSystemClock();
     services.dialUp = MakeDialUp();
-    services.fileTypes = MakeFileTypes(dataHome, configHome);
+    services.fileTypes = MakeFileTypes(dataHome, configHome, systemData());
     return services;
 }

@@ -27,10 +27,15 @@
 /// whole machine are ignored.
 [[nodiscard]] std::unique_ptr<Autostart> MakeAutostart(std::filesystem::path configHome);
 
+/// The desktop entry that MakeFileTypes writes, without ".desktop". That of a package has another name, or the user's
+/// would hide it.
+inline constexpr const char* OwnDesktopEntry = "kalvenor-activities";
+
 /// A MIME package and a desktop entry below `dataHome`, and the default application in "<configHome>/mimeapps.list".
-/// Runs update-mime-database and update-desktop-database where they exist, for three seconds each at most.
-[[nodiscard]] std::unique_ptr<FileTypes> MakeFileTypes(std::filesystem::path dataHome,
-                                                       std::filesystem::path configHome);
+/// Runs update-mime-database and update-desktop-database where they exist, for three seconds each at most. Writes
+/// nothing when one of the system's data folders knows the type already.
+[[nodiscard]] std::unique_ptr<FileTypes> MakeFileTypes(std::filesystem::path dataHome, std::filesystem::path configHome,
+                                                       std::vector<std::filesystem::path> systemData);
 
 /// logind (org.freedesktop.login1 on the system bus), which ends the sessions in good order. It refuses when there is
 /// no bus, no logind, no permission, or no answer within ten seconds.

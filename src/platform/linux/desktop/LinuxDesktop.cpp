@@ -7,6 +7,7 @@
 #include "modNativePath.h"
 #include <QFile>
 #include <QStringList>
+#include <algorithm>
 #include <tuple>
 
 namespace {
@@ -14,7 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* mimeType = "application/x-kalvenor-activities";
-constexpr const char* entryName = "kalvenor-activities.desktop";
+constexpr const char* mimePackageFile = "mime/packages/kalvenor-activities.xml";
 constexpr mode_t publicFile = 0644;
 constexpr std::chrono::seconds patience{3};
 constexpr std::int64_t mostBytes = 1 << 20;
@@ -26,6 +27,10 @@ QByteArray entryValue(QByteArray value) {
     value.replace('\r', "\\r");
     value.replace('\t', "\\t");
     return value;
+}
+
+QString entryName() {
+    return QLatin1String(OwnDesktopEntry) + QStringLiteral(".desktop");
 }
 
 QByteArray bytesOf(const std::filesystem::path& path) {
@@ -82,6 +87,7 @@ QByteArray fileTypeEntry(const FileType& type) {
            tryExec(type.program) + (hasIcon ? "Icon=" + entryValue(bytesOf(type.icon)) + '\n' : QByteArray()) +
            "Terminal=false\n"
            "NoDisplay=true\n"
+           "StartupWMClass=Kalvenor\n"
            "MimeType=" +
            mimeType + ";\n";
 }
@@ -95,7 +101,7 @@ QByteArray autostartEntry(const QString& name, const std::filesystem::path& prog
 
 /// Ours first, then the others of `before` (separated by ";").
 QString defaultApplications(const QString& before) {
-    const QString ours = QString::fromLatin1(entryName);
+    const QString ours = entryName();
     QStringList entries = before.split(u';', Qt::SkipEmptyParts);
     entries.removeAll(ours);
     entries.prepend(ours);
@@ -148,26 +154,38 @@ std::error_code LinuxAutostart::Remove(const QString& name) {
 
 class LinuxFileTypes final : public FileTypes {
   public:
-    LinuxFileTypes(fs::path dataHome, fs::path configHome)
-        : m_dataHome(std::move(dataHome)), m_configHome(std::move(configHome)) {}
+    LinuxFileTypes(fs::path dataHome, fs::path configHome, std::vector<fs::path> systemData)
+        : m_dataHome(std::move(dataHome)), m_configHome(std::move(configHome)), m_systemData(std::move(systemData)) {}
 
     std::error_code Register(const FileType& type) override;
 
   private:
+    [[nodiscard]] bool isKnownToTheSystem() const;
     [[nodiscard]] std::error_code makeDefault() const;
     void installIcon(fs::path icon) const;
 
     fs::path m_dataHome;
     fs::path m_configHome;
+    std::vector<fs::path> m_systemData;
 };
 
+/// A package brought the type, and keeps it up to date.
+bool LinuxFileTypes::isKnownToTheSystem() const {
+    return std::any_of(m_systemData.begin(), m_systemData.end(), [](const fs::path& folder) {
+        std::error_code error;
+        return fs::exists(folder / mimePackageFile, error);
+    });
+}
+
 std::error_code LinuxFileTypes::Register(const FileType& type) {
+    if (isKnownToTheSystem())
+        return {};
     if (m_dataHome.empty() || m_configHome.empty())
         return std::make_error_code(std::errc::no_such_file_or_directory);
-    std::error_code error =
-        AtomicFile::Put(m_dataHome / "mime/packages/kalvenor-activities.xml", mimePackage(type), publicFile);
+    std::error_code error = AtomicFile::Put(m_dataHome / mimePackageFile, mimePackage(type), publicFile);
     if (!error)
-        error = AtomicFile::Put(m_dataHome / "applications" / entryName, fileTypeEntry(type), publicFile);
+        error =
+            AtomicFile::Put(m_dataHome / "applications" / entryName().toStdString(), fileTypeEntry(type), publicFile);
     if (!error)
         error = makeDefault();
     if (error)
@@ -209,6 +227,6 @@ std::unique_ptr<Autostart> MakeAutostart(fs::path configHome) {
     return std::make_unique<LinuxAutostart>(std::move(configHome));
 }
 
-std::unique_ptr<FileTypes> MakeFileTypes(fs::path dataHome, fs::path configHome) {
-    return std::make_unique<LinuxFileTypes>(std::move(dataHome), std::move(configHome));
+std::unique_ptr<FileTypes> MakeFileTypes(fs::path dataHome, fs::path configHome, std::vector<fs::path> systemData) {
+    return std::make_unique<LinuxFileTypes>(std::move(dataHome), std::move(configHome), std::move(systemData));
 }

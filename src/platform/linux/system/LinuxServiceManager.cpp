@@ -64,31 +64,49 @@ ServiceState StateFromProperties(const QByteArray& answer) {
     return {file == "enabled" || file == "alias" || file == "static" ? Kind::Stopped : Kind::NotInstalled, {}};
 }
 
-LinuxServiceManager::LinuxServiceManager(fs::path program, const fs::path& configHome, ServiceNotifier notifier)
+LinuxServiceManager::LinuxServiceManager(fs::path program, const fs::path& configHome, ServiceNotifier notifier,
+                                         fs::path packagedUnit)
     : m_program(std::move(program)),
       m_unit(configHome.empty() ? fs::path() : configHome / "systemd/user" / ServiceUnit::FileName),
-      m_notifier(std::move(notifier)) {}
+      m_packagedUnit(std::move(packagedUnit)), m_notifier(std::move(notifier)) {}
 
 void LinuxServiceManager::systemctl(const QStringList& words, WatchedTools::Listener listener) {
     m_tools.Run(QStringLiteral("systemctl"), QStringList{QStringLiteral("--user"), QStringLiteral("--quiet")} + words,
                 patience, std::move(listener));
 }
 
+bool LinuxServiceManager::isUnitBrought() const {
+    std::error_code error;
+    return !m_packagedUnit.empty() && fs::exists(m_packagedUnit, error);
+}
+
+/// Nothing instead of a text: the unit is removed.
+std::error_code LinuxServiceManager::writeOwnUnit(const std::optional<QByteArray>& text) const {
+    if (text)
+        return AtomicFile::Put(m_unit, *text, unitMode);
+    std::error_code error;
+    fs::remove(m_unit, error);
+    return error;
+}
+
 void LinuxServiceManager::Install(Outcome outcome) {
-    const std::optional<QByteArray> text = ServiceUnit::Text(m_program);
-    if (!text || m_unit.empty())
+    const bool isBrought = isUnitBrought();
+    const std::optional<QByteArray> text = isBrought ? std::nullopt : ServiceUnit::Text(m_program);
+    if (!(text || isBrought) || m_unit.empty())
         return outcome(false, {});
     QByteArray former;
     const std::error_code noFormer = LinuxOwnFiles().ReadAll(m_unit, mostBytes, former);
     if (noFormer && noFormer != std::errc::no_such_file_or_directory)
         return outcome(false, modForeignText::OfError(noFormer));
-    if (const std::error_code error = AtomicFile::Put(m_unit, *text, unitMode))
+    if (const std::error_code error = writeOwnUnit(text))
         return outcome(false, modForeignText::OfError(error));
     const std::optional<QByteArray> before = noFormer ? std::nullopt : std::optional(former);
-    systemctl(reload, [this, before, outcome](const ToolEnd& reloaded) {
+    // The links of a unit that the user had before lead to a file that has gone.
+    const QString verb = isBrought ? QStringLiteral("reenable") : QStringLiteral("enable");
+    systemctl(reload, [this, before, verb, outcome](const ToolEnd& reloaded) {
         if (!reloaded.succeeded)
             return undoInstall(before, reloaded.complaint, outcome);
-        systemctl({QStringLiteral("enable"), unitName()}, [this, before, outcome](const ToolEnd& enabled) {
+        systemctl({verb, unitName()}, [this, before, outcome](const ToolEnd& enabled) {
             if (!enabled.succeeded)
                 return undoInstall(before, enabled.complaint, outcome);
             outcome(true, {});
@@ -99,11 +117,7 @@ void LinuxServiceManager::Install(Outcome outcome) {
 /// A unit file that is not enabled would look installed.
 void LinuxServiceManager::undoInstall(const std::optional<QByteArray>& former, const QString& reason,
                                       const Outcome& outcome) {
-    std::error_code error;
-    if (former)
-        error = AtomicFile::Replace(m_unit, *former, unitMode);
-    else
-        fs::remove(m_unit, error);
+    const std::error_code error = writeOwnUnit(former);
     const QString why = error ? modForeignText::OfError(error) : reason;
     systemctl(reload, [outcome, why](const ToolEnd&) { outcome(false, why); });
 }
@@ -111,7 +125,7 @@ void LinuxServiceManager::undoInstall(const std::optional<QByteArray>& former, c
 void LinuxServiceManager::Uninstall(Outcome outcome) {
     std::error_code error;
     if (m_unit.empty() || !fs::exists(fs::symlink_status(m_unit, error)))
-        return outcome(false, {});
+        return isUnitBrought() ? disableBroughtUnit(outcome) : outcome(false, {});
     // First, while the unit still says which links belong to it.
     systemctl({QStringLiteral("disable"), unitName()}, [this, outcome](const ToolEnd& disabled) {
         if (!disabled.succeeded)
@@ -121,6 +135,16 @@ void LinuxServiceManager::Uninstall(Outcome outcome) {
             return outcome(false, modForeignText::OfError(failure));
         // Even if this fails, the service is gone from the next session on.
         systemctl(reload, [outcome](const ToolEnd&) { outcome(true, {}); });
+    });
+}
+
+void LinuxServiceManager::disableBroughtUnit(const Outcome& outcome) {
+    // systemctl disables without a word what was not enabled.
+    systemctl({QStringLiteral("is-enabled"), unitName()}, [this, outcome](const ToolEnd& enabled) {
+        if (!enabled.succeeded)
+            return outcome(false, enabled.complaint);
+        systemctl({QStringLiteral("disable"), unitName()},
+                  [outcome](const ToolEnd& disabled) { outcome(disabled.succeeded, disabled.complaint); });
     });
 }
 
