@@ -15,6 +15,7 @@ class ProgramFixture : public ScratchFolder {
         qputenv("TZ", "UTC");
         services.places.programFolder = services.places.dataFolder = Native();
         services.places.userDataFolder = Native(u"data"_qs);
+        services.places.isInstalled = false; // whatever this build is for
         SetOption("Accepted", u"Yes"_qs);
     }
 

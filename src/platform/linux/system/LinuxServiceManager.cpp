@@ -143,8 +143,9 @@ void LinuxServiceManager::disableBroughtUnit(const Outcome& outcome) {
     systemctl({QStringLiteral("is-enabled"), unitName()}, [this, outcome](const ToolEnd& enabled) {
         if (!enabled.succeeded)
             return outcome(false, enabled.complaint);
-        systemctl({QStringLiteral("disable"), unitName()},
-                  [outcome](const ToolEnd& disabled) { outcome(disabled.succeeded, disabled.complaint); });
+        systemctl({QStringLiteral("disable"), unitName()}, [outcome](const ToolEnd& disabled) {
+            outcome(disabled.succeeded, disabled.succeeded ? QString() : disabled.complaint);
+        });
     });
 }
 
