@@ -7,6 +7,8 @@
 #include <array>
 #include <csignal>
 #include <cstddef>
+#include <iostream>
+#include <sstream>
 #include <sys/socket.h>
 #include <sys/un.h>
 
@@ -156,9 +158,17 @@ class TestService final : public QObject {
     }
 
     void writesEventsForTheJournal() {
-        QCOMPARE(EventLine(ServiceEvent::Error, 109, u"A\nB"_qs, true), QByteArray("<3>A B [109]\n"));
-        QCOMPARE(EventLine(ServiceEvent::Information, 110, u"A"_qs, true), QByteArray("<6>A [110]\n"));
-        QCOMPARE(EventLine(ServiceEvent::Error, 109, u"A"_qs, false), QByteArray("A [109]\n"));
+        const auto eventLine = [](ServiceEvent type, int id, const QString& text, bool journal) {
+            journal ? qputenv("JOURNAL_STREAM", "1:2") : qunsetenv("JOURNAL_STREAM");
+            std::ostringstream said;
+            std::streambuf* const former = std::cerr.rdbuf(said.rdbuf());
+            LinuxServiceManager({}, {}, ServiceNotifier({})).LogEvent(type, id, text);
+            std::cerr.rdbuf(former);
+            return QByteArray::fromStdString(said.str());
+        };
+        QCOMPARE(eventLine(ServiceEvent::Error, 109, u"A\nB"_qs, true), QByteArray("<3>A B [109]\n"));
+        QCOMPARE(eventLine(ServiceEvent::Information, 110, u"A"_qs, true), QByteArray("<6>A [110]\n"));
+        QCOMPARE(eventLine(ServiceEvent::Error, 109, u"A"_qs, false), QByteArray("A [109]\n"));
     }
 
     void notifies() {

@@ -2,10 +2,10 @@
 
 #include "AtomicFile.h"
 #include "LinuxOwnFiles.h"
+#include "Session.h"
 #include "Tool.h"
 #include "modForeignText.h"
 #include <QHash>
-#include <iostream>
 
 namespace {
 
@@ -28,24 +28,20 @@ bool command(const QString& verb, const QString& service) {
     return Tool::StartDetached(QStringLiteral("systemctl"), {QStringLiteral("--user"), verb, service});
 }
 
-QByteArray priorityOf(ServiceEvent type) {
+/// As in syslog(3).
+int priorityOf(ServiceEvent type) {
     switch (type) {
     case ServiceEvent::Error:
-        return "<3>";
+        return 3;
     case ServiceEvent::Warning:
-        return "<4>";
+        return 4;
     case ServiceEvent::Information:
         break;
     }
-    return "<6>";
+    return 6;
 }
 
 } // namespace
-
-QByteArray EventLine(ServiceEvent type, int id, const QString& text, bool journal) {
-    const QString line = modForeignText::OneLine(text).simplified() + QStringLiteral(" [%1]").arg(id);
-    return (journal ? priorityOf(type) : QByteArray()) + line.toUtf8() + '\n';
-}
 
 ServiceState StateFromProperties(const QByteArray& answer) {
     QHash<QByteArray, QByteArray> properties;
@@ -188,6 +184,6 @@ void LinuxServiceManager::NotifyStopping() {
 }
 
 void LinuxServiceManager::LogEvent(ServiceEvent type, int id, const QString& text) {
-    const bool journal = qEnvironmentVariableIsSet("JOURNAL_STREAM");
-    std::cerr << EventLine(type, id, text, journal).toStdString() << std::flush;
+    const QString line = modForeignText::OneLine(text).simplified() + QStringLiteral(" [%1]").arg(id);
+    WriteSystemLog(priorityOf(type), line);
 }

@@ -53,6 +53,3 @@ class LinuxServiceManager final : public ServiceManager {
     std::unique_ptr<SignalPipe> m_controls;
     WatchedTools m_tools; ///< last: its processes report to this object
 };
-
-/// One line for the event log; `journal`: it begins with its priority.
-[[nodiscard]] QByteArray EventLine(ServiceEvent type, int id, const QString& text, bool journal);
