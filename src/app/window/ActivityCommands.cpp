@@ -132,11 +132,9 @@ QString ActivityCommands::firstBeside(const QStringList& names) const {
 void ActivityCommands::ClearAll() {
     const StringTable& texts = m_program.Texts();
     ActivityFile& file = m_program.File();
-    const QString cleared = file.CurrentPath();
     const bool wasDefault = file.IsDefault();
-    if (m_program.Prompts().Ask({texts[Text::ClearAllQuestion], texts[Text::ClearAllTitle], MessageIcon::Question,
-                                 MessageButtons::YesNo}) != MessageAnswer::Yes ||
-        file.CurrentPath() != cleared || !file.PutAway(dateForName(m_program.Services().clock->Now())))
+    if (!mayDelete(texts[Text::ClearAllQuestion], Text::ClearAllTitle) ||
+        !file.PutAway(dateForName(m_program.Services().clock->Now())))
         return;
     // The user has not started the activities of the default file, so everything of the old one ends first.
     if (m_program.Monitoring().IsOn())
