@@ -26,6 +26,7 @@ struct Program::Engine {
                    .texts = program.m_texts,
                    .prompter = program.m_prompter,
                    .runState = program.m_runState,
+                   .results = program.m_results,
                    .lock = program.m_lock,
                    .clock = *program.m_services.clock,
                    .fileSystem = *program.m_services.fileSystem,
@@ -77,8 +78,10 @@ struct Program::Engine {
 Program::Program(PlatformServices& services, Prompter& prompter, const KeyState& keys, const StringTable& texts)
     : m_services(services), m_prompter(prompter), m_texts(texts), m_document(*services.ownFiles),
       m_options(*services.settings), m_file(m_document, *services.ownFiles, prompter, texts, services.places),
-      m_list(m_file, texts, QLocale::system()), m_timers(*services.clock), m_lock(*services.locks, *services.ownFiles),
-      m_service(*services.serviceManager, prompter, texts), m_engine(std::make_unique<Engine>(*this, keys)) {}
+      m_list(m_file, texts, QLocale::system()), m_timers(*services.clock),
+      m_results(m_file, *services.ownFiles, *services.clock, services.locks->Place()),
+      m_lock(*services.locks, *services.ownFiles), m_service(*services.serviceManager, prompter, texts),
+      m_engine(std::make_unique<Engine>(*this, keys)) {}
 
 Program::~Program() = default;
 

@@ -8,6 +8,7 @@
 #include "EngineServices.h"
 #include "MonitoringController.h"
 #include "PlatformServices.h"
+#include "RunResults.h"
 #include "RunState.h"
 #include "ServiceMode.h"
 #include "StringTable.h"
@@ -40,6 +41,7 @@ class Program final {
     [[nodiscard]] MonitoringController& Monitoring();
     [[nodiscard]] ServiceMode& Service() { return m_service; }
     [[nodiscard]] RunState& State() { return m_runState; }
+    [[nodiscard]] RunResults& Results() { return m_results; }
     [[nodiscard]] EngineLock& Lock() { return m_lock; }
 
     /// "Kalvenor Pro 2.1".
@@ -84,6 +86,7 @@ class Program final {
     ActivityList m_list;
     MonitoringTimers m_timers;
     RunState m_runState;
+    RunResults m_results;
     EngineLock m_lock;
     ServiceMode m_service;
     std::unique_ptr<Engine> m_engine;

@@ -95,6 +95,14 @@ void ActivityLogs::append(const QString& path, const QByteArray& bytes) {
         std::ignore = m_services.ownFiles.Append(modNativePath::FromText(path), bytes, true);
 }
 
+std::int64_t ActivityLogs::EndOf(const QString& logFile) {
+    Flush();
+    if (logFile.trimmed().isEmpty())
+        return 0;
+    const std::optional<FileStamp> stamp = m_services.ownFiles.Stamp(modNativePath::FromText(logFile));
+    return stamp ? static_cast<std::int64_t>(stamp->size) : 0;
+}
+
 void ActivityLogs::WriteAppLog(const QString& text) {
     const QString path = m_services.options.ApplicationLog();
     Flush();

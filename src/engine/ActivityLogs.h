@@ -36,6 +36,9 @@ class ActivityLogs final {
     /// Writes what has been gathered. To be called before anything may take long.
     void Flush();
 
+    /// Where the next entry of this log will stand, in bytes; 0 for a log that does not exist.
+    [[nodiscard]] std::int64_t EndOf(const QString& logFile);
+
     /// Appends to the application log when one is set and its file exists; it is never created here.
     void WriteAppLog(const QString& text);
 

@@ -5,6 +5,7 @@
 #include "Clock.h"
 #include "DriveGuard.h"
 #include "EngineLock.h"
+#include "RunResults.h"
 #include "StringTable.h"
 #include "SyncTexts.h"
 #include "modLogTime.h"
@@ -12,8 +13,17 @@
 
 RunOutcome ChangeDetection::ProcessActivity(const QString& name, RunStarter starter, NewDrive newDrive) {
     RunState::Run run(m_services.runState, name);
-    const RunOutcome outcome = process(name, starter, newDrive, run);
-    run.Ended(outcome);
+    m_tools.interruptions.Yield();
+    // Held to the end of the run, even if monitoring stops or another file becomes current.
+    LockRefusal refusal{};
+    const EngineLock::Token lock = m_services.lock.Take(m_services.file.CurrentPath(), refusal);
+    if (!lock || !mayRun(name, starter))
+        return {.interrupted = true};
+    const RunIdentity identity = RunIdentity::Of(m_services.file, name);
+    const QString log = m_services.file.Read(name, ActivityField::LogFile);
+    m_services.results.Began(identity);
+    const RunOutcome outcome = process(identity, starter, newDrive, run);
+    m_services.results.Ended(identity, log, outcome, m_services.runState.Progress());
     return outcome;
 }
 
@@ -23,14 +33,9 @@ bool ChangeDetection::mayRun(const QString& name, RunStarter starter) const {
            (starter == RunStarter::User || m_tools.monitoring.IsOn());
 }
 
-RunOutcome ChangeDetection::process(const QString& name, RunStarter starter, NewDrive newDrive, RunState::Run& run) {
-    m_tools.interruptions.Yield();
-    // Held to the end of the run, even if monitoring stops or another file becomes current.
-    LockRefusal refusal{};
-    const EngineLock::Token lock = m_services.lock.Take(m_services.file.CurrentPath(), refusal);
-    if (!lock || !mayRun(name, starter))
-        return {.interrupted = true};
-    const RunIdentity identity = RunIdentity::Of(m_services.file, name);
+RunOutcome ChangeDetection::process(const RunIdentity& identity, RunStarter starter, NewDrive newDrive,
+                                    RunState::Run& run) {
+    const QString& name = identity.name;
     std::error_code sourceError;
     const auto source = m_services.fileSystem.OpenFolder(modNativePath::Absolute(identity.source), sourceError);
     // An activity that only reports needs no destination; nothing is changed in the directory used instead.
@@ -39,7 +44,11 @@ RunOutcome ChangeDetection::process(const QString& name, RunStarter starter, New
     std::error_code error;
     const auto destination = m_services.fileSystem.OpenFolder(modNativePath::Absolute(destinationText), error);
     if (source && destination && isHeld(identity, newDrive, *source, *destination))
-        return {.failures = 1, .interrupted = true, .held = true};
+        return {.failures = 1,
+                .interrupted = true,
+                .held = true,
+                .reason = m_services.runState.Held().value(name),
+                .logLine = endOfLog(name)};
     m_services.runState.ForgetHeld(name);
     run.Started();
     m_tools.logs.SetActivityStatus(name, m_services.texts[Text::CheckingStarts]);
@@ -49,11 +58,13 @@ RunOutcome ChangeDetection::process(const QString& name, RunStarter starter, New
     if (!destination)
         return refuse(name, identity.destination, error);
     countRun(name);
-    const RunOutcome outcome = SyncRun(m_tools, identity, starter, source, destination).Run();
+    RunOutcome outcome = SyncRun(m_tools, identity, starter, source, destination).Run();
     if (outcome.interrupted)
         return outcome;
     m_drives.Remember(identity, *source, *destination);
     sendMail(name, *source, *destination);
+    if (outcome.failures == 0)
+        outcome.logLine = endOfLog(name);
     m_tools.logs.SetActivityStatus(name, m_services.texts[Text::CheckingFinished]);
     return outcome;
 }
@@ -82,11 +93,13 @@ bool ChangeDetection::isHeld(const RunIdentity& run, NewDrive newDrive, const Fo
 /// at the next try, so the activity stays in monitoring and the run counts as not done.
 RunOutcome ChangeDetection::refuse(const QString& name, const QString& directory, std::error_code error) {
     if (error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory) {
-        handleMissing(name, directory);
-        return {.directoryMissing = true};
+        const std::int64_t line = endOfLog(name);
+        return {.directoryMissing = true, .reason = handleMissing(name, directory), .logLine = line};
     }
-    m_tools.logs.SetActivityStatus(name, m_tools.texts.Failure(directory, error));
-    return {.failures = 1, .interrupted = true};
+    const QString reason = m_tools.texts.Failure(directory, error);
+    const std::int64_t line = endOfLog(name);
+    m_tools.logs.SetActivityStatus(name, reason);
+    return {.failures = 1, .interrupted = true, .reason = reason, .logLine = line};
 }
 
 void ChangeDetection::countRun(const QString& name) {
@@ -103,17 +116,20 @@ void ChangeDetection::sendMail(const QString& name, const Folder& source, const 
     m_mailer.SendActivityMail(name, modNativePath::ToText(source.Path()), modNativePath::ToText(destination.Path()));
 }
 
-void ChangeDetection::handleMissing(const QString& name, const QString& directory) {
+QString ChangeDetection::handleMissing(const QString& name, const QString& directory) {
     const StringTable& texts = m_services.texts;
     const QString start = texts[Text::Directory] + directory;
-    if (m_services.options.StopOnMissingFolder()) {
+    const bool isStopped = m_services.options.StopOnMissingFolder();
+    const QString status = start + texts[isStopped ? Text::NotFoundStopped : Text::NotFoundSuspended];
+    if (isStopped)
         m_services.list.TakeOut(name);
-        m_tools.logs.SetActivityStatus(name, start + texts[Text::NotFoundStopped]);
-        m_tools.monitoring.CheckAllIdle();
-        m_tools.logs.WriteAppLog(start + texts[Text::NotFoundMonitoring] + name + texts[Text::AutomaticallyStopped]);
-        return;
-    }
-    m_tools.logs.SetActivityStatus(name, start + texts[Text::NotFoundSuspended]);
+    m_tools.logs.SetActivityStatus(name, status);
     m_tools.monitoring.CheckAllIdle();
-    m_tools.logs.WriteAppLog(start + texts[Text::NotFoundMonitoring] + name + texts[Text::SuspendedForInterval]);
+    m_tools.logs.WriteAppLog(start + texts[Text::NotFoundMonitoring] + name +
+                             texts[isStopped ? Text::AutomaticallyStopped : Text::SuspendedForInterval]);
+    return status;
+}
+
+std::int64_t ChangeDetection::endOfLog(const QString& name) const {
+    return m_tools.logs.EndOf(m_services.file.Read(name, ActivityField::LogFile));
 }

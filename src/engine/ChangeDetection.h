@@ -16,12 +16,14 @@ class ChangeDetection final {
     RunOutcome ProcessActivity(const QString& name, RunStarter starter, NewDrive newDrive = NewDrive::Hold);
 
   private:
-    RunOutcome process(const QString& name, RunStarter starter, NewDrive newDrive, RunState::Run& run);
+    RunOutcome process(const RunIdentity& identity, RunStarter starter, NewDrive newDrive, RunState::Run& run);
     [[nodiscard]] bool isHeld(const RunIdentity& run, NewDrive newDrive, const Folder& source,
                               const Folder& destination);
     [[nodiscard]] bool mayRun(const QString& name, RunStarter starter) const;
     RunOutcome refuse(const QString& name, const QString& directory, std::error_code error);
-    void handleMissing(const QString& name, const QString& directory);
+    /// Returns what the row shows.
+    QString handleMissing(const QString& name, const QString& directory);
+    [[nodiscard]] std::int64_t endOfLog(const QString& name) const;
     void countRun(const QString& name);
     void sendMail(const QString& name, const Folder& source, const Folder& destination);
 

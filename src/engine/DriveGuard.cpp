@@ -1,15 +1,10 @@
 #include "DriveGuard.h"
-#include "OwnFiles.h"
 #include "modNativePath.h"
 
-#include <QCryptographicHash>
-#include <QJsonDocument>
 #include <algorithm>
-#include <tuple>
 
 namespace {
 
-constexpr std::int64_t mostBytes = std::int64_t{16} << 20;
 constexpr QLatin1String fromKey("sourcedir");
 constexpr QLatin1String toKey("targetdir");
 constexpr QLatin1String sourceKey("source drive");
@@ -38,17 +33,10 @@ bool hasLostItsMount(const QJsonObject& last, const DriveFacts& now) {
 
 } // namespace
 
-std::filesystem::path DriveGuard::pathOf(const RunIdentity& run) const {
-    const QByteArray name = QCryptographicHash::hash(run.activityFile.toUtf8(), QCryptographicHash::Sha256).toHex();
-    return m_folder / (name.toStdString() + ".drives");
-}
-
 const QJsonObject& DriveGuard::load(const RunIdentity& run) {
     if (m_loadedFor == run.activityFile)
         return m_drives;
-    QByteArray bytes;
-    const bool isRead = !m_folder.empty() && !m_files.ReadAll(pathOf(run), mostBytes, bytes);
-    m_drives = isRead ? QJsonDocument::fromJson(bytes).object() : QJsonObject();
+    m_drives = m_file.Read(run.activityFile);
     m_loadedFor = run.activityFile;
     return m_drives;
 }
@@ -71,8 +59,6 @@ std::optional<QString> DriveGuard::Hold(const RunIdentity& run, const Folder& so
 
 void DriveGuard::Remember(const RunIdentity& run, const Folder& source, const Folder& destination) {
     m_held.erase(keyOf(run));
-    if (m_folder.empty())
-        return;
     const QJsonObject last = load(run)[run.name].toObject();
     const DriveFacts to = destination.Drive();
     if (to.mountPoint.empty() && !last[mountKey].toString().isEmpty())
@@ -85,7 +71,5 @@ void DriveGuard::Remember(const RunIdentity& run, const Folder& source, const Fo
     if (last == now)
         return;
     m_drives[run.name] = now;
-    const QByteArray bytes = QJsonDocument(m_drives).toJson();
-    if (m_files.CreateNew(pathOf(run), bytes) == std::errc::file_exists)
-        std::ignore = m_files.ReplaceAll(pathOf(run), bytes);
+    m_file.Write(run.activityFile, m_drives);
 }

@@ -5,17 +5,15 @@
 
 #include "Folder.h"
 #include "RunFacts.h"
+#include "StateFile.h"
 
-#include <QJsonObject>
 #include <optional>
 #include <set>
-
-class OwnFiles;
 
 class DriveGuard final {
   public:
     /// `folder`: the program's state folder; empty: nothing is remembered.
-    DriveGuard(OwnFiles& files, std::filesystem::path folder) : m_files(files), m_folder(std::move(folder)) {}
+    DriveGuard(OwnFiles& files, std::filesystem::path folder) : m_file(files, std::move(folder), ".drives") {}
 
     /// The directory that keeps the run from starting; nullopt when nothing does. The activity counts as held then.
     [[nodiscard]] std::optional<QString> Hold(const RunIdentity& run, const Folder& source, const Folder& destination);
@@ -29,11 +27,9 @@ class DriveGuard final {
   private:
     using Key = std::pair<QString, QString>; ///< activity file, name
     [[nodiscard]] static Key keyOf(const RunIdentity& run) { return {run.activityFile, run.name}; }
-    [[nodiscard]] std::filesystem::path pathOf(const RunIdentity& run) const;
     [[nodiscard]] const QJsonObject& load(const RunIdentity& run);
 
-    OwnFiles& m_files;
-    std::filesystem::path m_folder;
+    StateFile m_file;
     QString m_loadedFor; ///< an activity file
     QJsonObject m_drives;
     std::set<Key> m_held;

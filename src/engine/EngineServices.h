@@ -13,6 +13,7 @@ class OwnFiles;
 class PowerControl;
 class Process;
 class Prompter;
+class RunResults;
 class RunState;
 class StringTable;
 
@@ -63,6 +64,7 @@ struct EngineServices {
     const StringTable& texts;
     Prompter& prompter;
     RunState& runState;
+    RunResults& results;
     EngineLock& lock;
     const Clock& clock;
     FileSystem& fileSystem;

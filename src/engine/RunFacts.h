@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <cstdint>
 
 class ActivityFile;
 
@@ -32,6 +33,7 @@ enum class RunEnd {
     None,
     Closing,         ///< the program ends
     Stopped,         ///< monitoring was stopped
+    StoppedByUser,   ///< this run alone
     RecordChanged,   ///< the activity is not the one the run began with, or another file is open
     RootGone,        ///< a root's path leads to another folder, or nowhere
     Unreadable,      ///< a folder of a mirror could not be read to its end
@@ -45,5 +47,8 @@ struct RunOutcome {
     int failures = 0;         ///< files or folders that could not be handled
     bool interrupted = false; ///< refused or ended early: what was to be done is not done
     bool held = false;        ///< a directory is on another drive than at the last run; counts as a failure
+    bool stoppedByUser = false;
+    QString reason = {};      ///< the first failure, or why the run ended early
+    std::int64_t logLine = 0; ///< where the reason, or else the end of the run, stands in the activity's log; bytes
     [[nodiscard]] bool Succeeded() const { return !directoryMissing && failures == 0 && !interrupted; }
 };

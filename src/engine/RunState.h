@@ -12,6 +12,7 @@ struct RunProgress {
     QString activity;        ///< empty while nothing runs
     std::uint64_t files = 0; ///< copied or moved
     std::uint64_t bytes = 0; ///< of them
+    bool mustStop = false;   ///< the user wants this run to end
 };
 
 class RunState final {
@@ -31,9 +32,6 @@ class RunState final {
         Run& operator=(const Run&) = delete;
 
         void Started() { m_state.m_lastProcessed = m_state.m_progress.activity; }
-        void Ended(const RunOutcome& outcome) {
-            m_state.m_anyFailed = m_state.m_anyFailed || outcome.directoryMissing || outcome.failures > 0;
-        }
 
       private:
         RunState& m_state;
@@ -44,6 +42,7 @@ class RunState final {
     void CountFile() { ++m_progress.files; }
     void CountBytes(std::uint64_t bytes) { m_progress.bytes += bytes; }
     [[nodiscard]] const RunProgress& Progress() const { return m_progress; }
+    void StopRun() { m_progress.mustStop = true; }
     [[nodiscard]] int Depth() const { return m_depth; }
 
     /// Name of the activity that was started last.
@@ -65,10 +64,6 @@ class RunState final {
     void RequestEnd() { m_closing = true; }
     [[nodiscard]] bool Closing() const { return m_closing; }
 
-    /// A run had a missing directory or a failure that has not been shown yet.
-    [[nodiscard]] bool AnyFailed() const { return m_anyFailed; }
-    void FailuresShown() { m_anyFailed = false; }
-
   private:
     RunProgress m_progress;
     QString m_lastProcessed;
@@ -76,5 +71,4 @@ class RunState final {
     int m_depth = 0;
     int m_mails = 0;
     bool m_closing = false;
-    bool m_anyFailed = false;
 };

@@ -47,7 +47,11 @@ RunOutcome SyncRun::Run() {
     m_transfer->Commit();
     m_tools.logs.Flush();
     readRecord(); // events have run: what follows must not use another record
-    return {.failures = m_failures, .interrupted = m_end != RunEnd::None};
+    return {.failures = m_failures,
+            .interrupted = m_end != RunEnd::None,
+            .stoppedByUser = m_end == RunEnd::StoppedByUser,
+            .reason = m_reason,
+            .logLine = m_reasonAt};
 }
 
 /// Only events can change the record, so between them one look is enough.
@@ -80,6 +84,8 @@ bool SyncRun::Over() {
         End(RunEnd::Closing);
     else if (m_starter == RunStarter::Schedule && !m_tools.monitoring.IsOn())
         End(RunEnd::Stopped);
+    else if (m_tools.services.runState.Progress().mustStop)
+        End(RunEnd::StoppedByUser);
     readRecord();
     return m_end != RunEnd::None;
 }
@@ -88,10 +94,19 @@ void SyncRun::End(RunEnd reason) {
     if (m_end != RunEnd::None)
         return;
     m_end = reason;
+    const QString text = m_tools.texts.EndedEarly(reason);
     if (isFailure(reason))
-        Refuse(m_tools.texts.EndedEarly(reason));
-    else
-        Line(m_tools.texts.EndedEarly(reason));
+        return Refuse(text);
+    noteReason(text);
+    Line(text);
+}
+
+/// The first one counts: what fails later is mostly its consequence.
+void SyncRun::noteReason(const QString& text) {
+    if (!m_reason.isEmpty())
+        return;
+    m_reason = text;
+    m_reasonAt = m_tools.logs.EndOf(m_log);
 }
 
 void SyncRun::AbortTest() {
@@ -164,6 +179,7 @@ void SyncRun::Note(const std::function<QString()>& compose) {
 
 void SyncRun::Refuse(const QString& text) {
     ++m_failures;
+    noteReason(text);
     Line(text);
 }
 

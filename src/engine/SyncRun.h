@@ -84,6 +84,7 @@ class SyncRun final : public TransferObserver {
                                        const FolderEntry& destination, SeenPair& folders, std::error_code& error);
     void finishFolder(FolderPair& pair, const FolderEntry& source, const FolderEntry& destination);
     void readRecord();
+    void noteReason(const QString& text);
     void lookAtOwnFiles();
 
     RunTools m_tools;
@@ -101,6 +102,8 @@ class SyncRun final : public TransferObserver {
     std::set<FileId> m_ownFiles;
     std::set<FileId> m_logs;
     int m_failures = 0;
+    QString m_reason;            ///< the first failure, or why the run ended early
+    std::int64_t m_reasonAt = 0; ///< in the log; bytes
     RunEnd m_end;
     std::optional<std::chrono::steady_clock::time_point> m_closingSince;
     std::unique_ptr<FileTransfer> m_transfer;

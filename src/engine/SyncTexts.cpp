@@ -95,6 +95,8 @@ QString SyncTexts::EndedEarly(RunEnd reason) const {
         return m_texts[Text::EndedByClosing];
     case RunEnd::Stopped:
         return m_texts[Text::EndedByStop];
+    case RunEnd::StoppedByUser:
+        return m_texts[Text::EndedByUser];
     case RunEnd::RecordChanged:
         return m_texts[Text::EndedByRecordChange];
     case RunEnd::RootGone:

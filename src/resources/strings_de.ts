@@ -1250,10 +1250,6 @@
         <source>empty: the recipient's mail host</source>
         <translation>leer: Mailserver des Empfängers</translation>
     </message>
-    <message id="600">
-        <source>a run failed</source>
-        <translation>ein Lauf ist fehlgeschlagen</translation>
-    </message>
     <message id="601">
         <source>%1: %2 files, %3</source>
         <translation>%1: %2 Dateien, %3</translation>
@@ -1637,6 +1633,78 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
     <message id="737">
         <source>... and %1 more</source>
         <translation>... und %1 weitere</translation>
+    </message>
+    <message id="780">
+        <source>Run ended early: you stopped it.</source>
+        <translation>Lauf vorzeitig beendet: Sie haben ihn angehalten.</translation>
+    </message>
+    <message id="781">
+        <source>Has not run yet.</source>
+        <translation>Noch nicht gelaufen.</translation>
+    </message>
+    <message id="782">
+        <source>Is running.</source>
+        <translation>Läuft gerade.</translation>
+    </message>
+    <message id="783">
+        <source>Ran %1: %2.</source>
+        <translation>Gelaufen %1: %2.</translation>
+    </message>
+    <message id="784">
+        <source>no file copied or moved</source>
+        <translation>keine Datei kopiert oder verschoben</translation>
+    </message>
+    <message id="785">
+        <source>files copied or moved: %1 (%2)</source>
+        <translation>Dateien kopiert oder verschoben: %1 (%2)</translation>
+    </message>
+    <message id="786">
+        <source>Failed %1: %2</source>
+        <translation>Fehlgeschlagen %1: %2</translation>
+    </message>
+    <message id="787">
+        <source>(and %1 more failures)</source>
+        <translation>(und %1 weitere Fehler)</translation>
+    </message>
+    <message id="788">
+        <source>Ended early %1: %2 (%3)</source>
+        <translation>Vorzeitig beendet %1: %2 (%3)</translation>
+    </message>
+    <message id="789">
+        <source>Stop this run after the present file</source>
+        <translation>Diesen Lauf nach der aktuellen Datei anhalten</translation>
+    </message>
+    <message id="790">
+        <source>Click: show it in the log</source>
+        <translation>Klick: im Protokoll zeigen</translation>
+    </message>
+    <message id="791">
+        <source>idle</source>
+        <translation>untätig</translation>
+    </message>
+    <message id="792">
+        <source>monitoring</source>
+        <translation>überwacht</translation>
+    </message>
+    <message id="793">
+        <source>failed: %1</source>
+        <translation>fehlgeschlagen: %1</translation>
+    </message>
+    <message id="794">
+        <source>&amp;Columns</source>
+        <translation>&amp;Spalten</translation>
+    </message>
+    <message id="795">
+        <source>Move to the &amp;left</source>
+        <translation>Nach &amp;links</translation>
+    </message>
+    <message id="796">
+        <source>Move to the &amp;right</source>
+        <translation>Nach &amp;rechts</translation>
+    </message>
+    <message id="797">
+        <source>&amp;Standard columns</source>
+        <translation>&amp;Standardspalten</translation>
     </message>
 </context>
 </TS>

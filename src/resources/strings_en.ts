@@ -1561,11 +1561,6 @@
         <translation>empty: the recipient's mail host</translation>
         <extra-name>MailHostOfRecipient</extra-name>
     </message>
-    <message id="600">
-        <source>a run failed</source>
-        <translation>a run failed</translation>
-        <extra-name>RunFailed</extra-name>
-    </message>
     <message id="601">
         <source>%1: %2 files, %3</source>
         <translation>%1: %2 files, %3</translation>
@@ -2044,6 +2039,96 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <source>... and %1 more</source>
         <translation>... and %1 more</translation>
         <extra-name>AndMore</extra-name>
+    </message>
+    <message id="780">
+        <source>Run ended early: you stopped it.</source>
+        <translation>Run ended early: you stopped it.</translation>
+        <extra-name>EndedByUser</extra-name>
+    </message>
+    <message id="781">
+        <source>Has not run yet.</source>
+        <translation>Has not run yet.</translation>
+        <extra-name>ResultNone</extra-name>
+    </message>
+    <message id="782">
+        <source>Is running.</source>
+        <translation>Is running.</translation>
+        <extra-name>ResultRunning</extra-name>
+    </message>
+    <message id="783">
+        <source>Ran %1: %2.</source>
+        <translation>Ran %1: %2.</translation>
+        <extra-name>ResultFine</extra-name>
+    </message>
+    <message id="784">
+        <source>no file copied or moved</source>
+        <translation>no file copied or moved</translation>
+        <extra-name>ResultNothing</extra-name>
+    </message>
+    <message id="785">
+        <source>files copied or moved: %1 (%2)</source>
+        <translation>files copied or moved: %1 (%2)</translation>
+        <extra-name>ResultFiles</extra-name>
+    </message>
+    <message id="786">
+        <source>Failed %1: %2</source>
+        <translation>Failed %1: %2</translation>
+        <extra-name>ResultFailed</extra-name>
+    </message>
+    <message id="787">
+        <source>(and %1 more failures)</source>
+        <translation>(and %1 more failures)</translation>
+        <extra-name>ResultOthers</extra-name>
+    </message>
+    <message id="788">
+        <source>Ended early %1: %2 (%3)</source>
+        <translation>Ended early %1: %2 (%3)</translation>
+        <extra-name>ResultEarly</extra-name>
+    </message>
+    <message id="789">
+        <source>Stop this run after the present file</source>
+        <translation>Stop this run after the present file</translation>
+        <extra-name>StopRun</extra-name>
+    </message>
+    <message id="790">
+        <source>Click: show it in the log</source>
+        <translation>Click: show it in the log</translation>
+        <extra-name>ShowInLog</extra-name>
+    </message>
+    <message id="791">
+        <source>idle</source>
+        <translation>idle</translation>
+        <extra-name>TrayIdle</extra-name>
+    </message>
+    <message id="792">
+        <source>monitoring</source>
+        <translation>monitoring</translation>
+        <extra-name>TrayMonitoring</extra-name>
+    </message>
+    <message id="793">
+        <source>failed: %1</source>
+        <translation>failed: %1</translation>
+        <extra-name>TrayFailed</extra-name>
+    </message>
+    <message id="794">
+        <source>&amp;Columns</source>
+        <translation>&amp;Columns</translation>
+        <extra-name>Columns</extra-name>
+    </message>
+    <message id="795">
+        <source>Move to the &amp;left</source>
+        <translation>Move to the &amp;left</translation>
+        <extra-name>MoveColumnLeft</extra-name>
+    </message>
+    <message id="796">
+        <source>Move to the &amp;right</source>
+        <translation>Move to the &amp;right</translation>
+        <extra-name>MoveColumnRight</extra-name>
+    </message>
+    <message id="797">
+        <source>&amp;Standard columns</source>
+        <translation>&amp;Standard columns</translation>
+        <extra-name>StandardColumns</extra-name>
     </message>
 </context>
 </TS>

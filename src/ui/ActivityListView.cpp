@@ -1,6 +1,8 @@
 #include "ActivityListView.h"
 
+#include "ActivityColumns.h"
 #include "ActivityList.h"
+#include "ResultLook.h"
 #include "modForeignText.h"
 #include <QHeaderView>
 #include <QHelpEvent>
@@ -12,11 +14,6 @@
 #include <algorithm>
 
 namespace {
-
-constexpr int mostColumnWidth = 4000; // pixels
-
-// In average characters of the view's font.
-constexpr int columnCharacters[ActivityList::ColumnCount] = {22, 30, 30, 36, 28, 10, 22, 22, 14, 20};
 
 bool isPath(int column) {
     switch (column) {
@@ -67,18 +64,44 @@ QString sortable(const QString& time) {
 /// The order on the screen. Activities still run in the order of the file.
 class ActivityOrder final : public QSortFilterProxyModel {
   public:
-    using QSortFilterProxyModel::QSortFilterProxyModel;
+    ActivityOrder(const ResultLook& results, QObject* parent) : QSortFilterProxyModel(parent), m_results(results) {}
 
     /// Texts as they may be shown.
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
   protected:
     /// Counts by number, times by date, everything else as a reader of the user's language expects.
     [[nodiscard]] bool lessThan(const QModelIndex& left, const QModelIndex& right) const override;
+
+  private:
+    [[nodiscard]] QVariant resultAt(const QModelIndex& index, int role) const;
+
+    const ResultLook m_results; ///< a copy: it is asked even while the window is destroyed
 };
 
+/// The last result, beside the name: a picture, and what it means.
+QVariant ActivityOrder::resultAt(const QModelIndex& index, int role) const {
+    const QString name = QSortFilterProxyModel::data(index, Qt::DisplayRole).toString();
+    if (role == Qt::DecorationRole)
+        return m_results.Icon(name);
+    const QString sentence = m_results.Sentence(name);
+    if (role != Qt::ToolTipRole)
+        return sentence;
+    const QString comment = QSortFilterProxyModel::data(index, role).toString();
+    return QString(comment + u"<p style=\"white-space:pre-wrap\">" + sentence.toHtmlEscaped() + u"</p>");
+}
+
+QVariant ActivityOrder::headerData(int section, Qt::Orientation orientation, int role) const {
+    // The whole caption of a narrow column.
+    return QSortFilterProxyModel::headerData(section, orientation, role == Qt::ToolTipRole ? Qt::DisplayRole : role);
+}
+
 QVariant ActivityOrder::data(const QModelIndex& index, int role) const {
-    QVariant value = QSortFilterProxyModel::data(index, role);
+    const bool isOfResult =
+        role == Qt::DecorationRole || role == Qt::ToolTipRole || role == Qt::AccessibleDescriptionRole;
+    QVariant value = isOfResult && index.column() == ActivityList::Name ? resultAt(index, role)
+                                                                        : QSortFilterProxyModel::data(index, role);
     if (role == Qt::DisplayRole)
         return modForeignText::OneLine(value.toString());
     if (role == Qt::ToolTipRole && value.isValid())
@@ -99,10 +122,20 @@ bool ActivityOrder::lessThan(const QModelIndex& left, const QModelIndex& right) 
     }
 }
 
+ActivityOrder* makeOrder(ActivityList& list, const ResultLook& results, QTreeView& view) {
+    auto* order = new ActivityOrder(results, &view);
+    order->setSourceModel(&list);
+    order->setDynamicSortFilter(true);
+    view.setModel(order);
+    return order;
+}
+
 } // namespace
 
-ActivityListView::ActivityListView(ActivityList& list, QWidget* parent)
-    : QTreeView(parent), m_list(list), m_order(*new ActivityOrder(this)) {
+ActivityListView::ActivityListView(ActivityList& list, const ResultLook& results, const StringTable& texts,
+                                   QWidget* parent)
+    : QTreeView(parent), m_list(list), m_order(*makeOrder(list, results, *this)),
+      m_columns(*new ActivityColumns(*header(), list, texts)) {
     setObjectName(QStringLiteral("lvwActivities"));
     setRootIsDecorated(false);
     setItemsExpandable(false);
@@ -115,23 +148,11 @@ ActivityListView::ActivityListView(ActivityList& list, QWidget* parent)
     setItemDelegate(new RowDelegate(this));
     setContextMenuPolicy(Qt::CustomContextMenu);
     setAccessibleName(list.headerData(ActivityList::Name, Qt::Horizontal, Qt::DisplayRole).toString());
-    m_order.setSourceModel(&list);
-    m_order.setDynamicSortFilter(true);
-    setModel(&m_order);
     header()->setSortIndicatorClearable(true); // back to the order of the file
     header()->setSortIndicator(-1, Qt::AscendingOrder);
     setSortingEnabled(true);
-    setColumnWidths();
     connect(&m_order, &QAbstractItemModel::modelAboutToBeReset, this, &ActivityListView::keepSelection);
     connect(&m_order, &QAbstractItemModel::modelReset, this, &ActivityListView::restoreSelection);
-}
-
-void ActivityListView::setColumnWidths() {
-    header()->setStretchLastSection(false);
-    header()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    const int character = fontMetrics().averageCharWidth();
-    for (int column = 0; column < ActivityList::ColumnCount; ++column)
-        setColumnWidth(column, std::max(columnCharacters[column] * character, header()->sectionSizeHint(column)));
 }
 
 QString ActivityListView::nameAt(const QModelIndex& shown) const {
@@ -184,28 +205,9 @@ QString ActivityListView::NeighbourOf(const QString& name) const {
     return neighbour.isValid() ? nameAt(neighbour) : QString();
 }
 
-QString ActivityListView::Layout() const {
-    QStringList parts;
-    for (int column = 0; column < ActivityList::ColumnCount; ++column)
-        parts.append(QString::number(columnWidth(column)));
-    parts.append(QString::number(header()->sortIndicatorSection()));
-    parts.append(QString::number(static_cast<int>(header()->sortIndicatorOrder())));
-    return parts.join(u',');
-}
-
-void ActivityListView::RestoreLayout(const QString& layout) {
-    const QStringList parts = layout.split(u',');
-    if (parts.size() != ActivityList::ColumnCount + 2)
-        return;
-    for (int column = 0; column < ActivityList::ColumnCount; ++column) {
-        const int width = parts[column].toInt();
-        if (width >= header()->minimumSectionSize() && width <= mostColumnWidth)
-            setColumnWidth(column, width);
-    }
-    bool isNumber = false;
-    const int sorted = parts[ActivityList::ColumnCount].toInt(&isNumber);
-    if (isNumber && sorted >= -1 && sorted < ActivityList::ColumnCount)
-        sortByColumn(sorted, parts.last() == u"1" ? Qt::DescendingOrder : Qt::AscendingOrder);
+void ActivityListView::ShowResult(const QString& name) {
+    if (const QModelIndex index = indexOf(name); index.isValid())
+        update(index);
 }
 
 void ActivityListView::keepSelection() {

@@ -1,18 +1,22 @@
-// Shows the list of activities as rows with check boxes and ten columns. Owns the sort order and the selection, which
-// it restores by name after a refill.
+// Shows the list of activities as rows with check boxes, the picture of the last result and ten columns. Owns the sort
+// order and the selection, which it restores by name after a refill.
 #pragma once
 
 #include <QStringList>
 #include <QTreeView>
 #include <vector>
 
+class ActivityColumns;
 class ActivityList;
 class QSortFilterProxyModel;
+class ResultLook;
+class StringTable;
 
 class ActivityListView final : public QTreeView {
     Q_OBJECT
   public:
-    explicit ActivityListView(ActivityList& list, QWidget* parent = nullptr);
+    ActivityListView(ActivityList& list, const ResultLook& results, const StringTable& texts,
+                     QWidget* parent = nullptr);
 
     /// The activity that commands on one activity act on: the current row when it is selected, else the first selected
     /// row; "" when no row is selected.
@@ -30,10 +34,10 @@ class ActivityListView final : public QTreeView {
     /// The activity shown below this one, else the one above; "" when there is no other.
     [[nodiscard]] QString NeighbourOf(const QString& name) const;
 
-    /// Column widths and sort order, as a text for the settings.
-    [[nodiscard]] QString Layout() const;
-    /// Restores what Layout returned; any other text changes nothing.
-    void RestoreLayout(const QString& layout);
+    [[nodiscard]] ActivityColumns& Columns() { return m_columns; }
+
+    /// To be called when the activity's result has changed.
+    void ShowResult(const QString& name);
 
   Q_SIGNALS:
     /// A double click on a row, outside its check box, or Enter on a highlighted one.
@@ -44,7 +48,6 @@ class ActivityListView final : public QTreeView {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
-    void setColumnWidths();
     void keepSelection();
     void restoreSelection();
     [[nodiscard]] bool isOnCheckBox(const QModelIndex& index, const QPoint& position) const;
@@ -54,6 +57,7 @@ class ActivityListView final : public QTreeView {
 
     ActivityList& m_list;
     QSortFilterProxyModel& m_order;
+    ActivityColumns& m_columns;
     QStringList m_keptSelection;
     QString m_keptCurrent;
 };

@@ -27,7 +27,12 @@ enum class Picture {
     Folder,
     Properties,
     Help,
-    SystemInfo
+    SystemInfo,
+    ResultNone,
+    ResultRunning,
+    ResultFine,
+    ResultFailed,
+    ResultEarly
 };
 
 [[nodiscard]] QIcon Icon(Picture picture);

@@ -18,7 +18,7 @@ class TestSyncRun final : public QObject {
     // A copy that became a mirror of other directories would delete all that only its old destination had.
     void whatEndsARunLeavesTheRest_data() {
         const Table<QString, QString> row;
-        for (const auto* change : {"edited", "imported", "deleted", "other action", "closing"})
+        for (const auto* change : {"edited", "imported", "deleted", "other action", "closing", "stopped"})
             for (const auto* began : {"0", "1", "3"})
                 row.Add(change, began);
         row("other folder in the source's place", "exchanged", "3");
@@ -41,6 +41,8 @@ class TestSyncRun final : public QObject {
                 program.File().Write(A, ActivityField::SourceDir, fixture.Path(u"other"_qs));
             } else if (change == u"closing") {
                 program.RequestEnd();
+            } else if (change == u"stopped") {
+                program.State().StopRun();
             } else if (change == u"exchanged") {
                 QDir().rename(fixture.Path(u"src"_qs), fixture.Path(u"away"_qs));
                 QDir().mkpath(fixture.Path(u"src"_qs));
@@ -58,13 +60,59 @@ class TestSyncRun final : public QObject {
         };
         const RunOutcome outcome = program.RunNow(A);
         QVERIFY(outcome.interrupted);
-        QCOMPARE(outcome.failures > 0, change != u"closing"); // that the user asked for
+        QVERIFY(!outcome.reason.isEmpty());
+        QCOMPARE(outcome.stoppedByUser, change == u"stopped");
+        QCOMPARE(outcome.failures > 0, change != u"closing" && change != u"stopped"); // those the user asked for
         QCOMPARE(fixture.prompter.shown.size(), change == u"deleted" ? 0U : 1U);
         QCOMPARE(Tree(fixture.Path(u"dst"_qs)).keys(), QStringList{u"onlyHere"_qs});
         QCOMPARE(Tree(fixture.Path(change == u"exchanged" ? u"away"_qs : u"src"_qs)).size(), 4);
         if (change == u"edited" || change == u"other action")
             QVERIFY(fixture.Log(A).contains(
                 u"Run ended early: the activity was changed, or another activity file was opened."_qs));
+    }
+
+    void resultsOutliveTheProgram() {
+        ProgramFixture fixture;
+        fixture.locks->place = fixture.Native(u"state"_qs);
+        fixture.Add(A);
+        fixture.Add(u"Missing"_qs, {{u"sourcedir"_qs, fixture.Path(u"nowhere"_qs)}});
+        fixture.Add(u"Other"_qs);
+        fixture.Write(u"src/a"_qs, "123");
+        fixture.Start();
+        const auto of = [&](const QString& name) {
+            Program& program = *fixture.program;
+            return program.Results().Of(RunIdentity::Of(program.File(), name));
+        };
+        fixture.program->RunNow(A);
+        fixture.program->RunNow(u"Missing"_qs);
+        QCOMPARE(fixture.program->Results().Unseen(), QSet<QString>{u"Missing"_qs});
+        QVERIFY(!of(u"Other"_qs));
+        const std::optional<RunResult> fine = of(A);
+        const std::optional<RunResult> failed = of(u"Missing"_qs);
+        QVERIFY(fine && fine->ending == RunEnding::Fine && fine->files == 1 && fine->bytes == 3);
+        QVERIFY(failed && failed->ending == RunEnding::Failed);
+        QVERIFY(failed->reason.contains(fixture.Path(u"nowhere"_qs)));
+        QFile log(failed->log);
+        QVERIFY(log.open(QIODevice::ReadOnly) && log.seek(failed->line));
+        const QByteArray line = log.readLine();
+        QVERIFY2(line.startsWith("-> ") && line.contains(failed->reason.toLocal8Bit()), line.constData());
+        {
+            // A service that ran another activity of the file meanwhile.
+            Program service(fixture.services, fixture.prompter, fixture.keys, fixture.texts);
+            service.List().Refill();
+            service.RunNow(u"Other"_qs);
+        }
+        fixture.Build().List().Refill();
+        QCOMPARE(of(A), fine);
+        QCOMPARE(of(u"Missing"_qs), failed);
+        QVERIFY(of(u"Other"_qs));
+        fixture.program->File().Write(A, ActivityField::Action, u"3"_qs); // another activity now
+        QVERIFY(!of(A));
+        const QStringList kept = QDir(fixture.Path(u"state"_qs)).entryList({u"*.results"_qs});
+        QCOMPARE(kept.size(), 1);
+        fixture.Write(u"state/"_qs + kept.first(), "{\"Missing\": {\"ending\": 7");
+        fixture.Build().List().Refill();
+        QVERIFY(!of(u"Missing"_qs));
     }
 
     // What was looked at before a box is looked at again behind it.

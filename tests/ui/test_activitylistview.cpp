@@ -1,10 +1,16 @@
 // The list on the screen: its order, its columns, what is selected and what opens a row.
+#include "ActivityColumns.h"
 #include "ActivityList.h"
 #include "ActivityListView.h"
+#include "Fakes.h"
+#include "ResultLook.h"
+#include "RunResults.h"
+#include "RunState.h"
 #include "ScratchStore.h"
 
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QMenu>
 #include <QTest>
 #include <QToolTip>
 
@@ -25,7 +31,10 @@ struct Scene : ScratchStore {
     void DoubleClick(const QPoint& at) { QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, at); }
 
     ActivityList list{file, texts, QLocale::c()};
-    ActivityListView view{list};
+    FakeClock clock;
+    RunResults results{file, files, clock, {}};
+    ResultLook look{results, file, texts};
+    ActivityListView view{list, look, texts};
 };
 
 } // namespace
@@ -56,15 +65,45 @@ class TestActivityListView final : public QObject {
         Scene former;
         former.view.setColumnWidth(ActivityList::Source, 321);
         former.view.sortByColumn(ActivityList::Status, Qt::DescendingOrder);
-        const QString layout = former.view.Layout();
+        const QString layout = former.view.Columns().Layout();
         Scene scene;
         for (const QString& given : {layout, QString(), u"200,100"_qs, u"9999,x,-5,0,,9999,9999,9999,9999,9999,10,0"_qs,
                                      QString(layout + u",1")}) {
-            scene.view.RestoreLayout(given);
-            QCOMPARE(scene.view.Layout(), layout);
+            scene.view.Columns().RestoreLayout(given);
+            QCOMPARE(scene.view.Columns().Layout(), layout);
         }
         QCOMPARE(scene.view.columnWidth(ActivityList::Source), 321);
         QCOMPARE(scene.view.header()->sortIndicatorSection(), int(ActivityList::Status));
+    }
+
+    void columnsFoldAndAreHiddenAndMovedByTheMenu() {
+        const auto choose = [](ActivityListView& view, int column, const QString& text) {
+            QMenu menu;
+            view.Columns().Fill(menu, column);
+            for (QAction* action : menu.actions())
+                if (action->text().remove(u'&') == text && action->isEnabled())
+                    action->trigger();
+        };
+        Scene scene;
+        const QHeaderView& header = *scene.view.header();
+        QVERIFY(header.isSectionHidden(ActivityList::LogFile) && !header.isSectionHidden(ActivityList::LastRun));
+        QVERIFY(scene.Write(u"a.kvd"_qs, "<items><One><logfile>/l</logfile></One><Two/></items>"));
+        scene.list.Refill();
+        QVERIFY(!header.isSectionHidden(ActivityList::LogFile));
+        choose(scene.view, -1, scene.texts[Text::ActionColumn]);
+        QVERIFY(header.isSectionHidden(ActivityList::Status));
+        choose(scene.view, ActivityList::LastRun, u"Move to the left"_qs); // over the hidden one
+        QCOMPARE(header.visualIndex(ActivityList::LastRun), 2);
+        for (int i = 0; i < ActivityList::ColumnCount; ++i)
+            choose(scene.view, ActivityList::LastRun, u"Move to the left"_qs);
+        QCOMPARE(header.visualIndex(ActivityList::Name), 0);
+
+        Scene restored;
+        restored.view.Columns().RestoreLayout(scene.view.Columns().Layout());
+        QVERIFY(restored.view.header()->isSectionHidden(ActivityList::Status));
+        QCOMPARE(restored.view.header()->visualIndex(ActivityList::LastRun), 1);
+        choose(restored.view, -1, u"Standard columns"_qs);
+        QCOMPARE(restored.view.Columns().Layout(), Scene().view.Columns().Layout());
     }
 
     void aRefillKeepsTheSelectionByName() {
@@ -123,6 +162,7 @@ class TestActivityListView final : public QObject {
         scene.list.SetText(u"Two"_qs, ActivityList::Status, u"Copy 'a\u009b2J\n'"_qs);
         const QModelIndex cell = scene.view.model()->index(1, ActivityList::Status);
         QCOMPARE(cell.data().toString(), u"Copy 'a\uFFFD2J '"_qs);
+        QVERIFY(cell.siblingAtColumn(0).data(Qt::ToolTipRole).toString().contains(u"Has not run yet."_qs));
         QVERIFY(cell.data(Qt::ToolTipRole).toString().contains(u"x\uFFFD\n&lt;b&gt;"_qs));
     }
 };

@@ -96,11 +96,9 @@ MainMenu::MainMenu(QMainWindow& window, const StringTable& texts, std::function<
         return menu;
     };
     QMenu* fileMenu = addMenu("mnuFile", Text::FileMenu, file);
-    m_lastFiles = new QMenu(texts[Text::LastFiles], fileMenu);
-    m_lastFiles->setObjectName(QStringLiteral("mnuLastFiles"));
-    const QList<QAction*> entries = fileMenu->actions();
-    fileMenu->insertMenu(entries[entries.indexOf(find("mnuExportActivities")) + 1], m_lastFiles);
+    m_lastFiles = addSubmenu("mnuLastFiles", Text::LastFiles, *fileMenu, "mnuExportActivities");
     m_edit = addMenu("mnuEdit", Text::ActivityMenu, edit);
+    m_columns = addSubmenu("mnuColumns", Text::Columns, *m_edit, "mnuRefreshList");
     addMenu("mnuHelp", Text::Help, help)->setTitle(u'&' + texts[Text::Help]);
     find("mnuSysInfo")->setText(QStringLiteral("Systeminfo"));
     find("mnuStart")->setCheckable(true);
@@ -112,6 +110,14 @@ MainMenu::MainMenu(QMainWindow& window, const StringTable& texts, std::function<
             m_actions.push_back(action);
     enable();
     ShowMonitoring(false);
+}
+
+QMenu* MainMenu::addSubmenu(const char* name, Text text, QMenu& menu, const char* after) {
+    auto* submenu = new QMenu(m_texts[text], &menu);
+    submenu->setObjectName(QLatin1String(name));
+    const QList<QAction*> entries = menu.actions();
+    menu.insertMenu(entries[entries.indexOf(find(after)) + 1], submenu);
+    return submenu;
 }
 
 QAction* MainMenu::find(const char* name) const {

@@ -24,11 +24,13 @@ class MainMenu final {
     void SetRunNowEnabled(bool enabled);
     void SetSearchAgainEnabled(bool enabled);
     void PopUp(const QPoint& position);
-    /// Empty: its owner fills it.
+    /// Empty: their owners fill them.
     [[nodiscard]] QMenu& LastFiles() const { return *m_lastFiles; }
+    [[nodiscard]] QMenu& Columns() const { return *m_columns; }
 
   private:
     void buildToolbar(QMainWindow& window);
+    [[nodiscard]] QMenu* addSubmenu(const char* name, Text text, QMenu& menu, const char* after);
     [[nodiscard]] bool canWork(Command command) const;
     void enable();
     [[nodiscard]] QAction* find(const char* name) const;
@@ -42,5 +44,6 @@ class MainMenu final {
     bool m_mayRun = true;
     bool m_maySearchAgain = false;
     QMenu* m_lastFiles;
+    QMenu* m_columns;
     QMenu* m_edit; ///< in the menu bar and at the pointer over the list
 };

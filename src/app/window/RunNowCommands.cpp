@@ -34,8 +34,8 @@ void RunNowCommands::askAndRun(QStringList names, Text question, Text title, New
         // Events ran in the box and in every run before this one.
         if (m_program.State().Closing() || m_program.File().CurrentPath() != file)
             return;
-        if (m_program.List().RowOf(name).has_value())
-            m_program.RunNow(name, newDrive);
+        if (m_program.List().RowOf(name).has_value() && m_program.RunNow(name, newDrive).stoppedByUser)
+            return; // "stop" means the rest, too
     }
 }
 

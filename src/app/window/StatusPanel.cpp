@@ -1,10 +1,13 @@
 #include "StatusPanel.h"
 
+#include "Icons.h"
 #include "Program.h"
+#include "ResultLook.h"
 #include <QLabel>
 #include <QLocale>
 #include <QProgressBar>
 #include <QStatusBar>
+#include <QToolButton>
 
 namespace {
 
@@ -20,10 +23,19 @@ QLabel* addLabel(QStatusBar& bar, const char* name) {
     return label;
 }
 
+QToolButton* makeButton(QStatusBar& bar, const char* name) {
+    auto* button = new QToolButton(&bar);
+    button->setObjectName(QLatin1String(name));
+    button->setAutoRaise(true);
+    button->setIconSize(QSize(16, 16));
+    return button;
+}
+
 } // namespace
 
-StatusPanel::StatusPanel(QStatusBar& bar, Program& program)
-    : m_bar(bar), m_program(program), m_running(addLabel(bar, "lblRunning")), m_progress(new QProgressBar(&bar)),
+StatusPanel::StatusPanel(QStatusBar& bar, Program& program, const ResultLook& results)
+    : m_bar(bar), m_program(program), m_results(results), m_result(makeButton(bar, "btnResult")),
+      m_running(addLabel(bar, "lblRunning")), m_progress(new QProgressBar(&bar)), m_stop(makeButton(bar, "btnStopRun")),
       m_count(nullptr) {
     bar.setObjectName(QStringLiteral("stbMain"));
     // A run does not know its total in advance, so the bar only shows that work goes on.
@@ -34,7 +46,25 @@ StatusPanel::StatusPanel(QStatusBar& bar, Program& program)
     m_progress->setMaximumHeight(m_running->sizeHint().height());
     m_progress->setAccessibleName(program.Texts()[Text::MonitoringInProcess]);
     bar.addPermanentWidget(m_progress);
+    m_stop->setIcon(Icons::Icon(Icons::Picture::Stop));
+    m_stop->setToolTip(program.Texts()[Text::StopRun]);
+    m_stop->setAccessibleName(program.Texts()[Text::StopRun]);
+    connect(m_stop, &QToolButton::clicked, this, [this] {
+        m_program.State().StopRun();
+        m_stop->setEnabled(false);
+    });
+    bar.addPermanentWidget(m_stop);
     m_count = addLabel(bar, "lblCount");
+    // As narrow as the window wants it: the text is cut, the tooltip has the whole.
+    m_result->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    m_result->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    m_result->hide();
+    bar.addWidget(m_result, 1);
+    connect(m_result, &QToolButton::clicked, this, [this] {
+        if (const std::optional<RunIdentity> last = m_program.Results().Last())
+            Q_EMIT ResultOpened(last->name);
+    });
+    connect(&program.Results(), &RunResults::Changed, this, &StatusPanel::showResult);
     m_timer.setInterval(lookInterval);
     connect(&m_timer, &QTimer::timeout, this, &StatusPanel::look);
     // A run begins by setting the status of its row; until then no timer wakes the program.
@@ -63,6 +93,8 @@ void StatusPanel::look() {
     if (isRunning != m_timer.isActive())
         isRunning ? m_timer.start() : m_timer.stop();
     m_progress->setVisible(isRunning);
+    m_stop->setVisible(isRunning);
+    m_stop->setEnabled(!progress.mustStop);
     m_running->setVisible(isRunning);
     if (!isRunning)
         return;
@@ -70,4 +102,16 @@ void StatusPanel::look() {
     m_running->setText(
         m_program.Texts()[Text::FilesAndSize].arg(progress.activity, locale.toString(progress.files),
                                                   locale.formattedDataSize(static_cast<qint64>(progress.bytes))));
+}
+
+void StatusPanel::showResult() {
+    const std::optional<RunIdentity>& last = m_program.Results().Last();
+    if (!last || m_program.Results().IsRunning(last->name))
+        return; // beside it stands what runs
+    m_result->show();
+    const QString text = last->name + u": " + m_results.Sentence(last->name);
+    m_result->setIcon(m_results.Icon(last->name));
+    m_result->setText(text);
+    m_result->setAccessibleName(text);
+    m_result->setToolTip(Qt::convertFromPlainText(text + u'\n' + m_program.Texts()[Text::ShowInLog]));
 }

@@ -35,7 +35,7 @@ TrayIcon::TrayIcon(const StringTable& texts, const QString& title, const std::fu
     m_menu.findChild<QAction*>(QStringLiteral("mnuStartTray"))->setCheckable(true);
     m_icon.setContextMenu(&m_menu);
     ShowMonitoring(false);
-    ShowState(TrayState::Idle);
+    ShowState(false, 0);
     connect(&m_icon, &QSystemTrayIcon::activated, this, [this, run](QSystemTrayIcon::ActivationReason reason) {
         // A status notifier reports activations only and no geometry. A double click may come as two events: the first
         // hides the icon, so the second does nothing.
@@ -57,17 +57,10 @@ void TrayIcon::ShowMonitoring(bool on) {
     start->setText(m_texts[on ? Text::StopMonitoring : Text::StartMonitoring]);
 }
 
-void TrayIcon::ShowState(TrayState state) {
-    switch (state) {
-    case TrayState::Idle:
-        m_icon.setIcon(Icons::Icon(Picture::Idle));
-        break;
-    case TrayState::Monitoring:
-        m_icon.setIcon(Icons::Icon(Picture::Monitoring));
-        break;
-    case TrayState::Failed:
-        m_icon.setIcon(Icons::Icon(Picture::Failed));
-        break;
-    }
-    m_icon.setToolTip(state == TrayState::Failed ? m_title + u" - " + m_texts[Text::RunFailed] : m_title);
+void TrayIcon::ShowState(bool isMonitoring, qsizetype failed) {
+    m_icon.setIcon(Icons::Icon(failed > 0 ? Picture::Failed : isMonitoring ? Picture::Monitoring : Picture::Idle));
+    QString text = m_title + u" - " + m_texts[isMonitoring ? Text::TrayMonitoring : Text::TrayIdle];
+    if (failed > 0)
+        text += u", " + m_texts[Text::TrayFailed].arg(failed);
+    m_icon.setToolTip(text);
 }

@@ -11,8 +11,6 @@
 
 class StringTable;
 
-enum class TrayState { Idle, Monitoring, Failed };
-
 class TrayIcon final : public QObject {
     Q_OBJECT
   public:
@@ -27,8 +25,8 @@ class TrayIcon final : public QObject {
     /// The start command follows the monitoring.
     void ShowMonitoring(bool on);
 
-    /// Sets the image, and the tooltip that explains it.
-    void ShowState(TrayState state);
+    /// Sets the picture, and the tooltip that explains it. `failed`: activities with a failure to look at.
+    void ShowState(bool isMonitoring, qsizetype failed);
 
   private:
     const StringTable& m_texts;

@@ -1,5 +1,6 @@
 #include "frmMain.h"
 
+#include "ActivityColumns.h"
 #include "ActivityListView.h"
 #include "CommandGuard.h"
 #include "DialogHost.h"
@@ -40,8 +41,9 @@ bool isActivityFile(const QString& path) {
 frmMain::frmMain(Program& program, const Tools& tools)
     : m_program(program), m_dialogs(tools.dialogs),
       m_menu(*this, program.Texts(), [this](Command command) { run(command); }),
-      m_view(new ActivityListView(program.List(), this)), m_hint(new EmptyListHint(program.Texts())),
-      m_status(*statusBar(), program),
+      m_results(program.Results(), program.File(), program.Texts()),
+      m_view(new ActivityListView(program.List(), m_results, program.Texts(), this)),
+      m_hint(new EmptyListHint(program.Texts())), m_status(*statusBar(), program, m_results),
       m_tray(program.Texts(), Program::Title(), [this](Command command) { run(command); }),
       m_placement(*this, *program.Services().settings), m_runNow(program), m_activities(program, *m_view, tools.editor),
       m_files(program, tools.picker),
@@ -55,12 +57,16 @@ frmMain::frmMain(Program& program, const Tools& tools)
     setWindowTitle(Program::Title());
     setAcceptDrops(true);
     layOutList();
+    QMenu& columns = m_menu.Columns();
+    connect(&columns, &QMenu::aboutToShow, m_view, [this, &columns] { m_view->Columns().Fill(columns); });
     connect(m_view, &QWidget::customContextMenuRequested, this,
             [this](const QPoint& at) { m_menu.PopUp(m_view->viewport()->mapToGlobal(at)); });
     connect(m_view, &ActivityListView::RowOpened, this,
             [this](const QString& name) { perform([&] { m_activities.Properties(name); }); });
     connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this, &frmMain::showRows);
     connect(&m_files, &ActivityFileCommands::Progress, &m_status, &StatusPanel::Say);
+    connect(&m_status, &StatusPanel::ResultOpened, this,
+            [this](const QString& name) { perform([&] { m_logs.ShowActivityLogs({name}); }); });
     connect(&m_search, &SearchCommands::SearchAgainEnabled, this,
             [this](bool enabled) { m_menu.SetSearchAgainEnabled(enabled); });
     connect(&m_system, &SystemCommands::EndWanted, this, &frmMain::CloseWithoutQuestion);
@@ -89,6 +95,7 @@ void frmMain::layOutList() {
 void frmMain::connectProgram() {
     connect(&m_program.Monitoring(), &MonitoringController::StateChanged, this, &frmMain::showMonitoring);
     connect(&m_program.File(), &ActivityFile::CurrentPathChanged, this, &frmMain::showCaption);
+    connect(&m_program.Results(), &RunResults::Changed, m_view, &ActivityListView::ShowResult);
     connect(&m_program.List(), &ActivityList::Refilled, this, [this] {
         m_status.ShowCount();
         showRows();
@@ -178,7 +185,7 @@ StartUpResult frmMain::Start(const CommandLine& commandLine) {
 void frmMain::Appear() {
     m_tray.Show();
     m_placement.Restore();
-    m_view->RestoreLayout(layoutOf(m_program));
+    m_view->Columns().RestoreLayout(layoutOf(m_program));
     m_status.Say(m_program.Texts()[Text::Initializing]);
 }
 
@@ -219,12 +226,10 @@ void frmMain::showMonitoring(bool on) {
 
 /// A failure stays visible until the user has seen the window, even when later runs succeed.
 void frmMain::showTrayState() {
-    RunState& state = m_program.State();
+    RunResults& results = m_program.Results();
     if (isActiveWindow())
-        state.FailuresShown();
-    const bool failed = state.AnyFailed();
-    const bool on = m_program.Monitoring().IsOn();
-    m_tray.ShowState(failed ? TrayState::Failed : on ? TrayState::Monitoring : TrayState::Idle);
+        results.Seen();
+    m_tray.ShowState(m_program.Monitoring().IsOn(), results.Unseen().size());
 }
 
 void frmMain::toggleMonitoring() {
@@ -234,8 +239,10 @@ void frmMain::toggleMonitoring() {
 }
 
 void frmMain::refreshList() {
-    if (!m_program.List().ListBusy())
-        m_program.List().Refill();
+    if (m_program.List().ListBusy())
+        return;
+    m_program.Results().Refresh();
+    m_program.List().Refill();
 }
 
 void frmMain::hideInTray() {
@@ -295,7 +302,7 @@ void frmMain::beginClosing() {
         // The user has left, so a failure is not shown. What was stored before stays.
         std::ignore = m_placement.Save();
         std::ignore = m_program.Services().settings->Write(SettingsStore::OwnApplication, listSection, layoutKey,
-                                                           m_view->Layout());
+                                                           m_view->Columns().Layout());
     }
     m_tray.Hide();
     hide();

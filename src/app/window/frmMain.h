@@ -11,6 +11,7 @@
 #include "LogCommands.h"
 #include "MainMenu.h"
 #include "OptionsCommand.h"
+#include "ResultLook.h"
 #include "RunEndWaiter.h"
 #include "RunNowCommands.h"
 #include "SearchCommands.h"
@@ -84,6 +85,7 @@ class frmMain final : public QMainWindow, private StartUpFace {
     Program& m_program;
     DialogHost& m_dialogs;
     MainMenu m_menu;
+    ResultLook m_results;
     ActivityListView* m_view;
     EmptyListHint* m_hint; ///< over the view, while the loaded list is empty
     StatusPanel m_status;
