@@ -22,7 +22,7 @@ RunOutcome ChangeDetection::ProcessActivity(const QString& name, RunStarter star
     const RunIdentity identity = RunIdentity::Of(m_services.file, name);
     const QString log = m_services.file.Read(name, ActivityField::LogFile);
     m_services.results.Began(identity);
-    const RunOutcome outcome = process(identity, starter, newDrive, run);
+    RunOutcome outcome = process(identity, starter, newDrive, run);
     m_services.results.Ended(identity, log, outcome, m_services.runState.Progress());
     return outcome;
 }
@@ -120,7 +120,7 @@ QString ChangeDetection::handleMissing(const QString& name, const QString& direc
     const StringTable& texts = m_services.texts;
     const QString start = texts[Text::Directory] + directory;
     const bool isStopped = m_services.options.StopOnMissingFolder();
-    const QString status = start + texts[isStopped ? Text::NotFoundStopped : Text::NotFoundSuspended];
+    QString status = start + texts[isStopped ? Text::NotFoundStopped : Text::NotFoundSuspended];
     if (isStopped)
         m_services.list.TakeOut(name);
     m_tools.logs.SetActivityStatus(name, status);
