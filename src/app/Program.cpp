@@ -118,12 +118,16 @@ EngineLock::Token Program::LockForRunNow() {
     return lock;
 }
 
-RunOutcome Program::RunNow(const QString& name, NewDrive newDrive) {
+RunPlan Program::Preview(const QString& name) {
+    return m_engine->changes.PlanActivity(name);
+}
+
+RunOutcome Program::RunNow(const QString& name, NewDrive newDrive, ApprovedPlan* approved) {
     const EngineLock::Token lock = LockForRunNow();
     if (!lock)
         return {.interrupted = true};
     m_engine->logs.SetActivityStatus(name, m_texts[Text::MonitoringInProcess]);
-    const RunOutcome outcome = m_engine->changes.ProcessActivity(name, RunStarter::User, newDrive);
+    const RunOutcome outcome = m_engine->changes.ProcessActivity(name, RunStarter::User, newDrive, approved);
     if (!outcome.held)
         m_engine->logs.SetActivityStatus(name, m_texts[Text::Idle]);
     return outcome;

@@ -8,6 +8,7 @@
 #include "EngineServices.h"
 #include "MonitoringController.h"
 #include "PlatformServices.h"
+#include "RunPlan.h"
 #include "RunResults.h"
 #include "RunState.h"
 #include "ServiceMode.h"
@@ -59,7 +60,10 @@ class Program final {
 
     /// Runs one activity now, outside its schedule, and shows it in the activity's status. Interrupted when the file's
     /// lock is refused, after a box that says so. Never throws.
-    RunOutcome RunNow(const QString& name, NewDrive newDrive = NewDrive::Hold);
+    RunOutcome RunNow(const QString& name, NewDrive newDrive = NewDrive::Hold, ApprovedPlan* approved = nullptr);
+
+    /// What RunNow would do.
+    [[nodiscard]] RunPlan Preview(const QString& name);
 
     /// Calls `listener` with every entry of every activity's log, whether the entry could be written or not. `isLast`:
     /// no other follows at once.

@@ -11,7 +11,15 @@
 #include "modLogTime.h"
 #include "modNativePath.h"
 
-RunOutcome ChangeDetection::ProcessActivity(const QString& name, RunStarter starter, NewDrive newDrive) {
+namespace {
+/// Any other failure (no permission, no descriptors left) may be gone at the next try.
+bool isMissing(std::error_code error) {
+    return error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory;
+}
+} // namespace
+
+RunOutcome ChangeDetection::ProcessActivity(const QString& name, RunStarter starter, NewDrive newDrive,
+                                            ApprovedPlan* approved) {
     RunState::Run run(m_services.runState, name);
     m_tools.interruptions.Yield();
     // Held to the end of the run, even if monitoring stops or another file becomes current.
@@ -22,7 +30,7 @@ RunOutcome ChangeDetection::ProcessActivity(const QString& name, RunStarter star
     const RunIdentity identity = RunIdentity::Of(m_services.file, name);
     const QString log = m_services.file.Read(name, ActivityField::LogFile);
     m_services.results.Began(identity);
-    RunOutcome outcome = process(identity, starter, newDrive, run);
+    RunOutcome outcome = process(identity, {starter, newDrive, approved}, run);
     m_services.results.Ended(identity, log, outcome, m_services.runState.Progress());
     return outcome;
 }
@@ -33,17 +41,47 @@ bool ChangeDetection::mayRun(const QString& name, RunStarter starter) const {
            (starter == RunStarter::User || m_tools.monitoring.IsOn());
 }
 
-RunOutcome ChangeDetection::process(const RunIdentity& identity, RunStarter starter, NewDrive newDrive,
-                                    RunState::Run& run) {
-    const QString& name = identity.name;
-    std::error_code sourceError;
-    const auto source = m_services.fileSystem.OpenFolder(modNativePath::Absolute(identity.source), sourceError);
+RunPlan ChangeDetection::PlanActivity(const QString& name) {
+    RunState::Run run(m_services.runState, name);
+    m_tools.interruptions.Yield();
+    RunPlan plan{.run = RunIdentity::Of(m_services.file, name), .outcome = {}, .acts = {}};
+    plan.outcome.interrupted = true;
+    if (!mayRun(name, RunStarter::User))
+        return plan;
+    const Roots roots = open(plan.run);
+    if (!roots.source || !roots.destination) {
+        const std::error_code error = roots.source ? roots.destinationError : roots.sourceError;
+        const QString& directory = roots.source ? plan.run.destination : plan.run.source;
+        plan.outcome.directoryMissing = isMissing(error);
+        plan.outcome.reason =
+            isMissing(error) ? m_services.texts[Text::Directory] + directory + m_services.texts[Text::NotFoundSuspended]
+                             : m_tools.texts.Failure(directory, error);
+        return plan;
+    }
+    if (const std::optional<QString> held = m_drives.Find(plan.run, *roots.source, *roots.destination)) {
+        plan.outcome.held = true;
+        plan.outcome.reason = m_services.texts[Text::RunHeld].arg(*held);
+        return plan;
+    }
+    plan.outcome =
+        SyncRun(m_tools, plan.run, RunStarter::User, roots.source, roots.destination, {.plan = &plan.acts}).Run();
+    return plan;
+}
+
+ChangeDetection::Roots ChangeDetection::open(const RunIdentity& run) {
+    Roots roots;
+    roots.source = m_services.fileSystem.OpenFolder(modNativePath::Absolute(run.source), roots.sourceError);
     // An activity that only reports needs no destination; nothing is changed in the directory used instead.
-    const bool needsNone = identity.destination.trimmed().isEmpty() && identity.action == u"2";
-    const QString destinationText = needsNone ? QStringLiteral(".") : identity.destination;
-    std::error_code error;
-    const auto destination = m_services.fileSystem.OpenFolder(modNativePath::Absolute(destinationText), error);
-    if (source && destination && isHeld(identity, newDrive, *source, *destination))
+    const bool needsNone = run.destination.trimmed().isEmpty() && run.action == u"2";
+    const QString destination = needsNone ? QStringLiteral(".") : run.destination;
+    roots.destination = m_services.fileSystem.OpenFolder(modNativePath::Absolute(destination), roots.destinationError);
+    return roots;
+}
+
+RunOutcome ChangeDetection::process(const RunIdentity& identity, const Order& order, RunState::Run& run) {
+    const QString& name = identity.name;
+    const auto [source, sourceError, destination, error] = open(identity);
+    if (source && destination && isHeld(identity, order.newDrive, *source, *destination))
         return {.failures = 1,
                 .interrupted = true,
                 .held = true,
@@ -58,7 +96,8 @@ RunOutcome ChangeDetection::process(const RunIdentity& identity, RunStarter star
     if (!destination)
         return refuse(name, identity.destination, error);
     countRun(name);
-    RunOutcome outcome = SyncRun(m_tools, identity, starter, source, destination).Run();
+    RunOutcome outcome =
+        SyncRun(m_tools, identity, order.starter, source, destination, {.approved = order.approved}).Run();
     if (outcome.interrupted)
         return outcome;
     m_drives.Remember(identity, *source, *destination);
@@ -89,10 +128,10 @@ bool ChangeDetection::isHeld(const RunIdentity& run, NewDrive newDrive, const Fo
     return true;
 }
 
-/// Only a directory that does not exist is missing. Any other failure (no permission, no descriptors left) may be gone
-/// at the next try, so the activity stays in monitoring and the run counts as not done.
+/// Only a directory that does not exist is missing. With any other failure the activity stays in monitoring and the run
+/// counts as not done.
 RunOutcome ChangeDetection::refuse(const QString& name, const QString& directory, std::error_code error) {
-    if (error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory) {
+    if (isMissing(error)) {
         const std::int64_t line = endOfLog(name);
         return {.directoryMissing = true, .reason = handleMissing(name, directory), .logLine = line};
     }

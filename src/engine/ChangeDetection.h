@@ -13,10 +13,27 @@ class ChangeDetection final {
           m_drives(tools.services.ownFiles, std::move(stateFolder)) {}
 
     /// Runs the activity once, now. Events run inside: rows and the document may have changed afterwards.
-    RunOutcome ProcessActivity(const QString& name, RunStarter starter, NewDrive newDrive = NewDrive::Hold);
+    /// `approved`: does nothing else, and ends where something is not as it was then.
+    RunOutcome ProcessActivity(const QString& name, RunStarter starter, NewDrive newDrive = NewDrive::Hold,
+                               ApprovedPlan* approved = nullptr);
+
+    /// What a run would do now. Changes, logs, counts and asks nothing. Events run inside.
+    [[nodiscard]] RunPlan PlanActivity(const QString& name);
 
   private:
-    RunOutcome process(const RunIdentity& identity, RunStarter starter, NewDrive newDrive, RunState::Run& run);
+    struct Order {
+        RunStarter starter;
+        NewDrive newDrive;
+        ApprovedPlan* approved;
+    };
+    struct Roots {
+        std::shared_ptr<Folder> source;
+        std::error_code sourceError;
+        std::shared_ptr<Folder> destination;
+        std::error_code destinationError;
+    };
+    [[nodiscard]] Roots open(const RunIdentity& run);
+    RunOutcome process(const RunIdentity& identity, const Order& order, RunState::Run& run);
     [[nodiscard]] bool isHeld(const RunIdentity& run, NewDrive newDrive, const Folder& source,
                               const Folder& destination);
     [[nodiscard]] bool mayRun(const QString& name, RunStarter starter) const;

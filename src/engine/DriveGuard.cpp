@@ -41,17 +41,19 @@ const QJsonObject& DriveGuard::load(const RunIdentity& run) {
     return m_drives;
 }
 
-std::optional<QString> DriveGuard::Hold(const RunIdentity& run, const Folder& source, const Folder& destination) {
+std::optional<QString> DriveGuard::Find(const RunIdentity& run, const Folder& source, const Folder& destination) {
     const QJsonObject last = load(run)[run.name].toObject();
     if (run.action == u"2" || last[fromKey] != run.source || last[toKey] != run.destination)
         return std::nullopt;
-    std::optional<QString> held;
     const DriveFacts from = source.Drive();
     if (run.action == u"3" && !from.isNetwork && textOf(from.identity) != last[sourceKey].toString() &&
         isEmptyFolder(source))
-        held = run.source;
-    else if (hasLostItsMount(last, destination.Drive()))
-        held = run.destination;
+        return run.source;
+    return hasLostItsMount(last, destination.Drive()) ? std::optional(run.destination) : std::nullopt;
+}
+
+std::optional<QString> DriveGuard::Hold(const RunIdentity& run, const Folder& source, const Folder& destination) {
+    std::optional<QString> held = Find(run, source, destination);
     if (held)
         m_held.insert(keyOf(run));
     return held;

@@ -15,7 +15,10 @@ class DriveGuard final {
     /// `folder`: the program's state folder; empty: nothing is remembered.
     DriveGuard(OwnFiles& files, std::filesystem::path folder) : m_file(files, std::move(folder), ".drives") {}
 
-    /// The directory that keeps the run from starting; nullopt when nothing does. The activity counts as held then.
+    /// The directory that keeps the run from starting; nullopt when nothing does.
+    [[nodiscard]] std::optional<QString> Find(const RunIdentity& run, const Folder& source, const Folder& destination);
+
+    /// The same; the activity counts as held then.
     [[nodiscard]] std::optional<QString> Hold(const RunIdentity& run, const Folder& source, const Folder& destination);
 
     /// True when the activity was held and has not run since.

@@ -85,7 +85,9 @@ void FileSync::deleteSurplus(const FolderEntry& entry) {
     if (!m_run.MayDelete())
         return;
     if (m_run.IsOwnFile(entry.facts.id) || m_run.IsLog(entry.facts.id))
-        return m_run.Line(m_tools.texts.OwnFile(path));
+        return m_run.LeaveAlone(path, m_tools.texts.OwnFile(path));
+    if (m_run.HasApproval() && !m_run.MayDo(Deletion(*m_pair.destination.Handle(), entry)))
+        return;
     m_run.Line(m_tools.texts.DeletingFile(path));
     if (!m_run.React(path) || !m_run.MayDelete())
         return;
@@ -93,7 +95,7 @@ void FileSync::deleteSurplus(const FolderEntry& entry) {
     if (m_pair.source.Handle()->Stat(entry.name, error))
         error = changedMeanwhile();
     if (!error)
-        error = m_pair.destination.Handle()->DeleteFile(entry);
+        error = m_run.Delete(*m_pair.destination.Handle(), entry);
     if (error)
         failed(m_pair.destination, entry.name, error);
 }
@@ -160,6 +162,12 @@ bool FileSync::isAsDecided(const Decided& file) {
 
 /// The decision after the question; nothing when the file is done with.
 std::optional<FileDecision> FileSync::ask(const Decided& file, const FileSide& from, const FileSide& to) {
+    if (m_run.IsPlanning()) {
+        m_run.Plan(::Transfer(Deed::Ask, orderOf(file)));
+        return std::nullopt;
+    }
+    if (!m_run.MayDo(Deed::Ask, orderOf(file)))
+        return std::nullopt;
     m_tools.logs.Flush();
     const MessageAnswer answer = m_tools.interruptions.Ask(m_tools.texts.OverwriteQuestion(from, to));
     if (m_run.Over())
@@ -182,10 +190,10 @@ void FileSync::syncExisting(const Decided& file) {
     if (!decision)
         return;
     if (*decision == FileDecision::ReportOnly)
-        return m_run.Line(m_tools.texts.NoAction(from.path));
+        return m_run.LeaveAlone(from.path, m_tools.texts.NoAction(from.path));
     if (*decision == FileDecision::LeaveAlone) {
         if (!finishMove(file, from, to))
-            m_run.Note([&] { return m_tools.texts.NotNewer(from, to); });
+            m_run.LeaveAsIs(from.path, [&] { return m_tools.texts.NotNewer(from, to); });
         return;
     }
     if (!mayTouch(file) || !m_run.React(from.path) || !isAsDecided(file))
@@ -201,8 +209,11 @@ bool FileSync::finishMove(const Decided& file, const FileSide& from, const FileS
         modDateCompare::Compare(file.source.modified, file.destination->modified) != 0 || !mayTouch(file))
         return false;
     m_run.Line(m_tools.texts.FinishingMove(from.path, to.path));
-    return m_run.Transfer().CompleteMove(
-        {m_pair.source.Handle(), m_pair.destination.Handle(), file.name, file.source, file.destination});
+    return m_run.Transfer().CompleteMove(orderOf(file));
+}
+
+TransferFile FileSync::orderOf(const Decided& file) const {
+    return {m_pair.source.Handle(), m_pair.destination.Handle(), file.name, file.source, file.destination};
 }
 
 void FileSync::syncNew(const Decided& file) {
@@ -211,7 +222,7 @@ void FileSync::syncNew(const Decided& file) {
         return;
     const FileAction action = m_run.Rules().action;
     if (action == FileAction::None)
-        return m_run.Line(m_tools.texts.NoAction(path));
+        return m_run.LeaveAlone(path, m_tools.texts.NoAction(path));
     if (!mayTouch(file) || !isAsDecided(file))
         return;
     m_run.Line([&] { return m_tools.texts.New(action, {path, file.source}, m_pair.destination.PathOf(file.name)); });
@@ -220,15 +231,17 @@ void FileSync::syncNew(const Decided& file) {
 
 /// The program's own files are neither replaced nor taken away.
 bool FileSync::mayTouch(const Decided& file) {
-    const bool isTaken = m_run.Rules().action == FileAction::Move && m_run.IsOwnFile(file.source.id);
+    const bool isMove = m_run.Rules().action == FileAction::Move;
+    const bool isTaken = isMove && m_run.IsOwnFile(file.source.id);
     if (!isTaken && !(file.destination && m_run.IsOwnFile(file.destination->id)))
-        return true;
-    m_run.Refuse(m_tools.texts.OwnFile((isTaken ? m_pair.source : m_pair.destination).PathOf(file.name)));
+        return m_run.MayDo(isMove ? Deed::Move : Deed::Copy, orderOf(file));
+    const QString path = (isTaken ? m_pair.source : m_pair.destination).PathOf(file.name);
+    m_run.Refuse(m_tools.texts.OwnFile(path), path);
     return false;
 }
 
 void FileSync::transfer(const Decided& file) {
-    TransferFile order{m_pair.source.Handle(), m_pair.destination.Handle(), file.name, file.source, file.destination};
+    TransferFile order = orderOf(file);
     const bool isLog = m_run.IsLog(file.source.id);
     std::error_code error;
     if (isLog) // it has grown by the line about itself

@@ -34,6 +34,7 @@ class FileSync final {
     [[nodiscard]] std::optional<FileDecision> ask(const Decided& file, const FileSide& from, const FileSide& to);
     void syncNew(const Decided& file);
     [[nodiscard]] bool finishMove(const Decided& file, const FileSide& from, const FileSide& to);
+    [[nodiscard]] TransferFile orderOf(const Decided& file) const;
     void transfer(const Decided& file);
     [[nodiscard]] bool mayTouch(const Decided& file);
     [[nodiscard]] bool isAsDecided(const Decided& file);

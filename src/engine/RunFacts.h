@@ -38,6 +38,7 @@ enum class RunEnd {
     RootGone,        ///< a root's path leads to another folder, or nowhere
     Unreadable,      ///< a folder of a mirror could not be read to its end
     FolderExchanged, ///< a folder is not the one that was listed
+    NotAsApproved,   ///< something is not as the user was shown it before
     SafeExit         ///< the emergency key
 };
 

@@ -3,6 +3,8 @@
 #include "SyncTexts.h"
 #include "modNativePath.h"
 
+#include <tuple>
+
 using modNativePath::ToText;
 
 SurplusRemoval::SurplusRemoval(SyncRun& run, FolderPair& pair, const FolderEntry& entry)
@@ -29,7 +31,7 @@ void SurplusRemoval::DeleteTree() {
     // With a filter most of the folder may stay, so each deleted file gets a line.
     if (!m_run.Filter().IsActive())
         m_run.Line(m_run.Tools().texts.DeletingFolder(ToText(parent.Path() / m_entry.name)));
-    emptyFolder(parent, m_entry, 0);
+    std::ignore = emptyFolder(parent, m_entry, 0);
 }
 
 std::shared_ptr<Folder> SurplusRemoval::open(Folder& parent, const FolderEntry& entry,
@@ -41,7 +43,7 @@ std::shared_ptr<Folder> SurplusRemoval::open(Folder& parent, const FolderEntry& 
     if (folder && !m_run.IsOnMount(*folder, parent.Mount()))
         return nullptr;
     if (folder && folder->Id().device != parent.Id().device) { // a subvolume
-        m_run.Line(m_run.Tools().texts.OtherMount(ToText(path())));
+        m_run.LeaveAlone(ToText(path()), m_run.Tools().texts.OtherMount(ToText(path())));
         return nullptr;
     }
     if (folder)
@@ -52,44 +54,66 @@ std::shared_ptr<Folder> SurplusRemoval::open(Folder& parent, const FolderEntry& 
     return nullptr;
 }
 
-void SurplusRemoval::emptyFolder(Folder& parent, const FolderEntry& entry, int depth) {
+bool SurplusRemoval::emptyFolder(Folder& parent, const FolderEntry& entry, int depth) {
     const auto path = [&] { return parent.Path() / entry.name; };
-    if (depth > Folder::MostLevels)
-        return m_run.Refuse(m_run.Tools().texts.TooDeep(ToText(path())));
+    if (depth > Folder::MostLevels) {
+        m_run.Refuse(m_run.Tools().texts.TooDeep(ToText(path())), ToText(path()));
+        return false;
+    }
     std::vector<FolderEntry> entries;
     const std::shared_ptr<Folder> folder = open(parent, entry, entries);
     if (!folder || m_run.IsRootOrAbove(folder->Id()))
-        return;
+        return false;
     // Listings show none of the program's temporaries, and they would keep the folder from going.
-    folder->RemoveLeftovers();
-    folder->ForgetUnfinished();
+    if (!m_run.IsPlanning()) {
+        folder->RemoveLeftovers();
+        folder->ForgetUnfinished();
+    }
+    bool isAllGone = true;
     for (const FolderEntry& inner : entries) {
         if (!mayDelete())
-            return;
-        if (inner.facts.kind == EntryKind::Folder)
-            emptyFolder(*folder, inner, depth + 1);
-        else if (inner.facts.kind == EntryKind::File)
-            deleteFile(*folder, inner);
-        else if (inner.facts.kind == EntryKind::Unknown)
-            m_run.Failed(path() / inner.name, inner.facts.error);
+            return false;
+        isAllGone = deleteEntry(*folder, inner, depth) && isAllGone;
         m_run.Progress(0);
     }
-    if (!mayDelete() || folder->List(entries) || !entries.empty())
-        return;
+    if (!mayDelete() || (m_run.IsPlanning() ? !isAllGone : folder->List(entries) || !entries.empty()))
+        return false;
     if (m_run.Filter().IsActive())
         m_run.Line(m_run.Tools().texts.DeletingFolder(ToText(path())));
-    if (const std::error_code failed = parent.DeleteEmptyFolder(entry.name))
+    const std::error_code failed = m_run.Delete(parent, entry);
+    if (failed)
         m_run.Failed(path(), failed);
+    return !failed;
 }
 
-void SurplusRemoval::deleteFile(Folder& folder, const FolderEntry& entry) {
+bool SurplusRemoval::deleteEntry(Folder& folder, const FolderEntry& entry, int depth) {
+    switch (entry.facts.kind) {
+    case EntryKind::Folder:
+        return emptyFolder(folder, entry, depth + 1);
+    case EntryKind::File:
+        return deleteFile(folder, entry);
+    case EntryKind::Unknown:
+        m_run.Failed(folder.Path() / entry.name, entry.facts.error);
+        return false;
+    case EntryKind::FolderLink:
+    case EntryKind::Special:
+        break;
+    }
+    return false;
+}
+
+bool SurplusRemoval::deleteFile(Folder& folder, const FolderEntry& entry) {
     const std::filesystem::path path = folder.Path() / entry.name;
     if (m_run.Filter().IsActive() && !m_run.Filter().Passes(ToText(path)))
-        return;
-    if (m_run.IsOwnFile(entry.facts.id) || m_run.IsLog(entry.facts.id))
-        return m_run.Line(m_run.Tools().texts.OwnFile(ToText(path)));
+        return false;
+    if (m_run.IsOwnFile(entry.facts.id) || m_run.IsLog(entry.facts.id)) {
+        m_run.LeaveAlone(ToText(path), m_run.Tools().texts.OwnFile(ToText(path)));
+        return false;
+    }
     if (m_run.Filter().IsActive())
         m_run.Line(m_run.Tools().texts.DeletingFile(ToText(path)));
-    if (const std::error_code error = folder.DeleteFile(entry))
+    const std::error_code error = m_run.Delete(folder, entry);
+    if (error)
         m_run.Failed(path, error);
+    return !error;
 }

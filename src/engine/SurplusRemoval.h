@@ -18,10 +18,12 @@ class SurplusRemoval final {
     void DeleteTree();
 
   private:
-    void emptyFolder(Folder& parent, const FolderEntry& entry, int depth);
+    // Each returns whether the entry is gone.
+    [[nodiscard]] bool emptyFolder(Folder& parent, const FolderEntry& entry, int depth);
+    [[nodiscard]] bool deleteEntry(Folder& folder, const FolderEntry& entry, int depth);
+    [[nodiscard]] bool deleteFile(Folder& folder, const FolderEntry& entry);
     [[nodiscard]] std::shared_ptr<Folder> open(Folder& parent, const FolderEntry& entry,
                                                std::vector<FolderEntry>& entries);
-    void deleteFile(Folder& folder, const FolderEntry& entry);
     [[nodiscard]] bool mayDelete();
 
     SyncRun& m_run;

@@ -22,17 +22,19 @@ constexpr std::chrono::seconds grace{20};
 /// An end that the user did not ask for counts as a failure.
 bool isFailure(RunEnd reason) {
     return reason == RunEnd::RecordChanged || reason == RunEnd::RootGone || reason == RunEnd::Unreadable ||
-           reason == RunEnd::FolderExchanged;
+           reason == RunEnd::FolderExchanged || reason == RunEnd::NotAsApproved;
 }
 } // namespace
 
 SyncRun::SyncRun(const RunTools& tools, RunIdentity identity, RunStarter starter, std::shared_ptr<Folder> source,
-                 std::shared_ptr<Folder> destination)
-    : m_tools(tools), m_identity(std::move(identity)), m_starter(starter), m_source(std::move(source)),
-      m_destination(std::move(destination)), m_destinationMount(m_destination->Mount()),
+                 std::shared_ptr<Folder> destination, RunVariant variant)
+    : m_tools(tools), m_identity(std::move(identity)), m_variant(variant), m_starter(starter),
+      m_source(std::move(source)), m_destination(std::move(destination)), m_destinationMount(m_destination->Mount()),
       m_recordReadAt(tools.interruptions.Count() - 1),
       m_log(tools.services.file.Read(m_identity.name, ActivityField::LogFile)), m_end(RunEnd::None),
-      m_transfer(tools.services.fileSystem.NewTransfer(*this)), m_staging(tools.interruptions, *m_transfer) {
+      m_transfer(variant.plan != nullptr ? std::make_unique<PlanTransfer>(*this, *variant.plan, true)
+                                         : tools.services.fileSystem.NewTransfer(*this)),
+      m_staging(tools.interruptions, *m_transfer) {
     for (const auto& root : {m_source, m_destination})
         for (const FileId id : root->Ancestors())
             m_roots.insert(id);
@@ -45,6 +47,8 @@ SyncRun::~SyncRun() {
 RunOutcome SyncRun::Run() {
     std::ignore = SyncFilesAndFolders({{m_source}, {m_destination}}, 0);
     m_transfer->Commit();
+    if (HasApproval() && m_failures == 0 && !m_variant.approved->IsDone())
+        End(RunEnd::NotAsApproved);
     m_tools.logs.Flush();
     readRecord(); // events have run: what follows must not use another record
     return {.failures = m_failures,
@@ -154,7 +158,44 @@ bool SyncRun::IsLog(FileId file) {
     return m_logs.contains(file);
 }
 
+bool SyncRun::MayDo(const PlannedAct& act) {
+    if (!HasApproval() || m_variant.approved->Approves(act))
+        return true;
+    End(RunEnd::NotAsApproved);
+    return false;
+}
+
+bool SyncRun::MayDo(Deed deed, const TransferFile& file) {
+    return !HasApproval() || IsOwnWork(file) || MayDo(::Transfer(deed, file));
+}
+
+std::error_code SyncRun::Delete(Folder& folder, const FolderEntry& entry) {
+    if (IsPlanning()) {
+        Plan(Deletion(folder, entry));
+        return {};
+    }
+    if (HasApproval() && !MayDo(Deletion(folder, entry)))
+        return {};
+    return entry.facts.kind == EntryKind::Folder ? folder.DeleteEmptyFolder(entry.name) : folder.DeleteFile(entry);
+}
+
+void SyncRun::LeaveAlone(const QString& path, const QString& text) {
+    if (IsPlanning())
+        Plan({.deed = Deed::LeaveAlone, .path = path, .destination = {}, .reason = text});
+    else
+        Line(text);
+}
+
+void SyncRun::LeaveAsIs(const QString& path, const std::function<QString()>& compose) {
+    if (IsPlanning())
+        LeaveAlone(path, compose());
+    else
+        Note(compose);
+}
+
 bool SyncRun::React(const QString& path) {
+    if (IsPlanning())
+        return !Over();
     m_tools.reactions.ReactToChange(Name(), path, [this] { return !Over(); });
     return !Over();
 }
@@ -162,12 +203,14 @@ bool SyncRun::React(const QString& path) {
 /// To the log that the record named last: once the record has changed, its log may be another activity's.
 void SyncRun::Line(const QString& text) {
     readRecord();
+    if (IsPlanning())
+        return;
     m_tools.logs.WriteActionLineTo(m_log, Name(), text);
 }
 
 void SyncRun::Line(const std::function<QString()>& compose) {
     readRecord();
-    if (m_tools.logs.IsRead(m_log))
+    if (!IsPlanning() && m_tools.logs.IsRead(m_log))
         m_tools.logs.WriteActionLineTo(m_log, Name(), compose());
 }
 
@@ -177,14 +220,18 @@ void SyncRun::Note(const std::function<QString()>& compose) {
         m_tools.logs.GatherActionLine(m_log, Name(), compose());
 }
 
-void SyncRun::Refuse(const QString& text) {
+void SyncRun::Refuse(const QString& text, const QString& path) {
     ++m_failures;
     noteReason(text);
-    Line(text);
+    if (IsPlanning())
+        Plan({.deed = Deed::Fail, .path = path, .destination = {}, .reason = text});
+    else
+        Line(text);
 }
 
 void SyncRun::Failed(const std::filesystem::path& source, std::error_code error) {
-    Refuse(m_tools.texts.Failure(ToText(source), error));
+    const QString path = ToText(source);
+    Refuse(m_tools.texts.Failure(path, error), path);
 }
 
 void SyncRun::Progress(std::uint64_t bytes) {
@@ -205,11 +252,13 @@ bool SyncRun::SyncFilesAndFolders(SeenPair folders, int depth) {
     if (Over())
         return true;
     if (depth > Folder::MostLevels) {
-        Refuse(m_tools.texts.TooDeep(ToText(folders.source.folder->Path())));
+        const QString path = ToText(folders.source.folder->Path());
+        Refuse(m_tools.texts.TooDeep(path), path);
         return true;
     }
-    const UnfinishedWork unfinished =
-        Rules().action == FileAction::None ? UnfinishedWork{} : folders.destination.folder->RemoveLeftovers();
+    const UnfinishedWork unfinished = Rules().action == FileAction::None || IsPlanning()
+                                          ? UnfinishedWork{}
+                                          : folders.destination.folder->RemoveLeftovers();
     if (unfinished.isNewFolder && depth > 0)
         return false;
     FolderPair pair(std::move(folders), depth, m_tools.interruptions);
@@ -227,7 +276,7 @@ bool SyncRun::IsOnMount(const Folder& folder, std::optional<std::uint64_t> mount
     if (!found || !mount)
         Failed(folder.Path(), std::make_error_code(std::errc::io_error));
     else if (found != mount)
-        Line(m_tools.texts.OtherMount(ToText(folder.Path())));
+        LeaveAlone(ToText(folder.Path()), m_tools.texts.OtherMount(ToText(folder.Path())));
     return found && found == mount;
 }
 
@@ -281,14 +330,25 @@ void SyncRun::transferFolder(FolderPair& pair, const FolderEntry& entry) {
         return;
     const FileAction action = m_rules.action;
     if (action == FileAction::None)
-        return Line(m_tools.texts.NoAction(path));
+        return LeaveAlone(path, m_tools.texts.NoAction(path));
     if (action == FileAction::Move && m_tools.ownPlaces.Folders().contains(entry.facts.id))
-        return Refuse(m_tools.texts.OwnFile(path));
+        return Refuse(m_tools.texts.OwnFile(path), path);
+    const auto transfer = [&](FileTransfer& how) {
+        if (action == FileAction::Move)
+            how.MoveTree(pair.source.Handle(), pair.destination.Handle(), entry, m_roots);
+        else
+            how.CopyTree(pair.source.Handle(), pair.destination.Handle(), entry, m_roots);
+    };
+    if (HasApproval()) { // the whole folder goes in one step
+        std::vector<PlannedAct> acts;
+        PlanTransfer planning(*this, acts, false);
+        transfer(planning);
+        for (const PlannedAct& act : acts)
+            if (!MayDo(act))
+                return;
+    }
     Line(m_tools.texts.TransferringFolder(path, ToText(pair.destination.Handle()->Path() / entry.name)));
-    if (action == FileAction::Move)
-        m_transfer->MoveTree(pair.source.Handle(), pair.destination.Handle(), entry, m_roots);
-    else
-        m_transfer->CopyTree(pair.source.Handle(), pair.destination.Handle(), entry, m_roots);
+    transfer(*m_transfer);
 }
 
 /// What is not open yet.
@@ -308,7 +368,7 @@ void SyncRun::walkInto(FolderPair& pair, const FolderEntry& source, const Folder
     const auto path = [&] { return pair.destination.Handle()->Path() / destination.name; };
     // Work there would take the source itself for the destination's surplus.
     if (IsRootOrAbove(destination.facts.id))
-        return Refuse(m_tools.texts.NestedRoot(ToText(path())));
+        return Refuse(m_tools.texts.NestedRoot(ToText(path())), ToText(path()));
     std::error_code error;
     SeenPair folders = ahead.Take(source);
     if (openBoth(pair, source, destination, folders, error)) {

@@ -6,6 +6,7 @@
 #include "FileSystem.h"
 #include "FileTypeFilter.h"
 #include "FolderPair.h"
+#include "RunPlan.h"
 #include "RunState.h"
 #include "RunTools.h"
 #include "SyncRules.h"
@@ -15,7 +16,7 @@ class FoldersAhead;
 class SyncRun final : public TransferObserver {
   public:
     SyncRun(const RunTools& tools, RunIdentity identity, RunStarter starter, std::shared_ptr<Folder> source,
-            std::shared_ptr<Folder> destination);
+            std::shared_ptr<Folder> destination, RunVariant variant = {});
     ~SyncRun() override;
     SyncRun(const SyncRun&) = delete;
     SyncRun& operator=(const SyncRun&) = delete;
@@ -59,6 +60,25 @@ class SyncRun final : public TransferObserver {
     /// A log that this run may be writing to.
     [[nodiscard]] bool IsLog(FileId file);
 
+    /// True for a run that only writes down what it would do.
+    [[nodiscard]] bool IsPlanning() const { return m_variant.plan != nullptr; }
+
+    void Plan(PlannedAct act) { m_variant.plan->push_back(std::move(act)); }
+
+    /// True for a run that does only what the user has approved.
+    [[nodiscard]] bool HasApproval() const { return m_variant.approved != nullptr; }
+    /// False when the user has approved a plan that lacks this act: the run ends.
+    [[nodiscard]] bool MayDo(const PlannedAct& act);
+    [[nodiscard]] bool MayDo(Deed deed, const TransferFile& file);
+
+    /// Deletes a file or an empty folder of a mirror's destination.
+    [[nodiscard]] std::error_code Delete(Folder& folder, const FolderEntry& entry);
+
+    /// Nothing is done with this file or folder; the log says why.
+    void LeaveAlone(const QString& path, const QString& text);
+    /// The same for what needs nothing done; its line may be written a little later.
+    void LeaveAsIs(const QString& path, const std::function<QString()>& compose);
+
     /// Shows the message and starts the program of the activity. False when the run is over then.
     [[nodiscard]] bool React(const QString& path);
     void Line(const QString& text);
@@ -67,7 +87,7 @@ class SyncRun final : public TransferObserver {
     /// A line that announces no act: it may be written a little later.
     void Note(const std::function<QString()>& compose);
     /// Writes the line and counts a failure.
-    void Refuse(const QString& text);
+    void Refuse(const QString& text, const QString& path = {});
     void Failed(const std::filesystem::path& source, std::error_code error) override;
     void Transferred() override { m_tools.services.runState.CountFile(); }
     void Progress(std::uint64_t bytes) override;
@@ -89,6 +109,7 @@ class SyncRun final : public TransferObserver {
 
     RunTools m_tools;
     RunIdentity m_identity;
+    RunVariant m_variant;
     RunStarter m_starter;
     std::shared_ptr<Folder> m_source;
     std::shared_ptr<Folder> m_destination;

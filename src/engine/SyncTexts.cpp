@@ -105,6 +105,8 @@ QString SyncTexts::EndedEarly(RunEnd reason) const {
         return m_texts[Text::EndedByUnreadable];
     case RunEnd::FolderExchanged:
         return m_texts[Text::EndedByReplacedDirectory];
+    case RunEnd::NotAsApproved:
+        return m_texts[Text::EndedByChange];
     case RunEnd::SafeExit:
         return m_texts[Text::AbortedByUser];
     }

@@ -1706,5 +1706,9 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <source>&amp;Standard columns</source>
         <translation>&amp;Standardspalten</translation>
     </message>
+    <message id="800">
+        <source>Run ended early: something is no longer as the preview showed it.</source>
+        <translation>Lauf vorzeitig beendet: Etwas ist nicht mehr so, wie die Vorschau es zeigte.</translation>
+    </message>
 </context>
 </TS>

@@ -2130,5 +2130,10 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <translation>&amp;Standard columns</translation>
         <extra-name>StandardColumns</extra-name>
     </message>
+    <message id="800">
+        <source>Run ended early: something is no longer as the preview showed it.</source>
+        <translation>Run ended early: something is no longer as the preview showed it.</translation>
+        <extra-name>EndedByChange</extra-name>
+    </message>
 </context>
 </TS>

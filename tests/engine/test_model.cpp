@@ -126,7 +126,12 @@ class World final {
         m_program.prompter.yes = made.run.answersYes;
         m_program.prompter.shown.clear();
         m_failed.clear();
-        const RunOutcome run = m_program.program->RunNow(A);
+        Program& program = *m_program.program;
+        const RunPlan plan = made.run.isPreviewed ? program.Preview(A) : RunPlan();
+        if (!m_failed.isEmpty() || !m_program.prompter.shown.empty())
+            qFatal("the preview logs or asks");
+        ApprovedPlan approved(plan);
+        const RunOutcome run = program.RunNow(A, NewDrive::Hold, made.run.isPreviewed ? &approved : nullptr);
         const auto shown = static_cast<int>(m_program.prompter.shown.size());
         m_got = outcome(m_disk.Read(), m_failed, shown, run.interrupted, run.failures);
         const SyncModel model(made.world, made.run);
@@ -147,10 +152,11 @@ class World final {
                 made = smaller;
         }
         Agree(made);
-        return (LinesOf(made.world)
-                << m_program.program->Document().ReadNodeXML(u"/items/A"_qs)
-                << u"answer %1, other device %2"_qs.arg(made.run.answersYes).arg(made.run.isOtherDevice)
-                << u"\nexpected:"_qs << m_expected << u"\ngot:"_qs << m_got)
+        return (LinesOf(made.world) << m_program.program->Document().ReadNodeXML(u"/items/A"_qs)
+                                    << u"answer %1, other device %2, previewed %3"_qs.arg(made.run.answersYes)
+                                           .arg(made.run.isOtherDevice)
+                                           .arg(made.run.isPreviewed)
+                                    << u"\nexpected:"_qs << m_expected << u"\ngot:"_qs << m_got)
             .join(u'\n');
     }
 

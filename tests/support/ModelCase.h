@@ -47,6 +47,7 @@ class RandomCase final {
         if (m_limits.hasUnixEntries)
             out.inside["closed"] = {.mode = 0, .inside = {{"f", file()}}};
         fill(&made.world.inside["src"], &made.world.inside["dst"], {}, 0);
+        made.run.isPreviewed = odds(2);
         return made;
     }
 
@@ -57,7 +58,8 @@ class RandomCase final {
         if (odds(8))
             *field = ModelRun().fields[field.key()];
         else if (odds(8))
-            made.run = {fields, made.run.answersYes && odds(2), made.run.isOtherDevice && odds(2)};
+            made.run = {fields, made.run.answersYes && odds(2), made.run.isOtherDevice && odds(2),
+                        made.run.isPreviewed};
         else
             reduce(one(std::array{&made.world.inside["src"], &made.world.inside["dst"], &made.world.inside["out"]}));
     }

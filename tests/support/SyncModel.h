@@ -27,6 +27,7 @@ struct ModelRun {
                                   {u"includesubdirs"_qs, u"Y"_qs}, {u"extensions"_qs, {}},     {u"alert"_qs, u"N"_qs}};
     bool answersYes = false;
     bool isOtherDevice = false; ///< no rename leads from the source to the destination
+    bool isPreviewed = false;   ///< shown beforehand, and run as it was shown
 };
 
 /// Takes the world, with "src" and "dst" at its top, and runs the activity once. Readable afterwards: the world, the
