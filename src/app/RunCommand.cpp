@@ -1,9 +1,12 @@
 #include "RunCommand.h"
 
 #include "HeadlessUser.h"
+#include "PlanReport.h"
 #include "Program.h"
 #include "RunEndWaiter.h"
 #include "modNativePath.h"
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <algorithm>
 #include <ostream>
 
@@ -35,9 +38,11 @@ RunCommand::ExitCode RunCommand::Execute(const Request& request) {
         return Unusable;
     }
     m_program.File().SetCurrentPath(modNativePath::ToText(path));
+    const bool isPreview = request.kind != Request::Kind::Run; // which keeps nobody from running it
     LockRefusal refusal{};
-    m_lock = m_program.Lock().Take(m_program.File().CurrentPath(), refusal);
-    if (!m_lock) {
+    if (!isPreview)
+        m_lock = m_program.Lock().Take(m_program.File().CurrentPath(), refusal);
+    if (!isPreview && !m_lock) {
         complain(refusal == LockRefusal::HeldElsewhere ? m_program.Texts()[Text::RunRefused].arg(request.file)
                                                        : m_program.Texts()[Text::NoLockPossible]);
         return Refused;
@@ -46,7 +51,8 @@ RunCommand::ExitCode RunCommand::Execute(const Request& request) {
     if (!open(request.file) || !choose(request.names, names))
         return Unusable;
     names.removeDuplicates(); // given twice in the file or by the caller, it is one activity
-    return runAll(names, request.newDrive);
+    return isPreview ? previewAll(names, request.kind == Request::Kind::PreviewAsJson)
+                     : runAll(names, request.newDrive);
 }
 
 bool RunCommand::open(const QString& file) {
@@ -85,5 +91,28 @@ RunCommand::ExitCode RunCommand::runAll(const QStringList& names, NewDrive newDr
         succeeded = m_program.RunNow(name, newDrive).Succeeded() && succeeded;
     }
     RunEndWaiter(m_program).WaitOut(); // for the mails
+    return succeeded && !m_program.State().Closing() ? Ran : SomethingFailed;
+}
+
+RunCommand::ExitCode RunCommand::previewAll(const QStringList& names, bool asJson) {
+    const StringTable& texts = m_program.Texts();
+    bool succeeded = true;
+    QJsonArray plans;
+    for (const QString& name : names) {
+        const RunPlan plan = m_program.Preview(name);
+        succeeded = succeeded && plan.outcome.Succeeded() && !plan.outcome.held;
+        if (asJson) {
+            plans.append(PlanReport::Json(plan));
+            continue;
+        }
+        for (const PlannedAct& act : plan.acts)
+            m_output << PlanReport::Line(act, texts).toStdString() << '\n';
+        if (!plan.outcome.reason.isEmpty() && plan.outcome.failures == 0)
+            complain(plan.outcome.reason);
+        m_output << PlanReport::Summary(plan, texts).toStdString() << '\n';
+    }
+    if (asJson)
+        m_output << QJsonDocument(plans).toJson().toStdString();
+    m_output.flush();
     return succeeded && !m_program.State().Closing() ? Ran : SomethingFailed;
 }

@@ -1,5 +1,5 @@
-// The command kalvenor-run: runs activities of one file once, now, and returns an exit code. It only reads the activity
-// file and writes nothing but what the activities themselves write.
+// The command kalvenor-run: runs activities of one file once, now, or says what that would do, and returns an exit
+// code. It only reads the activity file and writes nothing but what the activities themselves write.
 #pragma once
 
 #include "EngineLock.h"
@@ -16,9 +16,10 @@ class RunCommand final {
         QString file;      ///< path of the activity file
         QStringList names; ///< activities to run, in this order; empty = every active one
         NewDrive newDrive = NewDrive::Hold;
+        enum class Kind { Run, Preview, PreviewAsJson } kind = Kind::Run;
     };
     enum ExitCode {
-        Ran = 0,               ///< every activity ran without a failure
+        Ran = 0,               ///< every activity ran, or would run, without a failure
         SomethingFailed = 1,   ///< a directory was missing, a file failed, or a run was held or ended early
         Unusable = 2,          ///< wrong usage, unknown name, or a file that cannot be read
         NoticeNotAccepted = 3, ///< the notice of possible data loss is not accepted
@@ -35,6 +36,7 @@ class RunCommand final {
     [[nodiscard]] bool open(const QString& file);
     [[nodiscard]] bool choose(const QStringList& wanted, QStringList& names);
     [[nodiscard]] ExitCode runAll(const QStringList& names, NewDrive newDrive);
+    [[nodiscard]] ExitCode previewAll(const QStringList& names, bool asJson);
     void complain(const QString& text);
 
     Program& m_program;

@@ -11,12 +11,16 @@
 namespace {
 
 constexpr QLatin1String newDriveOption("new-drive");
+constexpr QLatin1String dryRunOption("dry-run");
+constexpr QLatin1String jsonOption("json");
 
 void describe(QCommandLineParser& parser, const StringTable& texts) {
     parser.setApplicationDescription(texts[Text::RunPurpose]);
     parser.addHelpOption();
     parser.addVersionOption();
     parser.addOption({QString(newDriveOption), texts[Text::RunNewDriveOption]});
+    parser.addOption({QString(dryRunOption), texts[Text::RunDryRunOption]});
+    parser.addOption({QString(jsonOption), texts[Text::RunJsonOption]});
     parser.addPositionalArgument(QStringLiteral("file"), texts[Text::RunFileArgument], QStringLiteral("FILE.kvd"));
     parser.addPositionalArgument(QStringLiteral("names"), texts[Text::RunNamesArgument], QStringLiteral("[NAME ...]"));
 }
@@ -52,6 +56,14 @@ int main(int argc, char* argv[]) {
         return RunCommand::Unusable;
     }
     const QString file = names.takeFirst();
+    const bool isPreview = parser.isSet(QString(dryRunOption));
+    const bool isJson = parser.isSet(QString(jsonOption));
+    if (isJson && !isPreview) {
+        log.Line(HeadlessLog::Priority::Error, texts[Text::JsonNeedsDryRun]);
+        return RunCommand::Unusable;
+    }
+    using Kind = RunCommand::Request::Kind;
+    const Kind kind = isJson ? Kind::PreviewAsJson : isPreview ? Kind::Preview : Kind::Run;
 
     PlatformServices services = MakePlatformServices();
     HeadlessPrompter prompter(log);
@@ -60,5 +72,5 @@ int main(int argc, char* argv[]) {
     const TerminationSignal termination;
     QObject::connect(&termination, &TerminationSignal::Raised, &application, [&program] { program.RequestEnd(); });
     return RunCommand(program, std::cout, log)
-        .Execute({file, names, parser.isSet(QString(newDriveOption)) ? NewDrive::Ok : NewDrive::Hold});
+        .Execute({file, names, parser.isSet(QString(newDriveOption)) ? NewDrive::Ok : NewDrive::Hold, kind});
 }

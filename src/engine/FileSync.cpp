@@ -192,7 +192,8 @@ void FileSync::syncExisting(const Decided& file) {
     if (*decision == FileDecision::ReportOnly)
         return m_run.LeaveAlone(from.path, m_tools.texts.NoAction(from.path));
     if (*decision == FileDecision::LeaveAlone) {
-        if (!finishMove(file, from, to))
+        const bool isPlanned = m_run.IsPlanning() && IsOwnWork(orderOf(file)); // by the pass before this one
+        if (!isPlanned && !finishMove(file, from, to))
             m_run.LeaveAsIs(from.path, [&] { return m_tools.texts.NotNewer(from, to); });
         return;
     }

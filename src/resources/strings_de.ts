@@ -1710,5 +1710,49 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <source>Run ended early: something is no longer as the preview showed it.</source>
         <translation>Lauf vorzeitig beendet: Etwas ist nicht mehr so, wie die Vorschau es zeigte.</translation>
     </message>
+    <message id="801">
+        <source>copy</source>
+        <translation>kopieren</translation>
+    </message>
+    <message id="802">
+        <source>move</source>
+        <translation>verschieben</translation>
+    </message>
+    <message id="803">
+        <source>replace</source>
+        <translation>ersetzen</translation>
+    </message>
+    <message id="804">
+        <source>delete</source>
+        <translation>löschen</translation>
+    </message>
+    <message id="805">
+        <source>ask</source>
+        <translation>fragen</translation>
+    </message>
+    <message id="806">
+        <source>leave alone</source>
+        <translation>lassen</translation>
+    </message>
+    <message id="807">
+        <source>fail</source>
+        <translation>schlägt fehl</translation>
+    </message>
+    <message id="808">
+        <source>only say what would be done</source>
+        <translation>nur sagen, was getan würde</translation>
+    </message>
+    <message id="809">
+        <source>print it as JSON (with --dry-run)</source>
+        <translation>als JSON ausgeben (mit --dry-run)</translation>
+    </message>
+    <message id="810">
+        <source>%1: copy %2, move %3, replace %4, delete %5, ask %6, leave alone %7, fail %8; to be written: %9</source>
+        <translation>%1: kopieren %2, verschieben %3, ersetzen %4, löschen %5, fragen %6, lassen %7, schlägt fehl %8; zu schreiben: %9</translation>
+    </message>
+    <message id="811">
+        <source>--json goes with --dry-run.</source>
+        <translation>--json gehört zu --dry-run.</translation>
+    </message>
 </context>
 </TS>

@@ -2135,5 +2135,60 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <translation>Run ended early: something is no longer as the preview showed it.</translation>
         <extra-name>EndedByChange</extra-name>
     </message>
+    <message id="801">
+        <source>copy</source>
+        <translation>copy</translation>
+        <extra-name>DeedCopy</extra-name>
+    </message>
+    <message id="802">
+        <source>move</source>
+        <translation>move</translation>
+        <extra-name>DeedMove</extra-name>
+    </message>
+    <message id="803">
+        <source>replace</source>
+        <translation>replace</translation>
+        <extra-name>DeedReplace</extra-name>
+    </message>
+    <message id="804">
+        <source>delete</source>
+        <translation>delete</translation>
+        <extra-name>DeedDelete</extra-name>
+    </message>
+    <message id="805">
+        <source>ask</source>
+        <translation>ask</translation>
+        <extra-name>DeedAsk</extra-name>
+    </message>
+    <message id="806">
+        <source>leave alone</source>
+        <translation>leave alone</translation>
+        <extra-name>DeedLeaveAlone</extra-name>
+    </message>
+    <message id="807">
+        <source>fail</source>
+        <translation>fail</translation>
+        <extra-name>DeedFail</extra-name>
+    </message>
+    <message id="808">
+        <source>only say what would be done</source>
+        <translation>only say what would be done</translation>
+        <extra-name>RunDryRunOption</extra-name>
+    </message>
+    <message id="809">
+        <source>print it as JSON (with --dry-run)</source>
+        <translation>print it as JSON (with --dry-run)</translation>
+        <extra-name>RunJsonOption</extra-name>
+    </message>
+    <message id="810">
+        <source>%1: copy %2, move %3, replace %4, delete %5, ask %6, leave alone %7, fail %8; to be written: %9</source>
+        <translation>%1: copy %2, move %3, replace %4, delete %5, ask %6, leave alone %7, fail %8; to be written: %9</translation>
+        <extra-name>PlanTotals</extra-name>
+    </message>
+    <message id="811">
+        <source>--json goes with --dry-run.</source>
+        <translation>--json goes with --dry-run.</translation>
+        <extra-name>JsonNeedsDryRun</extra-name>
+    </message>
 </context>
 </TS>
