@@ -144,6 +144,7 @@ void LogPane::ShowOnly(LogKindSet kinds) {
         return;
     m_wanted = kinds;
     m_search.Cancel();
+    Q_EMIT SearchEnded(QString());
     Refresh();
 }
 
@@ -232,6 +233,7 @@ void LogPane::looked(const LogPart& part) {
         return ShowEnd();
     if (m_follows && part.begin < part.end && QGuiApplication::mouseButtons() == Qt::NoButton)
         goToEnd();
+    loadNeighbour(); // the view may stand where the log went on
 }
 
 void LogPane::Search(const QString& text, Qt::CaseSensitivity matchCase, bool isBackwards) {
@@ -262,8 +264,9 @@ void LogPane::reveal(const LogSearch::Hit& hit, qsizetype length) {
     ask([line = hit.place.line](const LogReader& reader) { return reader.Around(line); },
         [this, hit, length](const LogPart& part) {
             show(part);
-            if (m_text.Select(hit.place, length))
-                m_box->centerCursor();
+            // An overlong line may be cut elsewhere this time.
+            if (!m_text.Select(hit.place, length))
+                m_text.Mark(hit.place.line);
             loadNeighbour();
         });
 }

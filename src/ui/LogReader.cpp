@@ -127,8 +127,9 @@ void LogReader::readBefore(Open& log, LogPart& part) const {
         part.begin = from + skipped;
     }
     std::vector<LogLine> all;
-    for (auto lines = blocks.rbegin(); lines != blocks.rend(); ++lines)
-        std::move(lines->begin(), lines->end(), std::back_inserter(all));
+    std::for_each(blocks.rbegin(), blocks.rend(), [&all](std::vector<LogLine>& lines) {
+        std::move(lines.begin(), lines.end(), std::back_inserter(all));
+    });
     std::move(part.lines.begin(), part.lines.end(), std::back_inserter(all));
     part.lines = std::move(all);
 }

@@ -1,5 +1,7 @@
 #include "LogSearch.h"
 
+#include <algorithm>
+
 std::optional<LogPlace> LogSearch::forwards(const LogReader& reader, LogPlace from,
                                             const std::atomic_bool& cancelled) const {
     const QStringMatcher matcher(text, matchCase);
@@ -22,14 +24,17 @@ std::optional<LogPlace> LogSearch::backwards(const LogReader& reader, std::optio
     // The line of the start is part of what is read first.
     LogPart part = before ? reader.Around(before->line) : reader.Last();
     while (!cancelled && !part.error) {
-        for (auto line = part.lines.rbegin(); line != part.lines.rend(); ++line) {
-            const bool isFirst = before && line->begin == before->line;
-            if ((before && line->begin > before->line) || (isFirst && before->column == 0))
-                continue;
-            const qsizetype from = isFirst ? before->column - 1 : -1;
-            if (const qsizetype found = line->text.lastIndexOf(text, from, matchCase); found >= 0)
-                return LogPlace{line->begin, found};
-        }
+        std::optional<LogPlace> found;
+        const auto isHit = [&](const LogLine& line) {
+            const bool isFirst = before && line.begin == before->line;
+            if ((before && line.begin > before->line) || (isFirst && before->column == 0))
+                return false;
+            const qsizetype column = line.text.lastIndexOf(text, isFirst ? before->column - 1 : -1, matchCase);
+            found = {line.begin, column};
+            return column >= 0;
+        };
+        if (std::any_of(part.lines.rbegin(), part.lines.rend(), isHit))
+            return found;
         if (part.begin <= 0)
             break;
         part = reader.Before(part.begin);

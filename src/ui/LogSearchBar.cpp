@@ -53,6 +53,7 @@ void LogSearchBar::SearchOn(bool isBackwards) {
 
 void LogSearchBar::Say(const QString& notice) {
     m_notice->setText(notice);
+    m_text->setAccessibleDescription(notice);
     m_notice->setVisible(!notice.isEmpty());
 }
 
@@ -64,7 +65,10 @@ void LogSearchBar::closeBar() {
 
 /// Enter and Escape belong to the bar as long as it has the focus, not to the window.
 void LogSearchBar::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (auto* button = qobject_cast<QToolButton*>(focusWidget()); isEnter && button != nullptr && button->hasFocus())
+        button->click();
+    else if (isEnter)
         SearchOn(event->modifiers().testFlag(Qt::ShiftModifier));
     else if (event->key() == Qt::Key_Escape)
         closeBar();

@@ -31,6 +31,14 @@ qint64 bytesOf(const LogPart& part) {
 
 } // namespace
 
+std::vector<LogText::Line> LogText::linesOf(const LogPart& part) {
+    std::vector<Line> lines;
+    lines.reserve(part.lines.size());
+    for (const LogLine& line : part.lines)
+        lines.push_back({line.begin, line.end, line.kind == LogKind::Failed, line.isOpen});
+    return lines;
+}
+
 void LogText::Show(const LogPart& part) {
     m_lines.clear();
     m_box.clear();
@@ -38,15 +46,15 @@ void LogText::Show(const LogPart& part) {
     m_begin = part.begin;
     m_end = part.end;
     m_bytes = bytesOf(part);
-    for (const LogLine& line : part.lines)
-        m_lines.push_back({line.begin, line.end, line.kind == LogKind::Failed, line.isOpen});
+    const std::vector<Line> lines = linesOf(part);
+    m_lines.insert(m_lines.end(), lines.begin(), lines.end());
     insert(QTextCursor(m_box.document()), part);
 }
 
 void LogText::Prepend(const LogPart& part) {
     const View before = Now();
-    for (auto line = part.lines.rbegin(); line != part.lines.rend(); ++line)
-        m_lines.push_front({line->begin, line->end, line->kind == LogKind::Failed, line->isOpen});
+    const std::vector<Line> lines = linesOf(part);
+    m_lines.insert(m_lines.begin(), lines.begin(), lines.end());
     m_begin = part.begin;
     m_bytes += bytesOf(part);
     // The caret, when it stands at the very beginning, must not stay in front of what is inserted there.
@@ -62,8 +70,8 @@ void LogText::Append(const LogPart& part) {
         remove(static_cast<int>(m_lines.size()) - 1, 1);
         m_lines.pop_back();
     }
-    for (const LogLine& line : part.lines)
-        m_lines.push_back({line.begin, line.end, line.kind == LogKind::Failed, line.isOpen});
+    const std::vector<Line> lines = linesOf(part);
+    m_lines.insert(m_lines.end(), lines.begin(), lines.end());
     m_end = part.end;
     m_bytes += bytesOf(part);
     QTextCursor end(m_box.document());
@@ -210,7 +218,10 @@ bool LogText::Select(LogPlace place, qsizetype length) {
         return false;
     QTextCursor cursor = *cursorAt(place);
     cursor.movePosition(QTextCursor::Right, QTextCursor::KeepAnchor, static_cast<int>(length));
+    const int before = m_box.verticalScrollBar()->value();
     m_box.setTextCursor(cursor);
+    if (m_box.verticalScrollBar()->value() != before)
+        m_box.centerCursor();
     return true;
 }
 

@@ -54,6 +54,7 @@ class LogText final {
         bool isFailed;
         bool isOpen;
     };
+    [[nodiscard]] static std::vector<Line> linesOf(const LogPart& part);
     [[nodiscard]] std::optional<int> rowOf(qint64 position) const;
     [[nodiscard]] std::optional<QTextCursor> cursorAt(LogPlace place) const;
     void insert(QTextCursor cursor, const LogPart& part);

@@ -7,55 +7,47 @@
 
 namespace {
 
-struct KindButton {
-    LogKind kind;
+struct KindBox {
     const char* name;
     Text caption;
+    LogKind kind;
 };
-constexpr KindButton kindButtons[] = {{LogKind::Copied, "cmdCopied", Text::LinesCopied},
-                                      {LogKind::Moved, "cmdMoved", Text::LinesMoved},
-                                      {LogKind::Deleted, "cmdDeleted", Text::LinesDeleted},
-                                      {LogKind::Failed, "cmdFailed", Text::LinesFailed}};
-
-QToolButton* addToggle(QLayout& row, const char* name, const QString& caption) {
-    auto* button = new QToolButton;
-    FormParts::Name(*button, name, caption);
-    button->setText(caption);
-    button->setToolButtonStyle(Qt::ToolButtonTextOnly);
-    button->setCheckable(true);
-    button->setFocusPolicy(Qt::StrongFocus);
-    row.addWidget(button);
-    return button;
-}
+constexpr KindBox kindBoxes[] = {{"chkCopied", Text::LinesCopied, LogKind::Copied},
+                                 {"chkMoved", Text::LinesMoved, LogKind::Moved},
+                                 {"chkDeleted", Text::LinesDeleted, LogKind::Deleted},
+                                 {"chkFailed", Text::LinesFailed, LogKind::Failed}};
 
 } // namespace
 
 LogTools::LogTools(const StringTable& texts) {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(6, 4, 6, 4);
+    row->setSpacing(12);
     row->addWidget(FormParts::PlainText("lblShowOnly", texts[Text::ShowOnly]));
-    for (const KindButton& one : kindButtons) {
-        QToolButton* button = addToggle(*row, one.name, texts[one.caption]);
-        button->setAccessibleDescription(texts[Text::ShowOnly]);
-        connect(button, &QToolButton::toggled, this, [this] { Q_EMIT KindsChosen(chosen()); });
-        m_kinds.emplace_back(one.kind, button);
+    for (const KindBox& one : kindBoxes) {
+        QCheckBox* box = FormParts::CheckBox(one.name, texts[one.caption]);
+        box->setAccessibleDescription(FormParts::Spoken(texts[Text::ShowOnly]));
+        connect(box, &QCheckBox::toggled, this, [this] { Q_EMIT KindsChosen(chosen()); });
+        row->addWidget(box);
+        m_kinds.emplace_back(one.kind, box);
     }
     row->addStretch();
-    m_follow = addToggle(*row, "cmdFollow", texts[Text::FollowEnd]);
-    connect(m_follow, &QToolButton::toggled, this, &LogTools::FollowChosen);
+    m_follow = FormParts::CheckBox("chkFollow", texts[Text::FollowEnd]);
+    row->addWidget(m_follow);
+    connect(m_follow, &QCheckBox::toggled, this, &LogTools::FollowChosen);
 }
 
 LogKindSet LogTools::chosen() const {
     LogKindSet kinds;
-    for (const auto& [kind, button] : m_kinds)
-        kinds.setFlag(kind, button->isChecked());
+    for (const auto& [kind, box] : m_kinds)
+        kinds.setFlag(kind, box->isChecked());
     return kinds;
 }
 
 void LogTools::ShowAll() {
-    for (const auto& [kind, button] : m_kinds) {
-        const QSignalBlocker quiet(button);
-        button->setChecked(false);
+    for (const auto& [kind, box] : m_kinds) {
+        const QSignalBlocker quiet(box);
+        box->setChecked(false);
     }
     Q_EMIT KindsChosen({});
 }

@@ -1,4 +1,4 @@
-// The row above a log: which kinds of lines are shown, and whether its end is followed. Owns its buttons and nothing
+// The row above a log: which kinds of lines are shown, and whether its end is followed. Owns its boxes and nothing
 // else.
 #pragma once
 
@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-class QToolButton;
+class QCheckBox;
 class StringTable;
 
 class LogTools final : public QWidget {
@@ -26,6 +26,6 @@ class LogTools final : public QWidget {
   private:
     [[nodiscard]] LogKindSet chosen() const;
 
-    std::vector<std::pair<LogKind, QToolButton*>> m_kinds;
-    QToolButton* m_follow;
+    std::vector<std::pair<LogKind, QCheckBox*>> m_kinds;
+    QCheckBox* m_follow;
 };

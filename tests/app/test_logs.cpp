@@ -12,7 +12,7 @@
 #include "SystemWorld.h"
 #include "Table.h"
 #include "frmLogFile.h"
-#include <QAction>
+#include <QCheckBox>
 #include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
@@ -20,7 +20,6 @@
 #include <QRegularExpression>
 #include <QScrollBar>
 #include <QTextBlock>
-#include <QToolButton>
 
 namespace {
 
@@ -294,7 +293,7 @@ class TestLogs : public QObject {
         QTest::keyClick(&text, Qt::Key_Return, Qt::ShiftModifier);
         QTRY_COMPARE(found(), u"5 Needle|Needle"_qs);
         QVERIFY(notice.isHidden());
-        Find<QAbstractButton>(window, "chkMatchCase").click();
+        Find<QCheckBox>(window, "chkMatchCase").click();
         QTest::keyClick(&text, Qt::Key_Return, Qt::ShiftModifier); // only the other one is left: from the end on
         QTRY_COMPARE(notice.text(), scene.texts[Text::WrappedToEnd]);
         QTRY_COMPARE(found().right(7), u"|needle"_qs);
@@ -315,7 +314,7 @@ class TestLogs : public QObject {
         frmLogFile& window = scene.Show(u"A.log"_qs);
         QPlainTextEdit& box = textOf(window);
         QTRY_VERIFY(box.blockCount() > 100);
-        Find<QToolButton>(window, "cmdFailed").click();
+        Find<QCheckBox>(window, "chkFailed").click();
         QTRY_COMPARE(box.toPlainText(), QString::fromLatin1(failed + failed).remove(u'\r'));
         QTextCursor first(box.document());
         first.movePosition(QTextCursor::Right);
@@ -323,8 +322,8 @@ class TestLogs : public QObject {
         box.moveCursor(QTextCursor::Start);
         QTest::keyClick(&box, Qt::Key_C, Qt::ControlModifier); // nothing is selected: the line
         QCOMPARE(QGuiApplication::clipboard()->text(), QString::fromLatin1(failed).trimmed());
-        Find<QToolButton>(window, "cmdDeleted").click();
-        Find<QToolButton>(window, "cmdFailed").click();
+        Find<QCheckBox>(window, "chkDeleted").click();
+        Find<QCheckBox>(window, "chkFailed").click();
         QTRY_COMPARE(box.toPlainText(), QString());
         QTRY_COMPARE(box.placeholderText(), scene.texts[Text::NoSuchLines]);
     }
@@ -338,7 +337,7 @@ class TestLogs : public QObject {
         frmLogFile& window = scene.Show(u"A.log"_qs);
         QPlainTextEdit& box = textOf(window);
         QScrollBar& bar = *box.verticalScrollBar();
-        auto& follow = Find<QToolButton>(window, "cmdFollow");
+        auto& follow = Find<QCheckBox>(window, "chkFollow");
         QTRY_VERIFY(box.toPlainText().endsWith(u"half") && follow.isChecked());
         scene.Append(u"A.log"_qs, " line\r\nnew\r\n");
         QTRY_VERIFY(box.toPlainText().endsWith(u"499\nhalf line\nnew\n"));
@@ -377,7 +376,7 @@ class TestLogs : public QObject {
         const auto caretLine = [&] { return box.textCursor().block().text().remove(u'.').trimmed(); };
         QTRY_COMPARE(caretLine(), u"70000"_qs);
         QCOMPARE(box.extraSelections().size(), 1);
-        Find<QToolButton>(window, "cmdFailed").click();
+        Find<QCheckBox>(window, "chkFailed").click();
         QTRY_COMPARE(box.toPlainText(), QString());
         scene.Show(u"A.log"_qs, 17 * 3); // a line that was filtered away
         QTRY_COMPARE(caretLine(), u"3"_qs);
