@@ -206,7 +206,7 @@ void LogPane::look() {
     if (!isVisible())
         return;
     if (m_parts.IsBusy())
-        return Q_EMIT Noticed(m_texts[Text::ReadingLog]);
+        return Q_EMIT Noticed(m_text.IsEmpty() ? QString() : m_texts[Text::ReadingLog]); // the empty box says it too
     const bool wantsNew = isAtEnd() && (m_follows || m_text.HasRoom());
     const auto read = [wantsNew, size = m_size, next = m_text.Next()](const LogReader& reader) {
         LogPart part = reader.Look();
@@ -284,11 +284,13 @@ void LogPane::copyLines() {
 }
 
 void LogPane::showMenu(const QPoint& at) {
+    if (!m_box->textCursor().hasSelection()) // the line under the pointer is meant
+        m_box->setTextCursor(m_box->cursorForPosition(at));
     QMenu* menu = m_box->createStandardContextMenu(at);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     QAction* copy = menu->addAction(m_texts[Text::CopyLines], this, &LogPane::copyLines);
     copy->setObjectName(QStringLiteral("mnuCopyLines"));
-    menu->popup(m_box->mapToGlobal(at));
+    menu->popup(m_box->viewport()->mapToGlobal(at));
 }
 
 bool LogPane::eventFilter(QObject* watched, QEvent* event) {
