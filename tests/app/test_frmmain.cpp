@@ -66,8 +66,17 @@ class TestFrmMain : public QObject {
         World world;
         Window window(world);
         QSignalSpy closed(&window.form, &frmMain::Closed);
+        window.program.Options().LoggingPath = world.Path(u"app.log"_qs);
+        window.Command("mnuActivityLogWindow").trigger();
+        const auto hasLogWindow = [] {
+            const QWidgetList all = QApplication::topLevelWidgets();
+            return std::any_of(all.begin(), all.end(), [](const QWidget* one) {
+                return one->objectName() == u"frmLogFile" && one->isVisible();
+            });
+        };
         window.Command("mnuStart").trigger();
         window.Command("mnuExit").trigger();
+        QVERIFY(hasLogWindow());
         QCOMPARE(world.prompter.shown.size(), 1U);
         QCOMPARE(world.prompter.shown.front().text, world.texts[Text::ExitWhileMonitoring]);
         QVERIFY(window.program.Monitoring().IsOn() && window.form.isVisible());
@@ -76,6 +85,7 @@ class TestFrmMain : public QObject {
         world.prompter.yes = true;
         window.form.close();
         QVERIFY(!window.program.Monitoring().IsOn() && !window.form.isVisible());
+        QVERIFY(!hasLogWindow());
         QCOMPARE(world.Stored("WindowState"), u"0"_qs);
         QTRY_COMPARE(closed.size(), 1);
     }

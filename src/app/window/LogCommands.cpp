@@ -2,6 +2,7 @@
 
 #include "CommandGuard.h"
 #include "DialogHost.h"
+#include "LogWindows.h"
 #include "frmLogFile.h"
 #include "modForeignText.h"
 #include "modNativePath.h"
@@ -53,6 +54,21 @@ void LogCommands::ShowActivityLogs(const QStringList& names) {
             viewer.StartTimer();
         m_dialogs.Run(viewer);
     }
+}
+
+void LogCommands::ShowLogWindow(const QString& name) {
+    if (m_dialogs.RaiseOpen())
+        return;
+    const auto isNone = [](const QString& path) { return path.trimmed().isEmpty(); };
+    QString path = name.isEmpty() ? QString() : m_program.File().Read(name, ActivityField::LogFile);
+    if (isNone(path))
+        path = m_program.Options().LoggingPath;
+    // Whether the log is there is not asked: a drive that does not answer would hold the main window.
+    if (!isNone(path))
+        return m_windows.Show(modNativePath::FromText(path), std::nullopt);
+    const StringTable& texts = m_program.Texts();
+    m_program.Prompts().Ask(
+        {texts[Text::NoLogAnywhere], texts[Text::NoLogTitle], MessageIcon::Information, MessageButtons::Ok});
 }
 
 void LogCommands::DeleteApplicationLog() {
