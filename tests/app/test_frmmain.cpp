@@ -2,8 +2,10 @@
 #include "ActivityEditor.h"
 #include "ModalForm.h"
 #include "WindowFixture.h"
+#include "frmLogFile.h"
 #include "frmOptions.h"
 #include <QPlainTextEdit>
+#include <QTextBlock>
 #include <QToolButton>
 #include <QtTest>
 
@@ -115,6 +117,31 @@ class TestFrmMain : public QObject {
         QCOMPARE(world.Read(world.DefaultFile()), before);
         QVERIFY(!window.program.Monitoring().IsOn() && !world.Stored("Top").isEmpty());
         QTRY_COMPARE(closed.size(), 1);
+    }
+
+    void aRunIsStoppedAndItsResultOpened() {
+        World world({u"A"_qs, u"B"_qs}, {u"f1"_qs, u"f2"_qs, u"f3"_qs, u"f4"_qs});
+        QByteArray xml = world.Read(u"Kalvenor.kvd"_qs);
+        xml.replace("<logfile>", QByteArray("<logfile>" + world.Path(u"log"_qs).toLatin1()));
+        QVERIFY(world.ScratchFolder::Write(u"Kalvenor.kvd"_qs, xml));
+        world.prompter.yes = true;
+        Window window(world);
+        window.Select({u"A"_qs, u"B"_qs});
+        world.pump->onYield = [&] {
+            if (window.program.State().Running())
+                window.form.findChild<QToolButton*>(u"btnStopRun"_qs)->click();
+        };
+        window.Command("mnuExecuteAllMarkedActivities").trigger();
+        QVERIFY(world.Copies(u"A"_qs).size() < 4 && world.Copies(u"B"_qs).isEmpty());
+        auto* result = window.form.findChild<QToolButton*>(u"btnResult"_qs);
+        QVERIFY(result->isVisible() && result->text().startsWith(u"A: Ended early"_qs));
+        result->click();
+        const frmLogFile* log = nullptr;
+        for (const QWidget* widget : QApplication::topLevelWidgets())
+            log = log != nullptr ? log : qobject_cast<const frmLogFile*>(widget);
+        QVERIFY(log != nullptr);
+        const auto* text = log->findChild<QPlainTextEdit*>(u"rtfText"_qs);
+        QTRY_VERIFY(text->textCursor().block().text().contains(u"you stopped it"_qs));
     }
 
     void closingDuringARunWaitsForItsFile() {

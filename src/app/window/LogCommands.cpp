@@ -71,6 +71,17 @@ void LogCommands::ShowLogWindow(const QString& name) {
         {texts[Text::NoLogAnywhere], texts[Text::NoLogTitle], MessageIcon::Information, MessageButtons::Ok});
 }
 
+void LogCommands::ShowLastResult() {
+    const std::optional<RunIdentity> last = m_program.Results().Last();
+    if (!last)
+        return;
+    const std::optional<RunResult> result = m_program.Results().Of(*last);
+    if (!result || result->log.trimmed().isEmpty())
+        return ShowLogWindow(last->name);
+    if (!m_dialogs.RaiseOpen())
+        m_windows.Show(modNativePath::FromText(result->log), result->line);
+}
+
 void LogCommands::DeleteApplicationLog() {
     const QString path = m_program.Options().LoggingPath;
     if (isThere(path, Text::NoApplicationLog) &&

@@ -26,6 +26,9 @@ class LogCommands final {
     /// or no activity is named.
     void ShowLogWindow(const QString& name);
 
+    /// btnResult: the same for the run that ended last, at the line of its failure or its end.
+    void ShowLastResult();
+
     /// mnuDeleteLogfile, mnuDeleteLogfileTray.
     void DeleteApplicationLog();
 

@@ -65,8 +65,7 @@ frmMain::frmMain(Program& program, const Tools& tools)
             [this](const QString& name) { perform([&] { m_activities.Properties(name); }); });
     connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this, &frmMain::showRows);
     connect(&m_files, &ActivityFileCommands::Progress, &m_status, &StatusPanel::Say);
-    connect(&m_status, &StatusPanel::ResultOpened, this,
-            [this](const QString& name) { perform([&] { m_logs.ShowActivityLogs({name}); }); });
+    connect(&m_status, &StatusPanel::ResultOpened, this, [this] { perform([this] { m_logs.ShowLastResult(); }); });
     connect(&m_search, &SearchCommands::SearchAgainEnabled, this,
             [this](bool enabled) { m_menu.SetSearchAgainEnabled(enabled); });
     connect(&m_system, &SystemCommands::EndWanted, this, &frmMain::CloseWithoutQuestion);
