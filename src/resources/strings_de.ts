@@ -1680,7 +1680,7 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
     </message>
     <message id="791">
         <source>idle</source>
-        <translation>untätig</translation>
+        <translation>bereit</translation>
     </message>
     <message id="792">
         <source>monitoring</source>
