@@ -1680,7 +1680,7 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
     </message>
     <message id="791">
         <source>idle</source>
-        <translation>untätig</translation>
+        <translation>bereit</translation>
     </message>
     <message id="792">
         <source>monitoring</source>
@@ -1753,6 +1753,78 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
     <message id="811">
         <source>--json goes with --dry-run.</source>
         <translation>--json gehört zu --dry-run.</translation>
+    </message>
+    <message id="740">
+        <source>Log window</source>
+        <translation>Protokollfenster</translation>
+    </message>
+    <message id="741">
+        <source>There is no log to show yet. A log of the program is switched on in the general options ("Settings"), the log of one activity on its "Action" tab ("Properties").</source>
+        <translation>Es gibt noch kein Protokoll. Das Protokoll des Programms wird in den allgemeinen Optionen eingeschaltet („Einstellungen“), das einer Aktivität in ihrer Registerkarte „Aktion“ („Eigenschaften“).</translation>
+    </message>
+    <message id="742">
+        <source>Show only:</source>
+        <translation>Nur anzeigen:</translation>
+    </message>
+    <message id="743">
+        <source>&amp;Copied</source>
+        <translation>&amp;Kopiert</translation>
+    </message>
+    <message id="744">
+        <source>&amp;Moved</source>
+        <translation>&amp;Verschoben</translation>
+    </message>
+    <message id="745">
+        <source>&amp;Deleted</source>
+        <translation>&amp;Gelöscht</translation>
+    </message>
+    <message id="746">
+        <source>F&amp;ailed</source>
+        <translation>F&amp;ehlgeschlagen</translation>
+    </message>
+    <message id="747">
+        <source>&amp;Follow the end</source>
+        <translation>Dem En&amp;de folgen</translation>
+    </message>
+    <message id="748">
+        <source>Next match</source>
+        <translation>Nächster Treffer</translation>
+    </message>
+    <message id="749">
+        <source>Previous match</source>
+        <translation>Voriger Treffer</translation>
+    </message>
+    <message id="750">
+        <source>Close the search</source>
+        <translation>Suche schließen</translation>
+    </message>
+    <message id="751">
+        <source>Continued from the beginning</source>
+        <translation>Vom Anfang an weitergesucht</translation>
+    </message>
+    <message id="752">
+        <source>Continued from the end</source>
+        <translation>Vom Ende an weitergesucht</translation>
+    </message>
+    <message id="753">
+        <source>Searching ...</source>
+        <translation>Suche läuft ...</translation>
+    </message>
+    <message id="754">
+        <source>Reading the log ...</source>
+        <translation>Protokoll wird gelesen ...</translation>
+    </message>
+    <message id="755">
+        <source>Copy whole &amp;lines</source>
+        <translation>Ganze &amp;Zeilen kopieren</translation>
+    </message>
+    <message id="756">
+        <source>The log is empty.</source>
+        <translation>Das Protokoll ist leer.</translation>
+    </message>
+    <message id="757">
+        <source>The log has no line of the chosen kinds.</source>
+        <translation>Das Protokoll hat keine Zeile der gewählten Art.</translation>
     </message>
 </context>
 </TS>

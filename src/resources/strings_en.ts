@@ -2190,5 +2190,95 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <translation>--json goes with --dry-run.</translation>
         <extra-name>JsonNeedsDryRun</extra-name>
     </message>
+    <message id="740">
+        <source>Log window</source>
+        <translation>Log window</translation>
+        <extra-name>LogWindow</extra-name>
+    </message>
+    <message id="741">
+        <source>There is no log to show yet. A log of the program is switched on in the general options ("Settings"), the log of one activity on its "Action" tab ("Properties").</source>
+        <translation>There is no log to show yet. A log of the program is switched on in the general options ("Settings"), the log of one activity on its "Action" tab ("Properties").</translation>
+        <extra-name>NoLogAnywhere</extra-name>
+    </message>
+    <message id="742">
+        <source>Show only:</source>
+        <translation>Show only:</translation>
+        <extra-name>ShowOnly</extra-name>
+    </message>
+    <message id="743">
+        <source>&amp;Copied</source>
+        <translation>&amp;Copied</translation>
+        <extra-name>LinesCopied</extra-name>
+    </message>
+    <message id="744">
+        <source>&amp;Moved</source>
+        <translation>&amp;Moved</translation>
+        <extra-name>LinesMoved</extra-name>
+    </message>
+    <message id="745">
+        <source>&amp;Deleted</source>
+        <translation>&amp;Deleted</translation>
+        <extra-name>LinesDeleted</extra-name>
+    </message>
+    <message id="746">
+        <source>F&amp;ailed</source>
+        <translation>F&amp;ailed</translation>
+        <extra-name>LinesFailed</extra-name>
+    </message>
+    <message id="747">
+        <source>&amp;Follow the end</source>
+        <translation>&amp;Follow the end</translation>
+        <extra-name>FollowEnd</extra-name>
+    </message>
+    <message id="748">
+        <source>Next match</source>
+        <translation>Next match</translation>
+        <extra-name>NextMatch</extra-name>
+    </message>
+    <message id="749">
+        <source>Previous match</source>
+        <translation>Previous match</translation>
+        <extra-name>PreviousMatch</extra-name>
+    </message>
+    <message id="750">
+        <source>Close the search</source>
+        <translation>Close the search</translation>
+        <extra-name>CloseSearch</extra-name>
+    </message>
+    <message id="751">
+        <source>Continued from the beginning</source>
+        <translation>Continued from the beginning</translation>
+        <extra-name>WrappedToStart</extra-name>
+    </message>
+    <message id="752">
+        <source>Continued from the end</source>
+        <translation>Continued from the end</translation>
+        <extra-name>WrappedToEnd</extra-name>
+    </message>
+    <message id="753">
+        <source>Searching ...</source>
+        <translation>Searching ...</translation>
+        <extra-name>Searching</extra-name>
+    </message>
+    <message id="754">
+        <source>Reading the log ...</source>
+        <translation>Reading the log ...</translation>
+        <extra-name>ReadingLog</extra-name>
+    </message>
+    <message id="755">
+        <source>Copy whole &amp;lines</source>
+        <translation>Copy whole &amp;lines</translation>
+        <extra-name>CopyLines</extra-name>
+    </message>
+    <message id="756">
+        <source>The log is empty.</source>
+        <translation>The log is empty.</translation>
+        <extra-name>LogIsEmpty</extra-name>
+    </message>
+    <message id="757">
+        <source>The log has no line of the chosen kinds.</source>
+        <translation>The log has no line of the chosen kinds.</translation>
+        <extra-name>NoSuchLines</extra-name>
+    </message>
 </context>
 </TS>

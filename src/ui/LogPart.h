@@ -1,24 +1,28 @@
-// A part of a log, however long the log is: read from the file when it is asked for, a few MiB at most. Whatever the
-// path names, reading neither waits nor reads without a bound; what cannot be read is an error code.
+// A part of a log, as it was read: whole lines and where they stand in the file.
 #pragma once
 
+#include "LogKinds.h"
+#include <QByteArray>
 #include <QString>
 #include <QtGlobal>
-#include <filesystem>
 #include <system_error>
+#include <vector>
+
+struct LogLine {
+    qint64 begin = 0; ///< in the file
+    qint64 end = 0;   ///< behind the line end
+    LogKind kind = LogKind::Other;
+    bool isOpen = false; ///< the log's last line, not ended yet
+    QString text;        ///< without line end or control characters, invalid bytes as U+FFFD
+};
 
 struct LogPart {
-    static constexpr qint64 MostBytes = 2 << 20;
+    static constexpr qint64 MostBytes = 2 << 20; ///< of a text on the screen
 
-    QString text;     ///< in the encoding of logs, invalid bytes as U+FFFD, "\n" between lines; long lines are broken
-    qint64 begin = 0; ///< in the file; whole lines where the log has any
+    std::vector<LogLine> lines; ///< those wanted; an overlong line is several
+    qint64 begin = 0;           ///< of what was looked through, in the file
     qint64 end = 0;
-    qint64 size = 0;    ///< of the file
-    int linesAbove = 0; ///< those before the mark that was given
+    qint64 size = 0; ///< of the file
+    QByteArray head; ///< its first bytes: a log that was made anew begins with another time
     std::error_code error;
-
-    /// The end of the log.
-    [[nodiscard]] static LogPart Last(const std::filesystem::path& file);
-    /// From this byte on. `mark`: a byte in it, at which another part began or ended.
-    [[nodiscard]] static LogPart From(const std::filesystem::path& file, qint64 begin, qint64 mark);
 };

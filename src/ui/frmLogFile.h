@@ -1,41 +1,48 @@
-// The window that shows a log: its end first, the parts before and behind when the user scrolls there. It keeps no file
-// open and never more than one part. A log that cannot be read leaves the window empty but for the reason.
+// The window that shows a log. Opened by the commands that show a log it is modal and shows nothing but the text; as a
+// window of its own it has the search, the choice of lines and the end that is followed. It keeps no file open. A log
+// that cannot be read leaves the window empty but for the reason.
 #pragma once
 
 #include <QDialog>
+#include <filesystem>
+#include <memory>
+#include <optional>
 
-class QPlainTextEdit;
+class LogKinds;
+class LogPane;
+class LogSearchBar;
+class LogTools;
+class QBoxLayout;
 class QTimer;
 class StringTable;
-struct LogPart;
 
 class frmLogFile final : public QDialog {
     Q_OBJECT
   public:
-    explicit frmLogFile(const StringTable& texts, QWidget* parent = nullptr);
+    /// With `kinds`: a window of its own; without: to be shown modally.
+    explicit frmLogFile(const StringTable& texts, QWidget* parent = nullptr,
+                        std::shared_ptr<const LogKinds> kinds = nullptr);
 
     /// Shows this file under its caption, the caret behind its last line.
     void SetFileName(const QString& path);
+    void SetFile(const std::filesystem::path& path);
 
     /// Reads the file again every 10 seconds from now on.
     void StartTimer();
 
+    /// In a window of its own: the line that holds this byte of the log, whatever lines were chosen; without a byte the
+    /// end, and what comes.
+    void ShowAt(std::optional<qint64> position);
+
   protected:
     void keyPressEvent(QKeyEvent* event) override;
-    void showEvent(QShowEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    void load();
-    void loadStart();
-    void loadNeighbour();
-    void fill(const LogPart& part);
+    void becomeWindow(QBoxLayout& all);
 
     const StringTable& m_texts;
-    QString m_path;
-    QPlainTextEdit* m_text;
+    LogPane* m_pane;
     QTimer* m_refresh;
-    qint64 m_begin = 0; ///< of the part shown, in the file
-    qint64 m_end = 0;
-    qint64 m_size = 0; ///< of the file, when it was read
+    LogTools* m_tools = nullptr; ///< both of a window of its own
+    LogSearchBar* m_search = nullptr;
 };

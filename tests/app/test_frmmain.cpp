@@ -2,8 +2,10 @@
 #include "ActivityEditor.h"
 #include "ModalForm.h"
 #include "WindowFixture.h"
+#include "frmLogFile.h"
 #include "frmOptions.h"
 #include <QPlainTextEdit>
+#include <QTextBlock>
 #include <QToolButton>
 #include <QtTest>
 
@@ -66,8 +68,17 @@ class TestFrmMain : public QObject {
         World world;
         Window window(world);
         QSignalSpy closed(&window.form, &frmMain::Closed);
+        window.program.Options().LoggingPath = world.Path(u"app.log"_qs);
+        window.Command("mnuActivityLogWindow").trigger();
+        const auto hasLogWindow = [] {
+            const QWidgetList all = QApplication::topLevelWidgets();
+            return std::any_of(all.begin(), all.end(), [](const QWidget* one) {
+                return one->objectName() == u"frmLogFile" && one->isVisible();
+            });
+        };
         window.Command("mnuStart").trigger();
         window.Command("mnuExit").trigger();
+        QVERIFY(hasLogWindow());
         QCOMPARE(world.prompter.shown.size(), 1U);
         QCOMPARE(world.prompter.shown.front().text, world.texts[Text::ExitWhileMonitoring]);
         QVERIFY(window.program.Monitoring().IsOn() && window.form.isVisible());
@@ -76,6 +87,7 @@ class TestFrmMain : public QObject {
         world.prompter.yes = true;
         window.form.close();
         QVERIFY(!window.program.Monitoring().IsOn() && !window.form.isVisible());
+        QVERIFY(!hasLogWindow());
         QCOMPARE(world.Stored("WindowState"), u"0"_qs);
         QTRY_COMPARE(closed.size(), 1);
     }
@@ -105,6 +117,31 @@ class TestFrmMain : public QObject {
         QCOMPARE(world.Read(world.DefaultFile()), before);
         QVERIFY(!window.program.Monitoring().IsOn() && !world.Stored("Top").isEmpty());
         QTRY_COMPARE(closed.size(), 1);
+    }
+
+    void aRunIsStoppedAndItsResultOpened() {
+        World world({u"A"_qs, u"B"_qs}, {u"f1"_qs, u"f2"_qs, u"f3"_qs, u"f4"_qs});
+        QByteArray xml = world.Read(u"Kalvenor.kvd"_qs);
+        xml.replace("<logfile>", QByteArray("<logfile>" + world.Path(u"log"_qs).toLatin1()));
+        QVERIFY(world.ScratchFolder::Write(u"Kalvenor.kvd"_qs, xml));
+        world.prompter.yes = true;
+        Window window(world);
+        window.Select({u"A"_qs, u"B"_qs});
+        world.pump->onYield = [&] {
+            if (window.program.State().Running())
+                window.form.findChild<QToolButton*>(u"btnStopRun"_qs)->click();
+        };
+        window.Command("mnuExecuteAllMarkedActivities").trigger();
+        QVERIFY(world.Copies(u"A"_qs).size() < 4 && world.Copies(u"B"_qs).isEmpty());
+        auto* result = window.form.findChild<QToolButton*>(u"btnResult"_qs);
+        QVERIFY(result->isVisible() && result->text().startsWith(u"A: Ended early"_qs));
+        result->click();
+        const frmLogFile* log = nullptr;
+        for (const QWidget* widget : QApplication::topLevelWidgets())
+            log = log != nullptr ? log : qobject_cast<const frmLogFile*>(widget);
+        QVERIFY(log != nullptr);
+        const auto* text = log->findChild<QPlainTextEdit*>(u"rtfText"_qs);
+        QTRY_VERIFY(text->textCursor().block().text().contains(u"you stopped it"_qs));
     }
 
     void closingDuringARunWaitsForItsFile() {

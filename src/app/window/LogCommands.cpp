@@ -2,6 +2,7 @@
 
 #include "CommandGuard.h"
 #include "DialogHost.h"
+#include "LogWindows.h"
 #include "frmLogFile.h"
 #include "modForeignText.h"
 #include "modNativePath.h"
@@ -53,6 +54,32 @@ void LogCommands::ShowActivityLogs(const QStringList& names) {
             viewer.StartTimer();
         m_dialogs.Run(viewer);
     }
+}
+
+void LogCommands::ShowLogWindow(const QString& name) {
+    if (m_dialogs.RaiseOpen())
+        return;
+    const auto isNone = [](const QString& path) { return path.trimmed().isEmpty(); };
+    QString path = name.isEmpty() ? QString() : m_program.File().Read(name, ActivityField::LogFile);
+    if (isNone(path))
+        path = m_program.Options().LoggingPath;
+    // Whether the log is there is not asked: a drive that does not answer would hold the main window.
+    if (!isNone(path))
+        return m_windows.Show(modNativePath::FromText(path), std::nullopt);
+    const StringTable& texts = m_program.Texts();
+    m_program.Prompts().Ask(
+        {texts[Text::NoLogAnywhere], texts[Text::NoLogTitle], MessageIcon::Information, MessageButtons::Ok});
+}
+
+void LogCommands::ShowLastResult() {
+    const std::optional<RunIdentity> last = m_program.Results().Last();
+    if (!last)
+        return;
+    const std::optional<RunResult> result = m_program.Results().Of(*last);
+    if (!result || result->log.trimmed().isEmpty())
+        return ShowLogWindow(last->name);
+    if (!m_dialogs.RaiseOpen())
+        m_windows.Show(modNativePath::FromText(result->log), result->line);
 }
 
 void LogCommands::DeleteApplicationLog() {

@@ -6,12 +6,14 @@
 #include <filesystem>
 
 class DialogHost;
+class LogWindows;
 class Program;
 enum class Text;
 
 class LogCommands final {
   public:
-    LogCommands(Program& program, DialogHost& dialogs) : m_program(program), m_dialogs(dialogs) {}
+    LogCommands(Program& program, DialogHost& dialogs, LogWindows& windows)
+        : m_program(program), m_dialogs(dialogs), m_windows(windows) {}
 
     /// mnuViewLogfile, mnuViewLogfileTray.
     void ShowApplicationLog();
@@ -19,6 +21,13 @@ class LogCommands final {
     /// mnuShowLogfile and the toolbar's ViewLog: one window after the other, in this order. Stops at the first
     /// missing log.
     void ShowActivityLogs(const QStringList& names);
+
+    /// mnuLogWindow and mnuActivityLogWindow: the window of the activity's log, of the application log when it has none
+    /// or no activity is named.
+    void ShowLogWindow(const QString& name);
+
+    /// btnResult: the same for the run that ended last, at the line of its failure or its end.
+    void ShowLastResult();
 
     /// mnuDeleteLogfile, mnuDeleteLogfileTray.
     void DeleteApplicationLog();
@@ -33,4 +42,5 @@ class LogCommands final {
 
     Program& m_program;
     DialogHost& m_dialogs;
+    LogWindows& m_windows;
 };

@@ -30,6 +30,7 @@ enum class Command {
     SynchroniseClock,
     SynchroniseFromTray,
     CheckForUpdates,
+    LogWindow,
     ShowAppLog,
     DeleteAppLog,
     ShowLog,

@@ -60,10 +60,7 @@ StatusPanel::StatusPanel(QStatusBar& bar, Program& program, const ResultLook& re
     m_result->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     m_result->hide();
     bar.addWidget(m_result, 1);
-    connect(m_result, &QToolButton::clicked, this, [this] {
-        if (const std::optional<RunIdentity> last = m_program.Results().Last())
-            Q_EMIT ResultOpened(last->name);
-    });
+    connect(m_result, &QToolButton::clicked, this, &StatusPanel::ResultOpened);
     connect(&program.Results(), &RunResults::Changed, this, &StatusPanel::showResult);
     m_timer.setInterval(lookInterval);
     connect(&m_timer, &QTimer::timeout, this, &StatusPanel::look);

@@ -23,7 +23,7 @@ class StatusPanel final : public QObject {
 
   Q_SIGNALS:
     /// A click on the last result.
-    void ResultOpened(const QString& name);
+    void ResultOpened();
 
   private:
     void look();

@@ -50,9 +50,9 @@ frmMain::frmMain(Program& program, const Tools& tools)
       m_lastFiles(m_menu.LastFiles(), m_files.Last(), program.File(), program.Texts(),
                   [this](const QString& path) { perform([&] { m_files.ImportFile(path); }); }),
       m_example(program, m_activities, *m_view, tools.picker), m_help(program, tools.dialogs),
-      m_options(program, tools.dialogs, tools.picker, m_help), m_logs(program, tools.dialogs),
-      m_search(program, tools.dialogs, *m_view), m_system(program, tools.dialogs), m_waiter(program, this),
-      m_commands(commandTable()) {
+      m_options(program, tools.dialogs, tools.picker, m_help), m_logWindows(program.Texts()),
+      m_logs(program, tools.dialogs, m_logWindows), m_search(program, tools.dialogs, *m_view),
+      m_system(program, tools.dialogs), m_waiter(program, this), m_commands(commandTable()) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(Program::Title());
     setAcceptDrops(true);
@@ -65,14 +65,16 @@ frmMain::frmMain(Program& program, const Tools& tools)
             [this](const QString& name) { perform([&] { m_activities.Properties(name); }); });
     connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this, &frmMain::showRows);
     connect(&m_files, &ActivityFileCommands::Progress, &m_status, &StatusPanel::Say);
-    connect(&m_status, &StatusPanel::ResultOpened, this,
-            [this](const QString& name) { perform([&] { m_logs.ShowActivityLogs({name}); }); });
+    connect(&m_status, &StatusPanel::ResultOpened, this, [this] { perform([this] { m_logs.ShowLastResult(); }); });
     connect(&m_search, &SearchCommands::SearchAgainEnabled, this,
             [this](bool enabled) { m_menu.SetSearchAgainEnabled(enabled); });
     connect(&m_system, &SystemCommands::EndWanted, this, &frmMain::CloseWithoutQuestion);
     connect(&program.Service(), &ServiceMode::StopWanted, this, &frmMain::CloseWithoutQuestion);
     tools.dialogs.SetWindow(this);
-    connect(this, &frmMain::Closing, this, [&dialogs = tools.dialogs] { dialogs.StopWaiting(); });
+    connect(this, &frmMain::Closing, this, [this] {
+        m_dialogs.StopWaiting();
+        m_logWindows.CloseAll();
+    });
     connectProgram();
 }
 
@@ -138,6 +140,7 @@ std::map<Command, std::function<void()>> frmMain::commandTable() {
         {Command::Export, [this] { m_files.Export(); }},
 
         {Command::Preferences, [this] { m_options.ShowOptions(); }},
+        {Command::LogWindow, [this] { m_logs.ShowLogWindow(m_view->CurrentName()); }},
         {Command::ShowAppLog, [this] { m_logs.ShowApplicationLog(); }},
         {Command::DeleteAppLog, [this] { m_logs.DeleteApplicationLog(); }},
         {Command::ShowLog, [this] { m_logs.ShowActivityLogs(m_view->SelectedNames()); }},

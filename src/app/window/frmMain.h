@@ -9,6 +9,7 @@
 #include "HelpCommands.h"
 #include "LastFilesMenu.h"
 #include "LogCommands.h"
+#include "LogWindows.h"
 #include "MainMenu.h"
 #include "OptionsCommand.h"
 #include "ResultLook.h"
@@ -98,6 +99,7 @@ class frmMain final : public QMainWindow, private StartUpFace {
     ExampleCommand m_example;
     HelpCommands m_help;
     OptionsCommand m_options;
+    LogWindows m_logWindows;
     LogCommands m_logs;
     SearchCommands m_search;
     SystemCommands m_system;
