@@ -100,7 +100,7 @@ RunCommand::ExitCode RunCommand::previewAll(const QStringList& names, bool asJso
     QJsonArray plans;
     for (const QString& name : names) {
         const RunPlan plan = m_program.Preview(name);
-        succeeded = succeeded && plan.outcome.Succeeded() && !plan.outcome.held;
+        succeeded = succeeded && plan.IsComplete() && plan.outcome.failures == 0;
         if (asJson) {
             plans.append(PlanReport::Json(plan));
             continue;

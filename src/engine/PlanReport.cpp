@@ -24,10 +24,6 @@ const DeedRow& rowOf(Deed deed) {
     return deeds[static_cast<std::size_t>(deed)];
 }
 
-bool hasSize(const PlannedAct& act) {
-    return !act.isFolder && act.deed != Deed::LeaveAlone && act.deed != Deed::Fail;
-}
-
 /// Quoted always. A spreadsheet takes what begins with one of these for a formula; a blank in front keeps it a text.
 QByteArray csvField(QString text) {
     if (!text.isEmpty() && QStringLiteral("=+-@").contains(text.front()))
@@ -36,6 +32,10 @@ QByteArray csvField(QString text) {
 }
 
 } // namespace
+
+bool PlanReport::HasSize(const PlannedAct& act) {
+    return !act.isFolder && act.deed != Deed::LeaveAlone && act.deed != Deed::Fail;
+}
 
 PlanReport::Totals PlanReport::TotalsOf(const RunPlan& plan) {
     Totals totals;
@@ -59,7 +59,7 @@ QString PlanReport::Line(const PlannedAct& act, const StringTable& texts) {
     QString line = Word(act.deed, texts) + u": " + act.path;
     if (!act.destination.isEmpty())
         line += u" -> " + act.destination;
-    if (hasSize(act))
+    if (HasSize(act))
         line += u" (" + QLocale().formattedDataSize(static_cast<qint64>(act.facts.size)) + u')';
     return modForeignText::OneLine(line);
 }
@@ -80,7 +80,7 @@ QByteArray PlanReport::Csv(const std::vector<const PlannedAct*>& acts, const Str
     QByteArray csv = "\"deed\",\"path\",\"destination\",\"bytes\",\"reason\"\r\n";
     for (const PlannedAct* act : acts) {
         csv += csvField(Word(act->deed, texts)) + ',' + csvField(act->path) + ',' + csvField(act->destination) + ',';
-        csv += (hasSize(*act) ? QByteArray::number(static_cast<qulonglong>(act->facts.size)) : QByteArray()) + ',';
+        csv += (HasSize(*act) ? QByteArray::number(static_cast<qulonglong>(act->facts.size)) : QByteArray()) + ',';
         csv += csvField(act->reason) + "\r\n";
     }
     return csv;
@@ -95,7 +95,7 @@ QJsonObject PlanReport::Json(const RunPlan& plan) {
             one[u"destination"] = act.destination;
         if (act.isFolder)
             one[u"folder"] = true;
-        if (hasSize(act))
+        if (HasSize(act))
             one[u"bytes"] = static_cast<qint64>(act.facts.size);
         if (!act.reason.isEmpty())
             one[u"reason"] = act.reason;
@@ -107,10 +107,7 @@ QJsonObject PlanReport::Json(const RunPlan& plan) {
         totals[QLatin1String(deeds[deed].key)] =
             QJsonObject{{QStringLiteral("files"), static_cast<qint64>(counted[deed].files)},
                         {QStringLiteral("bytes"), static_cast<qint64>(counted[deed].bytes)}};
-    return {{QStringLiteral("activity"), plan.run.name},
-            {QStringLiteral("complete"), !plan.outcome.interrupted && !plan.outcome.directoryMissing},
-            {QStringLiteral("held"), plan.outcome.held},
-            {QStringLiteral("reason"), plan.outcome.reason},
-            {QStringLiteral("totals"), totals},
-            {QStringLiteral("acts"), acts}};
+    return {{QStringLiteral("activity"), plan.run.name}, {QStringLiteral("complete"), plan.IsComplete()},
+            {QStringLiteral("held"), plan.outcome.held}, {QStringLiteral("reason"), plan.outcome.reason},
+            {QStringLiteral("totals"), totals},          {QStringLiteral("acts"), acts}};
 }

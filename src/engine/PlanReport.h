@@ -19,6 +19,9 @@ using Totals = std::array<Total, DeedCount>;
 
 [[nodiscard]] Totals TotalsOf(const RunPlan& plan);
 
+/// False for folders, and for what is not touched.
+[[nodiscard]] bool HasSize(const PlannedAct& act);
+
 /// "copy", in the user's language.
 [[nodiscard]] QString Word(Deed deed, const StringTable& texts);
 

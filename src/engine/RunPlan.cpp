@@ -29,6 +29,10 @@ bool isSame(const PlannedAct& one, const PlannedAct& other) {
 
 } // namespace
 
+bool RunPlan::HasDeeds() const {
+    return std::any_of(acts.begin(), acts.end(), isDeed);
+}
+
 ApprovedPlan::ApprovedPlan(const RunPlan& plan) {
     for (const PlannedAct& act : plan.acts)
         if (isDeed(act))

@@ -33,6 +33,11 @@ struct RunPlan {
     RunIdentity run;
     RunOutcome outcome;
     std::vector<PlannedAct> acts; ///< in the order of the run
+
+    /// False where the walk could not begin or was ended early.
+    [[nodiscard]] bool IsComplete() const { return !outcome.interrupted && !outcome.directoryMissing && !outcome.held; }
+    /// True when the run would change anything.
+    [[nodiscard]] bool HasDeeds() const;
 };
 
 /// Compares what a run is about to do with the plan that the user has approved.

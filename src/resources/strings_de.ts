@@ -1826,5 +1826,57 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <source>The log has no line of the chosen kinds.</source>
         <translation>Das Protokoll hat keine Zeile der gewählten Art.</translation>
     </message>
+    <message id="812">
+        <source>&amp;Preview ...</source>
+        <translation>&amp;Vorschau ...</translation>
+    </message>
+    <message id="813">
+        <source>Preview of '%1'</source>
+        <translation>Vorschau auf „%1“</translation>
+    </message>
+    <message id="814">
+        <source>What</source>
+        <translation>Was</translation>
+    </message>
+    <message id="815">
+        <source>File or directory</source>
+        <translation>Datei oder Verzeichnis</translation>
+    </message>
+    <message id="816">
+        <source>Becomes</source>
+        <translation>Wird zu</translation>
+    </message>
+    <message id="817">
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message id="818">
+        <source>Why not</source>
+        <translation>Warum nicht</translation>
+    </message>
+    <message id="819">
+        <source>&amp;Save as CSV ...</source>
+        <translation>Als &amp;CSV speichern ...</translation>
+    </message>
+    <message id="820">
+        <source>&amp;Run exactly this now</source>
+        <translation>Genau das &amp;jetzt ausführen</translation>
+    </message>
+    <message id="821">
+        <source>Show only what has this text in it</source>
+        <translation>Nur zeigen, was diesen Text enthält</translation>
+    </message>
+    <message id="822">
+        <source>Tables (*.csv)</source>
+        <translation>Tabellen (*.csv)</translation>
+    </message>
+    <message id="823">
+        <source>The list could not be saved:</source>
+        <translation>Die Liste konnte nicht gespeichert werden:</translation>
+    </message>
+    <message id="824">
+        <source>The preview is not complete: %1</source>
+        <translation>Die Vorschau ist nicht vollständig: %1</translation>
+    </message>
 </context>
 </TS>

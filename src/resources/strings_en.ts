@@ -2280,5 +2280,70 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <translation>The log has no line of the chosen kinds.</translation>
         <extra-name>NoSuchLines</extra-name>
     </message>
+    <message id="812">
+        <source>&amp;Preview ...</source>
+        <translation>&amp;Preview ...</translation>
+        <extra-name>Preview</extra-name>
+    </message>
+    <message id="813">
+        <source>Preview of '%1'</source>
+        <translation>Preview of '%1'</translation>
+        <extra-name>PreviewTitle</extra-name>
+    </message>
+    <message id="814">
+        <source>What</source>
+        <translation>What</translation>
+        <extra-name>PlanDeedColumn</extra-name>
+    </message>
+    <message id="815">
+        <source>File or directory</source>
+        <translation>File or directory</translation>
+        <extra-name>PlanPathColumn</extra-name>
+    </message>
+    <message id="816">
+        <source>Becomes</source>
+        <translation>Becomes</translation>
+        <extra-name>PlanTargetColumn</extra-name>
+    </message>
+    <message id="817">
+        <source>Size</source>
+        <translation>Size</translation>
+        <extra-name>PlanSizeColumn</extra-name>
+    </message>
+    <message id="818">
+        <source>Why not</source>
+        <translation>Why not</translation>
+        <extra-name>PlanReasonColumn</extra-name>
+    </message>
+    <message id="819">
+        <source>&amp;Save as CSV ...</source>
+        <translation>&amp;Save as CSV ...</translation>
+        <extra-name>PlanExport</extra-name>
+    </message>
+    <message id="820">
+        <source>&amp;Run exactly this now</source>
+        <translation>&amp;Run exactly this now</translation>
+        <extra-name>RunAsShown</extra-name>
+    </message>
+    <message id="821">
+        <source>Show only what has this text in it</source>
+        <translation>Show only what has this text in it</translation>
+        <extra-name>PlanFilter</extra-name>
+    </message>
+    <message id="822">
+        <source>Tables (*.csv)</source>
+        <translation>Tables (*.csv)</translation>
+        <extra-name>CsvFiles</extra-name>
+    </message>
+    <message id="823">
+        <source>The list could not be saved:</source>
+        <translation>The list could not be saved:</translation>
+        <extra-name>PlanNotSaved</extra-name>
+    </message>
+    <message id="824">
+        <source>The preview is not complete: %1</source>
+        <translation>The preview is not complete: %1</translation>
+        <extra-name>PlanIncomplete</extra-name>
+    </message>
 </context>
 </TS>

@@ -11,32 +11,11 @@ static void loadDrawings() {
 namespace {
 
 /// By Picture.
-constexpr std::array names{"",
-                           "idle",
-                           "monitoring",
-                           "failed",
-                           "start",
-                           "stop",
-                           "run-now",
-                           "run-marked",
-                           "refresh",
-                           "exit",
-                           "add",
-                           "delete",
-                           "import",
-                           "export",
-                           "settings",
-                           "log",
-                           "search",
-                           "folder",
-                           "properties",
-                           "help",
-                           "system-info",
-                           "result-none",
-                           "result-running",
-                           "result-fine",
-                           "result-failed",
-                           "result-early"};
+constexpr std::array names{
+    "",           "idle",        "monitoring",     "failed",      "start",         "stop",        "run-now",
+    "run-marked", "refresh",     "exit",           "add",         "delete",        "import",      "export",
+    "settings",   "log",         "search",         "folder",      "properties",    "help",        "system-info",
+    "preview",    "result-none", "result-running", "result-fine", "result-failed", "result-early"};
 
 } // namespace
 

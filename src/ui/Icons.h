@@ -28,6 +28,7 @@ enum class Picture {
     Properties,
     Help,
     SystemInfo,
+    Preview,
     ResultNone,
     ResultRunning,
     ResultFine,

@@ -50,6 +50,7 @@ constexpr std::array edit{
     separator,
     MenuEntry{"mnuClearAll", Text::DeleteAll, Command::DeleteAll},
     separator,
+    MenuEntry{"mnuPreview", Text::Preview, Command::Preview, Picture::Preview, "Ctrl+P"},
     MenuEntry{"mnuStartActivityNow", Text::StartNow, Command::StartNow, Picture::RunNow, "Ctrl+R"},
     MenuEntry{"mnuExecuteAllMarkedActivities", Text::ExecuteMarked, Command::ExecuteMarked, Picture::RunMarked,
               "Ctrl+Shift+R"},
@@ -84,6 +85,7 @@ constexpr std::array buttons{Button{"ViewLog", Text::ShowLog, Command::ShowLog, 
                              Button{"AddDir", Text::AddActivity, Command::AddActivity, Picture::Add},
                              Button{"DelDir", Text::DeleteActivity, Command::DeleteActivity, Picture::Delete},
                              Button{"Options", Text::Settings, Command::Properties, Picture::Properties},
+                             Button{"Preview", Text::Preview, Command::Preview, Picture::Preview},
                              Button{"RunNow", Text::StartNow, Command::StartNow, Picture::RunNow},
                              Button{"Help", Text::Help, Command::Help, Picture::Help}};
 
@@ -163,6 +165,7 @@ bool MainMenu::canWork(Command command) const {
     switch (command) {
     case Command::StartNow:
     case Command::ExecuteMarked:
+    case Command::Preview:
         return m_selected > 0 && m_mayRun;
     case Command::DeleteSelected:
         return m_selected > 1;

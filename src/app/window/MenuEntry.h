@@ -24,6 +24,7 @@ enum class Command {
     Export,
     StartStop,
     StartNow,
+    Preview,
     ExecuteMarked,
     Preferences,
     ServiceOptions,

@@ -1,7 +1,9 @@
 #include "RunNowCommands.h"
 
+#include "DialogHost.h"
 #include "Program.h"
 #include "Prompter.h"
+#include "frmPreview.h"
 #include <QScopedValueRollback>
 
 bool RunNowCommands::refuseEmptyList() {
@@ -47,4 +49,20 @@ void RunNowCommands::StartActivity(const QString& name) {
 void RunNowCommands::ExecuteMarked(const QStringList& names) {
     if (!refuseEmptyList())
         askAndRun(names, Text::StartMarkedQuestion, Text::StartMarkedTitle, NewDrive::Hold);
+}
+
+void RunNowCommands::Preview(const QString& name) {
+    if (m_running || name.isEmpty() || m_dialogs.RaiseOpen())
+        return;
+    const QScopedValueRollback running(m_running, true);
+    const RunPlan plan = m_program.Preview(name);
+    if (m_program.State().Closing())
+        return;
+    frmPreview form(plan, {m_program.Texts(), m_picker, *m_program.Services().ownFiles, m_program.Prompts()},
+                    m_dialogs.Parent());
+    if (m_dialogs.Run(form) != QDialog::Accepted || m_program.State().Closing() ||
+        RunIdentity::Of(m_program.File(), name) != plan.run)
+        return;
+    ApprovedPlan approved(plan);
+    m_program.RunNow(name, NewDrive::Hold, &approved);
 }

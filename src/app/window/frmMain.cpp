@@ -45,8 +45,8 @@ frmMain::frmMain(Program& program, const Tools& tools)
       m_view(new ActivityListView(program.List(), m_results, program.Texts(), this)),
       m_hint(new EmptyListHint(program.Texts())), m_status(*statusBar(), program, m_results),
       m_tray(program.Texts(), Program::Title(), [this](Command command) { run(command); }),
-      m_placement(*this, *program.Services().settings), m_runNow(program), m_activities(program, *m_view, tools.editor),
-      m_files(program, tools.picker),
+      m_placement(*this, *program.Services().settings), m_runNow(program, tools.dialogs, tools.picker),
+      m_activities(program, *m_view, tools.editor), m_files(program, tools.picker),
       m_lastFiles(m_menu.LastFiles(), m_files.Last(), program.File(), program.Texts(),
                   [this](const QString& path) { perform([&] { m_files.ImportFile(path); }); }),
       m_example(program, m_activities, *m_view, tools.picker), m_help(program, tools.dialogs),
@@ -122,6 +122,7 @@ std::map<Command, std::function<void()>> frmMain::commandTable() {
     return {
         {Command::StartStop, [this] { toggleMonitoring(); }},
         {Command::StartNow, [this] { runNow([this] { m_runNow.StartActivity(m_view->CurrentName()); }); }},
+        {Command::Preview, [this] { runNow([this] { m_runNow.Preview(m_view->CurrentName()); }); }},
         {Command::ExecuteMarked, [this] { runNow([this] { m_runNow.ExecuteMarked(m_view->SelectedNames()); }); }},
         {Command::Restore, [this] { restoreFromTray(); }},
         {Command::Exit, [this] { close(); }},
