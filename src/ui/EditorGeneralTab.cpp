@@ -5,8 +5,9 @@
 #include "FolderHint.h"
 #include "FormParts.h"
 #include "FormServices.h"
+#include "PathLook.h"
 #include "StringTable.h"
-#include <QFileInfo>
+#include "modNativePath.h"
 #include <QGridLayout>
 #include <QPlainTextEdit>
 
@@ -50,7 +51,8 @@ PathRow* EditorGeneralTab::folderRow(QLineEdit* edit, bool isSource) {
     const QString caption = texts[isSource ? Text::SelectSource : Text::SelectDestination];
     const RecentPaths& recent = isSource ? m_recentSources : m_recentTargets;
     const auto pick = [this, caption, &recent](const QString& present) {
-        const QString begin = QFileInfo(present).isDir() ? present : recent.Paths().value(0);
+        const bool isThere = PathLook::IsFolderAtHand(modNativePath::Absolute(present));
+        const QString begin = isThere ? present : recent.Paths().value(0);
         return m_services.picker.PickFolder({caption, {}, begin, {}});
     };
     auto* row = new PathRow(edit, {isSource ? "cmdSourceDir" : "cmdTargetDir", caption}, pick);
