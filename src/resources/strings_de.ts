@@ -1706,5 +1706,9 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <source>&amp;Standard columns</source>
         <translation>&amp;Standardspalten</translation>
     </message>
+    <message id="760">
+        <source>Another activity has this name.</source>
+        <translation>Eine andere Aktivität heißt schon so.</translation>
+    </message>
 </context>
 </TS>

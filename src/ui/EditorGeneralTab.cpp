@@ -11,7 +11,8 @@
 #include <QGridLayout>
 #include <QPlainTextEdit>
 
-EditorGeneralTab::EditorGeneralTab(const EditorServices& services, const NameHint::IsUsable& isUsableName)
+EditorGeneralTab::EditorGeneralTab(const EditorServices& services, const NameHint::IsUsable& isUsableName,
+                                   const QStringList& takenNames)
     : m_services(services), txtName(new QLineEdit), txtSourceDir(PathRow::FolderLine()),
       txtTargetDir(PathRow::FolderLine()), m_recentSources(services.settings, QStringLiteral("SourceDirs")),
       m_recentTargets(services.settings, QStringLiteral("TargetDirs")), m_target(*txtTargetDir) {
@@ -28,7 +29,7 @@ EditorGeneralTab::EditorGeneralTab(const EditorServices& services, const NameHin
     grid->setHorizontalSpacing(12);
     grid->addWidget(FormParts::Label(texts[Text::NameTitle], *txtName), 0, 0);
     grid->addWidget(txtName, 0, 1);
-    grid->addWidget((new NameHint(*txtName, texts, isUsableName))->Hint(), 1, 1);
+    grid->addWidget((new NameHint(*txtName, texts, isUsableName, takenNames))->Hint(), 1, 1);
     grid->addWidget(FormParts::Label(texts[Text::SourceColumn], *txtSourceDir), 2, 0);
     grid->addWidget(folderRow(txtSourceDir, true), 2, 1);
     grid->addWidget((new FolderHint(*txtSourceDir, texts))->Hint(), 3, 1);

@@ -28,7 +28,8 @@ enum Row { Sender, Recipient, Copies, Subject, MessageText, Contents, Host, Note
 
 KnownAddresses KnownAddresses::Of(const ActivityFile& file) {
     KnownAddresses known;
-    for (const QString& name : file.Names()) {
+    known.names = file.Names();
+    for (const QString& name : known.names) {
         known.senders.append(file.Read(name, ActivityField::Sender));
         known.recipients.append(file.Read(name, ActivityField::Recipient));
         known.copies.append(file.Read(name, ActivityField::Cc));

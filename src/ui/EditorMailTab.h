@@ -12,13 +12,14 @@ class QLabel;
 class QPushButton;
 struct EditorServices;
 
-/// The mail addresses that the activities of a file use already, to choose from.
+/// What the activities of a file have already: mail addresses to choose from, and names that are taken.
 struct KnownAddresses {
+    QStringList names; ///< as they stand in the file
     QStringList senders;
     QStringList recipients;
     QStringList copies;
 
-    /// Each list sorted, without doubles and empty ones.
+    /// The addresses sorted, without doubles and empty ones.
     [[nodiscard]] static KnownAddresses Of(const ActivityFile& file);
 };
 

@@ -196,11 +196,13 @@ class TestFrmOptions : public QObject {
     void aNameIsCheckedWhileOneTypes() {
         const std::pair<const char*, const char*> rows[] = {
             // typed, offered
-            {"", ""},        {"My_Backup", ""}, {" My_Backup ", ""},       {"My Backup", "My_Backup"},
-            {"1st", "_1st"}, {"a & b", "a_b"},  {"\xF0\x9F\x8E\x81", "_"},
+            {"", ""},           {"My_Backup", ""},        {" My_Backup ", ""},       {"My Backup", "My_Backup"},
+            {"1st", "_1st"},    {"a & b", "a_b"},         {"\xF0\x9F\x8E\x81", "_"}, {"Photos", ""},
+            {"Logs", "Logs_3"}, {"My Logs", "My_Logs_2"},
         };
         EditorWorld world;
-        frmOptions::Request request = world.Request({}, world.Usable());
+        frmOptions::Request request = world.Request(q("Photos"), world.Usable());
+        request.known.names = QStringList{q("Photos"), q("Logs"), q("Logs_2"), q("My_Logs")};
         request.isUsableName = [](const QString& name) {
             return std::all_of(name.begin(), name.end(), [](QChar c) { return c.isLetterOrNumber() || c == u'_'; });
         };
