@@ -1778,5 +1778,9 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <source>The log has no line of the chosen kinds.</source>
         <translation>Das Protokoll hat keine Zeile der gewählten Art.</translation>
     </message>
+    <message id="760">
+        <source>Another activity has this name.</source>
+        <translation>Eine andere Aktivität heißt schon so.</translation>
+    </message>
 </context>
 </TS>

@@ -2220,5 +2220,10 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <translation>The log has no line of the chosen kinds.</translation>
         <extra-name>NoSuchLines</extra-name>
     </message>
+    <message id="760">
+        <source>Another activity has this name.</source>
+        <translation>Another activity has this name.</translation>
+        <extra-name>NameTakenHint</extra-name>
+    </message>
 </context>
 </TS>
