@@ -107,6 +107,8 @@ def gather(arguments, root, folder):
     readme = (root / "README.md").read_text(encoding="utf-8")
     put_text("".join(line for line in readme.splitlines(True) if not line.startswith("![")), folder / "README.txt")
     put_text((root / "CHANGELOG.md").read_text(encoding="utf-8"), folder / "CHANGELOG.txt")
+    for page in ("SECURITY.md", "docs/OPERATING.md", "docs/ACTIVITY-FILE.md"):  # they link to each other
+        put_text((root / page).read_text(encoding="utf-8"), folder / page)
     put_licences(folder / "licences")
 
 

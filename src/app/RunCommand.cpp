@@ -66,15 +66,16 @@ bool RunCommand::open(const QString& file) {
 }
 
 bool RunCommand::choose(const QStringList& wanted, QStringList& names) {
-    const QStringList known = m_program.File().Names();
     if (wanted.isEmpty()) {
+        const QStringList known = m_program.File().Names();
         std::copy_if(known.begin(), known.end(), std::back_inserter(names), [this](const QString& name) {
             return m_program.File().Read(name, ActivityField::Active) == QLatin1String("1");
         });
         return true;
     }
     for (const QString& name : wanted) {
-        if (!known.contains(name)) {
+        // Not by the list of names: an element with a namespace prefix is listed and cannot run.
+        if (!m_program.File().Has(name)) {
             complain(m_program.Texts()[Text::RunUnknownActivity].arg(m_program.File().CurrentPath(), name));
             return false;
         }

@@ -42,7 +42,7 @@ int main(int argc, char* argv[]) {
         return RunCommand::Unusable;
     }
     // Not by the parser's own functions: on Windows they open a box where there is no console.
-    if (parser.isSet(QStringLiteral("help"))) {
+    if (parser.isSet(QStringLiteral("help")) || parser.isSet(QStringLiteral("help-all"))) {
         std::cout << parser.helpText().toStdString();
         return EXIT_SUCCESS;
     }

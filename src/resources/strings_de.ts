@@ -1878,5 +1878,9 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <source>The preview is not complete: %1</source>
         <translation>Die Vorschau ist nicht vollständig: %1</translation>
     </message>
+    <message id="760">
+        <source>Another activity has this name.</source>
+        <translation>Eine andere Aktivität heißt schon so.</translation>
+    </message>
 </context>
 </TS>

@@ -2345,5 +2345,10 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <translation>The preview is not complete: %1</translation>
         <extra-name>PlanIncomplete</extra-name>
     </message>
+    <message id="760">
+        <source>Another activity has this name.</source>
+        <translation>Another activity has this name.</translation>
+        <extra-name>NameTakenHint</extra-name>
+    </message>
 </context>
 </TS>

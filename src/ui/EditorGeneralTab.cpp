@@ -5,12 +5,14 @@
 #include "FolderHint.h"
 #include "FormParts.h"
 #include "FormServices.h"
+#include "PathLook.h"
 #include "StringTable.h"
-#include <QFileInfo>
+#include "modNativePath.h"
 #include <QGridLayout>
 #include <QPlainTextEdit>
 
-EditorGeneralTab::EditorGeneralTab(const EditorServices& services, const NameHint::IsUsable& isUsableName)
+EditorGeneralTab::EditorGeneralTab(const EditorServices& services, const NameHint::IsUsable& isUsableName,
+                                   const QStringList& takenNames)
     : m_services(services), txtName(new QLineEdit), txtSourceDir(PathRow::FolderLine()),
       txtTargetDir(PathRow::FolderLine()), m_recentSources(services.settings, QStringLiteral("SourceDirs")),
       m_recentTargets(services.settings, QStringLiteral("TargetDirs")), m_target(*txtTargetDir) {
@@ -27,7 +29,7 @@ EditorGeneralTab::EditorGeneralTab(const EditorServices& services, const NameHin
     grid->setHorizontalSpacing(12);
     grid->addWidget(FormParts::Label(texts[Text::NameTitle], *txtName), 0, 0);
     grid->addWidget(txtName, 0, 1);
-    grid->addWidget((new NameHint(*txtName, texts, isUsableName))->Hint(), 1, 1);
+    grid->addWidget((new NameHint(*txtName, texts, isUsableName, takenNames))->Hint(), 1, 1);
     grid->addWidget(FormParts::Label(texts[Text::SourceColumn], *txtSourceDir), 2, 0);
     grid->addWidget(folderRow(txtSourceDir, true), 2, 1);
     grid->addWidget((new FolderHint(*txtSourceDir, texts))->Hint(), 3, 1);
@@ -50,7 +52,8 @@ PathRow* EditorGeneralTab::folderRow(QLineEdit* edit, bool isSource) {
     const QString caption = texts[isSource ? Text::SelectSource : Text::SelectDestination];
     const RecentPaths& recent = isSource ? m_recentSources : m_recentTargets;
     const auto pick = [this, caption, &recent](const QString& present) {
-        const QString begin = QFileInfo(present).isDir() ? present : recent.Paths().value(0);
+        const bool isThere = PathLook::IsFolderAtHand(modNativePath::Absolute(present));
+        const QString begin = isThere ? present : recent.Paths().value(0);
         return m_services.picker.PickFolder({caption, {}, begin, {}});
     };
     auto* row = new PathRow(edit, {isSource ? "cmdSourceDir" : "cmdTargetDir", caption}, pick);

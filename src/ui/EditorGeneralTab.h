@@ -13,7 +13,8 @@ struct EditorServices;
 class EditorGeneralTab final : public QWidget {
     Q_OBJECT
   public:
-    EditorGeneralTab(const EditorServices& services, const NameHint::IsUsable& isUsableName);
+    EditorGeneralTab(const EditorServices& services, const NameHint::IsUsable& isUsableName,
+                     const QStringList& takenNames);
 
     void Show(const QString& name, const ActivityRecord& record);
     void Store(ActivityRecord& record) const { m_bindings.Store(record); }

@@ -26,9 +26,10 @@ enum Row { Sender, Recipient, Copies, Subject, MessageText, Contents, Host, Note
 
 } // namespace
 
-KnownAddresses KnownAddresses::Of(const ActivityFile& file) {
-    KnownAddresses known;
-    for (const QString& name : file.Names()) {
+KnownTexts KnownTexts::Of(const ActivityFile& file) {
+    KnownTexts known;
+    known.names = file.Names();
+    for (const QString& name : known.names) {
         known.senders.append(file.Read(name, ActivityField::Sender));
         known.recipients.append(file.Read(name, ActivityField::Recipient));
         known.copies.append(file.Read(name, ActivityField::Cc));
@@ -41,7 +42,7 @@ KnownAddresses KnownAddresses::Of(const ActivityFile& file) {
     return known;
 }
 
-EditorMailTab::EditorMailTab(const EditorServices& services, const KnownAddresses& known)
+EditorMailTab::EditorMailTab(const EditorServices& services, const KnownTexts& known)
     : m_services(services), m_hasMailProgram(services.desktopMail.IsMailHandler()),
       chkMail(FormParts::CheckBox("chkMail", services.texts[Text::NotifyByMail])),
       cmdLoadMailFromOutlook(new QPushButton(services.texts[Text::LoadContacts])), m_mail(new QWidget),
@@ -70,7 +71,7 @@ EditorMailTab::EditorMailTab(const EditorServices& services, const KnownAddresse
     followSwitches();
 }
 
-void EditorMailTab::buildAddresses(const KnownAddresses& known) {
+void EditorMailTab::buildAddresses(const KnownTexts& known) {
     const auto add = [this](ctlAutoCompleteCombo& combo, const char* name, Text text, Row row, ActivityField field,
                             const QStringList& offers) {
         combo.setObjectName(QLatin1String(name));

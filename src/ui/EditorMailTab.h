@@ -12,26 +12,27 @@ class QLabel;
 class QPushButton;
 struct EditorServices;
 
-/// The mail addresses that the activities of a file use already, to choose from.
-struct KnownAddresses {
+/// What the activities of a file have already: mail addresses to choose from, and names that are taken.
+struct KnownTexts {
+    QStringList names; ///< as they stand in the file
     QStringList senders;
     QStringList recipients;
     QStringList copies;
 
-    /// Each list sorted, without doubles and empty ones.
-    [[nodiscard]] static KnownAddresses Of(const ActivityFile& file);
+    /// The addresses sorted, without doubles and empty ones.
+    [[nodiscard]] static KnownTexts Of(const ActivityFile& file);
 };
 
 class EditorMailTab final : public QWidget {
     Q_OBJECT
   public:
-    EditorMailTab(const EditorServices& services, const KnownAddresses& known);
+    EditorMailTab(const EditorServices& services, const KnownTexts& known);
 
     void Show(const ActivityRecord& record);
     void Store(ActivityRecord& record) const { m_bindings.Store(record); }
 
   private:
-    void buildAddresses(const KnownAddresses& known);
+    void buildAddresses(const KnownTexts& known);
     void buildText();
     void buildContents();
     void buildHost();

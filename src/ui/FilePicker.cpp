@@ -1,5 +1,7 @@
 #include "FilePicker.h"
 
+#include "PathLook.h"
+#include "modNativePath.h"
 #include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -21,12 +23,13 @@ std::optional<QString> ask(QFileDialog& dialog, const FileRequest& request) {
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(withPatterns(request.filters));
     dialog.setDefaultSuffix(request.suffix); // by the dialog, which asks before it replaces a file of that name
-    if (!request.folder.isEmpty())
-        dialog.setDirectory(request.folder);
-    if (!request.file.isEmpty()) {
-        dialog.setDirectory(QFileInfo(request.file).path());
-        dialog.selectFile(request.file);
-    }
+    const QFileInfo file(request.file);
+    const QString folder = request.file.isEmpty() ? request.folder : file.path();
+    // The dialog itself would wait for a drive that does not answer.
+    if (!folder.isEmpty() && PathLook::IsFolderAtHand(modNativePath::FromText(folder)))
+        dialog.setDirectory(folder);
+    if (!request.file.isEmpty())
+        dialog.selectFile(file.fileName());
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
     const QStringList chosen = dialog.selectedFiles();

@@ -5,23 +5,34 @@
 #include <QLineEdit>
 #include <utility>
 
-NameHint::NameHint(QLineEdit& line, const StringTable& texts, IsUsable isUsable)
-    : QObject(&line), m_line(line), m_texts(texts), m_isUsable(std::move(isUsable)), m_hint(new FieldHint(line)) {
+NameHint::NameHint(QLineEdit& line, const StringTable& texts, IsUsable isUsable, QStringList taken)
+    : QObject(&line), m_line(line), m_texts(texts), m_isUsable(std::move(isUsable)), m_taken(std::move(taken)),
+      m_hint(new FieldHint(line)) {
     connect(&line, &QLineEdit::textChanged, this, &NameHint::check);
 }
 
 void NameHint::check() {
     const QString name = m_line.text().trimmed();
     const bool beginsWithDigit = !name.isEmpty() && name.front().isDigit();
-    if (name.isEmpty() || (!beginsWithDigit && m_isUsable(name)))
+    const bool canBeStored = !beginsWithDigit && m_isUsable(name);
+    if (name.isEmpty() || (canBeStored && !m_taken.contains(name)))
         return m_hint->Clear();
     FieldHint::Offer offer;
-    if (const QString better = usable(name); !better.isEmpty())
+    if (const QString better = untaken(canBeStored ? name : usable(name)); !better.isEmpty())
         offer = {m_texts[Text::UseName].arg(better), [this, better] {
                      m_line.setText(better);
                      m_line.setFocus();
                  }};
-    m_hint->Object(m_texts[beginsWithDigit ? Text::NameStartsWithNumber : Text::NameHasUnusable], offer);
+    const Text unusable = beginsWithDigit ? Text::NameStartsWithNumber : Text::NameHasUnusable;
+    m_hint->Object(m_texts[canBeStored ? Text::NameTakenHint : unusable], offer);
+}
+
+/// The name, with a number where it is taken; "" when that would not do.
+QString NameHint::untaken(const QString& name) const {
+    QString result = name;
+    for (int number = 2; m_taken.contains(result); ++number)
+        result = name + u'_' + QString::number(number);
+    return result.isEmpty() || m_isUsable(result) ? result : QString();
 }
 
 /// The name with one "_" for whatever cannot stand in it; "" when even that would not do.

@@ -1,8 +1,9 @@
-// Watches the line for an activity's name while one types, and objects to a name that cannot be stored; offers one that
-// can. An empty line is not objected to: it is where everybody begins. Refers to the line.
+// Watches the line for an activity's name while one types, and objects to a name that cannot be stored or is taken;
+// offers one that can be had. An empty line is not objected to: it is where everybody begins. Refers to the line.
 #pragma once
 
 #include <QObject>
+#include <QStringList>
 #include <functional>
 
 class FieldHint;
@@ -15,7 +16,8 @@ class NameHint final : public QObject {
     /// Whether an activity of this name can be stored.
     using IsUsable = std::function<bool(const QString& name)>;
 
-    NameHint(QLineEdit& line, const StringTable& texts, IsUsable isUsable);
+    /// `taken`: the names of the other activities.
+    NameHint(QLineEdit& line, const StringTable& texts, IsUsable isUsable, QStringList taken);
 
     /// For the caller's layout, which takes it over.
     [[nodiscard]] FieldHint* Hint() const { return m_hint; }
@@ -23,9 +25,11 @@ class NameHint final : public QObject {
   private:
     void check();
     [[nodiscard]] QString usable(const QString& name) const;
+    [[nodiscard]] QString untaken(const QString& name) const;
 
     QLineEdit& m_line;
     const StringTable& m_texts;
     IsUsable m_isUsable;
+    QStringList m_taken;
     FieldHint* m_hint;
 };

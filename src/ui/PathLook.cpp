@@ -1,5 +1,8 @@
 #include "PathLook.h"
 
+#include "modNativePath.h"
+#include <chrono>
+#include <functional>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -8,30 +11,64 @@ namespace PathLook {
 
 namespace {
 
-std::future<bool> look(const std::filesystem::path& path, std::filesystem::file_type wanted) {
-    std::packaged_task<bool()> task([path, wanted] {
-        std::error_code unreadable;
-        return std::filesystem::status(path, unreadable).type() == wanted;
-    });
-    std::future<bool> answer = task.get_future();
+constexpr int mostEntries = 10'000;
+constexpr std::chrono::milliseconds longestWait{300};
+
+template <typename Answer>
+std::future<Answer> look(std::function<Answer()> work, Answer unknown) {
+    std::packaged_task<Answer()> task(std::move(work));
+    std::future<Answer> answer = task.get_future();
     try {
         std::thread(std::move(task)).detach();
     } catch (const std::system_error&) {
-        std::promise<bool> unknown;
-        unknown.set_value(true);
-        return unknown.get_future();
+        std::promise<Answer> none;
+        none.set_value(std::move(unknown));
+        return none.get_future();
     }
     return answer;
+}
+
+std::future<bool> isOfType(const std::filesystem::path& path, std::filesystem::file_type wanted) {
+    const auto work = [path, wanted] {
+        std::error_code unreadable;
+        return std::filesystem::status(path, unreadable).type() == wanted;
+    };
+    return look<bool>(work, true);
+}
+
+QStringList foldersIn(const std::filesystem::path& path) {
+    QStringList names;
+    std::error_code error;
+    std::filesystem::directory_iterator entry(path, error);
+    for (int seen = 0; !error && entry != std::filesystem::directory_iterator() && seen < mostEntries; ++seen) {
+        const std::filesystem::path file = entry->path().filename();
+        const QString name = modNativePath::ToText(file);
+        std::error_code unreadable;
+        if (!name.startsWith(u'.') && modNativePath::FromText(name) == file && entry->is_directory(unreadable))
+            names.append(name);
+        entry.increment(error);
+    }
+    names.sort(Qt::CaseInsensitive);
+    return names;
 }
 
 } // namespace
 
 std::future<bool> IsFolder(const std::filesystem::path& path) {
-    return look(path, std::filesystem::file_type::directory);
+    return isOfType(path, std::filesystem::file_type::directory);
 }
 
 std::future<bool> IsFile(const std::filesystem::path& path) {
-    return look(path, std::filesystem::file_type::regular);
+    return isOfType(path, std::filesystem::file_type::regular);
+}
+
+bool IsFolderAtHand(const std::filesystem::path& path) {
+    std::future<bool> answer = IsFolder(path);
+    return answer.wait_for(longestWait) == std::future_status::ready && answer.get();
+}
+
+std::future<QStringList> FoldersIn(const std::filesystem::path& path) {
+    return look<QStringList>([path] { return foldersIn(path); }, {});
 }
 
 } // namespace PathLook

@@ -3,6 +3,7 @@
 // whoever asked.
 #pragma once
 
+#include <QStringList>
 #include <filesystem>
 #include <future>
 
@@ -11,5 +12,12 @@ namespace PathLook {
 /// The answer comes later or never; letting go of the future does not wait. True when no thread can be made.
 [[nodiscard]] std::future<bool> IsFolder(const std::filesystem::path& path);
 [[nodiscard]] std::future<bool> IsFile(const std::filesystem::path& path);
+
+/// Waits a moment for the answer at most; false without one.
+[[nodiscard]] bool IsFolderAtHand(const std::filesystem::path& path);
+
+/// The names of the folders in a folder, sorted without regard to case: those that are not hidden and can be typed,
+/// among the first 10,000 entries. The answer comes later or never, as above; empty when no thread can be made.
+[[nodiscard]] std::future<QStringList> FoldersIn(const std::filesystem::path& path);
 
 } // namespace PathLook

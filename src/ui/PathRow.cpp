@@ -1,11 +1,10 @@
 #include "PathRow.h"
 
+#include "FolderCompletion.h"
 #include "FormParts.h"
-#include <QCompleter>
 #include <QDir>
 #include <QDropEvent>
 #include <QFileInfo>
-#include <QFileSystemModel>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QMenu>
@@ -37,29 +36,11 @@ class FolderEdit final : public QLineEdit {
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
-
-  private:
-    void offerFolders(const QString& typed);
-    QFileSystemModel* m_folders = nullptr;
 };
 
 FolderEdit::FolderEdit() {
     setAcceptDrops(true);
-    // The model starts a thread, so it is made only when it is needed.
-    connect(this, &QLineEdit::textEdited, this, &FolderEdit::offerFolders);
-}
-
-void FolderEdit::offerFolders(const QString& typed) {
-    if (m_folders == nullptr) {
-        m_folders = new QFileSystemModel(this);
-        m_folders->setOptions(QFileSystemModel::DontUseCustomDirectoryIcons | QFileSystemModel::DontWatchForChanges);
-        m_folders->setFilter(QDir::AllDirs | QDir::NoDotAndDotDot);
-        setCompleter(new QCompleter(m_folders, this));
-    }
-    // By itself the model would read every folder from the root on, one for each key typed.
-    const QFileInfo path(typed);
-    if (path.isAbsolute())
-        m_folders->setRootPath(path.path());
+    new FolderCompletion(*this);
 }
 
 void FolderEdit::dragEnterEvent(QDragEnterEvent* event) {

@@ -36,6 +36,12 @@ class ScrollPage final : public QScrollArea {
     QSize sizeHint() const override { return widget()->sizeHint().expandedTo(widget()->minimumSizeHint()); }
 };
 
+QStringList otherNames(const frmOptions::Request& request) {
+    QStringList names = request.known.names;
+    names.removeAll(request.name);
+    return names;
+}
+
 } // namespace
 
 ActivityRecord frmOptions::NewActivity() {
@@ -52,7 +58,7 @@ ActivityRecord frmOptions::NewActivity() {
 
 frmOptions::frmOptions(const EditorServices& services, Request request, QWidget* parent)
     : QDialog(parent), m_services(services), m_request(std::move(request)), m_tabs(new QTabWidget),
-      m_general(new EditorGeneralTab(m_services, m_request.isUsableName)),
+      m_general(new EditorGeneralTab(m_services, m_request.isUsableName, otherNames(m_request))),
       m_schedule(new EditorScheduleTab(m_services)), m_action(new EditorActionTab(m_services)),
       m_mail(new EditorMailTab(m_services, m_request.known)) {
     const StringTable& texts = m_services.texts;

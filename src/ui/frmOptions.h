@@ -21,7 +21,7 @@ class frmOptions final : public QDialog {
     struct Request {
         QString name; ///< "" for a new activity
         ActivityRecord record;
-        KnownAddresses known;
+        KnownTexts known;
         /// Whether an activity of this name can be stored.
         std::function<bool(const QString& name)> isUsableName;
         std::function<bool(const QString& path)> isOwnFile;

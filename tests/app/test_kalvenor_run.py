@@ -87,11 +87,11 @@ class KalvenorRun(RunFixture):
         self.assertEqual(self.file.read_bytes(), before)
 
     def test_unusable(self):
-        self.write(self.activity("A"))
+        self.write(self.activity("A"), '<x:B xmlns:x="urn:x"><activ>1</activ></x:B>')
         damaged = self.root / "damaged.kvd"
         damaged.write_text("<items><A>")
         for words in ([], ["--fast", self.file], [self.root / "none.kvd"], [self.root], [damaged],
-                      [self.file, "A", "unknown name"]):
+                      [self.file, "A", "unknown name"], [self.file, "A", "x:B"]):
             with self.subTest(words):
                 result = self.run_program(*words)
                 self.assertEqual(result.returncode, 2, result.stderr)
@@ -99,6 +99,9 @@ class KalvenorRun(RunFixture):
         self.assertEqual(self.copied("A"), [])
         self.assertEqual(damaged.read_text(), "<items><A>")
         self.assertEqual(list(self.root.glob("**/*.OLD")), [])
+        for word in ("--help", "--help-all"):
+            result = self.run_program(word)
+            self.assertEqual((result.returncode, "--new-drive" in result.stdout), (0, True), word)
 
     def test_notice_not_accepted(self):
         self.system.forget_settings("Kalvenor")

@@ -9,6 +9,8 @@
 #include "frmOptions.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QCompleter>
 #include <QDir>
 #include <QFileInfo>
 #include <QLabel>
@@ -194,11 +196,13 @@ class TestFrmOptions : public QObject {
     void aNameIsCheckedWhileOneTypes() {
         const std::pair<const char*, const char*> rows[] = {
             // typed, offered
-            {"", ""},        {"My_Backup", ""}, {" My_Backup ", ""},       {"My Backup", "My_Backup"},
-            {"1st", "_1st"}, {"a & b", "a_b"},  {"\xF0\x9F\x8E\x81", "_"},
+            {"", ""},           {"My_Backup", ""},        {" My_Backup ", ""},       {"My Backup", "My_Backup"},
+            {"1st", "_1st"},    {"a & b", "a_b"},         {"\xF0\x9F\x8E\x81", "_"}, {"Photos", ""},
+            {"Logs", "Logs_3"}, {"My Logs", "My_Logs_2"},
         };
         EditorWorld world;
-        frmOptions::Request request = world.Request({}, world.Usable());
+        frmOptions::Request request = world.Request(q("Photos"), world.Usable());
+        request.known.names = QStringList{q("Photos"), q("Logs"), q("Logs_2"), q("My_Logs")};
         request.isUsableName = [](const QString& name) {
             return std::all_of(name.begin(), name.end(), [](QChar c) { return c.isLetterOrNumber() || c == u'_'; });
         };
@@ -253,6 +257,53 @@ class TestFrmOptions : public QObject {
         QVERIFY(hint.isVisible() && offer.isHidden()); // why not, is said there
         QCOMPARE(world.store.Read(q("file")), QByteArray("kept"));
         QCOMPARE(world.writes, 0);
+    }
+
+    void foldersAreOfferedWhileOneTypes() {
+        EditorWorld world;
+        for (const char* folder :
+             {"place/Fold b", "place/fold a", "place/other", "place/.folded", "place/other/fold c"})
+            QVERIFY(QDir().mkpath(world.store.Path(q(folder))));
+        QVERIFY(world.store.Write(q("place/fold.txt"), ""));
+        frmOptions form(world.Services(), world.Request(q("A"), world.Usable()));
+        form.show();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        auto& line = Find<QLineEdit>(form, "txtSourceDir");
+        QAbstractItemView& offers = *line.completer()->popup();
+        const auto offered = [&] {
+            QStringList paths;
+            for (int row = 0; offers.isVisible() && row < offers.model()->rowCount(); ++row)
+                paths.append(offers.model()->index(row, 0).data().toString());
+            return paths;
+        };
+        const auto path = [&](const char* name) -> QString { return world.store.Path(q("place/")) + q(name); };
+        const auto type = [&](const QString& text) {
+            line.setFocus();
+            line.clear();
+            QTest::keyClicks(&line, text);
+            QCOMPARE(line.text(), text);
+        };
+        type(path("fo"));
+        QTRY_COMPARE(offered(), (QStringList{path("fold a"), path("Fold b")}));
+        QCOMPARE(line.text(), path("fo"));
+        // Listed already, it is offered with the key; what goes on from there is a list of its own.
+        QTest::keyClick(&line, Qt::Key_Backspace);
+        QTest::keyClick(&line, Qt::Key_Backspace);
+        QTest::keyClicks(&line, q("o"));
+        QCOMPARE(offered(), QStringList{path("other")});
+        QTest::keyClicks(&line, q("ther/"));
+        QTRY_COMPARE(offered(), QStringList{path("other/fold c")});
+        // Whoever has gone back into the text, or on to another field, is left alone.
+        for (const bool leaves : {false, true}) {
+            offers.hide();
+            type(path("fo"));
+            leaves ? Find<QLineEdit>(form, "txtName").setFocus() : line.setCursorPosition(1);
+            QTRY_COMPARE(line.completer()->model()->rowCount(), 3);
+            QCOMPARE(offered(), QStringList());
+            QCOMPARE(line.cursorPosition(), leaves ? line.text().size() : 1);
+            type(path("other/"));
+            QTRY_COMPARE(offered(), QStringList{path("other/fold c")});
+        }
     }
 
     void anObjectionWritesNothing() {

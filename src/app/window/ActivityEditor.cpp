@@ -22,7 +22,7 @@ bool EditorDialog::Edit(const QString& name, const ActivityRecord& record, const
     frmOptions editor(needed,
                       {.name = name,
                        .record = record,
-                       .known = KnownAddresses::Of(m_program.File()),
+                       .known = KnownTexts::Of(m_program.File()),
                        .isUsableName = isUsableName,
                        .isOwnFile = [this](const QString& path) { return m_program.IsOwnFile(path); },
                        .write = write},

@@ -16,9 +16,12 @@ WatchedTools::~WatchedTools() {
 void WatchedTools::watch(QProcess& process, Listener listener) {
     process.setStandardInputFile(QProcess::nullDevice());
     const auto end = [&process, listener = std::move(listener)](bool succeeded) {
-        const QString complaint = QString::fromLocal8Bit(process.readAllStandardError()).trimmed();
+        // Qt warns of each read of a process that did not start or whose output goes to the null device.
+        const bool isReadable = process.isReadable();
+        const QByteArray output = isReadable ? process.readAllStandardOutput() : QByteArray();
+        const QByteArray errors = isReadable ? process.readAllStandardError().trimmed() : QByteArray();
         process.deleteLater();
-        listener({succeeded, process.readAllStandardOutput(), complaint.isEmpty() ? process.errorString() : complaint});
+        listener({succeeded, output, errors.isEmpty() ? process.errorString() : QString::fromLocal8Bit(errors)});
     };
     QObject::connect(&process, &QProcess::finished, &process, [end](int exitCode, QProcess::ExitStatus status) {
         end(status == QProcess::NormalExit && exitCode == 0);
