@@ -43,7 +43,9 @@ struct RunPlan {
 /// Compares what a run is about to do with the plan that the user has approved.
 class ApprovedPlan final {
   public:
+    /// The plan must outlive it.
     explicit ApprovedPlan(const RunPlan& plan);
+    explicit ApprovedPlan(RunPlan&& plan) = delete;
 
     /// True when the plan has this act on the same, unchanged files. A replacement that the user is asked about counts
     /// as one.

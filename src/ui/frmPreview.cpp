@@ -21,7 +21,7 @@
 
 namespace {
 
-constexpr std::array<int, PlanModel::ColumnCount> columnCharacters{12, 46, 46, 10, 40};
+constexpr std::array<int, PlanModel::ColumnCount> columnCharacters{12, 44, 44, 13, 40};
 
 QLabel* makeLabel(const char* name, const QString& text) {
     auto* label = new QLabel(text);
@@ -46,9 +46,11 @@ frmPreview::frmPreview(const RunPlan& plan, const Services& services, QWidget* p
         all->addWidget(makeLabel(
             "lblIncomplete", services.texts[Text::PlanIncomplete].arg(modForeignText::OneLine(plan.outcome.reason))));
     all->addWidget(makeFilter());
-    all->addWidget(makeTable(), 1);
+    QWidget* table = makeTable();
+    all->addWidget(table, 1);
     all->addWidget(makeLabel("lblTotals", PlanReport::Summary(plan, services.texts)));
     all->addWidget(makeButtons());
+    table->setFocus();
     resize(900, 520);
 }
 
@@ -101,6 +103,7 @@ QWidget* frmPreview::makeButtons() {
     const StringTable& texts = m_services.texts;
     QPushButton* run = buttons->addButton(texts[Text::RunAsShown], QDialogButtonBox::AcceptRole);
     run->setObjectName(QStringLiteral("cmdRun"));
+    run->setAutoDefault(false);
     run->setEnabled(m_plan.IsComplete() && m_plan.HasDeeds());
     QPushButton* saving = buttons->addButton(texts[Text::PlanExport], QDialogButtonBox::ActionRole);
     saving->setObjectName(QStringLiteral("cmdSave"));

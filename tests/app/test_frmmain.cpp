@@ -4,9 +4,14 @@
 #include "WindowFixture.h"
 #include "frmLogFile.h"
 #include "frmOptions.h"
+#include "frmPreview.h"
+#include <QCheckBox>
+#include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QTextBlock>
 #include <QToolButton>
+#include <QTreeView>
 #include <QtTest>
 
 namespace {
@@ -117,6 +122,32 @@ class TestFrmMain : public QObject {
         QCOMPARE(world.Read(world.DefaultFile()), before);
         QVERIFY(!window.program.Monitoring().IsOn() && !world.Stored("Top").isEmpty());
         QTRY_COMPARE(closed.size(), 1);
+    }
+
+    void aPreviewIsFilteredSavedAndRun() {
+        World world({u"A"_qs}, {u"f1"_qs, u"f2"_qs, u"g"_qs});
+        world.Write(u"A-out/g"_qs, "content of g"); // is left alone
+        Window window(world);
+        window.Select({u"A"_qs});
+        QByteArray saved;
+        WhenOpen<frmPreview>([&](frmPreview& form) {
+            const QAbstractItemModel& shown = *Find<QTreeView>(form, "lvwPlan").model();
+            QCOMPARE(shown.rowCount(), 2);
+            Find<QCheckBox>(form, "chkDeed5").click();
+            QCOMPARE(shown.rowCount(), 3);
+            Find<QLineEdit>(form, "txtFilter").setText(u"F2"_qs);
+            QCOMPARE(shown.rowCount(), 1);
+            window.picker.answers = {world.Path(u"plan.csv"_qs)};
+            Find<QPushButton>(form, "cmdSave").click();
+            saved = world.Read(u"plan.csv"_qs);
+            QVERIFY(world.Entries(u"A-out"_qs) == QStringList{u"g"_qs});
+            Find<QPushButton>(form, "cmdRun").click();
+        });
+        window.Command("mnuPreview").trigger();
+        QCOMPARE(saved.count("\r\n"), 2);
+        QVERIFY(saved.contains("f2") && saved.contains(",13,"));
+        QCOMPARE(world.Copies(u"A"_qs), (QStringList{u"f1"_qs, u"f2"_qs, u"g"_qs}));
+        QVERIFY(world.prompter.shown.empty());
     }
 
     void aRunIsStoppedAndItsResultOpened() {

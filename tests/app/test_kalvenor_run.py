@@ -2,6 +2,7 @@
 independent parser reads them."""
 import email
 import email.policy
+import json
 import os
 import shutil
 import signal
@@ -59,6 +60,22 @@ class RunFixture(unittest.TestCase):
 
 
 class KalvenorRun(RunFixture):
+    def test_a_dry_run_says_what_the_run_does(self):
+        self.write(self.activity("Mirror", action="3", logfile=self.root / "log"))
+        (self.root / "Mirror-out" / "old.txt").write_text("old")
+        before = sorted(self.root.rglob("*"))
+        result = self.run_program("--dry-run", "--json", self.file)
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+        [plan] = json.loads(result.stdout)
+        self.assertEqual({Path(act["path"].replace("\\", "/")).name: act["deed"] for act in plan["acts"]},
+                         {"file.txt": "copy", "old.txt": "delete"})
+        self.assertEqual(plan["totals"]["copy"], {"files": 1, "bytes": len("content of Mirror")})
+        self.assertIn("old.txt", self.run_program("--dry-run", self.file, "Mirror").stdout)
+        self.assertEqual(sorted(self.root.rglob("*")), before)
+        self.assertEqual(self.run_program("--json", self.file).returncode, 2)
+        self.assertEqual(self.run_program(self.file).returncode, 0)
+        self.assertEqual(self.copied("Mirror"), ["file.txt"])
+
     def test_runs_active_activities(self):
         log = self.root / "A.log"
         self.write(self.activity("A", logfile=log), self.activity("B", activ="0"), self.activity("C", action="1"),

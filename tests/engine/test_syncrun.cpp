@@ -71,6 +71,44 @@ class TestSyncRun final : public QObject {
                 u"Run ended early: the activity was changed, or another activity file was opened."_qs));
     }
 
+    // A run that the user has approved by its preview does that and nothing else.
+    void whatChangedSinceThePreviewIsLeft_data() {
+        // changed: what somebody writes behind the preview; "": takes the last file of the plan away
+        const Table<QString, QString> row;
+        for (const char* action : {"0", "1", "3"})
+            for (const char* changed : {"src/a", "src/new", "src/sub/b", "src/sub/new", "dst/old", ""})
+                row.Add(action, changed);
+        row.Add("3", "dst/gone/x");
+        row.Add("3", "dst/gone/new");
+        row.Add("3", "dst/surplus");
+    }
+    void whatChangedSinceThePreviewIsLeft() {
+        const auto [action, changed] = Table<QString, QString>::Current();
+        ProgramFixture fixture;
+        fixture.Add(A, {{u"action"_qs, action}});
+        for (const auto& file : {u"src/a"_qs, u"src/old"_qs, u"src/sub/b"_qs, u"dst/gone/x"_qs})
+            fixture.Write(file, "first", late);
+        fixture.Write(u"dst/old"_qs, "older", early);
+        Program& program = fixture.Start();
+        const RunPlan plan = program.Preview(A);
+        QVERIFY(plan.IsComplete() && plan.HasDeeds());
+        QVERIFY(fixture.Log(A).isEmpty() && !fixture.Exists(u"dst/a"_qs));
+        if (changed.isEmpty())
+            QVERIFY(QFile::remove(fixture.Path(u"src/sub/b"_qs)));
+        else
+            fixture.Write(changed, "changed", same);
+        ApprovedPlan approved(plan);
+        const RunOutcome outcome = program.RunNow(A, NewDrive::Hold, &approved);
+        QVERIFY(outcome.interrupted && outcome.failures == 1);
+        QVERIFY(outcome.reason.contains(u"preview"_qs));
+        if (!changed.isEmpty())
+            QCOMPARE(fixture.Read(changed), QByteArray("changed"));
+        QVERIFY(!fixture.Exists(u"dst/new"_qs) && !fixture.Exists(u"dst/sub/new"_qs));
+        const RunPlan now = program.Preview(A);
+        ApprovedPlan present(now);
+        QVERIFY(program.RunNow(A, NewDrive::Hold, &present).Succeeded());
+    }
+
     void resultsOutliveTheProgram() {
         ProgramFixture fixture;
         fixture.locks->place = fixture.Native(u"state"_qs);
