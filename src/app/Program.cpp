@@ -127,7 +127,7 @@ RunOutcome Program::RunNow(const QString& name, NewDrive newDrive, ApprovedPlan*
     if (!lock)
         return {.interrupted = true};
     m_engine->logs.SetActivityStatus(name, m_texts[Text::MonitoringInProcess]);
-    const RunOutcome outcome = m_engine->changes.ProcessActivity(name, RunStarter::User, newDrive, approved);
+    RunOutcome outcome = m_engine->changes.ProcessActivity(name, RunStarter::User, newDrive, approved);
     if (!outcome.held)
         m_engine->logs.SetActivityStatus(name, m_texts[Text::Idle]);
     return outcome;

@@ -107,6 +107,7 @@ QWidget* frmPreview::makeButtons() {
     run->setEnabled(m_plan.IsComplete() && m_plan.HasDeeds());
     QPushButton* saving = buttons->addButton(texts[Text::PlanExport], QDialogButtonBox::ActionRole);
     saving->setObjectName(QStringLiteral("cmdSave"));
+    saving->setAutoDefault(false);
     saving->setEnabled(!m_plan.acts.empty());
     QPushButton* cancel =
         FormParts::AddButton(*buttons, QDialogButtonBox::Cancel, "cmdCancel", texts[Text::CancelButton]);
