@@ -13,6 +13,8 @@
 RunCommand::RunCommand(Program& program, std::ostream& output, HeadlessLog& log)
     : m_program(program), m_output(output), m_log(log) {
     m_program.OnLogLine([this](const QString& line, bool isLast) {
+        if (m_asJson)
+            return;
         m_output << line.toStdString() << '\n';
         if (isLast)
             m_output.flush();
@@ -38,11 +40,11 @@ RunCommand::ExitCode RunCommand::Execute(const Request& request) {
         return Unusable;
     }
     m_program.File().SetCurrentPath(modNativePath::ToText(path));
-    const bool isPreview = request.kind != Request::Kind::Run; // which keeps nobody from running it
+    m_asJson = request.asJson;
     LockRefusal refusal{};
-    if (!isPreview)
+    if (!request.isPreview) // which keeps nobody from running it
         m_lock = m_program.Lock().Take(m_program.File().CurrentPath(), refusal);
-    if (!isPreview && !m_lock) {
+    if (!request.isPreview && !m_lock) {
         complain(refusal == LockRefusal::HeldElsewhere ? m_program.Texts()[Text::RunRefused].arg(request.file)
                                                        : m_program.Texts()[Text::NoLockPossible]);
         return Refused;
@@ -51,8 +53,7 @@ RunCommand::ExitCode RunCommand::Execute(const Request& request) {
     if (!open(request.file) || !choose(request.names, names))
         return Unusable;
     names.removeDuplicates(); // given twice in the file or by the caller, it is one activity
-    return isPreview ? previewAll(names, request.kind == Request::Kind::PreviewAsJson)
-                     : runAll(names, request.newDrive);
+    return request.isPreview ? previewAll(names) : runAll(names, request.newDrive);
 }
 
 bool RunCommand::open(const QString& file) {
@@ -86,23 +87,28 @@ bool RunCommand::choose(const QStringList& wanted, QStringList& names) {
 
 RunCommand::ExitCode RunCommand::runAll(const QStringList& names, NewDrive newDrive) {
     bool succeeded = true;
+    QJsonArray results;
     for (const QString& name : names) {
         if (m_program.State().Closing())
             break;
+        const RunIdentity run = RunIdentity::Of(m_program.File(), name);
         succeeded = m_program.RunNow(name, newDrive).Succeeded() && succeeded;
+        if (const std::optional<RunResult> result = m_program.Results().Of(run))
+            results.append(RunResults::ToJson(run, *result));
     }
     RunEndWaiter(m_program).WaitOut(); // for the mails
+    print(results);
     return succeeded && !m_program.State().Closing() ? Ran : SomethingFailed;
 }
 
-RunCommand::ExitCode RunCommand::previewAll(const QStringList& names, bool asJson) {
+RunCommand::ExitCode RunCommand::previewAll(const QStringList& names) {
     const StringTable& texts = m_program.Texts();
     bool succeeded = true;
     QJsonArray plans;
     for (const QString& name : names) {
         const RunPlan plan = m_program.Preview(name);
         succeeded = succeeded && plan.IsComplete() && plan.outcome.failures == 0;
-        if (asJson) {
+        if (m_asJson) {
             plans.append(PlanReport::Json(plan));
             continue;
         }
@@ -112,8 +118,12 @@ RunCommand::ExitCode RunCommand::previewAll(const QStringList& names, bool asJso
             complain(plan.outcome.reason);
         m_output << PlanReport::Summary(plan, texts).toStdString() << '\n';
     }
-    if (asJson)
-        m_output << QJsonDocument(plans).toJson().toStdString();
-    m_output.flush();
+    print(plans);
     return succeeded && !m_program.State().Closing() ? Ran : SomethingFailed;
+}
+
+void RunCommand::print(const QJsonArray& all) {
+    if (m_asJson)
+        m_output << QJsonDocument(all).toJson().toStdString();
+    m_output.flush();
 }

@@ -8,6 +8,7 @@
 #include <iosfwd>
 
 class HeadlessLog;
+class QJsonArray;
 class Program;
 
 class RunCommand final {
@@ -16,7 +17,8 @@ class RunCommand final {
         QString file;      ///< path of the activity file
         QStringList names; ///< activities to run, in this order; empty = every active one
         NewDrive newDrive = NewDrive::Hold;
-        enum class Kind { Run, Preview, PreviewAsJson } kind = Kind::Run;
+        bool isPreview = false; ///< says what would be done, and does nothing
+        bool asJson = false;    ///< prints how it went or what would be done, and no log lines
     };
     enum ExitCode {
         Ran = 0,               ///< every activity ran, or would run, without a failure
@@ -36,11 +38,13 @@ class RunCommand final {
     [[nodiscard]] bool open(const QString& file);
     [[nodiscard]] bool choose(const QStringList& wanted, QStringList& names);
     [[nodiscard]] ExitCode runAll(const QStringList& names, NewDrive newDrive);
-    [[nodiscard]] ExitCode previewAll(const QStringList& names, bool asJson);
+    [[nodiscard]] ExitCode previewAll(const QStringList& names);
+    void print(const QJsonArray& all);
     void complain(const QString& text);
 
     Program& m_program;
     std::ostream& m_output;
     HeadlessLog& m_log;
     EngineLock::Token m_lock;
+    bool m_asJson = false;
 };

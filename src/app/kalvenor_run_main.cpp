@@ -56,14 +56,6 @@ int main(int argc, char* argv[]) {
         return RunCommand::Unusable;
     }
     const QString file = names.takeFirst();
-    const bool isPreview = parser.isSet(QString(dryRunOption));
-    const bool isJson = parser.isSet(QString(jsonOption));
-    if (isJson && !isPreview) {
-        log.Line(HeadlessLog::Priority::Error, texts[Text::JsonNeedsDryRun]);
-        return RunCommand::Unusable;
-    }
-    using Kind = RunCommand::Request::Kind;
-    const Kind kind = isJson ? Kind::PreviewAsJson : isPreview ? Kind::Preview : Kind::Run;
 
     PlatformServices services = MakePlatformServices();
     HeadlessPrompter prompter(log);
@@ -72,5 +64,6 @@ int main(int argc, char* argv[]) {
     const TerminationSignal termination;
     QObject::connect(&termination, &TerminationSignal::Raised, &application, [&program] { program.RequestEnd(); });
     return RunCommand(program, std::cout, log)
-        .Execute({file, names, parser.isSet(QString(newDriveOption)) ? NewDrive::Ok : NewDrive::Hold, kind});
+        .Execute({file, names, parser.isSet(QString(newDriveOption)) ? NewDrive::Ok : NewDrive::Hold,
+                  parser.isSet(QString(dryRunOption)), parser.isSet(QString(jsonOption))});
 }

@@ -31,7 +31,7 @@ RunOutcome ChangeDetection::ProcessActivity(const QString& name, RunStarter star
     const QString log = m_services.file.Read(name, ActivityField::LogFile);
     m_services.results.Began(identity);
     RunOutcome outcome = process(identity, {starter, newDrive, approved}, run);
-    m_services.results.Ended(identity, log, outcome, m_services.runState.Progress());
+    m_services.results.Ended(identity, log, outcome, m_services.runState.Counts());
     return outcome;
 }
 

@@ -253,6 +253,8 @@ void FileSync::transfer(const Decided& file) {
         m_failed.insert(file.name);
         return;
     }
+    if (order.replaced && !IsOwnWork(order))
+        m_tools.services.runState.Counts().replaced += 1;
     if (isLog) // before the next line
         m_run.Transfer().Commit();
     FileFacts placed = order.facts;

@@ -29,6 +29,16 @@ struct RunIdentity {
     bool operator==(const RunIdentity&) const = default;
 };
 
+/// What a run has done so far, or in all.
+struct RunCounts {
+    std::uint64_t files = 0;     ///< copied or moved; a folder that was moved by one rename counts as one
+    std::uint64_t bytes = 0;     ///< of those copied
+    std::uint64_t replaced = 0;  ///< of the files, over another one
+    std::uint64_t deleted = 0;   ///< files and folders
+    std::uint64_t leftAlone = 0; ///< files that needed nothing or must not be touched
+    bool operator==(const RunCounts&) const = default;
+};
+
 enum class RunEnd {
     None,
     Closing,         ///< the program ends

@@ -1,7 +1,6 @@
 #include "RunResults.h"
 #include "ActivityFile.h"
 #include "Clock.h"
-#include "RunState.h"
 
 #include <algorithm>
 #include <array>
@@ -20,19 +19,29 @@ RunEnding endingOf(const RunOutcome& outcome) {
     return outcome.interrupted ? RunEnding::Early : RunEnding::Fine;
 }
 
-QJsonObject toJson(const RunIdentity& run, const RunResult& result) {
-    return {{QStringLiteral("sourcedir"), run.source},
+} // namespace
+
+QJsonObject RunResults::ToJson(const RunIdentity& run, const RunResult& result) {
+    const auto number = [](std::uint64_t value) { return static_cast<qint64>(value); };
+    return {{QStringLiteral("activity"), run.name},
+            {QStringLiteral("sourcedir"), run.source},
             {QStringLiteral("targetdir"), run.destination},
             {QStringLiteral("action"), run.action},
             {QStringLiteral("ending"), endings[static_cast<std::size_t>(result.ending)]},
             {QStringLiteral("at"), result.at.toString(Qt::ISODate)},
-            {QStringLiteral("files"), static_cast<qint64>(result.files)},
-            {QStringLiteral("bytes"), static_cast<qint64>(result.bytes)},
+            {QStringLiteral("seconds"), static_cast<qint64>(result.took.count())},
+            {QStringLiteral("files"), number(result.done.files)},
+            {QStringLiteral("bytes"), number(result.done.bytes)},
+            {QStringLiteral("replaced"), number(result.done.replaced)},
+            {QStringLiteral("deleted"), number(result.done.deleted)},
+            {QStringLiteral("leftAlone"), number(result.done.leftAlone)},
             {QStringLiteral("failures"), result.failures},
             {QStringLiteral("reason"), result.reason},
             {QStringLiteral("log"), result.log},
             {QStringLiteral("line"), static_cast<qint64>(result.line)}};
 }
+
+namespace {
 
 bool belongsTo(const QJsonObject& kept, const RunIdentity& run) {
     return kept[u"sourcedir"] == run.source && kept[u"targetdir"] == run.destination && kept[u"action"] == run.action;
@@ -44,10 +53,15 @@ std::optional<RunResult> fromJson(const QJsonObject& kept) {
     if (ending == endings.end() || !at.isValid())
         return std::nullopt;
     const auto number = [&](QStringView key) { return std::max<qint64>(kept[key].toInteger(), 0); };
+    const auto count = [&](QStringView key) { return static_cast<std::uint64_t>(number(key)); };
     return RunResult{.ending = static_cast<RunEnding>(ending - endings.begin()),
                      .at = at,
-                     .files = static_cast<std::uint64_t>(number(u"files")),
-                     .bytes = static_cast<std::uint64_t>(number(u"bytes")),
+                     .took = std::chrono::seconds(number(u"seconds")),
+                     .done = {.files = count(u"files"),
+                              .bytes = count(u"bytes"),
+                              .replaced = count(u"replaced"),
+                              .deleted = count(u"deleted"),
+                              .leftAlone = count(u"leftAlone")},
                      .failures = static_cast<int>(number(u"failures")),
                      .reason = kept[u"reason"].toString(),
                      .log = kept[u"log"].toString(),
@@ -69,23 +83,24 @@ RunResults::~RunResults() {
 }
 
 void RunResults::Began(const RunIdentity& run) {
-    m_running.insert(run.name);
+    m_running.insert(run.name, m_clock.MonotonicNow());
     Q_EMIT Changed(run.name);
 }
 
-void RunResults::Ended(const RunIdentity& run, const QString& log, const RunOutcome& outcome,
-                       const RunProgress& progress) {
+void RunResults::Ended(const RunIdentity& run, const QString& log, const RunOutcome& outcome, const RunCounts& done) {
     load(run.activityFile);
     const auto now = std::chrono::duration_cast<std::chrono::milliseconds>(m_clock.Now().time_since_epoch());
+    const auto ended = m_clock.MonotonicNow();
+    const auto took = ended - m_running.value(run.name, ended);
     const RunResult result{.ending = endingOf(outcome),
                            .at = QDateTime::fromMSecsSinceEpoch(now.count(), Qt::UTC),
-                           .files = progress.files,
-                           .bytes = progress.bytes,
+                           .took = std::chrono::duration_cast<std::chrono::seconds>(took),
+                           .done = done,
                            .failures = outcome.failures,
                            .reason = outcome.reason,
                            .log = log,
                            .line = outcome.logLine};
-    m_results[run.name] = toJson(run, result);
+    m_results[run.name] = ToJson(run, result);
     m_unsaved.insert(run.name);
     m_running.remove(run.name);
     m_last = run;

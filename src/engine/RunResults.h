@@ -6,14 +6,15 @@
 #include "RunFacts.h"
 #include "StateFile.h"
 #include <QDateTime>
+#include <QHash>
 #include <QObject>
 #include <QSet>
 #include <QTimer>
+#include <chrono>
 #include <optional>
 
 class ActivityFile;
 class Clock;
-struct RunProgress;
 
 enum class RunEnding {
     Fine,
@@ -24,8 +25,8 @@ enum class RunEnding {
 struct RunResult {
     RunEnding ending = RunEnding::Fine;
     QDateTime at;
-    std::uint64_t files = 0; ///< copied or moved
-    std::uint64_t bytes = 0; ///< of them
+    std::chrono::seconds took{0};
+    RunCounts done;
     int failures = 0;
     QString reason;        ///< the first failure, or why the run ended early
     QString log;           ///< path of the activity's log; empty when it has none
@@ -41,7 +42,7 @@ class RunResults final : public QObject {
 
     /// From here to Ended the activity is running.
     void Began(const RunIdentity& run);
-    void Ended(const RunIdentity& run, const QString& log, const RunOutcome& outcome, const RunProgress& progress);
+    void Ended(const RunIdentity& run, const QString& log, const RunOutcome& outcome, const RunCounts& done);
 
     [[nodiscard]] bool IsRunning(const QString& name) const { return m_running.contains(name); }
 
@@ -58,6 +59,9 @@ class RunResults final : public QObject {
     /// Reads afresh what another process may have added.
     void Refresh();
 
+    /// RFC 8259; the words are English whatever the language, sizes are bytes.
+    [[nodiscard]] static QJsonObject ToJson(const RunIdentity& run, const RunResult& result);
+
   Q_SIGNALS:
     void Changed(const QString& name);
 
@@ -71,7 +75,7 @@ class RunResults final : public QObject {
     QString m_loadedFor;   ///< an activity file
     QJsonObject m_results; ///< by name
     QSet<QString> m_unsaved;
-    QSet<QString> m_running;
+    QHash<QString, std::chrono::steady_clock::time_point> m_running; ///< since when
     QSet<QString> m_unseen;
     std::optional<RunIdentity> m_last;
     QTimer m_saving;

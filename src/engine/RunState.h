@@ -9,10 +9,9 @@
 
 /// What the run on top of the stack has done so far.
 struct RunProgress {
-    QString activity;        ///< empty while nothing runs
-    std::uint64_t files = 0; ///< copied or moved
-    std::uint64_t bytes = 0; ///< of them
-    bool mustStop = false;   ///< the user wants this run to end
+    QString activity; ///< empty while nothing runs
+    RunCounts done = {};
+    bool mustStop = false; ///< the user wants this run to end
 };
 
 class RunState final {
@@ -39,8 +38,7 @@ class RunState final {
     };
 
     /// Of the innermost run.
-    void CountFile() { ++m_progress.files; }
-    void CountBytes(std::uint64_t bytes) { m_progress.bytes += bytes; }
+    [[nodiscard]] RunCounts& Counts() { return m_progress.done; }
     [[nodiscard]] const RunProgress& Progress() const { return m_progress; }
     void StopRun() { m_progress.mustStop = true; }
     [[nodiscard]] int Depth() const { return m_depth; }

@@ -176,10 +176,15 @@ std::error_code SyncRun::Delete(Folder& folder, const FolderEntry& entry) {
     }
     if (HasApproval() && !MayDo(Deletion(folder, entry)))
         return {};
-    return entry.facts.kind == EntryKind::Folder ? folder.DeleteEmptyFolder(entry.name) : folder.DeleteFile(entry);
+    const std::error_code error =
+        entry.facts.kind == EntryKind::Folder ? folder.DeleteEmptyFolder(entry.name) : folder.DeleteFile(entry);
+    if (!error)
+        m_tools.services.runState.Counts().deleted += 1;
+    return error;
 }
 
 void SyncRun::LeaveAlone(const QString& path, const QString& text) {
+    m_tools.services.runState.Counts().leftAlone += 1;
     if (IsPlanning())
         Plan({.deed = Deed::LeaveAlone, .path = path, .destination = {}, .reason = text});
     else
@@ -188,9 +193,9 @@ void SyncRun::LeaveAlone(const QString& path, const QString& text) {
 
 void SyncRun::LeaveAsIs(const QString& path, const std::function<QString()>& compose) {
     if (IsPlanning())
-        LeaveAlone(path, compose());
-    else
-        Note(compose);
+        return LeaveAlone(path, compose());
+    m_tools.services.runState.Counts().leftAlone += 1;
+    Note(compose);
 }
 
 bool SyncRun::React(const QString& path) {
@@ -235,7 +240,7 @@ void SyncRun::Failed(const std::filesystem::path& source, std::error_code error)
 }
 
 void SyncRun::Progress(std::uint64_t bytes) {
-    m_tools.services.runState.CountBytes(bytes);
+    m_tools.services.runState.Counts().bytes += bytes;
     m_tools.interruptions.YieldWhenDue();
 }
 

@@ -14,7 +14,7 @@ class TransferObserver {
     /// One file or folder could not be transferred. It stays where it is.
     virtual void Failed(const std::filesystem::path& source, std::error_code error) = 0;
 
-    /// One more file has been copied or moved, or waits to get its name.
+    /// One more file has been copied or moved, or waits to get its name; or a whole folder was moved by one rename.
     virtual void Transferred() = 0;
 
     /// Called often during long work (at least once for every few MiB). Events may run inside.

@@ -1652,7 +1652,7 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
     </message>
     <message id="784">
         <source>no file copied or moved</source>
-        <translation>keine Datei kopiert oder verschoben</translation>
+        <translation>nichts kopiert, verschoben oder gelöscht</translation>
     </message>
     <message id="785">
         <source>files copied or moved: %1 (%2)</source>
@@ -1743,16 +1743,12 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <translation>nur sagen, was getan würde</translation>
     </message>
     <message id="809">
-        <source>print it as JSON (with --dry-run)</source>
-        <translation>als JSON ausgeben (mit --dry-run)</translation>
+        <source>print how it went, or what would be done, as JSON</source>
+        <translation>wie es ausging oder was getan würde als JSON ausgeben</translation>
     </message>
     <message id="810">
         <source>%1: copy %2, move %3, replace %4, delete %5, ask %6, leave alone %7, fail %8; to be written: %9</source>
         <translation>%1: kopieren %2, verschieben %3, ersetzen %4, löschen %5, fragen %6, lassen %7, schlägt fehl %8; zu schreiben: %9</translation>
-    </message>
-    <message id="811">
-        <source>--json goes with --dry-run.</source>
-        <translation>--json gehört zu --dry-run.</translation>
     </message>
     <message id="740">
         <source>Log window</source>
@@ -1881,6 +1877,10 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
     <message id="760">
         <source>Another activity has this name.</source>
         <translation>Eine andere Aktivität heißt schon so.</translation>
+    </message>
+    <message id="825">
+        <source>deleted: %1</source>
+        <translation>gelöscht: %1</translation>
     </message>
 </context>
 </TS>

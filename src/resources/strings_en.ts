@@ -2061,8 +2061,8 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <extra-name>ResultFine</extra-name>
     </message>
     <message id="784">
-        <source>no file copied or moved</source>
-        <translation>no file copied or moved</translation>
+        <source>nothing copied, moved or deleted</source>
+        <translation>nothing copied, moved or deleted</translation>
         <extra-name>ResultNothing</extra-name>
     </message>
     <message id="785">
@@ -2176,19 +2176,14 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <extra-name>RunDryRunOption</extra-name>
     </message>
     <message id="809">
-        <source>print it as JSON (with --dry-run)</source>
-        <translation>print it as JSON (with --dry-run)</translation>
+        <source>print how it went, or what would be done, as JSON</source>
+        <translation>print how it went, or what would be done, as JSON</translation>
         <extra-name>RunJsonOption</extra-name>
     </message>
     <message id="810">
         <source>%1: copy %2, move %3, replace %4, delete %5, ask %6, leave alone %7, fail %8; to be written: %9</source>
         <translation>%1: copy %2, move %3, replace %4, delete %5, ask %6, leave alone %7, fail %8; to be written: %9</translation>
         <extra-name>PlanTotals</extra-name>
-    </message>
-    <message id="811">
-        <source>--json goes with --dry-run.</source>
-        <translation>--json goes with --dry-run.</translation>
-        <extra-name>JsonNeedsDryRun</extra-name>
     </message>
     <message id="740">
         <source>Log window</source>
@@ -2349,6 +2344,11 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <source>Another activity has this name.</source>
         <translation>Another activity has this name.</translation>
         <extra-name>NameTakenHint</extra-name>
+    </message>
+    <message id="825">
+        <source>deleted: %1</source>
+        <translation>deleted: %1</translation>
+        <extra-name>ResultDeleted</extra-name>
     </message>
 </context>
 </TS>

@@ -22,6 +22,17 @@ const QIcon& ResultLook::Icon(const QString& name) const {
     return result->ending == RunEnding::Fine ? m_fine : result->ending == RunEnding::Failed ? m_failed : m_early;
 }
 
+QString ResultLook::doneText(const RunCounts& done, const QLocale& locale) const {
+    const auto number = [&](std::uint64_t value) { return locale.toString(static_cast<qulonglong>(value)); };
+    QStringList parts;
+    if (done.files > 0)
+        parts.append(m_texts[Text::ResultFiles].arg(number(done.files),
+                                                    locale.formattedDataSize(static_cast<qint64>(done.bytes))));
+    if (done.deleted > 0)
+        parts.append(m_texts[Text::ResultDeleted].arg(number(done.deleted)));
+    return parts.isEmpty() ? m_texts[Text::ResultNothing] : parts.join(QStringLiteral(", "));
+}
+
 QString ResultLook::Sentence(const QString& name) const {
     if (m_results.IsRunning(name))
         return m_texts[Text::ResultRunning];
@@ -30,11 +41,7 @@ QString ResultLook::Sentence(const QString& name) const {
         return m_texts[Text::ResultNone];
     const QLocale locale;
     const QString when = locale.toString(result->at.toLocalTime(), QLocale::ShortFormat);
-    const QString done =
-        result->files == 0
-            ? m_texts[Text::ResultNothing]
-            : m_texts[Text::ResultFiles].arg(locale.toString(static_cast<qulonglong>(result->files)),
-                                             locale.formattedDataSize(static_cast<qint64>(result->bytes)));
+    const QString done = doneText(result->done, locale);
     const QString reason = modForeignText::OneLine(result->reason);
     switch (result->ending) {
     case RunEnding::Fine:

@@ -5,8 +5,10 @@
 #include <QString>
 
 class ActivityFile;
+class QLocale;
 class RunResults;
 class StringTable;
+struct RunCounts;
 
 class ResultLook final {
   public:
@@ -19,6 +21,8 @@ class ResultLook final {
     [[nodiscard]] QString Sentence(const QString& name) const;
 
   private:
+    [[nodiscard]] QString doneText(const RunCounts& done, const QLocale& locale) const;
+
     RunResults& m_results;
     const ActivityFile& m_file;
     const StringTable& m_texts;

@@ -72,8 +72,11 @@ class KalvenorRun(RunFixture):
         self.assertEqual(plan["totals"]["copy"], {"files": 1, "bytes": len("content of Mirror")})
         self.assertIn("old.txt", self.run_program("--dry-run", self.file, "Mirror").stdout)
         self.assertEqual(sorted(self.root.rglob("*")), before)
-        self.assertEqual(self.run_program("--json", self.file).returncode, 2)
-        self.assertEqual(self.run_program(self.file).returncode, 0)
+        result = self.run_program("--json", self.file)
+        self.assertEqual(result.returncode, 0)
+        [told] = json.loads(result.stdout)
+        self.assertEqual([told[key] for key in ("activity", "ending", "files", "bytes", "deleted", "failures", "reason")],
+                         ["Mirror", "fine", 1, len("content of Mirror"), 1, 0, ""])
         self.assertEqual(self.copied("Mirror"), ["file.txt"])
 
     def test_runs_active_activities(self):

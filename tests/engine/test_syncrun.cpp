@@ -127,7 +127,7 @@ class TestSyncRun final : public QObject {
         QVERIFY(!of(u"Other"_qs));
         const std::optional<RunResult> fine = of(A);
         const std::optional<RunResult> failed = of(u"Missing"_qs);
-        QVERIFY(fine && fine->ending == RunEnding::Fine && fine->files == 1 && fine->bytes == 3);
+        QVERIFY(fine && fine->ending == RunEnding::Fine && fine->done == (RunCounts{.files = 1, .bytes = 3}));
         QVERIFY(failed && failed->ending == RunEnding::Failed);
         QVERIFY(failed->reason.contains(fixture.Path(u"nowhere"_qs)));
         QFile log(failed->log);

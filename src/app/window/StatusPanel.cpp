@@ -97,8 +97,8 @@ void StatusPanel::look() {
         return;
     const QLocale locale;
     m_running->setText(
-        m_program.Texts()[Text::FilesAndSize].arg(progress.activity, locale.toString(progress.files),
-                                                  locale.formattedDataSize(static_cast<qint64>(progress.bytes))));
+        m_program.Texts()[Text::FilesAndSize].arg(progress.activity, locale.toString(progress.done.files),
+                                                  locale.formattedDataSize(static_cast<qint64>(progress.done.bytes))));
 }
 
 void StatusPanel::showResult() {

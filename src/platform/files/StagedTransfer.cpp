@@ -136,8 +136,10 @@ void StagedTransfer::MoveTree(const std::shared_ptr<Folder>& source, const std::
     // One rename takes everything along. That is safe, because callers exclude every folder above an excluded one too.
     const std::error_code error =
         SystemFiles::RenameToFreeName(*tree.source, tree.entry.name, *tree.destination, tree.entry.name);
-    if (!error)
-        return m_queue.WasRenamed(tree.destination);
+    if (!error) {
+        m_queue.WasRenamed(tree.destination);
+        return m_observer.Transferred();
+    }
     // A folder that exists may be one that an earlier run has left unfinished.
     if (!SystemFiles::NeedsCopy(error, EntryKind::Folder) && error != std::errc::file_exists) {
         m_observer.Failed(tree.source->Path() / tree.entry.name, error);
