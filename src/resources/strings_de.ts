@@ -1828,7 +1828,7 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
     </message>
     <message id="813">
         <source>Preview of '%1'</source>
-        <translation>Vorschau auf „%1“</translation>
+        <translation>Vorschau auf %1</translation>
     </message>
     <message id="814">
         <source>What</source>

@@ -2281,8 +2281,8 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <extra-name>Preview</extra-name>
     </message>
     <message id="813">
-        <source>Preview of '%1'</source>
-        <translation>Preview of '%1'</translation>
+        <source>Preview of %1</source>
+        <translation>Preview of %1</translation>
         <extra-name>PreviewTitle</extra-name>
     </message>
     <message id="814">
