@@ -1827,7 +1827,7 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <translation>&amp;Vorschau ...</translation>
     </message>
     <message id="813">
-        <source>Preview of '%1'</source>
+        <source>Preview of %1</source>
         <translation>Vorschau auf %1</translation>
     </message>
     <message id="814">

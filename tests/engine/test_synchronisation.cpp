@@ -189,7 +189,7 @@ class TestSynchronisation final : public QObject {
         fixture.Write(u"src/large"_qs, QByteArray(20'000'000, 'x'));
         Program& program = fixture.Start();
         fixture.pump->onYield = [&] {
-            if (program.State().Progress().bytes > 0)
+            if (program.State().Progress().done.bytes > 0)
                 program.RequestEnd();
         };
         fixture.clock->step = std::chrono::seconds(5);
