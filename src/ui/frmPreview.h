@@ -10,7 +10,6 @@ class OwnFiles;
 class PlanModel;
 class PlanOrder;
 class Prompter;
-class QLineEdit;
 class StringTable;
 
 class frmPreview final : public QDialog {
