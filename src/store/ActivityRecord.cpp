@@ -43,6 +43,12 @@ constexpr std::array<FieldRow, ActivityRecord::FieldCount> fields = {{
     {F::UseSmtp, "UseSMTP", S::CheckBoxNumber},
     {F::SmtpHost, "SMTPHost", S::Text},
     {F::ComputerName, "computername", S::CheckBoxNumber},
+    {F::KeepDays, "keepdays", S::Integer, true},
+    {F::AskFiles, "askfiles", S::Integer, true},
+    {F::AskPercent, "askpercent", S::Integer, true},
+    {F::OnlyOnDrives, "onlyondrives", S::OneZero, true},
+    {F::SourceDrive, "sourcedrive", S::Text, true},
+    {F::TargetDrive, "targetdrive", S::Text, true},
 }};
 
 static_assert(
@@ -106,6 +112,12 @@ QString ActivityRecord::writtenText(ActivityField field) const {
     }
 }
 
+bool ActivityRecord::isUsed(const FieldRow& row) const {
+    if (!row.isOptional)
+        return true;
+    return row.style == FieldStyle::Text ? !Text(row.field).isEmpty() : Number(row.field) != 0;
+}
+
 QList<std::pair<QString, QString>> ActivityRecord::Elements() const {
     const auto element = [this](ActivityField field) {
         const FieldRow& row = fields[static_cast<std::size_t>(field)];
@@ -116,7 +128,7 @@ QList<std::pair<QString, QString>> ActivityRecord::Elements() const {
     const bool isMoment = type == u"3" || type == u"4";
     QList<std::pair<QString, QString>> elements;
     for (const FieldRow& row : fields) {
-        if (row.field == ActivityField::Type && !isInterval)
+        if ((row.field == ActivityField::Type && !isInterval) || !isUsed(row))
             continue;
         elements.append(element(row.field));
         if (row.field == ActivityField::Interval && isMoment)

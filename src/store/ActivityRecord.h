@@ -45,7 +45,14 @@ enum class ActivityField {
     RunningMode,
     UseSmtp,
     SmtpHost,
-    ComputerName
+    ComputerName,
+    // Written only where they are used: a file without them stays as it is.
+    KeepDays,     ///< deleted and replaced files are kept for so many days; 0: not at all
+    AskFiles,     ///< asks before a run deletes or replaces more than so many files; 0: never
+    AskPercent,   ///< the same, percent of the files that it finds at the destination
+    OnlyOnDrives, ///< runs only while both directories are on these drives:
+    SourceDrive,
+    TargetDrive
 };
 
 enum class FieldStyle {
@@ -60,11 +67,12 @@ struct FieldRow {
     ActivityField field;
     const char* element; ///< element name in the activity file
     FieldStyle style;
+    bool isOptional = false; ///< written only when it is on, not 0, not empty
 };
 
 class ActivityRecord final {
   public:
-    static constexpr std::size_t FieldCount = 33;
+    static constexpr std::size_t FieldCount = 39;
 
     /// In the order of the file.
     [[nodiscard]] static std::span<const FieldRow, FieldCount> Fields();
@@ -91,6 +99,7 @@ class ActivityRecord final {
 
   private:
     [[nodiscard]] QString writtenText(ActivityField field) const;
+    [[nodiscard]] bool isUsed(const FieldRow& row) const;
 
     std::array<QString, FieldCount> m_texts;
 };

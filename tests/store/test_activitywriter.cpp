@@ -97,12 +97,14 @@ class TestActivityWriter : public QObject {
         written.SetOn(ActivityField::AllFiles, true);
         written.SetOn(ActivityField::Overwrite, false);
         written.SetNumber(ActivityField::Interval, 17);
+        written.SetText(ActivityField::SourceDrive, {});
+        written.SetText(ActivityField::TargetDrive, {});
         QVERIFY(store.writer.Write({}, D, written));
         QStringList order;
         const QString path = u"/items/D"_qs;
         for (int i = 0; i < store.document.NodeCount(path); ++i)
             order.append(store.document.GetChildName(path, i));
-        QCOMPARE(order.size(), 33);
+        QCOMPARE(order.size(), 33); // nothing of what is not used
         QCOMPARE(order.mid(1, 4).join(u' '), u"targetdir intervall type triggerdate"_qs);
         const ActivityRecord read = ActivityRecord::Read(store.file, D);
         QCOMPARE(read.Text(ActivityField::TargetDir), QString()); // no action has no destination
@@ -111,6 +113,10 @@ class TestActivityWriter : public QObject {
         QCOMPARE(read.Number(ActivityField::ExceedTime), 17);
         for (const ActivityField kept : {ActivityField::SourceDir, ActivityField::Executable, ActivityField::SmtpHost})
             QCOMPARE(read.Text(kept), written.Text(kept));
+        written.SetNumber(ActivityField::KeepDays, 30);
+        written.SetText(ActivityField::SourceDrive, u"id 1-2"_qs);
+        QCOMPARE(written.Elements().mid(33),
+                 (QList<std::pair<QString, QString>>{{u"keepdays"_qs, u"30"_qs}, {u"sourcedrive"_qs, u"id 1-2"_qs}}));
     }
 
     void switchesFollowTheirStyle() {
