@@ -12,6 +12,7 @@
 #include "SafeExit.h"
 #include "Schedulers.h"
 #include "SyncTexts.h"
+#include "modNativePath.h"
 
 namespace {
 const QString acceptedKey = QStringLiteral("Accepted");
@@ -48,15 +49,15 @@ struct Program::Engine {
                 .texts = services.texts,
                 .runState = services.runState}),
           safeExit(services, keys, interruptions), dueMarks(services.file, services.list),
-          monitoring(services, logs, dueMarks, program.m_timers), changes({.services = services,
-                                                                           .logs = logs,
-                                                                           .reactions = reactions,
-                                                                           .safeExit = safeExit,
-                                                                           .monitoring = monitoring,
-                                                                           .ownPlaces = ownPlaces,
-                                                                           .texts = syncTexts,
-                                                                           .interruptions = interruptions},
-                                                                          mail, program.m_services.locks->Place()),
+          monitoring(services, logs, dueMarks, program.m_timers), tools{.services = services,
+                                                                        .logs = logs,
+                                                                        .reactions = reactions,
+                                                                        .safeExit = safeExit,
+                                                                        .monitoring = monitoring,
+                                                                        .ownPlaces = ownPlaces,
+                                                                        .texts = syncTexts,
+                                                                        .interruptions = interruptions},
+          changes(tools, mail, program.m_services.locks->Place()),
           schedulers(services, logs, changes, dueMarks, monitoring, QLocale::system()) {
         schedulers.ConnectTo(program.m_timers);
     }
@@ -71,6 +72,7 @@ struct Program::Engine {
     SafeExit safeExit;
     DueMarks dueMarks;
     MonitoringController monitoring;
+    RunTools tools;
     ChangeDetection changes;
     Schedulers schedulers;
 };
@@ -112,14 +114,36 @@ EngineLock::Token Program::LockForRunNow() {
     LockRefusal refusal{};
     EngineLock::Token lock = m_lock.Take(m_file.CurrentPath(), refusal);
     if (!lock)
-        m_prompter.Ask({refusal == LockRefusal::HeldElsewhere ? m_texts[Text::RunRefused].arg(m_file.CurrentPath())
-                                                              : m_texts[Text::NoLockPossible],
-                        m_texts[Text::StartNowTitle], MessageIcon::Exclamation, MessageButtons::Ok});
+        m_prompter.Ask({lockRefused(refusal, m_file.CurrentPath()), m_texts[Text::StartNowTitle],
+                        MessageIcon::Exclamation, MessageButtons::Ok});
     return lock;
+}
+
+QString Program::lockRefused(LockRefusal refusal, const QString& path) const {
+    return refusal == LockRefusal::HeldElsewhere ? m_texts[Text::RunRefused].arg(path) : m_texts[Text::NoLockPossible];
 }
 
 RunPlan Program::Preview(const QString& name) {
     return m_engine->changes.PlanActivity(name);
+}
+
+std::vector<KeptRun> Program::KeptIn(const std::filesystem::path& destination) const {
+    std::error_code error;
+    const std::shared_ptr<Folder> root = m_services.fileSystem->OpenFolder(destination, error);
+    return root ? KeptRuns::Of(*root) : std::vector<KeptRun>();
+}
+
+UndoOutcome Program::Undo(const std::filesystem::path& destination, const KeptRun& run) {
+    const auto refused = [](const QString& why) { return UndoOutcome{.notes = {why}, .isInterrupted = true}; };
+    LockRefusal refusal{};
+    const EngineLock::Token lock = m_lock.Take(run.activityFile, refusal);
+    if (!lock)
+        return refused(lockRefused(refusal, run.activityFile));
+    std::error_code error;
+    const std::shared_ptr<Folder> root = m_services.fileSystem->OpenFolder(destination, error);
+    if (!root)
+        return refused(m_engine->syncTexts.Failure(modNativePath::ToText(destination), error));
+    return RunUndo(m_engine->tools, run).Undo(root);
 }
 
 RunOutcome Program::RunNow(const QString& name, NewDrive newDrive, ApprovedPlan* approved) {

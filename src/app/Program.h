@@ -11,6 +11,7 @@
 #include "RunPlan.h"
 #include "RunResults.h"
 #include "RunState.h"
+#include "RunUndo.h"
 #include "ServiceMode.h"
 #include "StringTable.h"
 #include "TimerEx.h"
@@ -65,6 +66,13 @@ class Program final {
     /// What RunNow would do.
     [[nodiscard]] RunPlan Preview(const QString& name);
 
+    /// The runs whose deleted and replaced files this destination keeps, the newest first.
+    [[nodiscard]] std::vector<KeptRun> KeptIn(const std::filesystem::path& destination) const;
+
+    /// Brings back what the run has deleted or replaced there. Refused, with the reason as a note, while another
+    /// process works on its activity file. Never throws.
+    [[nodiscard]] UndoOutcome Undo(const std::filesystem::path& destination, const KeptRun& run);
+
     /// Calls `listener` with every entry of every activity's log, whether the entry could be written or not. `isLast`:
     /// no other follows at once.
     void OnLogLine(std::function<void(const QString& line, bool isLast)> listener);
@@ -80,6 +88,8 @@ class Program final {
     void RequestEnd(std::chrono::milliseconds mailGrace = std::chrono::seconds(5));
 
   private:
+    [[nodiscard]] QString lockRefused(LockRefusal refusal, const QString& path) const;
+
     struct Engine;
     PlatformServices& m_services;
     Prompter& m_prompter;

@@ -53,6 +53,8 @@ RunCommand::ExitCode RunCommand::Execute(const Request& request) {
     if (!open(request.file) || !choose(request.names, names))
         return Unusable;
     names.removeDuplicates(); // given twice in the file or by the caller, it is one activity
+    if (request.isUndo)
+        return undoAll(names, request.run);
     return request.isPreview ? previewAll(names) : runAll(names, request.newDrive);
 }
 
@@ -120,6 +122,32 @@ RunCommand::ExitCode RunCommand::previewAll(const QStringList& names) {
     }
     print(plans);
     return succeeded && !m_program.State().Closing() ? Ran : SomethingFailed;
+}
+
+RunCommand::ExitCode RunCommand::undoAll(const QStringList& names, const QString& run) {
+    bool succeeded = true;
+    for (const QString& name : names)
+        succeeded = undo(name, run) && succeeded;
+    return succeeded && !m_program.State().Closing() ? Ran : SomethingFailed;
+}
+
+bool RunCommand::undo(const QString& name, const QString& run) {
+    const StringTable& texts = m_program.Texts();
+    const QString directory = m_program.File().Read(name, ActivityField::TargetDir);
+    const std::filesystem::path destination = modNativePath::Absolute(directory);
+    const std::vector<KeptRun> runs = m_program.KeptIn(destination);
+    const auto isMeant = [&](const KeptRun& one) {
+        return one.activity == name && one.activityFile == m_program.File().CurrentPath() &&
+               (run.isEmpty() ? !one.isUndo : modNativePath::ToText(one.name) == run);
+    };
+    const auto found = std::find_if(runs.begin(), runs.end(), isMeant);
+    if (found == runs.end()) {
+        complain(texts[Text::NothingKept].arg(directory, name));
+        return false;
+    }
+    const UndoOutcome outcome = m_program.Undo(destination, *found); // its lines are printed as they are written
+    m_output << texts[Text::UndoSummary].arg(outcome.restored).arg(outcome.left).toStdString() << '\n';
+    return outcome.Succeeded();
 }
 
 void RunCommand::print(const QJsonArray& all) {

@@ -18,6 +18,8 @@ class RunCommand final {
         QStringList names; ///< activities to run, in this order; empty = every active one
         NewDrive newDrive = NewDrive::Hold;
         bool isPreview = false; ///< says what would be done, and does nothing
+        bool isUndo = false;    ///< brings back what their last runs have deleted or replaced; needs names
+        QString run = {};       ///< the run to undo, by the name of its folder in the trash; empty = the last
         bool asJson = false;    ///< prints how it went or what would be done, and no log lines
     };
     enum ExitCode {
@@ -39,6 +41,8 @@ class RunCommand final {
     [[nodiscard]] bool choose(const QStringList& wanted, QStringList& names);
     [[nodiscard]] ExitCode runAll(const QStringList& names, NewDrive newDrive);
     [[nodiscard]] ExitCode previewAll(const QStringList& names);
+    [[nodiscard]] ExitCode undoAll(const QStringList& names, const QString& run);
+    [[nodiscard]] bool undo(const QString& name, const QString& run);
     void print(const QJsonArray& all);
     void complain(const QString& text);
 

@@ -12,6 +12,8 @@ namespace {
 
 constexpr QLatin1String newDriveOption("new-drive");
 constexpr QLatin1String dryRunOption("dry-run");
+constexpr QLatin1String undoOption("undo");
+constexpr QLatin1String runOption("run");
 constexpr QLatin1String jsonOption("json");
 
 void describe(QCommandLineParser& parser, const StringTable& texts) {
@@ -20,6 +22,8 @@ void describe(QCommandLineParser& parser, const StringTable& texts) {
     parser.addVersionOption();
     parser.addOption({QString(newDriveOption), texts[Text::RunNewDriveOption]});
     parser.addOption({QString(dryRunOption), texts[Text::RunDryRunOption]});
+    parser.addOption({QString(undoOption), texts[Text::RunUndoOption]});
+    parser.addOption({QString(runOption), texts[Text::RunRunOption], QStringLiteral("RUN")});
     parser.addOption({QString(jsonOption), texts[Text::RunJsonOption]});
     parser.addPositionalArgument(QStringLiteral("file"), texts[Text::RunFileArgument], QStringLiteral("FILE.kvd"));
     parser.addPositionalArgument(QStringLiteral("names"), texts[Text::RunNamesArgument], QStringLiteral("[NAME ...]"));
@@ -51,7 +55,10 @@ int main(int argc, char* argv[]) {
         return EXIT_SUCCESS;
     }
     QStringList names = parser.positionalArguments();
-    if (names.isEmpty()) {
+    const bool isUndo = parser.isSet(QString(undoOption));
+    const bool isPreview = parser.isSet(QString(dryRunOption));
+    const bool isUsable = isUndo ? names.size() > 1 && !isPreview : !parser.isSet(QString(runOption));
+    if (names.isEmpty() || !isUsable) {
         std::cerr << parser.helpText().toStdString();
         return RunCommand::Unusable;
     }
@@ -64,6 +71,11 @@ int main(int argc, char* argv[]) {
     const TerminationSignal termination;
     QObject::connect(&termination, &TerminationSignal::Raised, &application, [&program] { program.RequestEnd(); });
     return RunCommand(program, std::cout, log)
-        .Execute({file, names, parser.isSet(QString(newDriveOption)) ? NewDrive::Ok : NewDrive::Hold,
-                  parser.isSet(QString(dryRunOption)), parser.isSet(QString(jsonOption))});
+        .Execute({.file = file,
+                  .names = names,
+                  .newDrive = parser.isSet(QString(newDriveOption)) ? NewDrive::Ok : NewDrive::Hold,
+                  .isPreview = isPreview,
+                  .isUndo = isUndo,
+                  .run = parser.value(QString(runOption)),
+                  .asJson = parser.isSet(QString(jsonOption))});
 }

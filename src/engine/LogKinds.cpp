@@ -49,10 +49,10 @@ struct Sentence {
 };
 
 /// Texts with a place for a path in them.
-constexpr Sentence sentences[] = {{LogKind::Moved, Text::FinishingMove},
-                                  {LogKind::Failed, Text::OwnFileLeftAlone},
-                                  {LogKind::Failed, Text::NestedDirectory},
-                                  {LogKind::Failed, Text::TooDeep},
+constexpr Sentence sentences[] = {{LogKind::Moved, Text::FinishingMove},     {LogKind::Moved, Text::Restored},
+                                  {LogKind::Deleted, Text::KeptIn},          {LogKind::Failed, Text::NotRestored},
+                                  {LogKind::Failed, Text::NotRestoredError}, {LogKind::Failed, Text::OwnFileLeftAlone},
+                                  {LogKind::Failed, Text::NestedDirectory},  {LogKind::Failed, Text::TooDeep},
                                   {LogKind::Failed, Text::RunHeld}};
 
 QByteArrayView behind(QByteArrayView line, QByteArrayView mark) {

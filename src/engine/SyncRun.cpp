@@ -32,8 +32,9 @@ SyncRun::SyncRun(const RunTools& tools, RunIdentity identity, RunStarter starter
       m_source(std::move(source)), m_destination(std::move(destination)), m_destinationMount(m_destination->Mount()),
       m_recordReadAt(tools.interruptions.Count() - 1),
       m_log(tools.services.file.Read(m_identity.name, ActivityField::LogFile)), m_end(RunEnd::None),
+      m_trash(*this, m_destination),
       m_transfer(variant.plan != nullptr ? std::make_unique<PlanTransfer>(*this, *variant.plan, true)
-                                         : tools.services.fileSystem.NewTransfer(*this)),
+                                         : tools.services.fileSystem.NewTransfer(*this, m_trash.Get())),
       m_staging(tools.interruptions, *m_transfer) {
     for (const auto& root : {m_source, m_destination})
         for (const FileId id : root->Ancestors())
@@ -49,6 +50,7 @@ RunOutcome SyncRun::Run() {
     m_transfer->Commit();
     if (HasApproval() && m_failures == 0 && !m_variant.approved->IsDone())
         End(RunEnd::NotAsApproved);
+    m_trash.Finish();
     m_tools.logs.Flush();
     readRecord(); // events have run: what follows must not use another record
     return {.failures = m_failures,
@@ -176,8 +178,7 @@ std::error_code SyncRun::Delete(Folder& folder, const FolderEntry& entry) {
     }
     if (HasApproval() && !MayDo(Deletion(folder, entry)))
         return {};
-    const std::error_code error =
-        entry.facts.kind == EntryKind::Folder ? folder.DeleteEmptyFolder(entry.name) : folder.DeleteFile(entry);
+    const std::error_code error = m_trash.Delete(folder, entry);
     if (!error)
         m_tools.services.runState.Counts().deleted += 1;
     return error;

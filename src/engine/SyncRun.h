@@ -9,6 +9,7 @@
 #include "RunPlan.h"
 #include "RunState.h"
 #include "RunTools.h"
+#include "RunTrash.h"
 #include "SyncRules.h"
 
 class FoldersAhead;
@@ -52,6 +53,7 @@ class SyncRun final : public TransferObserver {
     [[nodiscard]] const FileRules& Rules();
     [[nodiscard]] const FileTypeFilter& Filter();
     [[nodiscard]] const QString& Name() const { return m_identity.name; }
+    [[nodiscard]] const RunIdentity& Identity() const { return m_identity; }
 
     /// A folder that is or contains one of the two roots: never transferred, deleted or walked as a destination.
     [[nodiscard]] bool IsRootOrAbove(FileId folder) const { return m_roots.contains(folder); }
@@ -71,7 +73,7 @@ class SyncRun final : public TransferObserver {
     [[nodiscard]] bool MayDo(const PlannedAct& act);
     [[nodiscard]] bool MayDo(Deed deed, const TransferFile& file);
 
-    /// Deletes a file or an empty folder of a mirror's destination.
+    /// Deletes a file or an empty folder of a mirror's destination, or keeps it in the trash.
     [[nodiscard]] std::error_code Delete(Folder& folder, const FolderEntry& entry);
 
     /// Nothing is done with this file or folder; the log says why.
@@ -127,6 +129,7 @@ class SyncRun final : public TransferObserver {
     std::int64_t m_reasonAt = 0; ///< in the log; bytes
     RunEnd m_end;
     std::optional<std::chrono::steady_clock::time_point> m_closingSince;
+    RunTrash m_trash;
     std::unique_ptr<FileTransfer> m_transfer;
     Interruptions::Staging m_staging;
 };

@@ -113,6 +113,19 @@ QString SyncTexts::EndedEarly(RunEnd reason) const {
     return {};
 }
 
+QString SyncTexts::KeptIn(const QString& folder, std::chrono::system_clock::time_point until) const {
+    return m_texts[Text::KeptIn].arg(folder, modLogTime::Text(until));
+}
+
+QString SyncTexts::Restored(const QString& path) const {
+    return m_texts[Text::Restored].arg(path);
+}
+
+QString SyncTexts::NotRestored(const QString& path, std::error_code error) const {
+    return error == std::errc::file_exists ? m_texts[Text::NotRestored].arg(path)
+                                           : m_texts[Text::NotRestoredError].arg(path).arg(error.value());
+}
+
 QString SyncTexts::Failure(const QString& source, std::error_code error) const {
     if (isLocked(error))
         return m_texts[Text::TransferFrom] + source + m_texts[Text::FailedLocked];

@@ -4,6 +4,7 @@
 #include "FileFacts.h"
 #include "SyncRules.h"
 #include <QString>
+#include <chrono>
 #include <system_error>
 
 class StringTable;
@@ -37,6 +38,11 @@ class SyncTexts final {
     [[nodiscard]] QString NestedRoot(const QString& path) const;
     [[nodiscard]] QString TooDeep(const QString& path) const;
     [[nodiscard]] QString EndedEarly(RunEnd reason) const;
+
+    // What a run has kept.
+    [[nodiscard]] QString KeptIn(const QString& folder, std::chrono::system_clock::time_point until) const;
+    [[nodiscard]] QString Restored(const QString& path) const;
+    [[nodiscard]] QString NotRestored(const QString& path, std::error_code error) const;
 
     /// A locked file has a text of its own; any other error is named by the system's number.
     [[nodiscard]] QString Failure(const QString& source, std::error_code error) const;

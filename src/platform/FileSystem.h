@@ -6,6 +6,8 @@
 #include "ReadAhead.h"
 #include <set>
 
+class Trash;
+
 /// Follows a transfer.
 class TransferObserver {
   public:
@@ -79,8 +81,9 @@ class FileSystem {
     [[nodiscard]] virtual std::shared_ptr<Folder> OpenFolder(const std::filesystem::path& path,
                                                              std::error_code& error) = 0;
 
-    /// A transfer for one run. The observer must outlive it.
-    [[nodiscard]] virtual std::unique_ptr<FileTransfer> NewTransfer(TransferObserver& observer) = 0;
+    /// A transfer for one run. With a `trash`, a replaced file is kept there; one that cannot be kept is not replaced.
+    /// Both must outlive it.
+    [[nodiscard]] virtual std::unique_ptr<FileTransfer> NewTransfer(TransferObserver& observer, Trash* trash) = 0;
 
     /// Begins to read two folders. Null where nothing can be read ahead.
     [[nodiscard]] virtual std::unique_ptr<ReadAhead> Begin(ReadAhead::Order order) = 0;

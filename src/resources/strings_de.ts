@@ -1882,5 +1882,61 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <source>deleted: %1</source>
         <translation>gelöscht: %1</translation>
     </message>
+    <message id="890">
+        <source>Deleted and replaced files are kept in '%1' until %2</source>
+        <translation>Gelöschte und ersetzte Dateien bleiben in '%1' bis %2</translation>
+    </message>
+    <message id="891">
+        <source>Brought back '%1'</source>
+        <translation>Zurückgeholt '%1'</translation>
+    </message>
+    <message id="892">
+        <source>Not brought back '%1': what is there now is not of that run</source>
+        <translation>Nicht zurückgeholt '%1': Was jetzt dort ist, stammt nicht von jenem Lauf</translation>
+    </message>
+    <message id="893">
+        <source>Not brought back '%1': error %2</source>
+        <translation>Nicht zurückgeholt '%1': Fehler %2</translation>
+    </message>
+    <message id="894">
+        <source>'%1' keeps no deleted or replaced files of '%2'</source>
+        <translation>'%1' enthält keine gelöschten oder ersetzten Dateien von '%2'</translation>
+    </message>
+    <message id="895">
+        <source>%1 brought back, %2 left in the trash</source>
+        <translation>%1 zurückgeholt, %2 im Papierkorb geblieben</translation>
+    </message>
+    <message id="896">
+        <source>Bring back what the last run of each named activity deleted or replaced.</source>
+        <translation>Zurückholen, was der letzte Lauf jeder genannten Aktivität gelöscht oder ersetzt hat.</translation>
+    </message>
+    <message id="897">
+        <source>With --undo: not the last run but this one, by its folder's name in the trash.</source>
+        <translation>Mit --undo: nicht der letzte Lauf, sondern dieser, nach dem Namen seines Ordners im Papierkorb.</translation>
+    </message>
+    <message id="898">
+        <source>&amp;Undo this run ...</source>
+        <translation>Lauf &amp;rückgängig machen ...</translation>
+    </message>
+    <message id="899">
+        <source>Bring back what the run at the cursor deleted and replaced</source>
+        <translation>Zurückholen, was der Lauf an der Schreibmarke gelöscht und ersetzt hat</translation>
+    </message>
+    <message id="900">
+        <source>Undo run</source>
+        <translation>Lauf rückgängig machen</translation>
+    </message>
+    <message id="901">
+        <source>Bring back what the run of %1 of '%2' deleted and replaced in '%3'? Files that were changed since then stay as they are.</source>
+        <translation>Zurückholen, was der Lauf vom %1 von '%2' in '%3' gelöscht und ersetzt hat? Seitdem geänderte Dateien bleiben, wie sie sind.</translation>
+    </message>
+    <message id="902">
+        <source>This part of the log names no run whose files are kept. An activity keeps what it deletes and replaces when its safety settings say so.</source>
+        <translation>Dieser Teil des Protokolls nennt keinen Lauf, dessen Dateien aufbewahrt sind. Eine Aktivität bewahrt auf, was sie löscht und ersetzt, wenn ihre Sicherheitseinstellungen das sagen.</translation>
+    </message>
+    <message id="903">
+        <source>Nothing is kept in '%1' any more: it was brought back, or its days are over.</source>
+        <translation>In '%1' ist nichts mehr aufbewahrt: Es wurde zurückgeholt oder die Tage sind vorüber.</translation>
+    </message>
 </context>
 </TS>

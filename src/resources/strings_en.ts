@@ -2350,5 +2350,75 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <translation>deleted: %1</translation>
         <extra-name>ResultDeleted</extra-name>
     </message>
+    <message id="890">
+        <source>Deleted and replaced files are kept in '%1' until %2</source>
+        <translation>Deleted and replaced files are kept in '%1' until %2</translation>
+        <extra-name>KeptIn</extra-name>
+    </message>
+    <message id="891">
+        <source>Brought back '%1'</source>
+        <translation>Brought back '%1'</translation>
+        <extra-name>Restored</extra-name>
+    </message>
+    <message id="892">
+        <source>Not brought back '%1': what is there now is not of that run</source>
+        <translation>Not brought back '%1': what is there now is not of that run</translation>
+        <extra-name>NotRestored</extra-name>
+    </message>
+    <message id="893">
+        <source>Not brought back '%1': error %2</source>
+        <translation>Not brought back '%1': error %2</translation>
+        <extra-name>NotRestoredError</extra-name>
+    </message>
+    <message id="894">
+        <source>'%1' keeps no deleted or replaced files of '%2'</source>
+        <translation>'%1' keeps no deleted or replaced files of '%2'</translation>
+        <extra-name>NothingKept</extra-name>
+    </message>
+    <message id="895">
+        <source>%1 brought back, %2 left in the trash</source>
+        <translation>%1 brought back, %2 left in the trash</translation>
+        <extra-name>UndoSummary</extra-name>
+    </message>
+    <message id="896">
+        <source>Bring back what the last run of each named activity deleted or replaced.</source>
+        <translation>Bring back what the last run of each named activity deleted or replaced.</translation>
+        <extra-name>RunUndoOption</extra-name>
+    </message>
+    <message id="897">
+        <source>With --undo: not the last run but this one, by its folder's name in the trash.</source>
+        <translation>With --undo: not the last run but this one, by its folder's name in the trash.</translation>
+        <extra-name>RunRunOption</extra-name>
+    </message>
+    <message id="898">
+        <source>&amp;Undo this run ...</source>
+        <translation>&amp;Undo this run ...</translation>
+        <extra-name>UndoThisRun</extra-name>
+    </message>
+    <message id="899">
+        <source>Bring back what the run at the cursor deleted and replaced</source>
+        <translation>Bring back what the run at the cursor deleted and replaced</translation>
+        <extra-name>UndoThisRunTip</extra-name>
+    </message>
+    <message id="900">
+        <source>Undo run</source>
+        <translation>Undo run</translation>
+        <extra-name>UndoTitle</extra-name>
+    </message>
+    <message id="901">
+        <source>Bring back what the run of %1 of '%2' deleted and replaced in '%3'? Files that were changed since then stay as they are.</source>
+        <translation>Bring back what the run of %1 of '%2' deleted and replaced in '%3'? Files that were changed since then stay as they are.</translation>
+        <extra-name>UndoQuestion</extra-name>
+    </message>
+    <message id="902">
+        <source>This part of the log names no run whose files are kept. An activity keeps what it deletes and replaces when its safety settings say so.</source>
+        <translation>This part of the log names no run whose files are kept. An activity keeps what it deletes and replaces when its safety settings say so.</translation>
+        <extra-name>NoRunToUndo</extra-name>
+    </message>
+    <message id="903">
+        <source>Nothing is kept in '%1' any more: it was brought back, or its days are over.</source>
+        <translation>Nothing is kept in '%1' any more: it was brought back, or its days are over.</translation>
+        <extra-name>KeptNoLonger</extra-name>
+    </message>
 </context>
 </TS>

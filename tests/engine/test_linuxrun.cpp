@@ -203,6 +203,44 @@ class TestLinuxRun final : public QObject {
             ::umount2(fixture.Native(bound).c_str(), MNT_DETACH);
     }
 
+    // What cannot be kept is neither replaced nor deleted; where there are no hard links, a rename keeps it.
+    void theTrashStaysOnItsDisk_data() {
+        const Table<QString, int> row;
+        row("no hard links", "", 0);
+        row("another disk below", "dst/sub", 1);
+        row("a disk without room", "dst", 2);
+    }
+    void theTrashStaysOnItsDisk() {
+        const auto [mounted, failures] = Table<QString, int>::Current();
+        if (!m_mayMount)
+            QSKIP("only an administrator can mount");
+        ProgramFixture fixture;
+        fixture.Add(A, {{u"action"_qs, u"3"_qs}, {u"keepdays"_qs, u"3"_qs}});
+        const fs::path disk = fixture.Folder(mounted).toStdString();
+        if (!mounted.isEmpty())
+            QCOMPARE(::mount("none", disk.c_str(), "tmpfs", 0, failures == 2 ? "nr_inodes=7" : nullptr), 0);
+        fixture.Write(u"src/sub/f"_qs, "new");
+        fixture.Write(u"src/g"_qs, "new");
+        fixture.Write(u"dst/sub/f"_qs, "old", 1'600'000'000);
+        fixture.Write(u"dst/g"_qs, "new");
+        fixture.Write(u"dst/gone/file"_qs, "surplus");
+        const int counted = SystemWorld::InChild([&] {
+            const bool hasLinks = !mounted.isEmpty() || SystemCallFault::Install({{SYS_linkat, EPERM}});
+            return hasLinks || failures == 0 ? fixture.Start().RunNow(A).failures : 99;
+        });
+        QCOMPARE(counted, failures);
+        const bool isReplaced = failures == 0;
+        QCOMPARE(fixture.Read(u"dst/sub/f"_qs), QByteArray(isReplaced ? "new" : "old"));
+        QCOMPARE(fixture.Exists(u"dst/gone/file"_qs), failures == 2);
+        Program& program = fixture.Start();
+        for (const KeptRun& run : program.KeptIn(fixture.Native(u"dst"_qs)))
+            QVERIFY(program.Undo(fixture.Native(u"dst"_qs), run).Succeeded());
+        QCOMPARE(fixture.Read(u"dst/sub/f"_qs), QByteArray("old"));
+        QCOMPARE(fixture.Read(u"dst/gone/file"_qs), QByteArray("surplus"));
+        if (!mounted.isEmpty())
+            ::umount2(disk.c_str(), MNT_DETACH);
+    }
+
   private:
     bool m_mayMount = false;
 };

@@ -84,6 +84,7 @@ class ModelDisk final {
             entry.mode = status.type() == fs::file_type::directory ? 0755 : 0644;
         fs::permissions(path, fs::perms::owner_all); // else neither read nor removed
         if (status.type() == fs::file_type::directory) {
+            fs::remove_all(path / ".kalvenor-trash");
             for (const auto& inner : fs::directory_iterator(path))
                 entry.inside[textOf(inner.path().filename())] = read(inner.path());
             return entry;
@@ -104,7 +105,7 @@ class ModelDisk final {
 class World final {
   public:
     World() {
-        m_program.Add(A, {{u"extensions"_qs, QString()}, {u"alert"_qs, QString()}, {u"logfile"_qs, QString()}});
+        m_program.Add(A, {{u"extensions"_qs, QString()}, {u"alert"_qs, QString()}, {u"logfile"_qs, QString()}, {u"keepdays"_qs, QString()}});
         m_program.Start().OnLogLine([this](const QString& text, bool) {
             const QString start = m_program.texts[Text::TransferFrom];
             const qsizetype from = text.indexOf(start) + start.size();
@@ -117,15 +118,7 @@ class World final {
 
     /// Whether both did the same. What they did is kept for the report.
     bool Agree(const ModelCase& made) {
-        m_disk.Make(made);
-        ProgramFixture::Fields fields = made.run.fields;
-        fields[u"sourcedir"_qs] = modNativePath::ToText(m_disk.Real("src"));
-        fields[u"targetdir"_qs] = modNativePath::ToText(m_disk.Real("dst"));
-        for (auto field = fields.begin(); field != fields.end(); ++field)
-            m_program.program->Document().WriteNode(u"/items/A/"_qs + field.key(), field.value());
-        m_program.prompter.yes = made.run.answersYes;
-        m_program.prompter.shown.clear();
-        m_failed.clear();
+        prepare(made);
         Program& program = *m_program.program;
         const RunPlan plan = made.run.isPreviewed ? program.Preview(A) : RunPlan();
         if (!m_failed.isEmpty() || !m_program.prompter.shown.empty())
@@ -139,7 +132,7 @@ class World final {
         for (const std::string& path : model.failed)
             failed.append(modNativePath::ToText(m_disk.Real(path)));
         m_expected = outcome(model.world, failed, model.boxes, false, static_cast<int>(failed.size()));
-        return m_got == m_expected;
+        return m_got == m_expected && (!made.run.keeps || comesBack(made));
     }
 
     /// Leaves out what the two do not need to differ, and shows the rest.
@@ -153,14 +146,52 @@ class World final {
         }
         Agree(made);
         return (LinesOf(made.world) << m_program.program->Document().ReadNodeXML(u"/items/A"_qs)
-                                    << u"answer %1, other device %2, previewed %3"_qs.arg(made.run.answersYes)
+                                    << u"answer %1, other device %2, previewed %3, keeps %4"_qs.arg(made.run.answersYes)
                                            .arg(made.run.isOtherDevice)
                                            .arg(made.run.isPreviewed)
+                                           .arg(made.run.keeps)
                                     << u"\nexpected:"_qs << m_expected << u"\ngot:"_qs << m_got)
             .join(u'\n');
     }
 
   private:
+    void prepare(const ModelCase& made) {
+        m_disk.Make(made);
+        ProgramFixture::Fields fields = made.run.fields;
+        fields[u"sourcedir"_qs] = modNativePath::ToText(m_disk.Real("src"));
+        fields[u"targetdir"_qs] = modNativePath::ToText(m_disk.Real("dst"));
+        fields[u"keepdays"_qs] = made.run.keeps ? u"30"_qs : u"0"_qs;
+        for (auto field = fields.begin(); field != fields.end(); ++field)
+            m_program.program->Document().WriteNode(u"/items/A/"_qs + field.key(), field.value());
+        m_program.prompter.yes = made.run.answersYes;
+        m_program.prompter.shown.clear();
+        m_failed.clear();
+    }
+
+    /// Runs it once more and undoes that: whatever the destination held, it holds again.
+    bool comesBack(const ModelCase& made) {
+        prepare(made);
+        Program& program = *m_program.program;
+        std::ignore = program.RunNow(A);
+        const fs::path destination = m_disk.Real("dst");
+        QStringList notes;
+        for (const KeptRun& run : program.KeptIn(destination))
+            notes += program.Undo(destination, run).notes;
+        const ModelEntry world = m_disk.Read();
+        m_expected = QStringList{u"all of it after an undo"_qs} + LinesOf(made.world.inside.at("dst"));
+        m_got = QStringList{u"after an undo"_qs} + LinesOf(world.inside.at("dst")) + notes;
+        return notes.isEmpty() && holds(world.inside.at("dst"), made.world.inside.at("dst"));
+    }
+
+    static bool holds(const ModelEntry& now, const ModelEntry& before) {
+        if (now.kind != before.kind || now.bytes != before.bytes || now.time != before.time || now.mode != before.mode)
+            return false;
+        return std::all_of(before.inside.begin(), before.inside.end(), [&now](const auto& entry) {
+            const auto found = now.inside.find(entry.first);
+            return found != now.inside.end() && holds(found->second, entry.second);
+        });
+    }
+
     static QStringList outcome(const ModelEntry& world, QStringList failed, int boxes, bool isInterrupted,
                                int failures) {
         failed.sort();

@@ -82,7 +82,7 @@ class FileWorld : public SystemWorld {
 
     /// One transfer of its own, committed by its destructor.
     void Transfer(bool move, const std::vector<TransferFile>& files) {
-        const auto transfer = system.NewTransfer(observer);
+        const auto transfer = system.NewTransfer(observer, nullptr);
         for (const TransferFile& file : files)
             std::ignore = move ? transfer->Move(file) : transfer->Copy(file);
     }
@@ -90,7 +90,7 @@ class FileWorld : public SystemWorld {
 
     /// Transfers the folder "tree".
     void TransferTree(bool move, const std::set<FileId>& excluded = {}) {
-        const auto transfer = system.NewTransfer(observer);
+        const auto transfer = system.NewTransfer(observer, nullptr);
         const FolderEntry tree{"tree", File("tree").facts};
         move ? transfer->MoveTree(from, to, tree, excluded) : transfer->CopyTree(from, to, tree, excluded);
     }

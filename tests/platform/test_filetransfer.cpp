@@ -19,7 +19,7 @@ class TestFileTransfer final : public QObject {
     void theLastOfOneNameWins() {
         for (const bool move : {false, true}) {
             FileWorld world;
-            const auto transfer = world.system.NewTransfer(world.observer);
+            const auto transfer = world.system.NewTransfer(world.observer, nullptr);
             std::optional<FileFacts> staged;
             const auto next = [&] {
                 TransferFile file = world.File("file");
@@ -62,7 +62,7 @@ class TestFileTransfer final : public QObject {
                     FileWorld::Write(world.destination / "file", "newer", 1'500'000'000);
             };
             {
-                const auto transfer = world.system.NewTransfer(world.observer);
+                const auto transfer = world.system.NewTransfer(world.observer, nullptr);
                 if (!afterStaging)
                     change();
                 std::ignore = way.move ? transfer->Move(file) : transfer->Copy(file);
@@ -161,7 +161,7 @@ class TestFileTransfer final : public QObject {
         for (const char* name : {"changed", "rewritten", "still", "locked", "hard"})
             FileWorld::Write(world.source / name, oldText);
         fs::create_hard_link(world.source / "hard", world.source / "link");
-        const auto transfer = world.system.NewTransfer(world.observer);
+        const auto transfer = world.system.NewTransfer(world.observer, nullptr);
         for (const char* name : {"changed", "rewritten", "still", "locked", "hard", "link"})
             QVERIFY(transfer->Move(world.File(name)));
         FileWorld::Write(world.source / "changed", newText, 1'500'000'000);

@@ -67,7 +67,7 @@ void transferAll(FileTransfer& transfer, const std::shared_ptr<Folder>& from, co
 
 Exit run(FileWorld& world, const std::vector<FolderEntry>& entries) {
     world.to->RemoveLeftovers();
-    transferAll(*world.system.NewTransfer(world.observer), world.from, world.to, entries);
+    transferAll(*world.system.NewTransfer(world.observer, nullptr), world.from, world.to, entries);
     return world.observer.failures.empty() ? Fine : WithFailures;
 }
 

@@ -110,7 +110,7 @@ class TestWindowsFiles final : public QObject {
         }
         const std::unique_ptr<OwnFiles> own = MakeOwnFiles();
         QVERIFY(!own->CreateNew(deep / "file", "deep"));
-        const auto transfer = world.system.NewTransfer(world.observer);
+        const auto transfer = world.system.NewTransfer(world.observer, nullptr);
         transfer->MoveTree(world.from, world.to, {name, world.File(name).facts}, {});
         transfer->Commit();
         QVERIFY(world.observer.failures.empty());

@@ -48,6 +48,7 @@ class RandomCase final {
             out.inside["closed"] = {.mode = 0, .inside = {{"f", file()}}};
         fill(&made.world.inside["src"], &made.world.inside["dst"], {}, 0);
         made.run.isPreviewed = odds(2);
+        made.run.keeps = odds(3);
         return made;
     }
 
@@ -58,8 +59,8 @@ class RandomCase final {
         if (odds(8))
             *field = ModelRun().fields[field.key()];
         else if (odds(8))
-            made.run = {fields, made.run.answersYes && odds(2), made.run.isOtherDevice && odds(2),
-                        made.run.isPreviewed};
+            made.run = {fields, made.run.answersYes && odds(2), made.run.isOtherDevice && odds(2), made.run.isPreviewed,
+                        made.run.keeps};
         else
             reduce(one(std::array{&made.world.inside["src"], &made.world.inside["dst"], &made.world.inside["out"]}));
     }

@@ -28,6 +28,7 @@ struct ModelRun {
     bool answersYes = false;
     bool isOtherDevice = false; ///< no rename leads from the source to the destination
     bool isPreviewed = false;   ///< shown beforehand, and run as it was shown
+    bool keeps = false;         ///< what is deleted and replaced goes to the trash
 };
 
 /// Takes the world, with "src" and "dst" at its top, and runs the activity once. Readable afterwards: the world, the

@@ -3,9 +3,10 @@
 
 #include <utility>
 
-CommitQueue::CommitQueue(TransferObserver& observer, TemporaryFiles& temporaries)
-    : m_observer(observer), m_temporaries(temporaries), m_descriptorLimit(SystemFiles::HandlesOfABatch()),
-      m_filling(std::make_unique<TransferBatch>(m_sync, m_names, m_batches)) {}
+CommitQueue::CommitQueue(TransferObserver& observer, TemporaryFiles& temporaries, Trash* trash)
+    : m_observer(observer), m_temporaries(temporaries), m_trash(trash),
+      m_descriptorLimit(SystemFiles::HandlesOfABatch()),
+      m_filling(std::make_unique<TransferBatch>(m_sync, m_names, m_trash, m_batches)) {}
 
 bool CommitQueue::Holds(const FileId& folder, const std::filesystem::path& name) const {
     return m_filling->Holds(folder, name) || (m_syncing && m_syncing->Holds(folder, name));
@@ -13,7 +14,7 @@ bool CommitQueue::Holds(const FileId& folder, const std::filesystem::path& name)
 
 void CommitQueue::turn() {
     finishSyncing();
-    m_syncing = std::exchange(m_filling, std::make_unique<TransferBatch>(m_sync, m_names, ++m_batches));
+    m_syncing = std::exchange(m_filling, std::make_unique<TransferBatch>(m_sync, m_names, m_trash, ++m_batches));
     m_syncing->StartSync();
 }
 

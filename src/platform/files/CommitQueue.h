@@ -6,7 +6,7 @@
 
 class CommitQueue final {
   public:
-    CommitQueue(TransferObserver& observer, TemporaryFiles& temporaries);
+    CommitQueue(TransferObserver& observer, TemporaryFiles& temporaries, Trash* trash);
     CommitQueue(const CommitQueue&) = delete;
     CommitQueue& operator=(const CommitQueue&) = delete;
     ~CommitQueue() { Commit(); }
@@ -45,6 +45,7 @@ class CommitQueue final {
 
     TransferObserver& m_observer;
     TemporaryFiles& m_temporaries;
+    Trash* m_trash;
     std::size_t m_descriptorLimit;
     DiskSync m_sync;
     PlacedNames m_names;

@@ -24,6 +24,16 @@ std::error_code CheckDestination(const FileJob& job, DestinationState& state) {
     return ErrorOf(EEXIST);
 }
 
+std::error_code KeepReplaced(Trash* trash, const FileJob& job, Trash::KeptFile& kept) {
+    if (trash == nullptr || !job.replaced || job.replaced->id == FileId{})
+        return {};
+    DestinationState state{};
+    const std::error_code error = CheckDestination(job, state);
+    return error || state != DestinationState::Replaceable
+               ? error
+               : trash->KeepReplaced(*job.destination, job.name, job.facts, kept);
+}
+
 std::error_code TemporaryFiles::Place(TemporaryFile& file, const FileJob& job, bool& placed) {
     std::error_code error = PlaceAtFreeName(file, job.name);
     placed = !error;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "TemporaryFile.h"
+#include "Trash.h"
 #include "WorkMark.h"
 
 struct FileJob {
@@ -24,6 +25,7 @@ struct StagedFile {
     unsigned batch = 0;     ///< the batch that was filling when its first byte was written
     bool syncAlone = false; ///< that batch has been synced: a sync of this one may not report an error of the file
     std::error_code error;  ///< of the sync, or of placing
+    Trash::KeptFile kept;   ///< the file it replaces
     bool isPlaced = false;
 };
 
@@ -49,3 +51,6 @@ enum class DestinationState {
 /// Looks at the entry under the name of `job`. std::errc::is_a_directory for a folder, file_exists for anything else
 /// that a file must not replace, resource_unavailable_try_again when it is not what the job was decided to replace.
 [[nodiscard]] std::error_code CheckDestination(const FileJob& job, DestinationState& state);
+
+/// Keeps the file that the job replaces; nothing without a `trash`, or where the run itself has put that file there.
+[[nodiscard]] std::error_code KeepReplaced(Trash* trash, const FileJob& job, Trash::KeptFile& kept);

@@ -22,6 +22,8 @@ std::error_code List(const ForEach& forEach, const Narrow& narrow, const Read& r
             temporaries.emplace_back(own);
             return {};
         }
+        if (narrow(name) == TrashName)
+            return {};
         FileFacts facts;
         const std::error_code failure = read(name, facts);
         if (!failure)

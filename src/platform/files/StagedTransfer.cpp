@@ -6,8 +6,9 @@
 #include <algorithm>
 #include <tuple>
 
-StagedTransfer::StagedTransfer(TransferObserver& observer)
-    : m_observer(observer), m_stager(observer, m_temporaries), m_queue(observer, m_temporaries) {}
+StagedTransfer::StagedTransfer(TransferObserver& observer, Trash* trash)
+    : m_observer(observer), m_trash(trash), m_stager(observer, m_temporaries), m_queue(observer, m_temporaries, trash) {
+}
 
 bool StagedTransfer::checkFile(const TransferFile& file, FileJob& job) {
     job = {file.source, file.destination, file.name, file.facts, false, file.replaced};
@@ -85,11 +86,23 @@ std::error_code StagedTransfer::moveByRename(const FileJob& job, bool& isElsewhe
         error = CheckDestination(job, state);
         if (error || state == DestinationState::IsSource)
             return error;
-        error = SystemFiles::RenameOver(*job.source, job.name, *job.destination);
+        error = renameOver(job);
     }
     isElsewhere = SystemFiles::NeedsCopy(error, EntryKind::File);
     if (error == std::errc::cross_device_link)
         m_apart.emplace(job.source->Id().device, job.destination->Id().device);
+    return error;
+}
+
+std::error_code StagedTransfer::renameOver(const FileJob& job) {
+    Trash::KeptFile kept;
+    std::error_code error = KeepReplaced(m_trash, job, kept);
+    if (!error && kept.folder)
+        error = m_trash->Sync();
+    if (!error)
+        error = SystemFiles::RenameOver(*job.source, job.name, *job.destination);
+    if (error)
+        Trash::PutBack(*job.destination, job.name, kept);
     return error;
 }
 

@@ -11,7 +11,8 @@
 
 class StagedTransfer final : public FileTransfer {
   public:
-    explicit StagedTransfer(TransferObserver& observer);
+    /// `trash` may be null: what is replaced is gone then.
+    StagedTransfer(TransferObserver& observer, Trash* trash);
 
     bool Copy(const TransferFile& file) override;
     bool Move(const TransferFile& file) override;
@@ -33,9 +34,11 @@ class StagedTransfer final : public FileTransfer {
     [[nodiscard]] bool checkTree(const Tree& tree, const std::set<FileId>& excluded);
     bool stage(const FileJob& job);
     bool move(const FileJob& job);
+    [[nodiscard]] std::error_code renameOver(const FileJob& job);
     [[nodiscard]] std::error_code moveByRename(const FileJob& job, bool& isElsewhere);
 
     TransferObserver& m_observer;
+    Trash* m_trash;
     TemporaryFiles m_temporaries;
     FileStager m_stager;
     std::set<std::pair<std::uint64_t, std::uint64_t>> m_apart; ///< device pairs for which rename() failed with EXDEV

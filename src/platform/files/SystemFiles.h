@@ -26,9 +26,20 @@ namespace SystemFiles {
 [[nodiscard]] std::error_code MakeFolder(const Folder& parent, const std::filesystem::path& name,
                                          const EntryStatus& copied);
 
+/// Lets the owner change what is in the folder.
+void MakeWritable(const Folder& folder);
+
+/// Hides the folder where its name alone does not.
+void Hide(const Folder& folder);
+
 /// A rename that replaces nothing (std::errc::file_exists).
 [[nodiscard]] std::error_code RenameToFreeName(const Folder& from, const std::filesystem::path& oldName,
                                                const Folder& to, const std::filesystem::path& newName);
+
+/// Gives the file or link itself a second name (std::errc::file_exists when that is taken). Fails where there are no
+/// hard links.
+[[nodiscard]] std::error_code LinkToFreeName(const Folder& from, const std::filesystem::path& oldName, const Folder& to,
+                                             const std::filesystem::path& newName);
 
 /// Brings the file to disk and renames it, over any file of this name.
 [[nodiscard]] std::error_code RenameOver(const Folder& from, const std::filesystem::path& name, const Folder& to);
@@ -45,7 +56,7 @@ namespace SystemFiles {
 /// Makes an empty file of a new name, which nobody else may read.
 [[nodiscard]] std::error_code MakeMark(const Folder& folder, const std::string& name);
 /// Succeeds too when there is none.
-[[nodiscard]] std::error_code RemoveMark(const Folder& folder, const std::string& name);
+[[nodiscard]] std::error_code RemoveMark(const Folder& folder, const std::filesystem::path& name);
 void RenameMark(const Folder& folder, const std::string& oldName, const std::string& newName);
 
 } // namespace SystemFiles

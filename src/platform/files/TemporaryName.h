@@ -1,5 +1,6 @@
-// Names of the temporary files beside a destination: hidden, impossible to guess, and marked with the process that made
-// them, so that the files of a dead process can be removed. A name of any other form has no maker.
+// Names of the program's own entries in a destination. Those of temporary files are hidden, impossible to guess, and
+// marked with the process that made them, so that the files of a dead process can be removed. A name of any other form
+// has no maker.
 #pragma once
 
 #include <cstdint>
@@ -40,6 +41,10 @@ enum class TemporaryKind {
 
 /// The process that made the temporary file of this name; nullopt for every other name.
 [[nodiscard]] std::optional<ProcessMark> MakerOfTemporary(std::string_view name);
+
+/// The folder in the root of a destination that keeps what runs have deleted and replaced. No
+/// listing shows it.
+constexpr std::string_view TrashName = ".kalvenor-trash";
 
 /// The kind of a name that has a maker.
 [[nodiscard]] TemporaryKind KindOfTemporary(std::string_view name);

@@ -48,6 +48,11 @@ void TransferBatch::StartSync() {
 void TransferBatch::Finish(TemporaryFiles& temporaries, TransferObserver& observer) {
     m_task.Wait(observer);
     if (m_stage == Stage::Contents) {
+        m_stage = Stage::Keeping;
+        keepReplaced();
+    }
+    m_task.Wait(observer);
+    if (m_stage == Stage::Keeping) {
         m_stage = Stage::Names;
         place(temporaries, observer);
         startNames();
@@ -70,13 +75,29 @@ void TransferBatch::Finish(TemporaryFiles& temporaries, TransferObserver& observ
     }
 }
 
+/// The old files are safe on disk before a new one takes a name.
+void TransferBatch::keepReplaced() {
+    bool areKept = false;
+    for (StagedFile& file : m_files) {
+        if (!file.error)
+            file.error = KeepReplaced(m_trash, file.job, file.kept);
+        areKept = areKept || file.kept.folder;
+    }
+    if (areKept)
+        m_task.Start([this] { m_keeping = m_trash->Sync(); });
+}
+
 void TransferBatch::place(TemporaryFiles& temporaries, TransferObserver& observer) {
     markMoves(temporaries);
     for (StagedFile& file : m_files) {
+        if (!file.error && file.kept.folder)
+            file.error = m_keeping;
         if (!file.error)
             file.error = temporaries.Place(file.copy, file.job, file.isPlaced);
         if (file.isPlaced)
             m_names.Add(file.job.destination);
+        else
+            Trash::PutBack(*file.job.destination, file.job.name, file.kept);
         if (file.error)
             observer.Failed(file.job.SourcePath(), file.error);
     }

@@ -12,8 +12,8 @@
 
 class TransferBatch final {
   public:
-    TransferBatch(DiskSync& sync, PlacedNames& names, unsigned number)
-        : m_sync(sync), m_names(names), m_number(number) {}
+    TransferBatch(DiskSync& sync, PlacedNames& names, Trash* trash, unsigned number)
+        : m_sync(sync), m_names(names), m_trash(trash), m_number(number) {}
 
     /// Opens what reports write errors; gives the number of this batch.
     [[nodiscard]] unsigned WillWrite(const Folder& folder);
@@ -35,9 +35,10 @@ class TransferBatch final {
     void Finish(TemporaryFiles& temporaries, TransferObserver& observer);
 
   private:
-    enum class Stage { Contents, Names, Removing, Removals, Done };
+    enum class Stage { Contents, Keeping, Names, Removing, Removals, Done };
 
     void markMoves(const TemporaryFiles& temporaries);
+    void keepReplaced();
     void place(TemporaryFiles& temporaries, TransferObserver& observer);
     void startNames();
     void finishNames(TransferObserver& observer);
@@ -47,6 +48,7 @@ class TransferBatch final {
 
     DiskSync& m_sync;
     PlacedNames& m_names;
+    Trash* m_trash;
     unsigned m_number;
     SyncPoints m_syncPoints;
     std::vector<StagedFile> m_files;
@@ -54,6 +56,7 @@ class TransferBatch final {
     std::vector<WorkMark> m_marks;
     PlacedNames m_removals;
     std::vector<PlacedNames::Failure> m_failedRemovals;
+    std::error_code m_keeping; ///< of the sync of what is kept
     std::uint64_t m_bytes = 0;
     std::size_t m_descriptors = 0;
     Stage m_stage = Stage::Contents;

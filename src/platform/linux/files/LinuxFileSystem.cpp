@@ -19,8 +19,8 @@ class LinuxFileSystem final : public FileSystem {
                      : LinuxFolder::Open(AT_FDCWD, absolute.c_str(), std::make_shared<FolderPlace>(absolute), true,
                                          error);
     }
-    std::unique_ptr<FileTransfer> NewTransfer(TransferObserver& observer) override {
-        return std::make_unique<StagedTransfer>(observer);
+    std::unique_ptr<FileTransfer> NewTransfer(TransferObserver& observer, Trash* trash) override {
+        return std::make_unique<StagedTransfer>(observer, trash);
     }
     std::unique_ptr<ReadAhead> Begin(ReadAhead::Order order) override { return m_readAhead.Begin(std::move(order)); }
 

@@ -57,6 +57,15 @@ std::error_code SystemFiles::MakeFolder(const Folder& parent, const std::filesys
     return ::mkdirat(DescriptorOf(parent), name.c_str(), mode) == 0 ? std::error_code() : LastError();
 }
 
+void SystemFiles::MakeWritable(const Folder& folder) {
+    struct stat status {};
+    if (::fstat(DescriptorOf(folder), &status) == 0 && (status.st_mode & ownerMayFill) != ownerMayFill)
+        std::ignore = ::fchmod(DescriptorOf(folder), (status.st_mode & 07777U) | ownerMayFill);
+}
+
+/// A dot begins its name.
+void SystemFiles::Hide(const Folder& /*folder*/) {}
+
 /// Where the file system only knows the replacing kind of rename, it looks first.
 std::error_code SystemFiles::RenameToFreeName(const Folder& from, const std::filesystem::path& oldName,
                                               const Folder& to, const std::filesystem::path& newName) {
@@ -70,6 +79,12 @@ std::error_code SystemFiles::RenameToFreeName(const Folder& from, const std::fil
     if (to.Stat(newName, lookError))
         return ErrorOf(EEXIST);
     return lookError ? lookError : rename(from, oldName.c_str(), to, newName.c_str());
+}
+
+std::error_code SystemFiles::LinkToFreeName(const Folder& from, const std::filesystem::path& oldName, const Folder& to,
+                                            const std::filesystem::path& newName) {
+    return ::linkat(DescriptorOf(from), oldName.c_str(), DescriptorOf(to), newName.c_str(), 0) == 0 ? std::error_code()
+                                                                                                    : LastError();
 }
 
 std::error_code SystemFiles::RenameOver(const Folder& from, const std::filesystem::path& name, const Folder& to) {
@@ -108,7 +123,7 @@ std::error_code SystemFiles::MakeMark(const Folder& folder, const std::string& n
     return file.IsOpen() ? std::error_code() : LastError();
 }
 
-std::error_code SystemFiles::RemoveMark(const Folder& folder, const std::string& name) {
+std::error_code SystemFiles::RemoveMark(const Folder& folder, const std::filesystem::path& name) {
     return ::unlinkat(DescriptorOf(folder), name.c_str(), 0) == 0 || errno == ENOENT ? std::error_code() : LastError();
 }
 

@@ -53,11 +53,30 @@ std::error_code SystemFiles::MakeFolder(const Folder& parent, const std::filesys
     return error;
 }
 
+/// A folder that is read-only can be filled all the same.
+void SystemFiles::MakeWritable(const Folder& /*folder*/) {}
+
+void SystemFiles::Hide(const Folder& folder) {
+    std::error_code error;
+    const WinHandle handle =
+        NtFile::Open(HandleOf(folder), {}, {.access = FILE_WRITE_ATTRIBUTES, .kind = NtFile::Kind::Folder}, error);
+    FILE_BASIC_INFO basic{}; // a time of 0 stays as it is
+    basic.FileAttributes = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN;
+    if (!error)
+        SetFileInformationByHandle(handle.Get(), FileBasicInfo, &basic, sizeof basic);
+}
+
 std::error_code SystemFiles::RenameToFreeName(const Folder& from, const std::filesystem::path& oldName,
                                               const Folder& to, const std::filesystem::path& newName) {
     std::error_code error;
     const WinHandle entry = openToRename(from, oldName, error);
     return error ? error : NtFile::Rename(entry.Get(), HandleOf(to), newName, false);
+}
+
+/// Only NTFS has hard links, and a rename serves all.
+std::error_code SystemFiles::LinkToFreeName(const Folder& /*from*/, const std::filesystem::path& /*oldName*/,
+                                            const Folder& /*to*/, const std::filesystem::path& /*newName*/) {
+    return std::make_error_code(std::errc::operation_not_supported);
 }
 
 std::error_code SystemFiles::RenameOver(const Folder& from, const std::filesystem::path& name, const Folder& to) {
@@ -91,7 +110,7 @@ std::error_code SystemFiles::MakeMark(const Folder& folder, const std::string& n
     return error;
 }
 
-std::error_code SystemFiles::RemoveMark(const Folder& folder, const std::string& name) {
+std::error_code SystemFiles::RemoveMark(const Folder& folder, const std::filesystem::path& name) {
     std::error_code error;
     const WinHandle mark = openToRename(folder, name, error);
     if (!error)
