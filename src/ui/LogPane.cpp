@@ -8,8 +8,10 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QRegularExpression>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QTextBlock>
 #include <QTextDocumentFragment>
 #include <QVBoxLayout>
 #include <chrono>
@@ -254,6 +256,19 @@ void LogPane::Search(const QString& text, Qt::CaseSensitivity matchCase, bool is
 QString LogPane::SelectedText() const {
     const QString text = m_box->textCursor().selectedText();
     return text.contains(QChar::ParagraphSeparator) ? QString() : text;
+}
+
+QString LogPane::KeptFolder() const {
+    static const QRegularExpression folder(QStringLiteral("'([^']*[/\\\\]\\.kalvenor-trash[/\\\\][^'/\\\\]+)'"));
+    const auto in = [](const QTextBlock& line) { return folder.match(line.text()).captured(1); };
+    const QTextBlock here = m_box->textCursor().block();
+    for (QTextBlock line = here; line.isValid(); line = line.next())
+        if (const QString found = in(line); !found.isEmpty())
+            return found;
+    for (QTextBlock line = here.previous(); line.isValid(); line = line.previous())
+        if (const QString found = in(line); !found.isEmpty())
+            return found;
+    return {};
 }
 
 void LogPane::reveal(const LogSearch::Hit& hit, qsizetype length) {

@@ -38,6 +38,9 @@ class LogPane final : public QWidget {
     void CancelSearch() { m_search.Cancel(); }
     /// "" when more than a line is selected.
     [[nodiscard]] QString SelectedText() const;
+    /// The folder in the trash that the run at the caret names at its end; else that of the run before; "" for none
+    /// among the lines in the box.
+    [[nodiscard]] QString KeptFolder() const;
 
   Q_SIGNALS:
     /// The user has scrolled away from the end.

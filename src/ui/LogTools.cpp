@@ -3,6 +3,7 @@
 #include "FormParts.h"
 #include "StringTable.h"
 #include <QHBoxLayout>
+#include <QPushButton>
 #include <QSignalBlocker>
 
 namespace {
@@ -32,6 +33,12 @@ LogTools::LogTools(const StringTable& texts) {
         m_kinds.emplace_back(one.kind, box);
     }
     row->addStretch();
+    auto* undo = new QPushButton(texts[Text::UndoThisRun]);
+    undo->setObjectName(QStringLiteral("cmdUndoRun"));
+    undo->setAutoDefault(false);
+    undo->setToolTip(texts[Text::UndoThisRunTip]);
+    connect(undo, &QPushButton::clicked, this, &LogTools::UndoWanted);
+    row->addWidget(undo);
     m_follow = FormParts::CheckBox("chkFollow", texts[Text::FollowEnd]);
     row->addWidget(m_follow);
     connect(m_follow, &QCheckBox::toggled, this, &LogTools::FollowChosen);

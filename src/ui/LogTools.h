@@ -1,5 +1,5 @@
-// The row above a log: which kinds of lines are shown, and whether its end is followed. Owns its boxes and nothing
-// else.
+// The row above a log: which kinds of lines are shown, whether its end is followed, and the way to undo a run. Owns its
+// controls and nothing else.
 #pragma once
 
 #include "LogKinds.h"
@@ -22,6 +22,7 @@ class LogTools final : public QWidget {
   Q_SIGNALS:
     void KindsChosen(LogKindSet kinds);
     void FollowChosen(bool follows);
+    void UndoWanted();
 
   private:
     [[nodiscard]] LogKindSet chosen() const;

@@ -52,6 +52,7 @@ void frmLogFile::becomeWindow(QBoxLayout& all) {
 
     connect(m_tools, &LogTools::KindsChosen, m_pane, &LogPane::ShowOnly);
     connect(m_tools, &LogTools::FollowChosen, m_pane, &LogPane::Follow);
+    connect(m_tools, &LogTools::UndoWanted, this, [this] { Q_EMIT UndoWanted(m_pane->KeptFolder()); });
     connect(m_pane, &LogPane::FollowEnded, m_tools, [this] { m_tools->SetFollows(false); });
     connect(m_pane, &LogPane::SearchEnded, m_search, &LogSearchBar::Say);
     connect(m_pane, &LogPane::Noticed, notice, [notice](const QString& text) {

@@ -34,6 +34,10 @@ class frmLogFile final : public QDialog {
     /// end, and what comes.
     void ShowAt(std::optional<qint64> position);
 
+  Q_SIGNALS:
+    /// By the user, for the run whose deleted and replaced files are in this folder; "" where the log names none.
+    void UndoWanted(const QString& keptFolder);
+
   protected:
     void keyPressEvent(QKeyEvent* event) override;
 

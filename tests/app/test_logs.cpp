@@ -11,12 +11,14 @@
 #include "SyncTexts.h"
 #include "SystemWorld.h"
 #include "Table.h"
+#include "UndoCommand.h"
 #include "frmLogFile.h"
 #include <QCheckBox>
 #include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QRegularExpression>
 #include <QScrollBar>
 #include <QTextBlock>
@@ -43,14 +45,16 @@ struct Scene : ProgramFixture {
     }
 
     DialogHost dialogs;
-    LogWindows windows{texts};
-    LogCommands logs{startWithActivities(), dialogs, windows};
+    UndoCommand undo{startWithActivities()};
+    LogWindows windows{texts, [this](const QString& kept) { undo.UndoRun(kept); }};
+    LogCommands logs{*program, dialogs, windows};
 
   private:
     Program& startWithActivities() {
         for (const char* name : {"A", "B", "C"})
             Add(QLatin1String(name));
         Add(u"None"_qs, {{u"logfile"_qs, u" "_qs}});
+        Add(u"Keeps"_qs, {{u"action"_qs, u"3"_qs}, {u"keepdays"_qs, u"3"_qs}});
         return Start();
     }
 };
@@ -389,6 +393,31 @@ class TestLogs : public QObject {
         QCOMPARE(Scene::Windows().size(), 2);
         scene.windows.CloseAll();
         QCOMPARE(Scene::Windows().size(), 0);
+    }
+
+    void undoesTheRunAtTheCaret() {
+        Scene scene;
+        for (const char* surplus : {"first", "second"}) {
+            scene.Write(u"dst/"_qs + QLatin1String(surplus), "1");
+            QVERIFY(scene.program->RunNow(u"Keeps"_qs).Succeeded());
+        }
+        frmLogFile& window = scene.Show(u"Keeps.log"_qs, 0); // in the lines of the first run
+        QTRY_VERIFY(!textOf(window).toPlainText().isEmpty());
+        auto& undo = Find<QPushButton>(window, "cmdUndoRun");
+        const auto boxes = [&](bool yes) {
+            scene.prompter.yes = yes;
+            scene.prompter.shown.clear();
+            undo.click();
+            QCoreApplication::processEvents();
+            return scene.prompter.shown.size();
+        };
+        QCOMPARE(boxes(false), 1U);
+        QVERIFY(!scene.Exists(u"dst/first"_qs));
+        QCOMPARE(boxes(true), 2U);
+        QVERIFY(scene.Exists(u"dst/first"_qs) && !scene.Exists(u"dst/second"_qs));
+        QVERIFY(scene.prompter.shown.back().text.startsWith(u"1 "_qs));
+        QCOMPARE(boxes(true), 1U); // nothing is kept there any more
+        scene.windows.CloseAll();
     }
 
     void choosesTheLog() {

@@ -5,7 +5,8 @@
 #include <algorithm>
 #include <system_error>
 
-LogWindows::LogWindows(const StringTable& texts) : m_texts(texts) {}
+LogWindows::LogWindows(const StringTable& texts, std::function<void(const QString&)> undo)
+    : m_texts(texts), m_undo(std::move(undo)) {}
 
 LogWindows::~LogWindows() = default;
 
@@ -35,6 +36,8 @@ frmLogFile& LogWindows::windowOf(const std::filesystem::path& log) {
     // Its own event may still be on the stack.
     QObject::connect(
         form.get(), &QDialog::finished, &m_context, [this] { dropClosed(); }, Qt::QueuedConnection);
+    // Closing the window during the undo must not take its event's sender away.
+    QObject::connect(form.get(), &frmLogFile::UndoWanted, &m_context, m_undo, Qt::QueuedConnection);
     form->SetFile(log);
     return *m_windows.emplace_back(Window{log, std::move(form)}).form;
 }

@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -14,7 +15,8 @@ class frmLogFile;
 
 class LogWindows final {
   public:
-    explicit LogWindows(const StringTable& texts);
+    /// `undo` gets what frmLogFile::UndoWanted tells.
+    LogWindows(const StringTable& texts, std::function<void(const QString& keptFolder)> undo);
     ~LogWindows();
     LogWindows(const LogWindows&) = delete;
     LogWindows& operator=(const LogWindows&) = delete;
@@ -34,6 +36,7 @@ class LogWindows final {
     void dropClosed();
 
     const StringTable& m_texts;
+    std::function<void(const QString&)> m_undo;
     std::shared_ptr<const LogKinds> m_kinds;
     QObject m_context; ///< of what is done a moment later
     std::vector<Window> m_windows;

@@ -50,7 +50,9 @@ frmMain::frmMain(Program& program, const Tools& tools)
       m_lastFiles(m_menu.LastFiles(), m_files.Last(), program.File(), program.Texts(),
                   [this](const QString& path) { perform([&] { m_files.ImportFile(path); }); }),
       m_example(program, m_activities, *m_view, tools.picker), m_help(program, tools.dialogs),
-      m_options(program, tools.dialogs, tools.picker, m_help), m_logWindows(program.Texts()),
+      m_options(program, tools.dialogs, tools.picker, m_help), m_undo(program),
+      m_logWindows(program.Texts(),
+                   [this](const QString& folder) { runNow([this, folder] { m_undo.UndoRun(folder); }); }),
       m_logs(program, tools.dialogs, m_logWindows), m_search(program, tools.dialogs, *m_view),
       m_system(program, tools.dialogs), m_waiter(program, this), m_commands(commandTable()) {
     setObjectName(QStringLiteral("frmMain"));

@@ -20,6 +20,7 @@
 #include "StatusPanel.h"
 #include "SystemCommands.h"
 #include "TrayIcon.h"
+#include "UndoCommand.h"
 #include "WindowPlacement.h"
 #include <QMainWindow>
 #include <functional>
@@ -99,6 +100,7 @@ class frmMain final : public QMainWindow, private StartUpFace {
     ExampleCommand m_example;
     HelpCommands m_help;
     OptionsCommand m_options;
+    UndoCommand m_undo;
     LogWindows m_logWindows;
     LogCommands m_logs;
     SearchCommands m_search;
