@@ -105,7 +105,10 @@ class ModelDisk final {
 class World final {
   public:
     World() {
-        m_program.Add(A, {{u"extensions"_qs, QString()}, {u"alert"_qs, QString()}, {u"logfile"_qs, QString()}, {u"keepdays"_qs, QString()}});
+        m_program.Add(A, {{u"extensions"_qs, QString()},
+                          {u"alert"_qs, QString()},
+                          {u"logfile"_qs, QString()},
+                          {u"keepdays"_qs, QString()}});
         m_program.Start().OnLogLine([this](const QString& text, bool) {
             const QString start = m_program.texts[Text::TransferFrom];
             const qsizetype from = text.indexOf(start) + start.size();
