@@ -28,7 +28,7 @@ _kalvenor_run()
         fi
     done
     if [[ $cur == -* ]]; then
-        mapfile -t COMPREPLY < <(compgen -W '--dry-run --json --new-drive --help --version' -- "$cur")
+        mapfile -t COMPREPLY < <(compgen -W '--dry-run --json --new-drive --run --undo --help --version' -- "$cur")
         return
     fi
     if [[ -z $file ]]; then
