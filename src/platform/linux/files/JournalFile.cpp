@@ -12,7 +12,8 @@ std::error_code JournalFile::Create(const Folder& folder, const std::filesystem:
 }
 
 std::error_code JournalFile::Write(std::string_view text) {
-    const std::string bytes = (m_isTorn ? "\n" : "") + std::string(text);
+    std::string bytes(m_isTorn ? 1U : 0U, '\n');
+    bytes += text;
     m_isTorn = true;
     for (std::size_t done = 0; done < bytes.size();) {
         const ssize_t count = ::write(m_file.Get(), bytes.data() + done, bytes.size() - done);

@@ -16,7 +16,8 @@ std::error_code JournalFile::Create(const Folder& folder, const std::filesystem:
 }
 
 std::error_code JournalFile::Write(std::string_view text) {
-    const std::string bytes = (m_isTorn ? "\n" : "") + std::string(text);
+    std::string bytes(m_isTorn ? 1U : 0U, '\n');
+    bytes += text;
     m_isTorn = true;
     DWORD written = 0;
     if (!WriteFile(m_file.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr))
