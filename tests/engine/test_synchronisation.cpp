@@ -11,6 +11,42 @@ const QString dst = u"dst"_qs;
 constexpr qint64 early = 1'600'000'000;
 constexpr qint64 same = 1'650'000'000;
 constexpr qint64 late = 1'700'000'000;
+const QString transcript = uR"(Activity 'Mirror' - Monitoring in process ...
+Activity 'Mirror' - Checking starts ...
+Activity 'Mirror' - Copy '~/src/newer' [14.11.2023 22:13:20] to '~/dst/newer' [13.09.2020 12:26:40] and overwrite with newer file ...
+Activity 'Mirror' - Deleting file '~/dst/surplus' ...
+Activity 'Mirror' - Copy file '~/src/new' [14.11.2023 22:13:20] to '~/dst/new'
+Activity 'Mirror' - File '~/src/newer' [14.11.2023 22:13:20] older/equal as/to file '~/dst/newer' [14.11.2023 22:13:20]
+Activity 'Mirror' - File '~/src/older' [13.09.2020 12:26:40] older/equal as/to file '~/dst/older' [14.11.2023 22:13:20]
+Activity 'Mirror' - Copying directory '~/src/sub' to '~/dst/sub
+Activity 'Mirror' - Deleting directory '~/dst/old
+Activity 'Mirror' - Checking finished.
+Activity 'Mirror' - idle
+Activity 'Move' - Monitoring in process ...
+Activity 'Move' - Checking starts ...
+Activity 'Move' - Move file '~/from/moved' [14.11.2023 22:13:20] to '~/dst/moved'
+Activity 'Move' - Checking finished.
+Activity 'Move' - idle
+Activity 'Report' - Monitoring in process ...
+Activity 'Report' - Checking starts ...
+Activity 'Report' - Change detected - - No action selected! (~/src/new) 
+Activity 'Report' - Change detected - - No action selected! (~/src/newer) 
+Activity 'Report' - Change detected - - No action selected! (~/src/older) 
+Activity 'Report' - Change detected - - No action selected! (~/src/sub/new) 
+Activity 'Report' - Checking finished.
+Activity 'Report' - idle
+Activity 'Missing' - Monitoring in process ...
+Activity 'Missing' - Checking starts ...
+Activity 'Missing' - Directory '~/none' not found, monitoring stopped automatically.
+Activity 'Missing' - idle
+Directory '~/none' not found, monitoring 'Missing' automatically stopped.
+moved: from/moved
+new: src/new
+newer: src/newer
+older: newer
+sub: <dir>
+sub/new: src/sub/new
+)"_qs;
 } // namespace
 
 // What a run says, asks and starts, and when it does nothing. What it does to the two trees is test_model's.
@@ -196,6 +232,34 @@ class TestSynchronisation final : public QObject {
         QVERIFY(program.RunNow(A).interrupted);
         QVERIFY(Tree(fixture.Path(dst)).isEmpty());
         QVERIFY(fixture.Exists(u"src/large"_qs));
+    }
+
+    // Whoever uses none of the safety settings, no summary and no notices gets the logs and files of ever.
+    void nothingShowsOfWhatIsNotUsed() {
+        ProgramFixture fixture;
+        fixture.Add(u"Mirror"_qs, {{u"action"_qs, u"3"_qs}});
+        fixture.Add(u"Move"_qs, {{u"action"_qs, u"1"_qs}, {u"sourcedir"_qs, fixture.Folder(u"from"_qs)}});
+        fixture.Add(u"Report"_qs, {{u"action"_qs, u"2"_qs}});
+        fixture.Add(u"Missing"_qs, {{u"sourcedir"_qs, fixture.Path(u"none"_qs)}});
+        for (const auto* file : {"src/new", "src/newer", "src/sub/new", "from/moved"})
+            fixture.Write(QLatin1String(file), file, 1'700'000'000);
+        for (const auto* file : {"dst/newer", "src/older", "dst/surplus", "dst/old/sub/surplus"})
+            fixture.Write(QLatin1String(file), file, 1'600'000'000);
+        fixture.Write(u"dst/older"_qs, "newer", 1'700'000'000);
+        Program& program = fixture.Start();
+        fixture.Write(u"app.log"_qs, {});
+        QByteArray all;
+        for (const QString& name : program.File().Names()) {
+            std::ignore = program.RunNow(name);
+            all += fixture.Read(name + u".log"_qs);
+        }
+        all += fixture.Read(u"app.log"_qs);
+        const QMap<QString, QByteArray> tree = Tree(fixture.Path(u"dst"_qs));
+        for (auto entry = tree.begin(); entry != tree.end(); ++entry)
+            all += entry.key().toUtf8() + ": " + entry.value() + "\n";
+        QString text = QString::fromLocal8Bit(all).replace(fixture.Path(), u"~"_qs).remove(u'\r');
+        text.remove(QRegularExpression(u"(?m)^-> \\[[^\\]]*\\] "_qs)).replace(u'\\', u'/');
+        QCOMPARE(text.split(u'\n'), transcript.split(u'\n'));
     }
 };
 
