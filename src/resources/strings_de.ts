@@ -1928,7 +1928,7 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
     </message>
     <message id="901">
         <source>Bring back what the run of %1 of '%2' deleted and replaced in '%3'? Files that were changed since then stay as they are.</source>
-        <translation>Zurückholen, was der Lauf vom %1 von '%2' in '%3' gelöscht und ersetzt hat? Seitdem geänderte Dateien bleiben, wie sie sind.</translation>
+        <translation>Zurückholen, was der Lauf vom %1 von '%2' in '%3' gelöscht und ersetzt hat? Seitdem geänderte Dateien bleiben, wie sie sind. Ein Spiegeln löscht beim nächsten Lauf wieder, was seiner Quelle fehlt.</translation>
     </message>
     <message id="902">
         <source>This part of the log names no run whose files are kept. An activity keeps what it deletes and replaces when its safety settings say so.</source>

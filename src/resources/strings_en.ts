@@ -2407,7 +2407,7 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
     </message>
     <message id="901">
         <source>Bring back what the run of %1 of '%2' deleted and replaced in '%3'? Files that were changed since then stay as they are.</source>
-        <translation>Bring back what the run of %1 of '%2' deleted and replaced in '%3'? Files that were changed since then stay as they are.</translation>
+        <translation>Bring back what the run of %1 of '%2' deleted and replaced in '%3'? Files that were changed since then stay as they are. A mirror deletes again at its next run what its source lacks.</translation>
         <extra-name>UndoQuestion</extra-name>
     </message>
     <message id="902">
