@@ -6,6 +6,7 @@
 #include <QString>
 #include <system_error>
 
+class RunBrake;
 class StringTable;
 enum class RunEnd;
 struct Message;
@@ -37,6 +38,10 @@ class SyncTexts final {
     [[nodiscard]] QString NestedRoot(const QString& path) const;
     [[nodiscard]] QString TooDeep(const QString& path) const;
     [[nodiscard]] QString EndedEarly(RunEnd reason) const;
+
+    /// Why a run that would delete or replace too much is not begun, and the question before.
+    [[nodiscard]] QString HeldByBrake(const RunBrake& brake) const;
+    [[nodiscard]] Message BrakeQuestion(const QString& name, const RunBrake& brake) const;
 
     /// A locked file has a text of its own; any other error is named by the system's number.
     [[nodiscard]] QString Failure(const QString& source, std::error_code error) const;

@@ -1882,5 +1882,25 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <source>deleted: %1</source>
         <translation>gelöscht: %1</translation>
     </message>
+    <message id="830">
+        <source>Run ended early: it was about to delete or replace more files than it may. They are as they were.</source>
+        <translation>Lauf vorzeitig beendet: Er hätte mehr Dateien gelöscht oder ersetzt, als er darf. Sie sind unverändert.</translation>
+    </message>
+    <message id="831">
+        <source>'%1' would delete %2 and replace %3 of the %4 files that it finds at the destination (%5 %).
+
+Run anyway?</source>
+        <translation>'%1' würde %2 löschen und %3 ersetzen von den %4 Dateien, die am Ziel stehen (%5 %).
+
+Trotzdem ausführen?</translation>
+    </message>
+    <message id="832">
+        <source>Many files would be deleted or replaced</source>
+        <translation>Viele Dateien würden gelöscht oder ersetzt</translation>
+    </message>
+    <message id="833">
+        <source>The run is held: it would delete %1 and replace %2 of the %3 files that it finds at the destination (%4 %), more than it may unasked. "Start activity immediately" asks.</source>
+        <translation>Der Lauf wird zurückgehalten: Er würde %1 löschen und %2 ersetzen von den %3 Dateien, die am Ziel stehen (%4 %), mehr als er ungefragt darf. "Aktivität sofort starten" fragt.</translation>
+    </message>
 </context>
 </TS>

@@ -2350,5 +2350,29 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <translation>deleted: %1</translation>
         <extra-name>ResultDeleted</extra-name>
     </message>
+    <message id="830">
+        <source>Run ended early: it was about to delete or replace more files than it may. They are as they were.</source>
+        <translation>Run ended early: it was about to delete or replace more files than it may. They are as they were.</translation>
+        <extra-name>EndedByBrake</extra-name>
+    </message>
+    <message id="831">
+        <source>'%1' would delete %2 and replace %3 of the %4 files that it finds at the destination (%5 %).
+
+Run anyway?</source>
+        <translation>'%1' would delete %2 and replace %3 of the %4 files that it finds at the destination (%5 %).
+
+Run anyway?</translation>
+        <extra-name>BrakeQuestion</extra-name>
+    </message>
+    <message id="832">
+        <source>Many files would be deleted or replaced</source>
+        <translation>Many files would be deleted or replaced</translation>
+        <extra-name>BrakeTitle</extra-name>
+    </message>
+    <message id="833">
+        <source>The run is held: it would delete %1 and replace %2 of the %3 files that it finds at the destination (%4 %), more than it may unasked. "Start activity immediately" asks.</source>
+        <translation>The run is held: it would delete %1 and replace %2 of the %3 files that it finds at the destination (%4 %), more than it may unasked. "Start activity immediately" asks.</translation>
+        <extra-name>RunHeldByBrake</extra-name>
+    </message>
 </context>
 </TS>
