@@ -4,6 +4,7 @@
 #include "ActivityLogs.h"
 #include "Clock.h"
 #include "DriveGuard.h"
+#include "DriveMark.h"
 #include "EngineLock.h"
 #include "OwnPlaces.h"
 #include "Prompter.h"
@@ -20,6 +21,16 @@ namespace {
 /// Any other failure (no permission, no descriptors left) may be gone at the next try.
 bool isMissing(std::error_code error) {
     return error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory;
+}
+
+/// An activity that only reports needs no destination.
+bool needsNoDestination(const RunIdentity& run) {
+    return run.destination.trimmed().isEmpty() && run.action == u"2";
+}
+
+/// A folder that is not there may be on the drive that is not there.
+bool isOffItsDrive(const Folder* folder, std::error_code error, const QString& mark) {
+    return folder != nullptr ? !DriveMark::Fits(mark, folder->Drive()) : isMissing(error);
 }
 } // namespace
 
@@ -54,6 +65,11 @@ RunPlan ChangeDetection::PlanActivity(const QString& name) {
     if (!mayRun(name, RunStarter::User))
         return plan;
     const Roots roots = open(plan.run);
+    if (const std::optional<QString> held = offItsDrive(plan.run, roots)) {
+        plan.outcome.held = true;
+        plan.outcome.reason = *held;
+        return plan;
+    }
     if (!roots.source || !roots.destination) {
         const std::error_code error = roots.source ? roots.destinationError : roots.sourceError;
         const QString& directory = roots.source ? plan.run.destination : plan.run.source;
@@ -76,9 +92,8 @@ RunPlan ChangeDetection::PlanActivity(const QString& name) {
 ChangeDetection::Roots ChangeDetection::open(const RunIdentity& run) {
     Roots roots;
     roots.source = m_services.fileSystem.OpenFolder(modNativePath::Absolute(run.source), roots.sourceError);
-    // An activity that only reports needs no destination; nothing is changed in the directory used instead.
-    const bool needsNone = run.destination.trimmed().isEmpty() && run.action == u"2";
-    const QString destination = needsNone ? QStringLiteral(".") : run.destination;
+    // Nothing is changed in the directory used instead.
+    const QString destination = needsNoDestination(run) ? QStringLiteral(".") : run.destination;
     roots.destination = m_services.fileSystem.OpenFolder(modNativePath::Absolute(destination), roots.destinationError);
     return roots;
 }
@@ -122,6 +137,8 @@ RunOutcome ChangeDetection::work(const RunIdentity& identity, const Order& order
 }
 
 std::optional<RunOutcome> ChangeDetection::findHold(const RunIdentity& run, NewDrive newDrive, const Roots& roots) {
+    if (const std::optional<QString> held = offItsDrive(run, roots))
+        return hold(run.name, *held, m_services.runState.Held().value(run.name) == *held);
     const bool wasHeld = m_drives.IsHeld(run);
     if (!roots.source || !roots.destination || newDrive == NewDrive::Ok || (newDrive == NewDrive::OkIfTold && wasHeld))
         return std::nullopt;
@@ -129,6 +146,22 @@ std::optional<RunOutcome> ChangeDetection::findHold(const RunIdentity& run, NewD
     if (!directory)
         return std::nullopt;
     return hold(run.name, m_services.texts[Text::RunHeld].arg(*directory), wasHeld);
+}
+
+/// Why an activity that runs on its own drives only cannot run now.
+std::optional<QString> ChangeDetection::offItsDrive(const RunIdentity& run, const Roots& roots) const {
+    const auto read = [&](ActivityField field) { return m_services.file.Read(run.name, field); };
+    if (read(ActivityField::OnlyOnDrives) != u"1")
+        return std::nullopt;
+    const QString from = read(ActivityField::SourceDrive);
+    const QString to = read(ActivityField::TargetDrive);
+    const bool isSourceOff = isOffItsDrive(roots.source.get(), roots.sourceError, from);
+    if (!isSourceOff &&
+        (needsNoDestination(run) || !isOffItsDrive(roots.destination.get(), roots.destinationError, to)))
+        return std::nullopt;
+    const QString drive = DriveMark::Spoken(isSourceOff ? from : to);
+    return m_services.texts[Text::RunHeldByDrive].arg(isSourceOff ? run.source : run.destination,
+                                                      drive.isEmpty() ? m_services.texts[Text::DriveNotKnown] : drive);
 }
 
 /// Says so once; after that only the row shows it, so that no log is filled at every tick.

@@ -43,6 +43,7 @@ class ChangeDetection final {
     [[nodiscard]] std::optional<RunOutcome> findHold(const RunIdentity& run, NewDrive newDrive, const Roots& roots);
     [[nodiscard]] std::optional<RunOutcome> askBrake(const RunIdentity& run, const Order& order, Roots& roots,
                                                      RunBrake& brake);
+    [[nodiscard]] std::optional<QString> offItsDrive(const RunIdentity& run, const Roots& roots) const;
     RunOutcome hold(const QString& name, const QString& reason, bool isKnown);
     [[nodiscard]] ActivityRecord recordOf(const QString& name) const;
     [[nodiscard]] bool mayRun(const QString& name, RunStarter starter) const;

@@ -1902,5 +1902,13 @@ Trotzdem ausführen?</translation>
         <source>The run is held: it would delete %1 and replace %2 of the %3 files that it finds at the destination (%4 %), more than it may unasked. "Start activity immediately" asks.</source>
         <translation>Der Lauf wird zurückgehalten: Er würde %1 löschen und %2 ersetzen von den %3 Dateien, die am Ziel stehen (%4 %), mehr als er ungefragt darf. "Aktivität sofort starten" fragt.</translation>
     </message>
+    <message id="834">
+        <source>The run is held: '%1' is not on the drive that the activity was saved for: %2. The tab "Safety" of its properties tells more.</source>
+        <translation>Der Lauf wird zurückgehalten: '%1' liegt nicht auf dem Laufwerk, für das die Aktivität gespeichert wurde: %2. Mehr zeigt das Register "Sicherheit" ihrer Eigenschaften.</translation>
+    </message>
+    <message id="835">
+        <source>unknown</source>
+        <translation>unbekannt</translation>
+    </message>
 </context>
 </TS>

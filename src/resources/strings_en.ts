@@ -2374,5 +2374,15 @@ Run anyway?</translation>
         <translation>The run is held: it would delete %1 and replace %2 of the %3 files that it finds at the destination (%4 %), more than it may unasked. "Start activity immediately" asks.</translation>
         <extra-name>RunHeldByBrake</extra-name>
     </message>
+    <message id="834">
+        <source>The run is held: '%1' is not on the drive that the activity was saved for: %2. The tab "Safety" of its properties tells more.</source>
+        <translation>The run is held: '%1' is not on the drive that the activity was saved for: %2. The tab "Safety" of its properties tells more.</translation>
+        <extra-name>RunHeldByDrive</extra-name>
+    </message>
+    <message id="835">
+        <source>unknown</source>
+        <translation>unknown</translation>
+        <extra-name>DriveNotKnown</extra-name>
+    </message>
 </context>
 </TS>
