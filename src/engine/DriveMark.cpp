@@ -27,6 +27,11 @@ bool DriveMark::Fits(const QString& mark, const DriveFacts& drive) {
     return !key.isEmpty() && (mark == key || mark.startsWith(key + separator));
 }
 
+/// A name alone may have been changed.
+bool DriveMark::IsSame(const QString& one, const QString& other) {
+    return !one.isEmpty() && one.section(separator, 0, 1) == other.section(separator, 0, 1);
+}
+
 QString DriveMark::Spoken(const QString& mark) {
     const QString identity = mark.section(separator, 0, 0);
     const QString mountPoint = mark.section(separator, 1, 1);

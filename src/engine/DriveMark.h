@@ -12,6 +12,9 @@ namespace DriveMark {
 /// False where one of the two is not known.
 [[nodiscard]] bool Fits(const QString& mark, const DriveFacts& drive);
 
+/// The same of two marks.
+[[nodiscard]] bool IsSame(const QString& one, const QString& other);
+
 /// "MOUNT POINT (NAME)"; empty for an empty mark.
 [[nodiscard]] QString Spoken(const QString& mark);
 
