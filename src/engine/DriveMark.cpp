@@ -33,7 +33,7 @@ bool DriveMark::IsSame(const QString& one, const QString& other) {
 }
 
 QString DriveMark::Spoken(const QString& mark) {
-    const QString identity = mark.section(separator, 0, 0);
+    QString identity = mark.section(separator, 0, 0);
     const QString mountPoint = mark.section(separator, 1, 1);
     const QString name = mark.section(separator, 2);
     if (mountPoint.isEmpty())

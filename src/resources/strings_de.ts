@@ -1943,8 +1943,8 @@ Trotzdem ausführen?</translation>
         <translation>Fragen, bevor ein Lauf mehr löscht oder ersetzt als</translation>
     </message>
     <message id="844">
-        <source>or more than</source>
-        <translation>oder mehr als</translation>
+        <source>or more percent than</source>
+        <translation>oder mehr Prozent als</translation>
     </message>
     <message id="845">
         <source>files</source>

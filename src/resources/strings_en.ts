@@ -2425,8 +2425,8 @@ Run anyway?</translation>
         <extra-name>AskFilesCaption</extra-name>
     </message>
     <message id="844">
-        <source>or more than</source>
-        <translation>or more than</translation>
+        <source>or more percent than</source>
+        <translation>or more percent than</translation>
         <extra-name>AskPercentCaption</extra-name>
     </message>
     <message id="845">

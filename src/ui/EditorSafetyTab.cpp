@@ -28,8 +28,14 @@ EditorSafetyTab::EditorSafetyTab(const EditorServices& services)
     : m_texts(services.texts), m_source(new DriveLine("lblSourceDrive", services.texts)),
       m_target(new DriveLine("lblTargetDrive", services.texts)) {
     auto* all = new QVBoxLayout(this);
-    all->addWidget(buildKept());
-    all->addWidget(buildBrake());
+    QSpinBox* days = number("spnKeepDays", mostDays, m_texts[Text::DaysUnit], Text::KeepNot, ActivityField::KeepDays);
+    QSpinBox* files =
+        number("spnAskFiles", mostFiles, m_texts[Text::FilesUnit], Text::AskNever, ActivityField::AskFiles);
+    QSpinBox* percent =
+        number("spnAskPercent", mostPercent, QStringLiteral("%"), Text::AskNever, ActivityField::AskPercent);
+    all->addWidget(buildNumbers(Text::KeptFiles, {{Text::KeepFor, days}}, Text::KeepHint));
+    all->addWidget(buildNumbers(Text::BrakeGroup, {{Text::AskFilesCaption, files}, {Text::AskPercentCaption, percent}},
+                                Text::AskHint));
     all->addWidget(buildDrives());
     all->addStretch(1);
 }
@@ -44,32 +50,17 @@ QSpinBox* EditorSafetyTab::number(const char* name, int most, const QString& uni
     return box;
 }
 
-QGroupBox* EditorSafetyTab::buildKept() {
-    QGroupBox* group = FormParts::Group(m_texts[Text::KeptFiles]);
-    QSpinBox* days = number("spnKeepDays", mostDays, m_texts[Text::DaysUnit], Text::KeepNot, ActivityField::KeepDays);
+QGroupBox* EditorSafetyTab::buildNumbers(Text title, const QList<std::pair<Text, QSpinBox*>>& boxes, Text hint) {
+    QGroupBox* group = FormParts::Group(m_texts[title]);
     auto* grid = new QGridLayout(group);
     grid->setHorizontalSpacing(12);
     grid->setColumnStretch(2, 1);
-    grid->addWidget(FormParts::Label(m_texts[Text::KeepFor], *days), 0, 0);
-    grid->addWidget(days, 0, 1);
-    grid->addWidget(explanation(m_texts[Text::KeepHint]), 1, 0, 1, 3);
-    return group;
-}
-
-QGroupBox* EditorSafetyTab::buildBrake() {
-    QGroupBox* group = FormParts::Group(m_texts[Text::BrakeGroup]);
-    QSpinBox* files =
-        number("spnAskFiles", mostFiles, m_texts[Text::FilesUnit], Text::AskNever, ActivityField::AskFiles);
-    QSpinBox* percent =
-        number("spnAskPercent", mostPercent, QStringLiteral("%"), Text::AskNever, ActivityField::AskPercent);
-    auto* grid = new QGridLayout(group);
-    grid->setHorizontalSpacing(12);
-    grid->setColumnStretch(2, 1);
-    grid->addWidget(FormParts::Label(m_texts[Text::AskFilesCaption], *files), 0, 0);
-    grid->addWidget(files, 0, 1);
-    grid->addWidget(FormParts::Label(m_texts[Text::AskPercentCaption], *percent), 1, 0);
-    grid->addWidget(percent, 1, 1);
-    grid->addWidget(explanation(m_texts[Text::AskHint]), 2, 0, 1, 3);
+    for (const auto& [caption, box] : boxes) {
+        const int row = grid->rowCount();
+        grid->addWidget(FormParts::Label(m_texts[caption], *box), row, 0);
+        grid->addWidget(box, row, 1);
+    }
+    grid->addWidget(explanation(m_texts[hint]), grid->rowCount(), 0, 1, 3);
     return group;
 }
 

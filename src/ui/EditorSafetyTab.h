@@ -3,7 +3,9 @@
 #pragma once
 
 #include "RecordBindings.h"
+#include <QList>
 #include <QWidget>
+#include <utility>
 
 class DriveLine;
 class QGroupBox;
@@ -24,8 +26,7 @@ class EditorSafetyTab final : public QWidget {
     void LookAtDrives(const ActivityRecord& record);
 
   private:
-    [[nodiscard]] QGroupBox* buildKept();
-    [[nodiscard]] QGroupBox* buildBrake();
+    [[nodiscard]] QGroupBox* buildNumbers(Text title, const QList<std::pair<Text, QSpinBox*>>& boxes, Text hint);
     [[nodiscard]] QGroupBox* buildDrives();
     [[nodiscard]] QSpinBox* number(const char* name, int most, const QString& unit, Text none, ActivityField field);
 
