@@ -205,7 +205,7 @@ std::optional<RunOutcome> ChangeDetection::askBrake(const RunIdentity& run, cons
     const auto refused = m_refused.find(key);
     const bool isRefused =
         order.starter == RunStarter::Schedule && refused != m_refused.end() && refused->second == record;
-    const QString held = m_tools.texts.HeldByBrake(brake);
+    const QString held = m_tools.texts.HeldByBrake(run.name, brake);
     if (isRefused)
         return hold(run.name, held, true);
     m_refused[key] = record; // a tick in the box must not ask a second time
@@ -216,7 +216,7 @@ std::optional<RunOutcome> ChangeDetection::askBrake(const RunIdentity& run, cons
         return RunOutcome{.interrupted = true};
     if (RunIdentity::Of(m_services.file, run.name) != run || recordOf(run.name) != record) {
         const QString reason = m_tools.texts.EndedEarly(RunEnd::RecordChanged);
-        m_tools.logs.WriteAppLog(reason);
+        m_tools.logs.WriteAppLog(u'\'' + run.name + u"': " + reason);
         return RunOutcome{.failures = 1, .interrupted = true, .reason = reason};
     }
     if (answer != MessageAnswer::Yes)

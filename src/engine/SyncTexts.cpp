@@ -121,15 +121,18 @@ QString SyncTexts::EndedEarly(RunEnd reason) const {
     return {};
 }
 
-QString SyncTexts::HeldByBrake(const RunBrake& brake) const {
-    return m_texts[Text::RunHeldByBrake].arg(grouped(brake.Deleted()), grouped(brake.Replaced()),
-                                             grouped(brake.FoundFiles()), grouped(brake.Percent()));
+QString SyncTexts::withCounts(Text text, const QString& name, const RunBrake& brake) const {
+    return m_texts[text].arg(name, grouped(brake.Deleted()), grouped(brake.Replaced()), grouped(brake.FoundFiles()),
+                             grouped(brake.Percent()));
+}
+
+QString SyncTexts::HeldByBrake(const QString& name, const RunBrake& brake) const {
+    return withCounts(Text::RunHeldByBrake, name, brake);
 }
 
 Message SyncTexts::BrakeQuestion(const QString& name, const RunBrake& brake) const {
-    return {m_texts[Text::BrakeQuestion].arg(name, grouped(brake.Deleted()), grouped(brake.Replaced()),
-                                             grouped(brake.FoundFiles()), grouped(brake.Percent())),
-            m_texts[Text::BrakeTitle], MessageIcon::Exclamation, MessageButtons::YesNo};
+    return {withCounts(Text::BrakeQuestion, name, brake), m_texts[Text::BrakeTitle], MessageIcon::Exclamation,
+            MessageButtons::YesNo};
 }
 
 QString SyncTexts::Failure(const QString& source, std::error_code error) const {

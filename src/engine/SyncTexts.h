@@ -9,6 +9,7 @@
 class RunBrake;
 class StringTable;
 enum class RunEnd;
+enum class Text;
 struct Message;
 
 /// One of the two files of a pair.
@@ -40,7 +41,7 @@ class SyncTexts final {
     [[nodiscard]] QString EndedEarly(RunEnd reason) const;
 
     /// Why a run that would delete or replace too much is not begun, and the question before.
-    [[nodiscard]] QString HeldByBrake(const RunBrake& brake) const;
+    [[nodiscard]] QString HeldByBrake(const QString& name, const RunBrake& brake) const;
     [[nodiscard]] Message BrakeQuestion(const QString& name, const RunBrake& brake) const;
 
     /// A locked file has a text of its own; any other error is named by the system's number.
@@ -50,5 +51,7 @@ class SyncTexts final {
     [[nodiscard]] Message OverwriteQuestion(const FileSide& source, const FileSide& destination) const;
 
   private:
+    [[nodiscard]] QString withCounts(Text text, const QString& name, const RunBrake& brake) const;
+
     const StringTable& m_texts;
 };

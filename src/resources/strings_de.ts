@@ -1899,8 +1899,8 @@ Trotzdem ausführen?</translation>
         <translation>Viele Dateien würden gelöscht oder ersetzt</translation>
     </message>
     <message id="833">
-        <source>The run is held: it would delete %1 and replace %2 of the %3 files that it finds at the destination (%4 %), more than it may unasked. "Start activity immediately" asks.</source>
-        <translation>Der Lauf wird zurückgehalten: Er würde %1 löschen und %2 ersetzen von den %3 Dateien, die am Ziel stehen (%4 %), mehr als er ungefragt darf. "Aktivität sofort starten" fragt.</translation>
+        <source>The run of '%1' is held: it would delete %2 and replace %3 of the %4 files that it finds at the destination (%5 %), more than it may unasked. "Start activity immediately" asks.</source>
+        <translation>Der Lauf von '%1' wird zurückgehalten: Er würde %2 löschen und %3 ersetzen von den %4 Dateien, die am Ziel stehen (%5 %), mehr als er ungefragt darf. "Aktivität sofort starten" fragt.</translation>
     </message>
     <message id="834">
         <source>The run is held: '%1' is not on the drive that the activity was saved for: %2. The tab "Safety" of its properties tells more.</source>

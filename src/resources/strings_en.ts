@@ -2370,8 +2370,8 @@ Run anyway?</translation>
         <extra-name>BrakeTitle</extra-name>
     </message>
     <message id="833">
-        <source>The run is held: it would delete %1 and replace %2 of the %3 files that it finds at the destination (%4 %), more than it may unasked. "Start activity immediately" asks.</source>
-        <translation>The run is held: it would delete %1 and replace %2 of the %3 files that it finds at the destination (%4 %), more than it may unasked. "Start activity immediately" asks.</translation>
+        <source>The run of '%1' is held: it would delete %2 and replace %3 of the %4 files that it finds at the destination (%5 %), more than it may unasked. "Start activity immediately" asks.</source>
+        <translation>The run of '%1' is held: it would delete %2 and replace %3 of the %4 files that it finds at the destination (%5 %), more than it may unasked. "Start activity immediately" asks.</translation>
         <extra-name>RunHeldByBrake</extra-name>
     </message>
     <message id="834">

@@ -172,8 +172,8 @@ class TestSyncRun final : public QObject {
         fixture.Pass(std::chrono::seconds(20));
         QCOMPARE(fixture.prompter.shown.size(), 1U);
         QVERIFY(program.Monitoring().IsOn() && fixture.Runs(A) == 0 && fixture.Exists(u"dst/a"_qs));
-        QVERIFY(fixture.Status(A).startsWith(u"The run is held: it would delete 2"));
-        QCOMPARE(fixture.Read(u"app.log"_qs).count("The run is held"), 1);
+        QVERIFY(fixture.Status(A).startsWith(u"The run of 'A' is held: it would delete 2"));
+        QCOMPARE(fixture.Read(u"app.log"_qs).count("is held: it would"), 1);
         QCOMPARE(fixture.Log(A).size(), 2);
         const std::optional<RunResult> result = program.Results().Of(RunIdentity::Of(program.File(), A));
         QVERIFY(result && result->ending == RunEnding::Failed && result->reason == fixture.Status(A));

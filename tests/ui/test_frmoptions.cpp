@@ -9,6 +9,7 @@
 #include "StoreError.h"
 #include "clsGetSystemDirectoryPaths.h"
 #include "frmOptions.h"
+#include "modNativePath.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -379,7 +380,9 @@ class TestFrmOptions : public QObject {
     // and then it is not forgotten without a question.
     void drivesAreTakenAtOk() {
         EditorWorld world;
-        const auto markOf = [](const QString& path) { return DriveMark::Of(modDrive::Of(path.toStdString()).value()); };
+        const auto markOf = [](const QString& path) {
+            return DriveMark::Of(modDrive::Of(modNativePath::FromText(path)).value());
+        };
         const QString present = markOf(world.store.Path("cwd"));
         QVERIFY(!present.isEmpty());
         const QString former = q("id 1-2 | /former/stick | BACKUP");
