@@ -4,17 +4,33 @@
 #include "ActivityLogs.h"
 #include "Clock.h"
 #include "DriveGuard.h"
+#include "DriveMark.h"
 #include "EngineLock.h"
+#include "OwnPlaces.h"
+#include "Prompter.h"
+#include "RunBrake.h"
 #include "RunResults.h"
 #include "StringTable.h"
 #include "SyncTexts.h"
 #include "modLogTime.h"
 #include "modNativePath.h"
 
+#include <utility>
+
 namespace {
 /// Any other failure (no permission, no descriptors left) may be gone at the next try.
 bool isMissing(std::error_code error) {
     return error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory;
+}
+
+/// An activity that only reports needs no destination.
+bool needsNoDestination(const RunIdentity& run) {
+    return run.destination.trimmed().isEmpty() && run.action == u"2";
+}
+
+/// A folder that is not there may be on the drive that is not there.
+bool isOffItsDrive(const Folder* folder, std::error_code error, const QString& mark) {
+    return folder != nullptr ? !DriveMark::Fits(mark, folder->Drive()) : isMissing(error);
 }
 } // namespace
 
@@ -49,6 +65,11 @@ RunPlan ChangeDetection::PlanActivity(const QString& name) {
     if (!mayRun(name, RunStarter::User))
         return plan;
     const Roots roots = open(plan.run);
+    if (const std::optional<QString> held = offItsDrive(plan.run, roots)) {
+        plan.outcome.held = true;
+        plan.outcome.reason = *held;
+        return plan;
+    }
     if (!roots.source || !roots.destination) {
         const std::error_code error = roots.source ? roots.destinationError : roots.sourceError;
         const QString& directory = roots.source ? plan.run.destination : plan.run.source;
@@ -71,61 +92,138 @@ RunPlan ChangeDetection::PlanActivity(const QString& name) {
 ChangeDetection::Roots ChangeDetection::open(const RunIdentity& run) {
     Roots roots;
     roots.source = m_services.fileSystem.OpenFolder(modNativePath::Absolute(run.source), roots.sourceError);
-    // An activity that only reports needs no destination; nothing is changed in the directory used instead.
-    const bool needsNone = run.destination.trimmed().isEmpty() && run.action == u"2";
-    const QString destination = needsNone ? QStringLiteral(".") : run.destination;
+    // Nothing is changed in the directory used instead.
+    const QString destination = needsNoDestination(run) ? QStringLiteral(".") : run.destination;
     roots.destination = m_services.fileSystem.OpenFolder(modNativePath::Absolute(destination), roots.destinationError);
     return roots;
 }
 
 RunOutcome ChangeDetection::process(const RunIdentity& identity, const Order& order, RunState::Run& run) {
     const QString& name = identity.name;
-    const auto [source, sourceError, destination, error] = open(identity);
-    if (source && destination && isHeld(identity, order.newDrive, *source, *destination))
-        return {.failures = 1,
-                .interrupted = true,
-                .held = true,
-                .reason = m_services.runState.Held().value(name),
-                .logLine = endOfLog(name)};
+    Roots roots = open(identity);
+    if (std::optional<RunOutcome> held = findHold(identity, order.newDrive, roots))
+        return *held;
+    std::optional<RunBrake> brake;
+    if (order.approved == nullptr && roots.source && roots.destination)
+        brake = RunBrake::Of(m_services.file, identity);
+    if (brake)
+        if (std::optional<RunOutcome> ended = askBrake(identity, order, roots, *brake))
+            return *ended;
     m_services.runState.ForgetHeld(name);
     run.Started();
     m_tools.logs.SetActivityStatus(name, m_services.texts[Text::CheckingStarts]);
     m_tools.monitoring.CheckAllIdle();
-    if (!source)
-        return refuse(name, identity.source, sourceError);
-    if (!destination)
-        return refuse(name, identity.destination, error);
+    if (!roots.source)
+        return refuse(name, identity.source, roots.sourceError);
+    if (!roots.destination)
+        return refuse(name, identity.destination, roots.destinationError);
     countRun(name);
-    RunOutcome outcome =
-        SyncRun(m_tools, identity, order.starter, source, destination, {.approved = order.approved}).Run();
+    return work(identity, order, roots, brake ? &*brake : nullptr);
+}
+
+RunOutcome ChangeDetection::work(const RunIdentity& identity, const Order& order, const Roots& roots, RunBrake* brake) {
+    const QString& name = identity.name;
+    RunOutcome outcome = SyncRun(m_tools, identity, order.starter, roots.source, roots.destination,
+                                 {.approved = order.approved, .brake = brake})
+                             .Run();
     if (outcome.interrupted)
         return outcome;
-    m_drives.Remember(identity, *source, *destination);
-    sendMail(name, *source, *destination);
+    m_drives.Remember(identity, *roots.source, *roots.destination);
+    sendMail(name, *roots.source, *roots.destination);
     if (outcome.failures == 0)
         outcome.logLine = endOfLog(name);
     m_tools.logs.SetActivityStatus(name, m_services.texts[Text::CheckingFinished]);
     return outcome;
 }
 
-/// Says so once; after that only the row shows it, so that no log is filled at every tick.
-bool ChangeDetection::isHeld(const RunIdentity& run, NewDrive newDrive, const Folder& source,
-                             const Folder& destination) {
+std::optional<RunOutcome> ChangeDetection::findHold(const RunIdentity& run, NewDrive newDrive, const Roots& roots) {
+    if (const std::optional<QString> held = offItsDrive(run, roots))
+        return hold(run.name, *held, m_services.runState.Held().value(run.name) == *held);
     const bool wasHeld = m_drives.IsHeld(run);
-    if (newDrive == NewDrive::Ok || (newDrive == NewDrive::OkIfTold && wasHeld))
-        return false;
-    const std::optional<QString> directory = m_drives.Hold(run, source, destination);
+    if (!roots.source || !roots.destination || newDrive == NewDrive::Ok || (newDrive == NewDrive::OkIfTold && wasHeld))
+        return std::nullopt;
+    const std::optional<QString> directory = m_drives.Hold(run, *roots.source, *roots.destination);
     if (!directory)
-        return false;
-    const QString text = m_services.texts[Text::RunHeld].arg(*directory);
-    m_services.runState.SetHeld(run.name, text);
-    if (wasHeld) {
-        m_services.list.SetText(run.name, ActivityList::Status, text);
+        return std::nullopt;
+    return hold(run.name, m_services.texts[Text::RunHeld].arg(*directory), wasHeld);
+}
+
+/// Why an activity that runs on its own drives only cannot run now.
+std::optional<QString> ChangeDetection::offItsDrive(const RunIdentity& run, const Roots& roots) const {
+    const auto read = [&](ActivityField field) { return m_services.file.Read(run.name, field); };
+    if (read(ActivityField::OnlyOnDrives) != u"1")
+        return std::nullopt;
+    const QString from = read(ActivityField::SourceDrive);
+    const QString to = read(ActivityField::TargetDrive);
+    const bool isSourceOff = isOffItsDrive(roots.source.get(), roots.sourceError, from);
+    if (!isSourceOff &&
+        (needsNoDestination(run) || !isOffItsDrive(roots.destination.get(), roots.destinationError, to)))
+        return std::nullopt;
+    const QString drive = DriveMark::Spoken(isSourceOff ? from : to);
+    return m_services.texts[Text::RunHeldByDrive].arg(isSourceOff ? run.source : run.destination,
+                                                      drive.isEmpty() ? m_services.texts[Text::DriveNotKnown] : drive);
+}
+
+/// Says so once; after that only the row shows it, so that no log is filled at every tick.
+RunOutcome ChangeDetection::hold(const QString& name, const QString& reason, bool isKnown) {
+    m_services.runState.SetHeld(name, reason);
+    if (isKnown) {
+        m_services.list.SetText(name, ActivityList::Status, reason);
     } else {
-        m_tools.logs.SetActivityStatus(run.name, text);
-        m_tools.logs.WriteAppLog(text);
+        m_tools.logs.SetActivityStatus(name, reason);
+        m_tools.logs.WriteAppLog(reason);
     }
-    return true;
+    return {.failures = 1, .interrupted = true, .held = true, .reason = reason, .logLine = endOfLog(name)};
+}
+
+/// Without what the schedulers write there.
+ActivityRecord ChangeDetection::recordOf(const QString& name) const {
+    ActivityRecord record = ActivityRecord::Read(m_services.file, name);
+    record.SetText(ActivityField::ExceedTime, {});
+    record.SetText(ActivityField::Active, {});
+    return record;
+}
+
+/// Finds out what the run would do, and asks about it where that is too much. A refusal counts until the record is
+/// another one, there is less to do, or the user starts the run. Returns nothing when the run may begin.
+std::optional<RunOutcome> ChangeDetection::askBrake(const RunIdentity& run, const Order& order, Roots& roots,
+                                                    RunBrake& brake) {
+    std::vector<PlannedAct> acts;
+    const RunOutcome plan =
+        SyncRun(m_tools, run, order.starter, roots.source, roots.destination, {.plan = &acts, .brake = &brake}).Run();
+    m_services.runState.Counts() = {};
+    brake.Count(acts, m_tools.ownPlaces.Logs(m_services.file.Read(run.name, ActivityField::LogFile)));
+    acts = {};
+    const std::pair key{run.activityFile, run.name};
+    if (plan.interrupted) // so will the run be, at the latest by a file too many
+        return std::nullopt;
+    if (!brake.IsOver()) {
+        m_refused.erase(key);
+        return std::nullopt;
+    }
+    const ActivityRecord record = recordOf(run.name);
+    const auto refused = m_refused.find(key);
+    const bool isRefused =
+        order.starter == RunStarter::Schedule && refused != m_refused.end() && refused->second == record;
+    const QString held = m_tools.texts.HeldByBrake(run.name, brake);
+    if (isRefused)
+        return hold(run.name, held, true);
+    m_refused[key] = record; // a tick in the box must not ask a second time
+    const MessageAnswer answer = m_tools.interruptions.Ask(m_tools.texts.BrakeQuestion(run.name, brake));
+    if (answer == MessageAnswer::Yes)
+        m_refused.erase(key);
+    if (!mayRun(run.name, order.starter))
+        return RunOutcome{.interrupted = true};
+    if (RunIdentity::Of(m_services.file, run.name) != run || recordOf(run.name) != record) {
+        const QString reason = m_tools.texts.EndedEarly(RunEnd::RecordChanged);
+        m_tools.logs.WriteAppLog(u'\'' + run.name + u"': " + reason);
+        return RunOutcome{.failures = 1, .interrupted = true, .reason = reason};
+    }
+    if (answer != MessageAnswer::Yes)
+        return hold(run.name, held, false);
+    brake.AllowCounted();
+    roots = open(run); // it may have been an hour
+    return findHold(run, order.newDrive, roots);
 }
 
 /// Only a directory that does not exist is missing. With any other failure the activity stays in monitoring and the run

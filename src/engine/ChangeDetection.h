@@ -2,8 +2,13 @@
 // goes wrong ends the run with a line in the log.
 #pragma once
 
+#include "ActivityRecord.h"
 #include "DriveGuard.h"
 #include "SyncRun.h"
+
+#include <map>
+
+class RunBrake;
 
 class ChangeDetection final {
   public:
@@ -34,8 +39,13 @@ class ChangeDetection final {
     };
     [[nodiscard]] Roots open(const RunIdentity& run);
     RunOutcome process(const RunIdentity& identity, const Order& order, RunState::Run& run);
-    [[nodiscard]] bool isHeld(const RunIdentity& run, NewDrive newDrive, const Folder& source,
-                              const Folder& destination);
+    RunOutcome work(const RunIdentity& identity, const Order& order, const Roots& roots, RunBrake* brake);
+    [[nodiscard]] std::optional<RunOutcome> findHold(const RunIdentity& run, NewDrive newDrive, const Roots& roots);
+    [[nodiscard]] std::optional<RunOutcome> askBrake(const RunIdentity& run, const Order& order, Roots& roots,
+                                                     RunBrake& brake);
+    [[nodiscard]] std::optional<QString> offItsDrive(const RunIdentity& run, const Roots& roots) const;
+    RunOutcome hold(const QString& name, const QString& reason, bool isKnown);
+    [[nodiscard]] ActivityRecord recordOf(const QString& name) const;
     [[nodiscard]] bool mayRun(const QString& name, RunStarter starter) const;
     RunOutcome refuse(const QString& name, const QString& directory, std::error_code error);
     /// Returns what the row shows.
@@ -48,4 +58,5 @@ class ChangeDetection final {
     const EngineServices& m_services;
     ActivityMailer& m_mailer;
     DriveGuard m_drives;
+    std::map<std::pair<QString, QString>, ActivityRecord> m_refused; ///< by file and name: the user wants no such run
 };

@@ -84,9 +84,10 @@ void FileSync::deleteSurplus(const FolderEntry& entry) {
     const QString path = m_pair.destination.PathOf(entry.name);
     if (!m_run.MayDelete())
         return;
+    m_run.FoundAtDestination();
     if (m_run.IsOwnFile(entry.facts.id) || m_run.IsLog(entry.facts.id))
         return m_run.LeaveAlone(path, m_tools.texts.OwnFile(path));
-    if (m_run.HasApproval() && !m_run.MayDo(Deletion(*m_pair.destination.Handle(), entry)))
+    if (m_run.IsBound() && !m_run.MayDo(Deletion(*m_pair.destination.Handle(), entry)))
         return;
     m_run.Line(m_tools.texts.DeletingFile(path));
     if (!m_run.React(path) || !m_run.MayDelete())
@@ -143,6 +144,7 @@ void FileSync::syncFile(const FolderEntry& entry) {
     const bool isMove = m_run.Rules().action == FileAction::Move;
     if (const std::error_code error = isStaged ? std::error_code() : m_pair.names.Claim(entry.name, *found, isMove))
         return failed(m_pair.source, entry.name, error);
+    m_run.FoundAtDestination();
     syncExisting(file);
 }
 
@@ -254,7 +256,7 @@ void FileSync::transfer(const Decided& file) {
         return;
     }
     if (order.replaced && !IsOwnWork(order))
-        m_tools.services.runState.Counts().replaced += 1;
+        m_run.Replaced(order);
     if (isLog) // before the next line
         m_run.Transfer().Commit();
     FileFacts placed = order.facts;

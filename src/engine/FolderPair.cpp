@@ -125,3 +125,14 @@ void DestinationNames::FindCounterparts() {
             m_isUnclear = true;
     }
 }
+
+bool FolderPair::Open(const FolderEntry& sourceEntry, const FolderEntry& destinationEntry, SeenPair& folders,
+                      std::error_code& error) const {
+    SeenFolder& from = folders.source;
+    SeenFolder& to = folders.destination;
+    if (!from.folder)
+        from = {source.Handle()->OpenChild(sourceEntry, error)};
+    if (from.folder && (!to.folder || to.folder->Id() != destinationEntry.facts.id))
+        to = {destination.Handle()->OpenChild(destinationEntry, error)};
+    return from.folder && to.folder;
+}

@@ -57,6 +57,11 @@ struct FolderPair {
     FolderPair(SeenPair folders, int level, const Interruptions& interruptions)
         : source(std::move(folders.source), interruptions), destination(std::move(folders.destination), interruptions),
           names(source, destination), depth(level) {}
+
+    /// Opens what is not open yet of two of its folders.
+    [[nodiscard]] bool Open(const FolderEntry& sourceEntry, const FolderEntry& destinationEntry, SeenPair& folders,
+                            std::error_code& error) const;
+
     FolderView source;
     FolderView destination;
     DestinationNames names;

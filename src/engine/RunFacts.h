@@ -49,15 +49,19 @@ enum class RunEnd {
     Unreadable,      ///< a folder of a mirror could not be read to its end
     FolderExchanged, ///< a folder is not the one that was listed
     NotAsApproved,   ///< something is not as the user was shown it before
+    TooMany,         ///< it would have deleted or replaced more files than it may
     SafeExit         ///< the emergency key
 };
+
+/// An end that the user did not ask for counts as a failure.
+[[nodiscard]] bool IsFailure(RunEnd reason);
 
 /// How a run of one activity ended.
 struct RunOutcome {
     bool directoryMissing = false;
     int failures = 0;         ///< files or folders that could not be handled
     bool interrupted = false; ///< refused or ended early: what was to be done is not done
-    bool held = false;        ///< a directory is on another drive than at the last run; counts as a failure
+    bool held = false;        ///< not begun until something changes: a drive, or the user's mind; counts as a failure
     bool stoppedByUser = false;
     QString reason = {};      ///< the first failure, or why the run ended early
     std::int64_t logLine = 0; ///< where the reason, or else the end of the run, stands in the activity's log; bytes

@@ -8,6 +8,8 @@
 #include <unordered_map>
 #include <vector>
 
+class RunBrake;
+
 enum class Deed {
     Copy,
     Move,
@@ -70,6 +72,7 @@ class ApprovedPlan final {
 struct RunVariant {
     std::vector<PlannedAct>* plan = nullptr; ///< only writes down what it would do: changes, logs and asks nothing
     ApprovedPlan* approved = nullptr;        ///< does what this has, and ends at the first thing it has not
+    RunBrake* brake = nullptr;               ///< hears of what the walk finds, and ends the run where it allows no more
 };
 
 [[nodiscard]] PlannedAct Deletion(const Folder& folder, const FolderEntry& entry);

@@ -44,11 +44,16 @@ bool Schedulers::mayGoOn() const {
 
 void Schedulers::runDue(const QString& name) {
     const bool isOnce = m_services.file.Read(name, ActivityField::RunningMode) == u"1";
+    const auto sayOnce = [&] { m_logs.SetActivityStatus(name, m_services.texts[Text::StoppedAfterOnce]); };
+    const bool wasHeld = m_services.runState.Held().contains(name); // and may be again: no log is filled with it
     if (isOnce) {
         m_services.list.TakeOut(name);
-        m_logs.SetActivityStatus(name, m_services.texts[Text::StoppedAfterOnce]);
+        if (!wasHeld)
+            sayOnce();
     }
     const RunOutcome outcome = m_changes.ProcessActivity(name, RunStarter::Schedule);
+    if (isOnce && wasHeld && !outcome.held)
+        sayOnce();
     // A run that ended early is still to be done. Events have run: the user may have ticked the row again already.
     if (isOnce && outcome.interrupted && m_services.list.IsTakenOut(name))
         m_services.list.Readmit(name);

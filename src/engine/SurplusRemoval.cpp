@@ -106,10 +106,13 @@ bool SurplusRemoval::deleteFile(Folder& folder, const FolderEntry& entry) {
     const std::filesystem::path path = folder.Path() / entry.name;
     if (m_run.Filter().IsActive() && !m_run.Filter().Passes(ToText(path)))
         return false;
+    m_run.FoundAtDestination();
     if (m_run.IsOwnFile(entry.facts.id) || m_run.IsLog(entry.facts.id)) {
         m_run.LeaveAlone(ToText(path), m_run.Tools().texts.OwnFile(ToText(path)));
         return false;
     }
+    if (m_run.IsBound() && !m_run.MayDo(Deletion(folder, entry)))
+        return false;
     if (m_run.Filter().IsActive())
         m_run.Line(m_run.Tools().texts.DeletingFile(ToText(path)));
     const std::error_code error = m_run.Delete(folder, entry);

@@ -5,6 +5,7 @@
 #include "FoldersAhead.h"
 #include "OwnPlaces.h"
 #include "Reactions.h"
+#include "RunBrake.h"
 #include "RunFacts.h"
 #include "SafeExit.h"
 #include "SurplusRemoval.h"
@@ -18,12 +19,6 @@ using modNativePath::ToText;
 namespace {
 /// Time a copy in progress gets when the program closes: the system does not wait much longer.
 constexpr std::chrono::seconds grace{20};
-
-/// An end that the user did not ask for counts as a failure.
-bool isFailure(RunEnd reason) {
-    return reason == RunEnd::RecordChanged || reason == RunEnd::RootGone || reason == RunEnd::Unreadable ||
-           reason == RunEnd::FolderExchanged || reason == RunEnd::NotAsApproved;
-}
 } // namespace
 
 SyncRun::SyncRun(const RunTools& tools, RunIdentity identity, RunStarter starter, std::shared_ptr<Folder> source,
@@ -48,7 +43,7 @@ SyncRun::~SyncRun() {
 RunOutcome SyncRun::Run() {
     std::ignore = SyncFilesAndFolders({{m_source}, {m_destination}}, 0);
     m_transfer->Commit();
-    if (HasApproval() && m_failures == 0 && !m_variant.approved->IsDone())
+    if (hasApproval() && m_failures == 0 && !m_variant.approved->IsDone())
         End(RunEnd::NotAsApproved);
     m_trash.Finish();
     m_tools.logs.Flush();
@@ -101,7 +96,7 @@ void SyncRun::End(RunEnd reason) {
         return;
     m_end = reason;
     const QString text = m_tools.texts.EndedEarly(reason);
-    if (isFailure(reason))
+    if (IsFailure(reason))
         return Refuse(text);
     noteReason(text);
     Line(text);
@@ -161,14 +156,26 @@ bool SyncRun::IsLog(FileId file) {
 }
 
 bool SyncRun::MayDo(const PlannedAct& act) {
-    if (!HasApproval() || m_variant.approved->Approves(act))
-        return true;
-    End(RunEnd::NotAsApproved);
-    return false;
+    if (hasApproval() && !m_variant.approved->Approves(act))
+        End(RunEnd::NotAsApproved);
+    else if (m_variant.brake != nullptr && !m_variant.brake->Allows(act))
+        End(RunEnd::TooMany);
+    return m_end == RunEnd::None;
 }
 
 bool SyncRun::MayDo(Deed deed, const TransferFile& file) {
-    return !HasApproval() || IsOwnWork(file) || MayDo(::Transfer(deed, file));
+    return !IsBound() || IsOwnWork(file) || (!hasApproval() && IsLog(file.facts.id)) || MayDo(::Transfer(deed, file));
+}
+
+void SyncRun::FoundAtDestination() {
+    if (m_variant.brake != nullptr)
+        m_variant.brake->Found();
+}
+
+void SyncRun::Replaced(const TransferFile& file) {
+    m_tools.services.runState.Counts().replaced += 1;
+    if (IsBound() && m_variant.brake != nullptr && !IsLog(file.facts.id))
+        m_variant.brake->Take(::Transfer(Deed::Replace, file));
 }
 
 std::error_code SyncRun::Delete(Folder& folder, const FolderEntry& entry) {
@@ -176,12 +183,15 @@ std::error_code SyncRun::Delete(Folder& folder, const FolderEntry& entry) {
         Plan(Deletion(folder, entry));
         return {};
     }
-    if (HasApproval() && !MayDo(Deletion(folder, entry)))
+    if (IsBound() && !MayDo(Deletion(folder, entry)))
         return {};
     const std::error_code error = m_trash.Delete(folder, entry);
-    if (!error)
-        m_tools.services.runState.Counts().deleted += 1;
-    return error;
+    if (error)
+        return error;
+    m_tools.services.runState.Counts().deleted += 1;
+    if (m_variant.brake != nullptr)
+        m_variant.brake->Take(Deletion(folder, entry));
+    return {};
 }
 
 void SyncRun::LeaveAlone(const QString& path, const QString& text) {
@@ -345,7 +355,7 @@ void SyncRun::transferFolder(FolderPair& pair, const FolderEntry& entry) {
         else
             how.CopyTree(pair.source.Handle(), pair.destination.Handle(), entry, m_roots);
     };
-    if (HasApproval()) { // the whole folder goes in one step
+    if (hasApproval()) { // the whole folder goes in one step
         std::vector<PlannedAct> acts;
         PlanTransfer planning(*this, acts, false);
         transfer(planning);
@@ -357,18 +367,6 @@ void SyncRun::transferFolder(FolderPair& pair, const FolderEntry& entry) {
     transfer(*m_transfer);
 }
 
-/// What is not open yet.
-bool SyncRun::openBoth(const FolderPair& pair, const FolderEntry& source, const FolderEntry& destination,
-                       SeenPair& folders, std::error_code& error) {
-    SeenFolder& from = folders.source;
-    SeenFolder& to = folders.destination;
-    if (!from.folder)
-        from = {pair.source.Handle()->OpenChild(source, error)};
-    if (from.folder && (!to.folder || to.folder->Id() != destination.facts.id))
-        to = {pair.destination.Handle()->OpenChild(destination, error)};
-    return from.folder && to.folder;
-}
-
 void SyncRun::walkInto(FolderPair& pair, const FolderEntry& source, const FolderEntry& destination,
                        FoldersAhead& ahead) {
     const auto path = [&] { return pair.destination.Handle()->Path() / destination.name; };
@@ -377,7 +375,7 @@ void SyncRun::walkInto(FolderPair& pair, const FolderEntry& source, const Folder
         return Refuse(m_tools.texts.NestedRoot(ToText(path())), ToText(path()));
     std::error_code error;
     SeenPair folders = ahead.Take(source);
-    if (openBoth(pair, source, destination, folders, error)) {
+    if (pair.Open(source, destination, folders, error)) {
         pair.source.ForgetPath();
         pair.destination.ForgetPath();
         if (!SyncFilesAndFolders(std::move(folders), pair.depth + 1))
@@ -396,6 +394,6 @@ void SyncRun::finishFolder(FolderPair& pair, const FolderEntry& source, const Fo
     m_transfer->Commit();
     std::error_code error;
     SeenPair folders;
-    if (openBoth(pair, source, destination, folders, error)) // a move may have taken it away
+    if (pair.Open(source, destination, folders, error)) // a move may have taken it away
         std::ignore = SyncFilesAndFolders(std::move(folders), pair.depth + 1);
 }

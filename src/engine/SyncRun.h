@@ -67,11 +67,15 @@ class SyncRun final : public TransferObserver {
 
     void Plan(PlannedAct act) { m_variant.plan->push_back(std::move(act)); }
 
-    /// True for a run that does only what the user has approved.
-    [[nodiscard]] bool HasApproval() const { return m_variant.approved != nullptr; }
-    /// False when the user has approved a plan that lacks this act: the run ends.
+    /// True for a run that must ask MayDo before each act.
+    [[nodiscard]] bool IsBound() const { return !IsPlanning() && (hasApproval() || m_variant.brake != nullptr); }
+    /// False when the user has approved a plan that lacks this act, or it is one too many: the run ends.
     [[nodiscard]] bool MayDo(const PlannedAct& act);
     [[nodiscard]] bool MayDo(Deed deed, const TransferFile& file);
+
+    /// To be called for each file found at the destination, and for each that a transfer has replaced.
+    void FoundAtDestination();
+    void Replaced(const TransferFile& file);
 
     /// Deletes a file or an empty folder of a mirror's destination, or keeps it in the trash.
     [[nodiscard]] std::error_code Delete(Folder& folder, const FolderEntry& entry);
@@ -102,9 +106,8 @@ class SyncRun final : public TransferObserver {
     void syncFolder(FolderPair& pair, const FolderEntry& entry, FoldersAhead& ahead);
     void transferFolder(FolderPair& pair, const FolderEntry& entry);
     void walkInto(FolderPair& pair, const FolderEntry& source, const FolderEntry& destination, FoldersAhead& ahead);
-    [[nodiscard]] static bool openBoth(const FolderPair& pair, const FolderEntry& source,
-                                       const FolderEntry& destination, SeenPair& folders, std::error_code& error);
     void finishFolder(FolderPair& pair, const FolderEntry& source, const FolderEntry& destination);
+    [[nodiscard]] bool hasApproval() const { return m_variant.approved != nullptr; }
     void readRecord();
     void noteReason(const QString& text);
     void lookAtOwnFiles();

@@ -1,10 +1,12 @@
 #include "SyncTexts.h"
 #include "Prompter.h"
+#include "RunBrake.h"
 #include "RunFacts.h"
 #include "StringTable.h"
 #include "modForeignText.h"
 #include "modLogTime.h"
 
+#include <QLocale>
 #include <algorithm>
 #include <array>
 
@@ -18,6 +20,10 @@ QString dated(const FileSide& side) {
 QString datedAndSized(const FileSide& side) {
     return modForeignText::OneLine(side.path) + u"' [" + modLogTime::Text(side.facts.modified) + u" - " +
            QString::number(side.facts.size) + u" bytes] ";
+}
+
+QString grouped(std::uint64_t number) {
+    return QLocale().toString(static_cast<qulonglong>(number));
 }
 
 bool isLocked(std::error_code error) {
@@ -107,10 +113,26 @@ QString SyncTexts::EndedEarly(RunEnd reason) const {
         return m_texts[Text::EndedByReplacedDirectory];
     case RunEnd::NotAsApproved:
         return m_texts[Text::EndedByChange];
+    case RunEnd::TooMany:
+        return m_texts[Text::EndedByBrake];
     case RunEnd::SafeExit:
         return m_texts[Text::AbortedByUser];
     }
     return {};
+}
+
+QString SyncTexts::withCounts(Text text, const QString& name, const RunBrake& brake) const {
+    return m_texts[text].arg(name, grouped(brake.Deleted()), grouped(brake.Replaced()), grouped(brake.FoundFiles()),
+                             grouped(brake.Percent()));
+}
+
+QString SyncTexts::HeldByBrake(const QString& name, const RunBrake& brake) const {
+    return withCounts(Text::RunHeldByBrake, name, brake);
+}
+
+Message SyncTexts::BrakeQuestion(const QString& name, const RunBrake& brake) const {
+    return {withCounts(Text::BrakeQuestion, name, brake), m_texts[Text::BrakeTitle], MessageIcon::Exclamation,
+            MessageButtons::YesNo};
 }
 
 QString SyncTexts::KeptIn(const QString& folder, std::chrono::system_clock::time_point until) const {

@@ -7,8 +7,10 @@
 #include <chrono>
 #include <system_error>
 
+class RunBrake;
 class StringTable;
 enum class RunEnd;
+enum class Text;
 struct Message;
 
 /// One of the two files of a pair.
@@ -39,6 +41,10 @@ class SyncTexts final {
     [[nodiscard]] QString TooDeep(const QString& path) const;
     [[nodiscard]] QString EndedEarly(RunEnd reason) const;
 
+    /// Why a run that would delete or replace too much is not begun, and the question before.
+    [[nodiscard]] QString HeldByBrake(const QString& name, const RunBrake& brake) const;
+    [[nodiscard]] Message BrakeQuestion(const QString& name, const RunBrake& brake) const;
+
     // What a run has kept.
     [[nodiscard]] QString KeptIn(const QString& folder, std::chrono::system_clock::time_point until) const;
     [[nodiscard]] QString Restored(const QString& path) const;
@@ -51,5 +57,7 @@ class SyncTexts final {
     [[nodiscard]] Message OverwriteQuestion(const FileSide& source, const FileSide& destination) const;
 
   private:
+    [[nodiscard]] QString withCounts(Text text, const QString& name, const RunBrake& brake) const;
+
     const StringTable& m_texts;
 };

@@ -1882,6 +1882,122 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <source>deleted: %1</source>
         <translation>gelöscht: %1</translation>
     </message>
+    <message id="830">
+        <source>Run ended early: it was about to delete or replace more files than it may. They are as they were.</source>
+        <translation>Lauf vorzeitig beendet: Er hätte mehr Dateien gelöscht oder ersetzt, als er darf. Sie sind unverändert.</translation>
+    </message>
+    <message id="831">
+        <source>'%1' would delete %2 and replace %3 of the %4 files that it finds at the destination (%5 %).
+
+Run anyway?</source>
+        <translation>'%1' würde %2 löschen und %3 ersetzen von den %4 Dateien, die am Ziel stehen (%5 %).
+
+Trotzdem ausführen?</translation>
+    </message>
+    <message id="832">
+        <source>Many files would be deleted or replaced</source>
+        <translation>Viele Dateien würden gelöscht oder ersetzt</translation>
+    </message>
+    <message id="833">
+        <source>The run of '%1' is held: it would delete %2 and replace %3 of the %4 files that it finds at the destination (%5 %), more than it may unasked. "Start activity immediately" asks.</source>
+        <translation>Der Lauf von '%1' wird zurückgehalten: Er würde %2 löschen und %3 ersetzen von den %4 Dateien, die am Ziel stehen (%5 %), mehr als er ungefragt darf. "Aktivität sofort starten" fragt.</translation>
+    </message>
+    <message id="834">
+        <source>The run is held: '%1' is not on the drive that the activity was saved for: %2. The tab "Safety" of its properties tells more.</source>
+        <translation>Der Lauf wird zurückgehalten: '%1' liegt nicht auf dem Laufwerk, für das die Aktivität gespeichert wurde: %2. Mehr zeigt das Register "Sicherheit" ihrer Eigenschaften.</translation>
+    </message>
+    <message id="835">
+        <source>unknown</source>
+        <translation>unbekannt</translation>
+    </message>
+    <message id="836">
+        <source>Sa&amp;fety</source>
+        <translation>Sic&amp;herheit</translation>
+    </message>
+    <message id="837">
+        <source>Kept files</source>
+        <translation>Aufbewahrte Dateien</translation>
+    </message>
+    <message id="838">
+        <source>Keep deleted and replaced files for</source>
+        <translation>Gelöschte und ersetzte Dateien aufbewahren für</translation>
+    </message>
+    <message id="839">
+        <source>days</source>
+        <translation>Tage</translation>
+    </message>
+    <message id="840">
+        <source>not at all</source>
+        <translation>gar nicht</translation>
+    </message>
+    <message id="841">
+        <source>They go to a hidden folder of the destination instead.</source>
+        <translation>Sie kommen stattdessen in einen verborgenen Ordner des Ziels.</translation>
+    </message>
+    <message id="842">
+        <source>Question before many changes</source>
+        <translation>Rückfrage vor vielen Änderungen</translation>
+    </message>
+    <message id="843">
+        <source>Ask before a run deletes or replaces more than</source>
+        <translation>Fragen, bevor ein Lauf mehr löscht oder ersetzt als</translation>
+    </message>
+    <message id="844">
+        <source>or more percent than</source>
+        <translation>oder mehr Prozent als</translation>
+    </message>
+    <message id="845">
+        <source>files</source>
+        <translation>Dateien</translation>
+    </message>
+    <message id="846">
+        <source>no limit</source>
+        <translation>keine Grenze</translation>
+    </message>
+    <message id="847">
+        <source>Percent of the files that it finds at the destination. Without a user such a run waits.</source>
+        <translation>Prozent der Dateien, die am Ziel stehen. Ohne Benutzer wartet ein solcher Lauf.</translation>
+    </message>
+    <message id="848">
+        <source>Drives</source>
+        <translation>Laufwerke</translation>
+    </message>
+    <message id="849">
+        <source>Run only while both directories are on these drives:</source>
+        <translation>Nur ausführen, solange beide Verzeichnisse auf diesen Laufwerken liegen:</translation>
+    </message>
+    <message id="850">
+        <source>%1, there now</source>
+        <translation>%1, jetzt da</translation>
+    </message>
+    <message id="851">
+        <source>%1, not there now</source>
+        <translation>%1, jetzt nicht da</translation>
+    </message>
+    <message id="852">
+        <source>%1, but now it is on %2</source>
+        <translation>%1, liegt jetzt aber auf %2</translation>
+    </message>
+    <message id="853">
+        <source>OK takes the drives that the directories are on at that moment.</source>
+        <translation>OK übernimmt die Laufwerke, auf denen die Verzeichnisse in diesem Moment liegen.</translation>
+    </message>
+    <message id="854">
+        <source>It cannot be told which drive '%1' is on. The activity is to run on its own drives only: they must be there when it is saved.</source>
+        <translation>Auf welchem Laufwerk '%1' liegt, ist nicht festzustellen. Die Aktivität soll nur auf ihren eigenen Laufwerken laufen: Beim Speichern müssen sie da sein.</translation>
+    </message>
+    <message id="855">
+        <source>'%1' was on the drive %2. Now it is on %3.
+
+Shall the activity run on the drive that is there now? With "No" it waits for the former one.</source>
+        <translation>'%1' lag auf dem Laufwerk %2. Jetzt liegt es auf %3.
+
+Soll die Aktivität auf dem Laufwerk laufen, das jetzt da ist? Mit "Nein" wartet sie auf das frühere.</translation>
+    </message>
+    <message id="856">
+        <source>The preview shows what the activity would do as it was saved. Save it first: OK, then "Preview ..." in the list's menu.</source>
+        <translation>Die Vorschau zeigt, was die Aktivität täte, wie sie gespeichert ist. Bitte erst speichern: OK, dann "Vorschau ..." im Menü der Liste.</translation>
+    </message>
     <message id="890">
         <source>Deleted and replaced files are kept in '%1' until %2</source>
         <translation>Gelöschte und ersetzte Dateien bleiben in '%1' bis %2</translation>

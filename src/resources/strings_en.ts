@@ -2350,6 +2350,149 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <translation>deleted: %1</translation>
         <extra-name>ResultDeleted</extra-name>
     </message>
+    <message id="830">
+        <source>Run ended early: it was about to delete or replace more files than it may. They are as they were.</source>
+        <translation>Run ended early: it was about to delete or replace more files than it may. They are as they were.</translation>
+        <extra-name>EndedByBrake</extra-name>
+    </message>
+    <message id="831">
+        <source>'%1' would delete %2 and replace %3 of the %4 files that it finds at the destination (%5 %).
+
+Run anyway?</source>
+        <translation>'%1' would delete %2 and replace %3 of the %4 files that it finds at the destination (%5 %).
+
+Run anyway?</translation>
+        <extra-name>BrakeQuestion</extra-name>
+    </message>
+    <message id="832">
+        <source>Many files would be deleted or replaced</source>
+        <translation>Many files would be deleted or replaced</translation>
+        <extra-name>BrakeTitle</extra-name>
+    </message>
+    <message id="833">
+        <source>The run of '%1' is held: it would delete %2 and replace %3 of the %4 files that it finds at the destination (%5 %), more than it may unasked. "Start activity immediately" asks.</source>
+        <translation>The run of '%1' is held: it would delete %2 and replace %3 of the %4 files that it finds at the destination (%5 %), more than it may unasked. "Start activity immediately" asks.</translation>
+        <extra-name>RunHeldByBrake</extra-name>
+    </message>
+    <message id="834">
+        <source>The run is held: '%1' is not on the drive that the activity was saved for: %2. The tab "Safety" of its properties tells more.</source>
+        <translation>The run is held: '%1' is not on the drive that the activity was saved for: %2. The tab "Safety" of its properties tells more.</translation>
+        <extra-name>RunHeldByDrive</extra-name>
+    </message>
+    <message id="835">
+        <source>unknown</source>
+        <translation>unknown</translation>
+        <extra-name>DriveNotKnown</extra-name>
+    </message>
+    <message id="836">
+        <source>Sa&amp;fety</source>
+        <translation>Sa&amp;fety</translation>
+        <extra-name>SafetyTab</extra-name>
+    </message>
+    <message id="837">
+        <source>Kept files</source>
+        <translation>Kept files</translation>
+        <extra-name>KeptFiles</extra-name>
+    </message>
+    <message id="838">
+        <source>Keep deleted and replaced files for</source>
+        <translation>Keep deleted and replaced files for</translation>
+        <extra-name>KeepFor</extra-name>
+    </message>
+    <message id="839">
+        <source>days</source>
+        <translation>days</translation>
+        <extra-name>DaysUnit</extra-name>
+    </message>
+    <message id="840">
+        <source>not at all</source>
+        <translation>not at all</translation>
+        <extra-name>KeepNot</extra-name>
+    </message>
+    <message id="841">
+        <source>They go to a hidden folder of the destination instead.</source>
+        <translation>They go to a hidden folder of the destination instead.</translation>
+        <extra-name>KeepHint</extra-name>
+    </message>
+    <message id="842">
+        <source>Question before many changes</source>
+        <translation>Question before many changes</translation>
+        <extra-name>BrakeGroup</extra-name>
+    </message>
+    <message id="843">
+        <source>Ask before a run deletes or replaces more than</source>
+        <translation>Ask before a run deletes or replaces more than</translation>
+        <extra-name>AskFilesCaption</extra-name>
+    </message>
+    <message id="844">
+        <source>or more percent than</source>
+        <translation>or more percent than</translation>
+        <extra-name>AskPercentCaption</extra-name>
+    </message>
+    <message id="845">
+        <source>files</source>
+        <translation>files</translation>
+        <extra-name>FilesUnit</extra-name>
+    </message>
+    <message id="846">
+        <source>no limit</source>
+        <translation>no limit</translation>
+        <extra-name>AskNever</extra-name>
+    </message>
+    <message id="847">
+        <source>Percent of the files that it finds at the destination. Without a user such a run waits.</source>
+        <translation>Percent of the files that it finds at the destination. Without a user such a run waits.</translation>
+        <extra-name>AskHint</extra-name>
+    </message>
+    <message id="848">
+        <source>Drives</source>
+        <translation>Drives</translation>
+        <extra-name>DrivesGroup</extra-name>
+    </message>
+    <message id="849">
+        <source>Run only while both directories are on these drives:</source>
+        <translation>Run only while both directories are on these drives:</translation>
+        <extra-name>OnlyOnDrives</extra-name>
+    </message>
+    <message id="850">
+        <source>%1, there now</source>
+        <translation>%1, there now</translation>
+        <extra-name>DriveIsThere</extra-name>
+    </message>
+    <message id="851">
+        <source>%1, not there now</source>
+        <translation>%1, not there now</translation>
+        <extra-name>DriveNotThere</extra-name>
+    </message>
+    <message id="852">
+        <source>%1, but now it is on %2</source>
+        <translation>%1, but now it is on %2</translation>
+        <extra-name>DriveIsOther</extra-name>
+    </message>
+    <message id="853">
+        <source>OK takes the drives that the directories are on at that moment.</source>
+        <translation>OK takes the drives that the directories are on at that moment.</translation>
+        <extra-name>DrivesHint</extra-name>
+    </message>
+    <message id="854">
+        <source>It cannot be told which drive '%1' is on. The activity is to run on its own drives only: they must be there when it is saved.</source>
+        <translation>It cannot be told which drive '%1' is on. The activity is to run on its own drives only: they must be there when it is saved.</translation>
+        <extra-name>DriveUntold</extra-name>
+    </message>
+    <message id="855">
+        <source>'%1' was on the drive %2. Now it is on %3.
+
+Shall the activity run on the drive that is there now? With "No" it waits for the former one.</source>
+        <translation>'%1' was on the drive %2. Now it is on %3.
+
+Shall the activity run on the drive that is there now? With "No" it waits for the former one.</translation>
+        <extra-name>DriveDiffers</extra-name>
+    </message>
+    <message id="856">
+        <source>The preview shows what the activity would do as it was saved. Save it first: OK, then "Preview ..." in the list's menu.</source>
+        <translation>The preview shows what the activity would do as it was saved. Save it first: OK, then "Preview ..." in the list's menu.</translation>
+        <extra-name>PreviewSaveFirst</extra-name>
+    </message>
     <message id="890">
         <source>Deleted and replaced files are kept in '%1' until %2</source>
         <translation>Deleted and replaced files are kept in '%1' until %2</translation>

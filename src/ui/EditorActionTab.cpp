@@ -10,6 +10,7 @@
 #include <QButtonGroup>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QPushButton>
 #include <QVBoxLayout>
 #include <array>
 #include <tuple>
@@ -71,22 +72,31 @@ QGroupBox* EditorActionTab::buildAction() {
     halves->addLayout(switches, 1);
     auto* all = new QVBoxLayout(group);
     all->addLayout(halves);
-    all->addWidget(warningOfMirror());
+    all->addLayout(warningOfMirror());
     return group;
 }
 
-QWidget* EditorActionTab::warningOfMirror() {
+QLayout* EditorActionTab::warningOfMirror() {
     const QString warning = m_services.texts[Text::MirrorDeletes];
     QLabel* label = FormParts::PlainText("lblMirrorDeletes", warning);
-    // The form keeps its size when another action is chosen.
-    QSizePolicy policy = label->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    label->setSizePolicy(policy);
-    label->hide();
+    label->setWordWrap(true);
+    // Without its mnemonic, which may be a tab's.
+    auto* preview = new QPushButton(FormParts::Spoken(m_services.texts[Text::Preview]));
+    FormParts::Name(*preview, "cmdPreview", m_services.texts[Text::Preview]);
+    connect(preview, &QPushButton::clicked, this, &EditorActionTab::PreviewWanted);
     QAbstractButton* mirror = m_actions->button(Mirror);
     mirror->setAccessibleDescription(warning);
-    connect(mirror, &QAbstractButton::toggled, label, &QWidget::setVisible);
-    return label;
+    auto* line = new QHBoxLayout;
+    for (QWidget* widget : {static_cast<QWidget*>(label), static_cast<QWidget*>(preview)}) {
+        // The form keeps its size when another action is chosen.
+        QSizePolicy policy = widget->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        widget->setSizePolicy(policy);
+        widget->hide();
+        connect(mirror, &QAbstractButton::toggled, widget, &QWidget::setVisible);
+        line->addWidget(widget, widget == label ? 1 : 0);
+    }
+    return line;
 }
 
 QGroupBox* EditorActionTab::buildFileTypes() {

@@ -25,10 +25,11 @@ class EditorActionTab final : public QWidget {
 
   Q_SIGNALS:
     void ActionChosen();
+    void PreviewWanted();
 
   private:
     [[nodiscard]] QGroupBox* buildAction();
-    [[nodiscard]] QWidget* warningOfMirror();
+    [[nodiscard]] QLayout* warningOfMirror();
     [[nodiscard]] QGroupBox* buildFileTypes();
     [[nodiscard]] QGroupBox* buildReactions();
     [[nodiscard]] PathRow* programRow();

@@ -18,7 +18,7 @@ class clsGetSystemDirectoryPaths;
 
 namespace EditorChecks {
 
-enum class Tab { Directories, Schedule, Action, Mail };
+enum class Tab { Directories, Schedule, Action, Mail, Safety };
 
 /// The edited value. Masked fields are judged as they are shown, with blanks where nothing was typed.
 struct Input {

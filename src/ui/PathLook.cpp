@@ -13,6 +13,7 @@ namespace {
 
 constexpr int mostEntries = 10'000;
 constexpr std::chrono::milliseconds longestWait{300};
+constexpr std::chrono::seconds longestWaitForDrive{5};
 
 template <typename Answer>
 std::future<Answer> look(std::function<Answer()> work, Answer unknown) {
@@ -65,6 +66,15 @@ std::future<bool> IsFile(const std::filesystem::path& path) {
 bool IsFolderAtHand(const std::filesystem::path& path) {
     std::future<bool> answer = IsFolder(path);
     return answer.wait_for(longestWait) == std::future_status::ready && answer.get();
+}
+
+std::future<std::optional<modDrive::Named>> DriveOf(const std::filesystem::path& folder) {
+    return look<std::optional<modDrive::Named>>([folder] { return modDrive::Of(folder); }, std::nullopt);
+}
+
+std::optional<modDrive::Named> DriveAtHand(const std::filesystem::path& folder) {
+    std::future<std::optional<modDrive::Named>> answer = DriveOf(folder);
+    return answer.wait_for(longestWaitForDrive) == std::future_status::ready ? answer.get() : std::nullopt;
 }
 
 std::future<QStringList> FoldersIn(const std::filesystem::path& path) {

@@ -3,6 +3,7 @@
 // whoever asked.
 #pragma once
 
+#include "modDrive.h"
 #include <QStringList>
 #include <filesystem>
 #include <future>
@@ -12,6 +13,11 @@ namespace PathLook {
 /// The answer comes later or never; letting go of the future does not wait. True when no thread can be made.
 [[nodiscard]] std::future<bool> IsFolder(const std::filesystem::path& path);
 [[nodiscard]] std::future<bool> IsFile(const std::filesystem::path& path);
+
+/// The same of the drive that a folder is on.
+[[nodiscard]] std::future<std::optional<modDrive::Named>> DriveOf(const std::filesystem::path& folder);
+/// Waits a few seconds for the answer at most: a disk may have to wake up.
+[[nodiscard]] std::optional<modDrive::Named> DriveAtHand(const std::filesystem::path& folder);
 
 /// Waits a moment for the answer at most; false without one.
 [[nodiscard]] bool IsFolderAtHand(const std::filesystem::path& path);

@@ -1,8 +1,10 @@
 #include "frmOptions.h"
 
 #include "EditorActionTab.h"
+#include "EditorDrives.h"
 #include "EditorGeneralTab.h"
 #include "EditorMailTab.h"
+#include "EditorSafetyTab.h"
 #include "EditorScheduleTab.h"
 #include "FormParts.h"
 #include "StoreError.h"
@@ -60,7 +62,7 @@ frmOptions::frmOptions(const EditorServices& services, Request request, QWidget*
     : QDialog(parent), m_services(services), m_request(std::move(request)), m_tabs(new QTabWidget),
       m_general(new EditorGeneralTab(m_services, m_request.isUsableName, otherNames(m_request))),
       m_schedule(new EditorScheduleTab(m_services)), m_action(new EditorActionTab(m_services)),
-      m_mail(new EditorMailTab(m_services, m_request.known)) {
+      m_mail(new EditorMailTab(m_services, m_request.known)), m_safety(new EditorSafetyTab(m_services)) {
     const StringTable& texts = m_services.texts;
     setObjectName(QStringLiteral("frmOptions"));
     setWindowTitle(m_request.name.isEmpty() ? texts[Text::NewActivity] : texts[Text::PropertiesOf].arg(m_request.name));
@@ -71,10 +73,16 @@ frmOptions::frmOptions(const EditorServices& services, Request request, QWidget*
 
     connect(m_action, &EditorActionTab::ActionChosen, m_general,
             [this] { m_general->SetDestinationWanted(m_action->IsDestinationWanted()); });
+    connect(m_action, &EditorActionTab::PreviewWanted, this, &frmOptions::preview);
+    connect(m_tabs, &QTabWidget::currentChanged, m_safety, [this](int tab) {
+        if (tab == static_cast<int>(EditorChecks::Tab::Safety))
+            m_safety->LookAtDrives(Record());
+    });
     m_general->Show(m_request.name, m_request.record);
     m_schedule->Show(m_request.record);
     m_action->Show(m_request.record);
     m_mail->Show(m_request.record);
+    m_safety->Show(m_request.record);
     m_shownName = Name();
     m_shownRecord = Record();
     // Where the desktop puts Cancel first it would have the focus, and Enter would mean Cancel.
@@ -93,6 +101,7 @@ void frmOptions::buildTabs() {
     add(EditorChecks::Tab::Schedule, m_schedule, "tabSchedule", Text::ScheduleTab);
     add(EditorChecks::Tab::Action, m_action, "tabAction", Text::ActionTab);
     add(EditorChecks::Tab::Mail, m_mail, "tabMail", Text::MailTab);
+    add(EditorChecks::Tab::Safety, m_safety, "tabSafety", Text::SafetyTab);
 }
 
 void frmOptions::buildButtons() {
@@ -119,23 +128,41 @@ ActivityRecord frmOptions::Record() const {
     m_schedule->Store(record);
     m_action->Store(record);
     m_mail->Store(record);
+    m_safety->Store(record);
     return record;
 }
 
 void frmOptions::accept() {
     // Boxes let events run, and the program may have closed this form meanwhile.
-    if (!passesChecks() || m_over || !write() || m_over)
+    if (!passesChecks() || m_over)
+        return;
+    ActivityRecord record = Record();
+    if (!EditorDrives::Take(record, m_request.record, m_services.prompter, m_services.texts))
+        return lead(EditorChecks::Tab::Safety, "chkOnlyOnDrives");
+    if (m_over || !write(record) || m_over)
         return;
     m_general->RememberFolders();
     QDialog::accept();
 }
 
 bool frmOptions::MayBeDropped() {
-    if (m_over || (Name() == m_shownName && Record() == m_shownRecord))
+    if (m_over || !isChanged())
         return true;
     const Message question{m_services.texts[Text::DropChanges], windowTitle(), MessageIcon::Question,
                            MessageButtons::YesNo};
     return m_services.prompter.Ask(question) == MessageAnswer::Yes;
+}
+
+bool frmOptions::isChanged() const {
+    return Name() != m_shownName || Record() != m_shownRecord;
+}
+
+void frmOptions::preview() {
+    if (m_request.preview && !isChanged())
+        return m_request.preview();
+    const StringTable& texts = m_services.texts;
+    m_services.prompter.Ask(
+        {texts[Text::PreviewSaveFirst], windowTitle(), MessageIcon::Information, MessageButtons::Ok});
 }
 
 void frmOptions::reject() {
@@ -164,7 +191,7 @@ bool frmOptions::wavesThrough(const EditorChecks::Problem& problem) {
     return problem.message.buttons == MessageButtons::YesNo && answer == MessageAnswer::Yes;
 }
 
-bool frmOptions::write() {
+bool frmOptions::write(const ActivityRecord& record) {
     // The writer can only ask about or refuse the name.
     if (Name() != m_request.name)
         lead(EditorChecks::Tab::Directories, "txtName");
@@ -172,7 +199,7 @@ bool frmOptions::write() {
         m_services.prompter.Ask({text, m_services.texts[Text::Error], MessageIcon::Exclamation, MessageButtons::Ok});
     };
     try {
-        return m_request.write(Name(), Record());
+        return m_request.write(Name(), record);
     } catch (const StoreError& error) {
         tell(error.Text());
     } catch (const std::exception& error) {

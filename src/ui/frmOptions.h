@@ -12,6 +12,7 @@
 
 class EditorActionTab;
 class EditorGeneralTab;
+class EditorSafetyTab;
 class EditorScheduleTab;
 class QTabWidget;
 
@@ -28,6 +29,8 @@ class frmOptions final : public QDialog {
         /// Writes the activity. False when it was refused and the user has seen why; an exception is shown here. Either
         /// way the editor stays open.
         std::function<bool(const QString& name, const ActivityRecord& record)> write;
+        /// Shows what the activity would do as it was saved.
+        std::function<void()> preview;
     };
 
     /// What a new activity looks like before anybody has edited it: active, copies all files every ten minutes, sends
@@ -55,7 +58,9 @@ class frmOptions final : public QDialog {
     void buildButtons();
     [[nodiscard]] bool passesChecks();
     [[nodiscard]] bool wavesThrough(const EditorChecks::Problem& problem);
-    [[nodiscard]] bool write();
+    [[nodiscard]] bool write(const ActivityRecord& record);
+    [[nodiscard]] bool isChanged() const;
+    void preview();
     void lead(EditorChecks::Tab tab, const char* control);
 
     EditorServices m_services;
@@ -65,6 +70,7 @@ class frmOptions final : public QDialog {
     EditorScheduleTab* m_schedule;
     EditorActionTab* m_action;
     EditorMailTab* m_mail;
+    EditorSafetyTab* m_safety;
     QString m_shownName;
     ActivityRecord m_shownRecord; ///< as the controls gave it back before any input
     bool m_over = false;

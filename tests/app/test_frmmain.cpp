@@ -124,6 +124,30 @@ class TestFrmMain : public QObject {
         QTRY_COMPARE(closed.size(), 1);
     }
 
+    void aPreviewOpensFromTheEditor() {
+        World world;
+        Window window(world);
+        window.editor.onEdit = [&](const ActivityEditor::Writer& write) {
+            ActivityRecord mirror = window.editor.shown;
+            mirror.SetNumber(ActivityField::Action, 3);
+            EditorDialog editor(window.program, window.dialogs, window.picker);
+            return editor.Edit(u"A"_qs, mirror, write);
+        };
+        bool isShown = false;
+        WhenOpen<frmOptions>([&](frmOptions& form) {
+            WhenOpen<frmPreview>([&](frmPreview& preview) {
+                isShown = true;
+                preview.reject();
+            });
+            Find<QPushButton>(form, "cmdPreview").click();
+            QVERIFY(form.isVisible());
+            form.reject();
+        });
+        window.Select({u"A"_qs});
+        window.Command("mnuProperties").trigger();
+        QVERIFY(isShown);
+    }
+
     void aPreviewIsFilteredSavedAndRun() {
         World world({u"A"_qs}, {u"f1"_qs, u"f2"_qs, u"g"_qs});
         world.Write(u"A-out/g"_qs, "content of g"); // is left alone

@@ -79,6 +79,16 @@ class KalvenorRun(RunFixture):
                          ["Mirror", "fine", 1, len("content of Mirror"), 1, 0, ""])
         self.assertEqual(self.copied("Mirror"), ["file.txt"])
 
+    def test_too_many_deletions_and_nobody_to_ask(self):
+        self.write(self.activity("Mirror", action="3", askfiles="1"))
+        for name in ("old1", "old2"):
+            (self.root / "Mirror-out" / name).touch()
+        result = self.run_program("--json", self.file)
+        self.assertEqual(result.returncode, 1)
+        self.assertIn("'Mirror' would delete 2 and replace 0 of the 2 files", result.stderr)
+        self.assertIn("is held", json.loads(result.stdout)[0]["reason"])
+        self.assertEqual(self.copied("Mirror"), ["old1", "old2"])
+
     def test_runs_active_activities(self):
         log = self.root / "A.log"
         self.write(self.activity("A", logfile=log), self.activity("B", activ="0"), self.activity("C", action="1"),

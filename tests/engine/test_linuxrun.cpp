@@ -1,5 +1,6 @@
 // Runs among mounts, rights and failing system calls as only Linux has them.
 #include "AsNobody.h"
+#include "DriveMark.h"
 #include "ProgramFixture.h"
 #include "SystemCallFault.h"
 #include "SystemWorld.h"
@@ -172,6 +173,66 @@ class TestLinuxRun final : public QObject {
         QVERIFY(fixture.program->RunNow(A, NewDrive::OkIfTold).Succeeded());
         QCOMPARE(fixture.Exists(u"dst/f"_qs), !isMirror);
         QVERIFY(fixture.program->RunNow(A).Succeeded());
+    }
+
+    // Strict, whoever starts the run: a directory of the same path on another drive is another directory.
+    void onlyItsOwnDriveWillDo_data() {
+        // folder: on the drive; instead: what is there in its place
+        const Table<QString, QString, QString, QString> row;
+        for (const char* whose : {"src", "dst"}) {
+            row.Add("3", whose, "", "bare mount point");
+            row.Add("1", whose, "", "other drive");
+            row.Add("3", whose, "/sub", "nothing");
+        }
+        row.Add("2", "src", "", "bare mount point");
+    }
+    void onlyItsOwnDriveWillDo() {
+        const auto [action, whose, below, instead] = Table<QString, QString, QString, QString>::Current();
+        if (!m_mayMount)
+            QSKIP("only an administrator can mount");
+        ProgramFixture fixture;
+        const fs::path drive = fixture.Folder(whose).toStdString();
+        const fs::path away = fixture.Folder(u"away"_qs).toStdString();
+        const auto mount = [&](const char* name) { return ::mount(name, drive.c_str(), "tmpfs", 0, nullptr); };
+        QCOMPARE(mount("this"), 0);
+        fixture.Write(u"src"_qs + (whose == u"src" ? below : QString()) + u"/f"_qs, "1");
+        fixture.Folder(whose + below);
+        const QString mark = DriveMark::Of(modDrive::Of(fixture.Native(whose + below)).value());
+        QVERIFY(mark.endsWith(u"/"_qs + whose) && DriveMark::Spoken(mark).contains(fixture.Path(whose)));
+        const QString other = DriveMark::Of(modDrive::Of(fixture.Native()).value());
+        QVERIFY(!other.isEmpty() && other != mark);
+        const bool isSource = whose == u"src";
+        fixture.Add(A, {{u"action"_qs, action},
+                        {isSource ? u"sourcedir"_qs : u"targetdir"_qs, fixture.Path(whose + below)},
+                        {u"intervall"_qs, u"2"_qs},
+                        {u"onlyondrives"_qs, u"1"_qs},
+                        {u"sourcedrive"_qs, isSource ? mark : other},
+                        {u"targetdrive"_qs, isSource ? other : mark + u" | a name"_qs}});
+        Program& program = fixture.Start();
+        QVERIFY(fixture.ScratchFolder::Write(u"app.log"_qs, {}));
+        QCOMPARE(::mount(drive.c_str(), away.c_str(), nullptr, MS_MOVE, nullptr), 0);
+        if (instead == u"other drive")
+            QCOMPARE(mount("other"), 0);
+        for (const NewDrive anyWay : {NewDrive::Hold, NewDrive::OkIfTold, NewDrive::Ok}) {
+            const RunOutcome outcome = program.RunNow(A, anyWay);
+            QVERIFY(outcome.held && outcome.interrupted && outcome.failures == 1);
+            QVERIFY(outcome.reason.contains(fixture.Path(whose + below)) && outcome.reason == fixture.Status(A));
+            QCOMPARE(program.Preview(A).outcome.reason, outcome.reason);
+        }
+        program.Monitoring().ToggleMonitoring();
+        fixture.Pass(std::chrono::seconds(20));
+        QVERIFY(program.Monitoring().IsOn() && fixture.Runs(A) == 0);
+        QCOMPARE(fixture.Read(u"app.log"_qs).count("The run is held"), 1);
+        if (instead == u"other drive")
+            ::umount2(drive.c_str(), MNT_DETACH);
+        QCOMPARE(::mount(away.c_str(), drive.c_str(), nullptr, MS_MOVE, nullptr), 0);
+        fixture.Pass(std::chrono::seconds(20));
+        QVERIFY(fixture.Runs(A) > 0);
+        QCOMPARE(fixture.Exists(u"dst"_qs + (isSource ? QString() : below) + u"/f"_qs), action != u"2");
+        program.Monitoring().StopMonitoring();
+        program.File().Write(A, ActivityField::SourceDrive, {});
+        QVERIFY(program.RunNow(A, NewDrive::Ok).held);
+        ::umount2(drive.c_str(), MNT_DETACH);
     }
 
     // The folder that is walked is the one that was listed, and deleting keeps to one mount.

@@ -109,6 +109,146 @@ class TestSyncRun final : public QObject {
         QVERIFY(program.RunNow(A, NewDrive::Hold, &present).Succeeded());
     }
 
+    // Only more than the activity allows is asked about: files that go, each once, among those found at the
+    // destination.
+    void theBrakeCountsWhatGoes_data() {
+        // limits: files, percent; asked: the numbers in the question, "" for none
+        const Table<QString, QString, QString> row;
+        row.Add("3", "0 0", "");
+        row.Add("3", "5 0", "");
+        row.Add("3", "4 0", "would delete 3 and replace 2 of the 7 files that it finds at the destination (71 %)");
+        row.Add("3", "9 71", "would delete 3 and replace 2 of the 7");
+        row.Add("3", "0 72", "");
+        row.Add("0", "2 0", "");
+        row.Add("0", "1 0", "would delete 0 and replace 2 of the 4");
+        row.Add("1", "1 0", "would delete 0 and replace 2 of the 4");
+        row.Add("2", "1 1", "");
+    }
+    void theBrakeCountsWhatGoes() {
+        const auto [action, limits, asked] = Table<QString, QString, QString>::Current();
+        for (const bool yes : {false, true}) {
+            ProgramFixture fixture;
+            fixture.Add(A, {{u"action"_qs, action},
+                            {u"askfiles"_qs, limits.section(u' ', 0, 0)},
+                            {u"askpercent"_qs, limits.section(u' ', 1)}});
+            for (const auto& file : {u"src/newer"_qs, u"src/sub/newer"_qs, u"src/old"_qs, u"src/sub/old"_qs,
+                                     u"src/free"_qs, u"src/whole/free"_qs})
+                fixture.Write(file, "source", file.endsWith(u"old") ? early : late);
+            for (const auto& file : {u"dst/newer"_qs, u"dst/sub/newer"_qs, u"dst/old"_qs, u"dst/sub/old"_qs,
+                                     u"dst/surplus"_qs, u"dst/sub/surplus"_qs, u"dst/gone/deep/surplus"_qs})
+                fixture.Write(file, "destination", file.endsWith(u"old") ? early : same);
+            const auto before = Tree(fixture.Path(u"dst"_qs));
+            fixture.prompter.yes = yes;
+            const RunOutcome outcome = fixture.Start().RunNow(A);
+            QCOMPARE(fixture.prompter.shown.size(), asked.isEmpty() ? 0U : 1U);
+            if (!asked.isEmpty())
+                QVERIFY2(fixture.prompter.shown[0].text.startsWith(u"'A' "_qs + asked),
+                         qPrintable(fixture.prompter.shown[0].text));
+            const bool runs = asked.isEmpty() || yes;
+            QCOMPARE(outcome.Succeeded(), runs);
+            QCOMPARE(outcome.held, !runs);
+            QCOMPARE(Tree(fixture.Path(u"dst"_qs)) == before, !runs || action == u"2");
+        }
+    }
+
+    // What was refused is not asked about at each tick, and is still to be done.
+    void aRefusedRunIsHeldUntilSomethingChanges_data() {
+        // change: what ends the hold, and whether there is a question again
+        const Table<QString, bool> row;
+        row.Add("by hand", true);
+        row.Add("edited", true);
+        row.Add("less to do", false);
+    }
+    void aRefusedRunIsHeldUntilSomethingChanges() {
+        const auto [change, isAsked] = Table<QString, bool>::Current();
+        ProgramFixture fixture;
+        fixture.Add(A, u"action=3 askfiles=1 intervall=2 runningmode=1"_qs);
+        fixture.Write(u"src/f"_qs, "1");
+        fixture.Write(u"dst/a"_qs, "2");
+        fixture.Write(u"dst/b"_qs, "3");
+        QVERIFY(fixture.ScratchFolder::Write(u"app.log"_qs, {}));
+        fixture.StartMonitoring();
+        Program& program = *fixture.program;
+        fixture.Pass(std::chrono::seconds(20));
+        QCOMPARE(fixture.prompter.shown.size(), 1U);
+        QVERIFY(program.Monitoring().IsOn() && fixture.Runs(A) == 0 && fixture.Exists(u"dst/a"_qs));
+        QVERIFY(fixture.Status(A).startsWith(u"The run of 'A' is held: it would delete 2"));
+        QCOMPARE(fixture.Read(u"app.log"_qs).count("is held: it would"), 1);
+        QCOMPARE(fixture.Log(A).size(), 2);
+        const std::optional<RunResult> result = program.Results().Of(RunIdentity::Of(program.File(), A));
+        QVERIFY(result && result->ending == RunEnding::Failed && result->reason == fixture.Status(A));
+        fixture.prompter.yes = true;
+        if (change == u"by hand")
+            QVERIFY(program.RunNow(A).Succeeded());
+        else if (change == u"edited")
+            program.File().Write(A, ActivityField::Overwrite, u"N"_qs);
+        else
+            QVERIFY(QFile::remove(fixture.Path(u"dst/b"_qs)));
+        fixture.Pass(std::chrono::seconds(20));
+        QVERIFY(fixture.Runs(A) > 0 && !fixture.Exists(u"dst/a"_qs) && !fixture.Exists(u"dst/b"_qs));
+        QCOMPARE(fixture.prompter.Told().filter(u"would delete"_qs).size(), isAsked ? 2 : 1);
+        QVERIFY(!program.Monitoring().IsOn()); // it was to run once
+    }
+
+    // What appears or changes while the user makes up his mind is not what he said yes to.
+    void theBrakeHoldsBehindItsQuestion_data() {
+        // counted: the limit, and how much the plan sees; a question follows when that is more
+        const Table<QString, int> row;
+        for (const int limit : {1, 2}) {
+            row.Add("appears", limit);
+            row.Add("grows newer", limit);
+        }
+        row.Add("edited", 1);
+        row.Add("other directory", 1);
+        row.Add("other file", 1);
+    }
+    void theBrakeHoldsBehindItsQuestion() {
+        const auto [change, limit] = Table<QString, int>::Current();
+        ProgramFixture fixture;
+        fixture.Add(A, u"action=3 askpercent=90 askfiles="_qs + QString::number(limit));
+        for (const auto* name : {"1", "2", "3", "4"})
+            fixture.Write(u"dst/surplus"_qs + QLatin1String(name), "1");
+        for (const auto* name : {"3", "4"})
+            fixture.Write(u"src/surplus"_qs + QLatin1String(name), "1");
+        fixture.prompter.yes = true;
+        Program& program = fixture.Start();
+        const auto changeIt = [&] {
+            if (change == u"appears")
+                fixture.Write(u"dst/surplus0"_qs, "new");
+            else if (change == u"grows newer")
+                fixture.Write(u"src/surplus3"_qs, "22", late + 9);
+            else if (change == u"edited")
+                program.File().Write(A, ActivityField::AskFiles, u"7"_qs);
+            else if (change == u"other directory")
+                program.File().Write(A, ActivityField::TargetDir, fixture.Folder(u"other"_qs));
+            else
+                program.File().SaveAs(fixture.Path(u"other.kvd"_qs));
+        };
+        fixture.prompter.onAsk = [&](const Message&) { changeIt(); };
+        if (limit == 2)
+            fixture.pump->onYield = [&, yields = 0]() mutable {
+                if (++yields == 3) // behind the plan
+                    changeIt();
+            };
+        const RunOutcome outcome = program.RunNow(A);
+        QVERIFY(outcome.interrupted && outcome.failures == 1 && !outcome.held);
+        QCOMPARE(fixture.prompter.shown.size(), limit == 1 ? 1U : 0U);
+        const bool isBound = change == u"appears" || change == u"grows newer";
+        QVERIFY(outcome.reason.contains(isBound ? u"delete or replace more"_qs : u"was changed"_qs));
+        QCOMPARE(Tree(fixture.Path(u"dst"_qs)).size(), isBound ? (change == u"appears" ? 3 : 2) : 4);
+        QCOMPARE(fixture.Read(u"dst/surplus3"_qs), QByteArray("1"));
+    }
+
+    // The log of a run grows by the run itself.
+    void theBrakeTakesNoNoticeOfTheLog() {
+        ProgramFixture fixture;
+        fixture.Add(A, {{u"action"_qs, u"3"_qs}, {u"askpercent"_qs, u"1"_qs}, {u"logfile"_qs, fixture.Path("src/l")}});
+        fixture.Start();
+        for (int run = 0; run < 3; ++run)
+            QVERIFY(fixture.program->RunNow(A).Succeeded());
+        QVERIFY(fixture.prompter.shown.empty());
+    }
+
     void resultsOutliveTheProgram() {
         ProgramFixture fixture;
         fixture.locks->place = fixture.Native(u"state"_qs);

@@ -1,5 +1,7 @@
 // The activity editor: what goes in and comes out of its controls, and what keeps it open.
 #include "DesktopMailClient.h"
+#include "DriveMark.h"
+#include "EditorDrives.h"
 #include "EditorFields.h"
 #include "FakeFilePicker.h"
 #include "ModalForm.h"
@@ -7,6 +9,7 @@
 #include "StoreError.h"
 #include "clsGetSystemDirectoryPaths.h"
 #include "frmOptions.h"
+#include "modNativePath.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -19,6 +22,8 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSlider>
+#include <QSpinBox>
+#include <QTabWidget>
 #include <QTimer>
 #include <QToolButton>
 
@@ -38,6 +43,7 @@ struct EditorWorld {
     NoDesktopMailClient mail;
     clsGetSystemDirectoryPaths system{"/usr", "/etc", "/"};
     int writes = 0;
+    ActivityRecord written;
 
     EditorServices Services() {
         const QLocale locale(QLocale::English, QLocale::UnitedStates);
@@ -49,7 +55,11 @@ struct EditorWorld {
                 {},
                 [](const QString&) { return true; },
                 [](const QString&) { return false; },
-                [this](const QString&, const ActivityRecord&) { return ++writes > 0; }};
+                [this](const QString&, const ActivityRecord& edited) {
+                    written = edited;
+                    return ++writes > 0;
+                },
+                {}};
     }
     /// An activity that can be saved as it is.
     ActivityRecord Usable() {
@@ -72,6 +82,8 @@ class TestFrmOptions : public QObject {
             button->setChecked(*value == '+');
         else if (auto* slider = qobject_cast<QSlider*>(&control))
             slider->setValue(q(value).toInt());
+        else if (auto* number = qobject_cast<QSpinBox*>(&control))
+            number->setValue(q(value).toInt());
         else if (auto* combo = qobject_cast<ctlAutoCompleteCombo*>(&control))
             combo->SetText(q(value));
         else if (auto* lines = qobject_cast<QPlainTextEdit*>(&control))
@@ -126,6 +138,10 @@ class TestFrmOptions : public QObject {
             {"chkAttachLogFile", "+", F::AttachLogFile, "1"},
             {"txtSMTPHost", "mail.a.de", F::SmtpHost, "mail.a.de"},
             {"chkUseSMTP", "-", F::UseSmtp, "0"},
+            {"spnKeepDays", "30", F::KeepDays, "30"},
+            {"spnAskFiles", "500", F::AskFiles, "500"},
+            {"spnAskPercent", "10", F::AskPercent, "10"},
+            {"chkOnlyOnDrives", "+", F::OnlyOnDrives, "1"},
         };
         EditorWorld world;
         frmOptions form(world.Services(), world.Request({}, frmOptions::NewActivity()));
@@ -157,6 +173,8 @@ class TestFrmOptions : public QObject {
         QCOMPARE(kept(F::TriggerDateTime, "99:99"), q("99:99"));
         QCOMPARE(kept(F::Comment, "a\r\nb\u00a0c"), q("a\r\nb\u00a0c"));
         QCOMPARE(kept(F::SourceDir, "/a\nb"), q("/a\nb"));
+        QCOMPARE(kept(F::AskFiles, "2000000"), q("2000000"));
+        QCOMPARE(kept(F::KeepDays, "5000"), q("5000"));
         // Another spelling of the same, in the form that every locale reads alike, and what a missing field means.
         QCOMPARE(kept(F::TriggerDate, "2/1/2030"), q("01.02.2030"));
         QCOMPARE(kept(F::TriggerDate, "1.2.2030"), q("01.02.2030"));
@@ -356,6 +374,83 @@ class TestFrmOptions : public QObject {
             QVERIFY(!form.isVisible() && world.writes == 0);
             QCOMPARE(world.store.prompter.shown.size(), isChanged ? 2U : 0U);
         }
+    }
+
+    // At each OK, so that another directory is not tied to the former one's drive. The former drive may only be away,
+    // and then it is not forgotten without a question.
+    void drivesAreTakenAtOk() {
+        EditorWorld world;
+        const auto markOf = [](const QString& path) {
+            return DriveMark::Of(modDrive::Of(modNativePath::FromText(path)).value());
+        };
+        const QString present = markOf(world.store.Path("cwd"));
+        QVERIFY(!present.isEmpty());
+        const QString former = q("id 1-2 | /former/stick | BACKUP");
+        struct Case {
+            bool isOn;
+            QString known;
+            const char* directory;
+            bool yes;
+            QString taken;
+            unsigned asked;
+        };
+        const Case cases[] = {
+            {false, former, "cwd", true, {}, 0},         {true, {}, "cwd", false, present, 0},
+            {true, present, "cwd", false, present, 0},   {true, present + q(" | x"), "cwd", false, present, 0},
+            {true, former, "cwd", false, former, 1},     {true, former, "cwd", true, present, 1},
+            {true, former, "program", false, present, 0}};
+        for (const Case& each : cases) {
+            ActivityRecord record = world.Usable();
+            record.SetOn(F::OnlyOnDrives, true);
+            record.SetText(F::SourceDrive, each.known);
+            record.SetText(F::TargetDrive, present);
+            world.store.prompter.shown.clear();
+            world.store.prompter.yes = each.yes;
+            frmOptions form(world.Services(), world.Request(q("A"), record));
+            form.show();
+            Find<QAbstractButton>(form, "chkOnlyOnDrives").setChecked(each.isOn);
+            Find<QLineEdit>(form, "txtSourceDir").setText(world.store.Path(each.directory));
+            auto& tabs = Find<QTabWidget>(form, "tabOptions");
+            tabs.setCurrentIndex(tabs.count() - 1);
+            const QString line = each.known == former && qstrcmp(each.directory, "cwd") == 0
+                                     ? q("/former/stick (BACKUP), but now it is on ") + DriveMark::Spoken(present)
+                                     : DriveMark::Spoken(present) + q(", there now");
+            if (each.isOn && !each.known.endsWith(u'x'))
+                QTRY_COMPARE(Find<QLabel>(form, "lblSourceDrive").text(), line);
+            Find<QPushButton>(form, "cmdOK").click();
+            QVERIFY(!form.isVisible());
+            QCOMPARE(world.written.Text(F::SourceDrive), each.taken);
+            QCOMPARE(world.written.Text(F::TargetDrive), each.isOn ? present : QString());
+            QCOMPARE(world.store.prompter.shown.size(), each.asked);
+        }
+        ActivityRecord record = world.Usable();
+        record.SetOn(F::OnlyOnDrives, true);
+        record.SetText(F::TargetDir, world.store.Path("pulled a moment ago"));
+        const ActivityRecord before = record;
+        QVERIFY(!EditorDrives::Take(record, {}, world.store.prompter, world.store.texts));
+        QVERIFY(record == before && world.store.prompter.shown.back().text.contains(q("pulled a moment ago")));
+    }
+
+    void thePreviewIsOfWhatIsSaved() {
+        EditorWorld world;
+        ActivityRecord record = world.Usable();
+        int previews = 0;
+        for (const bool isNew : {true, false}) {
+            record.SetNumber(F::Action, 3);
+            frmOptions::Request request = world.Request(isNew ? QString() : q("A"), record);
+            if (!isNew)
+                request.preview = [&] { ++previews; };
+            frmOptions form(world.Services(), request);
+            auto& button = Find<QPushButton>(form, "cmdPreview");
+            QVERIFY(!button.isHidden());
+            button.click();
+            Find<QAbstractButton>(form, "chkOnlyNew").toggle();
+            button.click();
+            Find<QAbstractButton>(form, "optMove").click();
+            QVERIFY(button.isHidden());
+        }
+        QCOMPARE(previews, 1);
+        QCOMPARE(world.store.prompter.shown.size(), 3U);
     }
 
     void formThatWasClosedMeanwhileWritesNothing() {

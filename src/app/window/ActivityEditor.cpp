@@ -2,6 +2,7 @@
 
 #include "DialogHost.h"
 #include "Program.h"
+#include "RunNowCommands.h"
 #include "frmOptions.h"
 
 bool EditorDialog::Edit(const QString& name, const ActivityRecord& record, const Writer& write) {
@@ -19,13 +20,17 @@ bool EditorDialog::Edit(const QString& name, const ActivityRecord& record, const
     const auto isUsableName = [this](const QString& wanted) {
         return !m_program.File().IsLoaded() || m_program.Document().IsUsableName(wanted);
     };
+    std::function<void()> preview; // of what is not saved yet there is none
+    if (!name.isEmpty())
+        preview = [this, name] { RunNowCommands(m_program, m_dialogs, m_picker).PreviewInDialog(name); };
     frmOptions editor(needed,
                       {.name = name,
                        .record = record,
                        .known = KnownTexts::Of(m_program.File()),
                        .isUsableName = isUsableName,
                        .isOwnFile = [this](const QString& path) { return m_program.IsOwnFile(path); },
-                       .write = write},
+                       .write = write,
+                       .preview = preview},
                       m_dialogs.Parent());
     return m_dialogs.Run(editor, [&editor] { return editor.MayBeDropped(); }) == QDialog::Accepted;
 }

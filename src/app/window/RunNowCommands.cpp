@@ -52,7 +52,12 @@ void RunNowCommands::ExecuteMarked(const QStringList& names) {
 }
 
 void RunNowCommands::Preview(const QString& name) {
-    if (m_running || name.isEmpty() || m_dialogs.RaiseOpen())
+    if (!name.isEmpty() && !m_dialogs.RaiseOpen())
+        PreviewInDialog(name);
+}
+
+void RunNowCommands::PreviewInDialog(const QString& name) {
+    if (m_running)
         return;
     const QScopedValueRollback running(m_running, true);
     const RunPlan plan = m_program.Preview(name);

@@ -24,6 +24,9 @@ class RunNowCommands final {
     /// mnuPreview: shows what a run would do, and runs exactly that when the user wants it.
     void Preview(const QString& name);
 
+    /// The same from within an open dialog.
+    void PreviewInDialog(const QString& name);
+
   private:
     [[nodiscard]] bool refuseEmptyList();
     void askAndRun(QStringList names, Text question, Text title, NewDrive newDrive);

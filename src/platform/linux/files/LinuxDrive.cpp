@@ -1,8 +1,11 @@
 #include "LinuxDrive.h"
 #include "SystemCall.h"
+#include "modDrive.h"
+#include "modNativePath.h"
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <fcntl.h>
 #include <fstream>
 #include <linux/magic.h>
@@ -60,18 +63,44 @@ MountLine mountOf(int folder) {
     return {};
 }
 
-/// The name that udev gives to the block device of the folder.
-std::string uuidOfDevice(int folder) {
-    struct stat status {};
-    if (::fstat(folder, &status) != 0)
-        return {};
+/// The name that udev gives to a block device, among those of a kind.
+std::string nameOfDevice(dev_t wanted, const char* kind) {
     std::error_code error;
-    for (fs::directory_iterator link("/dev/disk/by-uuid", error), end; !error && link != end; link.increment(error)) {
+    for (fs::directory_iterator link(kind, error), end; !error && link != end; link.increment(error)) {
         struct stat device {};
-        if (::stat(link->path().c_str(), &device) == 0 && S_ISBLK(device.st_mode) && device.st_rdev == status.st_dev)
+        if (::stat(link->path().c_str(), &device) == 0 && S_ISBLK(device.st_mode) && device.st_rdev == wanted)
             return link->path().filename().native();
     }
     return {};
+}
+
+std::string uuidOfDevice(int folder) {
+    struct stat status {};
+    return ::fstat(folder, &status) == 0 ? nameOfDevice(status.st_dev, "/dev/disk/by-uuid") : std::string();
+}
+
+/// Blanks and the like stand in udev's names as "\x" and two hexadecimal digits.
+std::string withoutHex(const std::string& name) {
+    constexpr std::size_t digits = 2;
+    constexpr int hexadecimal = 16;
+    std::string plain;
+    for (std::size_t at = 0; at < name.size(); ++at) {
+        if (name.compare(at, digits, "\\x") == 0 && at + 1 + digits < name.size()) {
+            plain.push_back(static_cast<char>(std::strtol(name.substr(at + 2, digits).c_str(), nullptr, hexadecimal)));
+            at += 1 + digits;
+        } else {
+            plain.push_back(name[at]);
+        }
+    }
+    return plain;
+}
+
+/// Some file systems have a device number of their own; their mount tells the disk's.
+dev_t deviceOf(int folder) {
+    struct stat status {};
+    if (::stat(mountOf(folder).source.c_str(), &status) == 0 && S_ISBLK(status.st_mode))
+        return status.st_rdev;
+    return ::fstat(folder, &status) == 0 ? status.st_dev : 0;
 }
 
 /// These file systems make the id from their UUID.
@@ -105,4 +134,15 @@ DriveFacts DriveOf(int folder) {
     if (drive.identity.empty() && !mount.type.empty())
         drive.identity = mount.type + ' ' + mount.source;
     return drive;
+}
+
+std::optional<modDrive::Named> modDrive::Of(const fs::path& folder) {
+    const FileDescriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!opened.IsOpen())
+        return std::nullopt;
+    const dev_t device = deviceOf(opened.Get());
+    std::string name = withoutHex(nameOfDevice(device, "/dev/disk/by-label"));
+    if (name.empty())
+        name = nameOfDevice(device, "/dev/disk/by-uuid");
+    return Named{.facts = DriveOf(opened.Get()), .name = QString::fromStdString(name)};
 }

@@ -1,5 +1,7 @@
 #include "WindowsDrive.h"
+#include "WindowsFolder.h"
 #include "WindowsName.h"
+#include "modDrive.h"
 
 #include <array>
 #include <cstdio>
@@ -36,4 +38,17 @@ DriveFacts DriveOf(HANDLE folder, const std::filesystem::path& absolute) {
     return {.identity = identityOf(folder, root),
             .mountPoint = root,
             .isNetwork = GetDriveTypeW(root.c_str()) == DRIVE_REMOTE};
+}
+
+std::optional<modDrive::Named> modDrive::Of(const std::filesystem::path& folder) {
+    std::error_code error;
+    const std::shared_ptr<WindowsFolder> opened = WindowsFolder::Open(folder, error);
+    if (!opened)
+        return std::nullopt;
+    Named drive{.facts = opened->Drive(), .name = {}};
+    std::array<wchar_t, MAX_PATH + 1> label{};
+    if (GetVolumeInformationW(drive.facts.mountPoint.c_str(), label.data(), static_cast<DWORD>(label.size()), nullptr,
+                              nullptr, nullptr, nullptr, 0))
+        drive.name = QString::fromWCharArray(label.data());
+    return drive;
 }
