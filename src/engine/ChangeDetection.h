@@ -5,6 +5,8 @@
 #include "DriveGuard.h"
 #include "SyncRun.h"
 
+struct RunResult;
+
 class ChangeDetection final {
   public:
     /// `stateFolder` keeps what the runs have to know of each other.
@@ -22,6 +24,7 @@ class ChangeDetection final {
 
   private:
     struct Order {
+        QString log; ///< of the activity
         RunStarter starter;
         NewDrive newDrive;
         ApprovedPlan* approved;
@@ -37,12 +40,13 @@ class ChangeDetection final {
     [[nodiscard]] bool isHeld(const RunIdentity& run, NewDrive newDrive, const Folder& source,
                               const Folder& destination);
     [[nodiscard]] bool mayRun(const QString& name, RunStarter starter) const;
-    RunOutcome refuse(const QString& name, const QString& directory, std::error_code error);
+    RunOutcome refuse(const QString& name, const QString& log, const QString& directory, std::error_code error);
     /// Returns what the row shows.
     QString handleMissing(const QString& name, const QString& directory);
-    [[nodiscard]] std::int64_t endOfLog(const QString& name) const;
     void countRun(const QString& name);
-    void sendMail(const QString& name, const Folder& source, const Folder& destination);
+    void sendMail(const RunIdentity& run, const Order& order, const RunOutcome& outcome, const Folder& source,
+                  const Folder& destination);
+    void writeSummary(const QString& name, const RunResult& result, const RunOutcome& outcome);
 
     RunTools m_tools;
     const EngineServices& m_services;

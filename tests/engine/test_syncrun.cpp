@@ -127,7 +127,7 @@ class TestSyncRun final : public QObject {
         QVERIFY(!of(u"Other"_qs));
         const std::optional<RunResult> fine = of(A);
         const std::optional<RunResult> failed = of(u"Missing"_qs);
-        QVERIFY(fine && fine->ending == RunEnding::Fine && fine->done == (RunCounts{.files = 1, .bytes = 3}));
+        QVERIFY(fine && fine->ending == RunEnding::Fine && fine->done == (RunCounts{.copied = 1, .bytes = 3}));
         QVERIFY(failed && failed->ending == RunEnding::Failed);
         QVERIFY(failed->reason.contains(fixture.Path(u"nowhere"_qs)));
         QFile log(failed->log);
@@ -151,6 +151,42 @@ class TestSyncRun final : public QObject {
         fixture.Write(u"state/"_qs + kept.first(), "{\"Missing\": {\"ending\": 7");
         fixture.Build().List().Refill();
         QVERIFY(!of(u"Missing"_qs));
+    }
+
+    void aSummaryEndsTheRun_data() {
+        const Table<QString, QString> row;
+        row("copy", "0",
+            "1 copied, 0 moved, 1 replaced, 0 deleted, 1 left alone, 0 failed, 3 bytes in 0 s; ended: done");
+        row("move", "1",
+            "0 copied, 1 moved, 1 replaced, 0 deleted, 1 left alone, 0 failed, 0 bytes in 0 s; ended: done");
+        row("mirror", "3",
+            "1 copied, 0 moved, 1 replaced, 1 deleted, 1 left alone, 0 failed, 3 bytes in 0 s; ended: done");
+        row("failure", "0", "");
+    }
+    void aSummaryEndsTheRun() {
+        const auto [action, summary] = Table<QString, QString>::Current();
+        ProgramFixture fixture;
+        fixture.Add(A, {{u"action"_qs, action},
+                        {u"sourcedir"_qs, fixture.Path(summary.isEmpty() ? u"nowhere"_qs : u"src"_qs)}});
+        Program& program = fixture.Start();
+        fixture.Write(u"src/new"_qs, "123");
+        fixture.Write(u"dst/new"_qs, "old", 1'600'000'000);
+        for (const char* same : {"src/same", "dst/same"})
+            fixture.Write(QLatin1String(same), "same");
+        fixture.Write(u"dst/surplus"_qs, "x");
+        program.Options().SummaryLine = 1;
+        program.RunNow(A);
+        const QStringList log = fixture.Log(A);
+        QCOMPARE(log.last(), u"idle"_qs); // the row's state, no longer the run's
+        const QString line = log[log.size() - 2];
+        if (summary.isEmpty())
+            QVERIFY(line.contains(u"; ended: Directory '~/nowhere"));
+        else
+            QCOMPARE(line, u"Summary: "_qs + summary);
+        QCOMPARE(fixture.Log(A).filter(u"Summary"_qs).size(), 1);
+        program.Options().SummaryLine = 0;
+        program.RunNow(A);
+        QCOMPARE(fixture.Log(A).filter(u"Summary"_qs).size(), 1);
     }
 
     // What was looked at before a box is looked at again behind it.
