@@ -1951,8 +1951,8 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <translation>Diese Aktivität ist so, wie sie jetzt ist, noch nicht gelaufen.</translation>
     </message>
     <message id="877">
-        <source>Files</source>
-        <translation>Dateien</translation>
+        <source>Files copied, moved and deleted</source>
+        <translation>Kopierte, verschobene und gelöschte Dateien</translation>
     </message>
     <message id="878">
         <source>Seconds</source>
@@ -1967,8 +1967,8 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <translation>%1: %2</translation>
     </message>
     <message id="881">
-        <source>%1 runs from %2 to %3 that had nothing to do</source>
-        <translation>%1 Läufe von %2 bis %3, die nichts zu tun hatten</translation>
+        <source>%1 runs from %2 to %3, each the same: %4</source>
+        <translation>%1 Läufe von %2 bis %3, jeder gleich: %4</translation>
     </message>
     <message id="882">
         <source>%1 runs since %2, %3 of them failed; %4 files, %5</source>
@@ -1977,6 +1977,10 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
     <message id="883">
         <source>Runs, the newest on the right; choose one with the arrow keys</source>
         <translation>Läufe, der neueste rechts; mit den Pfeiltasten wählbar</translation>
+    </message>
+    <message id="884">
+        <source>&amp;Bars show:</source>
+        <translation>&amp;Balken zeigen:</translation>
     </message>
 </context>
 </TS>

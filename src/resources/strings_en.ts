@@ -2436,8 +2436,8 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <extra-name>StatisticsNone</extra-name>
     </message>
     <message id="877">
-        <source>Files</source>
-        <translation>Files</translation>
+        <source>Files copied, moved and deleted</source>
+        <translation>Files copied, moved and deleted</translation>
         <extra-name>MeasureFiles</extra-name>
     </message>
     <message id="878">
@@ -2456,9 +2456,9 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <extra-name>StatisticsRun</extra-name>
     </message>
     <message id="881">
-        <source>%1 runs from %2 to %3 that had nothing to do</source>
-        <translation>%1 runs from %2 to %3 that had nothing to do</translation>
-        <extra-name>StatisticsIdle</extra-name>
+        <source>%1 runs from %2 to %3, each the same: %4</source>
+        <translation>%1 runs from %2 to %3, each the same: %4</translation>
+        <extra-name>StatisticsRuns</extra-name>
     </message>
     <message id="882">
         <source>%1 runs since %2, %3 of them failed; %4 files, %5</source>
@@ -2469,6 +2469,11 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <source>Runs, the newest on the right; choose one with the arrow keys</source>
         <translation>Runs, the newest on the right; choose one with the arrow keys</translation>
         <extra-name>RunChart</extra-name>
+    </message>
+    <message id="884">
+        <source>&amp;Bars show:</source>
+        <translation>&amp;Bars show:</translation>
+        <extra-name>Measure</extra-name>
     </message>
 </context>
 </TS>

@@ -128,11 +128,10 @@ QGroupBox* frmStartOptions::buildLogFile(const Options& options) {
 
 QGroupBox* frmStartOptions::buildSummary(const Options& options) {
     const StringTable& texts = m_services.texts;
-    auto* frame = new QGroupBox(texts[Text::AfterARun]);
+    auto* frame = FormParts::Group(texts[Text::AfterARun]);
     auto* rows = new QVBoxLayout(frame);
     const auto addBox = [&](const char* name, Text caption, bool isOn) {
-        auto* box = new QCheckBox(texts[caption]);
-        box->setObjectName(QLatin1String(name));
+        QCheckBox* box = FormParts::CheckBox(name, texts[caption]);
         box->setChecked(isOn);
         rows->addWidget(box);
         return box;
@@ -144,12 +143,13 @@ QGroupBox* frmStartOptions::buildSummary(const Options& options) {
     for (const Text choice : {Text::NotifyNothing, Text::NotifyFailures, Text::NotifyAll})
         m_notify->addItem(texts[choice]);
     m_notify->setCurrentIndex(options.notify < m_notify->count() ? options.notify : 0);
-    auto* label = new QLabel(texts[Text::NotifyOption]);
-    label->setBuddy(m_notify);
+    QLabel* label = FormParts::Label(texts[Text::NotifyOption], *m_notify);
     auto* row = new QHBoxLayout;
     row->addWidget(label);
     row->addWidget(m_notify, 1);
     rows->addLayout(row);
+    label->setHidden(!options.canNotify);
+    m_notify->setHidden(!options.canNotify);
     return frame;
 }
 

@@ -28,7 +28,8 @@ class frmStartOptions final : public QDialog {
         QString loggingPath; ///< "" = no application log
         bool summaryInLog = false;
         bool summaryInMail = false;
-        int notify = 0; ///< the row of cboNotify
+        int notify = 0;        ///< the row of cboNotify
+        bool canNotify = true; ///< else that row is hidden
     };
     /// `program` is what starts with the session. An entry for it that exists already checks chkStartWithWindows,
     /// whatever the option says.

@@ -58,13 +58,14 @@ void OptionsCommand::ShowOptions() {
         return;
     PlatformServices& services = m_program.Services();
     clsWatcher& options = m_program.Options();
+    Form shown = toForm(options);
+    shown.canNotify = services.notifier->IsAvailable();
     frmStartOptions form({.texts = m_program.Texts(),
                           .prompter = m_program.Prompts(),
                           .picker = m_picker,
                           .files = *services.ownFiles,
                           .settings = *services.settings},
-                         *services.autostart, services.places.programFolder / "Kalvenor", toForm(options),
-                         m_dialogs.Parent());
+                         *services.autostart, services.places.programFolder / "Kalvenor", shown, m_dialogs.Parent());
     QObject::connect(&form, &frmStartOptions::HelpWanted, &form, [this] { m_help.OpenManual(); });
     const bool isCancelled = m_dialogs.Run(form) != QDialog::Accepted;
     const clsWatcher before = options;
