@@ -1899,8 +1899,8 @@ Es verwendet Qt unter der GNU Lesser General Public License, Version 3, und libx
         <translation>Nach einem Lauf</translation>
     </message>
     <message id="864">
-        <source>&amp;Write a summary as the last line of the activity's log</source>
-        <translation>&amp;Zusammenfassung als letzte Zeile ins Protokoll der Aktivität schreiben</translation>
+        <source>&amp;Write a summary as the last line of each run into its log</source>
+        <translation>&amp;Zusammenfassung als letzte Zeile jedes Laufs ins Protokoll schreiben</translation>
     </message>
     <message id="865">
         <source>&amp;Fill in %copied%, %failed%, %summary% and the like in mails</source>

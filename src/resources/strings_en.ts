@@ -2371,8 +2371,8 @@ It uses Qt under the GNU Lesser General Public License, version 3, and libxml2 u
         <extra-name>AfterARun</extra-name>
     </message>
     <message id="864">
-        <source>&amp;Write a summary as the last line of the activity's log</source>
-        <translation>&amp;Write a summary as the last line of the activity's log</translation>
+        <source>&amp;Write a summary as the last line of each run into its log</source>
+        <translation>&amp;Write a summary as the last line of each run into its log</translation>
         <extra-name>SummaryInLog</extra-name>
     </message>
     <message id="865">

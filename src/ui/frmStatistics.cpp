@@ -76,7 +76,7 @@ QLayout* frmStatistics::makeChart(const std::vector<PastRun>& runs) {
     QLabel* run = FormParts::PlainText("lblRun", m_chart->ChosenInWords());
     run->setWordWrap(true);
     run->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    run->setMinimumHeight(run->fontMetrics().lineSpacing() * 2); // the chart keeps its height
+    run->setMinimumHeight(run->fontMetrics().lineSpacing() * 3); // the chart keeps its height
     run->setAlignment(Qt::AlignTop);
     part->addWidget(run);
     connect(m_chart, &RunChart::Chosen, run, [this, run] { run->setText(m_chart->ChosenInWords()); });

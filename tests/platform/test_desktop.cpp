@@ -20,23 +20,36 @@ namespace {
 
 const QString autostart = u"config/autostart/Kalvenor.desktop"_qs;
 
-/// A service on a bus of the test's own: writes down what it is asked and answers as it is told.
-class FakeService final : public QDBusVirtualObject {
+/// A bus of the test's own. The library reads the addresses once, so both buses are this one, all the time.
+class OwnBus final {
   public:
-    FakeService(const char* addressVariable, const QString& name, const QString& path) : m_name(name) {
+    OwnBus() {
         m_bus.start(u"dbus-daemon"_qs, {u"--session"_qs, u"--nofork"_qs, u"--print-address"_qs});
         m_bus.waitForReadyRead();
-        const QByteArray address = m_bus.readLine().trimmed();
-        // Never the real one, even when there is none of ours: its clock is not for tests.
-        qputenv(addressVariable, address.isEmpty() ? "unix:path=/nowhere" : address);
-        QDBusConnection service = QDBusConnection::connectToBus(QString::fromUtf8(address), m_name);
-        isOffered = service.registerVirtualObject(path, this) && service.registerService(m_name);
+        // Never the real ones, even when there is none of ours: their clock is not for tests.
+        const QByteArray line = m_bus.readLine().trimmed();
+        address = line.isEmpty() ? "unix:path=/nowhere" : line;
+        qputenv("DBUS_SYSTEM_BUS_ADDRESS", address);
+        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
     }
-    ~FakeService() override {
-        QDBusConnection::disconnectFromBus(m_name);
+    ~OwnBus() {
         m_bus.kill();
         m_bus.waitForFinished();
     }
+    QByteArray address;
+
+  private:
+    QProcess m_bus;
+};
+
+/// A service on it: writes down what it is asked and answers as it is told.
+class FakeService final : public QDBusVirtualObject {
+  public:
+    FakeService(const OwnBus& bus, const QString& name, const QString& path) : m_name(name) {
+        QDBusConnection service = QDBusConnection::connectToBus(QString::fromUtf8(bus.address), m_name);
+        isOffered = service.registerVirtualObject(path, this) && service.registerService(m_name);
+    }
+    ~FakeService() override { QDBusConnection::disconnectFromBus(m_name); }
     QString introspect(const QString&) const override { return {}; }
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override {
         calls.append(message);
@@ -49,7 +62,6 @@ class FakeService final : public QDBusVirtualObject {
     QString refusal;
 
   private:
-    QProcess m_bus;
     QString m_name;
 };
 
@@ -154,8 +166,7 @@ class TestDesktop final : public QObject {
     }
 
     void setsTheClockItselfOrAsksTimedated() {
-        FakeService timedated("DBUS_SYSTEM_BUS_ADDRESS", u"org.freedesktop.timedate1"_qs,
-                              u"/org/freedesktop/timedate1"_qs);
+        FakeService timedated(m_bus, u"org.freedesktop.timedate1"_qs, u"/org/freedesktop/timedate1"_qs);
         QVERIFY(timedated.isOffered);
         QStringList outcomes;
         const auto outcome = [&](const QString& reason) { outcomes.append(reason); };
@@ -187,8 +198,8 @@ class TestDesktop final : public QObject {
         const auto notifier = MakeDesktopNotifier(u"entry"_qs);
         notifier->Show({u"A"_qs, u"nobody sees it"_qs, {}, true}); // and no bus is started for it
         QVERIFY(!notifier->IsAvailable());
-        FakeService desktop("DBUS_SESSION_BUS_ADDRESS", u"org.freedesktop.Notifications"_qs,
-                            u"/org/freedesktop/Notifications"_qs);
+        qputenv("DBUS_SESSION_BUS_ADDRESS", m_bus.address);
+        FakeService desktop(m_bus, u"org.freedesktop.Notifications"_qs, u"/org/freedesktop/Notifications"_qs);
         QVERIFY(desktop.isOffered && notifier->IsAvailable());
         desktop.reply = {7U};
         notifier->Show({u"A"_qs, u"A <b> has failed"_qs, u"<img src='x'> & more\nline"_qs, true});
@@ -242,6 +253,7 @@ class TestDesktop final : public QObject {
     }
 
   private:
+    OwnBus m_bus;
     std::unique_ptr<ScratchFolder> m_home;
     std::unique_ptr<Autostart> m_autostart;
     std::unique_ptr<FileTypes> m_types;

@@ -77,13 +77,10 @@ void DesktopNotifier::answered(const QString& key, const QDBusPendingReply<uint>
         m_shown[key] = reply.value();
     else
         m_shown.remove(key);
-    const auto next = m_waiting.constFind(key);
-    if (next == m_waiting.constEnd())
-        return;
-    const Notice notice = *next;
-    m_waiting.erase(next);
-    if (reply.isValid()) // else it would wait as long again
-        Show(notice);
+    const bool hasNext = m_waiting.contains(key);
+    const Notice next = m_waiting.take(key);
+    if (hasNext && reply.isValid()) // else it would wait as long again
+        Show(next);
 }
 
 } // namespace
