@@ -34,7 +34,6 @@ constexpr std::array<Option, 3> summaryOptions{{
     {"InMail", &clsWatcher::MailVariables, 0},
     {"Notify", &clsWatcher::Notify, 0},
 }};
-const QString summarySection = QStringLiteral("Summary");
 
 SettingsStore::Entries summaryEntries(const QList<std::uint8_t>& values) {
     SettingsStore::Entries entries;
@@ -72,9 +71,9 @@ void clsWatcher::ReadRegistry() {
             this->*option.value = byteOf(text, option.byDefault);
     }
     for (const Option& option : summaryOptions)
-        this->*option.value =
-            byteOf(m_settings.Read(SettingsStore::OwnApplication, summarySection, QLatin1String(option.key)),
-                   option.byDefault);
+        this->*option.value = byteOf(
+            m_settings.Read(SettingsStore::OwnApplication, SettingsStore::SummarySection, QLatin1String(option.key)),
+            option.byDefault);
     m_storedSummary = summaryOf(*this);
 }
 
@@ -89,12 +88,12 @@ std::error_code clsWatcher::WriteRegistry() {
         return m_settings.WriteAll(SettingsStore::OwnApplication, section, all);
     };
     if (isNew)
-        if (const std::error_code error = store(summarySection, summaryEntries(summary)))
+        if (const std::error_code error = store(SettingsStore::SummarySection, summaryEntries(summary)))
             return error;
     const std::error_code error = store(SettingsStore::OptionsSection, entries);
     if (!error)
         m_storedSummary = summary;
     else if (isNew)
-        std::ignore = store(summarySection, summaryEntries(m_storedSummary));
+        std::ignore = store(SettingsStore::SummarySection, summaryEntries(m_storedSummary));
     return error;
 }
