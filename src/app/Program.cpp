@@ -82,8 +82,13 @@ Program::Program(PlatformServices& services, Prompter& prompter, const KeyState&
       m_options(*services.settings), m_file(m_document, *services.ownFiles, prompter, texts, services.places),
       m_list(m_file, texts, QLocale::system()), m_timers(*services.clock),
       m_results(m_file, *services.ownFiles, *services.clock, services.locks->Place()),
+      m_history(m_file, *services.ownFiles, services.locks->Place()),
+      m_notices(m_results,
+                {.options = m_options, .texts = texts, .clock = *services.clock, .notifier = *services.notifier}),
       m_lock(*services.locks, *services.ownFiles), m_service(*services.serviceManager, prompter, texts),
-      m_engine(std::make_unique<Engine>(*this, keys)) {}
+      m_engine(std::make_unique<Engine>(*this, keys)) {
+    QObject::connect(&m_results, &RunResults::RunEnded, &m_history, &RunHistory::Add);
+}
 
 Program::~Program() = default;
 

@@ -8,6 +8,8 @@
 #include "EngineServices.h"
 #include "MonitoringController.h"
 #include "PlatformServices.h"
+#include "RunHistory.h"
+#include "RunNotices.h"
 #include "RunPlan.h"
 #include "RunResults.h"
 #include "RunState.h"
@@ -44,6 +46,7 @@ class Program final {
     [[nodiscard]] ServiceMode& Service() { return m_service; }
     [[nodiscard]] RunState& State() { return m_runState; }
     [[nodiscard]] RunResults& Results() { return m_results; }
+    [[nodiscard]] const RunHistory& History() const { return m_history; }
     [[nodiscard]] EngineLock& Lock() { return m_lock; }
 
     /// "Kalvenor Pro 2.1".
@@ -101,6 +104,8 @@ class Program final {
     MonitoringTimers m_timers;
     RunState m_runState;
     RunResults m_results;
+    RunHistory m_history;
+    RunNotices m_notices;
     EngineLock m_lock;
     ServiceMode m_service;
     std::unique_ptr<Engine> m_engine;

@@ -96,7 +96,7 @@ RunCommand::ExitCode RunCommand::runAll(const QStringList& names, NewDrive newDr
         const RunIdentity run = RunIdentity::Of(m_program.File(), name);
         succeeded = m_program.RunNow(name, newDrive).Succeeded() && succeeded;
         if (const std::optional<RunResult> result = m_program.Results().Of(run))
-            results.append(RunResults::ToJson(run, *result));
+            results.append(result->ToJson(run));
     }
     RunEndWaiter(m_program).WaitOut(); // for the mails
     print(results);

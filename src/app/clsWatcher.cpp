@@ -3,6 +3,7 @@
 #include "SettingsStore.h"
 #include <array>
 #include <optional>
+#include <tuple>
 
 namespace {
 
@@ -27,6 +28,28 @@ constexpr std::array<Option, 8> options{{
     {"StopIfFolderNotExist", &clsWatcher::StopIfFolderNotExist, 1},
 }};
 
+/// Written only when the user has changed one of them: a store that never had them stays as it is.
+constexpr std::array<Option, 3> summaryOptions{{
+    {"InLog", &clsWatcher::SummaryLine, 0},
+    {"InMail", &clsWatcher::MailVariables, 0},
+    {"Notify", &clsWatcher::Notify, 0},
+}};
+
+SettingsStore::Entries summaryEntries(const QList<std::uint8_t>& values) {
+    SettingsStore::Entries entries;
+    for (qsizetype i = 0; i < values.size(); ++i)
+        entries.emplace_back(QLatin1String(summaryOptions[static_cast<std::size_t>(i)].key),
+                             QString::number(values[i]));
+    return entries;
+}
+
+QList<std::uint8_t> summaryOf(const clsWatcher& watcher) {
+    QList<std::uint8_t> values;
+    for (const Option& option : summaryOptions)
+        values.append(watcher.*option.value);
+    return values;
+}
+
 /// A broken value must not switch a safety off, so it counts as absent.
 std::uint8_t byteOf(const std::optional<QString>& text, std::uint8_t byDefault) {
     bool isNumber = false;
@@ -36,7 +59,7 @@ std::uint8_t byteOf(const std::optional<QString>& text, std::uint8_t byDefault) 
 
 } // namespace
 
-clsWatcher::clsWatcher(SettingsStore& settings) : m_settings(settings) {}
+clsWatcher::clsWatcher(SettingsStore& settings) : m_settings(settings), m_storedSummary(summaryOf(*this)) {}
 
 void clsWatcher::ReadRegistry() {
     for (const Option& option : options) {
@@ -47,6 +70,11 @@ void clsWatcher::ReadRegistry() {
         else
             this->*option.value = byteOf(text, option.byDefault);
     }
+    for (const Option& option : summaryOptions)
+        this->*option.value = byteOf(
+            m_settings.Read(SettingsStore::OwnApplication, SettingsStore::SummarySection, QLatin1String(option.key)),
+            option.byDefault);
+    m_storedSummary = summaryOf(*this);
 }
 
 std::error_code clsWatcher::WriteRegistry() {
@@ -54,5 +82,18 @@ std::error_code clsWatcher::WriteRegistry() {
     for (const Option& option : options)
         entries.emplace_back(QLatin1String(option.key),
                              option.value == nullptr ? LoggingPath : QString::number(this->*option.value));
-    return m_settings.WriteAll(SettingsStore::OwnApplication, SettingsStore::OptionsSection, entries);
+    const QList<std::uint8_t> summary = summaryOf(*this);
+    const bool isNew = summary != m_storedSummary;
+    const auto store = [this](const QString& section, const SettingsStore::Entries& all) {
+        return m_settings.WriteAll(SettingsStore::OwnApplication, section, all);
+    };
+    if (isNew)
+        if (const std::error_code error = store(SettingsStore::SummarySection, summaryEntries(summary)))
+            return error;
+    const std::error_code error = store(SettingsStore::OptionsSection, entries);
+    if (!error)
+        m_storedSummary = summary;
+    else if (isNew)
+        std::ignore = store(SettingsStore::SummarySection, summaryEntries(m_storedSummary));
+    return error;
 }

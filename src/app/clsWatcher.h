@@ -1,8 +1,9 @@
-// The general options: eight values in the user's settings store. An absent or broken value reads as its key's default;
-// a write stores all of them or none.
+// The general options in the user's settings store: eight values, and in a section of their own those about what is
+// told after a run. An absent or broken value reads as its key's default; a write stores all of them or none.
 #pragma once
 
 #include "EngineServices.h"
+#include <QList>
 #include <QString>
 #include <cstdint>
 #include <system_error>
@@ -25,13 +26,19 @@ class clsWatcher final : public EngineOptions {
     std::uint8_t LogfileRefresh = 0;               ///< the log viewer reloads every 10 s
     std::uint8_t ExitAlert = 1;                    ///< F8 aborts a running action and ends the program
     std::uint8_t StopIfFolderNotExist = 1;         ///< a missing directory takes its activity out of monitoring
+    std::uint8_t SummaryLine = 0;                  ///< a run's summary is the last line of its activity's log
+    std::uint8_t MailVariables = 0;                ///< "%copied%" and the like are filled in in mails
+    std::uint8_t Notify = 0;                       ///< on the desktop: 1 failed runs, 2 also those that did something
     bool CancelOptions = false;                    ///< the last options dialog was cancelled; not stored
 
     [[nodiscard]] bool ShutdownWhenIdle() const override { return Shutdown == 1; }
     [[nodiscard]] bool SafeExit() const override { return ExitAlert == 1; }
     [[nodiscard]] bool StopOnMissingFolder() const override { return StopIfFolderNotExist == 1; }
     [[nodiscard]] QString ApplicationLog() const override { return LoggingPath; }
+    [[nodiscard]] bool SummaryInLog() const override { return SummaryLine == 1; }
+    [[nodiscard]] bool SummaryInMail() const override { return MailVariables == 1; }
 
   private:
     SettingsStore& m_settings;
+    QList<std::uint8_t> m_storedSummary; ///< of the section of their own
 };

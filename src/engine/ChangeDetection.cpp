@@ -10,6 +10,7 @@
 #include "Prompter.h"
 #include "RunBrake.h"
 #include "RunResults.h"
+#include "RunSummary.h"
 #include "StringTable.h"
 #include "SyncTexts.h"
 #include "modLogTime.h"
@@ -46,8 +47,10 @@ RunOutcome ChangeDetection::ProcessActivity(const QString& name, RunStarter star
     const RunIdentity identity = RunIdentity::Of(m_services.file, name);
     const QString log = m_services.file.Read(name, ActivityField::LogFile);
     m_services.results.Began(identity);
-    RunOutcome outcome = process(identity, {starter, newDrive, approved}, run);
-    m_services.results.Ended(identity, log, outcome, m_services.runState.Counts());
+    RunOutcome outcome = process(identity, {log, starter, newDrive, approved}, run);
+    const RunResult result = m_services.results.Result(identity, log, outcome, m_services.runState.Counts());
+    writeSummary(name, result, outcome);
+    m_services.results.Ended(identity, result);
     return outcome;
 }
 
@@ -114,9 +117,9 @@ RunOutcome ChangeDetection::process(const RunIdentity& identity, const Order& or
     m_tools.logs.SetActivityStatus(name, m_services.texts[Text::CheckingStarts]);
     m_tools.monitoring.CheckAllIdle();
     if (!roots.source)
-        return refuse(name, identity.source, roots.sourceError);
+        return refuse(name, order.log, identity.source, roots.sourceError);
     if (!roots.destination)
-        return refuse(name, identity.destination, roots.destinationError);
+        return refuse(name, order.log, identity.destination, roots.destinationError);
     countRun(name);
     return work(identity, order, roots, brake ? &*brake : nullptr);
 }
@@ -129,9 +132,9 @@ RunOutcome ChangeDetection::work(const RunIdentity& identity, const Order& order
     if (outcome.interrupted)
         return outcome;
     m_drives.Remember(identity, *roots.source, *roots.destination);
-    sendMail(name, *roots.source, *roots.destination);
+    sendMail(identity, order, outcome, *roots.source, *roots.destination);
     if (outcome.failures == 0)
-        outcome.logLine = endOfLog(name);
+        outcome.logLine = m_tools.logs.EndOf(order.log);
     m_tools.logs.SetActivityStatus(name, m_services.texts[Text::CheckingFinished]);
     return outcome;
 }
@@ -173,7 +176,11 @@ RunOutcome ChangeDetection::hold(const QString& name, const QString& reason, boo
         m_tools.logs.SetActivityStatus(name, reason);
         m_tools.logs.WriteAppLog(reason);
     }
-    return {.failures = 1, .interrupted = true, .held = true, .reason = reason, .logLine = endOfLog(name)};
+    return {.failures = 1,
+            .interrupted = true,
+            .held = true,
+            .reason = reason,
+            .logLine = m_tools.logs.EndOf(m_services.file.Read(name, ActivityField::LogFile))};
 }
 
 /// Without what the schedulers write there.
@@ -228,13 +235,12 @@ std::optional<RunOutcome> ChangeDetection::askBrake(const RunIdentity& run, cons
 
 /// Only a directory that does not exist is missing. With any other failure the activity stays in monitoring and the run
 /// counts as not done.
-RunOutcome ChangeDetection::refuse(const QString& name, const QString& directory, std::error_code error) {
-    if (isMissing(error)) {
-        const std::int64_t line = endOfLog(name);
+RunOutcome ChangeDetection::refuse(const QString& name, const QString& log, const QString& directory,
+                                   std::error_code error) {
+    const std::int64_t line = m_tools.logs.EndOf(log);
+    if (isMissing(error))
         return {.directoryMissing = true, .reason = handleMissing(name, directory), .logLine = line};
-    }
     const QString reason = m_tools.texts.Failure(directory, error);
-    const std::int64_t line = endOfLog(name);
     m_tools.logs.SetActivityStatus(name, reason);
     return {.failures = 1, .interrupted = true, .reason = reason, .logLine = line};
 }
@@ -245,12 +251,27 @@ void ChangeDetection::countRun(const QString& name) {
     m_services.list.SetText(name, ActivityList::LastRun, modLogTime::Text(m_services.clock.Now()));
 }
 
-void ChangeDetection::sendMail(const QString& name, const Folder& source, const Folder& destination) {
+/// The mail may be sent later: what it says of the run is taken now.
+void ChangeDetection::sendMail(const RunIdentity& run, const Order& order, const RunOutcome& outcome,
+                               const Folder& source, const Folder& destination) {
+    const QString& name = run.name;
     if (m_services.file.Read(name, ActivityField::SendMail) != u"1")
         return;
     m_tools.logs.SetActivityStatus(name, m_services.texts[Text::MailSendTo] +
                                              m_services.file.Read(name, ActivityField::Recipient) + u"'");
-    m_mailer.SendActivityMail(name, modNativePath::ToText(source.Path()), modNativePath::ToText(destination.Path()));
+    RunSummary::Variables variables;
+    if (m_services.options.SummaryInMail())
+        variables = RunSummary::VariablesOf(
+            name, m_services.results.Result(run, order.log, outcome, m_services.runState.Counts()), m_services.texts);
+    m_mailer.SendActivityMail(name, modNativePath::ToText(source.Path()), modNativePath::ToText(destination.Path()),
+                              variables);
+}
+
+/// Not of a run that was held: it did nothing, and would say so at every tick.
+void ChangeDetection::writeSummary(const QString& name, const RunResult& result, const RunOutcome& outcome) {
+    if (m_services.options.SummaryInLog() && !outcome.held)
+        m_tools.logs.WriteActionLineTo(
+            result.log, name, m_services.texts[Text::RunSummary].arg(RunSummary::Sentence(result, m_services.texts)));
 }
 
 QString ChangeDetection::handleMissing(const QString& name, const QString& directory) {
@@ -265,8 +286,4 @@ QString ChangeDetection::handleMissing(const QString& name, const QString& direc
     m_tools.logs.WriteAppLog(start + texts[Text::NotFoundMonitoring] + name +
                              texts[isStopped ? Text::AutomaticallyStopped : Text::SuspendedForInterval]);
     return status;
-}
-
-std::int64_t ChangeDetection::endOfLog(const QString& name) const {
-    return m_tools.logs.EndOf(m_services.file.Read(name, ActivityField::LogFile));
 }

@@ -9,6 +9,7 @@
 #include <map>
 
 class RunBrake;
+struct RunResult;
 
 class ChangeDetection final {
   public:
@@ -27,6 +28,7 @@ class ChangeDetection final {
 
   private:
     struct Order {
+        QString log; ///< of the activity
         RunStarter starter;
         NewDrive newDrive;
         ApprovedPlan* approved;
@@ -47,12 +49,13 @@ class ChangeDetection final {
     RunOutcome hold(const QString& name, const QString& reason, bool isKnown);
     [[nodiscard]] ActivityRecord recordOf(const QString& name) const;
     [[nodiscard]] bool mayRun(const QString& name, RunStarter starter) const;
-    RunOutcome refuse(const QString& name, const QString& directory, std::error_code error);
+    RunOutcome refuse(const QString& name, const QString& log, const QString& directory, std::error_code error);
     /// Returns what the row shows.
     QString handleMissing(const QString& name, const QString& directory);
-    [[nodiscard]] std::int64_t endOfLog(const QString& name) const;
     void countRun(const QString& name);
-    void sendMail(const QString& name, const Folder& source, const Folder& destination);
+    void sendMail(const RunIdentity& run, const Order& order, const RunOutcome& outcome, const Folder& source,
+                  const Folder& destination);
+    void writeSummary(const QString& name, const RunResult& result, const RunOutcome& outcome);
 
     RunTools m_tools;
     const EngineServices& m_services;

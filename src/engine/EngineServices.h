@@ -2,6 +2,7 @@
 // includes that point up or in a circle. Everything named here outlives the engine.
 #pragma once
 
+#include <QHash>
 #include <QString>
 
 class ActivityFile;
@@ -17,7 +18,7 @@ class RunResults;
 class RunState;
 class StringTable;
 
-/// The four general options the engine obeys. Read afresh at each use, so a changed option counts at once.
+/// The general options the engine obeys. Read afresh at each use, so a changed option counts at once.
 class EngineOptions {
   public:
     virtual ~EngineOptions() = default;
@@ -26,6 +27,8 @@ class EngineOptions {
     [[nodiscard]] virtual bool SafeExit() const = 0;
     [[nodiscard]] virtual bool StopOnMissingFolder() const = 0;
     [[nodiscard]] virtual QString ApplicationLog() const = 0;
+    [[nodiscard]] virtual bool SummaryInLog() const = 0;
+    [[nodiscard]] virtual bool SummaryInMail() const = 0;
 };
 
 /// Sends the notification after a run. Implementations never throw and never hold up the run for long.
@@ -33,8 +36,10 @@ class ActivityMailer {
   public:
     virtual ~ActivityMailer() = default;
 
-    /// `firstPath` is the source folder, `secondPath` the destination. 1 when the procedure ran to its end.
-    virtual int SendActivityMail(const QString& name, const QString& firstPath, const QString& secondPath) = 0;
+    /// `firstPath` is the source folder, `secondPath` the destination. `variables`: what "%NAME%" in the mail's texts
+    /// becomes, by NAME. 1 when the procedure ran to its end.
+    virtual int SendActivityMail(const QString& name, const QString& firstPath, const QString& secondPath,
+                                 const QHash<QString, QString>& variables) = 0;
 };
 
 /// What a run may ask of monitoring.

@@ -194,9 +194,12 @@ void FileSync::syncExisting(const Decided& file) {
     if (*decision == FileDecision::ReportOnly)
         return m_run.LeaveAlone(from.path, m_tools.texts.NoAction(from.path));
     if (*decision == FileDecision::LeaveAlone) {
-        const bool isPlanned = m_run.IsPlanning() && IsOwnWork(orderOf(file)); // by the pass before this one
-        if (!isPlanned && !finishMove(file, from, to))
-            m_run.LeaveAsIs(from.path, [&] { return m_tools.texts.NotNewer(from, to); });
+        const auto line = [&] { return m_tools.texts.NotNewer(from, to); };
+        const bool isOwnWork = file.destination->id == FileId{}; // by the pass before this one
+        if (isOwnWork && !m_run.IsPlanning())
+            m_run.Note(line);
+        else if (!isOwnWork && !finishMove(file, from, to))
+            m_run.LeaveAsIs(from.path, line);
         return;
     }
     if (!mayTouch(file) || !m_run.React(from.path) || !isAsDecided(file))

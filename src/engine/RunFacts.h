@@ -31,11 +31,15 @@ struct RunIdentity {
 
 /// What a run has done so far, or in all.
 struct RunCounts {
-    std::uint64_t files = 0;     ///< copied or moved; a folder that was moved by one rename counts as one
+    std::uint64_t copied = 0;
+    std::uint64_t moved = 0;     ///< a folder that was moved by one rename counts as one
     std::uint64_t bytes = 0;     ///< of those copied
     std::uint64_t replaced = 0;  ///< of the files, over another one
     std::uint64_t deleted = 0;   ///< files and folders
     std::uint64_t leftAlone = 0; ///< files that needed nothing or must not be touched
+    [[nodiscard]] std::uint64_t Files() const { return copied + moved; }
+    /// True when anything was changed.
+    [[nodiscard]] bool HasDeeds() const { return Files() > 0 || deleted > 0; }
     bool operator==(const RunCounts&) const = default;
 };
 

@@ -3,36 +3,15 @@
 // forgotten when the program ends.
 #pragma once
 
-#include "RunFacts.h"
+#include "RunResult.h"
 #include "StateFile.h"
-#include <QDateTime>
 #include <QHash>
 #include <QObject>
 #include <QSet>
 #include <QTimer>
-#include <chrono>
-#include <optional>
 
 class ActivityFile;
 class Clock;
-
-enum class RunEnding {
-    Fine,
-    Failed, ///< a failure, a missing directory or a held run
-    Early   ///< stopped, or ended with the program, without a failure
-};
-
-struct RunResult {
-    RunEnding ending = RunEnding::Fine;
-    QDateTime at;
-    std::chrono::seconds took{0};
-    RunCounts done;
-    int failures = 0;
-    QString reason;        ///< the first failure, or why the run ended early
-    QString log;           ///< path of the activity's log; empty when it has none
-    std::int64_t line = 0; ///< where in the log the reason, or else the end of the run, stands: an offset in bytes
-    bool operator==(const RunResult&) const = default;
-};
 
 class RunResults final : public QObject {
     Q_OBJECT
@@ -42,7 +21,10 @@ class RunResults final : public QObject {
 
     /// From here to Ended the activity is running.
     void Began(const RunIdentity& run);
-    void Ended(const RunIdentity& run, const QString& log, const RunOutcome& outcome, const RunCounts& done);
+    /// What there is to say of a run that ends now.
+    [[nodiscard]] RunResult Result(const RunIdentity& run, const QString& log, const RunOutcome& outcome,
+                                   const RunCounts& done) const;
+    void Ended(const RunIdentity& run, const RunResult& result);
 
     [[nodiscard]] bool IsRunning(const QString& name) const { return m_running.contains(name); }
 
@@ -59,11 +41,9 @@ class RunResults final : public QObject {
     /// Reads afresh what another process may have added.
     void Refresh();
 
-    /// RFC 8259; the words are English whatever the language, sizes are bytes.
-    [[nodiscard]] static QJsonObject ToJson(const RunIdentity& run, const RunResult& result);
-
   Q_SIGNALS:
     void Changed(const QString& name);
+    void RunEnded(const RunIdentity& run, const RunResult& result);
 
   private:
     void load(const QString& activityFile);

@@ -95,7 +95,10 @@ class SyncRun final : public TransferObserver {
     /// Writes the line and counts a failure.
     void Refuse(const QString& text, const QString& path = {});
     void Failed(const std::filesystem::path& source, std::error_code error) override;
-    void Transferred() override { m_tools.services.runState.Counts().files += 1; }
+    void Transferred() override {
+        RunCounts& done = m_tools.services.runState.Counts();
+        ++(m_rules.action == FileAction::Move ? done.moved : done.copied);
+    }
     void Progress(std::uint64_t bytes) override;
     [[nodiscard]] bool MustGiveUp() override;
     [[nodiscard]] bool StopRequested() override { return Over(); }

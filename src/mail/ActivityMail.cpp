@@ -31,8 +31,9 @@ ActivityMail::ActivityMail(const Parts& parts) : m_parts(parts) {}
 
 ActivityMail::~ActivityMail() = default;
 
-int ActivityMail::SendActivityMail(const QString& name, const QString& firstPath, const QString& secondPath) {
-    MailOrder order = MailOrder::Read(m_parts.file, m_parts.texts, name, firstPath, secondPath);
+int ActivityMail::SendActivityMail(const QString& name, const QString& firstPath, const QString& secondPath,
+                                   const QHash<QString, QString>& variables) {
+    MailOrder order = MailOrder::Read(m_parts.file, m_parts.texts, name, firstPath, secondPath, variables);
     if (order.useDesktopClient) {
         sendByDesktop(order);
         return 1;

@@ -30,7 +30,8 @@ class ActivityMail final : public QObject, public ActivityMailer {
     ~ActivityMail() override;
 
     /// Reads the record, queues the mail and returns at once.
-    int SendActivityMail(const QString& name, const QString& firstPath, const QString& secondPath) override;
+    int SendActivityMail(const QString& name, const QString& firstPath, const QString& secondPath,
+                         const QHash<QString, QString>& variables) override;
 
     /// Gives up whatever is not sent after this time.
     void GiveUpAfter(std::chrono::milliseconds grace);

@@ -2,10 +2,34 @@
 #include "ActivityFile.h"
 #include "StringTable.h"
 
+#include <QRegularExpression>
 #include <QSysInfo>
 
+namespace {
+
+/// In one pass: a value that looks like a variable stays as it is.
+QString filledIn(const QString& text, const QHash<QString, QString>& variables) {
+    if (variables.isEmpty())
+        return text;
+    static const QRegularExpression mark(QStringLiteral("%(?=([a-z]+)%)"));
+    QString filled;
+    qsizetype from = 0;
+    for (QRegularExpressionMatch found = mark.match(text); found.hasMatch(); found = mark.match(text, from)) {
+        const QString name = found.captured(1);
+        const auto value = variables.find(name);
+        const qsizetype at = found.capturedStart();
+        const bool isKnown = value != variables.end();
+        filled += text.mid(from, at - from) + (isKnown ? *value : QStringLiteral("%"));
+        from = at + (isKnown ? name.size() + 2 : 1);
+    }
+    return filled + text.mid(from);
+}
+
+} // namespace
+
 MailOrder MailOrder::Read(const ActivityFile& file, const StringTable& texts, const QString& name,
-                          const QString& firstPath, const QString& secondPath) {
+                          const QString& firstPath, const QString& secondPath,
+                          const QHash<QString, QString>& variables) {
     const auto text = [&](ActivityField field) { return file.Read(name, field); };
     const auto isOn = [&](ActivityField field) { return text(field) == u"1"; };
     MailOrder order;
@@ -14,10 +38,10 @@ MailOrder MailOrder::Read(const ActivityFile& file, const StringTable& texts, co
     order.recipient = text(ActivityField::Recipient);
     order.sender = text(ActivityField::Sender);
     order.copies = file.ReadElement(name, "cc"); // the editor stores "CC", so copies are never sent
-    order.subject = text(ActivityField::Subject);
+    order.subject = filledIn(text(ActivityField::Subject), variables);
     if (isOn(ActivityField::ComputerName))
         order.text = texts[Text::FromSystem] + u": " + QSysInfo::machineHostName() + u"\r\n\r\n";
-    order.text += text(ActivityField::Message);
+    order.text += filledIn(text(ActivityField::Message), variables);
     order.longText = order.text + u"\r\n\r\n" + texts[Text::LastAccessed] + secondPath + u" -> " + firstPath;
     order.logFile = text(ActivityField::LogFile);
     order.lastFile = secondPath;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "clsSendMail.h"
+#include <QHash>
 
 class ActivityFile;
 class StringTable;
@@ -25,8 +26,10 @@ struct MailOrder {
     bool attachLogFile = false;
     bool attachLastFile = false;
 
+    /// Each "%NAME%" in subject and message becomes the variable of that NAME; what is no variable stays.
     [[nodiscard]] static MailOrder Read(const ActivityFile& file, const StringTable& texts, const QString& name,
-                                        const QString& firstPath, const QString& secondPath);
+                                        const QString& firstPath, const QString& secondPath,
+                                        const QHash<QString, QString>& variables);
 };
 
 class MailDispatch final : public QObject {

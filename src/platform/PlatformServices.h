@@ -9,6 +9,7 @@
 #include "Locks.h"
 #include "Machine.h"
 #include "NameService.h"
+#include "Notifier.h"
 #include "OwnFiles.h"
 #include "Process.h"
 #include "ProgramPlaces.h"
@@ -27,6 +28,7 @@ struct PlatformServices {
     std::unique_ptr<PowerControl> power;
     std::unique_ptr<NameService> nameService;
     std::unique_ptr<DesktopMailClient> desktopMail;
+    std::unique_ptr<Notifier> notifier;
     std::unique_ptr<Autostart> autostart;
     std::unique_ptr<ServiceManager> serviceManager;
     std::unique_ptr<SystemClock> systemClock;

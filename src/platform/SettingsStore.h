@@ -17,6 +17,9 @@ class SettingsStore {
     /// Its section for the general options and the acceptance of the notice.
     static inline const QString OptionsSection = QStringLiteral("Options");
 
+    /// Its section for what is told after a run.
+    static inline const QString SummarySection = QStringLiteral("Summary");
+
     virtual ~SettingsStore() = default;
 
     /// Keys of one section, each with its value.

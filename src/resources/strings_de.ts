@@ -2054,5 +2054,105 @@ Soll die Aktivität auf dem Laufwerk laufen, das jetzt da ist? Mit "Nein" wartet
         <source>Nothing is kept in '%1' any more: it was brought back, or its days are over.</source>
         <translation>In '%1' ist nichts mehr aufbewahrt: Es wurde zurückgeholt oder die Tage sind vorüber.</translation>
     </message>
+    <message id="860">
+        <source>%1 copied, %2 moved, %3 replaced, %4 deleted, %5 left alone, %6 failed, %7 in %8 s; ended: %9</source>
+        <translation>%1 kopiert, %2 verschoben, %3 ersetzt, %4 gelöscht, %5 belassen, %6 fehlgeschlagen, %7 in %8 s; Ende: %9</translation>
+    </message>
+    <message id="861">
+        <source>Summary: %1</source>
+        <translation>Zusammenfassung: %1</translation>
+    </message>
+    <message id="862">
+        <source>done</source>
+        <translation>fertig</translation>
+    </message>
+    <message id="863">
+        <source>After a run</source>
+        <translation>Nach einem Lauf</translation>
+    </message>
+    <message id="864">
+        <source>&amp;Write a summary as the last line of each run into its log</source>
+        <translation>&amp;Zusammenfassung als letzte Zeile jedes Laufs ins Protokoll schreiben</translation>
+    </message>
+    <message id="865">
+        <source>&amp;Fill in %copied%, %failed%, %summary% and the like in mails</source>
+        <translation>%copied%, %failed%, %summary% &amp;usw. in E-Mails einsetzen</translation>
+    </message>
+    <message id="866">
+        <source>Show on the des&amp;ktop:</source>
+        <translation>Auf dem Des&amp;ktop anzeigen:</translation>
+    </message>
+    <message id="867">
+        <source>Nothing</source>
+        <translation>Nichts</translation>
+    </message>
+    <message id="868">
+        <source>Failed runs</source>
+        <translation>Fehlgeschlagene Läufe</translation>
+    </message>
+    <message id="869">
+        <source>Failed runs and runs that have done something</source>
+        <translation>Fehlgeschlagene Läufe und solche, die etwas getan haben</translation>
+    </message>
+    <message id="870">
+        <source>%1 has failed</source>
+        <translation>%1 ist fehlgeschlagen</translation>
+    </message>
+    <message id="871">
+        <source>%1 is done</source>
+        <translation>%1 ist fertig</translation>
+    </message>
+    <message id="872">
+        <source>%1 activities have failed</source>
+        <translation>%1 Aktivitäten sind fehlgeschlagen</translation>
+    </message>
+    <message id="873">
+        <source>%1 activities are done</source>
+        <translation>%1 Aktivitäten sind fertig</translation>
+    </message>
+    <message id="874">
+        <source>S&amp;tatistics ...</source>
+        <translation>S&amp;tatistik ...</translation>
+    </message>
+    <message id="875">
+        <source>Statistics of %1</source>
+        <translation>Statistik von %1</translation>
+    </message>
+    <message id="876">
+        <source>This activity has not run yet as it is now.</source>
+        <translation>Diese Aktivität ist so, wie sie jetzt ist, noch nicht gelaufen.</translation>
+    </message>
+    <message id="877">
+        <source>Files copied, moved and deleted</source>
+        <translation>Kopierte, verschobene und gelöschte Dateien</translation>
+    </message>
+    <message id="878">
+        <source>Seconds</source>
+        <translation>Sekunden</translation>
+    </message>
+    <message id="879">
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message id="880">
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message id="881">
+        <source>%1 runs from %2 to %3, each the same: %4</source>
+        <translation>%1 Läufe von %2 bis %3, jeder gleich: %4</translation>
+    </message>
+    <message id="882">
+        <source>%1 runs since %2, %3 of them failed; %4 files, %5</source>
+        <translation>%1 Läufe seit %2, davon %3 fehlgeschlagen; %4 Dateien, %5</translation>
+    </message>
+    <message id="883">
+        <source>Runs, the newest on the right; choose one with the arrow keys</source>
+        <translation>Läufe, der neueste rechts; mit den Pfeiltasten wählbar</translation>
+    </message>
+    <message id="884">
+        <source>&amp;Bars show:</source>
+        <translation>&amp;Balken zeigen:</translation>
+    </message>
 </context>
 </TS>

@@ -2563,5 +2563,130 @@ Shall the activity run on the drive that is there now? With "No" it waits for th
         <translation>Nothing is kept in '%1' any more: it was brought back, or its days are over.</translation>
         <extra-name>KeptNoLonger</extra-name>
     </message>
+    <message id="860">
+        <source>%1 copied, %2 moved, %3 replaced, %4 deleted, %5 left alone, %6 failed, %7 in %8 s; ended: %9</source>
+        <translation>%1 copied, %2 moved, %3 replaced, %4 deleted, %5 left alone, %6 failed, %7 in %8 s; ended: %9</translation>
+        <extra-name>RunInWords</extra-name>
+    </message>
+    <message id="861">
+        <source>Summary: %1</source>
+        <translation>Summary: %1</translation>
+        <extra-name>RunSummary</extra-name>
+    </message>
+    <message id="862">
+        <source>done</source>
+        <translation>done</translation>
+        <extra-name>RunEndedDone</extra-name>
+    </message>
+    <message id="863">
+        <source>After a run</source>
+        <translation>After a run</translation>
+        <extra-name>AfterARun</extra-name>
+    </message>
+    <message id="864">
+        <source>&amp;Write a summary as the last line of each run into its log</source>
+        <translation>&amp;Write a summary as the last line of each run into its log</translation>
+        <extra-name>SummaryInLog</extra-name>
+    </message>
+    <message id="865">
+        <source>&amp;Fill in %copied%, %failed%, %summary% and the like in mails</source>
+        <translation>&amp;Fill in %copied%, %failed%, %summary% and the like in mails</translation>
+        <extra-name>SummaryInMail</extra-name>
+    </message>
+    <message id="866">
+        <source>Show on the des&amp;ktop:</source>
+        <translation>Show on the des&amp;ktop:</translation>
+        <extra-name>NotifyOption</extra-name>
+    </message>
+    <message id="867">
+        <source>Nothing</source>
+        <translation>Nothing</translation>
+        <extra-name>NotifyNothing</extra-name>
+    </message>
+    <message id="868">
+        <source>Failed runs</source>
+        <translation>Failed runs</translation>
+        <extra-name>NotifyFailures</extra-name>
+    </message>
+    <message id="869">
+        <source>Failed runs and runs that have done something</source>
+        <translation>Failed runs and runs that have done something</translation>
+        <extra-name>NotifyAll</extra-name>
+    </message>
+    <message id="870">
+        <source>%1 has failed</source>
+        <translation>%1 has failed</translation>
+        <extra-name>NoticeFailed</extra-name>
+    </message>
+    <message id="871">
+        <source>%1 is done</source>
+        <translation>%1 is done</translation>
+        <extra-name>NoticeDone</extra-name>
+    </message>
+    <message id="872">
+        <source>%1 activities have failed</source>
+        <translation>%1 activities have failed</translation>
+        <extra-name>NoticeSeveralFailed</extra-name>
+    </message>
+    <message id="873">
+        <source>%1 activities are done</source>
+        <translation>%1 activities are done</translation>
+        <extra-name>NoticeSeveralDone</extra-name>
+    </message>
+    <message id="874">
+        <source>S&amp;tatistics ...</source>
+        <translation>S&amp;tatistics ...</translation>
+        <extra-name>Statistics</extra-name>
+    </message>
+    <message id="875">
+        <source>Statistics of %1</source>
+        <translation>Statistics of %1</translation>
+        <extra-name>StatisticsTitle</extra-name>
+    </message>
+    <message id="876">
+        <source>This activity has not run yet as it is now.</source>
+        <translation>This activity has not run yet as it is now.</translation>
+        <extra-name>StatisticsNone</extra-name>
+    </message>
+    <message id="877">
+        <source>Files copied, moved and deleted</source>
+        <translation>Files copied, moved and deleted</translation>
+        <extra-name>MeasureFiles</extra-name>
+    </message>
+    <message id="878">
+        <source>Seconds</source>
+        <translation>Seconds</translation>
+        <extra-name>MeasureSeconds</extra-name>
+    </message>
+    <message id="879">
+        <source>Size</source>
+        <translation>Size</translation>
+        <extra-name>MeasureBytes</extra-name>
+    </message>
+    <message id="880">
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+        <extra-name>StatisticsRun</extra-name>
+    </message>
+    <message id="881">
+        <source>%1 runs from %2 to %3, each the same: %4</source>
+        <translation>%1 runs from %2 to %3, each the same: %4</translation>
+        <extra-name>StatisticsRuns</extra-name>
+    </message>
+    <message id="882">
+        <source>%1 runs since %2, %3 of them failed; %4 files, %5</source>
+        <translation>%1 runs since %2, %3 of them failed; %4 files, %5</translation>
+        <extra-name>StatisticsTotals</extra-name>
+    </message>
+    <message id="883">
+        <source>Runs, the newest on the right; choose one with the arrow keys</source>
+        <translation>Runs, the newest on the right; choose one with the arrow keys</translation>
+        <extra-name>RunChart</extra-name>
+    </message>
+    <message id="884">
+        <source>&amp;Bars show:</source>
+        <translation>&amp;Bars show:</translation>
+        <extra-name>Measure</extra-name>
+    </message>
 </context>
 </TS>

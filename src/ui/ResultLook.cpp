@@ -25,8 +25,8 @@ const QIcon& ResultLook::Icon(const QString& name) const {
 QString ResultLook::doneText(const RunCounts& done, const QLocale& locale) const {
     const auto number = [&](std::uint64_t value) { return locale.toString(static_cast<qulonglong>(value)); };
     QStringList parts;
-    if (done.files > 0)
-        parts.append(m_texts[Text::ResultFiles].arg(number(done.files),
+    if (done.Files() > 0)
+        parts.append(m_texts[Text::ResultFiles].arg(number(done.Files()),
                                                     locale.formattedDataSize(static_cast<qint64>(done.bytes))));
     if (done.deleted > 0)
         parts.append(m_texts[Text::ResultDeleted].arg(number(done.deleted)));

@@ -10,12 +10,14 @@
 #include "modForeignText.h"
 #include "modNativePath.h"
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileInfo>
 #include <QFocusEvent>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -87,6 +89,7 @@ frmStartOptions::frmStartOptions(const FormServices& services, Autostart& autost
     all->setSpacing(12);
     all->addWidget(buildSwitches(options));
     all->addWidget(buildLogFile(options));
+    all->addWidget(buildSummary(options));
     all->addStretch();
     all->addWidget(buildButtons());
     m_switches.front()->setFocus();
@@ -123,6 +126,33 @@ QGroupBox* frmStartOptions::buildLogFile(const Options& options) {
     return frame;
 }
 
+QGroupBox* frmStartOptions::buildSummary(const Options& options) {
+    const StringTable& texts = m_services.texts;
+    auto* frame = FormParts::Group(texts[Text::AfterARun]);
+    auto* rows = new QVBoxLayout(frame);
+    const auto addBox = [&](const char* name, Text caption, bool isOn) {
+        QCheckBox* box = FormParts::CheckBox(name, texts[caption]);
+        box->setChecked(isOn);
+        rows->addWidget(box);
+        return box;
+    };
+    m_summaryInLog = addBox("chkSummaryInLog", Text::SummaryInLog, options.summaryInLog);
+    m_summaryInMail = addBox("chkSummaryInMail", Text::SummaryInMail, options.summaryInMail);
+    m_notify = new QComboBox;
+    m_notify->setObjectName(QStringLiteral("cboNotify"));
+    for (const Text choice : {Text::NotifyNothing, Text::NotifyFailures, Text::NotifyAll})
+        m_notify->addItem(texts[choice]);
+    m_notify->setCurrentIndex(options.notify < m_notify->count() ? options.notify : 0);
+    QLabel* label = FormParts::Label(texts[Text::NotifyOption], *m_notify);
+    auto* row = new QHBoxLayout;
+    row->addWidget(label);
+    row->addWidget(m_notify, 1);
+    rows->addLayout(row);
+    label->setHidden(!options.canNotify);
+    m_notify->setHidden(!options.canNotify);
+    return frame;
+}
+
 QDialogButtonBox* frmStartOptions::buildButtons() {
     auto* buttons = new QDialogButtonBox(this);
     const StringTable& texts = m_services.texts;
@@ -140,6 +170,9 @@ Options frmStartOptions::Values() const {
     for (std::size_t row = 0; row < switches.size(); ++row)
         options.*switches[row].value = m_switches[row]->isChecked();
     options.loggingPath = m_loggingPath->text();
+    options.summaryInLog = m_summaryInLog->isChecked();
+    options.summaryInMail = m_summaryInMail->isChecked();
+    options.notify = m_notify->currentIndex();
     return options;
 }
 

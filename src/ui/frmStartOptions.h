@@ -9,6 +9,7 @@
 
 class Autostart;
 class QCheckBox;
+class QComboBox;
 class QDialogButtonBox;
 class QGroupBox;
 class QLineEdit;
@@ -25,6 +26,10 @@ class frmStartOptions final : public QDialog {
         bool exitAlert = true;
         bool stopIfFolderNotExist = true;
         QString loggingPath; ///< "" = no application log
+        bool summaryInLog = false;
+        bool summaryInMail = false;
+        int notify = 0;        ///< the row of cboNotify
+        bool canNotify = true; ///< else that row is hidden
     };
     /// `program` is what starts with the session. An entry for it that exists already checks chkStartWithWindows,
     /// whatever the option says.
@@ -43,6 +48,7 @@ class frmStartOptions final : public QDialog {
   private:
     QGroupBox* buildSwitches(const Options& options);
     QGroupBox* buildLogFile(const Options& options);
+    QGroupBox* buildSummary(const Options& options);
     QDialogButtonBox* buildButtons();
     void save();
     void selectFile();
@@ -53,4 +59,7 @@ class frmStartOptions final : public QDialog {
     std::filesystem::path m_program;
     std::vector<QCheckBox*> m_switches; ///< in the order of their table
     QLineEdit* m_loggingPath = nullptr;
+    QCheckBox* m_summaryInLog = nullptr;
+    QCheckBox* m_summaryInMail = nullptr;
+    QComboBox* m_notify = nullptr;
 };

@@ -113,14 +113,25 @@ class TestActivityMail final : public QObject {
     void aServerGoneAtEachStep() {
         const QByteArrayList dialogue{"220 hi", "250 hello", "250 sender", "250 recipient", "354 go"};
         for (qsizetype steps = 0; steps <= dialogue.size(); ++steps) {
-            World world;
+            World world({{u"subject"_qs, u"%copied% from %activity%"_qs},
+                         {u"message"_qs, u"50%copied%%deleted%, %other%reason%%%activity% %SECONDS% %"_qs}});
+            world.Write(u"src/f"_qs, "x");
+            world.program->Options().MailVariables = steps == dialogue.size() ? 1 : 0;
             QVERIFY(world.program->RunNow(u"A"_qs).Succeeded());
             QTRY_VERIFY(!world.server.present.isEmpty());
             QTcpSocket& server = *world.server.present.first();
             for (const QByteArray& line : dialogue.first(steps)) {
                 server.write(line + "\r\n");
                 QTRY_VERIFY(server.peek(10'000).endsWith(line.startsWith("354") ? "\r\n.\r\n" : "\r\n"));
-                server.readAll();
+                const QByteArray told = server.readAll();
+                if (line.startsWith("354")) {
+                    const bool isFilledIn = steps == dialogue.size();
+                    QVERIFY(told.contains(isFilledIn ? "\r\nSubject: 1 from A\r\n"
+                                                     : "\r\nSubject: %copied% from %activity%\r\n"));
+                    QVERIFY(told.contains(isFilledIn
+                                              ? "\r\n5010, %otherdone%A %SECONDS% %"
+                                              : "\r\n50%copied%%deleted%, %other%reason%%%activity% %SECONDS% %"));
+                }
             }
             server.close();
             QTRY_VERIFY(!world.program->State().Running());

@@ -7,6 +7,7 @@
 #include "ProgramFixture.h"
 #include "frmStartOptions.h"
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -26,6 +27,13 @@ struct Scene : ProgramFixture {
         options.ShowOptions();
     }
     QString Stored(const QString& key) const { return settings->values.value(u"Kalvenor/Options/"_qs + key); }
+    /// Of the summary after a run.
+    QStringList StoredSummary() const {
+        QStringList all;
+        for (const QString& key : {u"InLog"_qs, u"InMail"_qs, u"Notify"_qs})
+            all.append(settings->values.value(u"Kalvenor/Summary/"_qs + key));
+        return all;
+    }
 
     DialogHost dialogs;
     FakeFilePicker picker;
@@ -74,7 +82,35 @@ class TestDialogs : public QObject {
                 const bool isOn = onByDefault.contains(key) != (key == switches[control]);
                 QCOMPARE(key + scene.Stored(key), key + (isOn ? u'1' : u'0'));
             }
+            QCOMPARE(scene.StoredSummary(), QStringList({{}, {}, {}})); // not before somebody uses it
         }
+    }
+
+    void summaryOptions() {
+        Scene scene;
+        clsWatcher& options = scene.program->Options();
+        scene.Edit([](frmStartOptions& form) { Find<QCheckBox>(form, "chkSummaryInLog").click(); });
+        QCOMPARE(scene.StoredSummary(), QStringList({u"1"_qs, u"0"_qs, u"0"_qs}));
+        QVERIFY(options.SummaryInLog() && !options.SummaryInMail());
+        const auto changeTheOthers = [](frmStartOptions& form) {
+            Find<QCheckBox>(form, "chkSummaryInMail").click();
+            Find<QComboBox>(form, "cboNotify").setCurrentIndex(2);
+        };
+        scene.Edit([&](frmStartOptions& form) {
+            changeTheOthers(form);
+            form.close();
+        });
+        for (const char* failing : {"ToTray", "Notify"}) { // all or none, in two sections
+            scene.settings->failing = QLatin1String(failing);
+            scene.Edit(changeTheOthers);
+            QCOMPARE(scene.StoredSummary(), QStringList({u"1"_qs, u"0"_qs, u"0"_qs}));
+            QVERIFY(!options.SummaryInMail() && options.Notify == 0);
+        }
+        scene.settings->failing.clear();
+        scene.Edit(changeTheOthers);
+        QCOMPARE(scene.StoredSummary(), QStringList({u"1"_qs, u"1"_qs, u"2"_qs}));
+        options.ReadRegistry();
+        QVERIFY(options.SummaryInLog() && options.SummaryInMail() && options.Notify == 2);
     }
 
     void cancelWritesWhatWas() {

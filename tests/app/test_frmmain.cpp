@@ -1,11 +1,15 @@
 // The real main window over a real program: monitoring, running now, and above all how it closes.
 #include "ActivityEditor.h"
 #include "ModalForm.h"
+#include "RunChart.h"
 #include "WindowFixture.h"
 #include "frmLogFile.h"
 #include "frmOptions.h"
 #include "frmPreview.h"
+#include "frmStatistics.h"
 #include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -172,6 +176,23 @@ class TestFrmMain : public QObject {
         QVERIFY(saved.contains("f2") && saved.contains(",13,"));
         QCOMPARE(world.Copies(u"A"_qs), (QStringList{u"f1"_qs, u"f2"_qs, u"g"_qs}));
         QVERIFY(world.prompter.shown.empty());
+        window.program.RunNow(u"A"_qs); // has nothing to do
+        WhenOpen<frmStatistics>([&](frmStatistics& form) {
+            auto& chart = Find<RunChart>(form, "chtRuns");
+            const auto& run = Find<QLabel>(form, "lblRun");
+            QVERIFY(Find<QLabel>(form, "lblTotals").text().contains(u"2 runs"_qs));
+            QVERIFY(run.text().contains(u": 0 copied"_qs));
+            QTest::keyClick(&chart, Qt::Key_Left);
+            QVERIFY(run.text().contains(u": 2 copied"_qs));
+            QCOMPARE(chart.accessibleDescription(), run.text());
+            QTest::mouseClick(&chart, Qt::LeftButton, {}, {chart.width() - 8, chart.height() / 2});
+            QVERIFY(run.text().contains(u": 0 copied"_qs));
+            for (const int measure : {2, 1, 0})
+                Find<QComboBox>(form, "cboMeasure").setCurrentIndex(measure);
+            QVERIFY(!chart.grab().isNull());
+            form.accept();
+        });
+        window.Command("mnuStatistics").trigger();
     }
 
     void aRunIsStoppedAndItsResultOpened() {

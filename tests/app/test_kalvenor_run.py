@@ -75,8 +75,8 @@ class KalvenorRun(RunFixture):
         result = self.run_program("--json", self.file)
         self.assertEqual(result.returncode, 0)
         [told] = json.loads(result.stdout)
-        self.assertEqual([told[key] for key in ("activity", "ending", "files", "bytes", "deleted", "failures", "reason")],
-                         ["Mirror", "fine", 1, len("content of Mirror"), 1, 0, ""])
+        self.assertEqual([told[key] for key in ("activity", "ending", "files", "copied", "moved", "bytes", "deleted", "failures", "reason")],
+                         ["Mirror", "fine", 1, 1, 0, len("content of Mirror"), 1, 0, ""])
         self.assertEqual(self.copied("Mirror"), ["file.txt"])
 
     def test_too_many_deletions_and_nobody_to_ask(self):

@@ -231,9 +231,10 @@ class TestLogs : public QObject {
                 add(lines.EndedEarly(end), LogKind::Failed);
             for (const QString& line : {lines.OwnFile(path), lines.NestedRoot(path), lines.TooDeep(path)})
                 add(line, LogKind::Failed);
-            for (const QString& line : {lines.NotNewer(side, side), lines.NoAction(path), lines.Declined(path),
-                                        lines.OtherMount(path), lines.EndedEarly(RunEnd::Closing),
-                                        lines.EndedEarly(RunEnd::Stopped), QString(), strings[Text::CheckingFinished]})
+            for (const QString& line :
+                 {lines.NotNewer(side, side), lines.NoAction(path), lines.Declined(path), lines.OtherMount(path),
+                  lines.EndedEarly(RunEnd::Closing), lines.EndedEarly(RunEnd::Stopped), QString(),
+                  strings[Text::CheckingFinished], strings[Text::RunSummary].arg(lines.EndedEarly(RunEnd::RootGone))})
                 add(line, LogKind::Other);
         }
     }

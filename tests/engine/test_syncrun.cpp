@@ -1,4 +1,5 @@
 #include "ProgramFixture.h"
+#include "RunHistory.h"
 #include "SystemWorld.h"
 #include "Table.h"
 #include "Trees.h"
@@ -267,7 +268,7 @@ class TestSyncRun final : public QObject {
         QVERIFY(!of(u"Other"_qs));
         const std::optional<RunResult> fine = of(A);
         const std::optional<RunResult> failed = of(u"Missing"_qs);
-        QVERIFY(fine && fine->ending == RunEnding::Fine && fine->done == (RunCounts{.files = 1, .bytes = 3}));
+        QVERIFY(fine && fine->ending == RunEnding::Fine && fine->done == (RunCounts{.copied = 1, .bytes = 3}));
         QVERIFY(failed && failed->ending == RunEnding::Failed);
         QVERIFY(failed->reason.contains(fixture.Path(u"nowhere"_qs)));
         QFile log(failed->log);
@@ -291,6 +292,141 @@ class TestSyncRun final : public QObject {
         fixture.Write(u"state/"_qs + kept.first(), "{\"Missing\": {\"ending\": 7");
         fixture.Build().List().Refill();
         QVERIFY(!of(u"Missing"_qs));
+    }
+
+    void historyIsMergedAndBounded() {
+        ProgramFixture fixture;
+        fixture.Add(A);
+        Program& program = fixture.Start();
+        const RunIdentity run = RunIdentity::Of(program.File(), A);
+        const auto make = [&] {
+            return std::make_unique<RunHistory>(program.File(), *fixture.services.ownFiles,
+                                                fixture.Native(u"state"_qs));
+        };
+        qint64 second = 1'700'000'000;
+        const auto add = [&](RunHistory& history, RunEnding ending, std::uint64_t copied, const QString& reason = {}) {
+            history.Add(run, {.ending = ending,
+                              .at = QDateTime::fromSecsSinceEpoch(++second, Qt::UTC),
+                              .took = std::chrono::seconds(second % 60),
+                              .done = {.copied = copied, .bytes = std::uint64_t{1} << 62},
+                              .failures = ending == RunEnding::Failed ? 3 : 0,
+                              .reason = reason,
+                              .log = u"log"_qs,
+                              .line = 7});
+        };
+        auto window = make();
+        auto service = make(); // has run it between two runs of the window
+        add(*window, RunEnding::Fine, 1);
+        add(*service, RunEnding::Failed, 0, u"why  so"_qs);
+        add(*service, RunEnding::Fine, 0);
+        add(*service, RunEnding::Fine, 0);
+        window.reset();
+        service.reset();
+        window = make();
+        add(*window, RunEnding::Fine, 0);
+        const std::vector<PastRun> found = window->Of(run);
+        QCOMPARE(found.size(), 3U);
+        QVERIFY(found[0].result.done.copied == 1 && found[0].runs == 1);
+        QVERIFY(found[1].result.ending == RunEnding::Failed && found[1].result.reason == u"why  so");
+        QVERIFY(found[1].result.failures == 3 && found[1].result.done.bytes == std::uint64_t{1} << 62);
+        QVERIFY(found[2].runs == 3 && found[2].result.ending == RunEnding::Fine);
+        QVERIFY(found[2].since.secsTo(found[2].result.at) == 2 && found[2].result.at.toSecsSinceEpoch() == second);
+        window.reset();
+        QVERIFY(make()->Of(run) == found);
+        RunIdentity other = run;
+        other.action = u"3"_qs;
+        QVERIFY(make()->Of(other).empty());
+        window = make();
+        for (std::size_t i = 0; i < RunHistory::MostRuns; ++i)
+            add(*window, RunEnding::Early, i, QString(200, u'x'));
+        window.reset();
+        QCOMPARE(make()->Of(run).size(), RunHistory::MostRuns);
+        QCOMPARE(make()->Of(run).front().result.done.copied, 0U);
+        const QString file = u"state/"_qs + QDir(fixture.Path(u"state"_qs)).entryList({u"*.history"_qs}).value(0);
+        QByteArray damaged = fixture.Read(file);
+        damaged.replace("2 17000001", "7 17000001"); // an ending that there is not
+        fixture.Write(file, damaged);
+        QVERIFY(make()->Of(run).size() < RunHistory::MostRuns);
+        fixture.Write(file, damaged.left(damaged.size() / 2));
+        QVERIFY(make()->Of(run).empty());
+    }
+
+    void noticesOnTheDesktop_data() {
+        const QString first = u"A|A has failed|first"_qs;
+        const QString both = u" failed|2 activities have failed|A: second\nB: other line"_qs;
+        const QString deed = u"B|B is done|1 copied, 0 moved, 0 replaced, 0 deleted, 0 left alone, 0 failed, "
+                             u"0 bytes in 0 s; ended: done"_qs;
+        // notify: the option
+        const Table<int, QStringList> row;
+        row("nothing", 0, {});
+        row("failures", 1, {first, both, first, first, first});
+        row("all", 2, {first, both, deed, first, first, first});
+        row("unknown", 3, {});
+    }
+    void noticesOnTheDesktop() {
+        const auto [notify, expected] = Table<int, QStringList>::Current();
+        ProgramFixture fixture;
+        fixture.Start();
+        const auto begin = [&, option = notify] {
+            fixture.Build().Options().Notify = static_cast<std::uint8_t>(option); // what waited has been told
+        };
+        const auto end = [&](const QString& name, RunEnding ending, const QString& reason, std::uint64_t copied = 0) {
+            const RunResult result{.ending = ending, .at = {}, .done = {.copied = copied}, .reason = reason, .log = {}};
+            fixture.program->Results().Ended({fixture.DefaultFile(), name, {}, {}, {}}, result);
+        };
+        const QString B = u"B"_qs;
+        begin();
+        end(A, RunEnding::Failed, u"first"_qs);
+        end(A, RunEnding::Failed, u"second"_qs); // too soon after it
+        end(B, RunEnding::Failed, u"other\nline"_qs);
+        end(B, RunEnding::Fine, {}, 1);
+        end(A, RunEnding::Fine, {});
+        end(A, RunEnding::Early, u"stopped"_qs, 1);
+        begin();
+        end(A, RunEnding::Failed, u"first"_qs);
+        end(A, RunEnding::Failed, u"first"_qs);
+        begin();
+        end(A, RunEnding::Failed, u"first"_qs);
+        fixture.clock->Advance(std::chrono::hours(1));
+        end(A, RunEnding::Failed, u"first"_qs);
+        begin();
+        QCOMPARE(fixture.notifier->shown, expected);
+    }
+
+    void aSummaryEndsTheRun_data() {
+        const Table<QString, QString> row;
+        row("copy", "0",
+            "1 copied, 0 moved, 1 replaced, 0 deleted, 1 left alone, 0 failed, 3 bytes in 0 s; ended: done");
+        row("move", "1",
+            "0 copied, 1 moved, 1 replaced, 0 deleted, 1 left alone, 0 failed, 0 bytes in 0 s; ended: done");
+        row("mirror", "3",
+            "1 copied, 0 moved, 1 replaced, 1 deleted, 1 left alone, 0 failed, 3 bytes in 0 s; ended: done");
+        row("failure", "0", "");
+    }
+    void aSummaryEndsTheRun() {
+        const auto [action, summary] = Table<QString, QString>::Current();
+        ProgramFixture fixture;
+        fixture.Add(A, {{u"action"_qs, action},
+                        {u"sourcedir"_qs, fixture.Path(summary.isEmpty() ? u"nowhere"_qs : u"src"_qs)}});
+        Program& program = fixture.Start();
+        fixture.Write(u"src/new"_qs, "123");
+        fixture.Write(u"dst/new"_qs, "old", 1'600'000'000);
+        for (const char* same : {"src/same", "dst/same"})
+            fixture.Write(QLatin1String(same), "same");
+        fixture.Write(u"dst/surplus"_qs, "x");
+        program.Options().SummaryLine = 1;
+        program.RunNow(A);
+        const QStringList log = fixture.Log(A);
+        QCOMPARE(log.last(), u"idle"_qs); // the row's state, no longer the run's
+        const QString line = log[log.size() - 2];
+        if (summary.isEmpty())
+            QVERIFY(line.contains(u"; ended: Directory '~/nowhere"));
+        else
+            QCOMPARE(line, u"Summary: "_qs + summary);
+        QCOMPARE(fixture.Log(A).filter(u"Summary"_qs).size(), 1);
+        program.Options().SummaryLine = 0;
+        program.RunNow(A);
+        QCOMPARE(fixture.Log(A).filter(u"Summary"_qs).size(), 1);
     }
 
     // What was looked at before a box is looked at again behind it.

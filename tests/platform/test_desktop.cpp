@@ -20,36 +20,49 @@ namespace {
 
 const QString autostart = u"config/autostart/Kalvenor.desktop"_qs;
 
-/// timedated on a bus of the test's own: writes down what it is asked and answers as it is told.
-class FakeTimedated final : public QDBusVirtualObject {
+/// A bus of the test's own. The library reads the addresses once, so both buses are this one, all the time.
+class OwnBus final {
   public:
-    FakeTimedated() {
+    OwnBus() {
         m_bus.start(u"dbus-daemon"_qs, {u"--session"_qs, u"--nofork"_qs, u"--print-address"_qs});
         m_bus.waitForReadyRead();
-        const QByteArray address = m_bus.readLine().trimmed();
-        // Never the real one, even when there is none of ours: its clock is not for tests.
-        qputenv("DBUS_SYSTEM_BUS_ADDRESS", address.isEmpty() ? "unix:path=/nowhere" : address);
-        QDBusConnection service = QDBusConnection::connectToBus(QString::fromUtf8(address), u"timedated"_qs);
-        isOffered = service.registerVirtualObject(u"/org/freedesktop/timedate1"_qs, this) &&
-                    service.registerService(u"org.freedesktop.timedate1"_qs);
+        // Never the real ones, even when there is none of ours: their clock is not for tests.
+        const QByteArray line = m_bus.readLine().trimmed();
+        address = line.isEmpty() ? "unix:path=/nowhere" : line;
+        qputenv("DBUS_SYSTEM_BUS_ADDRESS", address);
+        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
     }
-    ~FakeTimedated() override {
-        QDBusConnection::disconnectFromBus(u"timedated"_qs);
+    ~OwnBus() {
         m_bus.kill();
         m_bus.waitForFinished();
     }
+    QByteArray address;
+
+  private:
+    QProcess m_bus;
+};
+
+/// A service on it: writes down what it is asked and answers as it is told.
+class FakeService final : public QDBusVirtualObject {
+  public:
+    FakeService(const OwnBus& bus, const QString& name, const QString& path) : m_name(name) {
+        QDBusConnection service = QDBusConnection::connectToBus(QString::fromUtf8(bus.address), m_name);
+        isOffered = service.registerVirtualObject(path, this) && service.registerService(m_name);
+    }
+    ~FakeService() override { QDBusConnection::disconnectFromBus(m_name); }
     QString introspect(const QString&) const override { return {}; }
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override {
         calls.append(message);
-        return connection.send(refusal.isEmpty() ? message.createReply()
+        return connection.send(refusal.isEmpty() ? message.createReply(reply)
                                                  : message.createErrorReply(u"org.test.Refused"_qs, refusal));
     }
     bool isOffered = false;
     QList<QDBusMessage> calls;
+    QVariantList reply;
     QString refusal;
 
   private:
-    QProcess m_bus;
+    QString m_name;
 };
 
 /// The system call: fails with the number, or takes the time.
@@ -153,7 +166,7 @@ class TestDesktop final : public QObject {
     }
 
     void setsTheClockItselfOrAsksTimedated() {
-        FakeTimedated timedated;
+        FakeService timedated(m_bus, u"org.freedesktop.timedate1"_qs, u"/org/freedesktop/timedate1"_qs);
         QVERIFY(timedated.isOffered);
         QStringList outcomes;
         const auto outcome = [&](const QString& reason) { outcomes.append(reason); };
@@ -177,6 +190,41 @@ class TestDesktop final : public QObject {
         set(EPERM, std::chrono::system_clock::now());
         QTRY_COMPARE(outcomes.size(), 4);
         QCOMPARE(outcomes.last(), u"Operation not permitted: "_qs + timedated.refusal);
+    }
+
+    void showsNotices() {
+        qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+        qputenv("XDG_RUNTIME_DIR", m_home->Path().toUtf8());
+        const auto notifier = MakeDesktopNotifier(u"entry"_qs);
+        notifier->Show({u"A"_qs, u"nobody sees it"_qs, {}, true}); // and no bus is started for it
+        QVERIFY(!notifier->IsAvailable());
+        qputenv("DBUS_SESSION_BUS_ADDRESS", m_bus.address);
+        FakeService desktop(m_bus, u"org.freedesktop.Notifications"_qs, u"/org/freedesktop/Notifications"_qs);
+        QVERIFY(desktop.isOffered && notifier->IsAvailable());
+        desktop.reply = {7U};
+        notifier->Show({u"A"_qs, u"A <b> has failed"_qs, u"<img src='x'> & more\nline"_qs, true});
+        for (const QString& text : {u"overtaken"_qs, u"newest"_qs})
+            notifier->Show({u"A"_qs, u"A"_qs, text, false}); // before the service has answered
+        notifier->Show({u"B"_qs, u"B"_qs, {}, false});
+        QTRY_COMPARE(desktop.calls.size(), 3);
+        QCOMPARE(desktop.calls[0].member() + desktop.calls[0].signature(), u"Notifysusssasa{sv}i"_qs);
+        const auto part = [&](qsizetype call, qsizetype argument) { return desktop.calls[call].arguments()[argument]; };
+        QCOMPARE(part(0, 3), QVariant(u"A <b> has failed"_qs));
+        QCOMPARE(part(0, 4), QVariant(u"&lt;img src='x'&gt; &amp; more\nline"_qs));
+        QCOMPARE(part(2, 4), QVariant(u"newest"_qs));
+        for (const auto& [call, replaced] : {std::pair(0, 0U), std::pair(1, 0U), std::pair(2, 7U)})
+            QCOMPARE(part(call, 1), QVariant(replaced));
+        desktop.refusal = u"no room"_qs;
+        notifier->Show({u"A"_qs, u"A"_qs, {}, true});
+        notifier->Show({u"A"_qs, u"A"_qs, {}, true});
+        QTRY_COMPARE(desktop.calls.size(), 4);
+        QTest::qWait(0);
+        desktop.refusal.clear();
+        QTRY_VERIFY([&] { // once the refusal has come back
+            notifier->Show({u"A"_qs, u"A"_qs, {}, true});
+            return QTest::qWaitFor([&] { return desktop.calls.size() == 5; }, 100);
+        }());
+        QCOMPARE(part(4, 1), QVariant(0U));
     }
 
     void turnsSignalsIntoEvents() {
@@ -205,6 +253,7 @@ class TestDesktop final : public QObject {
     }
 
   private:
+    OwnBus m_bus;
     std::unique_ptr<ScratchFolder> m_home;
     std::unique_ptr<Autostart> m_autostart;
     std::unique_ptr<FileTypes> m_types;

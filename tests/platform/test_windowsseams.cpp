@@ -63,11 +63,13 @@ class TestWindowsSeams final : public QObject {
         const auto service = MakeRegistrySettingsStore(ownKey, true);
         const MachineSettings machine(ownKey);
         QVERIFY(!user->WriteAll(app, section, {{u"Accepted"_qs, u"Yes"_qs}, {u"StartUp"_qs, u"1"_qs}}));
+        QVERIFY(!user->Write(app, SettingsStore::SummarySection, u"InLog"_qs, u"1"_qs));
         QVERIFY(!machine.Store(L"C:\\\u00e4 b"));
         QCOMPARE(QString::fromStdWString(machine.UserDataFolder()), u"C:\\\u00e4 b"_qs);
         RegDeleteTreeW(HKEY_CURRENT_USER, ownKey.c_str()); // the account of the service has nothing
         QVERIFY(!user->Read(app, section, u"Accepted"_qs));
         QCOMPARE(service->Read(app, section, u"Accepted"_qs), u"Yes"_qs);
+        QCOMPARE(service->Read(app, SettingsStore::SummarySection, u"InLog"_qs), u"1"_qs);
         QVERIFY(!service->Write(app, section, u"StartUp"_qs, u"0"_qs)); // its own goes first
         QCOMPARE(service->Read(app, section, u"StartUp"_qs), u"0"_qs);
         // What the user has no longer must not stay.

@@ -8,6 +8,7 @@
 #include "Locks.h"
 #include "Machine.h"
 #include "NameService.h"
+#include "Notifier.h"
 #include "Process.h"
 #include "Prompter.h"
 #include "ServiceManager.h"
@@ -136,6 +137,14 @@ class FakeProcess final : public Process {
     QStringList opened;
     bool succeeds = true;
     std::optional<int> endedWith;
+};
+
+class FakeNotifier final : public Notifier {
+  public:
+    bool IsAvailable() const override { return available; }
+    void Show(const Notice& notice) override { shown.append(notice.key + u'|' + notice.title + u'|' + notice.text); }
+    QStringList shown;
+    bool available = true;
 };
 
 class FakePowerControl final : public PowerControl {

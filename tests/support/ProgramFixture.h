@@ -142,6 +142,7 @@ class ProgramFixture : public ScratchFolder {
     FakeProcess* const process = putInto<FakeProcess>(services.process);
     FakePowerControl* const power = putInto<FakePowerControl>(services.power);
     FakeNameService* const names = putInto<FakeNameService>(services.nameService);
+    FakeNotifier* const notifier = putInto<FakeNotifier>(services.notifier);
     FakeAutostart* const autostart = putInto<FakeAutostart>(services.autostart);
     FakeServiceManager* const serviceManager = putInto<FakeServiceManager>(services.serviceManager);
     FakeSystemClock* const systemClock = putInto<FakeSystemClock>(services.systemClock);

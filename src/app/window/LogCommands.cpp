@@ -4,6 +4,7 @@
 #include "DialogHost.h"
 #include "LogWindows.h"
 #include "frmLogFile.h"
+#include "frmStatistics.h"
 #include "modForeignText.h"
 #include "modNativePath.h"
 
@@ -80,6 +81,14 @@ void LogCommands::ShowLastResult() {
         return ShowLogWindow(last->name);
     if (!m_dialogs.RaiseOpen())
         m_windows.Show(modNativePath::FromText(result->log), result->line);
+}
+
+void LogCommands::ShowStatistics(const QString& name) {
+    if (name.isEmpty() || m_dialogs.RaiseOpen())
+        return;
+    frmStatistics form(name, m_program.History().Of(RunIdentity::Of(m_program.File(), name)), m_program.Texts(),
+                       m_dialogs.Parent());
+    m_dialogs.Run(form);
 }
 
 void LogCommands::DeleteApplicationLog() {

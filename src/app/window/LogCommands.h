@@ -1,5 +1,5 @@
-// The commands on the logs: show and delete the application log and those of activities. A missing log is reported in a
-// box; only a regular file is deleted, and only after "Yes".
+// The commands on what was: show and delete the application log and those of activities, show how runs went. A missing
+// log is reported in a box; only a regular file is deleted, and only after "Yes".
 #pragma once
 
 #include <QStringList>
@@ -28,6 +28,9 @@ class LogCommands final {
 
     /// btnResult: the same for the run that ended last, at the line of its failure or its end.
     void ShowLastResult();
+
+    /// mnuStatistics. Does nothing for an empty name.
+    void ShowStatistics(const QString& name);
 
     /// mnuDeleteLogfile, mnuDeleteLogfileTray.
     void DeleteApplicationLog();

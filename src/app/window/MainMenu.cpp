@@ -51,6 +51,7 @@ constexpr std::array edit{
     MenuEntry{"mnuClearAll", Text::DeleteAll, Command::DeleteAll},
     separator,
     MenuEntry{"mnuPreview", Text::Preview, Command::Preview, Picture::Preview, "Ctrl+P"},
+    MenuEntry{"mnuStatistics", Text::Statistics, Command::Statistics},
     MenuEntry{"mnuStartActivityNow", Text::StartNow, Command::StartNow, Picture::RunNow, "Ctrl+R"},
     MenuEntry{"mnuExecuteAllMarkedActivities", Text::ExecuteMarked, Command::ExecuteMarked, Picture::RunMarked,
               "Ctrl+Shift+R"},
@@ -171,6 +172,7 @@ bool MainMenu::canWork(Command command) const {
         return m_selected > 1;
     case Command::DeleteActivity:
     case Command::Properties:
+    case Command::Statistics:
     case Command::ShowLog:
     case Command::DeleteLog:
     case Command::OpenSource:

@@ -25,6 +25,7 @@ enum class Command {
     StartStop,
     StartNow,
     Preview,
+    Statistics,
     ExecuteMarked,
     Preferences,
     ServiceOptions,

@@ -16,7 +16,7 @@ struct Switch {
     bool Form::*shown;
 };
 
-constexpr std::array<Switch, 7> switches{{
+constexpr std::array<Switch, 9> switches{{
     {&clsWatcher::ActivateWhileWindowsStarting, &Form::startWithWindows},
     {&clsWatcher::ToTray, &Form::minToTray},
     {&clsWatcher::Shutdown, &Form::shutdown},
@@ -24,6 +24,8 @@ constexpr std::array<Switch, 7> switches{{
     {&clsWatcher::LogfileRefresh, &Form::logfileRefresh},
     {&clsWatcher::ExitAlert, &Form::exitAlert},
     {&clsWatcher::StopIfFolderNotExist, &Form::stopIfFolderNotExist},
+    {&clsWatcher::SummaryLine, &Form::summaryInLog},
+    {&clsWatcher::MailVariables, &Form::summaryInMail},
 }};
 
 Form toForm(const clsWatcher& options) {
@@ -31,6 +33,7 @@ Form toForm(const clsWatcher& options) {
     for (const Switch& row : switches)
         form.*row.shown = options.*row.stored == 1;
     form.loggingPath = options.LoggingPath;
+    form.notify = options.Notify;
     return form;
 }
 
@@ -38,12 +41,14 @@ void fromForm(const Form& form, clsWatcher& options) {
     for (const Switch& row : switches)
         options.*row.stored = form.*row.shown ? 1 : 0;
     options.LoggingPath = form.loggingPath;
+    options.Notify = static_cast<std::uint8_t>(form.notify);
 }
 
 void takeBack(const clsWatcher& before, clsWatcher& options) {
     for (const Switch& row : switches)
         options.*row.stored = before.*row.stored;
     options.LoggingPath = before.LoggingPath;
+    options.Notify = before.Notify;
 }
 
 } // namespace
@@ -53,13 +58,14 @@ void OptionsCommand::ShowOptions() {
         return;
     PlatformServices& services = m_program.Services();
     clsWatcher& options = m_program.Options();
+    Form shown = toForm(options);
+    shown.canNotify = services.notifier->IsAvailable();
     frmStartOptions form({.texts = m_program.Texts(),
                           .prompter = m_program.Prompts(),
                           .picker = m_picker,
                           .files = *services.ownFiles,
                           .settings = *services.settings},
-                         *services.autostart, services.places.programFolder / "Kalvenor", toForm(options),
-                         m_dialogs.Parent());
+                         *services.autostart, services.places.programFolder / "Kalvenor", shown, m_dialogs.Parent());
     QObject::connect(&form, &frmStartOptions::HelpWanted, &form, [this] { m_help.OpenManual(); });
     const bool isCancelled = m_dialogs.Run(form) != QDialog::Accepted;
     const clsWatcher before = options;

@@ -12,7 +12,7 @@ class OptionsCommand final {
     OptionsCommand(Program& program, DialogHost& dialogs, FilePicker& picker, HelpCommands& help)
         : m_program(program), m_dialogs(dialogs), m_picker(picker), m_help(help) {}
 
-    /// mnuPreferences, mnuPreferencesTray. Writes all eight options in every case, after Cancel as they were before.
+    /// mnuPreferences, mnuPreferencesTray. Writes the options in every case, after Cancel as they were before.
     void ShowOptions();
 
   private:

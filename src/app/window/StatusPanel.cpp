@@ -97,7 +97,7 @@ void StatusPanel::look() {
         return;
     const QLocale locale;
     m_running->setText(
-        m_program.Texts()[Text::FilesAndSize].arg(progress.activity, locale.toString(progress.done.files),
+        m_program.Texts()[Text::FilesAndSize].arg(progress.activity, locale.toString(progress.done.Files()),
                                                   locale.formattedDataSize(static_cast<qint64>(progress.done.bytes))));
 }
 

@@ -125,6 +125,7 @@ std::map<Command, std::function<void()>> frmMain::commandTable() {
         {Command::StartStop, [this] { toggleMonitoring(); }},
         {Command::StartNow, [this] { runNow([this] { m_runNow.StartActivity(m_view->CurrentName()); }); }},
         {Command::Preview, [this] { runNow([this] { m_runNow.Preview(m_view->CurrentName()); }); }},
+        {Command::Statistics, [this] { m_logs.ShowStatistics(m_view->CurrentName()); }},
         {Command::ExecuteMarked, [this] { runNow([this] { m_runNow.ExecuteMarked(m_view->SelectedNames()); }); }},
         {Command::Restore, [this] { restoreFromTray(); }},
         {Command::Exit, [this] { close(); }},

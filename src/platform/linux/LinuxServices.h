@@ -6,6 +6,7 @@
 #include "Locks.h"
 #include "Machine.h"
 #include "NameService.h"
+#include "Notifier.h"
 #include "SettingsStore.h"
 #include <ctime>
 #include <memory>
@@ -36,6 +37,10 @@ inline constexpr const char* OwnDesktopEntry = "kalvenor-activities";
 /// nothing when one of the system's data folders knows the type already.
 [[nodiscard]] std::unique_ptr<FileTypes> MakeFileTypes(std::filesystem::path dataHome, std::filesystem::path configHome,
                                                        std::vector<std::filesystem::path> systemData);
+
+/// The desktop's notification service (org.freedesktop.Notifications on the session bus), which is started when it does
+/// not run; never asked for an answer that anything waits for. Without a session bus nothing is shown.
+[[nodiscard]] std::unique_ptr<Notifier> MakeDesktopNotifier(QString desktopEntry);
 
 /// logind (org.freedesktop.login1 on the system bus), which ends the sessions in good order. It refuses when there is
 /// no bus, no logind, no permission, or no answer within ten seconds.

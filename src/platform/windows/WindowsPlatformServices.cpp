@@ -64,6 +64,9 @@ PlatformServices MakePlatformServices() {
     services.power = MakePowerControl();
     services.nameService = std::make_unique<CachedNameService>(MakeNameService());
     services.desktopMail = MakeDesktopMailClient();
+    // A toast needs an identity that only a start menu shortcut of the installer could give, a balloon a tray icon,
+    // which belongs to the window.
+    services.notifier = std::make_unique<NoNotifier>();
     services.autostart = MakeAutostart();
     services.places.programFolder = programFolder();
     services.places.dataFolder = services.places.programFolder;

@@ -2,6 +2,7 @@
 
 #include "RegistryKey.h"
 #include "SettingsStore.h"
+#include <array>
 
 namespace {
 
@@ -11,8 +12,10 @@ std::wstring own(const std::wstring& root) {
     return root + L'\\' + SettingsStore::OwnApplication.toStdWString();
 }
 
-std::wstring options(const std::wstring& root) {
-    return own(root) + L'\\' + SettingsStore::OptionsSection.toStdWString();
+/// The sections of the general options.
+std::array<std::wstring, 2> options(const std::wstring& root) {
+    const auto section = [&root](const QString& name) { return own(root) + L'\\' + name.toStdWString(); };
+    return {section(SettingsStore::OptionsSection), section(SettingsStore::SummarySection)};
 }
 
 std::wstring service(const std::wstring& root) {
@@ -27,13 +30,18 @@ std::error_code MachineSettings::Store(const std::filesystem::path& userDataFold
     RegistryKey key = RegistryKey::Make(HKEY_LOCAL_MACHINE, service(m_root));
     if (const std::error_code error = key.SetText(folderValue, userDataFolder.wstring()))
         return error;
-    return RegistryKey::Make(HKEY_LOCAL_MACHINE, options(m_root))
-        .CopyFrom(RegistryKey::Open(HKEY_CURRENT_USER, options(m_root)));
+    for (const std::wstring& section : options(m_root))
+        if (const std::error_code error =
+                RegistryKey::Make(HKEY_LOCAL_MACHINE, section).CopyFrom(RegistryKey::Open(HKEY_CURRENT_USER, section)))
+            return error;
+    return {};
 }
 
 std::error_code MachineSettings::Remove() const {
-    const std::error_code error = RegistryKey::RemoveTree(HKEY_LOCAL_MACHINE, options(m_root));
-    return error ? error : RegistryKey::RemoveTree(HKEY_LOCAL_MACHINE, service(m_root));
+    for (const std::wstring& section : options(m_root))
+        if (const std::error_code error = RegistryKey::RemoveTree(HKEY_LOCAL_MACHINE, section))
+            return error;
+    return RegistryKey::RemoveTree(HKEY_LOCAL_MACHINE, service(m_root));
 }
 
 std::filesystem::path MachineSettings::UserDataFolder() const {
