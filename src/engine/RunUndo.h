@@ -8,8 +8,8 @@
 #include <QStringList>
 
 struct UndoOutcome {
-    int restored = 0;  ///< files, and folders that were missing
-    int left = 0;      ///< in the trash
+    int restored = 0;       ///< files, and folders that were missing
+    int left = 0;           ///< in the trash
     QStringList notes = {}; ///< why they are left, or why nothing could be done; not more than a screen shows
     bool isInterrupted = false;
 

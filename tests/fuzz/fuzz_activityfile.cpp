@@ -38,7 +38,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static ActivityList list(store.file, store.texts, QLocale::c());
     FuzzedDataProvider input(data, size);
     const QString value = QString::fromStdString(input.ConsumeRandomLengthString(40));
-    const FieldRow& field = ActivityRecord::Fields()[input.ConsumeIntegralInRange<std::size_t>(0, ActivityRecord::FieldCount - 1)];
+    const FieldRow& field =
+        ActivityRecord::Fields()[input.ConsumeIntegralInRange<std::size_t>(0, ActivityRecord::FieldCount - 1)];
     const int how = input.ConsumeIntegralInRange(0, 2);
     const int position = input.ConsumeIntegral<std::uint8_t>();
     const QByteArray bytes = QByteArray::fromStdString(input.ConsumeRemainingBytesAsString());
