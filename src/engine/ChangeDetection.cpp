@@ -126,9 +126,10 @@ RunOutcome ChangeDetection::process(const RunIdentity& identity, const Order& or
 
 RunOutcome ChangeDetection::work(const RunIdentity& identity, const Order& order, const Roots& roots, RunBrake* brake) {
     const QString& name = identity.name;
-    RunOutcome outcome = SyncRun(m_tools, identity, order.starter, roots.source, roots.destination,
-                                 {.approved = order.approved, .brake = brake})
-                             .Run();
+    RunOutcome outcome =
+        SyncRun(m_tools, identity, order.starter, roots.source, roots.destination,
+                {.approved = order.approved, .brake = brake, .expires = mayHaveExpired(*roots.destination)})
+            .Run();
     if (outcome.interrupted)
         return outcome;
     m_drives.Remember(identity, *roots.source, *roots.destination);
@@ -137,6 +138,16 @@ RunOutcome ChangeDetection::work(const RunIdentity& identity, const Order& order
         outcome.logLine = m_tools.logs.EndOf(order.log);
     m_tools.logs.SetActivityStatus(name, m_services.texts[Text::CheckingFinished]);
     return outcome;
+}
+
+/// A trash may hold the folders of very many runs, and its days are long: one look an hour is enough.
+bool ChangeDetection::mayHaveExpired(const Folder& destination) {
+    const auto now = m_services.clock.MonotonicNow();
+    const auto [looked, isFirst] = m_trashLooks.try_emplace(destination.Id(), now);
+    if (!isFirst && now - looked->second < std::chrono::hours(1))
+        return false;
+    looked->second = now;
+    return true;
 }
 
 std::optional<RunOutcome> ChangeDetection::findHold(const RunIdentity& run, NewDrive newDrive, const Roots& roots) {

@@ -45,6 +45,7 @@ class ChangeDetection final {
     [[nodiscard]] std::optional<RunOutcome> findHold(const RunIdentity& run, NewDrive newDrive, const Roots& roots);
     [[nodiscard]] std::optional<RunOutcome> askBrake(const RunIdentity& run, const Order& order, Roots& roots,
                                                      RunBrake& brake);
+    [[nodiscard]] bool mayHaveExpired(const Folder& destination);
     [[nodiscard]] std::optional<QString> offItsDrive(const RunIdentity& run, const Roots& roots) const;
     RunOutcome hold(const QString& name, const QString& reason, bool isKnown);
     [[nodiscard]] ActivityRecord recordOf(const QString& name) const;
@@ -61,5 +62,6 @@ class ChangeDetection final {
     const EngineServices& m_services;
     ActivityMailer& m_mailer;
     DriveGuard m_drives;
+    std::map<FileId, std::chrono::steady_clock::time_point> m_trashLooks; ///< by destination
     std::map<std::pair<QString, QString>, ActivityRecord> m_refused; ///< by file and name: the user wants no such run
 };

@@ -73,6 +73,7 @@ struct RunVariant {
     std::vector<PlannedAct>* plan = nullptr; ///< only writes down what it would do: changes, logs and asks nothing
     ApprovedPlan* approved = nullptr;        ///< does what this has, and ends at the first thing it has not
     RunBrake* brake = nullptr;               ///< hears of what the walk finds, and ends the run where it allows no more
+    bool expires = false;                    ///< removes what the destination has kept for long enough, at its end
 };
 
 [[nodiscard]] PlannedAct Deletion(const Folder& folder, const FolderEntry& entry);

@@ -35,7 +35,8 @@ KeptRun RunTrash::NewRun(const Clock& clock, const QString& activityFile, const 
             .days = days};
 }
 
-RunTrash::RunTrash(SyncRun& run, std::shared_ptr<Folder> root) : m_run(run), m_root(std::move(root)) {
+RunTrash::RunTrash(SyncRun& run, std::shared_ptr<Folder> root, bool expires)
+    : m_run(run), m_root(std::move(root)), m_expires(expires) {
     const EngineServices& services = run.Tools().services;
     const RunIdentity& identity = run.Identity();
     const int days = std::min(services.file.Read(identity.name, ActivityField::KeepDays).toInt(), mostDays);
@@ -59,6 +60,6 @@ void RunTrash::Finish() {
         m_run.Line(m_run.Tools().texts.KeptIn(modNativePath::ToText(m_trash->Path()),
                                               m_kept.began + std::chrono::days(m_kept.days)));
     }
-    if (!m_run.IsPlanning() && !m_run.Over() && m_run.Rules().action != FileAction::None)
+    if (m_expires && !m_run.Over() && m_run.Rules().action != FileAction::None)
         KeptRuns::RemoveExpired(m_root, now(m_run.Tools().services.clock), m_run);
 }

@@ -9,8 +9,8 @@ class SyncRun;
 
 class RunTrash final {
   public:
-    /// `root`: of the destination.
-    RunTrash(SyncRun& run, std::shared_ptr<Folder> root);
+    /// `root`: of the destination. `expires`: Finish removes what earlier runs have kept for long enough.
+    RunTrash(SyncRun& run, std::shared_ptr<Folder> root, bool expires);
 
     /// Null for an activity that keeps nothing.
     [[nodiscard]] Trash* Get() { return m_trash ? &*m_trash : nullptr; }
@@ -18,7 +18,7 @@ class RunTrash final {
     /// Keeps or deletes a file, a link or an empty folder.
     [[nodiscard]] std::error_code Delete(Folder& folder, const FolderEntry& entry);
 
-    /// At the end of the run: says where its files are, and removes what has expired.
+    /// At the end of the run: says where its files are.
     void Finish();
 
     /// A run that begins now.
@@ -28,6 +28,7 @@ class RunTrash final {
   private:
     SyncRun& m_run;
     std::shared_ptr<Folder> m_root;
+    bool m_expires;
     KeptRun m_kept;
     std::optional<Trash> m_trash;
 };

@@ -27,7 +27,7 @@ SyncRun::SyncRun(const RunTools& tools, RunIdentity identity, RunStarter starter
       m_source(std::move(source)), m_destination(std::move(destination)), m_destinationMount(m_destination->Mount()),
       m_recordReadAt(tools.interruptions.Count() - 1),
       m_log(tools.services.file.Read(m_identity.name, ActivityField::LogFile)), m_end(RunEnd::None),
-      m_trash(*this, m_destination),
+      m_trash(*this, m_destination, variant.expires),
       m_transfer(variant.plan != nullptr ? std::make_unique<PlanTransfer>(*this, *variant.plan, true)
                                          : tools.services.fileSystem.NewTransfer(*this, m_trash.Get())),
       m_staging(tools.interruptions, *m_transfer) {
