@@ -263,10 +263,10 @@ QString LogPane::KeptFolder() const {
     const auto in = [](const QTextBlock& line) { return folder.match(line.text()).captured(1); };
     const QTextBlock here = m_box->textCursor().block();
     for (QTextBlock line = here; line.isValid(); line = line.next())
-        if (const QString found = in(line); !found.isEmpty())
+        if (QString found = in(line); !found.isEmpty())
             return found;
     for (QTextBlock line = here.previous(); line.isValid(); line = line.previous())
-        if (const QString found = in(line); !found.isEmpty())
+        if (QString found = in(line); !found.isEmpty())
             return found;
     return {};
 }
