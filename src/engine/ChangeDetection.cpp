@@ -213,11 +213,15 @@ std::optional<RunOutcome> ChangeDetection::askBrake(const RunIdentity& run, cons
     brake.Count(acts, m_tools.ownPlaces.Logs(m_services.file.Read(run.name, ActivityField::LogFile)));
     acts = {};
     const std::pair key{run.activityFile, run.name};
+    const auto begin = [&] { // it may have been an hour, and an open folder may show what was there before
+        roots = open(run);
+        return findHold(run, order.newDrive, roots);
+    };
     if (plan.interrupted) // so will the run be, at the latest by a file too many
-        return std::nullopt;
+        return begin();
     if (!brake.IsOver()) {
         m_refused.erase(key);
-        return std::nullopt;
+        return begin();
     }
     const ActivityRecord record = recordOf(run.name);
     const auto refused = m_refused.find(key);
@@ -240,8 +244,7 @@ std::optional<RunOutcome> ChangeDetection::askBrake(const RunIdentity& run, cons
     if (answer != MessageAnswer::Yes)
         return hold(run.name, held, false);
     brake.AllowCounted();
-    roots = open(run); // it may have been an hour
-    return findHold(run, order.newDrive, roots);
+    return begin();
 }
 
 /// Only a directory that does not exist is missing. With any other failure the activity stays in monitoring and the run

@@ -195,10 +195,11 @@ class TestSyncRun final : public QObject {
     void theBrakeHoldsBehindItsQuestion_data() {
         // counted: the limit, and how much the plan sees; a question follows when that is more
         const Table<QString, int> row;
-        for (const int limit : {1, 2}) {
-            row.Add("appears", limit);
-            row.Add("grows newer", limit);
-        }
+        row.Add("appears", 1);
+        if (!SystemWorld::IsEmulated()) // there an open folder is listed as it was at first
+            row.Add("appears", 2);
+        row.Add("grows newer", 1);
+        row.Add("grows newer", 2);
         row.Add("edited", 1);
         row.Add("other directory", 1);
         row.Add("other file", 1);
