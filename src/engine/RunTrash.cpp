@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr int mostDays = 3650;
-
 std::chrono::sys_seconds now(const Clock& clock) {
     return std::chrono::floor<std::chrono::seconds>(clock.Now());
 }
@@ -39,7 +37,7 @@ RunTrash::RunTrash(SyncRun& run, std::shared_ptr<Folder> root, bool expires)
     : m_run(run), m_root(std::move(root)), m_expires(expires) {
     const EngineServices& services = run.Tools().services;
     const RunIdentity& identity = run.Identity();
-    const int days = std::min(services.file.Read(identity.name, ActivityField::KeepDays).toInt(), mostDays);
+    const int days = std::min(services.file.Read(identity.name, ActivityField::KeepDays).toInt(), KeptRun::MostDays);
     if (days <= 0 || run.IsPlanning())
         return;
     m_kept = NewRun(services.clock, identity.activityFile, identity.name, days);
@@ -57,8 +55,7 @@ void RunTrash::Finish() {
     if (m_trash && !m_trash->Path().empty()) {
         if (const std::error_code error = m_trash->Sync())
             m_run.Failed(m_trash->Path(), error);
-        m_run.Line(m_run.Tools().texts.KeptIn(modNativePath::ToText(m_trash->Path()),
-                                              m_kept.began + std::chrono::days(m_kept.days)));
+        m_run.Line(m_run.Tools().texts.KeptIn(modNativePath::ToText(m_trash->Path()), m_kept.Until()));
     }
     if (m_expires && !m_run.Over() && m_run.Rules().action != FileAction::None)
         KeptRuns::RemoveExpired(m_root, now(m_run.Tools().services.clock), m_run);

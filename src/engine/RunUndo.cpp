@@ -27,7 +27,7 @@ UndoOutcome RunUndo::Undo(const std::shared_ptr<Folder>& root) {
     if (const std::error_code error = KeptRuns::Restore(root, m_run.name, trash, *this))
         note(m_tools.texts.Failure(ToText(root->Path()), error));
     if (!trash.Path().empty())
-        line(m_tools.texts.KeptIn(ToText(trash.Path()), undo.began + std::chrono::days(undo.days)));
+        line(m_tools.texts.KeptIn(ToText(trash.Path()), undo.Until()));
     m_tools.logs.Flush();
     return m_outcome;
 }

@@ -3,6 +3,7 @@
 #include "DriveLine.h"
 #include "FormParts.h"
 #include "FormServices.h"
+#include "KeptRun.h"
 #include "StringTable.h"
 #include <QGridLayout>
 #include <QSpinBox>
@@ -11,7 +12,6 @@
 
 namespace {
 
-constexpr int mostDays = 3650;
 constexpr int mostFiles = 1'000'000;
 constexpr int mostPercent = 100;
 
@@ -28,7 +28,8 @@ EditorSafetyTab::EditorSafetyTab(const EditorServices& services)
     : m_texts(services.texts), m_source(new DriveLine("lblSourceDrive", services.texts)),
       m_target(new DriveLine("lblTargetDrive", services.texts)) {
     auto* all = new QVBoxLayout(this);
-    QSpinBox* days = number("spnKeepDays", mostDays, m_texts[Text::DaysUnit], Text::KeepNot, ActivityField::KeepDays);
+    QSpinBox* days =
+        number("spnKeepDays", KeptRun::MostDays, m_texts[Text::DaysUnit], Text::KeepNot, ActivityField::KeepDays);
     QSpinBox* files =
         number("spnAskFiles", mostFiles, m_texts[Text::FilesUnit], Text::AskNever, ActivityField::AskFiles);
     QSpinBox* percent =

@@ -59,21 +59,20 @@ std::vector<KeptRun> KeptRuns::Of(const Folder& root) {
 
 void KeptRuns::RemoveExpired(const std::shared_ptr<Folder>& root, std::chrono::sys_seconds now,
                              TransferObserver& observer) {
+    std::error_code error;
+    const std::shared_ptr<Folder> trash = TrashFolders::Open(*root, TrashName, error);
+    if (!trash)
+        return;
     for (const KeptRun& run : Of(*root)) {
-        if (!run.IsExpired(now))
+        if (now < run.Until())
             continue;
-        std::error_code error;
-        const std::shared_ptr<Folder> trash = TrashFolders::Open(*root, TrashName, error);
-        std::shared_ptr<Folder> folder = trash ? TrashFolders::Open(*trash, run.name, error) : nullptr;
+        std::shared_ptr<Folder> folder = TrashFolders::Open(*trash, run.name, error);
         if (!folder)
-            return;
+            continue;
         if (const std::optional<FileFacts> files = folder->Stat(TrashJournal::FilesName, error))
             removeTree(*folder, {TrashJournal::FilesName, *files}, observer);
         // The journal goes last: without it, nothing would know that the rest has expired.
-        if (folder->Stat(TrashJournal::FilesName, error) || error)
-            continue;
-        std::ignore = SystemFiles::RemoveMark(*folder, TrashJournal::FileName);
-        folder.reset();
-        std::ignore = trash->DeleteEmptyFolder(run.name);
+        if (!folder->Stat(TrashJournal::FilesName, error) && !error)
+            TrashFolders::RemoveRun(*trash, std::move(folder), run.name);
     }
 }

@@ -72,7 +72,7 @@ std::error_code Trash::makeRun(const std::shared_ptr<Folder>& trash) {
         return error;
     bool isNew = false;
     std::shared_ptr<Folder> files;
-    const std::shared_ptr<Folder> run = TrashFolders::OpenOrMake(*trash, name, status, isNew, error);
+    std::shared_ptr<Folder> run = TrashFolders::OpenOrMake(*trash, name, status, isNew, error);
     auto journal = std::make_unique<JournalFile>();
     if (!error)
         error = journal->Create(*run, TrashJournal::FileName);
@@ -82,9 +82,7 @@ std::error_code Trash::makeRun(const std::shared_ptr<Folder>& trash) {
         files = TrashFolders::OpenOrMake(*run, TrashJournal::FilesName, status, isNew, error);
     if (error) { // a full disk, say: every run would leave another one
         journal.reset();
-        if (run)
-            std::ignore = SystemFiles::RemoveMark(*run, TrashJournal::FileName);
-        std::ignore = trash->DeleteEmptyFolder(name);
+        TrashFolders::RemoveRun(*trash, std::move(run), name);
         return error;
     }
     m_names->Add(run);

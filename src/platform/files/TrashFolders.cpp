@@ -1,5 +1,8 @@
 #include "TrashFolders.h"
 #include "SystemFiles.h"
+#include "TrashJournal.h"
+
+#include <tuple>
 
 std::shared_ptr<Folder> TrashFolders::Open(const Folder& parent, const std::filesystem::path& name,
                                            std::error_code& error) {
@@ -14,4 +17,11 @@ std::shared_ptr<Folder> TrashFolders::OpenOrMake(const Folder& parent, const std
     error = SystemFiles::MakeFolder(parent, name, status);
     isNew = !error;
     return isNew || error == std::errc::file_exists ? Open(parent, name, error) : nullptr;
+}
+
+void TrashFolders::RemoveRun(Folder& trash, std::shared_ptr<Folder> run, const std::filesystem::path& name) {
+    if (run)
+        std::ignore = SystemFiles::RemoveMark(*run, TrashJournal::FileName);
+    run.reset(); // an open folder may stay until it is closed
+    std::ignore = trash.DeleteEmptyFolder(name);
 }

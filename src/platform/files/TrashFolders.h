@@ -15,4 +15,7 @@ namespace TrashFolders {
 [[nodiscard]] std::shared_ptr<Folder> OpenOrMake(const Folder& parent, const std::filesystem::path& name,
                                                  const EntryStatus& status, bool& isNew, std::error_code& error);
 
+/// Removes the folder of a run that keeps nothing more; one that is not empty stays.
+void RemoveRun(Folder& trash, std::shared_ptr<Folder> run, const std::filesystem::path& name);
+
 } // namespace TrashFolders

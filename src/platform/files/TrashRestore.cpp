@@ -131,11 +131,8 @@ std::error_code KeptRuns::Restore(const std::shared_ptr<Folder>& root, const std
     Restorer restorer(TrashJournal::ReadLines(folder->Path()), trash, observer);
     restorer.Restore(files, root, {});
     files.reset();
-    if (!folder->DeleteEmptyFolder(TrashJournal::FilesName)) { // else something is left there
-        std::ignore = SystemFiles::RemoveMark(*folder, TrashJournal::FileName);
-        folder.reset();
-        std::ignore = all->DeleteEmptyFolder(run);
-    }
+    if (!folder->DeleteEmptyFolder(TrashJournal::FilesName)) // else something is left there
+        TrashFolders::RemoveRun(*all, std::move(folder), run);
     error = restorer.Sync();
     const std::error_code keeping = trash.Sync();
     return error ? error : keeping;
