@@ -2,6 +2,7 @@
 #include "ActivityLogs.h"
 #include "ActivityMail.h"
 #include "ChangeDetection.h"
+#include "ChangeWatch.h"
 #include "DueMarks.h"
 #include "Interruptions.h"
 #include "KeyState.h"
@@ -58,8 +59,13 @@ struct Program::Engine {
                                                                         .texts = syncTexts,
                                                                         .interruptions = interruptions},
           changes(tools, mail, program.m_services.locks->Place()),
-          schedulers(services, logs, changes, dueMarks, monitoring, QLocale::system()) {
+          watch(services, *program.m_services.folderWatches, logs, ownPlaces, program.m_services.locks->Place()),
+          schedulers(services, logs, changes, watch, dueMarks, monitoring, QLocale::system()) {
         schedulers.ConnectTo(program.m_timers);
+        QObject::connect(&monitoring, &MonitoringController::StateChanged, &schedulers, [this](bool on) {
+            if (!on)
+                watch.Stop();
+        });
     }
 
     EngineServices services;
@@ -74,6 +80,7 @@ struct Program::Engine {
     MonitoringController monitoring;
     RunTools tools;
     ChangeDetection changes;
+    ChangeWatch watch;
     Schedulers schedulers;
 };
 

@@ -42,6 +42,9 @@ DueFacts::Row DueFacts::read(int row) const {
         return facts;
     facts.type = type.front();
     facts.isActive = m_file.Read(name, ActivityField::Active) == u"1";
+    const bool isDaily = facts.type == u'4' && m_file.Read(name, ActivityField::Daily).toInt() != 0;
+    facts.isWatched =
+        m_file.Read(name, ActivityField::Watch) == u"1" && (isDaily || QStringView(u"012").contains(facts.type));
     if (facts.type == u'3') {
         facts.date = modTriggerDate::Read(m_file.Read(name, ActivityField::TriggerDate), m_locale);
         facts.time = m_file.Read(name, ActivityField::TriggerDateTime);

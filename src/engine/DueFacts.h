@@ -20,6 +20,7 @@ class DueFacts final : public QObject {
     struct Row {
         QChar type; ///< of the schedule; null for any other text, and for a namesake of a row above
         bool isActive = false;
+        bool isWatched = false;           ///< runs also when something changes; never one that has a single run
         std::optional<std::int32_t> mark; ///< of an interval, nothing when it is no number
         QString time;                     ///< of a moment: "HH:mm"
         QDate date;

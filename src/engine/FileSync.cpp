@@ -17,7 +17,7 @@ void FileSync::Run() {
     if (m_run.Rules().action == FileAction::Mirror)
         mirrorPass();
     mainPass();
-    if (m_pair.hasUnfinishedMoves && !m_run.Over())
+    if (m_pair.hasUnfinishedMoves && !m_leavesOut && !m_run.Over())
         m_pair.destination.Handle()->ForgetUnfinished();
 }
 
@@ -75,6 +75,8 @@ void FileSync::bringBack(const FolderEntry& entry) {
     if (!source || !destination || destination->kind != EntryKind::File || source->kind != EntryKind::File ||
         source->id == destination->id || modDateCompare::Compare(destination->modified, source->modified) >= 0)
         return;
+    if (m_run.LeavesOut(*source)) // the main pass says so
+        return;
     const Decided file{entry.name, *source, destination, now};
     if (m_run.React(m_pair.destination.PathOf(entry.name)) && isAsDecided(file))
         syncExisting(file);
@@ -126,7 +128,7 @@ void FileSync::syncFile(const FolderEntry& entry) {
     const std::optional<FileFacts> source = m_pair.source.Facts(entry);
     if (source && source->kind == EntryKind::Unknown)
         return failed(m_pair.source, entry.name, source->error);
-    if (!source || source->kind != EntryKind::File)
+    if (!source || source->kind != EntryKind::File || leavesOut(entry, *source))
         return;
     const Decided file{entry.name, *source, m_pair.destination.Facts(entry.name), now};
     const std::optional<FileFacts>& found = file.destination;
@@ -146,6 +148,14 @@ void FileSync::syncFile(const FolderEntry& entry) {
         return failed(m_pair.source, entry.name, error);
     m_run.FoundAtDestination();
     syncExisting(file);
+}
+
+bool FileSync::leavesOut(const FolderEntry& entry, const FileFacts& source) {
+    if (!m_run.LeavesOut(source))
+        return false;
+    m_run.LeftOut(m_pair.source.Handle()->Path() / entry.name);
+    m_leavesOut = true;
+    return true;
 }
 
 /// Whatever was looked at before a box is looked at again behind it; a file that differs is left for the next run.

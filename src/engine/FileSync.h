@@ -30,6 +30,7 @@ class FileSync final {
     void mainPass();
     void mainPass(bool (*isMeant)(const FolderEntry&));
     void syncFile(const FolderEntry& entry);
+    [[nodiscard]] bool leavesOut(const FolderEntry& entry, const FileFacts& source);
     void syncExisting(const Decided& file);
     [[nodiscard]] std::optional<FileDecision> ask(const Decided& file, const FileSide& from, const FileSide& to);
     void syncNew(const Decided& file);
@@ -45,4 +46,5 @@ class FileSync final {
     const RunTools& m_tools;
     FolderPair& m_pair;
     std::set<std::filesystem::path> m_failed; ///< not to be tried a second time
+    bool m_leavesOut = false;                 ///< a file that may still be being written
 };

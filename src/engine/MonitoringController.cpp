@@ -80,6 +80,7 @@ void MonitoringController::StartMonitoring() {
     m_dueMarks.ResetCounters();
     m_timers.tmrDate.SetEnabled(true);
     m_timers.tmrTime.SetEnabled(true);
+    m_timers.tmrChanges.SetEnabled(true);
     CheckAllIdle();
     writeSessionLine(Text::MonitoringStarted, true);
 }
@@ -94,6 +95,7 @@ void MonitoringController::StopMonitoring() {
     m_timers.tmrMinutes.SetEnabled(false);
     m_timers.tmrTime.SetEnabled(false);
     m_timers.tmrDate.SetEnabled(false);
+    m_timers.tmrChanges.SetEnabled(false);
     m_logs.WriteAppLog(m_services.texts[Text::MonitoringFinished] + u"\r\n\r\n");
     writeSessionLine(Text::MonitoringFinished, false);
     const QString idle = m_services.texts[Text::Idle];

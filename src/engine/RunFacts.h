@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <chrono>
 #include <cstdint>
 
 class ActivityFile;
@@ -69,5 +70,8 @@ struct RunOutcome {
     bool stoppedByUser = false;
     QString reason = {};      ///< the first failure, or why the run ended early
     std::int64_t logLine = 0; ///< where the reason, or else the end of the run, stands in the activity's log; bytes
+    std::chrono::seconds settles{0}; ///< files were left out that had not been left untouched for so long; 0: none
+    /// True when nothing of it is still to be done.
+    [[nodiscard]] bool HasFinished() const { return !interrupted && settles.count() == 0; }
     [[nodiscard]] bool Succeeded() const { return !directoryMissing && failures == 0 && !interrupted; }
 };

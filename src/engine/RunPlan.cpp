@@ -133,6 +133,9 @@ void PlanTransfer::addTree(Deed deed, const Folder& source, const std::filesyste
             failed(path / inner.name, inner.facts.error);
         } else if (inner.facts.kind == EntryKind::Folder && !excluded.contains(inner.facts.id)) {
             addTree(deed, *folder, target, inner, excluded, depth + 1);
+        } else if (inner.facts.kind == EntryKind::File && m_observer.LeavesOut(inner.facts)) {
+            if (m_tellsFailures)
+                m_observer.LeftOut(path / inner.name);
         } else if (inner.facts.kind == EntryKind::File) {
             m_acts.push_back({.deed = deed,
                               .path = ToText(path / inner.name),

@@ -3,6 +3,7 @@
 #include "ActivityList.h"
 #include "ActivityLogs.h"
 #include "ChangeDetection.h"
+#include "ChangeWatch.h"
 #include "Clock.h"
 #include "StoreError.h"
 #include "StringTable.h"
@@ -15,6 +16,7 @@ void Schedulers::ConnectTo(MonitoringTimers& timers) {
     connect(&timers.tmrHours, &TimerEx::Timer, this, [this] { guarded(&Schedulers::onHour); });
     connect(&timers.tmrTime, &TimerEx::Timer, this, [this] { guarded(&Schedulers::onTimeOfDay); });
     connect(&timers.tmrDate, &TimerEx::Timer, this, [this] { guarded(&Schedulers::onDate); });
+    connect(&timers.tmrChanges, &TimerEx::Timer, this, [this] { guarded(&Schedulers::onChange); });
 }
 
 void Schedulers::guarded(void (Schedulers::*tick)()) {
@@ -42,7 +44,22 @@ bool Schedulers::mayGoOn() const {
     return m_monitoring.IsOn() && !m_services.runState.Closing();
 }
 
+RunOutcome Schedulers::run(const QString& name) {
+    const auto begun = m_services.clock.MonotonicNow();
+    const RunOutcome outcome = m_changes.ProcessActivity(name, RunStarter::Schedule);
+    const std::optional<int> row = m_services.list.RowOf(name); // events have run
+    const DueFacts::Row facts = row ? m_facts.Of(*row) : DueFacts::Row();
+    if (facts.isWatched || facts.type == u'3' || facts.type == u'4') // others come by again soon enough
+        m_watch.RunEnded(name, outcome, m_services.clock.MonotonicNow() - begun);
+    return outcome;
+}
+
 void Schedulers::runDue(const QString& name) {
+    runInterval(name);
+    m_dueMarks.ScheduleActivity(name);
+}
+
+void Schedulers::runInterval(const QString& name) {
     const bool isOnce = m_services.file.Read(name, ActivityField::RunningMode) == u"1";
     const auto sayOnce = [&] { m_logs.SetActivityStatus(name, m_services.texts[Text::StoppedAfterOnce]); };
     const bool wasHeld = m_services.runState.Held().contains(name); // and may be again: no log is filled with it
@@ -51,15 +68,15 @@ void Schedulers::runDue(const QString& name) {
         if (!wasHeld)
             sayOnce();
     }
-    const RunOutcome outcome = m_changes.ProcessActivity(name, RunStarter::Schedule);
+    const RunOutcome outcome = run(name);
     if (isOnce && wasHeld && !outcome.held)
         sayOnce();
     // A run that ended early is still to be done. Events have run: the user may have ticked the row again already.
-    if (isOnce && outcome.interrupted && m_services.list.IsTakenOut(name))
+    const bool isDone = outcome.HasFinished();
+    if (isOnce && !isDone && m_services.list.IsTakenOut(name))
         m_services.list.Readmit(name);
-    else if (isOnce && !outcome.interrupted && !outcome.directoryMissing)
+    else if (isOnce && isDone && !outcome.directoryMissing)
         m_monitoring.ActivityDone();
-    m_dueMarks.ScheduleActivity(name);
 }
 
 void Schedulers::repairMark(int row, std::int32_t mark) {
@@ -76,10 +93,12 @@ void Schedulers::onSecond() {
     std::int32_t& counter = m_dueMarks.SecondCounter;
     if (counter >= 59)
         counter = 0;
+    m_anyWatched = false;
     for (int row = 0; row < m_services.list.Rows() && mayGoOn(); ++row) {
         if (!m_services.list.IsChecked(row))
             continue;
         const DueFacts::Row facts = m_facts.Of(row);
+        m_anyWatched = m_anyWatched || facts.isWatched;
         if (facts.type != u'0' || !facts.mark)
             continue;
         if (*facts.mark != counter)
@@ -148,6 +167,34 @@ void Schedulers::onDate() {
     }
 }
 
+void Schedulers::onChange() {
+    QStringList watched;
+    for (int row = 0; m_anyWatched && row < m_services.list.Rows(); ++row)
+        if (m_facts.Of(row).isWatched && mayRunNow(row))
+            watched.append(m_services.list.NameAt(row));
+    if (watched.isEmpty() && m_watch.IsIdle())
+        return;
+    m_watch.Follow(watched);
+    for (const QString& name : m_watch.TakeDue())
+        if (const std::optional<int> row = m_services.list.RowOf(name); row && mayGoOn() && mayRunNow(*row))
+            runChanged(*row);
+}
+
+bool Schedulers::mayRunNow(int row) {
+    return m_facts.Of(row).isActive && m_services.list.IsChecked(row) &&
+           !m_services.list.IsTakenOut(m_services.list.NameAt(row));
+}
+
+/// Its place in the schedule stays.
+void Schedulers::runChanged(int row) {
+    const DueFacts::Row facts = m_facts.Of(row);
+    const QString name = m_services.list.NameAt(row);
+    if (facts.type == u'3' || facts.type == u'4')
+        runOnTime(name, !facts.isWatched);
+    else
+        runInterval(name);
+}
+
 QString Schedulers::appointment(const QString& name) const {
     QStringList fields;
     for (const ActivityField field : {ActivityField::Type, ActivityField::TriggerDate, ActivityField::TriggerDateTime,
@@ -158,9 +205,9 @@ QString Schedulers::appointment(const QString& name) const {
 
 void Schedulers::runOnTime(const QString& name, bool isLast) {
     const QString before = appointment(name);
-    const RunOutcome outcome = m_changes.ProcessActivity(name, RunStarter::Schedule);
+    const RunOutcome outcome = run(name);
     // What was ended early is still to be done, and so is what the user has put off to another time meanwhile.
-    if (isLast && !outcome.interrupted && appointment(name) == before)
+    if (isLast && outcome.HasFinished() && appointment(name) == before)
         finishForGood(name, !outcome.directoryMissing);
     if (mayGoOn())
         m_monitoring.CheckAllIdle();

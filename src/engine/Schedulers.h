@@ -5,22 +5,24 @@
 #include "DueFacts.h"
 #include "DueMarks.h"
 #include "EngineServices.h"
+#include "RunFacts.h"
 #include <QObject>
 #include <chrono>
 #include <optional>
 
 class ActivityLogs;
 class ChangeDetection;
+class ChangeWatch;
 struct MonitoringTimers;
 
 class Schedulers final : public QObject {
     Q_OBJECT
   public:
     /// `locale`: in whose order dates with "/" are read.
-    Schedulers(const EngineServices& services, ActivityLogs& logs, ChangeDetection& changes, DueMarks& dueMarks,
-               MonitoringSwitch& monitoring, const QLocale& locale)
-        : m_services(services), m_logs(logs), m_changes(changes), m_dueMarks(dueMarks), m_monitoring(monitoring),
-          m_facts(services.file, services.list, dueMarks, locale) {}
+    Schedulers(const EngineServices& services, ActivityLogs& logs, ChangeDetection& changes, ChangeWatch& watch,
+               DueMarks& dueMarks, MonitoringSwitch& monitoring, const QLocale& locale)
+        : m_services(services), m_logs(logs), m_changes(changes), m_watch(watch), m_dueMarks(dueMarks),
+          m_monitoring(monitoring), m_facts(services.file, services.list, dueMarks, locale) {}
 
     /// Each timer's event runs its scheduler.
     void ConnectTo(MonitoringTimers& timers);
@@ -42,8 +44,13 @@ class Schedulers final : public QObject {
     void onHour();
     void onTimeOfDay();
     void onDate();
+    void onChange();
     [[nodiscard]] bool mayGoOn() const;
     void runDue(const QString& name);
+    void runInterval(const QString& name);
+    [[nodiscard]] bool mayRunNow(int row);
+    void runChanged(int row);
+    [[nodiscard]] RunOutcome run(const QString& name);
     void runOnTime(const QString& name, bool isLast);
     [[nodiscard]] QString appointment(const QString& name) const;
     void repairMark(int row, std::int32_t mark);
@@ -54,9 +61,11 @@ class Schedulers final : public QObject {
     const EngineServices& m_services;
     ActivityLogs& m_logs;
     ChangeDetection& m_changes;
+    ChangeWatch& m_watch;
     DueMarks& m_dueMarks;
     MonitoringSwitch& m_monitoring;
     DueFacts m_facts;
     Moment m_present;
     bool m_allowed = false;
+    bool m_anyWatched = false; ///< an activity is to run when something changes
 };

@@ -1,6 +1,7 @@
 #include "SyncRun.h"
 #include "ActivityFile.h"
 #include "ActivityLogs.h"
+#include "Clock.h"
 #include "FileSync.h"
 #include "FoldersAhead.h"
 #include "OwnPlaces.h"
@@ -46,13 +47,16 @@ RunOutcome SyncRun::Run() {
     if (hasApproval() && m_failures == 0 && !m_variant.approved->IsDone())
         End(RunEnd::NotAsApproved);
     m_trash.Finish();
+    if (m_leftOut > 0)
+        Line(m_tools.texts.LeftOut(m_leftOut, m_settle.Length(), m_firstLeftOut));
     m_tools.logs.Flush();
     readRecord(); // events have run: what follows must not use another record
     return {.failures = m_failures,
             .interrupted = m_end != RunEnd::None,
             .stoppedByUser = m_end == RunEnd::StoppedByUser,
             .reason = m_reason,
-            .logLine = m_reasonAt};
+            .logLine = m_reasonAt,
+            .settles = m_leftOut > 0 ? m_settle.Length() : std::chrono::seconds(0)};
 }
 
 /// Only events can change the record, so between them one look is enough.
@@ -66,6 +70,7 @@ void SyncRun::readRecord() {
     const auto read = [this](ActivityField field) { return m_tools.services.file.Read(Name(), field); };
     m_rules = SyncRules::RulesOf(m_identity.action, read(ActivityField::Overwrite), read(ActivityField::OnlyNew));
     m_filter = FileTypeFilter(read(ActivityField::Extensions));
+    m_settle = SettleTime(read(ActivityField::SettleSeconds));
     m_log = read(ActivityField::LogFile);
 }
 
@@ -143,6 +148,26 @@ const FileRules& SyncRun::Rules() {
 const FileTypeFilter& SyncRun::Filter() {
     readRecord();
     return m_filter;
+}
+
+bool SyncRun::MayLeaveOut() {
+    readRecord();
+    return m_settle.IsOn();
+}
+
+/// A log of this run has just got a line.
+bool SyncRun::LeavesOut(const FileFacts& file) {
+    return MayLeaveOut() && !m_settle.HasSettled(file, m_tools.services.clock.Now()) && !IsLog(file.id);
+}
+
+void SyncRun::LeftOut(const std::filesystem::path& source) {
+    const QString path = ToText(source);
+    if (m_leftOut++ == 0)
+        m_firstLeftOut = path;
+    if (IsPlanning())
+        LeaveAlone(path, m_tools.texts.LeftOut(1, m_settle.Length(), path));
+    else
+        m_tools.services.runState.Counts().leftAlone += 1;
 }
 
 bool SyncRun::IsOwnFile(FileId file) {

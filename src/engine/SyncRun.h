@@ -10,6 +10,7 @@
 #include "RunState.h"
 #include "RunTools.h"
 #include "RunTrash.h"
+#include "SettleTime.h"
 #include "SyncRules.h"
 
 class FoldersAhead;
@@ -102,6 +103,9 @@ class SyncRun final : public TransferObserver {
     void Progress(std::uint64_t bytes) override;
     [[nodiscard]] bool MustGiveUp() override;
     [[nodiscard]] bool StopRequested() override { return Over(); }
+    [[nodiscard]] bool MayLeaveOut() override;
+    [[nodiscard]] bool LeavesOut(const FileFacts& file) override;
+    void LeftOut(const std::filesystem::path& source) override;
 
   private:
     void SyncFiles(FolderPair& pair);
@@ -126,6 +130,9 @@ class SyncRun final : public TransferObserver {
     unsigned m_recordReadAt;
     FileRules m_rules;
     FileTypeFilter m_filter;
+    SettleTime m_settle;
+    int m_leftOut = 0;
+    QString m_firstLeftOut;
     QString m_log;                            ///< of the activity, as the record says
     std::optional<unsigned> m_ownFilesSeenAt; ///< the interruptions so far
     std::set<FileId> m_ownFiles;

@@ -126,6 +126,12 @@ QString SyncTexts::withCounts(Text text, const QString& name, const RunBrake& br
                              grouped(brake.Percent()));
 }
 
+QString SyncTexts::LeftOut(int files, std::chrono::seconds settle, const QString& first) const {
+    const QString seconds = QString::number(settle.count());
+    return files == 1 ? m_texts[Text::FileLeftOut].arg(first, seconds)
+                      : m_texts[Text::FilesLeftOut].arg(first, seconds, QString::number(files));
+}
+
 QString SyncTexts::HeldByBrake(const QString& name, const RunBrake& brake) const {
     return withCounts(Text::RunHeldByBrake, name, brake);
 }

@@ -38,6 +38,8 @@ class SyncTexts final {
     [[nodiscard]] QString OwnFile(const QString& path) const;
     [[nodiscard]] QString OtherMount(const QString& path) const;
     [[nodiscard]] QString NestedRoot(const QString& path) const;
+    /// Of files that have not been left untouched for as long as `settle`.
+    [[nodiscard]] QString LeftOut(int files, std::chrono::seconds settle, const QString& first) const;
     [[nodiscard]] QString TooDeep(const QString& path) const;
     [[nodiscard]] QString EndedEarly(RunEnd reason) const;
 

@@ -87,13 +87,14 @@ void TimerEx::onInnerTick() {
 }
 
 MonitoringTimers::MonitoringTimers(const Clock& clock)
-    : tmrMonitoring(clock), tmrMinutes(clock), tmrHours(clock), tmrTime(clock), tmrDate(clock), tmrStatusbar(clock),
-      TimerEx1(clock) {
+    : tmrMonitoring(clock), tmrMinutes(clock), tmrHours(clock), tmrTime(clock), tmrDate(clock), tmrChanges(clock),
+      tmrStatusbar(clock), TimerEx1(clock) {
     setUp(tmrMonitoring, 1, 0);
     setUp(tmrMinutes, 1, 1);
     setUp(tmrHours, 1, 2);
     setUp(tmrTime, 1, 0);
     setUp(tmrDate, 1, 0);
+    setUp(tmrChanges, 1, 0);
     setUp(tmrStatusbar, 3, 0);
     setUp(TimerEx1, 2, 0);
     tmrStatusbar.SetEnabled(true);

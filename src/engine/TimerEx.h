@@ -54,7 +54,7 @@ class TimerEx final : public QObject {
     bool m_firing = false;
 };
 
-/// The seven timers of monitoring with their fixed settings.
+/// The timers of monitoring with their fixed settings.
 struct MonitoringTimers {
     explicit MonitoringTimers(const Clock& clock);
 
@@ -63,6 +63,7 @@ struct MonitoringTimers {
     TimerEx tmrHours;      ///< hours scheduler, every hour
     TimerEx tmrTime;       ///< time of day, every second
     TimerEx tmrDate;       ///< date and time, every second
+    TimerEx tmrChanges;    ///< changes in watched directories, every second
     TimerEx tmrStatusbar;  ///< status bar, every 3 s, always on
     TimerEx TimerEx1;      ///< diagnostic countdown, every 2 s when enabled
 };

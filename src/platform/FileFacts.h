@@ -35,8 +35,9 @@ struct FileFacts {
     FileId id{};            ///< of the target where the entry is a link
     std::uint64_t size = 0; ///< bytes
     FileTime modified{};
-    std::uint32_t mode = 0;  ///< permission bits
-    std::error_code error{}; ///< of an Unknown entry
+    std::uint32_t mode = 0;   ///< permission bits
+    std::int64_t changed = 0; ///< when its content or attributes changed last: nanoseconds since 1970-01-01 UTC
+    std::error_code error{};  ///< of an Unknown entry
 
     /// True for the same entry with the same content, as far as the facts tell. An empty id matches any: a staged file
     /// is not in place yet, and the file system may truncate its time then.

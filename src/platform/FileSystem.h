@@ -27,6 +27,13 @@ class TransferObserver {
 
     /// Asked between the files of a whole folder; true ends its transfer after the current file.
     [[nodiscard]] virtual bool StopRequested() = 0;
+
+    /// True where LeavesOut may say yes: no folder is moved as a whole then.
+    [[nodiscard]] virtual bool MayLeaveOut() { return false; }
+
+    /// Asked for each file of a whole folder; true leaves it for a later transfer, and the folder unfinished.
+    [[nodiscard]] virtual bool LeavesOut(const FileFacts& /*file*/) { return false; }
+    virtual void LeftOut(const std::filesystem::path& /*source*/) {}
 };
 
 /// A file as the walk saw it.

@@ -6,6 +6,7 @@
 #include "DesktopMailClient.h"
 #include "EventPump.h"
 #include "FileSystem.h"
+#include "FolderWatch.h"
 #include "Locks.h"
 #include "Machine.h"
 #include "NameService.h"
@@ -21,6 +22,7 @@ struct PlatformServices {
     std::unique_ptr<Clock> clock;
     std::unique_ptr<EventPump> eventPump;
     std::unique_ptr<FileSystem> fileSystem;
+    std::unique_ptr<FolderWatches> folderWatches;
     std::unique_ptr<OwnFiles> ownFiles;
     std::unique_ptr<SettingsStore> settings;
     std::unique_ptr<Locks> locks;

@@ -2154,5 +2154,45 @@ Soll die Aktivität auf dem Laufwerk laufen, das jetzt da ist? Mit "Nein" wartet
         <source>&amp;Bars show:</source>
         <translation>&amp;Balken zeigen:</translation>
     </message>
+    <message id="1000">
+        <source>'%1' was changed less than %2 seconds ago and is left for a later run.</source>
+        <translation>'%1' wurde vor weniger als %2 Sekunden geändert und bleibt für einen späteren Lauf liegen.</translation>
+    </message>
+    <message id="1001">
+        <source>%3 files were changed less than %2 seconds ago and are left for a later run, the first: '%1'</source>
+        <translation>%3 Dateien wurden vor weniger als %2 Sekunden geändert und bleiben für einen späteren Lauf liegen, die erste: '%1'</translation>
+    </message>
+    <message id="1002">
+        <source>Changes in '%1' cannot be watched: %2. The activity runs by its schedule only.</source>
+        <translation>Änderungen in '%1' können nicht überwacht werden: %2. Die Aktivität läuft nur nach ihrem Zeitplan.</translation>
+    </message>
+    <message id="1003">
+        <source>the directory is on another machine</source>
+        <translation>das Verzeichnis liegt auf einem anderen Rechner</translation>
+    </message>
+    <message id="1004">
+        <source>the system watches no more directories for this user</source>
+        <translation>das System überwacht keine weiteren Verzeichnisse für diesen Benutzer</translation>
+    </message>
+    <message id="1005">
+        <source>Changes</source>
+        <translation>Änderungen</translation>
+    </message>
+    <message id="1006">
+        <source>Also &amp;when something changes in the source directory</source>
+        <translation>Auch wenn sich im Quellverzeichnis etwas ä&amp;ndert</translation>
+    </message>
+    <message id="1007">
+        <source>O&amp;nly files untouched for:</source>
+        <translation>Nur &amp;Dateien, die so lange unberührt sind:</translation>
+    </message>
+    <message id="1008">
+        <source>no matter how long</source>
+        <translation>gleich wie lange</translation>
+    </message>
+    <message id="1009">
+        <source>A file that is still being written is left for a later run. This counts for every run of the activity.</source>
+        <translation>Eine Datei, die noch geschrieben wird, bleibt für einen späteren Lauf liegen. Das gilt für jeden Lauf der Aktivität.</translation>
+    </message>
 </context>
 </TS>

@@ -2688,5 +2688,55 @@ Shall the activity run on the drive that is there now? With "No" it waits for th
         <translation>&amp;Bars show:</translation>
         <extra-name>Measure</extra-name>
     </message>
+    <message id="1000">
+        <source>'%1' was changed less than %2 seconds ago and is left for a later run.</source>
+        <translation>'%1' was changed less than %2 seconds ago and is left for a later run.</translation>
+        <extra-name>FileLeftOut</extra-name>
+    </message>
+    <message id="1001">
+        <source>%3 files were changed less than %2 seconds ago and are left for a later run, the first: '%1'</source>
+        <translation>%3 files were changed less than %2 seconds ago and are left for a later run, the first: '%1'</translation>
+        <extra-name>FilesLeftOut</extra-name>
+    </message>
+    <message id="1002">
+        <source>Changes in '%1' cannot be watched: %2. The activity runs by its schedule only.</source>
+        <translation>Changes in '%1' cannot be watched: %2. The activity runs by its schedule only.</translation>
+        <extra-name>NotWatched</extra-name>
+    </message>
+    <message id="1003">
+        <source>the directory is on another machine</source>
+        <translation>the directory is on another machine</translation>
+        <extra-name>WatchNetworkFolder</extra-name>
+    </message>
+    <message id="1004">
+        <source>the system watches no more directories for this user</source>
+        <translation>the system watches no more directories for this user</translation>
+        <extra-name>WatchLimitReached</extra-name>
+    </message>
+    <message id="1005">
+        <source>Changes</source>
+        <translation>Changes</translation>
+        <extra-name>ChangesGroup</extra-name>
+    </message>
+    <message id="1006">
+        <source>Also &amp;when something changes in the source directory</source>
+        <translation>Also &amp;when something changes in the source directory</translation>
+        <extra-name>WatchCaption</extra-name>
+    </message>
+    <message id="1007">
+        <source>O&amp;nly files untouched for:</source>
+        <translation>O&amp;nly files untouched for:</translation>
+        <extra-name>SettleCaption</extra-name>
+    </message>
+    <message id="1008">
+        <source>no matter how long</source>
+        <translation>no matter how long</translation>
+        <extra-name>SettleNot</extra-name>
+    </message>
+    <message id="1009">
+        <source>A file that is still being written is left for a later run. This counts for every run of the activity.</source>
+        <translation>A file that is still being written is left for a later run. This counts for every run of the activity.</translation>
+        <extra-name>SettleHint</extra-name>
+    </message>
 </context>
 </TS>

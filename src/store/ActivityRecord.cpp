@@ -49,6 +49,8 @@ constexpr std::array<FieldRow, ActivityRecord::FieldCount> fields = {{
     {F::OnlyOnDrives, "onlyondrives", S::OneZero, true},
     {F::SourceDrive, "sourcedrive", S::Text, true},
     {F::TargetDrive, "targetdrive", S::Text, true},
+    {F::Watch, "watch", S::OneZero, true},
+    {F::SettleSeconds, "settleseconds", S::Integer, true},
 }};
 
 static_assert(

@@ -52,7 +52,9 @@ enum class ActivityField {
     AskPercent,   ///< the same, percent of the files that it finds at the destination
     OnlyOnDrives, ///< runs only while both directories are on these drives:
     SourceDrive,
-    TargetDrive
+    TargetDrive,
+    Watch,        ///< runs also when something in the source directory changes
+    SettleSeconds ///< files are taken only when they have been left untouched for so long; 0: always
 };
 
 enum class FieldStyle {
@@ -72,7 +74,7 @@ struct FieldRow {
 
 class ActivityRecord final {
   public:
-    static constexpr std::size_t FieldCount = 39;
+    static constexpr std::size_t FieldCount = 41;
 
     /// In the order of the file.
     [[nodiscard]] static std::span<const FieldRow, FieldCount> Fields();

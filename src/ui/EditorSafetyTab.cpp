@@ -15,13 +15,6 @@ namespace {
 constexpr int mostFiles = 1'000'000;
 constexpr int mostPercent = 100;
 
-/// One line that says what a setting means.
-QLabel* explanation(const QString& text) {
-    QLabel* label = FormParts::PlainText("", text);
-    label->setWordWrap(true);
-    return label;
-}
-
 } // namespace
 
 EditorSafetyTab::EditorSafetyTab(const EditorServices& services)
@@ -61,7 +54,7 @@ QGroupBox* EditorSafetyTab::buildNumbers(Text title, const QList<std::pair<Text,
         grid->addWidget(FormParts::Label(m_texts[caption], *box), row, 0);
         grid->addWidget(box, row, 1);
     }
-    grid->addWidget(explanation(m_texts[hint]), grid->rowCount(), 0, 1, 3);
+    grid->addWidget(FormParts::Explanation(m_texts[hint]), grid->rowCount(), 0, 1, 3);
     return group;
 }
 
@@ -76,7 +69,7 @@ QGroupBox* EditorSafetyTab::buildDrives() {
     grid->addWidget(m_source, 1, 1);
     grid->addWidget(FormParts::Label(m_texts[Text::DestinationColumn], *m_target), 2, 0);
     grid->addWidget(m_target, 2, 1);
-    grid->addWidget(explanation(m_texts[Text::DrivesHint]), 3, 0, 1, 2);
+    grid->addWidget(FormParts::Explanation(m_texts[Text::DrivesHint]), 3, 0, 1, 2);
     return group;
 }
 

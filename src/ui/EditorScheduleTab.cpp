@@ -22,6 +22,7 @@ namespace {
 enum Type { Seconds, Minutes, Hours, AtDate, AtTime };
 
 constexpr int longestInterval = 120;
+constexpr int longestSettle = 3600; // seconds
 
 const QString timeFormat = QStringLiteral("hh:mm");
 
@@ -61,14 +62,16 @@ EditorScheduleTab::EditorScheduleTab(const EditorServices& services)
       chkRunningMode(FormParts::CheckBox("chkRunningMode", m_texts[Text::OnceOnly])),
       txtDate(new MaskedField(m_dateFormat)), txtDateTime(new MaskedField(timeFormat)),
       cmdSelectDate(new QPushButton(m_texts[Text::SelectDate])), txtTime(new MaskedField(timeFormat)),
-      chkDaily(FormParts::CheckBox("chkDaily", m_texts[Text::Daily])) {
+      chkDaily(FormParts::CheckBox("chkDaily", m_texts[Text::Daily])), spnSettle(new QSpinBox) {
     auto* all = new QVBoxLayout(this);
     all->addWidget(buildInterval());
     all->addWidget(buildFixedTimes());
+    all->addWidget(buildChanges());
     all->addStretch(1);
     bindFields();
     FormParts::EnterAtChosen(*m_types);
     connect(m_types, &QButtonGroup::idToggled, this, &EditorScheduleTab::followSchedule);
+    connect(chkDaily, &QCheckBox::toggled, this, &EditorScheduleTab::followSchedule);
     connect(cmdSelectDate, &QPushButton::clicked, this, &EditorScheduleTab::pickDate);
     followSchedule();
 }
@@ -154,6 +157,24 @@ QGroupBox* EditorScheduleTab::buildFixedTimes() {
     return group;
 }
 
+QGroupBox* EditorScheduleTab::buildChanges() {
+    QGroupBox* group = FormParts::Group(m_texts[Text::ChangesGroup]);
+    chkWatch = m_bindings.NewSwitch({ActivityField::Watch, "chkWatch", Text::WatchCaption}, m_texts);
+    FormParts::Name(*spnSettle, "spnSettle", m_texts[Text::SettleCaption]);
+    spnSettle->setRange(0, longestSettle);
+    spnSettle->setSuffix(u' ' + m_texts[Text::Seconds]);
+    spnSettle->setSpecialValueText(m_texts[Text::SettleNot]);
+    auto* settle = new QHBoxLayout;
+    settle->addWidget(FormParts::Label(m_texts[Text::SettleCaption], *spnSettle));
+    settle->addWidget(spnSettle);
+    settle->addStretch(1);
+    auto* rows = new QVBoxLayout(group);
+    rows->addWidget(chkWatch);
+    rows->addLayout(settle);
+    rows->addWidget(FormParts::Explanation(m_texts[Text::SettleHint]));
+    return group;
+}
+
 void EditorScheduleTab::bindFields() {
     // Digits in another order would fill the mask with another date.
     const auto inForm = [this](const QString& format) {
@@ -169,6 +190,7 @@ void EditorScheduleTab::bindFields() {
     m_bindings.Masked(*txtTime, ActivityField::TriggerTime, spelledTime, spelledTime);
     m_bindings.Switch(*chkDaily, ActivityField::Daily);
     m_bindings.Switch(*chkRunningMode, ActivityField::RunningMode);
+    m_bindings.Number(*spnSettle, ActivityField::SettleSeconds);
 }
 
 void EditorScheduleTab::Show(const ActivityRecord& record) {
@@ -176,6 +198,7 @@ void EditorScheduleTab::Show(const ActivityRecord& record) {
     const int longest = std::max(longestInterval, record.Number(ActivityField::Interval));
     sldInterval->setMaximum(longest);
     spnInterval->setMaximum(longest);
+    spnSettle->setMaximum(std::max(longestSettle, record.Number(ActivityField::SettleSeconds)));
     m_bindings.Show(record);
     followSchedule();
 }
@@ -194,6 +217,7 @@ void EditorScheduleTab::followSchedule() {
         widget->setEnabled(type == AtDate);
     setWanted(*txtTime, type == AtTime);
     chkDaily->setEnabled(type == AtTime);
+    chkWatch->setEnabled(isInterval || (type == AtTime && chkDaily->isChecked()));
 }
 
 void EditorScheduleTab::pickDate() {

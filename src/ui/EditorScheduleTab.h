@@ -33,6 +33,7 @@ class EditorScheduleTab final : public QWidget {
   private:
     [[nodiscard]] QGroupBox* buildInterval();
     [[nodiscard]] QGroupBox* buildFixedTimes();
+    [[nodiscard]] QGroupBox* buildChanges();
     void bindFields();
     void followSchedule();
     void pickDate();
@@ -51,5 +52,7 @@ class EditorScheduleTab final : public QWidget {
     QPushButton* cmdSelectDate;
     MaskedField* txtTime;
     QCheckBox* chkDaily;
+    QCheckBox* chkWatch = nullptr;
+    QSpinBox* spnSettle;
     RecordBindings m_bindings;
 };

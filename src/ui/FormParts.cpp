@@ -40,6 +40,12 @@ QLabel* FormParts::PlainText(const char* objectName, const QString& text) {
     return label;
 }
 
+QLabel* FormParts::Explanation(const QString& text) {
+    QLabel* label = PlainText("", text);
+    label->setWordWrap(true);
+    return label;
+}
+
 QCheckBox* FormParts::CheckBox(const char* objectName, const QString& caption) {
     auto* box = new QCheckBox(caption);
     Name(*box, objectName, caption);

@@ -27,6 +27,9 @@ void Name(QWidget& widget, const char* objectName, const QString& caption);
 /// Words that belong to no field.
 [[nodiscard]] QLabel* PlainText(const char* objectName, const QString& text);
 
+/// Says what a setting means, in as many lines as it takes.
+[[nodiscard]] QLabel* Explanation(const QString& text);
+
 [[nodiscard]] QCheckBox* CheckBox(const char* objectName, const QString& caption);
 [[nodiscard]] QRadioButton* Option(const char* objectName, const QString& caption);
 [[nodiscard]] QGroupBox* Group(const QString& caption);

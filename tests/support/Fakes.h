@@ -4,6 +4,7 @@
 #include "Clock.h"
 #include "DesktopEntries.h"
 #include "EventPump.h"
+#include "FolderWatch.h"
 #include "KeyState.h"
 #include "Locks.h"
 #include "Machine.h"
@@ -137,6 +138,27 @@ class FakeProcess final : public Process {
     QStringList opened;
     bool succeeds = true;
     std::optional<int> endedWith;
+};
+
+/// Each watch tells what the test puts into its folder's news.
+class FakeFolderWatches final : public FolderWatches {
+  public:
+    std::unique_ptr<FolderWatch> Begin(const WatchOrder& order) override {
+        orders.push_back(order);
+        return std::make_unique<Watch>(news[order.folder]);
+    }
+    std::vector<WatchOrder> orders;
+    std::map<std::filesystem::path, FolderWatch::News> news;
+
+  private:
+    class Watch final : public FolderWatch {
+      public:
+        explicit Watch(News& news) : m_news(news) {}
+        News Take() override { return std::exchange(m_news, {}); }
+
+      private:
+        News& m_news;
+    };
 };
 
 class FakeNotifier final : public Notifier {

@@ -112,8 +112,8 @@ class ProgramFixture : public ScratchFolder {
         MonitoringTimers& timers = program->Timers();
         for (std::chrono::seconds passed{0}; passed < span; passed += step) {
             clock->Advance(step);
-            for (TimerEx* timer :
-                 {&timers.tmrMonitoring, &timers.tmrMinutes, &timers.tmrHours, &timers.tmrTime, &timers.tmrDate})
+            for (TimerEx* timer : {&timers.tmrMonitoring, &timers.tmrMinutes, &timers.tmrHours, &timers.tmrTime,
+                                   &timers.tmrDate, &timers.tmrChanges})
                 timer->Poll();
             QCoreApplication::sendPostedEvents(); // what comes after the tick
         }
@@ -142,6 +142,7 @@ class ProgramFixture : public ScratchFolder {
     FakeProcess* const process = putInto<FakeProcess>(services.process);
     FakePowerControl* const power = putInto<FakePowerControl>(services.power);
     FakeNameService* const names = putInto<FakeNameService>(services.nameService);
+    FakeFolderWatches* const watches = putInto<FakeFolderWatches>(services.folderWatches);
     FakeNotifier* const notifier = putInto<FakeNotifier>(services.notifier);
     FakeAutostart* const autostart = putInto<FakeAutostart>(services.autostart);
     FakeServiceManager* const serviceManager = putInto<FakeServiceManager>(services.serviceManager);

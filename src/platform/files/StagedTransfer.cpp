@@ -141,23 +141,30 @@ void StagedTransfer::CopyTree(const std::shared_ptr<Folder>& source, const std::
     transfer.Run(tree.source, tree.destination, tree.entry);
 }
 
+/// One rename takes everything along. That is safe, because callers exclude every folder above an excluded one too.
+/// False when the tree has to be moved file by file.
+bool StagedTransfer::moveByRename(const Tree& tree) {
+    const std::error_code error =
+        SystemFiles::RenameToFreeName(*tree.source, tree.entry.name, *tree.destination, tree.entry.name);
+    // A folder that exists may be one that an earlier run has left unfinished.
+    if (SystemFiles::NeedsCopy(error, EntryKind::Folder) || error == std::errc::file_exists)
+        return false;
+    if (error) {
+        m_observer.Failed(tree.source->Path() / tree.entry.name, error);
+        return true;
+    }
+    m_queue.WasRenamed(tree.destination);
+    m_observer.Transferred();
+    return true;
+}
+
 void StagedTransfer::MoveTree(const std::shared_ptr<Folder>& source, const std::shared_ptr<Folder>& destination,
                               const FolderEntry& entry, const std::set<FileId>& excluded) {
     const Tree tree{source, destination, entry}; // events may run: the caller's values may change
     if (!checkTree(tree, excluded))
         return;
-    // One rename takes everything along. That is safe, because callers exclude every folder above an excluded one too.
-    const std::error_code error =
-        SystemFiles::RenameToFreeName(*tree.source, tree.entry.name, *tree.destination, tree.entry.name);
-    if (!error) {
-        m_queue.WasRenamed(tree.destination);
-        return m_observer.Transferred();
-    }
-    // A folder that exists may be one that an earlier run has left unfinished.
-    if (!SystemFiles::NeedsCopy(error, EntryKind::Folder) && error != std::errc::file_exists) {
-        m_observer.Failed(tree.source->Path() / tree.entry.name, error);
+    if (!m_observer.MayLeaveOut() && moveByRename(tree))
         return;
-    }
     TreeTransfer transfer(
         m_observer, m_queue, [this](const FileJob& job) { std::ignore = move(job); }, excluded, true);
     transfer.Run(tree.source, tree.destination, tree.entry);

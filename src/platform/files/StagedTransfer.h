@@ -34,6 +34,7 @@ class StagedTransfer final : public FileTransfer {
     [[nodiscard]] bool checkTree(const Tree& tree, const std::set<FileId>& excluded);
     bool stage(const FileJob& job);
     bool move(const FileJob& job);
+    [[nodiscard]] bool moveByRename(const Tree& tree);
     [[nodiscard]] std::error_code renameOver(const FileJob& job);
     [[nodiscard]] std::error_code moveByRename(const FileJob& job, bool& isElsewhere);
 

@@ -43,13 +43,15 @@ std::error_code TreeTransfer::enter(const std::shared_ptr<Folder>& source, const
     m_made.insert(folder.destination->Id());
     const bool wasInResumed = std::exchange(m_isInResumed, isResumed);
     ++m_depth;
+    const bool leftOutBefore = std::exchange(m_leavesOut, false);
     transferEntries(folder, entries, isResumed);
     --m_depth;
     m_isInResumed = wasInResumed;
     folder.sourceParent = source;
     folder.name = entry.name;
     folder.removeSource = m_removeSources;
-    folder.isComplete = !m_isStopped;
+    folder.isComplete = !m_isStopped && !m_leavesOut;
+    m_leavesOut = m_leavesOut || leftOutBefore; // the folders above are not complete either
     m_queue.Add(std::move(folder));
     return {};
 }
@@ -60,7 +62,12 @@ void TreeTransfer::transferEntries(const StagedFolder& folder, const std::vector
         m_isStopped = m_isStopped || m_observer.StopRequested();
         if (m_isStopped)
             return;
-        transferEntry(folder, entry, isResumed);
+        if (entry.facts.kind != EntryKind::File || !m_observer.LeavesOut(entry.facts)) {
+            transferEntry(folder, entry, isResumed);
+            continue;
+        }
+        m_observer.LeftOut(folder.source->Path() / entry.name);
+        m_leavesOut = true;
     }
 }
 

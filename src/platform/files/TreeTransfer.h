@@ -36,4 +36,5 @@ class TreeTransfer final {
     int m_depth = 0;
     bool m_isInResumed = false; ///< a folder above was there
     bool m_isStopped = false;
+    bool m_leavesOut = false; ///< a file of the folder under way, at whatever depth
 };

@@ -1,5 +1,6 @@
 #include "PlatformServices.h"
 
+#include "InotifyWatches.h"
 #include "LinuxOwnFiles.h"
 #include "LinuxProcess.h"
 #include "LinuxServiceManager.h"
@@ -79,6 +80,7 @@ PlatformServices MakePlatformServices() {
     services.clock = std::make_unique<RealClock>();
     services.eventPump = std::make_unique<QtEventPump>();
     services.fileSystem = MakeLinuxFileSystem();
+    services.folderWatches = std::make_unique<InotifyWatches>();
     services.ownFiles = std::make_unique<LinuxOwnFiles>();
     services.settings = MakeIniSettingsStore(configHome);
     services.locks = MakeLinuxLocks(stateHome);

@@ -1,5 +1,6 @@
 #include "PlatformServices.h"
 
+#include "DirectoryWatches.h"
 #include "MachineSettings.h"
 #include "RegistryKey.h"
 #include "Session.h"
@@ -57,6 +58,7 @@ PlatformServices MakePlatformServices() {
     services.clock = std::make_unique<RealClock>();
     services.eventPump = std::make_unique<QtEventPump>();
     services.fileSystem = MakeFileSystem();
+    services.folderWatches = std::make_unique<DirectoryWatches>();
     services.ownFiles = MakeOwnFiles();
     services.settings = MakeRegistrySettingsStore(L"Software", isService);
     services.locks = MakeWindowsLocks(below(UserFolders::OfThisMachine()));

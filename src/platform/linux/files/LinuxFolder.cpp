@@ -54,7 +54,8 @@ FileFacts factsOf(const struct stat& status, bool isLink, std::int64_t timeStep)
             .id = idOf(status),
             .size = static_cast<std::uint64_t>(status.st_size),
             .modified = {toNanoseconds(status.st_mtim), timeStep},
-            .mode = status.st_mode & 07777U};
+            .mode = status.st_mode & 07777U,
+            .changed = toNanoseconds(status.st_ctim)};
 }
 
 /// A link may lead to another file system with another step.

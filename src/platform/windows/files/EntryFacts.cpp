@@ -100,7 +100,8 @@ FileFacts EntryFacts::Of(const EntryStatus& status, std::int64_t timeStep) {
     return {.kind = KindOf(status),
             .id = status.id,
             .size = status.size,
-            .modified = {Nanoseconds(status.modified), timeStep}};
+            .modified = {Nanoseconds(status.modified), timeStep},
+            .changed = Nanoseconds(status.changed)};
 }
 
 std::int64_t EntryFacts::TimeStepOf(HANDLE entry) {
