@@ -16,7 +16,7 @@
 using namespace std::chrono_literals;
 
 namespace {
-constexpr std::chrono::seconds leastQuiet = 1s;
+constexpr std::chrono::milliseconds leastQuiet = 500ms;
 constexpr std::chrono::seconds leastPatience = 10s;
 constexpr std::chrono::seconds untilBack = 10s; ///< a drive that was taken out
 constexpr std::chrono::seconds untilRoom = 5min;
@@ -122,7 +122,7 @@ bool ChangeWatch::isDue(const Followed& followed) const {
     if (!followed.first || now < followed.mayRunAt || m_services.results.IsRunning(followed.run.name))
         return false;
     const std::chrono::seconds settle = SettleTime(read(followed.run.name, ActivityField::SettleSeconds)).Length();
-    return now - followed.last >= std::max(settle, leastQuiet) ||
+    return now - followed.last >= std::max<std::chrono::milliseconds>(settle, leastQuiet) ||
            now - *followed.first >= std::max(4 * settle, leastPatience);
 }
 
