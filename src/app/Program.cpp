@@ -6,7 +6,9 @@
 #include "Interruptions.h"
 #include "KeyState.h"
 #include "MailSettings.h"
+#include "NextRuns.h"
 #include "OwnPlaces.h"
+#include "PlannedRuns.h"
 #include "Prompter.h"
 #include "Reactions.h"
 #include "SafeExit.h"
@@ -49,16 +51,20 @@ struct Program::Engine {
                 .texts = services.texts,
                 .runState = services.runState}),
           safeExit(services, keys, interruptions), dueMarks(services.file, services.list),
-          monitoring(services, logs, dueMarks, program.m_timers), tools{.services = services,
-                                                                        .logs = logs,
-                                                                        .reactions = reactions,
-                                                                        .safeExit = safeExit,
-                                                                        .monitoring = monitoring,
-                                                                        .ownPlaces = ownPlaces,
-                                                                        .texts = syncTexts,
-                                                                        .interruptions = interruptions},
+          facts(services.file, services.list, dueMarks, QLocale::system()),
+          plans(services, facts, program.m_services.locks->Place()),
+          monitoring(services, logs, dueMarks, plans, program.m_timers),
+          nextRuns(services, dueMarks, facts, plans, monitoring, program.m_timers), tools{.services = services,
+                                                                                          .logs = logs,
+                                                                                          .reactions = reactions,
+                                                                                          .safeExit = safeExit,
+                                                                                          .monitoring = monitoring,
+                                                                                          .ownPlaces = ownPlaces,
+                                                                                          .texts = syncTexts,
+                                                                                          .interruptions =
+                                                                                              interruptions},
           changes(tools, mail, program.m_services.locks->Place()),
-          schedulers(services, logs, changes, dueMarks, monitoring, QLocale::system()) {
+          schedulers(services, logs, changes, dueMarks, facts, plans, nextRuns, monitoring) {
         schedulers.ConnectTo(program.m_timers);
     }
 
@@ -71,7 +77,10 @@ struct Program::Engine {
     ActivityMail mail;
     SafeExit safeExit;
     DueMarks dueMarks;
+    DueFacts facts;
+    PlannedRuns plans;
     MonitoringController monitoring;
+    NextRuns nextRuns;
     RunTools tools;
     ChangeDetection changes;
     Schedulers schedulers;
@@ -94,6 +103,10 @@ Program::~Program() = default;
 
 MonitoringController& Program::Monitoring() {
     return m_engine->monitoring;
+}
+
+const NextRuns& Program::Next() const {
+    return m_engine->nextRuns;
 }
 
 QString Program::Title() {

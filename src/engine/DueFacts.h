@@ -21,7 +21,8 @@ class DueFacts final : public QObject {
         QChar type; ///< of the schedule; null for any other text, and for a namesake of a row above
         bool isActive = false;
         std::optional<std::int32_t> mark; ///< of an interval, nothing when it is no number
-        QString time;                     ///< of a moment: "HH:mm"
+        std::optional<std::int32_t> interval;
+        QString time; ///< of a moment: "HH:mm"
         QDate date;
     };
 

@@ -1,26 +1,30 @@
-// The five schedulers: each tick walks the list and runs what is due. No exception leaves a tick; an activity that
-// fails does not keep the others from running.
+// The schedulers, two for each kind of interval and two for moments: each tick walks the list and runs what is due. No
+// exception leaves a tick; an activity that fails does not keep the others from running.
 #pragma once
 
 #include "DueFacts.h"
 #include "DueMarks.h"
 #include "EngineServices.h"
+#include "PlannedRuns.h"
+#include "RunFacts.h"
 #include <QObject>
+#include <array>
 #include <chrono>
+#include <functional>
 #include <optional>
 
 class ActivityLogs;
 class ChangeDetection;
+class NextRuns;
 struct MonitoringTimers;
 
 class Schedulers final : public QObject {
     Q_OBJECT
   public:
-    /// `locale`: in whose order dates with "/" are read.
     Schedulers(const EngineServices& services, ActivityLogs& logs, ChangeDetection& changes, DueMarks& dueMarks,
-               MonitoringSwitch& monitoring, const QLocale& locale)
-        : m_services(services), m_logs(logs), m_changes(changes), m_dueMarks(dueMarks), m_monitoring(monitoring),
-          m_facts(services.file, services.list, dueMarks, locale) {}
+               DueFacts& facts, PlannedRuns& plans, const NextRuns& nextRuns, MonitoringSwitch& monitoring)
+        : m_services(services), m_logs(logs), m_changes(changes), m_dueMarks(dueMarks), m_facts(facts), m_plans(plans),
+          m_nextRuns(nextRuns), m_monitoring(monitoring) {}
 
     /// Each timer's event runs its scheduler.
     void ConnectTo(MonitoringTimers& timers);
@@ -36,18 +40,20 @@ class Schedulers final : public QObject {
         QDate date;
     };
     [[nodiscard]] const Moment& present();
-    void guarded(void (Schedulers::*tick)());
+    void guarded(const std::function<void()>& tick);
+    void countTheOtherWay();
     void onSecond();
     void onMinute();
-    void onHour();
-    void onTimeOfDay();
-    void onDate();
+    void onEven(IntervalKind kind);
     [[nodiscard]] bool mayGoOn() const;
-    void runDue(const QString& name);
-    void runOnTime(const QString& name, bool isLast);
+    [[nodiscard]] RunOutcome runDue(const QString& name);
+    void runPlanned(const QString& name, PlannedRuns::Due due, const std::function<RunOutcome()>& run);
+    [[nodiscard]] RunOutcome runOnTime(const QString& name, bool isLast);
+    [[nodiscard]] PlannedRuns::Due dueNow(int row, const DueFacts::Row& facts);
     [[nodiscard]] QString appointment(const QString& name) const;
     void repairMark(int row, std::int32_t mark);
-    void tickOfInterval(char16_t type, std::int32_t counter, bool dueFromMarkOn);
+    void tickOfInterval(IntervalKind kind);
+    void tickOfMoments(char16_t type);
     [[nodiscard]] std::optional<DueFacts::Row> activeOf(int row, char16_t type);
     void finishForGood(const QString& name, bool hasRun);
 
@@ -55,8 +61,12 @@ class Schedulers final : public QObject {
     ActivityLogs& m_logs;
     ChangeDetection& m_changes;
     DueMarks& m_dueMarks;
+    DueFacts& m_facts;
+    PlannedRuns& m_plans;
+    const NextRuns& m_nextRuns;
     MonitoringSwitch& m_monitoring;
-    DueFacts m_facts;
+    MonitoringTimers* m_timers = nullptr;
     Moment m_present;
+    std::array<bool, 3> m_isWalking{}; ///< of each kind: a second walk would run an activity inside itself
     bool m_allowed = false;
 };

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QWidget>
 
+class Clock;
 class MaskedField;
 class QButtonGroup;
 class QCheckBox;
@@ -16,6 +17,7 @@ class QSlider;
 class QSpinBox;
 class StringTable;
 struct EditorServices;
+struct ScheduleFacts;
 
 class EditorScheduleTab final : public QWidget {
     Q_OBJECT
@@ -35,10 +37,14 @@ class EditorScheduleTab final : public QWidget {
     [[nodiscard]] QGroupBox* buildFixedTimes();
     void bindFields();
     void followSchedule();
+    [[nodiscard]] ScheduleFacts facts() const;
+    void showWords();
     void pickDate();
 
     const StringTable& m_texts;
+    const Clock& m_clock;
     QLocale m_locale;
+    bool m_countsByTheClock;
     QString m_dateFormat;
     QButtonGroup* m_types;
     QSlider* sldInterval;
@@ -51,5 +57,6 @@ class EditorScheduleTab final : public QWidget {
     QPushButton* cmdSelectDate;
     MaskedField* txtTime;
     QCheckBox* chkDaily;
+    QLabel* lblWhen;
     RecordBindings m_bindings;
 };
