@@ -118,6 +118,8 @@ bool PlannedRuns::Follow() {
 }
 
 void PlannedRuns::planAll(const QJsonObject& kept) {
+    if (!m_isEven && !m_runsMissed)
+        return;
     for (int row = 0; row < m_services.list.Rows(); ++row) {
         const DueFacts::Row facts = m_facts.Of(row);
         if (!facts.isActive || !m_services.list.IsChecked(row))
@@ -256,6 +258,7 @@ void PlannedRuns::forget(const QString& name) {
         return; // it is only shown as ticked again
     m_grid.Forget(name);
     m_plans.remove(name);
+    m_late.remove(name);
     if (m_isOn)
         saveSoon(true);
 }

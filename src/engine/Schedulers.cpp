@@ -78,7 +78,7 @@ RunOutcome Schedulers::runDue(const QString& name) {
         if (!wasHeld)
             sayOnce();
     }
-    const RunOutcome outcome = m_changes.ProcessActivity(name, RunStarter::Schedule);
+    RunOutcome outcome = m_changes.ProcessActivity(name, RunStarter::Schedule);
     if (isOnce && wasHeld && !outcome.held)
         sayOnce();
     // A run that ended early is still to be done. Events have run: the user may have ticked the row again already.
@@ -126,7 +126,9 @@ void Schedulers::tickOfInterval(IntervalKind kind) {
         const DueFacts::Row facts = m_facts.Of(row);
         if (facts.type != type || !facts.mark)
             continue;
-        const bool isActive = facts.isActive && !m_services.list.IsTakenOut(m_services.list.NameAt(row));
+        // What is checked is not taken out.
+        const bool isActive =
+            facts.isActive && (isOfSeconds || !m_services.list.IsTakenOut(m_services.list.NameAt(row)));
         if (!isOfSeconds && !isActive)
             continue;
         if (!IntervalCounters::IsDue(kind, isOfSeconds ? counter : atBegin, *facts.mark))
@@ -206,7 +208,7 @@ QString Schedulers::appointment(const QString& name) const {
 
 RunOutcome Schedulers::runOnTime(const QString& name, bool isLast) {
     const QString before = appointment(name);
-    const RunOutcome outcome = m_changes.ProcessActivity(name, RunStarter::Schedule);
+    RunOutcome outcome = m_changes.ProcessActivity(name, RunStarter::Schedule);
     // What was ended early is still to be done, and so is what the user has put off to another time meanwhile.
     if (isLast && !outcome.interrupted && appointment(name) == before)
         finishForGood(name, !outcome.directoryMissing);

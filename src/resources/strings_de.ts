@@ -2164,7 +2164,7 @@ Soll die Aktivität auf dem Laufwerk laufen, das jetzt da ist? Mit "Nein" wartet
     </message>
     <message id="952">
         <source>&amp;Count intervals by the clock</source>
-        <translation>Intervalle nach der &amp;Uhr zählen</translation>
+        <translation>&amp;Intervalle nach der Uhr zählen</translation>
     </message>
     <message id="953">
         <source>&amp;Run missed times late</source>
