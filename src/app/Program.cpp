@@ -7,7 +7,9 @@
 #include "Interruptions.h"
 #include "KeyState.h"
 #include "MailSettings.h"
+#include "NextRuns.h"
 #include "OwnPlaces.h"
+#include "PlannedRuns.h"
 #include "Prompter.h"
 #include "Reactions.h"
 #include "SafeExit.h"
@@ -50,17 +52,22 @@ struct Program::Engine {
                 .texts = services.texts,
                 .runState = services.runState}),
           safeExit(services, keys, interruptions), dueMarks(services.file, services.list),
-          monitoring(services, logs, dueMarks, program.m_timers), tools{.services = services,
-                                                                        .logs = logs,
-                                                                        .reactions = reactions,
-                                                                        .safeExit = safeExit,
-                                                                        .monitoring = monitoring,
-                                                                        .ownPlaces = ownPlaces,
-                                                                        .texts = syncTexts,
-                                                                        .interruptions = interruptions},
-          changes(tools, mail, program.m_services.locks->Place()),
+          facts(services.file, services.list, dueMarks, QLocale::system()),
+          plans(services, facts, program.m_services.locks->Place()),
+          monitoring(services, logs, dueMarks, plans, program.m_timers),
           watch(services, *program.m_services.folderWatches, logs, ownPlaces, program.m_services.locks->Place()),
-          schedulers(services, logs, changes, watch, dueMarks, monitoring, QLocale::system()) {
+          nextRuns(services, dueMarks, facts, plans, watch, monitoring, program.m_timers), tools{.services = services,
+                                                                                                 .logs = logs,
+                                                                                                 .reactions = reactions,
+                                                                                                 .safeExit = safeExit,
+                                                                                                 .monitoring =
+                                                                                                     monitoring,
+                                                                                                 .ownPlaces = ownPlaces,
+                                                                                                 .texts = syncTexts,
+                                                                                                 .interruptions =
+                                                                                                     interruptions},
+          changes(tools, mail, program.m_services.locks->Place()),
+          schedulers(services, logs, changes, watch, dueMarks, facts, plans, nextRuns, monitoring) {
         schedulers.ConnectTo(program.m_timers);
         QObject::connect(&monitoring, &MonitoringController::StateChanged, &schedulers, [this](bool on) {
             if (!on)
@@ -77,10 +84,13 @@ struct Program::Engine {
     ActivityMail mail;
     SafeExit safeExit;
     DueMarks dueMarks;
+    DueFacts facts;
+    PlannedRuns plans;
     MonitoringController monitoring;
+    ChangeWatch watch;
+    NextRuns nextRuns;
     RunTools tools;
     ChangeDetection changes;
-    ChangeWatch watch;
     Schedulers schedulers;
 };
 
@@ -101,6 +111,10 @@ Program::~Program() = default;
 
 MonitoringController& Program::Monitoring() {
     return m_engine->monitoring;
+}
+
+const NextRuns& Program::Next() const {
+    return m_engine->nextRuns;
 }
 
 QString Program::Title() {

@@ -24,6 +24,7 @@
 #include <memory>
 
 class KeyState;
+class NextRuns;
 class Prompter;
 
 class Program final {
@@ -43,6 +44,8 @@ class Program final {
     [[nodiscard]] ActivityList& List() { return m_list; }
     [[nodiscard]] MonitoringTimers& Timers() { return m_timers; }
     [[nodiscard]] MonitoringController& Monitoring();
+    /// When the activities run next.
+    [[nodiscard]] const NextRuns& Next() const;
     [[nodiscard]] ServiceMode& Service() { return m_service; }
     [[nodiscard]] RunState& State() { return m_runState; }
     [[nodiscard]] RunResults& Results() { return m_results; }

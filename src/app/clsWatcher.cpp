@@ -3,6 +3,7 @@
 #include "SettingsStore.h"
 #include <array>
 #include <optional>
+#include <span>
 #include <tuple>
 
 namespace {
@@ -35,19 +36,34 @@ constexpr std::array<Option, 3> summaryOptions{{
     {"Notify", &clsWatcher::Notify, 0},
 }};
 
-SettingsStore::Entries summaryEntries(const QList<std::uint8_t>& values) {
+constexpr std::array<Option, 2> scheduleOptions{{
+    {"EvenIntervals", &clsWatcher::CountByTheClock, 0},
+    {"RunMissed", &clsWatcher::RunLate, 0},
+}};
+
+struct Section {
+    const QString& name;
+    std::span<const Option> options;
+};
+const std::array<Section, 2> sections{
+    {{SettingsStore::SummarySection, summaryOptions}, {SettingsStore::ScheduleSection, scheduleOptions}}};
+
+SettingsStore::Entries entriesOf(const Section& section, const QList<std::uint8_t>& values) {
     SettingsStore::Entries entries;
     for (qsizetype i = 0; i < values.size(); ++i)
-        entries.emplace_back(QLatin1String(summaryOptions[static_cast<std::size_t>(i)].key),
+        entries.emplace_back(QLatin1String(section.options[static_cast<std::size_t>(i)].key),
                              QString::number(values[i]));
     return entries;
 }
 
-QList<std::uint8_t> summaryOf(const clsWatcher& watcher) {
-    QList<std::uint8_t> values;
-    for (const Option& option : summaryOptions)
-        values.append(watcher.*option.value);
-    return values;
+QList<QList<std::uint8_t>> valuesOf(const clsWatcher& watcher) {
+    QList<QList<std::uint8_t>> all;
+    for (const Section& section : sections) {
+        all.append(QList<std::uint8_t>());
+        for (const Option& option : section.options)
+            all.last().append(watcher.*option.value);
+    }
+    return all;
 }
 
 /// A broken value must not switch a safety off, so it counts as absent.
@@ -59,7 +75,7 @@ std::uint8_t byteOf(const std::optional<QString>& text, std::uint8_t byDefault) 
 
 } // namespace
 
-clsWatcher::clsWatcher(SettingsStore& settings) : m_settings(settings), m_storedSummary(summaryOf(*this)) {}
+clsWatcher::clsWatcher(SettingsStore& settings) : m_settings(settings), m_stored(valuesOf(*this)) {}
 
 void clsWatcher::ReadRegistry() {
     for (const Option& option : options) {
@@ -70,11 +86,12 @@ void clsWatcher::ReadRegistry() {
         else
             this->*option.value = byteOf(text, option.byDefault);
     }
-    for (const Option& option : summaryOptions)
-        this->*option.value = byteOf(
-            m_settings.Read(SettingsStore::OwnApplication, SettingsStore::SummarySection, QLatin1String(option.key)),
-            option.byDefault);
-    m_storedSummary = summaryOf(*this);
+    for (const Section& section : sections)
+        for (const Option& option : section.options)
+            this->*option.value =
+                byteOf(m_settings.Read(SettingsStore::OwnApplication, section.name, QLatin1String(option.key)),
+                       option.byDefault);
+    m_stored = valuesOf(*this);
 }
 
 std::error_code clsWatcher::WriteRegistry() {
@@ -82,18 +99,25 @@ std::error_code clsWatcher::WriteRegistry() {
     for (const Option& option : options)
         entries.emplace_back(QLatin1String(option.key),
                              option.value == nullptr ? LoggingPath : QString::number(this->*option.value));
-    const QList<std::uint8_t> summary = summaryOf(*this);
-    const bool isNew = summary != m_storedSummary;
+    const QList<QList<std::uint8_t>> values = valuesOf(*this);
     const auto store = [this](const QString& section, const SettingsStore::Entries& all) {
         return m_settings.WriteAll(SettingsStore::OwnApplication, section, all);
     };
-    if (isNew)
-        if (const std::error_code error = store(SettingsStore::SummarySection, summaryEntries(summary)))
-            return error;
-    const std::error_code error = store(SettingsStore::OptionsSection, entries);
+    std::error_code error;
+    qsizetype written = 0;
+    for (; written < values.size() && !error; ++written)
+        if (values[written] != m_stored[written]) {
+            const Section& section = sections[static_cast<std::size_t>(written)];
+            error = store(section.name, entriesOf(section, values[written]));
+        }
     if (!error)
-        m_storedSummary = summary;
-    else if (isNew)
-        std::ignore = store(SettingsStore::SummarySection, summaryEntries(m_storedSummary));
+        error = store(SettingsStore::OptionsSection, entries);
+    if (!error)
+        m_stored = values;
+    for (qsizetype i = 0; error && i < written; ++i)
+        if (values[i] != m_stored[i]) {
+            const Section& section = sections[static_cast<std::size_t>(i)];
+            std::ignore = store(section.name, entriesOf(section, m_stored[i]));
+        }
     return error;
 }

@@ -1,5 +1,5 @@
-// The general options in the user's settings store: eight values, and in a section of their own those about what is
-// told after a run. An absent or broken value reads as its key's default; a write stores all of them or none.
+// The general options in the user's settings store: eight values, and in sections of their own those about what is told
+// after a run and about schedules. An absent or broken value reads as its key's default; a write stores all or none.
 #pragma once
 
 #include "EngineServices.h"
@@ -29,6 +29,8 @@ class clsWatcher final : public EngineOptions {
     std::uint8_t SummaryLine = 0;                  ///< a run's summary is the last line of its activity's log
     std::uint8_t MailVariables = 0;                ///< "%copied%" and the like are filled in in mails
     std::uint8_t Notify = 0;                       ///< on the desktop: 1 failed runs, 2 also those that did something
+    std::uint8_t CountByTheClock = 0;              ///< intervals are real time
+    std::uint8_t RunLate = 0;                      ///< what was missed runs as soon as it can
     bool CancelOptions = false;                    ///< the last options dialog was cancelled; not stored
 
     [[nodiscard]] bool ShutdownWhenIdle() const override { return Shutdown == 1; }
@@ -37,8 +39,10 @@ class clsWatcher final : public EngineOptions {
     [[nodiscard]] QString ApplicationLog() const override { return LoggingPath; }
     [[nodiscard]] bool SummaryInLog() const override { return SummaryLine == 1; }
     [[nodiscard]] bool SummaryInMail() const override { return MailVariables == 1; }
+    [[nodiscard]] bool EvenIntervals() const override { return CountByTheClock == 1; }
+    [[nodiscard]] bool RunMissed() const override { return RunLate == 1; }
 
   private:
     SettingsStore& m_settings;
-    QList<std::uint8_t> m_storedSummary; ///< of the section of their own
+    QList<QList<std::uint8_t>> m_stored; ///< of the sections of their own
 };

@@ -52,6 +52,7 @@ DueFacts::Row DueFacts::read(int row) const {
         facts.time = m_file.Read(name, ActivityField::TriggerTime);
     } else {
         facts.mark = m_marks.Number(name, ActivityField::ExceedTime);
+        facts.interval = m_marks.Number(name, ActivityField::Interval);
     }
     return facts;
 }

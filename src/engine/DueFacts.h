@@ -22,7 +22,8 @@ class DueFacts final : public QObject {
         bool isActive = false;
         bool isWatched = false;           ///< runs also when something changes; never one that has a single run
         std::optional<std::int32_t> mark; ///< of an interval, nothing when it is no number
-        QString time;                     ///< of a moment: "HH:mm"
+        std::optional<std::int32_t> interval;
+        QString time; ///< of a moment: "HH:mm"
         QDate date;
     };
 

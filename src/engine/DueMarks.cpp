@@ -2,8 +2,6 @@
 #include "ActivityFile.h"
 #include "ActivityList.h"
 
-#include <limits>
-
 void DueMarks::ResetCounters() {
     MinuteCounter = 0;
     HourSubCounter = 0;
@@ -17,31 +15,17 @@ std::optional<std::int32_t> DueMarks::Number(const QString& name, ActivityField 
     return isNumber ? std::optional<std::int32_t>(value) : std::nullopt;
 }
 
-void DueMarks::ComputeDueMark(const QString& name, Kind kind, std::int32_t interval) {
-    std::int64_t mark = interval;
-    switch (kind) {
-    case Kind::Seconds:
-        if (SecondCounter > 59)
-            SecondCounter = 0;
-        mark += SecondCounter;
-        break;
-    case Kind::Minutes:
-        if (MinuteCounter > 59)
-            MinuteCounter = 0;
-        mark += MinuteCounter;
-        break;
-    case Kind::Hours:
-        if (HourCounter > 24) {
-            HourCounter = 0;
-            HourSubCounter = 0;
-        }
-        mark += HourCounter;
-        break;
-    }
-    if (kind != Kind::Hours && mark > 59)
-        mark -= 60;
-    if (mark <= std::numeric_limits<std::int32_t>::max())
-        m_file.Write(name, ActivityField::ExceedTime, QString::number(mark));
+std::int32_t& DueMarks::Counter(IntervalKind kind) {
+    return kind == IntervalKind::Seconds ? SecondCounter : kind == IntervalKind::Minutes ? MinuteCounter : HourCounter;
+}
+
+std::int32_t DueMarks::CounterOf(IntervalKind kind) const {
+    return kind == IntervalKind::Seconds ? SecondCounter : kind == IntervalKind::Minutes ? MinuteCounter : HourCounter;
+}
+
+void DueMarks::ComputeDueMark(const QString& name, IntervalKind kind, std::int32_t interval) {
+    if (const std::optional<std::int32_t> mark = IntervalCounters::NextMark(kind, Counter(kind), interval))
+        m_file.Write(name, ActivityField::ExceedTime, QString::number(*mark));
 }
 
 void DueMarks::ScheduleActivity(const QString& name) {
@@ -49,7 +33,7 @@ void DueMarks::ScheduleActivity(const QString& name) {
     if (type != u"0" && type != u"1" && type != u"2")
         return;
     if (const std::optional<std::int32_t> interval = Number(name, ActivityField::Interval))
-        ComputeDueMark(name, static_cast<Kind>(type.toInt()), *interval);
+        ComputeDueMark(name, static_cast<IntervalKind>(type.toInt()), *interval);
 }
 
 void DueMarks::ScheduleCheckedActivities() {

@@ -2,6 +2,7 @@
 // counters. A mark or an interval that is no number leaves the record as it is.
 #pragma once
 
+#include "IntervalCounters.h"
 #include <QString>
 #include <cstdint>
 #include <optional>
@@ -12,8 +13,6 @@ class ActivityList;
 
 class DueMarks final {
   public:
-    enum class Kind { Seconds, Minutes, Hours };
-
     DueMarks(ActivityFile& file, const ActivityList& list) : m_file(file), m_list(list) {}
 
     std::int32_t SecondCounter = 0;
@@ -21,9 +20,11 @@ class DueMarks final {
     std::int32_t HourCounter = 0;
     std::int32_t HourSubCounter = 0;
     void ResetCounters();
+    [[nodiscard]] std::int32_t& Counter(IntervalKind kind);
+    [[nodiscard]] std::int32_t CounterOf(IntervalKind kind) const;
 
-    /// Writes the counter value at which the activity is next due. The three kinds wrap differently.
-    void ComputeDueMark(const QString& name, Kind kind, std::int32_t interval);
+    /// Writes the counter value at which the activity is next due.
+    void ComputeDueMark(const QString& name, IntervalKind kind, std::int32_t interval);
     void ScheduleActivity(const QString& name);
     void ScheduleCheckedActivities();
     /// Those only that have no mark at all, as after a load of marks that were never saved: they would never be due.

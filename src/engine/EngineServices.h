@@ -29,6 +29,8 @@ class EngineOptions {
     [[nodiscard]] virtual QString ApplicationLog() const = 0;
     [[nodiscard]] virtual bool SummaryInLog() const = 0;
     [[nodiscard]] virtual bool SummaryInMail() const = 0;
+    [[nodiscard]] virtual bool EvenIntervals() const = 0;
+    [[nodiscard]] virtual bool RunMissed() const = 0;
 };
 
 /// Sends the notification after a run. Implementations never throw and never hold up the run for long.

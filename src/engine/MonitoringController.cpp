@@ -4,14 +4,15 @@
 #include "ActivityLogs.h"
 #include "DueMarks.h"
 #include "Machine.h"
+#include "PlannedRuns.h"
 #include "Prompter.h"
 #include "RunState.h"
 #include "StringTable.h"
 #include "TimerEx.h"
 
 MonitoringController::MonitoringController(const EngineServices& services, ActivityLogs& logs, DueMarks& dueMarks,
-                                           MonitoringTimers& timers)
-    : m_services(services), m_logs(logs), m_dueMarks(dueMarks), m_timers(timers) {
+                                           PlannedRuns& plans, MonitoringTimers& timers)
+    : m_services(services), m_logs(logs), m_dueMarks(dueMarks), m_plans(plans), m_timers(timers) {
     connect(&m_services.file, &ActivityFile::Saved, this, &MonitoringController::lockPresentFile);
     connect(&m_services.list, &ActivityList::Readmitted, this, &MonitoringController::readmitted);
     connect(&m_services.list, &ActivityList::Refilled, this, &MonitoringController::refilled);
@@ -64,6 +65,7 @@ void MonitoringController::StartMonitoring() {
     m_doneByRun = false;
     m_dueMarks.ClearDueMarks();
     m_dueMarks.ScheduleCheckedActivities();
+    m_plans.Begin();
 
     QStringList names;
     for (int row = 0; row < m_services.list.Rows(); ++row) {
@@ -78,6 +80,8 @@ void MonitoringController::StartMonitoring() {
     m_timers.tmrHours.SetEnabled(true);
     m_timers.tmrMinutes.SetEnabled(true);
     m_dueMarks.ResetCounters();
+    for (TimerEx* timer : m_timers.Even())
+        timer->SetEnabled(m_plans.IsEven());
     m_timers.tmrDate.SetEnabled(true);
     m_timers.tmrTime.SetEnabled(true);
     m_timers.tmrChanges.SetEnabled(true);
@@ -87,12 +91,15 @@ void MonitoringController::StartMonitoring() {
 
 void MonitoringController::StopMonitoring() {
     setOn(false);
+    m_plans.End(m_services.runState.Closing());
     m_services.runState.ForgetHeld();
     m_dueMarks.ClearDueMarks();
     m_dueMarks.ScheduleCheckedActivities();
     m_timers.tmrMonitoring.SetEnabled(false);
     m_timers.tmrHours.SetEnabled(false);
     m_timers.tmrMinutes.SetEnabled(false);
+    for (TimerEx* timer : m_timers.Even())
+        timer->SetEnabled(false);
     m_timers.tmrTime.SetEnabled(false);
     m_timers.tmrDate.SetEnabled(false);
     m_timers.tmrChanges.SetEnabled(false);

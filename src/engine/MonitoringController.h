@@ -10,13 +10,14 @@
 
 class ActivityLogs;
 class DueMarks;
+class PlannedRuns;
 struct MonitoringTimers;
 enum class Text;
 
 class MonitoringController final : public QObject, public MonitoringSwitch {
     Q_OBJECT
   public:
-    MonitoringController(const EngineServices& services, ActivityLogs& logs, DueMarks& dueMarks,
+    MonitoringController(const EngineServices& services, ActivityLogs& logs, DueMarks& dueMarks, PlannedRuns& plans,
                          MonitoringTimers& timers);
     ~MonitoringController() override;
 
@@ -55,6 +56,7 @@ class MonitoringController final : public QObject, public MonitoringSwitch {
     const EngineServices& m_services;
     ActivityLogs& m_logs;
     DueMarks& m_dueMarks;
+    PlannedRuns& m_plans;
     MonitoringTimers& m_timers;
     EngineLock::Token m_lock;        ///< on the file as monitoring found it
     EngineLock::Token m_presentLock; ///< on the file that the last save or load has made of it

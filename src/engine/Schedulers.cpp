@@ -5,31 +5,58 @@
 #include "ChangeDetection.h"
 #include "ChangeWatch.h"
 #include "Clock.h"
+#include "NextRuns.h"
 #include "StoreError.h"
 #include "StringTable.h"
 #include "TimerEx.h"
 #include "modLogTime.h"
 
+#include <QScopedValueRollback>
+#include <tuple>
+
 void Schedulers::ConnectTo(MonitoringTimers& timers) {
-    connect(&timers.tmrMonitoring, &TimerEx::Timer, this, [this] { guarded(&Schedulers::onSecond); });
-    connect(&timers.tmrMinutes, &TimerEx::Timer, this, [this] { guarded(&Schedulers::onMinute); });
-    connect(&timers.tmrHours, &TimerEx::Timer, this, [this] { guarded(&Schedulers::onHour); });
-    connect(&timers.tmrTime, &TimerEx::Timer, this, [this] { guarded(&Schedulers::onTimeOfDay); });
-    connect(&timers.tmrDate, &TimerEx::Timer, this, [this] { guarded(&Schedulers::onDate); });
-    connect(&timers.tmrChanges, &TimerEx::Timer, this, [this] { guarded(&Schedulers::onChange); });
+    m_timers = &timers;
+    const auto on = [this](TimerEx& timer, const std::function<void()>& tick) {
+        connect(&timer, &TimerEx::Timer, this, [this, tick] { guarded(tick); });
+    };
+    on(timers.tmrMonitoring, [this] { onSecond(); });
+    on(timers.tmrMinutes, [this] { onMinute(); });
+    on(timers.tmrHours, [this] { tickOfInterval(IntervalKind::Hours); });
+    on(timers.tmrEvenSeconds, [this] { onEven(IntervalKind::Seconds); });
+    on(timers.tmrEvenMinutes, [this] { onEven(IntervalKind::Minutes); });
+    on(timers.tmrEvenHours, [this] { onEven(IntervalKind::Hours); });
+    on(timers.tmrTime, [this] { tickOfMoments(u'4'); });
+    on(timers.tmrDate, [this] { tickOfMoments(u'3'); });
+    on(timers.tmrChanges, [this] { onChange(); });
 }
 
-void Schedulers::guarded(void (Schedulers::*tick)()) {
+void Schedulers::guarded(const std::function<void()>& tick) {
     if (!m_allowed || m_services.list.ListBusy() || m_services.runState.Closing())
         return;
     modLogTime::ReadTimeZone();
     m_present = {};
     try {
-        (this->*tick)();
+        if (m_plans.Follow())
+            countTheOtherWay();
+        tick();
     } catch (const std::exception& error) {
         // Ends this tick only; an exception must not pass through the event loop.
         m_logs.WriteAppLog(QString::fromLocal8Bit(error.what()));
     }
+}
+
+/// No run is lost by that, and none doubled: what the counters would have run sooner stays so.
+void Schedulers::countTheOtherWay() {
+    for (TimerEx* timer : m_timers->Even())
+        timer->SetEnabled(m_plans.IsEven());
+    if (!m_plans.IsEven()) {
+        m_dueMarks.ResetCounters();
+        m_dueMarks.ScheduleCheckedActivities();
+        return;
+    }
+    for (int row = 0; row < m_services.list.Rows(); ++row)
+        if (const std::optional<std::chrono::seconds> first = m_nextRuns.UntilCounted(row))
+            m_plans.BringForward(m_services.list.NameAt(row), m_facts.Of(row), *first);
 }
 
 /// The facts of an active row of this type, nothing for any other row.
@@ -46,7 +73,7 @@ bool Schedulers::mayGoOn() const {
 
 RunOutcome Schedulers::run(const QString& name) {
     const auto begun = m_services.clock.MonotonicNow();
-    const RunOutcome outcome = m_changes.ProcessActivity(name, RunStarter::Schedule);
+    RunOutcome outcome = m_changes.ProcessActivity(name, RunStarter::Schedule);
     const std::optional<int> row = m_services.list.RowOf(name); // events have run
     const DueFacts::Row facts = row ? m_facts.Of(*row) : DueFacts::Row();
     if (facts.isWatched || facts.type == u'3' || facts.type == u'4') // others come by again soon enough
@@ -54,12 +81,14 @@ RunOutcome Schedulers::run(const QString& name) {
     return outcome;
 }
 
-void Schedulers::runDue(const QString& name) {
-    runInterval(name);
-    m_dueMarks.ScheduleActivity(name);
+RunOutcome Schedulers::runDue(const QString& name) {
+    RunOutcome outcome = runInterval(name);
+    if (!m_plans.IsEven())
+        m_dueMarks.ScheduleActivity(name);
+    return outcome;
 }
 
-void Schedulers::runInterval(const QString& name) {
+RunOutcome Schedulers::runInterval(const QString& name) {
     const bool isOnce = m_services.file.Read(name, ActivityField::RunningMode) == u"1";
     const auto sayOnce = [&] { m_logs.SetActivityStatus(name, m_services.texts[Text::StoppedAfterOnce]); };
     const bool wasHeld = m_services.runState.Held().contains(name); // and may be again: no log is filled with it
@@ -68,75 +97,91 @@ void Schedulers::runInterval(const QString& name) {
         if (!wasHeld)
             sayOnce();
     }
-    const RunOutcome outcome = run(name);
+    RunOutcome outcome = run(name);
     if (isOnce && wasHeld && !outcome.held)
         sayOnce();
     // A run that ended early is still to be done. Events have run: the user may have ticked the row again already.
-    const bool isDone = outcome.HasFinished();
-    if (isOnce && !isDone && m_services.list.IsTakenOut(name))
+    if (isOnce && !outcome.HasFinished() && m_services.list.IsTakenOut(name))
         m_services.list.Readmit(name);
-    else if (isOnce && isDone && !outcome.directoryMissing)
+    else if (isOnce && outcome.HasFinished() && !outcome.directoryMissing)
         m_monitoring.ActivityDone();
+    return outcome;
+}
+
+/// A run that the end of the program has ended early is not done.
+void Schedulers::runPlanned(const QString& name, PlannedRuns::Due due, const std::function<RunOutcome()>& run) {
+    if (due == PlannedRuns::Due::Late)
+        m_logs.WriteActionLine(name, m_services.texts[Text::MissedRun].arg(modLogTime::Text(m_plans.WhenDue(name))));
+    m_plans.RunBegins(name, due);
+    const RunOutcome outcome = run();
+    m_plans.RunEnded(name, !outcome.interrupted || !m_services.runState.Closing());
 }
 
 void Schedulers::repairMark(int row, std::int32_t mark) {
-    if (mark < 60)
+    if (!IntervalCounters::IsBeyond(mark))
         return;
     const QString name = m_services.list.NameAt(row);
     if (const std::optional<std::int32_t> interval = m_dueMarks.Number(name, ActivityField::Interval))
         m_services.file.Write(name, ActivityField::ExceedTime, QString::number(*interval));
 }
 
-// Rows are walked by index against the present count: a run lets events in, and those can rebuild the list, stop
-// monitoring or close the program.
-void Schedulers::onSecond() {
-    std::int32_t& counter = m_dueMarks.SecondCounter;
-    if (counter >= 59)
-        counter = 0;
-    m_anyWatched = false;
-    for (int row = 0; row < m_services.list.Rows() && mayGoOn(); ++row) {
-        if (!m_services.list.IsChecked(row))
+/// Rows are walked by index against the present count: a run lets events in, and those can rebuild the list, stop
+/// monitoring, count the other way or close the program.
+void Schedulers::tickOfInterval(IntervalKind kind) {
+    bool& isWalking = m_isWalking[static_cast<std::size_t>(kind)];
+    if (m_plans.IsEven() || isWalking)
+        return;
+    const QScopedValueRollback walking(isWalking, true);
+    const bool isOfSeconds = kind == IntervalKind::Seconds;
+    const QChar type(static_cast<char16_t>(u'0' + static_cast<int>(kind)));
+    std::int32_t& counter = m_dueMarks.Counter(kind);
+    IntervalCounters::BeginTick(kind, counter);
+    const std::int32_t atBegin = counter; // a run in minute 60 sets it to 0
+    for (int row = 0; row < m_services.list.Rows() && mayGoOn() && !m_plans.IsEven(); ++row) {
+        if (isOfSeconds && !m_services.list.IsChecked(row))
             continue;
         const DueFacts::Row facts = m_facts.Of(row);
-        m_anyWatched = m_anyWatched || facts.isWatched;
-        if (facts.type != u'0' || !facts.mark)
+        if (facts.type != type || !facts.mark)
             continue;
-        if (*facts.mark != counter)
+        const bool isActive = facts.isActive && !m_services.list.IsTakenOut(m_services.list.NameAt(row));
+        if (!isOfSeconds && !isActive)
+            continue;
+        if (!IntervalCounters::IsDue(kind, isOfSeconds ? counter : atBegin, *facts.mark))
             repairMark(row, *facts.mark);
-        else if (facts.isActive)
-            runDue(m_services.list.NameAt(row));
+        else if (isActive)
+            std::ignore = runDue(m_services.list.NameAt(row));
     }
-    if (!mayGoOn())
-        return;
-    ++counter;
-    m_monitoring.CheckAllIdle();
+    if (mayGoOn())
+        IntervalCounters::EndTick(kind, counter);
 }
 
-void Schedulers::tickOfInterval(char16_t type, std::int32_t counter, bool dueFromMarkOn) {
-    for (int row = 0; row < m_services.list.Rows() && mayGoOn(); ++row) {
-        const std::optional<DueFacts::Row> facts = activeOf(row, type);
-        if (!facts || !facts->mark)
-            continue;
-        if (counter == *facts->mark || (dueFromMarkOn && counter > *facts->mark))
-            runDue(m_services.list.NameAt(row));
-        else
-            repairMark(row, *facts->mark);
-    }
+void Schedulers::onSecond() {
+    tickOfInterval(IntervalKind::Seconds);
+    if (mayGoOn())
+        m_monitoring.CheckAllIdle();
 }
 
 void Schedulers::onMinute() {
     // A file that failed to load may be readable again, and there may be no user to refresh the list.
     if (!m_services.file.IsLoaded() && m_services.file.Load())
         m_services.list.Refill();
-    std::int32_t& counter = m_dueMarks.MinuteCounter;
-    counter = counter < 60 ? counter + 1 : 0;
-    tickOfInterval(u'1', counter, false);
+    tickOfInterval(IntervalKind::Minutes);
 }
 
-void Schedulers::onHour() {
-    std::int32_t& counter = m_dueMarks.HourCounter;
-    counter = counter <= 23 ? counter + 1 : 0;
-    tickOfInterval(u'2', counter, true);
+void Schedulers::onEven(IntervalKind kind) {
+    bool& isWalking = m_isWalking[static_cast<std::size_t>(kind)];
+    if (!m_plans.IsEven() || isWalking)
+        return;
+    const QScopedValueRollback walking(isWalking, true);
+    const auto type = static_cast<char16_t>(u'0' + static_cast<int>(kind));
+    for (int row = 0; row < m_services.list.Rows() && mayGoOn() && m_plans.IsEven(); ++row) {
+        const std::optional<DueFacts::Row> facts = activeOf(row, type);
+        if (!facts || !m_services.list.IsChecked(row))
+            continue;
+        const QString name = m_services.list.NameAt(row);
+        if (const PlannedRuns::Due due = m_plans.OfInterval(name, *facts); due != PlannedRuns::Due::No)
+            runPlanned(name, due, [&] { return runDue(name); });
+    }
 }
 
 /// Not composed again for every row; a run between two rows takes its time.
@@ -149,35 +194,45 @@ const Schedulers::Moment& Schedulers::present() {
     return m_present;
 }
 
-void Schedulers::onTimeOfDay() {
-    for (int row = 0; row < m_services.list.Rows() && mayGoOn(); ++row) {
-        const std::optional<DueFacts::Row> facts = activeOf(row, u'4');
-        if (!facts || facts->time != present().time)
-            continue;
-        const QString name = m_services.list.NameAt(row);
-        runOnTime(name, m_services.file.Read(name, ActivityField::Daily).toInt() == 0);
-    }
+PlannedRuns::Due Schedulers::dueNow(int row, const DueFacts::Row& facts) {
+    if (m_plans.KeepsMoments())
+        return m_plans.OfMoment(m_services.list.NameAt(row), facts);
+    const bool isToday = facts.type != u'3' || facts.date == present().date;
+    return isToday && facts.time == present().time ? PlannedRuns::Due::Now : PlannedRuns::Due::No;
 }
 
-void Schedulers::onDate() {
+void Schedulers::tickOfMoments(char16_t type) {
     for (int row = 0; row < m_services.list.Rows() && mayGoOn(); ++row) {
-        const std::optional<DueFacts::Row> facts = activeOf(row, u'3');
-        if (facts && facts->date == present().date && facts->time == present().time)
-            runOnTime(m_services.list.NameAt(row), true);
+        const std::optional<DueFacts::Row> facts = activeOf(row, type);
+        const PlannedRuns::Due due = facts ? dueNow(row, *facts) : PlannedRuns::Due::No;
+        if (due == PlannedRuns::Due::No)
+            continue;
+        const QString name = m_services.list.NameAt(row);
+        const bool isLast = type == u'3' || m_services.file.Read(name, ActivityField::Daily).toInt() == 0;
+        runPlanned(name, due, [&] { return runOnTime(name, isLast); });
     }
 }
 
 void Schedulers::onChange() {
-    QStringList watched;
-    for (int row = 0; m_anyWatched && row < m_services.list.Rows(); ++row)
-        if (m_facts.Of(row).isWatched && mayRunNow(row))
-            watched.append(m_services.list.NameAt(row));
-    if (watched.isEmpty() && m_watch.IsIdle())
+    if (m_watchedAt != m_services.file.Revision()) {
+        m_watched.clear();
+        for (int row = 0; row < m_services.list.Rows(); ++row)
+            if (m_facts.Of(row).isWatched)
+                m_watched.append(m_services.list.NameAt(row));
+        m_watchedAt = m_services.file.Revision();
+    }
+    if (m_watched.isEmpty() && m_watch.IsIdle())
         return;
-    m_watch.Follow(watched);
+    const auto mayRun = [this](const QString& name) {
+        const std::optional<int> row = m_services.list.RowOf(name);
+        return row && mayRunNow(*row);
+    };
+    QStringList wanted = m_watched;
+    wanted.removeIf([&](const QString& name) { return !mayRun(name); });
+    m_watch.Follow(wanted);
     for (const QString& name : m_watch.TakeDue())
-        if (const std::optional<int> row = m_services.list.RowOf(name); row && mayGoOn() && mayRunNow(*row))
-            runChanged(*row);
+        if (mayGoOn() && mayRun(name))
+            runChanged(*m_services.list.RowOf(name));
 }
 
 bool Schedulers::mayRunNow(int row) {
@@ -189,10 +244,7 @@ bool Schedulers::mayRunNow(int row) {
 void Schedulers::runChanged(int row) {
     const DueFacts::Row facts = m_facts.Of(row);
     const QString name = m_services.list.NameAt(row);
-    if (facts.type == u'3' || facts.type == u'4')
-        runOnTime(name, !facts.isWatched);
-    else
-        runInterval(name);
+    std::ignore = facts.type == u'3' || facts.type == u'4' ? runOnTime(name, !facts.isWatched) : runInterval(name);
 }
 
 QString Schedulers::appointment(const QString& name) const {
@@ -203,14 +255,15 @@ QString Schedulers::appointment(const QString& name) const {
     return fields.join(u'\n');
 }
 
-void Schedulers::runOnTime(const QString& name, bool isLast) {
+RunOutcome Schedulers::runOnTime(const QString& name, bool isLast) {
     const QString before = appointment(name);
-    const RunOutcome outcome = run(name);
+    RunOutcome outcome = run(name);
     // What was ended early is still to be done, and so is what the user has put off to another time meanwhile.
     if (isLast && outcome.HasFinished() && appointment(name) == before)
         finishForGood(name, !outcome.directoryMissing);
     if (mayGoOn())
         m_monitoring.CheckAllIdle();
+    return outcome;
 }
 
 void Schedulers::finishForGood(const QString& name, bool hasRun) {

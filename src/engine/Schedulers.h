@@ -1,28 +1,32 @@
-// The five schedulers: each tick walks the list and runs what is due. No exception leaves a tick; an activity that
-// fails does not keep the others from running.
+// The schedulers, two for each kind of interval and two for moments: each tick walks the list and runs what is due. No
+// exception leaves a tick; an activity that fails does not keep the others from running.
 #pragma once
 
 #include "DueFacts.h"
 #include "DueMarks.h"
 #include "EngineServices.h"
+#include "PlannedRuns.h"
 #include "RunFacts.h"
 #include <QObject>
+#include <array>
 #include <chrono>
+#include <functional>
 #include <optional>
 
 class ActivityLogs;
 class ChangeDetection;
 class ChangeWatch;
+class NextRuns;
 struct MonitoringTimers;
 
 class Schedulers final : public QObject {
     Q_OBJECT
   public:
-    /// `locale`: in whose order dates with "/" are read.
     Schedulers(const EngineServices& services, ActivityLogs& logs, ChangeDetection& changes, ChangeWatch& watch,
-               DueMarks& dueMarks, MonitoringSwitch& monitoring, const QLocale& locale)
-        : m_services(services), m_logs(logs), m_changes(changes), m_watch(watch), m_dueMarks(dueMarks),
-          m_monitoring(monitoring), m_facts(services.file, services.list, dueMarks, locale) {}
+               DueMarks& dueMarks, DueFacts& facts, PlannedRuns& plans, const NextRuns& nextRuns,
+               MonitoringSwitch& monitoring)
+        : m_services(services), m_logs(logs), m_changes(changes), m_watch(watch), m_dueMarks(dueMarks), m_facts(facts),
+          m_plans(plans), m_nextRuns(nextRuns), m_monitoring(monitoring) {}
 
     /// Each timer's event runs its scheduler.
     void ConnectTo(MonitoringTimers& timers);
@@ -38,23 +42,25 @@ class Schedulers final : public QObject {
         QDate date;
     };
     [[nodiscard]] const Moment& present();
-    void guarded(void (Schedulers::*tick)());
+    void guarded(const std::function<void()>& tick);
+    void countTheOtherWay();
     void onSecond();
     void onMinute();
-    void onHour();
-    void onTimeOfDay();
-    void onDate();
-    void onChange();
+    void onEven(IntervalKind kind);
     [[nodiscard]] bool mayGoOn() const;
-    void runDue(const QString& name);
-    void runInterval(const QString& name);
+    void onChange();
     [[nodiscard]] bool mayRunNow(int row);
     void runChanged(int row);
     [[nodiscard]] RunOutcome run(const QString& name);
-    void runOnTime(const QString& name, bool isLast);
+    [[nodiscard]] RunOutcome runDue(const QString& name);
+    [[nodiscard]] RunOutcome runInterval(const QString& name);
+    void runPlanned(const QString& name, PlannedRuns::Due due, const std::function<RunOutcome()>& run);
+    [[nodiscard]] RunOutcome runOnTime(const QString& name, bool isLast);
+    [[nodiscard]] PlannedRuns::Due dueNow(int row, const DueFacts::Row& facts);
     [[nodiscard]] QString appointment(const QString& name) const;
     void repairMark(int row, std::int32_t mark);
-    void tickOfInterval(char16_t type, std::int32_t counter, bool dueFromMarkOn);
+    void tickOfInterval(IntervalKind kind);
+    void tickOfMoments(char16_t type);
     [[nodiscard]] std::optional<DueFacts::Row> activeOf(int row, char16_t type);
     void finishForGood(const QString& name, bool hasRun);
 
@@ -63,9 +69,14 @@ class Schedulers final : public QObject {
     ChangeDetection& m_changes;
     ChangeWatch& m_watch;
     DueMarks& m_dueMarks;
+    DueFacts& m_facts;
+    PlannedRuns& m_plans;
+    const NextRuns& m_nextRuns;
     MonitoringSwitch& m_monitoring;
-    DueFacts m_facts;
+    MonitoringTimers* m_timers = nullptr;
     Moment m_present;
+    std::array<bool, 3> m_isWalking{}; ///< of each kind: a second walk would run an activity inside itself
     bool m_allowed = false;
-    bool m_anyWatched = false; ///< an activity is to run when something changes
+    QStringList m_watched;                    ///< the activities that are to run when something changes
+    std::optional<std::uint64_t> m_watchedAt; ///< the file's revision then
 };

@@ -61,6 +61,13 @@ void TimerEx::restart() {
     m_lastFiring = m_clock.Now();
 }
 
+std::optional<std::chrono::system_clock::time_point> TimerEx::NextFiring() const {
+    if (!m_enabled || m_interval == 0)
+        return std::nullopt;
+    return std::chrono::floor<std::chrono::seconds>(m_lastFiring) +
+           std::chrono::seconds(m_interval * units[static_cast<std::size_t>(m_unit)].seconds);
+}
+
 void TimerEx::Poll() {
     if (!m_enabled || m_interval == 0 || m_firing)
         return;
@@ -87,11 +94,13 @@ void TimerEx::onInnerTick() {
 }
 
 MonitoringTimers::MonitoringTimers(const Clock& clock)
-    : tmrMonitoring(clock), tmrMinutes(clock), tmrHours(clock), tmrTime(clock), tmrDate(clock), tmrChanges(clock),
-      tmrStatusbar(clock), TimerEx1(clock) {
+    : tmrMonitoring(clock), tmrMinutes(clock), tmrHours(clock), tmrEvenSeconds(clock), tmrEvenMinutes(clock),
+      tmrEvenHours(clock), tmrTime(clock), tmrDate(clock), tmrChanges(clock), tmrStatusbar(clock), TimerEx1(clock) {
     setUp(tmrMonitoring, 1, 0);
     setUp(tmrMinutes, 1, 1);
     setUp(tmrHours, 1, 2);
+    for (TimerEx* timer : Even())
+        setUp(*timer, 1, 0);
     setUp(tmrTime, 1, 0);
     setUp(tmrDate, 1, 0);
     setUp(tmrChanges, 1, 0);

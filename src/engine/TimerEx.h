@@ -4,8 +4,10 @@
 
 #include <QObject>
 #include <QTimer>
+#include <array>
 #include <chrono>
 #include <cstdint>
+#include <optional>
 #include <stdexcept>
 
 class Clock;
@@ -34,6 +36,9 @@ class TimerEx final : public QObject {
     [[nodiscard]] std::int32_t IntervalUnit() const { return m_unit; }
     void SetIntervalUnit(std::int32_t unit);
 
+    /// When it fires next, unless the clock is set; nothing while it is stopped.
+    [[nodiscard]] std::optional<std::chrono::system_clock::time_point> NextFiring() const;
+
     /// One tick of the inner timer: fires when the whole seconds since the last firing reach the period. Never enters
     /// a handler that is still running. Throws EngineError 6 when the period does not fit in 32 bits of seconds.
     void Poll();
@@ -58,12 +63,18 @@ class TimerEx final : public QObject {
 struct MonitoringTimers {
     explicit MonitoringTimers(const Clock& clock);
 
-    TimerEx tmrMonitoring; ///< seconds scheduler, every second
-    TimerEx tmrMinutes;    ///< minutes scheduler, every minute
-    TimerEx tmrHours;      ///< hours scheduler, every hour
-    TimerEx tmrTime;       ///< time of day, every second
-    TimerEx tmrDate;       ///< date and time, every second
-    TimerEx tmrChanges;    ///< changes in watched directories, every second
-    TimerEx tmrStatusbar;  ///< status bar, every 3 s, always on
-    TimerEx TimerEx1;      ///< diagnostic countdown, every 2 s when enabled
+    /// Those that run activities whose intervals are counted by the clock.
+    [[nodiscard]] std::array<TimerEx*, 3> Even() { return {&tmrEvenSeconds, &tmrEvenMinutes, &tmrEvenHours}; }
+
+    TimerEx tmrMonitoring;  ///< seconds scheduler, every second
+    TimerEx tmrMinutes;     ///< minutes scheduler, every minute
+    TimerEx tmrHours;       ///< hours scheduler, every hour
+    TimerEx tmrEvenSeconds; ///< seconds that are counted by the clock, every second
+    TimerEx tmrEvenMinutes; ///< minutes
+    TimerEx tmrEvenHours;   ///< hours
+    TimerEx tmrTime;        ///< time of day, every second
+    TimerEx tmrDate;        ///< date and time, every second
+    TimerEx tmrChanges;     ///< changes in watched directories, every second
+    TimerEx tmrStatusbar;   ///< status bar, every 3 s, always on
+    TimerEx TimerEx1;       ///< diagnostic countdown, every 2 s when enabled
 };

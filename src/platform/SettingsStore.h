@@ -19,6 +19,8 @@ class SettingsStore {
 
     /// Its section for what is told after a run.
     static inline const QString SummarySection = QStringLiteral("Summary");
+    /// Its section for how schedules are counted.
+    static inline const QString ScheduleSection = QStringLiteral("Schedule");
 
     virtual ~SettingsStore() = default;
 

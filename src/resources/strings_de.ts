@@ -2194,5 +2194,193 @@ Soll die Aktivität auf dem Laufwerk laufen, das jetzt da ist? Mit "Nein" wartet
         <source>A file that is still being written is left for a later run. This counts for every run of the activity.</source>
         <translation>Eine Datei, die noch geschrieben wird, bleibt für einen späteren Lauf liegen. Das gilt für jeden Lauf der Aktivität.</translation>
     </message>
+    <message id="950">
+        <source>Missed at %1, run late.</source>
+        <translation>Um %1 verpasst, nachgeholt.</translation>
+    </message>
+    <message id="951">
+        <source>Schedules</source>
+        <translation>Zeitpläne</translation>
+    </message>
+    <message id="952">
+        <source>&amp;Count intervals by the clock</source>
+        <translation>&amp;Intervalle nach der Uhr zählen</translation>
+    </message>
+    <message id="953">
+        <source>&amp;Run missed times late</source>
+        <translation>&amp;Verpasste Zeiten nachholen</translation>
+    </message>
+    <message id="954">
+        <source>An interval is real time: every 7 seconds is every 7 seconds, for as long as monitoring is on. Without this option the program counts in rounds, and some numbers stop after a while.</source>
+        <translation>Ein Intervall ist echte Zeit: Alle 7 Sekunden heißt alle 7 Sekunden, solange die Überwachung läuft. Ohne diese Option zählt das Programm in Runden, und manche Zahlen bleiben nach einer Weile stehen.</translation>
+    </message>
+    <message id="955">
+        <source>What was to run while the computer slept or restarted, or while another run took long, runs once, as soon as it can. What you stop yourself is not made up for. Intervals take part when they are counted by the clock.</source>
+        <translation>Was laufen sollte, während der Computer schlief oder neu startete oder ein anderer Lauf lange dauerte, läuft einmal, sobald es geht. Was Sie selbst beenden, wird nicht nachgeholt. Intervalle nehmen teil, wenn sie nach der Uhr gezählt werden.</translation>
+    </message>
+    <message id="956">
+        <source>Next run</source>
+        <translation>Nächster Lauf</translation>
+    </message>
+    <message id="957">
+        <source>never</source>
+        <translation>nie</translation>
+    </message>
+    <message id="958">
+        <source>Monitoring is off.</source>
+        <translation>Die Überwachung läuft nicht.</translation>
+    </message>
+    <message id="959">
+        <source>The activity is not ticked.</source>
+        <translation>Die Aktivität ist nicht angehakt.</translation>
+    </message>
+    <message id="960">
+        <source>It was taken out of monitoring: it has had its one run, or a directory is missing.</source>
+        <translation>Sie wurde aus der Überwachung genommen: Sie hatte ihren einen Lauf, oder ein Verzeichnis fehlt.</translation>
+    </message>
+    <message id="961">
+        <source>It has no schedule.</source>
+        <translation>Sie hat keinen Zeitplan.</translation>
+    </message>
+    <message id="962">
+        <source>Its interval is no whole number from 1 on.</source>
+        <translation>Ihr Intervall ist keine ganze Zahl ab 1.</translation>
+    </message>
+    <message id="963">
+        <source>Its time is not of the form hh:mm, for example 08:00.</source>
+        <translation>Ihre Uhrzeit hat nicht die Form hh:mm, zum Beispiel 08:00.</translation>
+    </message>
+    <message id="964">
+        <source>Its date cannot be read.</source>
+        <translation>Ihr Datum ist nicht lesbar.</translation>
+    </message>
+    <message id="965">
+        <source>Its date is in the past.</source>
+        <translation>Ihr Datum liegt in der Vergangenheit.</translation>
+    </message>
+    <message id="966">
+        <source>Counted in rounds, this interval does not come up again. "Count intervals by the clock" in the general options helps.</source>
+        <translation>In Runden gezählt, kommt dieses Intervall nicht wieder an die Reihe. "Intervalle nach der Uhr zählen" in den allgemeinen Optionen hilft.</translation>
+    </message>
+    <message id="967">
+        <source>The run will be held unless something changes: %1</source>
+        <translation>Der Lauf wird zurückgehalten, wenn sich nichts ändert: %1</translation>
+    </message>
+    <message id="968">
+        <source>Runs every second while monitoring is on.</source>
+        <translation>Läuft jede Sekunde, solange die Überwachung läuft.</translation>
+    </message>
+    <message id="969">
+        <source>Runs every %1 seconds while monitoring is on.</source>
+        <translation>Läuft alle %1 Sekunden, solange die Überwachung läuft.</translation>
+    </message>
+    <message id="970">
+        <source>Runs every minute while monitoring is on.</source>
+        <translation>Läuft jede Minute, solange die Überwachung läuft.</translation>
+    </message>
+    <message id="971">
+        <source>Runs every %1 minutes while monitoring is on.</source>
+        <translation>Läuft alle %1 Minuten, solange die Überwachung läuft.</translation>
+    </message>
+    <message id="972">
+        <source>Runs every hour while monitoring is on.</source>
+        <translation>Läuft jede Stunde, solange die Überwachung läuft.</translation>
+    </message>
+    <message id="973">
+        <source>Runs every %1 hours while monitoring is on.</source>
+        <translation>Läuft alle %1 Stunden, solange die Überwachung läuft.</translation>
+    </message>
+    <message id="974">
+        <source>Runs once, %1 after monitoring starts.</source>
+        <translation>Läuft einmal, %1 nach dem Start der Überwachung.</translation>
+    </message>
+    <message id="975">
+        <source>1 second</source>
+        <translation>1 Sekunde</translation>
+    </message>
+    <message id="976">
+        <source>%1 seconds</source>
+        <translation>%1 Sekunden</translation>
+    </message>
+    <message id="977">
+        <source>1 minute</source>
+        <translation>1 Minute</translation>
+    </message>
+    <message id="978">
+        <source>%1 minutes</source>
+        <translation>%1 Minuten</translation>
+    </message>
+    <message id="979">
+        <source>1 hour</source>
+        <translation>1 Stunde</translation>
+    </message>
+    <message id="980">
+        <source>%1 hours</source>
+        <translation>%1 Stunden</translation>
+    </message>
+    <message id="981">
+        <source>%1 to %2</source>
+        <translation>%1 bis %2</translation>
+    </message>
+    <message id="982">
+        <source>Counted in rounds, it runs first after %1, then after pauses of %2.</source>
+        <translation>In Runden gezählt, läuft sie zuerst nach %1, dann in Abständen von %2.</translation>
+    </message>
+    <message id="983">
+        <source>With this number it stops after one run, until monitoring is started again.</source>
+        <translation>Mit dieser Zahl hört sie nach einem Lauf auf, bis die Überwachung neu gestartet wird.</translation>
+    </message>
+    <message id="984">
+        <source>With this number it stops after %1 runs, until monitoring is started again.</source>
+        <translation>Mit dieser Zahl hört sie nach %1 Läufen auf, bis die Überwachung neu gestartet wird.</translation>
+    </message>
+    <message id="985">
+        <source>With this number it never runs.</source>
+        <translation>Mit dieser Zahl läuft sie nie.</translation>
+    </message>
+    <message id="986">
+        <source>"Count intervals by the clock" in the general options avoids that.</source>
+        <translation>"Intervalle nach der Uhr zählen" in den allgemeinen Optionen vermeidet das.</translation>
+    </message>
+    <message id="987">
+        <source>Runs every day at %1.</source>
+        <translation>Läuft jeden Tag um %1 Uhr.</translation>
+    </message>
+    <message id="988">
+        <source>Runs once, the next time it is %1.</source>
+        <translation>Läuft einmal, wenn es das nächste Mal %1 Uhr ist.</translation>
+    </message>
+    <message id="989">
+        <source>Runs once, on %1 at %2.</source>
+        <translation>Läuft einmal, am %1 um %2 Uhr.</translation>
+    </message>
+    <message id="990">
+        <source>%1, %2</source>
+        <translation>%1, dem %2</translation>
+    </message>
+    <message id="991">
+        <source>This moment is in the past: the activity does not run.</source>
+        <translation>Dieser Zeitpunkt ist vorbei: Die Aktivität läuft nicht.</translation>
+    </message>
+    <message id="992">
+        <source>Choose when the activity runs.</source>
+        <translation>Wählen Sie, wann die Aktivität läuft.</translation>
+    </message>
+    <message id="993">
+        <source>The date is missing.</source>
+        <translation>Das Datum fehlt.</translation>
+    </message>
+    <message id="994">
+        <source>The time of day is missing, from 00:00 to 23:59.</source>
+        <translation>Die Uhrzeit fehlt, von 00:00 bis 23:59.</translation>
+    </message>
+    <message id="995">
+        <source>en</source>
+        <translation>de</translation>
+    </message>
+    <message id="1010">
+        <source>Also soon after something has changed in the source directory.</source>
+        <translation>Auch kurz nachdem sich im Quellverzeichnis etwas geändert hat.</translation>
+    </message>
 </context>
 </TS>

@@ -2738,5 +2738,240 @@ Shall the activity run on the drive that is there now? With "No" it waits for th
         <translation>A file that is still being written is left for a later run. This counts for every run of the activity.</translation>
         <extra-name>SettleHint</extra-name>
     </message>
+    <message id="950">
+        <source>Missed at %1, run late.</source>
+        <translation>Missed at %1, run late.</translation>
+        <extra-name>MissedRun</extra-name>
+    </message>
+    <message id="951">
+        <source>Schedules</source>
+        <translation>Schedules</translation>
+        <extra-name>Schedules</extra-name>
+    </message>
+    <message id="952">
+        <source>&amp;Count intervals by the clock</source>
+        <translation>&amp;Count intervals by the clock</translation>
+        <extra-name>CountByTheClock</extra-name>
+    </message>
+    <message id="953">
+        <source>&amp;Run missed times late</source>
+        <translation>&amp;Run missed times late</translation>
+        <extra-name>RunMissedLate</extra-name>
+    </message>
+    <message id="954">
+        <source>An interval is real time: every 7 seconds is every 7 seconds, for as long as monitoring is on. Without this option the program counts in rounds, and some numbers stop after a while.</source>
+        <translation>An interval is real time: every 7 seconds is every 7 seconds, for as long as monitoring is on. Without this option the program counts in rounds, and some numbers stop after a while.</translation>
+        <extra-name>CountByTheClockHint</extra-name>
+    </message>
+    <message id="955">
+        <source>What was to run while the computer slept or restarted, or while another run took long, runs once, as soon as it can. What you stop yourself is not made up for. Intervals take part when they are counted by the clock.</source>
+        <translation>What was to run while the computer slept or restarted, or while another run took long, runs once, as soon as it can. What you stop yourself is not made up for. Intervals take part when they are counted by the clock.</translation>
+        <extra-name>RunMissedHint</extra-name>
+    </message>
+    <message id="956">
+        <source>Next run</source>
+        <translation>Next run</translation>
+        <extra-name>NextRunColumn</extra-name>
+    </message>
+    <message id="957">
+        <source>never</source>
+        <translation>never</translation>
+        <extra-name>NextRunNever</extra-name>
+    </message>
+    <message id="958">
+        <source>Monitoring is off.</source>
+        <translation>Monitoring is off.</translation>
+        <extra-name>NeverMonitoringOff</extra-name>
+    </message>
+    <message id="959">
+        <source>The activity is not ticked.</source>
+        <translation>The activity is not ticked.</translation>
+        <extra-name>NeverNotTicked</extra-name>
+    </message>
+    <message id="960">
+        <source>It was taken out of monitoring: it has had its one run, or a directory is missing.</source>
+        <translation>It was taken out of monitoring: it has had its one run, or a directory is missing.</translation>
+        <extra-name>NeverTakenOut</extra-name>
+    </message>
+    <message id="961">
+        <source>It has no schedule.</source>
+        <translation>It has no schedule.</translation>
+        <extra-name>NeverNoSchedule</extra-name>
+    </message>
+    <message id="962">
+        <source>Its interval is no whole number from 1 on.</source>
+        <translation>Its interval is no whole number from 1 on.</translation>
+        <extra-name>NeverNoNumber</extra-name>
+    </message>
+    <message id="963">
+        <source>Its time is not of the form hh:mm, for example 08:00.</source>
+        <translation>Its time is not of the form hh:mm, for example 08:00.</translation>
+        <extra-name>NeverNoTime</extra-name>
+    </message>
+    <message id="964">
+        <source>Its date cannot be read.</source>
+        <translation>Its date cannot be read.</translation>
+        <extra-name>NeverNoDate</extra-name>
+    </message>
+    <message id="965">
+        <source>Its date is in the past.</source>
+        <translation>Its date is in the past.</translation>
+        <extra-name>NeverPast</extra-name>
+    </message>
+    <message id="966">
+        <source>Counted in rounds, this interval does not come up again. "Count intervals by the clock" in the general options helps.</source>
+        <translation>Counted in rounds, this interval does not come up again. "Count intervals by the clock" in the general options helps.</translation>
+        <extra-name>NeverStalls</extra-name>
+    </message>
+    <message id="967">
+        <source>The run will be held unless something changes: %1</source>
+        <translation>The run will be held unless something changes: %1</translation>
+        <extra-name>NextRunHeld</extra-name>
+    </message>
+    <message id="968">
+        <source>Runs every second while monitoring is on.</source>
+        <translation>Runs every second while monitoring is on.</translation>
+        <extra-name>EverySecond</extra-name>
+    </message>
+    <message id="969">
+        <source>Runs every %1 seconds while monitoring is on.</source>
+        <translation>Runs every %1 seconds while monitoring is on.</translation>
+        <extra-name>EverySeconds</extra-name>
+    </message>
+    <message id="970">
+        <source>Runs every minute while monitoring is on.</source>
+        <translation>Runs every minute while monitoring is on.</translation>
+        <extra-name>EveryMinute</extra-name>
+    </message>
+    <message id="971">
+        <source>Runs every %1 minutes while monitoring is on.</source>
+        <translation>Runs every %1 minutes while monitoring is on.</translation>
+        <extra-name>EveryMinutes</extra-name>
+    </message>
+    <message id="972">
+        <source>Runs every hour while monitoring is on.</source>
+        <translation>Runs every hour while monitoring is on.</translation>
+        <extra-name>EveryHour</extra-name>
+    </message>
+    <message id="973">
+        <source>Runs every %1 hours while monitoring is on.</source>
+        <translation>Runs every %1 hours while monitoring is on.</translation>
+        <extra-name>EveryHours</extra-name>
+    </message>
+    <message id="974">
+        <source>Runs once, %1 after monitoring starts.</source>
+        <translation>Runs once, %1 after monitoring starts.</translation>
+        <extra-name>OnceAfter</extra-name>
+    </message>
+    <message id="975">
+        <source>1 second</source>
+        <translation>1 second</translation>
+        <extra-name>SpanSecond</extra-name>
+    </message>
+    <message id="976">
+        <source>%1 seconds</source>
+        <translation>%1 seconds</translation>
+        <extra-name>SpanSeconds</extra-name>
+    </message>
+    <message id="977">
+        <source>1 minute</source>
+        <translation>1 minute</translation>
+        <extra-name>SpanMinute</extra-name>
+    </message>
+    <message id="978">
+        <source>%1 minutes</source>
+        <translation>%1 minutes</translation>
+        <extra-name>SpanMinutes</extra-name>
+    </message>
+    <message id="979">
+        <source>1 hour</source>
+        <translation>1 hour</translation>
+        <extra-name>SpanHour</extra-name>
+    </message>
+    <message id="980">
+        <source>%1 hours</source>
+        <translation>%1 hours</translation>
+        <extra-name>SpanHours</extra-name>
+    </message>
+    <message id="981">
+        <source>%1 to %2</source>
+        <translation>%1 to %2</translation>
+        <extra-name>SpanRange</extra-name>
+    </message>
+    <message id="982">
+        <source>Counted in rounds, it runs first after %1, then after pauses of %2.</source>
+        <translation>Counted in rounds, it runs first after %1, then after pauses of %2.</translation>
+        <extra-name>CountedInRounds</extra-name>
+    </message>
+    <message id="983">
+        <source>With this number it stops after one run, until monitoring is started again.</source>
+        <translation>With this number it stops after one run, until monitoring is started again.</translation>
+        <extra-name>StopsAfterRun</extra-name>
+    </message>
+    <message id="984">
+        <source>With this number it stops after %1 runs, until monitoring is started again.</source>
+        <translation>With this number it stops after %1 runs, until monitoring is started again.</translation>
+        <extra-name>StopsAfterRuns</extra-name>
+    </message>
+    <message id="985">
+        <source>With this number it never runs.</source>
+        <translation>With this number it never runs.</translation>
+        <extra-name>WouldNeverRun</extra-name>
+    </message>
+    <message id="986">
+        <source>"Count intervals by the clock" in the general options avoids that.</source>
+        <translation>"Count intervals by the clock" in the general options avoids that.</translation>
+        <extra-name>StallHint</extra-name>
+    </message>
+    <message id="987">
+        <source>Runs every day at %1.</source>
+        <translation>Runs every day at %1.</translation>
+        <extra-name>EveryDayAt</extra-name>
+    </message>
+    <message id="988">
+        <source>Runs once, the next time it is %1.</source>
+        <translation>Runs once, the next time it is %1.</translation>
+        <extra-name>OnceAtTime</extra-name>
+    </message>
+    <message id="989">
+        <source>Runs once, on %1 at %2.</source>
+        <translation>Runs once, on %1 at %2.</translation>
+        <extra-name>OnceOnDay</extra-name>
+    </message>
+    <message id="990">
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+        <extra-name>DayWithName</extra-name>
+    </message>
+    <message id="991">
+        <source>This moment is in the past: the activity does not run.</source>
+        <translation>This moment is in the past: the activity does not run.</translation>
+        <extra-name>MomentIsPast</extra-name>
+    </message>
+    <message id="992">
+        <source>Choose when the activity runs.</source>
+        <translation>Choose when the activity runs.</translation>
+        <extra-name>ChooseSchedule</extra-name>
+    </message>
+    <message id="993">
+        <source>The date is missing.</source>
+        <translation>The date is missing.</translation>
+        <extra-name>EnterDate</extra-name>
+    </message>
+    <message id="994">
+        <source>The time of day is missing, from 00:00 to 23:59.</source>
+        <translation>The time of day is missing, from 00:00 to 23:59.</translation>
+        <extra-name>EnterTime</extra-name>
+    </message>
+    <message id="995">
+        <source>en</source>
+        <translation>en</translation>
+        <extra-name>NameOfLanguage</extra-name>
+    </message>
+    <message id="1010">
+        <source>Also soon after something has changed in the source directory.</source>
+        <translation>Also soon after something has changed in the source directory.</translation>
+        <extra-name>AlsoOnChange</extra-name>
+    </message>
 </context>
 </TS>

@@ -10,9 +10,9 @@
 namespace {
 
 constexpr Text headers[ActivityList::ColumnCount] = {
-    Text::NameColumn,     Text::SourceColumn,       Text::DestinationColumn, Text::IntervalSettings,
-    Text::ActionColumn,   Text::ExecutionsColumn,   Text::WriteLog,          Text::ExecutableFiles,
-    Text::FileExtensions, Text::LastExecutionColumn};
+    Text::NameColumn,     Text::SourceColumn,        Text::DestinationColumn, Text::IntervalSettings,
+    Text::ActionColumn,   Text::ExecutionsColumn,    Text::WriteLog,          Text::ExecutableFiles,
+    Text::FileExtensions, Text::LastExecutionColumn, Text::NextRunColumn};
 
 /// The view lays out a text as a whole, even when a column shows its beginning only.
 constexpr qsizetype mostShown = 4096;

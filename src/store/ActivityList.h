@@ -17,8 +17,21 @@ class StringTable;
 class ActivityList final : public QAbstractTableModel {
     Q_OBJECT
   public:
-    enum Column { Name, Source, Destination, Schedule, Status, Count, LogFile, Executable, Extensions, LastRun };
-    static constexpr int ColumnCount = 10;
+    /// NextRun has no text here: it changes by itself, and whoever shows it finds it out.
+    enum Column {
+        Name,
+        Source,
+        Destination,
+        Schedule,
+        Status,
+        Count,
+        LogFile,
+        Executable,
+        Extensions,
+        LastRun,
+        NextRun
+    };
+    static constexpr int ColumnCount = 11;
 
     /// The locale formats the dates in column Schedule.
     ActivityList(ActivityFile& file, const StringTable& texts, const QLocale& locale);

@@ -10,27 +10,33 @@ namespace {
 
 constexpr int mostWidth = 4000; // pixels
 
+using Choice = ActivityColumns::Choice;
+
 struct Standard {
     ActivityList::Column column;
     int characters; ///< of average width: together with the ones before it, what fits the window's first size
-    bool folds;
+    Choice choice;
 };
 
 /// In the order on the screen. First what one looks for: what is done with which folders, how it stands, when it ran.
-constexpr std::array<Standard, ActivityList::ColumnCount> standards{{{ActivityList::Name, 18, false},
-                                                                     {ActivityList::Source, 16, false},
-                                                                     {ActivityList::Destination, 16, false},
-                                                                     {ActivityList::Status, 17, false},
-                                                                     {ActivityList::LastRun, 23, false},
-                                                                     {ActivityList::Count, 8, false},
-                                                                     {ActivityList::Schedule, 36, false},
-                                                                     {ActivityList::Extensions, 14, false},
-                                                                     {ActivityList::LogFile, 22, true},
-                                                                     {ActivityList::Executable, 22, true}}};
+constexpr std::array<Standard, ActivityList::ColumnCount> standards{{{ActivityList::Name, 18, Choice::Shown},
+                                                                     {ActivityList::Source, 16, Choice::Shown},
+                                                                     {ActivityList::Destination, 16, Choice::Shown},
+                                                                     {ActivityList::Status, 17, Choice::Shown},
+                                                                     {ActivityList::LastRun, 23, Choice::Shown},
+                                                                     {ActivityList::Count, 8, Choice::Shown},
+                                                                     {ActivityList::Schedule, 36, Choice::Shown},
+                                                                     {ActivityList::Extensions, 14, Choice::Shown},
+                                                                     {ActivityList::LogFile, 22, Choice::Folding},
+                                                                     {ActivityList::Executable, 22, Choice::Folding},
+                                                                     {ActivityList::NextRun, 23, Choice::Hidden}}};
+
+/// Layouts were stored without the last column before there was one, and still are while it is not used.
+constexpr int formerColumns = ActivityList::ColumnCount - 1;
 
 bool mayFold(int column) {
     return std::any_of(standards.begin(), standards.end(),
-                       [&](const Standard& one) { return one.column == column && one.folds; });
+                       [&](const Standard& one) { return one.column == column && one.choice == Choice::Folding; });
 }
 
 bool isEmpty(const ActivityList& list, int column) {
@@ -58,7 +64,7 @@ void ActivityColumns::setStandard() {
     const int character = m_header.fontMetrics().averageCharWidth();
     for (int place = 0; place < ActivityList::ColumnCount; ++place) {
         const Standard& standard = standards[static_cast<std::size_t>(place)];
-        m_choices[standard.column] = standard.folds ? Choice::Folding : Choice::Shown;
+        m_choices[standard.column] = standard.choice;
         m_header.moveSection(m_header.visualIndex(standard.column), place);
         m_header.showSection(standard.column); // a hidden one takes no width
         m_header.resizeSection(standard.column, standard.characters * character);
@@ -123,7 +129,10 @@ void ActivityColumns::popUp(const QPoint& at) {
 
 QString ActivityColumns::Layout() const {
     QStringList parts;
-    for (int column = 0; column < ActivityList::ColumnCount; ++column) {
+    const bool isLastUsed = m_choices[ActivityList::NextRun] != Choice::Hidden ||
+                            m_header.visualIndex(ActivityList::NextRun) != ActivityList::NextRun;
+    const int columns = isLastUsed ? ActivityList::ColumnCount : formerColumns;
+    for (int column = 0; column < columns; ++column) {
         parts.append(QStringLiteral("%1:%2:%3")
                          .arg(m_header.sectionSize(column)) // 0 for a hidden one
                          .arg(m_header.visualIndex(column))
@@ -136,28 +145,30 @@ QString ActivityColumns::Layout() const {
 
 void ActivityColumns::RestoreLayout(const QString& layout) {
     const QStringList parts = layout.split(u',');
-    if (parts.size() != ActivityList::ColumnCount + 2)
+    const auto columns = static_cast<int>(parts.size()) - 2;
+    const bool hasLast = columns == ActivityList::ColumnCount && parts[ActivityList::NextRun].contains(u':');
+    if (columns != formerColumns && !hasLast)
         return;
-    QList<int> columnAt(ActivityList::ColumnCount, -1);
-    for (int column = 0; column < ActivityList::ColumnCount; ++column) {
+    QList<int> columnAt(columns, -1);
+    for (int column = 0; column < columns; ++column) {
         const QStringList values = parts[column].split(u':');
         const int width = values.first().toInt();
         if (width >= m_header.minimumSectionSize() && width <= mostWidth)
             m_header.resizeSection(column, width);
         bool isNumber = false;
         const int place = values.value(1).toInt(&isNumber);
-        if (isNumber && place >= 0 && place < ActivityList::ColumnCount)
+        if (isNumber && place >= 0 && place < columns)
             columnAt[place] = column;
         const int choice = values.value(2).toInt(&isNumber);
         if (isNumber && column != ActivityList::Name && choice >= (mayFold(column) ? 0 : 1) && choice <= 2)
             m_choices[static_cast<std::size_t>(column)] = static_cast<Choice>(choice);
     }
     if (columnAt.first() == ActivityList::Name && !columnAt.contains(-1))
-        for (int place = 0; place < ActivityList::ColumnCount; ++place)
+        for (int place = 0; place < columns; ++place)
             m_header.moveSection(m_header.visualIndex(columnAt[place]), place);
     bool isNumber = false;
-    const int sorted = parts[ActivityList::ColumnCount].toInt(&isNumber);
-    if (isNumber && sorted >= -1 && sorted < ActivityList::ColumnCount)
+    const int sorted = parts[columns].toInt(&isNumber);
+    if (isNumber && sorted >= -1 && sorted < columns)
         m_header.setSortIndicator(sorted, parts.last() == u"1" ? Qt::DescendingOrder : Qt::AscendingOrder);
     fold();
 }

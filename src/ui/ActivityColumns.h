@@ -12,6 +12,9 @@ class QMenu;
 class ActivityColumns final : public QObject {
     Q_OBJECT
   public:
+    /// Folding: hidden while no activity has anything in it but "-".
+    enum class Choice { Folding, Shown, Hidden };
+
     ActivityColumns(QHeaderView& header, const ActivityList& list, const StringTable& texts);
 
     /// Fills the menu with the commands on columns; on `column` too, if one is given.
@@ -23,8 +26,6 @@ class ActivityColumns final : public QObject {
     void RestoreLayout(const QString& layout);
 
   private:
-    /// Folding: hidden while no activity has anything in it but "-".
-    enum class Choice { Folding, Shown, Hidden };
     void setStandard();
     void fold();
     void move(int column, int steps);

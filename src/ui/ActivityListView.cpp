@@ -2,6 +2,7 @@
 
 #include "ActivityColumns.h"
 #include "ActivityList.h"
+#include "NextRunLook.h"
 #include "ResultLook.h"
 #include "modForeignText.h"
 #include <QHeaderView>
@@ -64,7 +65,10 @@ QString sortable(const QString& time) {
 /// The order on the screen. Activities still run in the order of the file.
 class ActivityOrder final : public QSortFilterProxyModel {
   public:
-    ActivityOrder(const ResultLook& results, QObject* parent) : QSortFilterProxyModel(parent), m_results(results) {}
+    ActivityOrder(const ResultLook& results, const NextRunLook& nextRuns, QObject* parent)
+        : QSortFilterProxyModel(parent), m_results(results), m_nextRuns(nextRuns) {}
+
+    void setSourceModel(QAbstractItemModel* list) override;
 
     /// Texts as they may be shown.
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
@@ -76,9 +80,32 @@ class ActivityOrder final : public QSortFilterProxyModel {
 
   private:
     [[nodiscard]] QVariant resultAt(const QModelIndex& index, int role) const;
+    [[nodiscard]] QVariant nextRunAt(const QModelIndex& index, int role) const;
 
     const ResultLook m_results; ///< a copy: it is asked even while the window is destroyed
+    NextRunLook m_nextRuns;
 };
+
+void ActivityOrder::setSourceModel(QAbstractItemModel* list) {
+    connect(list, &QAbstractItemModel::modelAboutToBeReset, this, [this] { m_nextRuns.Forget(); });
+    QSortFilterProxyModel::setSourceModel(list);
+}
+
+/// A comment with more below it.
+QString withComment(const QVariant& comment, const QString& sentence) {
+    return comment.toString() + u"<p style=\"white-space:pre-wrap\">" + sentence.toHtmlEscaped() + u"</p>";
+}
+
+QVariant ActivityOrder::nextRunAt(const QModelIndex& index, int role) const {
+    const int row = mapToSource(index).row();
+    if (role == Qt::DisplayRole)
+        return m_nextRuns.Shown(row);
+    const QString explanation = m_nextRuns.Explanation(row);
+    const QVariant comment = QSortFilterProxyModel::data(index, role);
+    if (role == Qt::AccessibleDescriptionRole)
+        return explanation;
+    return explanation.isEmpty() ? comment : withComment(comment, explanation);
+}
 
 /// The last result, beside the name: a picture, and what it means.
 QVariant ActivityOrder::resultAt(const QModelIndex& index, int role) const {
@@ -88,8 +115,7 @@ QVariant ActivityOrder::resultAt(const QModelIndex& index, int role) const {
     const QString sentence = m_results.Sentence(name);
     if (role != Qt::ToolTipRole)
         return sentence;
-    const QString comment = QSortFilterProxyModel::data(index, role).toString();
-    return QString(comment + u"<p style=\"white-space:pre-wrap\">" + sentence.toHtmlEscaped() + u"</p>");
+    return withComment(QSortFilterProxyModel::data(index, role), sentence);
 }
 
 QVariant ActivityOrder::headerData(int section, Qt::Orientation orientation, int role) const {
@@ -98,10 +124,14 @@ QVariant ActivityOrder::headerData(int section, Qt::Orientation orientation, int
 }
 
 QVariant ActivityOrder::data(const QModelIndex& index, int role) const {
-    const bool isOfResult =
-        role == Qt::DecorationRole || role == Qt::ToolTipRole || role == Qt::AccessibleDescriptionRole;
-    QVariant value = isOfResult && index.column() == ActivityList::Name ? resultAt(index, role)
-                                                                        : QSortFilterProxyModel::data(index, role);
+    const bool explains = role == Qt::ToolTipRole || role == Qt::AccessibleDescriptionRole;
+    QVariant value;
+    if (index.column() == ActivityList::Name && (explains || role == Qt::DecorationRole))
+        value = resultAt(index, role);
+    else if (index.column() == ActivityList::NextRun && (explains || role == Qt::DisplayRole))
+        value = nextRunAt(index, role);
+    else
+        value = QSortFilterProxyModel::data(index, role);
     if (role == Qt::DisplayRole)
         return modForeignText::OneLine(value.toString());
     if (role == Qt::ToolTipRole && value.isValid())
@@ -117,13 +147,15 @@ bool ActivityOrder::lessThan(const QModelIndex& left, const QModelIndex& right) 
         return a.toInt() < b.toInt();
     case ActivityList::LastRun:
         return sortable(a) < sortable(b);
+    case ActivityList::NextRun:
+        return m_nextRuns.Order(left.row()) < m_nextRuns.Order(right.row());
     default:
         return a.localeAwareCompare(b) < 0;
     }
 }
 
-ActivityOrder* makeOrder(ActivityList& list, const ResultLook& results, QTreeView& view) {
-    auto* order = new ActivityOrder(results, &view);
+ActivityOrder* makeOrder(ActivityList& list, const ResultLook& results, const NextRunLook& nextRuns, QTreeView& view) {
+    auto* order = new ActivityOrder(results, nextRuns, &view);
     order->setSourceModel(&list);
     order->setDynamicSortFilter(true);
     view.setModel(order);
@@ -132,9 +164,9 @@ ActivityOrder* makeOrder(ActivityList& list, const ResultLook& results, QTreeVie
 
 } // namespace
 
-ActivityListView::ActivityListView(ActivityList& list, const ResultLook& results, const StringTable& texts,
-                                   QWidget* parent)
-    : QTreeView(parent), m_list(list), m_order(*makeOrder(list, results, *this)),
+ActivityListView::ActivityListView(ActivityList& list, const ResultLook& results, const NextRunLook& nextRuns,
+                                   const StringTable& texts, QWidget* parent)
+    : QTreeView(parent), m_list(list), m_order(*makeOrder(list, results, nextRuns, *this)),
       m_columns(*new ActivityColumns(*header(), list, texts)) {
     setObjectName(QStringLiteral("lvwActivities"));
     setRootIsDecorated(false);
@@ -153,6 +185,31 @@ ActivityListView::ActivityListView(ActivityList& list, const ResultLook& results
     setSortingEnabled(true);
     connect(&m_order, &QAbstractItemModel::modelAboutToBeReset, this, &ActivityListView::keepSelection);
     connect(&m_order, &QAbstractItemModel::modelReset, this, &ActivityListView::restoreSelection);
+    m_nextRuns.setInterval(std::chrono::seconds(1));
+    connect(&m_nextRuns, &QTimer::timeout, this, &ActivityListView::showNextRuns);
+    connect(header(), &QHeaderView::sectionResized, this, &ActivityListView::followNextRuns); // shown or hidden, too
+}
+
+void ActivityListView::followNextRuns() {
+    const bool isShown = isVisible() && !header()->isSectionHidden(ActivityList::NextRun);
+    if (isShown != m_nextRuns.isActive())
+        isShown ? m_nextRuns.start() : m_nextRuns.stop();
+}
+
+/// Only what is painted is found out.
+void ActivityListView::showNextRuns() {
+    viewport()->update(columnViewportPosition(ActivityList::NextRun), 0, columnWidth(ActivityList::NextRun),
+                       viewport()->height());
+}
+
+void ActivityListView::showEvent(QShowEvent* event) {
+    QTreeView::showEvent(event);
+    followNextRuns();
+}
+
+void ActivityListView::hideEvent(QHideEvent* event) {
+    QTreeView::hideEvent(event);
+    followNextRuns();
 }
 
 QString ActivityListView::nameAt(const QModelIndex& shown) const {

@@ -1,13 +1,15 @@
-// Shows the list of activities as rows with check boxes, the picture of the last result and ten columns. Owns the sort
-// order and the selection, which it restores by name after a refill.
+// Shows the list of activities as rows with check boxes, the picture of the last result and eleven columns. Owns the
+// sort order and the selection, which it restores by name after a refill.
 #pragma once
 
 #include <QStringList>
+#include <QTimer>
 #include <QTreeView>
 #include <vector>
 
 class ActivityColumns;
 class ActivityList;
+class NextRunLook;
 class QSortFilterProxyModel;
 class ResultLook;
 class StringTable;
@@ -15,8 +17,8 @@ class StringTable;
 class ActivityListView final : public QTreeView {
     Q_OBJECT
   public:
-    ActivityListView(ActivityList& list, const ResultLook& results, const StringTable& texts,
-                     QWidget* parent = nullptr);
+    ActivityListView(ActivityList& list, const ResultLook& results, const NextRunLook& nextRuns,
+                     const StringTable& texts, QWidget* parent = nullptr);
 
     /// The activity that commands on one activity act on: the current row when it is selected, else the first selected
     /// row; "" when no row is selected.
@@ -44,10 +46,14 @@ class ActivityListView final : public QTreeView {
     void RowOpened(const QString& name);
 
   protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
+    void followNextRuns();
+    void showNextRuns();
     void keepSelection();
     void restoreSelection();
     [[nodiscard]] bool isOnCheckBox(const QModelIndex& index, const QPoint& position) const;
@@ -60,4 +66,5 @@ class ActivityListView final : public QTreeView {
     ActivityColumns& m_columns;
     QStringList m_keptSelection;
     QString m_keptCurrent;
+    QTimer m_nextRuns; ///< once a second while their column is shown
 };

@@ -1,8 +1,10 @@
 #include "EditorScheduleTab.h"
 
+#include "Clock.h"
 #include "EditorFields.h"
 #include "FormParts.h"
 #include "FormServices.h"
+#include "ScheduleWords.h"
 #include "StringTable.h"
 #include "modTriggerDate.h"
 #include <QButtonGroup>
@@ -23,6 +25,7 @@ enum Type { Seconds, Minutes, Hours, AtDate, AtTime };
 
 constexpr int longestInterval = 120;
 constexpr int longestSettle = 3600; // seconds
+constexpr int longestByTheClock = 999;
 
 const QString timeFormat = QStringLiteral("hh:mm");
 
@@ -57,22 +60,31 @@ void setWanted(MaskedField& field, bool wanted) {
 } // namespace
 
 EditorScheduleTab::EditorScheduleTab(const EditorServices& services)
-    : m_texts(services.texts), m_locale(services.locale), m_dateFormat(modTriggerDate::Format(services.locale)),
+    : m_texts(services.texts), m_clock(services.clock), m_locale(services.locale),
+      m_countsByTheClock(services.countsByTheClock), m_dateFormat(modTriggerDate::Format(services.locale)),
       m_types(new QButtonGroup(this)), sldInterval(new QSlider(Qt::Horizontal)), spnInterval(new QSpinBox),
       chkRunningMode(FormParts::CheckBox("chkRunningMode", m_texts[Text::OnceOnly])),
       txtDate(new MaskedField(m_dateFormat)), txtDateTime(new MaskedField(timeFormat)),
       cmdSelectDate(new QPushButton(m_texts[Text::SelectDate])), txtTime(new MaskedField(timeFormat)),
-      chkDaily(FormParts::CheckBox("chkDaily", m_texts[Text::Daily])), spnSettle(new QSpinBox) {
+      chkDaily(FormParts::CheckBox("chkDaily", m_texts[Text::Daily])), spnSettle(new QSpinBox),
+      lblWhen(FormParts::PlainText("lblWhen", {})) {
     auto* all = new QVBoxLayout(this);
     all->addWidget(buildInterval());
     all->addWidget(buildFixedTimes());
     all->addWidget(buildChanges());
+    lblWhen->setWordWrap(true);
+    all->addWidget(lblWhen);
     all->addStretch(1);
     bindFields();
     FormParts::EnterAtChosen(*m_types);
     connect(m_types, &QButtonGroup::idToggled, this, &EditorScheduleTab::followSchedule);
     connect(chkDaily, &QCheckBox::toggled, this, &EditorScheduleTab::followSchedule);
     connect(cmdSelectDate, &QPushButton::clicked, this, &EditorScheduleTab::pickDate);
+    connect(spnInterval, &QSpinBox::valueChanged, this, &EditorScheduleTab::showWords);
+    for (const QCheckBox* box : {chkRunningMode, chkDaily, chkWatch})
+        connect(box, &QCheckBox::toggled, this, &EditorScheduleTab::showWords);
+    for (const MaskedField* field : {txtDate, txtDateTime, txtTime})
+        connect(field, &MaskedField::textChanged, this, &EditorScheduleTab::showWords);
     followSchedule();
 }
 
@@ -94,7 +106,7 @@ QGroupBox* EditorScheduleTab::buildInterval() {
     sldInterval->setPageStep(10);
     sldInterval->setTickPosition(QSlider::TicksBelow);
     sldInterval->setTickInterval(10);
-    spnInterval->setRange(1, longestInterval);
+    spnInterval->setRange(1, m_countsByTheClock ? longestByTheClock : longestInterval);
     // Wide enough for every unit, so that nothing jumps.
     int widest = 0;
     for (const int unit : {Seconds, Minutes, Hours}) {
@@ -102,7 +114,10 @@ QGroupBox* EditorScheduleTab::buildInterval() {
         widest = std::max(widest, spnInterval->sizeHint().width());
     }
     spnInterval->setMinimumWidth(widest);
-    connect(spnInterval, &QSpinBox::valueChanged, sldInterval, &QSlider::setValue);
+    connect(spnInterval, &QSpinBox::valueChanged, sldInterval, [this](int value) {
+        sldInterval->setMaximum(std::max(sldInterval->maximum(), value));
+        sldInterval->setValue(value);
+    });
     connect(sldInterval, &QSlider::valueChanged, spnInterval, &QSpinBox::setValue);
     auto* interval = new QHBoxLayout;
     interval->setSpacing(16);
@@ -197,7 +212,7 @@ void EditorScheduleTab::Show(const ActivityRecord& record) {
     // Opening the editor must not shorten a longer interval.
     const int longest = std::max(longestInterval, record.Number(ActivityField::Interval));
     sldInterval->setMaximum(longest);
-    spnInterval->setMaximum(longest);
+    spnInterval->setMaximum(std::max(longest, spnInterval->maximum()));
     spnSettle->setMaximum(std::max(longestSettle, record.Number(ActivityField::SettleSeconds)));
     m_bindings.Show(record);
     followSchedule();
@@ -218,6 +233,50 @@ void EditorScheduleTab::followSchedule() {
     setWanted(*txtTime, type == AtTime);
     chkDaily->setEnabled(type == AtTime);
     chkWatch->setEnabled(isInterval || (type == AtTime && chkDaily->isChecked()));
+    showWords();
+}
+
+ScheduleFacts EditorScheduleTab::facts() const {
+    ScheduleFacts facts;
+    facts.interval = spnInterval->value();
+    facts.isOnceOnly = chkRunningMode->isChecked();
+    facts.countsByTheClock = m_countsByTheClock;
+    facts.isDaily = chkDaily->isChecked();
+    facts.isWatched = chkWatch->isEnabledTo(this) && chkWatch->isChecked();
+    const auto timeOf = [](const MaskedField& field) {
+        return QTime::fromString(field.Shown(), QStringLiteral("hh:mm"));
+    };
+    switch (m_types->checkedId()) {
+    case Seconds:
+        facts.kind = ScheduleFacts::Kind::Seconds;
+        break;
+    case Minutes:
+        facts.kind = ScheduleFacts::Kind::Minutes;
+        break;
+    case Hours:
+        facts.kind = ScheduleFacts::Kind::Hours;
+        break;
+    case AtDate:
+        facts.kind = ScheduleFacts::Kind::Date;
+        facts.date = modTriggerDate::Read(ShownDate(), m_locale);
+        facts.time = timeOf(*txtDateTime);
+        break;
+    case AtTime:
+        facts.kind = ScheduleFacts::Kind::TimeOfDay;
+        facts.time = timeOf(*txtTime);
+        break;
+    default:
+        break;
+    }
+    const QDateTime now = QDateTime::fromSecsSinceEpoch(std::chrono::system_clock::to_time_t(m_clock.Now()));
+    facts.isPast = QDateTime(facts.date, facts.time).addSecs(60) <= now;
+    facts.dayName = QLocale(m_texts[Text::NameOfLanguage]).dayName(facts.date.dayOfWeek());
+    facts.dateText = facts.date.toString(m_dateFormat);
+    return facts;
+}
+
+void EditorScheduleTab::showWords() {
+    lblWhen->setText(ScheduleWords::Of(facts(), m_texts));
 }
 
 void EditorScheduleTab::pickDate() {

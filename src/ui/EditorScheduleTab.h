@@ -6,6 +6,7 @@
 #include <QString>
 #include <QWidget>
 
+class Clock;
 class MaskedField;
 class QButtonGroup;
 class QCheckBox;
@@ -16,6 +17,7 @@ class QSlider;
 class QSpinBox;
 class StringTable;
 struct EditorServices;
+struct ScheduleFacts;
 
 class EditorScheduleTab final : public QWidget {
     Q_OBJECT
@@ -36,10 +38,14 @@ class EditorScheduleTab final : public QWidget {
     [[nodiscard]] QGroupBox* buildChanges();
     void bindFields();
     void followSchedule();
+    [[nodiscard]] ScheduleFacts facts() const;
+    void showWords();
     void pickDate();
 
     const StringTable& m_texts;
+    const Clock& m_clock;
     QLocale m_locale;
+    bool m_countsByTheClock;
     QString m_dateFormat;
     QButtonGroup* m_types;
     QSlider* sldInterval;
@@ -54,5 +60,6 @@ class EditorScheduleTab final : public QWidget {
     QCheckBox* chkDaily;
     QCheckBox* chkWatch = nullptr;
     QSpinBox* spnSettle;
+    QLabel* lblWhen;
     RecordBindings m_bindings;
 };

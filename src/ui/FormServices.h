@@ -25,5 +25,6 @@ struct EditorServices : FormServices {
     const Clock& clock;
     DesktopMailClient& desktopMail;
     const clsGetSystemDirectoryPaths& system;
-    QLocale locale; ///< of dates: the one the schedulers read them with
+    QLocale locale;                ///< of dates: the one the schedulers read them with
+    bool countsByTheClock = false; ///< the general option
 };

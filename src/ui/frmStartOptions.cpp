@@ -90,6 +90,7 @@ frmStartOptions::frmStartOptions(const FormServices& services, Autostart& autost
     all->addWidget(buildSwitches(options));
     all->addWidget(buildLogFile(options));
     all->addWidget(buildSummary(options));
+    all->addWidget(buildSchedule(options));
     all->addStretch();
     all->addWidget(buildButtons());
     m_switches.front()->setFocus();
@@ -153,6 +154,24 @@ QGroupBox* frmStartOptions::buildSummary(const Options& options) {
     return frame;
 }
 
+QGroupBox* frmStartOptions::buildSchedule(const Options& options) {
+    const StringTable& texts = m_services.texts;
+    auto* frame = FormParts::Group(texts[Text::Schedules]);
+    auto* rows = new QVBoxLayout(frame);
+    const auto addBox = [&](const char* name, Text caption, Text hint, bool isOn) {
+        QCheckBox* box = FormParts::CheckBox(name, texts[caption]);
+        box->setChecked(isOn);
+        box->setToolTip(Qt::convertFromPlainText(texts[hint]));
+        box->setAccessibleDescription(texts[hint]);
+        rows->addWidget(box);
+        return box;
+    };
+    m_countByTheClock =
+        addBox("chkCountByTheClock", Text::CountByTheClock, Text::CountByTheClockHint, options.countByTheClock);
+    m_runMissed = addBox("chkRunMissed", Text::RunMissedLate, Text::RunMissedHint, options.runMissed);
+    return frame;
+}
+
 QDialogButtonBox* frmStartOptions::buildButtons() {
     auto* buttons = new QDialogButtonBox(this);
     const StringTable& texts = m_services.texts;
@@ -173,6 +192,8 @@ Options frmStartOptions::Values() const {
     options.summaryInLog = m_summaryInLog->isChecked();
     options.summaryInMail = m_summaryInMail->isChecked();
     options.notify = m_notify->currentIndex();
+    options.countByTheClock = m_countByTheClock->isChecked();
+    options.runMissed = m_runMissed->isChecked();
     return options;
 }
 

@@ -28,6 +28,8 @@ class frmStartOptions final : public QDialog {
         QString loggingPath; ///< "" = no application log
         bool summaryInLog = false;
         bool summaryInMail = false;
+        bool countByTheClock = false;
+        bool runMissed = false;
         int notify = 0;        ///< the row of cboNotify
         bool canNotify = true; ///< else that row is hidden
     };
@@ -49,6 +51,7 @@ class frmStartOptions final : public QDialog {
     QGroupBox* buildSwitches(const Options& options);
     QGroupBox* buildLogFile(const Options& options);
     QGroupBox* buildSummary(const Options& options);
+    QGroupBox* buildSchedule(const Options& options);
     QDialogButtonBox* buildButtons();
     void save();
     void selectFile();
@@ -62,4 +65,6 @@ class frmStartOptions final : public QDialog {
     QCheckBox* m_summaryInLog = nullptr;
     QCheckBox* m_summaryInMail = nullptr;
     QComboBox* m_notify = nullptr;
+    QCheckBox* m_countByTheClock = nullptr;
+    QCheckBox* m_runMissed = nullptr;
 };

@@ -34,6 +34,12 @@ struct Scene : ProgramFixture {
             all.append(settings->values.value(u"Kalvenor/Summary/"_qs + key));
         return all;
     }
+    QStringList StoredSchedule() const {
+        QStringList all;
+        for (const QString& key : {u"EvenIntervals"_qs, u"RunMissed"_qs})
+            all.append(settings->values.value(u"Kalvenor/Schedule/"_qs + key));
+        return all;
+    }
 
     DialogHost dialogs;
     FakeFilePicker picker;
@@ -94,23 +100,27 @@ class TestDialogs : public QObject {
         QVERIFY(options.SummaryInLog() && !options.SummaryInMail());
         const auto changeTheOthers = [](frmStartOptions& form) {
             Find<QCheckBox>(form, "chkSummaryInMail").click();
+            Find<QCheckBox>(form, "chkCountByTheClock").click();
             Find<QComboBox>(form, "cboNotify").setCurrentIndex(2);
         };
         scene.Edit([&](frmStartOptions& form) {
             changeTheOthers(form);
             form.close();
         });
-        for (const char* failing : {"ToTray", "Notify"}) { // all or none, in two sections
+        for (const char* failing : {"ToTray", "Notify", "RunMissed"}) { // all or none, in three sections
             scene.settings->failing = QLatin1String(failing);
             scene.Edit(changeTheOthers);
             QCOMPARE(scene.StoredSummary(), QStringList({u"1"_qs, u"0"_qs, u"0"_qs}));
-            QVERIFY(!options.SummaryInMail() && options.Notify == 0);
+            QVERIFY(!options.SummaryInMail() && options.Notify == 0 && !options.EvenIntervals());
+            QVERIFY(scene.StoredSchedule().value(0) != u"1");
         }
         scene.settings->failing.clear();
         scene.Edit(changeTheOthers);
         QCOMPARE(scene.StoredSummary(), QStringList({u"1"_qs, u"1"_qs, u"2"_qs}));
         options.ReadRegistry();
         QVERIFY(options.SummaryInLog() && options.SummaryInMail() && options.Notify == 2);
+        QCOMPARE(scene.StoredSchedule(), QStringList({u"1"_qs, u"0"_qs}));
+        QVERIFY(options.EvenIntervals() && !options.RunMissed());
     }
 
     void cancelWritesWhatWas() {

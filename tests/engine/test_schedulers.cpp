@@ -1,3 +1,4 @@
+#include "NextRuns.h"
 #include "ProgramFixture.h"
 #include "SystemWorld.h"
 #include "Table.h"
@@ -55,6 +56,119 @@ class TestSchedulers final : public QObject {
         QCOMPARE(fixture.Read(u"Kalvenor.kvd"_qs).contains("<activ>0</activ>"), isOver);
         QVERIFY(!isOver || fixture.Log(A).last() == u"Monitoring 'A stopped.");
         QVERIFY(!fixture.Exists(u"app.log"_qs)); // never created
+    }
+
+    /// Every interval, from whatever place in the round: it runs when that was foretold, or never.
+    void whatIsForetoldComesTrue_data() {
+        const Table<QString, std::chrono::seconds, int> row;
+        row("seconds", "0", 1s, 200);
+        row("minutes", "1", 60s, 200);
+        row("hours", "2", 3600s, 60);
+    }
+    void whatIsForetoldComesTrue() {
+        const auto [type, step, ticks] = Table<QString, std::chrono::seconds, int>::Current();
+        Spring fixture;
+        for (int interval = 1; interval <= 130; ++interval)
+            if (type != u"1" || (interval != 60 && interval != 61)) // in minute 60 they hold up the others' counter
+                fixture.Add(u"I%1"_qs.arg(interval), u"logfile= type=%1 intervall=%2"_qs.arg(type).arg(interval));
+        Program& program = fixture.StartMonitoring();
+        ActivityList& list = program.List();
+        for (int tick = 1; tick <= ticks; ++tick) {
+            std::vector<std::optional<Moments::Second>> foretold;
+            QList<int> runs;
+            for (int row = 1; row < list.Rows(); ++row) {
+                foretold.push_back(program.Next().Of(row).at);
+                runs.append(fixture.Runs(list.NameAt(row)));
+            }
+            fixture.Pass(step, step);
+            for (int row = 1; row < list.Rows(); ++row) {
+                const bool hasRun = fixture.Runs(list.NameAt(row)) > runs[row - 1];
+                const auto at = foretold[static_cast<std::size_t>(row) - 1];
+                QVERIFY2(hasRun == (at == fixture.clock->now), qPrintable(list.NameAt(row)));
+                // To be kept until then.
+                const NextRun next = program.Next().Of(row);
+                QVERIFY2(hasRun || next.at == at, qPrintable(list.NameAt(row)));
+                QVERIFY(next.at || next.reason == NeverRuns::Stalls);
+            }
+            if (tick % 7 == 0) // another place in the round
+                list.Readmit(list.NameAt(1 + tick % (list.Rows() - 1)));
+        }
+    }
+
+    void intervalsByTheClock_data() {
+        // What happens at second 15, and the seconds in which A runs within two minutes.
+        const Table<QString, QString, bool, QString> row;
+        row("7 s", "type=0 intervall=7", "", false, "7 14 21 28 35 42 49 56 63 70 77 84 91 98 105 112 119");
+        row("59 s is due", "type=0 intervall=59", "", false, "59 118");
+        row("1 min", "type=1 intervall=1", "", false, "60 120");
+        row("no number", "type=0 intervall=ten", "", false, "");
+        row("none", "type=0 intervall=0", "", true, "");
+        row("clock set forward", "type=0 intervall=20", "forward", false, "20 40 60 80 100 120");
+        row("clock set back", "type=0 intervall=20", "back", true, "20 40 60 80 100 120");
+        row("slept", "type=0 intervall=20", "sleep", false, "60 80 100 120");
+        row("slept, made up for once", "type=0 intervall=20", "sleep", true, "51 60 80 100 120");
+        row("long run", "type=0 intervall=10", "long run", false, "41 50 60 70 80 90 100 110 120");
+        row("long run, made up for once", "type=0 intervall=10", "long run", true, "41 42 50 60 70 80 90 100 110 120");
+        row("ticked again", "type=0 intervall=20", "tick", false, "36 56 76 96 116");
+        row("refilled", "type=0 intervall=20", "refill", false, "20 40 60 80 100 120");
+        row("new interval", "type=0 intervall=20", "interval", false, "46 76 106");
+        row("once only", "type=0 intervall=20 runningmode=1", "", true, "20");
+        row("option off, then on", "type=0 intervall=30", "option", false, "46 76 106");
+        row("from now on", "type=0 intervall=30", "late option", false, "31 61 91");
+    }
+    void intervalsByTheClock() {
+        const auto [fields, event, late, seconds] = Table<QString, QString, bool, QString>::Current();
+        Spring fixture;
+        fixture.Add(A, fields);
+        Program& program = fixture.Start();
+        program.Options().CountByTheClock = event == u"late option" ? 0 : 1;
+        program.Options().RunLate = late ? 1 : 0;
+        program.Monitoring().ToggleMonitoring();
+        const auto begun = fixture.clock->ElapsedNow();
+        const auto second = [&] {
+            return std::chrono::floor<std::chrono::seconds>(fixture.clock->ElapsedNow() - begun).count();
+        };
+        QStringList runs; // the second in which each ended
+        const auto pass = [&](std::chrono::seconds span) {
+            for (auto passed = 0s; passed < span; passed += 1s) {
+                const qsizetype before = fixture.Log(A).filter(u"Checking finished"_qs).size();
+                fixture.Pass(1s);
+                if (fixture.Log(A).filter(u"Checking finished"_qs).size() > before)
+                    runs.append(QString::number(second()));
+            }
+        };
+        bool wasLong = false;
+        fixture.pump->onYield = [&] {
+            if (event != u"long run" || wasLong || program.State().Progress().activity != A)
+                return;
+            wasLong = true;
+            fixture.clock->Advance(31s);
+        };
+        const auto setOption = [&](std::uint8_t on) {
+            program.Options().CountByTheClock = on;
+            pass(1s);
+        };
+        pass(15s);
+        if (event == u"forward" || event == u"back")
+            fixture.clock->Set(event == u"back" ? -100h : 100h);
+        if (event == u"sleep")
+            fixture.clock->Sleep(35s);
+        if (event == u"tick")
+            for (const Qt::CheckState state : {Qt::Unchecked, Qt::Checked})
+                QVERIFY(program.List().setData(program.List().index(1, 0), state, Qt::CheckStateRole));
+        if (event == u"refill")
+            program.List().Refill();
+        if (event == u"interval")
+            program.File().Write(A, ActivityField::Interval, u"30"_qs);
+        if (event == u"option")
+            setOption(0);
+        if (event == u"option" || event == u"late option")
+            setOption(1);
+        while (second() < 120)
+            pass(1s);
+        QCOMPARE(runs.join(u' '), seconds.isNull() ? u""_qs : seconds);
+        const bool isLate = late && (event == u"sleep" || event == u"long run");
+        QCOMPARE(fixture.Log(A).filter(u"Missed at 01.03.2026 00:00:"_qs).size(), isLate ? 1 : 0);
     }
 
     void triggerDates() {

@@ -43,7 +43,7 @@ class TestActivityList : public QObject {
         QStringList columns;
         for (int column = 1; column < ActivityList::ColumnCount; ++column)
             columns.append(store.Data(0, column, Qt::DisplayRole).toString());
-        QCOMPARE(columns.join(u'|'), u"/s|/t|Time: 08:00 (Daily) - Move files||0|/l|-|All|-"_qs);
+        QCOMPARE(columns.join(u'|'), u"/s|/t|Time: 08:00 (Daily) - Move files||0|/l|-|All|-|"_qs);
     }
 
     void clickWritesAndSaves() {

@@ -48,9 +48,24 @@ class FakeClock final : public Clock {
     std::chrono::system_clock::time_point Now() const override { return now; }
     std::chrono::steady_clock::time_point MonotonicNow() const override {
         now += step;
-        return std::chrono::steady_clock::time_point(now.time_since_epoch());
+        return std::chrono::steady_clock::time_point(now.time_since_epoch() - wrong - slept);
+    }
+    std::chrono::steady_clock::time_point ElapsedNow() const override {
+        return std::chrono::steady_clock::time_point(now.time_since_epoch() - wrong);
     }
     void Advance(std::chrono::milliseconds span) { now += span; }
+    /// The machine sleeps.
+    void Sleep(std::chrono::seconds span) {
+        now += span;
+        slept += span;
+    }
+    /// Somebody sets the wall clock.
+    void Set(std::chrono::seconds span) {
+        now += span;
+        wrong += span;
+    }
+    std::chrono::seconds slept{0};
+    std::chrono::seconds wrong{0};
     mutable std::chrono::system_clock::time_point now = std::chrono::system_clock::from_time_t(1795000000);
     std::chrono::seconds step{0}; ///< that passes with each look at the monotonic clock
 };

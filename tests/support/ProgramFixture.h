@@ -115,6 +115,8 @@ class ProgramFixture : public ScratchFolder {
             for (TimerEx* timer : {&timers.tmrMonitoring, &timers.tmrMinutes, &timers.tmrHours, &timers.tmrTime,
                                    &timers.tmrDate, &timers.tmrChanges})
                 timer->Poll();
+            for (TimerEx* timer : timers.Even())
+                timer->Poll();
             QCoreApplication::sendPostedEvents(); // what comes after the tick
         }
     }

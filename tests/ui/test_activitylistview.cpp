@@ -3,6 +3,7 @@
 #include "ActivityList.h"
 #include "ActivityListView.h"
 #include "Fakes.h"
+#include "NextRunLook.h"
 #include "ResultLook.h"
 #include "RunResults.h"
 #include "RunState.h"
@@ -34,7 +35,10 @@ struct Scene : ScratchStore {
     FakeClock clock;
     RunResults results{file, files, clock, {}};
     ResultLook look{results, file, texts};
-    ActivityListView view{list, look, texts};
+    NextRun next[3];
+    int asked = 0; ///< for a next run
+    NextRunLook nextRuns{[this](int row) { return ++asked, next[row]; }, clock, texts};
+    ActivityListView view{list, look, nextRuns, texts};
 };
 
 } // namespace
@@ -59,6 +63,33 @@ class TestActivityListView final : public QObject {
         QCOMPARE(order(ActivityList::Count, {u"10"_qs, u"9"_qs, u"-"_qs}), backwards);
         QCOMPARE(order(ActivityList::LastRun, {u"01.02.2026 07:00:00"_qs, u"02.01.2026 08:00:00"_qs, u"-"_qs}),
                  backwards);
+    }
+
+    /// Nothing is found out while the column is hidden.
+    void theNextRunIsShownWhereItIsWanted() {
+        Scene scene;
+        scene.clock.now = std::chrono::sys_days(std::chrono::year(2026) / 3 / 1);
+        scene.next[0].at =
+            Moments::Second(std::chrono::sys_days(std::chrono::year(2026) / 3 / 2)) + std::chrono::hours(8);
+        scene.next[1].at = *scene.next[0].at - std::chrono::hours(24);
+        scene.next[1].held = u"no <drive>"_qs;
+        scene.next[2].reason = NeverRuns::Stalls;
+        scene.view.resize(3000, 400);
+        scene.view.show();
+        QCOMPARE(scene.asked, 0);
+        QHeaderView& header = *scene.view.header();
+        header.showSection(ActivityList::NextRun);
+        scene.view.sortByColumn(ActivityList::NextRun, Qt::AscendingOrder);
+        QCOMPARE(scene.Shown(), (QStringList{u"Two"_qs, u"One"_qs, u"Three"_qs}));
+        QCOMPARE(scene.asked, 3);
+        const auto at = [&](int row, int role) {
+            return scene.view.model()->index(row, ActivityList::NextRun).data(role).toString();
+        };
+        QCOMPARE(at(0, Qt::DisplayRole), u"08:00:00"_qs);
+        QCOMPARE(at(1, Qt::DisplayRole), u"02.03.2026 08:00:00"_qs);
+        QCOMPARE(at(2, Qt::DisplayRole), u"never"_qs);
+        QVERIFY(at(0, Qt::ToolTipRole).contains(u"no &lt;drive&gt;"));
+        QCOMPARE(at(2, Qt::AccessibleDescriptionRole), scene.texts[Text::NeverStalls]);
     }
 
     void columnsAreRestoredUnlessTheLayoutIsBroken() {
@@ -102,6 +133,10 @@ class TestActivityListView final : public QObject {
         restored.view.Columns().RestoreLayout(scene.view.Columns().Layout());
         QVERIFY(restored.view.header()->isSectionHidden(ActivityList::Status));
         QCOMPARE(restored.view.header()->visualIndex(ActivityList::LastRun), 1);
+        choose(restored.view, -1, u"Next run"_qs);
+        Scene shown;
+        shown.view.Columns().RestoreLayout(restored.view.Columns().Layout());
+        QVERIFY(!shown.view.header()->isSectionHidden(ActivityList::NextRun));
         choose(restored.view, -1, u"Standard columns"_qs);
         QCOMPARE(restored.view.Columns().Layout(), Scene().view.Columns().Layout());
     }

@@ -7,6 +7,7 @@
 #include "ModalForm.h"
 #include "ScratchStore.h"
 #include "StoreError.h"
+#include "Table.h"
 #include "clsGetSystemDirectoryPaths.h"
 #include "frmOptions.h"
 #include "modNativePath.h"
@@ -157,6 +158,48 @@ class TestFrmOptions : public QObject {
         // Shown again, it is the same activity.
         frmOptions again(world.Services(), world.Request(q("Photos"), expected));
         QCOMPARE(difference(again.Record(), expected), QString());
+    }
+
+    void theScheduleIsSaidInWords_data() {
+        const Table<bool, QString, QString> row;
+        // by the clock, controls and what is typed in them, words
+        row("nothing", false, "", "Choose when the activity runs.");
+        row("as it is", false, "optMinutes=+ spnInterval=10",
+            "Runs every 10 minutes while monitoring is on. Counted in rounds, it runs first after 10 minutes, then "
+            "after "
+            "pauses of 10 to 11 minutes.");
+        row("a second later", false, "optSeconds=+ spnInterval=60",
+            "Runs every 60 seconds while monitoring is on. Counted in rounds, it runs first after 1 second, then after "
+            "pauses of 59 seconds.");
+        row("never", false, "optSeconds=+ spnInterval=59",
+            "With this number it never runs. \"Count intervals by the clock\" in the general options avoids that.");
+        row("stops", false, "optHours=+ spnInterval=24",
+            "Runs every 24 hours while monitoring is on. With this number it stops after one run, until monitoring is "
+            "started again. \"Count intervals by the clock\" in the general options avoids that.");
+        row("by the clock", true, "optHours=+ spnInterval=999", "Runs every 999 hours while monitoring is on.");
+        row("each", true, "optSeconds=+ spnInterval=1", "Runs every second while monitoring is on.");
+        row("once", true, "optSeconds=+ spnInterval=7 chkRunningMode=+",
+            "Runs once, 7 seconds after monitoring starts.");
+        row("no date", true, "optDate=+ txtDateTime=0815", "The date is missing.");
+        row("no time", true, "optDate=+ txtDate=12242030", "The time of day is missing, from 00:00 to 23:59.");
+        row("wrong time", true, "optTime=+ txtTime=2401", "The time of day is missing, from 00:00 to 23:59.");
+        row("date", true, "optDate=+ txtDate=12242030 txtDateTime=0815", "Runs once, on Tuesday, 12/24/2030 at 08:15.");
+        row("past", true, "optDate=+ txtDate=12242020 txtDateTime=0815",
+            "Runs once, on Thursday, 12/24/2020 at 08:15. This moment is in the past: the activity does not run.");
+        row("daily", true, "optTime=+ txtTime=0800 chkDaily=+", "Runs every day at 08:00.");
+        row("next", true, "optTime=+ txtTime=0800 chkDaily=-", "Runs once, the next time it is 08:00.");
+    }
+    void theScheduleIsSaidInWords() {
+        const auto [byTheClock, typed, words] = Table<bool, QString, QString>::Current();
+        EditorWorld world;
+        EditorServices services = world.Services();
+        services.countsByTheClock = byTheClock;
+        ActivityRecord record = world.Usable();
+        record.SetText(F::Type, {});
+        frmOptions form(services, world.Request({}, record));
+        for (const QString& one : typed.split(u' ', Qt::SkipEmptyParts))
+            enter(form, one.section(u'=', 0, 0).toUtf8().constData(), one.section(u'=', 1).toUtf8().constData());
+        QCOMPARE(Find<QLabel>(form, "lblWhen").text(), words);
     }
 
     void whatIsOnlyLookedAtStays() {

@@ -14,8 +14,12 @@ bool EditorDialog::Edit(const QString& name, const ActivityRecord& record, const
                              .picker = m_picker,
                              .files = *services.ownFiles,
                              .settings = *services.settings};
-    const EditorServices needed{
-        {forms}, *services.clock, *services.desktopMail, services.systemDirectories, QLocale::system()};
+    const EditorServices needed{{forms},
+                                *services.clock,
+                                *services.desktopMail,
+                                services.systemDirectories,
+                                QLocale::system(),
+                                m_program.Options().EvenIntervals()};
     // A document that could not be loaded takes no name at all; the save has a better reason.
     const auto isUsableName = [this](const QString& wanted) {
         return !m_program.File().IsLoaded() || m_program.Document().IsUsableName(wanted);

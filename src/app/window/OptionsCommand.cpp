@@ -16,7 +16,7 @@ struct Switch {
     bool Form::*shown;
 };
 
-constexpr std::array<Switch, 9> switches{{
+constexpr std::array<Switch, 11> switches{{
     {&clsWatcher::ActivateWhileWindowsStarting, &Form::startWithWindows},
     {&clsWatcher::ToTray, &Form::minToTray},
     {&clsWatcher::Shutdown, &Form::shutdown},
@@ -26,6 +26,8 @@ constexpr std::array<Switch, 9> switches{{
     {&clsWatcher::StopIfFolderNotExist, &Form::stopIfFolderNotExist},
     {&clsWatcher::SummaryLine, &Form::summaryInLog},
     {&clsWatcher::MailVariables, &Form::summaryInMail},
+    {&clsWatcher::CountByTheClock, &Form::countByTheClock},
+    {&clsWatcher::RunLate, &Form::runMissed},
 }};
 
 Form toForm(const clsWatcher& options) {

@@ -6,6 +6,7 @@
 #include "DialogHost.h"
 #include "EmptyListHint.h"
 #include "Icons.h"
+#include "NextRunLook.h"
 #include "frmDisclaimer.h"
 #include "modOpenExplorer.h"
 #include <QCloseEvent>
@@ -42,7 +43,10 @@ frmMain::frmMain(Program& program, const Tools& tools)
     : m_program(program), m_dialogs(tools.dialogs),
       m_menu(*this, program.Texts(), [this](Command command) { run(command); }),
       m_results(program.Results(), program.File(), program.Texts()),
-      m_view(new ActivityListView(program.List(), m_results, program.Texts(), this)),
+      m_view(new ActivityListView(program.List(), m_results,
+                                  NextRunLook([&program](int row) { return program.Next().Of(row); },
+                                              *program.Services().clock, program.Texts()),
+                                  program.Texts(), this)),
       m_hint(new EmptyListHint(program.Texts())), m_status(*statusBar(), program, m_results),
       m_tray(program.Texts(), Program::Title(), [this](Command command) { run(command); }),
       m_placement(*this, *program.Services().settings), m_runNow(program, tools.dialogs, tools.picker),

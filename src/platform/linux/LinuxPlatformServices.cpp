@@ -77,7 +77,7 @@ PlatformServices MakePlatformServices() {
     const auto configHome = baseFolder("XDG_CONFIG_HOME", ".config");
     const auto stateHome = baseFolder("XDG_STATE_HOME", ".local/state");
     PlatformServices services;
-    services.clock = std::make_unique<RealClock>();
+    services.clock = MakeLinuxClock();
     services.eventPump = std::make_unique<QtEventPump>();
     services.fileSystem = MakeLinuxFileSystem();
     services.folderWatches = std::make_unique<InotifyWatches>();

@@ -1,6 +1,7 @@
 // Makes the services of Linux that are known by their interfaces only. None of these functions fails.
 #pragma once
 
+#include "Clock.h"
 #include "DesktopEntries.h"
 #include "FileSystem.h"
 #include "Locks.h"
@@ -45,6 +46,9 @@ inline constexpr const char* OwnDesktopEntry = "kalvenor-activities";
 /// logind (org.freedesktop.login1 on the system bus), which ends the sessions in good order. It refuses when there is
 /// no bus, no logind, no permission, or no answer within ten seconds.
 [[nodiscard]] std::unique_ptr<PowerControl> MakePowerControl();
+
+/// Its elapsed time is CLOCK_BOOTTIME; CLOCK_MONOTONIC stands still while the machine sleeps.
+[[nodiscard]] std::unique_ptr<Clock> MakeLinuxClock();
 
 /// A system call: 0, or -1 with errno.
 using SetTime = int (*)(clockid_t, const timespec*);
