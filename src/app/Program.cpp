@@ -42,9 +42,7 @@ struct Program::Engine {
           logs(services, ownPlaces), reactions(services, logs, interruptions),
           mail({.file = services.file,
                 .logs = logs,
-                .settings = *program.m_services.settings,
-                .names = *program.m_services.nameService,
-                .clock = services.clock,
+                .mail = program.Mail(),
                 .desktop = *program.m_services.desktopMail,
                 .texts = services.texts,
                 .runState = services.runState}),
@@ -94,6 +92,14 @@ Program::~Program() = default;
 
 MonitoringController& Program::Monitoring() {
     return m_engine->monitoring;
+}
+
+MailServices Program::Mail() {
+    return {.settings = *m_services.settings,
+            .names = *m_services.nameService,
+            .clock = *m_services.clock,
+            .passwords = *m_services.passwords,
+            .texts = m_texts};
 }
 
 QString Program::Title() {

@@ -143,6 +143,7 @@ class ProgramFixture : public ScratchFolder {
     FakePowerControl* const power = putInto<FakePowerControl>(services.power);
     FakeNameService* const names = putInto<FakeNameService>(services.nameService);
     FakeNotifier* const notifier = putInto<FakeNotifier>(services.notifier);
+    FakePasswordStore* const passwords = putInto<FakePasswordStore>(services.passwords);
     FakeAutostart* const autostart = putInto<FakeAutostart>(services.autostart);
     FakeServiceManager* const serviceManager = putInto<FakeServiceManager>(services.serviceManager);
     FakeSystemClock* const systemClock = putInto<FakeSystemClock>(services.systemClock);
