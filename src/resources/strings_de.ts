@@ -2312,7 +2312,7 @@ Soll die Aktivität auf dem Laufwerk laufen, das jetzt da ist? Mit "Nein" wartet
     </message>
     <message id="943">
         <source>Send a &amp;test mail</source>
-        <translation>&amp;Testmail senden</translation>
+        <translation>Testmail &amp;senden</translation>
     </message>
     <message id="944">
         <source>Sending a test mail ...</source>

@@ -1,6 +1,7 @@
 // What forms need of the rest of the program. References only: whoever opens a form keeps them alive meanwhile.
 #pragma once
 
+#include "TestMail.h"
 #include <QLocale>
 
 class Clock;
@@ -26,4 +27,5 @@ struct EditorServices : FormServices {
     DesktopMailClient& desktopMail;
     const clsGetSystemDirectoryPaths& system;
     QLocale locale; ///< of dates: the one the schedulers read them with
+    SendTestMail sendTestMail;
 };

@@ -1,6 +1,7 @@
 #include "ActivityEditor.h"
 
 #include "DialogHost.h"
+#include "DispatchedTestMail.h"
 #include "Program.h"
 #include "RunNowCommands.h"
 #include "frmOptions.h"
@@ -15,7 +16,8 @@ bool EditorDialog::Edit(const QString& name, const ActivityRecord& record, const
                              .files = *services.ownFiles,
                              .settings = *services.settings};
     const EditorServices needed{
-        {forms}, *services.clock, *services.desktopMail, services.systemDirectories, QLocale::system()};
+        {forms},           *services.clock,       *services.desktopMail, services.systemDirectories,
+        QLocale::system(), TestMailsOf(m_program)};
     // A document that could not be loaded takes no name at all; the save has a better reason.
     const auto isUsableName = [this](const QString& wanted) {
         return !m_program.File().IsLoaded() || m_program.Document().IsUsableName(wanted);
