@@ -31,9 +31,8 @@ MailConnection::MailConnection(const Clock& clock, MailSessionEvents& events, co
 
 MailConnection::~MailConnection() = default;
 
-void MailConnection::Connect(const MailServers& servers, const QString& sender, const QSslConfiguration& tls) {
-    m_isSecure = servers.security != MailSecurity::None;
-    m_rules = tls;
+void MailConnection::Connect(const MailServers& servers, const QString& sender, const TlsRules& rules) {
+    m_rules = rules;
     m_timer.start();
     m_session.Connect(servers, sender);
 }
@@ -69,10 +68,10 @@ void MailConnection::connectToNext() {
 /// Certificates name the host, not the address that was looked up.
 std::unique_ptr<QTcpSocket> MailConnection::makeSocket() {
     m_objections.clear();
-    if (!m_isSecure)
+    if (!m_rules)
         return std::make_unique<QTcpSocket>();
     auto socket = std::make_unique<QSslSocket>();
-    socket->setSslConfiguration(m_rules);
+    socket->setSslConfiguration(*m_rules);
     socket->setPeerVerifyName(m_host);
     m_tls = socket.get();
     return socket;

@@ -9,6 +9,7 @@
 #include <QSslError>
 #include <QTcpSocket>
 #include <QTimer>
+#include <optional>
 
 class Clock;
 class QSslSocket;
@@ -20,9 +21,11 @@ class MailConnection final : public QObject, private MailWire {
     MailConnection(const Clock& clock, MailSessionEvents& events, const StringTable& texts);
     ~MailConnection() override;
 
-    /// The operations of the session; Connect and Send also start the timer. `tls` counts where `servers` are
-    /// encrypted.
-    void Connect(const MailServers& servers, const QString& sender, const QSslConfiguration& tls);
+    /// The rules of the encryption; none where there is to be no encryption. A configuration loads the TLS library.
+    using TlsRules = std::optional<QSslConfiguration>;
+
+    /// The operations of the session; Connect and Send also start the timer.
+    void Connect(const MailServers& servers, const QString& sender, const TlsRules& rules);
     void Send(const QString& sender, const QStringList& recipients, std::unique_ptr<MessageStream> message);
     void Disconnect() { m_session.Disconnect(); }
     void Shutdown() { m_session.Shutdown(); }
@@ -52,9 +55,8 @@ class MailConnection final : public QObject, private MailWire {
     HostAddresses m_lookUp;
     QStringList m_addresses; ///< of the server, not tried yet
     quint16 m_port = 0;
-    QString m_host;                ///< as certificates name it
-    bool m_isSecure = false;       ///< the socket can encrypt
-    QSslConfiguration m_rules;     ///< of the encryption
+    QString m_host; ///< as certificates name it
+    TlsRules m_rules;
     QList<QSslError> m_objections; ///< to the certificate
     bool m_isHandshaking = false;  ///< what arrives is not to be read
     std::unique_ptr<QTcpSocket> m_socket;

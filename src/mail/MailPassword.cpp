@@ -93,7 +93,6 @@ QString MailPassword::missing(const Wanted& wanted) const {
 }
 
 void MailPassword::finish(void (MailPassword::*outcome)(const QString&), const QString& text) {
-    QMetaObject::invokeMethod(
-        m_search.get(), [this, outcome, text] { Q_EMIT(this->*outcome)
-                                                (text); }, Qt::QueuedConnection);
+    const auto tell = [this, outcome, text] { (this->*outcome)(text); };
+    QMetaObject::invokeMethod(m_search.get(), tell, Qt::QueuedConnection);
 }

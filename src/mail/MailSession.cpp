@@ -1,9 +1,10 @@
 #include "MailSession.h"
+#include "MailSessionRow.h"
 #include "StringTable.h"
 #include "modForeignText.h"
 #include "modMailEncoding.h"
+#include "modMailOffer.h"
 
-#include <array>
 #include <utility>
 
 namespace {
@@ -22,73 +23,11 @@ QByteArray commandWord(QByteArray word) {
     return word;
 }
 
-/// The words of an EHLO reply's line that begins with `keyword` (RFC 5321, 4.1.1.1), upper case, without the keyword;
-/// nullopt where there is none. Old servers put "=" for the blank.
-std::optional<QByteArrayList> offerOf(const QByteArray& reply, const QByteArray& keyword) {
-    constexpr qsizetype codeLength = 4;
-    QByteArrayList lines = reply.toUpper().split('\n');
-    lines.removeFirst(); // the server's name
-    for (const QByteArray& line : lines) {
-        QByteArrayList words = line.mid(codeLength).replace('=', ' ').simplified().split(' ');
-        if (words.takeFirst() == keyword)
-            return words;
-    }
-    return std::nullopt;
-}
-
 QByteArray commandAddress(const QString& address) {
     return commandWord(modMailEncoding::AddressToAscii(address));
 }
 
 } // namespace
-
-struct MailSession::Row {
-    const char* begun;          ///< status when the state is entered, or ""
-    const char* command;        ///< sent when the state is entered, or ""
-    void (MailSession::*act)(); ///< done when the state is entered, or null
-    Awaited awaited;
-    Patience patience;
-    const char* done; ///< status when the awaited reply has arrived, or ""
-    State next;
-};
-
-const MailSession::Row& MailSession::rowOf(State state) {
-    using S = State;
-    using A = Awaited;
-    using P = Patience;
-    using M = MailSession;
-    static constexpr std::array<Row, 21> rows{{
-        /* Closed */ {"", "", nullptr, A::Nothing, P::None, "", S::Closed},
-        /* PopConnecting */ {"", "", &M::openPop, A::Connection, P::Connect, "", S::PopGreeting},
-        /* PopGreeting */ {"", "", nullptr, A::PopOk, P::Connect, "", S::PopUser},
-        /* PopUser */ {"", "", &M::sendUser, A::PopOk, P::Connect, "", S::PopPassword},
-        /* PopPassword */ {"", "", &M::sendPassword, A::PopOk, P::Connect, "", S::PopQuit},
-        /* PopQuit */ {"", "QUIT", nullptr, A::PopOk, P::Connect, "POP3 Authentication Successful...", S::Connecting},
-        /* Connecting */ {"", "", &M::openSmtp, A::Connection, P::Connect, "", S::Greeting},
-        /* Greeting */ {"", "", nullptr, A::Greeting, P::Connect, "", S::Hello},
-        /* Hello */
-        {"Initializing Communications...", "", &M::sendHello, A::Accepted, P::Connect, "", S::LoginOffer},
-        /* Offers */ {"", "", &M::lookAtOffers, A::Nothing, P::Connect, "", S::Ready},
-        /* StartTls */
-        {"Encrypting Communications...", "STARTTLS", nullptr, A::Greeting, P::Connect, "", S::Encrypting},
-        /* Encrypting */ {"", "", &M::startEncryption, A::Encryption, P::Connect, "", S::Hello},
-        /* LoginOffer */ {"", "", nullptr, A::LoginOffer, P::Login, "", S::Login},
-        /* Login */
-        {"Sending Login Authentication...", "AUTH Login", nullptr, A::LoggedIn, P::Login, "Host Login OK!", S::Ready},
-        /* PlainLogin */
-        {"Sending Login Authentication...", "", &M::sendPlainLogin, A::LoggedIn, P::Login, "Host Login OK!", S::Ready},
-        /* Ready */ {"", "", nullptr, A::Nothing, P::None, "", S::Ready},
-        /* Sender */
-        {"Sending Sender Information...", "", &M::sendSender, A::Accepted, P::Message, "", S::Recipient},
-        /* Recipient */
-        {"Sending Recipient Information...", "", &M::sendRecipient, A::Accepted, P::Message, "", S::Data},
-        /* Data */ {"Sending Message...", "DATA", nullptr, A::GoAhead, P::Message, "", S::Content},
-        /* Content */ {"", "", &M::sendContent, A::Nothing, P::Message, "", S::Delivery},
-        /* Delivery */ {"", "", nullptr, A::Accepted, P::Message, "Transmission Complete...", S::Ready},
-    }};
-    static_assert(rows.size() == static_cast<std::size_t>(State::Delivery) + 1);
-    return rows.at(static_cast<std::size_t>(state));
-}
 
 MailSession::MailSession(MailWire& wire, MailSessionEvents& events, const StringTable& texts,
                          std::function<int()> secondsOfDay)
@@ -252,13 +191,13 @@ void MailSession::sendHello() {
 void MailSession::lookAtOffers() {
     const QByteArray hello = std::exchange(m_hello, {});
     if (!m_encrypted) {
-        if (!offerOf(hello, "STARTTLS"))
+        if (!modMailOffer::WordsOf(hello, "STARTTLS"))
             return fail(m_texts[Text::MailNoEncryption]);
         return enter(State::StartTls);
     }
     if (!m_servers.WantsLogin())
         return enter(State::Ready);
-    const QByteArrayList logins = offerOf(hello, "AUTH").value_or(QByteArrayList());
+    const QByteArrayList logins = modMailOffer::WordsOf(hello, "AUTH").value_or(QByteArrayList());
     if (logins.contains("PLAIN"))
         enter(State::PlainLogin);
     else if (logins.contains("LOGIN"))

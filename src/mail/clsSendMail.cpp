@@ -160,6 +160,7 @@ void clsSendMail::Resume() {
     // A port read from the store has not been checked yet.
     if (settings.smtpPort < 1 || settings.smtpPort > 65535)
         return refuseConnection(QStringLiteral("Invalid Remote Port"));
+    m_tls.reset();
     if (settings.security == MailSecurity::None)
         return open(Password);
     if (const QString failure = securityFailure(settings); !failure.isEmpty())

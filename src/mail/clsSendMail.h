@@ -111,11 +111,11 @@ class clsSendMail final : public QObject, private MailSessionEvents {
     QString m_attachment;
     int m_priority = 3;
     QString m_priorityWord = QStringLiteral("Normal");
-    bool m_sendWhenReady = false;  ///< Send is connecting
-    bool m_closeAfterSend = false; ///< Send opened the session
-    bool m_opening = false;        ///< from Connect until the connection is opened or refused
-    QString m_server;              ///< given or looked up
-    QSslConfiguration m_tls;       ///< of this connection
+    bool m_sendWhenReady = false;   ///< Send is connecting
+    bool m_closeAfterSend = false;  ///< Send opened the session
+    bool m_opening = false;         ///< from Connect until the connection is opened or refused
+    QString m_server;               ///< given or looked up
+    MailConnection::TlsRules m_tls; ///< of this connection
     MailHostLookup m_lookup;
     MailPassword m_password;
     MailConnection m_connection;
