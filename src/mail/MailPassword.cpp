@@ -48,11 +48,10 @@ void MailPassword::Begin(const Wanted& wanted) {
     if (lookIntoFiles(wanted))
         return;
     const auto answered = [this, wanted](const PasswordAnswer& answer) {
-        const QString complaint = Complaint(answer, m_texts);
         if (!answer.password.isEmpty())
             finish(&MailPassword::Found, QString::fromUtf8(answer.password));
         else
-            finish(&MailPassword::Failed, complaint.isEmpty() ? missing(wanted) : missing(wanted) + u". " + complaint);
+            finish(&MailPassword::Failed, failure(answer, wanted));
     };
     m_store.Read(KeyOf(wanted.host, wanted.user),
                  {.receiver = m_search.get(), .deadline = wanted.deadline, .answered = answered});
@@ -87,9 +86,14 @@ bool MailPassword::lookIntoFiles(const Wanted& wanted) {
     return take(path, error, bytes);
 }
 
-QString MailPassword::missing(const Wanted& wanted) const {
-    return m_texts[Text::MailNoPassword].arg(modForeignText::OneLine(wanted.user),
-                                             modForeignText::OneLine(modMailHost::Canonical(wanted.host)));
+QString MailPassword::failure(const PasswordAnswer& answer, const Wanted& wanted) const {
+    const QString complaint = Complaint(answer, m_texts);
+    const bool isUnknown = !complaint.isEmpty() && answer.outcome != PasswordAnswer::Outcome::NoStore;
+    if (isUnknown)
+        return complaint;
+    const QString missing = m_texts[Text::MailNoPassword].arg(
+        modForeignText::OneLine(wanted.user), modForeignText::OneLine(modMailHost::Canonical(wanted.host)));
+    return complaint.isEmpty() ? missing : QString(missing + u". " + complaint);
 }
 
 void MailPassword::finish(void (MailPassword::*outcome)(const QString&), const QString& text) {

@@ -36,7 +36,7 @@ class MailPassword final : public QObject {
   private:
     /// False when neither file has it; otherwise the signal is on its way.
     [[nodiscard]] bool lookIntoFiles(const Wanted& wanted);
-    [[nodiscard]] QString missing(const Wanted& wanted) const;
+    [[nodiscard]] QString failure(const PasswordAnswer& answer, const Wanted& wanted) const;
     void finish(void (MailPassword::*outcome)(const QString&), const QString& text);
 
     PasswordStore& m_store;

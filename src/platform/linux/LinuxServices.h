@@ -43,8 +43,8 @@ inline constexpr const char* OwnDesktopEntry = "kalvenor-activities";
 /// not run; never asked for an answer that anything waits for. Without a session bus nothing is shown.
 [[nodiscard]] std::unique_ptr<Notifier> MakeDesktopNotifier(QString desktopEntry);
 
-/// The Secret Service or KWallet, through qtkeychain, which takes libsecret where it is installed. Without a session bus
-/// there is no store.
+/// The Secret Service or KWallet, through qtkeychain, which takes libsecret where it is installed. Without a session
+/// bus there is no store.
 [[nodiscard]] std::unique_ptr<PasswordStore> MakePasswordStore();
 
 /// logind (org.freedesktop.login1 on the system bus), which ends the sessions in good order. It refuses when there is
