@@ -87,7 +87,7 @@ bool MailPassword::lookIntoFiles(const Wanted& wanted) {
 }
 
 QString MailPassword::failure(const PasswordAnswer& answer, const Wanted& wanted) const {
-    const QString complaint = Complaint(answer, m_texts);
+    QString complaint = Complaint(answer, m_texts);
     const bool isUnknown = !complaint.isEmpty() && answer.outcome != PasswordAnswer::Outcome::NoStore;
     if (isUnknown)
         return complaint;
