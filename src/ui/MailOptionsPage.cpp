@@ -34,10 +34,9 @@ const Choice* choiceOf(int row) {
 } // namespace
 
 MailOptionsPage::MailOptionsPage(const FormServices& services, PasswordStore& passwords, const MailOptions& options)
-    : m_services(services), m_passwords(passwords), m_security(options.security), m_portFollows(false),
-      cboMailSecurity(new QComboBox), spnMailPort(new QSpinBox), txtMailUser(new QLineEdit(options.user)),
-      txtMailHost(new QLineEdit(options.host)), txtMailPassword(new QLineEdit),
-      cmdForgetPassword(new QPushButton(services.texts[Text::MailForgetPassword])),
+    : m_services(services), m_passwords(passwords), m_stored(options), cboMailSecurity(new QComboBox),
+      spnMailPort(new QSpinBox), txtMailUser(new QLineEdit(options.user)), txtMailHost(new QLineEdit(options.host)),
+      txtMailPassword(new QLineEdit), cmdForgetPassword(new QPushButton(services.texts[Text::MailForgetPassword])),
       lblPasswordStore(FormParts::PlainText("lblPasswordStore", {})) {
     auto* all = new QVBoxLayout(this);
     all->setSpacing(12);
@@ -61,7 +60,10 @@ QGroupBox* MailOptionsPage::buildServer(const MailOptions& options) {
     const Choice* const chosen = choiceOf(cboMailSecurity->currentIndex());
     m_portFollows = chosen != nullptr && chosen->port == options.port;
     connect(cboMailSecurity, &QComboBox::currentIndexChanged, this, &MailOptionsPage::followEncryption);
-    connect(spnMailPort, &QSpinBox::valueChanged, this, [this] { m_portFollows = false; });
+    connect(spnMailPort, &QSpinBox::valueChanged, this, [this] {
+        m_portFollows = false;
+        m_portIsEdited = true;
+    });
     PathRow* caFile = fileRow("txtCaFile", "cmdCaFile", Text::SelectCaFile, options.caFile);
     m_caFile = &caFile->Line();
     auto* grid = new QGridLayout(group);
@@ -130,8 +132,9 @@ void MailOptionsPage::followEncryption() {
 
 MailOptions MailOptionsPage::Values() const {
     const Choice* const chosen = choiceOf(cboMailSecurity->currentIndex());
-    return {.security = chosen != nullptr ? chosen->security : m_security,
-            .port = spnMailPort->value(),
+    // What the controls cannot show stays as it is until somebody chooses.
+    return {.security = chosen != nullptr ? chosen->security : m_stored.security,
+            .port = m_portIsEdited ? spnMailPort->value() : m_stored.port,
             .user = txtMailUser->text().trimmed(),
             .host = txtMailHost->text().trimmed(),
             .passwordFile = m_passwordFile->text().trimmed(),

@@ -48,8 +48,9 @@ class MailOptionsPage final : public QWidget {
 
     FormServices m_services;
     PasswordStore& m_passwords;
-    MailSecurity m_security; ///< as it was stored
-    bool m_portFollows;      ///< nobody has chosen the port
+    MailOptions m_stored;
+    bool m_portFollows = false; ///< nobody has chosen the port
+    bool m_portIsEdited = false;
     QComboBox* cboMailSecurity;
     QSpinBox* spnMailPort;
     QLineEdit* txtMailUser;

@@ -143,6 +143,13 @@ class TestDialogs : public QObject {
         });
         scene.Edit([](frmStartOptions& form) { Find<QCheckBox>(form, "chkMinToTray").click(); });
         QCOMPARE(scene.StoredMail(), QString());
+        const QString base = u"Postrelle/Settings/"_qs;
+        scene.settings->values[base + u"PersistentSettings"] = u"1"_qs;
+        scene.settings->values[base + u"RemotePort"] = u"70000"_qs;
+        scene.Edit([](frmStartOptions& form) { Find<QCheckBox>(form, "chkMinToTray").click(); });
+        QCOMPARE(scene.StoredMail(), u"PersistentSettings=1|RemotePort=70000"_qs); // nobody has touched it
+        scene.settings->values.remove(base + u"PersistentSettings");
+        scene.settings->values.remove(base + u"RemotePort");
         scene.Edit([&](frmStartOptions& form) { // a password without a host belongs to nobody
             login(form);
             line(form, "txtMailHost").clear();
