@@ -45,9 +45,7 @@ struct Program::Engine {
           logs(services, ownPlaces), reactions(services, logs, interruptions),
           mail({.file = services.file,
                 .logs = logs,
-                .settings = *program.m_services.settings,
-                .names = *program.m_services.nameService,
-                .clock = services.clock,
+                .mail = program.Mail(),
                 .desktop = *program.m_services.desktopMail,
                 .texts = services.texts,
                 .runState = services.runState}),
@@ -115,6 +113,14 @@ MonitoringController& Program::Monitoring() {
 
 const NextRuns& Program::Next() const {
     return m_engine->nextRuns;
+}
+
+MailServices Program::Mail() {
+    return {.settings = *m_services.settings,
+            .names = *m_services.nameService,
+            .clock = *m_services.clock,
+            .passwords = *m_services.passwords,
+            .texts = m_texts};
 }
 
 QString Program::Title() {

@@ -26,6 +26,7 @@
 class KeyState;
 class NextRuns;
 class Prompter;
+struct MailServices;
 
 class Program final {
   public:
@@ -51,6 +52,8 @@ class Program final {
     [[nodiscard]] RunResults& Results() { return m_results; }
     [[nodiscard]] const RunHistory& History() const { return m_history; }
     [[nodiscard]] EngineLock& Lock() { return m_lock; }
+    /// What a mail of its own needs.
+    [[nodiscard]] MailServices Mail();
 
     /// "Kalvenor Pro 2.1".
     [[nodiscard]] static QString Title();

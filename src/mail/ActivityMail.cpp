@@ -100,7 +100,7 @@ bool ActivityMail::isFree(const QString& placeOrServer) const {
 void ActivityMail::begin(MailOrder order, const QString& place) {
     Session& session = m_sessions.emplace_back();
     session.place = place;
-    session.dispatch = std::make_unique<MailDispatch>(std::move(order), m_parts.settings, m_parts.names, m_parts.clock);
+    session.dispatch = std::make_unique<MailDispatch>(std::move(order), m_parts.mail);
     MailDispatch* const dispatch = session.dispatch.get();
     connect(dispatch, &MailDispatch::NotAttached, this, [this, dispatch](const QString& path, const QString& reason) {
         writeLine(dispatch->Order(), m_parts.texts[Text::MailNotAttached].arg(path, reason));

@@ -19,9 +19,7 @@ class ActivityMail final : public QObject, public ActivityMailer {
     struct Parts {
         const ActivityFile& file;
         ActivityLogs& logs;
-        SettingsStore& settings;
-        const NameService& names;
-        const Clock& clock;
+        MailServices mail;
         DesktopMailClient& desktop;
         const StringTable& texts;
         RunState& runState;

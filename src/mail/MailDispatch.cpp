@@ -25,6 +25,10 @@ QString filledIn(const QString& text, const QHash<QString, QString>& variables) 
     return filled + text.mid(from);
 }
 
+QString fromThisSystem(const StringTable& texts) {
+    return texts[Text::FromSystem] + u": " + QSysInfo::machineHostName() + u"\r\n\r\n";
+}
+
 } // namespace
 
 MailOrder MailOrder::Read(const ActivityFile& file, const StringTable& texts, const QString& name,
@@ -40,7 +44,7 @@ MailOrder MailOrder::Read(const ActivityFile& file, const StringTable& texts, co
     order.copies = file.ReadElement(name, "cc"); // the editor stores "CC", so copies are never sent
     order.subject = filledIn(text(ActivityField::Subject), variables);
     if (isOn(ActivityField::ComputerName))
-        order.text = texts[Text::FromSystem] + u": " + QSysInfo::machineHostName() + u"\r\n\r\n";
+        order.text = fromThisSystem(texts);
     order.text += filledIn(text(ActivityField::Message), variables);
     order.longText = order.text + u"\r\n\r\n" + texts[Text::LastAccessed] + secondPath + u" -> " + firstPath;
     order.logFile = text(ActivityField::LogFile);
@@ -52,8 +56,21 @@ MailOrder MailOrder::Read(const ActivityFile& file, const StringTable& texts, co
     return order;
 }
 
-MailDispatch::MailDispatch(MailOrder order, SettingsStore& settings, const NameService& names, const Clock& clock)
-    : m_order(std::move(order)), m_mail(settings, names, clock) {
+MailOrder MailOrder::OfRecord(const ActivityRecord& record, const StringTable& texts) {
+    MailOrder order;
+    order.smtpHost = record.Text(ActivityField::SmtpHost).trimmed();
+    order.recipient = record.Text(ActivityField::Recipient);
+    order.sender = record.Text(ActivityField::Sender);
+    order.subject = record.Text(ActivityField::Subject);
+    if (record.IsOn(ActivityField::ComputerName))
+        order.text = fromThisSystem(texts);
+    order.text += record.Text(ActivityField::Message);
+    order.detailsWanted = true; // there are none: the client sends the text alone
+    return order;
+}
+
+MailDispatch::MailDispatch(MailOrder order, const MailServices& services)
+    : m_order(std::move(order)), m_mail(services) {
     connect(&m_mail, &clsSendMail::SendFailed, this, [this](const QString& text) { m_failure = text; });
     connect(&m_mail, &clsSendMail::ConnectEnded, this, &MailDispatch::send);
     connect(&m_mail, &clsSendMail::SendEnded, this, &MailDispatch::end);

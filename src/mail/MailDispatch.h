@@ -7,6 +7,7 @@
 #include <QHash>
 
 class ActivityFile;
+class ActivityRecord;
 class StringTable;
 
 /// What the record says about its notification, read when the mail is queued.
@@ -30,12 +31,15 @@ struct MailOrder {
     [[nodiscard]] static MailOrder Read(const ActivityFile& file, const StringTable& texts, const QString& name,
                                         const QString& firstPath, const QString& secondPath,
                                         const QHash<QString, QString>& variables);
+
+    /// A mail without a run: what the record says, nothing attached.
+    [[nodiscard]] static MailOrder OfRecord(const ActivityRecord& record, const StringTable& texts);
 };
 
 class MailDispatch final : public QObject {
     Q_OBJECT
   public:
-    MailDispatch(MailOrder order, SettingsStore& settings, const NameService& names, const Clock& clock);
+    MailDispatch(MailOrder order, const MailServices& services);
 
     /// Asks `mayOpen` with the server's name before it connects; after a no it waits for Resume().
     void Begin(std::function<bool(const QString& host)> mayOpen);

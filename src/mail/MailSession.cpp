@@ -1,8 +1,10 @@
 #include "MailSession.h"
+#include "MailSessionRow.h"
+#include "StringTable.h"
 #include "modForeignText.h"
 #include "modMailEncoding.h"
+#include "modMailOffer.h"
 
-#include <array>
 #include <utility>
 
 namespace {
@@ -27,50 +29,9 @@ QByteArray commandAddress(const QString& address) {
 
 } // namespace
 
-struct MailSession::Row {
-    const char* begun;          ///< status when the state is entered, or ""
-    const char* command;        ///< sent when the state is entered, or ""
-    void (MailSession::*act)(); ///< done when the state is entered, or null
-    Awaited awaited;
-    Patience patience;
-    const char* done; ///< status when the awaited reply has arrived, or ""
-    State next;
-};
-
-const MailSession::Row& MailSession::rowOf(State state) {
-    using S = State;
-    using A = Awaited;
-    using P = Patience;
-    using M = MailSession;
-    static constexpr std::array<Row, 17> rows{{
-        /* Closed */ {"", "", nullptr, A::Nothing, P::None, "", S::Closed},
-        /* PopConnecting */ {"", "", &M::openPop, A::Connection, P::Connect, "", S::PopGreeting},
-        /* PopGreeting */ {"", "", nullptr, A::PopOk, P::Connect, "", S::PopUser},
-        /* PopUser */ {"", "", &M::sendUser, A::PopOk, P::Connect, "", S::PopPassword},
-        /* PopPassword */ {"", "", &M::sendPassword, A::PopOk, P::Connect, "", S::PopQuit},
-        /* PopQuit */ {"", "QUIT", nullptr, A::PopOk, P::Connect, "POP3 Authentication Successful...", S::Connecting},
-        /* Connecting */ {"", "", &M::openSmtp, A::Connection, P::Connect, "", S::Greeting},
-        /* Greeting */ {"", "", nullptr, A::Greeting, P::Connect, "", S::Hello},
-        /* Hello */
-        {"Initializing Communications...", "", &M::sendHello, A::Accepted, P::Connect, "", S::LoginOffer},
-        /* LoginOffer */ {"", "", nullptr, A::LoginOffer, P::Login, "", S::Login},
-        /* Login */
-        {"Sending Login Authentication...", "AUTH Login", nullptr, A::LoggedIn, P::Login, "Host Login OK!", S::Ready},
-        /* Ready */ {"", "", nullptr, A::Nothing, P::None, "", S::Ready},
-        /* Sender */
-        {"Sending Sender Information...", "", &M::sendSender, A::Accepted, P::Message, "", S::Recipient},
-        /* Recipient */
-        {"Sending Recipient Information...", "", &M::sendRecipient, A::Accepted, P::Message, "", S::Data},
-        /* Data */ {"Sending Message...", "DATA", nullptr, A::GoAhead, P::Message, "", S::Content},
-        /* Content */ {"", "", &M::sendContent, A::Nothing, P::Message, "", S::Delivery},
-        /* Delivery */ {"", "", nullptr, A::Accepted, P::Message, "Transmission Complete...", S::Ready},
-    }};
-    static_assert(rows.size() == static_cast<std::size_t>(State::Delivery) + 1);
-    return rows.at(static_cast<std::size_t>(state));
-}
-
-MailSession::MailSession(MailWire& wire, MailSessionEvents& events, std::function<int()> secondsOfDay)
-    : m_wire(wire), m_events(events), m_secondsOfDay(std::move(secondsOfDay)) {}
+MailSession::MailSession(MailWire& wire, MailSessionEvents& events, const StringTable& texts,
+                         std::function<int()> secondsOfDay)
+    : m_wire(wire), m_events(events), m_texts(texts), m_secondsOfDay(std::move(secondsOfDay)) {}
 
 void MailSession::enter(State state) {
     const State before = std::exchange(m_state, state);
@@ -92,12 +53,20 @@ void MailSession::arrived(Awaited what) {
     if (row.awaited != what || seconds() < 1)
         return;
     m_loggedIn = m_loggedIn || what == Awaited::LoggedIn;
+    m_encrypted = m_encrypted || what == Awaited::Encryption;
     m_attempt = 0;
     tell(row.done);
     enter(next());
 }
 
 MailSession::State MailSession::next() const {
+    const MailSecurity security = m_servers.security;
+    if (m_state == State::Connecting && security == MailSecurity::Tls)
+        return State::Encrypting;
+    if (m_state == State::Encrypting && security == MailSecurity::Tls)
+        return State::Greeting;
+    if (m_state == State::Hello && security != MailSecurity::None)
+        return State::Offers;
     if (m_state == State::Hello && !m_servers.useAuthentication)
         return State::Ready;
     if (m_state == State::Recipient && !m_recipients.isEmpty())
@@ -111,8 +80,8 @@ int MailSession::seconds() const {
         break;
     case Patience::Connect:
         return m_servers.connectTimeout;
-    case Patience::Login:
-        return loginWait;
+    case Patience::Login: // a server may let a refused login wait
+        return m_encrypted ? m_servers.connectTimeout : loginWait;
     case Patience::Message:
         return m_servers.messageTimeout;
     }
@@ -139,7 +108,7 @@ void MailSession::timedOut() {
         tell("Login Not Supported by Host, Continuing...");
         return enter(State::Ready);
     }
-    if (m_state != State::Login)
+    if (m_state != State::Login && m_state != State::PlainLogin)
         return fail(timeoutText);
     tell(loginFailed);
     fail(QLatin1String(loginFailed));
@@ -154,7 +123,7 @@ void MailSession::fail(const QString& text) {
     const State last = m_state;
     close();
     m_events.OnFailed(text);
-    if (last == State::Login && text != QLatin1String(loginFailed))
+    if ((last == State::Login || last == State::PlainLogin) && text != QLatin1String(loginFailed))
         tell(loginFailed);
     if (last != State::Closed && last != State::Ready)
         endPhase(last, false);
@@ -171,6 +140,7 @@ void MailSession::endPhase(State last, bool ok) {
 void MailSession::Connect(const MailServers& servers, const QString& sender) {
     m_servers = servers;
     m_sender = sender;
+    m_encrypted = false;
     m_loggedIn = false;
     m_attempt = 0;
     const bool pop = m_servers.usePopAuthentication;
@@ -213,7 +183,39 @@ void MailSession::sendPassword() {
 void MailSession::sendHello() {
     // With the address check off, a sender may have no domain.
     const QByteArray domain = commandWord(modMailEncoding::DomainToAscii(m_sender.mid(m_sender.indexOf(u'@') + 1)));
-    command((m_servers.useAuthentication ? "EHLO " : "HELO ") + (domain.isEmpty() ? "localhost" : domain));
+    const bool isExtended = m_servers.useAuthentication || m_servers.security != MailSecurity::None;
+    command((isExtended ? "EHLO " : "HELO ") + (domain.isEmpty() ? "localhost" : domain));
+}
+
+/// Of a secured session. What was offered before the encryption anybody may have written.
+void MailSession::lookAtOffers() {
+    const QByteArray hello = std::exchange(m_hello, {});
+    if (!m_encrypted) {
+        if (!modMailOffer::WordsOf(hello, "STARTTLS"))
+            return fail(m_texts[Text::MailNoEncryption]);
+        return enter(State::StartTls);
+    }
+    if (!m_servers.WantsLogin())
+        return enter(State::Ready);
+    const QByteArrayList logins = modMailOffer::WordsOf(hello, "AUTH").value_or(QByteArrayList());
+    if (logins.contains("PLAIN"))
+        enter(State::PlainLogin);
+    else if (logins.contains("LOGIN"))
+        enter(State::Login);
+    else
+        fail(m_texts[Text::MailNoLogin]);
+}
+
+void MailSession::startEncryption() {
+    if (!m_wire.StartEncryption())
+        fail(m_texts[Text::MailClearText]);
+}
+
+/// RFC 4616, with the initial response of RFC 4954.
+void MailSession::sendPlainLogin() {
+    const QByteArray separator(1, '\0');
+    command("AUTH PLAIN " +
+            QByteArray(separator + m_servers.username.toUtf8() + separator + m_servers.password.toUtf8()).toBase64());
 }
 
 void MailSession::answerLogin(const ServerReply& reply) {
@@ -288,11 +290,23 @@ void MailSession::Shutdown() {
 void MailSession::close() {
     if (std::exchange(m_state, State::Closed) != State::Closed)
         m_wire.Close();
+    m_servers.password.fill(u'\0');
 }
 
 void MailSession::OnConnected() {
     arrived(Awaited::Connection);
     Poll();
+}
+
+void MailSession::OnEncrypted() {
+    arrived(Awaited::Encryption);
+    Poll();
+}
+
+/// Final: another attempt would meet the same certificate.
+void MailSession::OnNotEncrypted(const QString& reason) {
+    if (m_state == State::Encrypting)
+        fail(reason);
 }
 
 void MailSession::OnClosed() {
@@ -306,6 +320,7 @@ void MailSession::OnClosed() {
     case State::Connecting:
     case State::Greeting:
     case State::Login:
+    case State::PlainLogin:
         timedOut();
         break;
     default:
@@ -347,6 +362,7 @@ bool MailSession::takeSmtp(const ServerReply& reply) {
         arrived(Awaited::Greeting);
     } else if (reply.code == "250" || reply.code == "251") {
         const QByteArray text = reply.text.toLower();
+        m_hello = m_state == State::Hello ? reply.text : QByteArray();
         arrived(Awaited::Accepted);
         if (reply.code == "250" && (text.contains("auth login") || text.contains("auth=login")))
             arrived(Awaited::LoginOffer);

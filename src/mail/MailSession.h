@@ -1,12 +1,14 @@
-// One dialogue with a mail server: POP3 login first if wanted (RFC 1939), then SMTP (RFC 5321) with AUTH LOGIN. A state
-// machine without socket or timer: MailConnection hands it replies and calls Poll(). Every failure is reported once,
-// with its text, and closes the connection.
+// One dialogue with a mail server: POP3 login first if wanted (RFC 1939), then SMTP (RFC 5321) with AUTH LOGIN, or
+// encrypted (RFC 3207, RFC 8314) with AUTH PLAIN or LOGIN. A state machine without socket or timer: MailConnection
+// hands it replies and calls Poll(). Every failure is reported once, with its text, and closes the connection.
 #pragma once
 
 #include "MailSettings.h"
 #include "MailWire.h"
 #include "MessageStream.h"
 #include <functional>
+
+class StringTable;
 
 /// How a session gets on. The session calls from the middle of its work: an implementation must not destroy it, nor
 /// begin or end an operation on it.
@@ -23,7 +25,7 @@ class MailSessionEvents {
 class MailSession final {
   public:
     /// `secondsOfDay` gives the seconds since midnight, local time.
-    MailSession(MailWire& wire, MailSessionEvents& events, std::function<int()> secondsOfDay);
+    MailSession(MailWire& wire, MailSessionEvents& events, const StringTable& texts, std::function<int()> secondsOfDay);
 
     /// Starts the connect phase. HELO names the domain of `sender`.
     void Connect(const MailServers& servers, const QString& sender);
@@ -41,6 +43,8 @@ class MailSession final {
     [[nodiscard]] bool IsBusy() const { return m_state != State::Closed && m_state != State::Ready; }
 
     void OnConnected();
+    void OnEncrypted();
+    void OnNotEncrypted(const QString& reason);
     void OnReply(const ServerReply& reply);
     void OnOverrun();
     void OnProgress(); ///< some of what was sent has left this process
@@ -61,8 +65,12 @@ class MailSession final {
         Connecting,
         Greeting,
         Hello,
+        Offers,
+        StartTls,
+        Encrypting,
         LoginOffer,
         Login,
+        PlainLogin,
         Ready,
         Sender,
         Recipient,
@@ -70,7 +78,7 @@ class MailSession final {
         Content,
         Delivery
     };
-    enum class Awaited { Nothing, Connection, PopOk, Greeting, Accepted, LoginOffer, LoggedIn, GoAhead };
+    enum class Awaited { Nothing, Connection, PopOk, Greeting, Encryption, Accepted, LoginOffer, LoggedIn, GoAhead };
     enum class Patience { None, Connect, Login, Message };
     struct Row;
     static const Row& rowOf(State state);
@@ -93,6 +101,9 @@ class MailSession final {
     void sendUser();
     void sendPassword();
     void sendHello();
+    void lookAtOffers();
+    void startEncryption();
+    void sendPlainLogin();
     void sendSender();
     void sendRecipient();
     void sendContent();
@@ -103,6 +114,7 @@ class MailSession final {
 
     MailWire& m_wire;
     MailSessionEvents& m_events;
+    const StringTable& m_texts;
     std::function<int()> m_secondsOfDay;
     MailServers m_servers;
     QString m_sender;
@@ -113,5 +125,7 @@ class MailSession final {
     int m_deadline = 0; ///< seconds of the day
     int m_attempt = 0;
     qint64 m_untaken = 0; ///< at the last check
+    QByteArray m_hello;   ///< the reply to EHLO
+    bool m_encrypted = false;
     bool m_loggedIn = false;
 };

@@ -7,8 +7,8 @@
 
 namespace {
 
-const QString section = QStringLiteral("Settings");
 const QString persistentKey = QStringLiteral("PersistentSettings");
+constexpr const char* securityKey = "MailSecurity";
 
 using Values = MailSettings::Values;
 
@@ -18,8 +18,10 @@ struct Entry {
     T Values::*field;
 };
 
-constexpr std::array<Entry<QString>, 5> texts{{{"From", &Values::from},
+constexpr std::array<Entry<QString>, 7> texts{{{"CAFile", &Values::caFile},
+                                               {"From", &Values::from},
                                                {"FromDisplayName", &Values::fromDisplayName},
+                                               {"PasswordFile", &Values::passwordFile},
                                                {"Pop3Host", &Values::popHost},
                                                {"RemoteHost", &Values::smtpHost},
                                                {"Username", &Values::username}}};
@@ -34,6 +36,14 @@ constexpr std::array<Entry<int>, 7> numbers{{{"RemotePort", &Values::smtpPort},
 
 constexpr std::array<Entry<bool>, 2> switches{
     {{"UseAuthentication", &Values::useAuthentication}, {"UsePopAuthentication", &Values::usePopAuthentication}}};
+
+/// A mistyped value must not send in the clear.
+MailSecurity securityOf(const std::optional<QString>& text) {
+    bool isNumber = false;
+    const int number = text.value_or(QStringLiteral("0")).toInt(&isNumber);
+    const bool isKnown = isNumber && number >= 0 && number < static_cast<int>(MailSecurity::Unknown);
+    return isKnown ? static_cast<MailSecurity>(number) : MailSecurity::Unknown;
+}
 
 /// The program writes 1; people who edit the file write "True".
 bool isOn(const QString& text) {
@@ -53,7 +63,7 @@ QString keyOf(const Table& table, Field field) {
 } // namespace
 
 MailSettings::MailSettings(SettingsStore& store) : m_store(store) {
-    const auto read = [this](const QString& key) { return m_store.Read(Application, section, key); };
+    const auto read = [this](const QString& key) { return m_store.Read(Application, Section, key); };
     m_persistent = isOn(read(persistentKey).value_or(QString()));
     if (!m_persistent)
         return;
@@ -67,6 +77,7 @@ MailSettings::MailSettings(SettingsStore& store) : m_store(store) {
     }
     for (const auto& [key, field] : switches)
         m_values.*field = isOn(read(QLatin1String(key)).value_or(QString()));
+    m_values.security = securityOf(read(QLatin1String(securityKey)));
 }
 
 void MailSettings::Set(QString Values::*field, const QString& value) {
@@ -86,10 +97,10 @@ void MailSettings::Set(bool Values::*field, bool value) {
 
 void MailSettings::write(const QString& key, const QString& value) {
     if (m_persistent)
-        std::ignore = m_store.Write(Application, section, key, value);
+        std::ignore = m_store.Write(Application, Section, key, value);
 }
 
 void MailSettings::SetPersistent(bool persistent) {
     m_persistent = persistent;
-    std::ignore = m_store.Write(Application, section, persistentKey, QString::number(persistent ? 1 : 0));
+    std::ignore = m_store.Write(Application, Section, persistentKey, QString::number(persistent ? 1 : 0));
 }

@@ -16,6 +16,10 @@ class MailWire {
     virtual void Open(const QString& host, quint16 port) = 0;
     virtual void Send(const QByteArray& bytes) = 0;
 
+    /// Encrypts the connection from here on; how that ends reaches the session later. False when the server has sent
+    /// something already: it would pass for encrypted.
+    [[nodiscard]] virtual bool StartEncryption() = 0;
+
     /// Still sends what was written; ignores whatever arrives from now on.
     virtual void Close() = 0;
 
@@ -44,6 +48,9 @@ class ReplyReader final {
 
     /// The server sent a line or a reply that is too long; nothing more is read.
     [[nodiscard]] bool IsOverrun() const { return m_overrun; }
+
+    /// Whether nothing of a further reply has arrived.
+    [[nodiscard]] bool IsEmpty() const { return m_bytes.isEmpty() && m_reply.isEmpty() && !m_overrun; }
 
     /// Starts afresh for a new connection.
     void Clear();

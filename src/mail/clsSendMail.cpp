@@ -1,5 +1,7 @@
 #include "clsSendMail.h"
 #include "Clock.h"
+#include "MailTls.h"
+#include "StringTable.h"
 #include "modForeignText.h"
 #include "modNativePath.h"
 #include "modRegularFile.h"
@@ -22,11 +24,14 @@ QStringList withoutBlanks(QStringList entries) {
 }
 } // namespace
 
-clsSendMail::clsSendMail(SettingsStore& settings, const NameService& names, const Clock& clock)
-    : m_settings(settings), m_clock(clock), m_lookup(names), m_connection(clock, *this) {
+clsSendMail::clsSendMail(const MailServices& services)
+    : m_settings(services.settings), m_clock(services.clock), m_texts(services.texts), m_lookup(services.names),
+      m_password(services.passwords, services.texts), m_connection(services.clock, *this, services.texts) {
     connect(&m_lookup, &MailHostLookup::Found, this,
             [this](const QString& host) { host.isEmpty() ? refuseConnection(missingHost) : reach(host); });
     connect(&m_lookup, &MailHostLookup::Failed, this, &clsSendMail::refuseConnection);
+    connect(&m_password, &MailPassword::Found, this, &clsSendMail::open);
+    connect(&m_password, &MailPassword::Failed, this, &clsSendMail::refuseConnection);
 }
 
 clsSendMail::~clsSendMail() = default;
@@ -149,17 +154,44 @@ void clsSendMail::reach(const QString& host) {
 }
 
 void clsSendMail::Resume() {
-    if (!std::exchange(m_opening, false))
+    if (!m_opening)
         return;
     const MailSettings::Values& settings = m_settings.Get();
     // A port read from the store has not been checked yet.
     if (settings.smtpPort < 1 || settings.smtpPort > 65535)
         return refuseConnection(QStringLiteral("Invalid Remote Port"));
+    m_tls.reset();
+    if (settings.security == MailSecurity::None)
+        return open(Password);
+    if (const QString failure = securityFailure(settings); !failure.isEmpty())
+        return refuseConnection(failure);
+    if (!settings.WantsLogin())
+        return open({});
+    m_password.Begin({.host = m_server,
+                      .user = settings.username,
+                      .file = settings.passwordFile,
+                      .deadline = std::chrono::seconds(std::max(settings.connectTimeout, 0))});
+}
+
+/// Whatever is wrong about the encryption fails the mail: it must not go without.
+QString clsSendMail::securityFailure(const MailSettings::Values& settings) {
+    if (settings.security == MailSecurity::Unknown)
+        return m_texts[Text::MailSecurityUnknown];
+    if (settings.usePopAuthentication)
+        return m_texts[Text::MailSecurityWithPop];
+    MailTls::Rules rules = MailTls::Read(settings.caFile, m_texts);
+    m_tls = rules.configuration;
+    return rules.failure;
+}
+
+void clsSendMail::open(const QString& password) {
+    m_opening = false;
+    const MailSettings::Values& settings = m_settings.Get();
     MailServers servers = settings;
     servers.smtpHost = m_server;
     servers.popPort = POP3Port;
-    servers.password = Password;
-    m_connection.Connect(servers, settings.from);
+    servers.password = password;
+    m_connection.Connect(servers, settings.from, m_tls);
 }
 
 void clsSendMail::refuseConnection(const QString& text) {
@@ -238,6 +270,7 @@ void clsSendMail::OnSendEnded(bool accepted) {
 
 void clsSendMail::Shutdown() {
     m_lookup.Cancel();
+    m_password.Cancel();
     if (m_opening)
         refuseConnection(QStringLiteral("Socket not Open"));
     m_connection.Shutdown();

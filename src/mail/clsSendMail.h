@@ -6,12 +6,22 @@
 #include "MailConnection.h"
 #include "MailHostLookup.h"
 #include "MailMessage.h"
+#include "MailPassword.h"
 #include "MailSettings.h"
+
+/// What sending mail needs of the rest of the program. References only.
+struct MailServices {
+    SettingsStore& settings;
+    const NameService& names;
+    const Clock& clock;
+    PasswordStore& passwords;
+    const StringTable& texts;
+};
 
 class clsSendMail final : public QObject, private MailSessionEvents {
     Q_OBJECT
   public:
-    clsSendMail(SettingsStore& settings, const NameService& names, const Clock& clock);
+    explicit clsSendMail(const MailServices& services);
     ~clsSendMail() override;
 
     QString Delimiter = QStringLiteral(";"); ///< between the entries of all lists
@@ -21,7 +31,7 @@ class clsSendMail final : public QObject, private MailSessionEvents {
     QString Subject;
     QString Message;
     QString ContentBase;
-    QString Password; ///< never stored
+    QString Password; ///< never stored; of an unencrypted login only
     bool AsHTML = false;
     bool Receipt = false;
     int POP3Port = 110;
@@ -83,6 +93,8 @@ class clsSendMail final : public QObject, private MailSessionEvents {
     void OnSendEnded(bool accepted) override;
 
     void reach(const QString& host);
+    [[nodiscard]] QString securityFailure(const MailSettings::Values& settings);
+    void open(const QString& password);
     void transmit();
     void refuseConnection(const QString& text);
     [[nodiscard]] MailMessage message() const;
@@ -92,16 +104,19 @@ class clsSendMail final : public QObject, private MailSessionEvents {
 
     MailSettings m_settings;
     const Clock& m_clock;
+    const StringTable& m_texts;
     QStringList m_recipients;
     QStringList m_copies;
     QStringList m_blindCopies;
     QString m_attachment;
     int m_priority = 3;
     QString m_priorityWord = QStringLiteral("Normal");
-    bool m_sendWhenReady = false;  ///< Send is connecting
-    bool m_closeAfterSend = false; ///< Send opened the session
-    bool m_opening = false;        ///< from Connect until the connection is opened or refused
-    QString m_server;              ///< given or looked up
+    bool m_sendWhenReady = false;   ///< Send is connecting
+    bool m_closeAfterSend = false;  ///< Send opened the session
+    bool m_opening = false;         ///< from Connect until the connection is opened or refused
+    QString m_server;               ///< given or looked up
+    MailConnection::TlsRules m_tls; ///< of this connection
     MailHostLookup m_lookup;
+    MailPassword m_password;
     MailConnection m_connection;
 };

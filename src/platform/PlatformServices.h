@@ -12,6 +12,7 @@
 #include "NameService.h"
 #include "Notifier.h"
 #include "OwnFiles.h"
+#include "PasswordStore.h"
 #include "Process.h"
 #include "ProgramPlaces.h"
 #include "ServiceManager.h"
@@ -31,6 +32,7 @@ struct PlatformServices {
     std::unique_ptr<NameService> nameService;
     std::unique_ptr<DesktopMailClient> desktopMail;
     std::unique_ptr<Notifier> notifier;
+    std::unique_ptr<PasswordStore> passwords;
     std::unique_ptr<Autostart> autostart;
     std::unique_ptr<ServiceManager> serviceManager;
     std::unique_ptr<SystemClock> systemClock;

@@ -2382,5 +2382,177 @@ Soll die Aktivität auf dem Laufwerk laufen, das jetzt da ist? Mit "Nein" wartet
         <source>Also soon after something has changed in the source directory.</source>
         <translation>Auch kurz nachdem sich im Quellverzeichnis etwas geändert hat.</translation>
     </message>
+    <message id="904">
+        <source>MailSecurity is neither 0, 1 nor 2</source>
+        <translation>MailSecurity ist weder 0 noch 1 oder 2</translation>
+    </message>
+    <message id="905">
+        <source>POP3 before SMTP does not go with encryption: it would send the password in the clear</source>
+        <translation>POP3 vor SMTP ist mit Verschlüsselung nicht möglich: das Kennwort ginge unverschlüsselt hinaus</translation>
+    </message>
+    <message id="906">
+        <source>This installation cannot encrypt: it has no TLS library</source>
+        <translation>Diese Installation kann nicht verschlüsseln: ihr fehlt die TLS-Bibliothek</translation>
+    </message>
+    <message id="907">
+        <source>The CA file %1 cannot be used: %2</source>
+        <translation>Die CA-Datei %1 ist nicht benutzbar: %2</translation>
+    </message>
+    <message id="908">
+        <source>it holds no certificate</source>
+        <translation>sie enthält kein Zertifikat</translation>
+    </message>
+    <message id="909">
+        <source>The server offers no encryption</source>
+        <translation>Der Server bietet keine Verschlüsselung an</translation>
+    </message>
+    <message id="910">
+        <source>The server sent unencrypted text where encryption begins</source>
+        <translation>Der Server hat unverschlüsselten Text gesendet, wo die Verschlüsselung beginnt</translation>
+    </message>
+    <message id="911">
+        <source>The certificate of %1 is refused: %2</source>
+        <translation>Das Zertifikat von %1 wird abgelehnt: %2</translation>
+    </message>
+    <message id="912">
+        <source>The encryption with %1 failed: %2</source>
+        <translation>Die Verschlüsselung mit %1 ist gescheitert: %2</translation>
+    </message>
+    <message id="913">
+        <source>The server offers neither of the logins PLAIN and LOGIN</source>
+        <translation>Der Server bietet keine der Anmeldungen PLAIN und LOGIN an</translation>
+    </message>
+    <message id="914">
+        <source>No password is stored for %1 at %2</source>
+        <translation>Für %1 bei %2 ist kein Kennwort gespeichert</translation>
+    </message>
+    <message id="915">
+        <source>The password file %1 cannot be read: %2</source>
+        <translation>Die Kennwortdatei %1 ist nicht lesbar: %2</translation>
+    </message>
+    <message id="916">
+        <source>The password file %1 is refused: it must belong to you and be closed to others (mode 0600)</source>
+        <translation>Die Kennwortdatei %1 wird abgelehnt: sie muss Ihnen gehören und für andere gesperrt sein (Modus 0600)</translation>
+    </message>
+    <message id="917">
+        <source>The password store does not answer; it may be locked</source>
+        <translation>Der Kennwortspeicher antwortet nicht; vielleicht ist er gesperrt</translation>
+    </message>
+    <message id="918">
+        <source>The password store refuses: %1</source>
+        <translation>Der Kennwortspeicher lehnt ab: %1</translation>
+    </message>
+    <message id="919">
+        <source>There is no password store here</source>
+        <translation>Hier gibt es keinen Kennwortspeicher</translation>
+    </message>
+    <message id="920">
+        <source>&amp;General</source>
+        <translation>A&amp;llgemein</translation>
+    </message>
+    <message id="921">
+        <source>E-&amp;mail</source>
+        <translation>E-&amp;Mail</translation>
+    </message>
+    <message id="922">
+        <source>Mail server</source>
+        <translation>Mailserver</translation>
+    </message>
+    <message id="923">
+        <source>&amp;Encryption</source>
+        <translation>&amp;Verschlüsselung</translation>
+    </message>
+    <message id="924">
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message id="925">
+        <source>STARTTLS</source>
+        <translation>STARTTLS</translation>
+    </message>
+    <message id="926">
+        <source>TLS from the start</source>
+        <translation>TLS von Anfang an</translation>
+    </message>
+    <message id="927">
+        <source>&amp;Port</source>
+        <translation>&amp;Port</translation>
+    </message>
+    <message id="928">
+        <source>Login</source>
+        <translation>Anmeldung</translation>
+    </message>
+    <message id="929">
+        <source>&amp;User name</source>
+        <translation>&amp;Benutzername</translation>
+    </message>
+    <message id="930">
+        <source>empty: no login</source>
+        <translation>leer: keine Anmeldung</translation>
+    </message>
+    <message id="931">
+        <source>Mail &amp;host</source>
+        <translation>Mail-&amp;Host</translation>
+    </message>
+    <message id="932">
+        <source>Pass&amp;word</source>
+        <translation>&amp;Kennwort</translation>
+    </message>
+    <message id="933">
+        <source>stored; empty keeps it</source>
+        <translation>gespeichert; leer lässt es, wie es ist</translation>
+    </message>
+    <message id="934">
+        <source>none stored</source>
+        <translation>keines gespeichert</translation>
+    </message>
+    <message id="935">
+        <source>&amp;Forget</source>
+        <translation>Ver&amp;gessen</translation>
+    </message>
+    <message id="936">
+        <source>Password f&amp;ile</source>
+        <translation>Kennwort&amp;datei</translation>
+    </message>
+    <message id="937">
+        <source>&amp;CA file</source>
+        <translation>&amp;CA-Datei</translation>
+    </message>
+    <message id="938">
+        <source>Select the password file</source>
+        <translation>Kennwortdatei auswählen</translation>
+    </message>
+    <message id="939">
+        <source>Select the CA file</source>
+        <translation>CA-Datei auswählen</translation>
+    </message>
+    <message id="940">
+        <source>%1. Write the password into a file that only you can read: machine HOST login USER password PASSWORD</source>
+        <translation>%1. Schreiben Sie das Kennwort in eine Datei, die nur Sie lesen können: machine HOST login BENUTZER password KENNWORT</translation>
+    </message>
+    <message id="941">
+        <source>A password belongs to a user and a host. Enter both.</source>
+        <translation>Ein Kennwort gehört zu einem Benutzer und einem Host. Geben Sie beide an.</translation>
+    </message>
+    <message id="942">
+        <source>The password was not changed.</source>
+        <translation>Das Kennwort wurde nicht geändert.</translation>
+    </message>
+    <message id="943">
+        <source>Send a &amp;test mail</source>
+        <translation>Testmail &amp;senden</translation>
+    </message>
+    <message id="944">
+        <source>Sending a test mail ...</source>
+        <translation>Eine Testmail wird gesendet ...</translation>
+    </message>
+    <message id="945">
+        <source>The server has accepted the test mail to %1.</source>
+        <translation>Der Server hat die Testmail an %1 angenommen.</translation>
+    </message>
+    <message id="946">
+        <source>The test mail was not sent.</source>
+        <translation>Die Testmail wurde nicht gesendet.</translation>
+    </message>
 </context>
 </TS>

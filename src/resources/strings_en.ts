@@ -2973,5 +2973,220 @@ Shall the activity run on the drive that is there now? With "No" it waits for th
         <translation>Also soon after something has changed in the source directory.</translation>
         <extra-name>AlsoOnChange</extra-name>
     </message>
+    <message id="904">
+        <source>MailSecurity is neither 0, 1 nor 2</source>
+        <translation>MailSecurity is neither 0, 1 nor 2</translation>
+        <extra-name>MailSecurityUnknown</extra-name>
+    </message>
+    <message id="905">
+        <source>POP3 before SMTP does not go with encryption: it would send the password in the clear</source>
+        <translation>POP3 before SMTP does not go with encryption: it would send the password in the clear</translation>
+        <extra-name>MailSecurityWithPop</extra-name>
+    </message>
+    <message id="906">
+        <source>This installation cannot encrypt: it has no TLS library</source>
+        <translation>This installation cannot encrypt: it has no TLS library</translation>
+        <extra-name>MailNoTls</extra-name>
+    </message>
+    <message id="907">
+        <source>The CA file %1 cannot be used: %2</source>
+        <translation>The CA file %1 cannot be used: %2</translation>
+        <extra-name>MailCaFileUnusable</extra-name>
+    </message>
+    <message id="908">
+        <source>it holds no certificate</source>
+        <translation>it holds no certificate</translation>
+        <extra-name>MailCaFileEmpty</extra-name>
+    </message>
+    <message id="909">
+        <source>The server offers no encryption</source>
+        <translation>The server offers no encryption</translation>
+        <extra-name>MailNoEncryption</extra-name>
+    </message>
+    <message id="910">
+        <source>The server sent unencrypted text where encryption begins</source>
+        <translation>The server sent unencrypted text where encryption begins</translation>
+        <extra-name>MailClearText</extra-name>
+    </message>
+    <message id="911">
+        <source>The certificate of %1 is refused: %2</source>
+        <translation>The certificate of %1 is refused: %2</translation>
+        <extra-name>MailCertificateRefused</extra-name>
+    </message>
+    <message id="912">
+        <source>The encryption with %1 failed: %2</source>
+        <translation>The encryption with %1 failed: %2</translation>
+        <extra-name>MailEncryptionFailed</extra-name>
+    </message>
+    <message id="913">
+        <source>The server offers neither of the logins PLAIN and LOGIN</source>
+        <translation>The server offers neither of the logins PLAIN and LOGIN</translation>
+        <extra-name>MailNoLogin</extra-name>
+    </message>
+    <message id="914">
+        <source>No password is stored for %1 at %2</source>
+        <translation>No password is stored for %1 at %2</translation>
+        <extra-name>MailNoPassword</extra-name>
+    </message>
+    <message id="915">
+        <source>The password file %1 cannot be read: %2</source>
+        <translation>The password file %1 cannot be read: %2</translation>
+        <extra-name>MailPasswordFileUnusable</extra-name>
+    </message>
+    <message id="916">
+        <source>The password file %1 is refused: it must belong to you and be closed to others (mode 0600)</source>
+        <translation>The password file %1 is refused: it must belong to you and be closed to others (mode 0600)</translation>
+        <extra-name>MailPasswordFileOpen</extra-name>
+    </message>
+    <message id="917">
+        <source>The password store does not answer; it may be locked</source>
+        <translation>The password store does not answer; it may be locked</translation>
+        <extra-name>PasswordStoreSilent</extra-name>
+    </message>
+    <message id="918">
+        <source>The password store refuses: %1</source>
+        <translation>The password store refuses: %1</translation>
+        <extra-name>PasswordStoreFailed</extra-name>
+    </message>
+    <message id="919">
+        <source>There is no password store here</source>
+        <translation>There is no password store here</translation>
+        <extra-name>NoPasswordStore</extra-name>
+    </message>
+    <message id="920">
+        <source>&amp;General</source>
+        <translation>&amp;General</translation>
+        <extra-name>GeneralTab</extra-name>
+    </message>
+    <message id="921">
+        <source>E-&amp;mail</source>
+        <translation>E-&amp;mail</translation>
+        <extra-name>MailOptionsTab</extra-name>
+    </message>
+    <message id="922">
+        <source>Mail server</source>
+        <translation>Mail server</translation>
+        <extra-name>MailServerGroup</extra-name>
+    </message>
+    <message id="923">
+        <source>&amp;Encryption</source>
+        <translation>&amp;Encryption</translation>
+        <extra-name>MailEncryption</extra-name>
+    </message>
+    <message id="924">
+        <source>None</source>
+        <translation>None</translation>
+        <extra-name>MailEncryptionNone</extra-name>
+    </message>
+    <message id="925">
+        <source>STARTTLS</source>
+        <translation>STARTTLS</translation>
+        <extra-name>MailEncryptionStartTls</extra-name>
+    </message>
+    <message id="926">
+        <source>TLS from the start</source>
+        <translation>TLS from the start</translation>
+        <extra-name>MailEncryptionTls</extra-name>
+    </message>
+    <message id="927">
+        <source>&amp;Port</source>
+        <translation>&amp;Port</translation>
+        <extra-name>MailPort</extra-name>
+    </message>
+    <message id="928">
+        <source>Login</source>
+        <translation>Login</translation>
+        <extra-name>MailLoginGroup</extra-name>
+    </message>
+    <message id="929">
+        <source>&amp;User name</source>
+        <translation>&amp;User name</translation>
+        <extra-name>MailUser</extra-name>
+    </message>
+    <message id="930">
+        <source>empty: no login</source>
+        <translation>empty: no login</translation>
+        <extra-name>MailUserNone</extra-name>
+    </message>
+    <message id="931">
+        <source>Mail &amp;host</source>
+        <translation>Mail &amp;host</translation>
+        <extra-name>MailLoginHost</extra-name>
+    </message>
+    <message id="932">
+        <source>Pass&amp;word</source>
+        <translation>Pass&amp;word</translation>
+        <extra-name>MailPassword</extra-name>
+    </message>
+    <message id="933">
+        <source>stored; empty keeps it</source>
+        <translation>stored; empty keeps it</translation>
+        <extra-name>MailPasswordStored</extra-name>
+    </message>
+    <message id="934">
+        <source>none stored</source>
+        <translation>none stored</translation>
+        <extra-name>MailPasswordMissing</extra-name>
+    </message>
+    <message id="935">
+        <source>&amp;Forget</source>
+        <translation>&amp;Forget</translation>
+        <extra-name>MailForgetPassword</extra-name>
+    </message>
+    <message id="936">
+        <source>Password f&amp;ile</source>
+        <translation>Password f&amp;ile</translation>
+        <extra-name>MailPasswordFile</extra-name>
+    </message>
+    <message id="937">
+        <source>&amp;CA file</source>
+        <translation>&amp;CA file</translation>
+        <extra-name>MailCaFile</extra-name>
+    </message>
+    <message id="938">
+        <source>Select the password file</source>
+        <translation>Select the password file</translation>
+        <extra-name>SelectPasswordFile</extra-name>
+    </message>
+    <message id="939">
+        <source>Select the CA file</source>
+        <translation>Select the CA file</translation>
+        <extra-name>SelectCaFile</extra-name>
+    </message>
+    <message id="940">
+        <source>%1. Write the password into a file that only you can read: machine HOST login USER password PASSWORD</source>
+        <translation>%1. Write the password into a file that only you can read: machine HOST login USER password PASSWORD</translation>
+        <extra-name>MailUsePasswordFile</extra-name>
+    </message>
+    <message id="941">
+        <source>A password belongs to a user and a host. Enter both.</source>
+        <translation>A password belongs to a user and a host. Enter both.</translation>
+        <extra-name>MailPasswordNeedsHost</extra-name>
+    </message>
+    <message id="942">
+        <source>The password was not changed.</source>
+        <translation>The password was not changed.</translation>
+        <extra-name>MailPasswordNotStored</extra-name>
+    </message>
+    <message id="943">
+        <source>Send a &amp;test mail</source>
+        <translation>Send a &amp;test mail</translation>
+        <extra-name>TestMailSend</extra-name>
+    </message>
+    <message id="944">
+        <source>Sending a test mail ...</source>
+        <translation>Sending a test mail ...</translation>
+        <extra-name>SendingTestMail</extra-name>
+    </message>
+    <message id="945">
+        <source>The server has accepted the test mail to %1.</source>
+        <translation>The server has accepted the test mail to %1.</translation>
+        <extra-name>TestMailTaken</extra-name>
+    </message>
+    <message id="946">
+        <source>The test mail was not sent.</source>
+        <translation>The test mail was not sent.</translation>
+        <extra-name>TestMailNotSent</extra-name>
+    </message>
 </context>
 </TS>

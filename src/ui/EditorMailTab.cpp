@@ -7,6 +7,7 @@
 #include "FormServices.h"
 #include "Prompter.h"
 #include "StringTable.h"
+#include "modForeignText.h"
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLineEdit>
@@ -48,7 +49,8 @@ EditorMailTab::EditorMailTab(const EditorServices& services, const KnownTexts& k
       cmdLoadMailFromOutlook(new QPushButton(services.texts[Text::LoadContacts])), m_mail(new QWidget),
       m_grid(new QGridLayout(m_mail)), cboSender(new ctlAutoCompleteCombo), cboRecipient(new ctlAutoCompleteCombo),
       cboCC(new ctlAutoCompleteCombo), chkUseSMTP(FormParts::CheckBox("chkUseSMTP", services.texts[Text::UseSmtpHost])),
-      txtSMTPHost(new QLineEdit), lblNoMailProgram(new QLabel(services.texts[Text::NoMailProgram])) {
+      txtSMTPHost(new QLineEdit), cmdSendTestMail(new QPushButton(services.texts[Text::TestMailSend])),
+      lblNoMailProgram(new QLabel(services.texts[Text::NoMailProgram])) {
     FormParts::Name(*cmdLoadMailFromOutlook, "cmdLoadMailFromOutlook", services.texts[Text::LoadContacts]);
     if (!m_hasMailProgram)
         cmdLoadMailFromOutlook->setToolTip(services.texts[Text::NoContacts]);
@@ -66,6 +68,7 @@ EditorMailTab::EditorMailTab(const EditorServices& services, const KnownTexts& k
     buildContents();
     buildHost();
     connect(chkMail, &QCheckBox::toggled, this, &EditorMailTab::followSwitches);
+    connect(cmdSendTestMail, &QPushButton::clicked, this, &EditorMailTab::sendTest);
     connect(chkUseSMTP, &QCheckBox::toggled, this, &EditorMailTab::followSwitches);
     connect(cmdLoadMailFromOutlook, &QPushButton::clicked, this, &EditorMailTab::loadContacts);
     followSwitches();
@@ -127,6 +130,8 @@ void EditorMailTab::buildHost() {
     host->setSpacing(12);
     host->addWidget(chkUseSMTP);
     host->addWidget(txtSMTPHost, 1);
+    FormParts::Name(*cmdSendTestMail, "cmdSendTestMail", m_services.texts[Text::TestMailSend]);
+    host->addWidget(cmdSendTestMail);
     m_grid->addLayout(host, Host, 0, 1, 2);
     m_grid->addWidget(lblNoMailProgram, Note, 0, 1, 2);
     m_bindings.Switch(*chkUseSMTP, ActivityField::UseSmtp);
@@ -134,6 +139,7 @@ void EditorMailTab::buildHost() {
 }
 
 void EditorMailTab::Show(const ActivityRecord& record) {
+    m_shown = record;
     m_bindings.Show(record);
     followSwitches();
 }
@@ -154,10 +160,37 @@ void EditorMailTab::loadContacts() {
         combo->Offer(*contacts);
 }
 
+void EditorMailTab::sendTest() {
+    ActivityRecord record = m_shown; // texts that were not edited are not stored
+    Store(record);
+    const QString recipient = record.Text(ActivityField::Recipient);
+    // Queued: a box lets events run, and the mail is still in the middle of its end.
+    m_test = m_services.sendTestMail(record, [this, recipient](const QString& failure) {
+        QMetaObject::invokeMethod(
+            this, [this, recipient, failure] { tellOutcome(recipient, failure); }, Qt::QueuedConnection);
+    });
+    followSwitches();
+}
+
+void EditorMailTab::tellOutcome(const QString& recipient, const QString& failure) {
+    if (!m_test) // given up meanwhile
+        return;
+    m_test.reset();
+    followSwitches();
+    const StringTable& texts = m_services.texts;
+    const bool isTaken = failure.isEmpty();
+    m_services.prompter.Ask({isTaken ? texts[Text::TestMailTaken].arg(modForeignText::OneLine(recipient))
+                                     : QString(texts[Text::TestMailNotSent] + QStringLiteral("\n\n") + failure),
+                             FormParts::Spoken(texts[Text::TestMailSend]),
+                             isTaken ? MessageIcon::Information : MessageIcon::Exclamation, MessageButtons::Ok});
+}
+
 void EditorMailTab::followSwitches() {
     const bool mails = chkMail->isChecked();
     m_mail->setEnabled(mails);
     cmdLoadMailFromOutlook->setEnabled(mails && m_hasMailProgram);
     txtSMTPHost->setEnabled(chkUseSMTP->isChecked());
+    cmdSendTestMail->setEnabled(!m_test && chkUseSMTP->isChecked());
+    cmdSendTestMail->setText(m_services.texts[m_test ? Text::SendingTestMail : Text::TestMailSend]);
     lblNoMailProgram->setVisible(mails && !chkUseSMTP->isChecked() && !m_hasMailProgram);
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "RecordBindings.h"
+#include "TestMail.h"
 #include <QStringList>
 #include <QWidget>
 
@@ -31,12 +32,17 @@ class EditorMailTab final : public QWidget {
     void Show(const ActivityRecord& record);
     void Store(ActivityRecord& record) const { m_bindings.Store(record); }
 
+    /// Gives up a test mail that is under way; its outcome is not told any more.
+    void GiveUpTest() { m_test.reset(); }
+
   private:
     void buildAddresses(const KnownTexts& known);
     void buildText();
     void buildContents();
     void buildHost();
     void loadContacts();
+    void sendTest();
+    void tellOutcome(const QString& recipient, const QString& failure);
     void followSwitches();
 
     const EditorServices& m_services;
@@ -50,6 +56,9 @@ class EditorMailTab final : public QWidget {
     ctlAutoCompleteCombo* cboCC;
     QCheckBox* chkUseSMTP;
     QLineEdit* txtSMTPHost;
+    QPushButton* cmdSendTestMail;
     QLabel* lblNoMailProgram;
+    std::unique_ptr<TestMail> m_test; ///< under way
     RecordBindings m_bindings;
+    ActivityRecord m_shown;
 };

@@ -1,6 +1,7 @@
 // What forms need of the rest of the program. References only: whoever opens a form keeps them alive meanwhile.
 #pragma once
 
+#include "TestMail.h"
 #include <QLocale>
 
 class Clock;
@@ -27,4 +28,5 @@ struct EditorServices : FormServices {
     const clsGetSystemDirectoryPaths& system;
     QLocale locale;                ///< of dates: the one the schedulers read them with
     bool countsByTheClock = false; ///< the general option
+    SendTestMail sendTestMail = {};
 };

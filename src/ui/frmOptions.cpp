@@ -172,6 +172,7 @@ void frmOptions::reject() {
 
 void frmOptions::done(int result) {
     m_over = true;
+    m_mail->GiveUpTest();
     QDialog::done(result);
 }
 

@@ -3,6 +3,7 @@
 #include "DesktopEntries.h"
 #include "FilePicker.h"
 #include "FormParts.h"
+#include "MailOptionsPage.h"
 #include "OwnFiles.h"
 #include "Prompter.h"
 #include "SettingsStore.h"
@@ -20,6 +21,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QVBoxLayout>
 #include <array>
 #include <tuple>
@@ -81,19 +83,31 @@ void createMissing(OwnFiles& files, const std::filesystem::path& log) {
 } // namespace
 
 frmStartOptions::frmStartOptions(const FormServices& services, Autostart& autostart, std::filesystem::path program,
-                                 const Options& options, QWidget* parent)
-    : QDialog(parent), m_services(services), m_autostart(autostart), m_program(std::move(program)) {
+                                 PasswordStore& passwords, const Options& options, QWidget* parent)
+    : QDialog(parent), m_services(services), m_autostart(autostart), m_program(std::move(program)),
+      m_tabs(new QTabWidget), m_mail(new MailOptionsPage(services, passwords, options.mail)) {
     setObjectName(QStringLiteral("frmStartOptions"));
     setWindowTitle(services.texts[Text::GeneralOptions]);
-    auto* all = new QVBoxLayout(this);
+    auto* general = new QWidget;
+    auto* all = new QVBoxLayout(general);
     all->setSpacing(12);
     all->addWidget(buildSwitches(options));
     all->addWidget(buildLogFile(options));
     all->addWidget(buildSummary(options));
     all->addWidget(buildSchedule(options));
     all->addStretch();
-    all->addWidget(buildButtons());
+    m_tabs->setObjectName(QStringLiteral("tabStartOptions"));
+    addTab(general, "tabGeneralOptions", Text::GeneralTab);
+    addTab(m_mail, "tabMailOptions", Text::MailOptionsTab);
+    auto* form = new QVBoxLayout(this);
+    form->addWidget(m_tabs, 1);
+    form->addWidget(buildButtons());
     m_switches.front()->setFocus();
+}
+
+void frmStartOptions::addTab(QWidget* page, const char* name, Text caption) {
+    FormParts::Name(*page, name, m_services.texts[caption]);
+    m_tabs->addTab(page, m_services.texts[caption]);
 }
 
 QGroupBox* frmStartOptions::buildSwitches(const Options& options) {
@@ -194,7 +208,12 @@ Options frmStartOptions::Values() const {
     options.notify = m_notify->currentIndex();
     options.countByTheClock = m_countByTheClock->isChecked();
     options.runMissed = m_runMissed->isChecked();
+    options.mail = m_mail->Values();
     return options;
+}
+
+QString frmStartOptions::NewMailPassword() const {
+    return m_mail->NewPassword();
 }
 
 bool frmStartOptions::acceptsLogPath() {
@@ -215,12 +234,23 @@ bool frmStartOptions::acceptsLogPath() {
     }
     m_services.prompter.Ask(
         {objection, texts[Text::DirectoryNotFoundTitle], MessageIcon::Exclamation, MessageButtons::Ok});
+    m_tabs->setCurrentIndex(0);
     m_loggingPath->setFocus();
     return false;
 }
 
+bool frmStartOptions::acceptsPassword() {
+    if (m_mail->IsComplete())
+        return true;
+    m_tabs->setCurrentWidget(m_mail);
+    m_services.prompter.Ask({m_services.texts[Text::MailPasswordNeedsHost], m_services.texts[Text::Error],
+                             MessageIcon::Exclamation, MessageButtons::Ok});
+    m_mail->LeadToMissing();
+    return false;
+}
+
 void frmStartOptions::save() {
-    if (!acceptsLogPath())
+    if (!acceptsPassword() || !acceptsLogPath())
         return;
     CreateAutoStart();
     accept();

@@ -3,16 +3,21 @@
 #pragma once
 
 #include "FormServices.h"
+#include "MailOptions.h"
+#include "Text.h"
 #include <QDialog>
 #include <filesystem>
 #include <vector>
 
 class Autostart;
+class MailOptionsPage;
+class PasswordStore;
 class QCheckBox;
 class QComboBox;
 class QDialogButtonBox;
 class QGroupBox;
 class QLineEdit;
+class QTabWidget;
 
 class frmStartOptions final : public QDialog {
     Q_OBJECT
@@ -32,14 +37,18 @@ class frmStartOptions final : public QDialog {
         bool runMissed = false;
         int notify = 0;        ///< the row of cboNotify
         bool canNotify = true; ///< else that row is hidden
+        MailOptions mail;
     };
     /// `program` is what starts with the session. An entry for it that exists already checks chkStartWithWindows,
     /// whatever the option says.
     frmStartOptions(const FormServices& services, Autostart& autostart, std::filesystem::path program,
-                    const Options& options, QWidget* parent = nullptr);
+                    PasswordStore& passwords, const Options& options, QWidget* parent = nullptr);
 
     /// What the controls show. Valid after "Save", when the dialog has ended accepted.
     [[nodiscard]] Options Values() const;
+
+    /// The password that was typed for the user and host of Values().mail; "" for none.
+    [[nodiscard]] QString NewMailPassword() const;
 
     /// Makes or removes the entry for the user's session, as chkStartWithWindows says.
     void CreateAutoStart();
@@ -48,6 +57,7 @@ class frmStartOptions final : public QDialog {
     void HelpWanted();
 
   private:
+    void addTab(QWidget* page, const char* name, Text caption);
     QGroupBox* buildSwitches(const Options& options);
     QGroupBox* buildLogFile(const Options& options);
     QGroupBox* buildSummary(const Options& options);
@@ -56,10 +66,13 @@ class frmStartOptions final : public QDialog {
     void save();
     void selectFile();
     [[nodiscard]] bool acceptsLogPath();
+    [[nodiscard]] bool acceptsPassword();
 
     FormServices m_services;
     Autostart& m_autostart;
     std::filesystem::path m_program;
+    QTabWidget* m_tabs;
+    MailOptionsPage* m_mail;
     std::vector<QCheckBox*> m_switches; ///< in the order of their table
     QLineEdit* m_loggingPath = nullptr;
     QCheckBox* m_summaryInLog = nullptr;

@@ -8,8 +8,11 @@
 #include "frmStartOptions.h"
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSpinBox>
+#include <QTabWidget>
 
 namespace {
 
@@ -39,6 +42,15 @@ struct Scene : ProgramFixture {
         for (const QString& key : {u"EvenIntervals"_qs, u"RunMissed"_qs})
             all.append(settings->values.value(u"Kalvenor/Schedule/"_qs + key));
         return all;
+    }
+
+    /// What is stored for mail, "key=value|..."
+    QString StoredMail() const {
+        QStringList all;
+        for (const QString& key : settings->values.keys())
+            if (key.startsWith(u"Postrelle/"))
+                all.append(key.section(u'/', 2) + u'=' + settings->values[key]);
+        return all.join(u'|');
     }
 
     DialogHost dialogs;
@@ -121,6 +133,87 @@ class TestDialogs : public QObject {
         QVERIFY(options.SummaryInLog() && options.SummaryInMail() && options.Notify == 2);
         QCOMPARE(scene.StoredSchedule(), QStringList({u"1"_qs, u"0"_qs}));
         QVERIFY(options.EvenIntervals() && !options.RunMissed());
+    }
+
+    void mailOptions() {
+        Scene scene;
+        const QString key = u"kalvenor:smtp:mail.de:anna"_qs;
+        FakePasswordStore& store = *scene.passwords;
+        const auto line = [](frmStartOptions& form, const char* name) -> QLineEdit& {
+            return Find<QLineEdit>(form, name);
+        };
+        const auto login = [&](frmStartOptions& form) {
+            line(form, "txtMailUser").setText(u" anna "_qs);
+            line(form, "txtMailHost").setText(u"Mail.DE"_qs);
+            line(form, "txtMailPassword").setText(u"s\u00E4cret"_qs);
+        };
+        scene.Edit([&](frmStartOptions& form) { // cancelled
+            login(form);
+            form.close();
+        });
+        scene.Edit([](frmStartOptions& form) { Find<QCheckBox>(form, "chkMinToTray").click(); });
+        QCOMPARE(scene.StoredMail(), QString());
+        const QString base = u"Postrelle/Settings/"_qs;
+        scene.settings->values[base + u"PersistentSettings"] = u"1"_qs;
+        scene.settings->values[base + u"RemotePort"] = u"70000"_qs;
+        scene.Edit([](frmStartOptions& form) { Find<QCheckBox>(form, "chkMinToTray").click(); });
+        QCOMPARE(scene.StoredMail(), u"PersistentSettings=1|RemotePort=70000"_qs); // nobody has touched it
+        scene.settings->values.remove(base + u"PersistentSettings");
+        scene.settings->values.remove(base + u"RemotePort");
+        scene.Edit([&](frmStartOptions& form) { // a password without a host belongs to nobody
+            login(form);
+            line(form, "txtMailHost").clear();
+            Find<QPushButton>(form, "cmdSave").click();
+            QVERIFY(form.isVisible() && form.focusWidget() == &line(form, "txtMailHost"));
+            login(form);
+            auto& encryption = Find<QComboBox>(form, "cboMailSecurity");
+            auto& port = Find<QSpinBox>(form, "spnMailPort");
+            for (const int follows : {587, 465, 25}) {
+                encryption.setCurrentIndex(follows == 587 ? 1 : follows == 465 ? 2 : 0);
+                QCOMPARE(port.value(), follows);
+            }
+            port.setValue(2525);
+            encryption.setCurrentIndex(1);
+            QCOMPARE(port.value(), 2525);
+        });
+        const QString stored = u"CAFile=|MailSecurity=1|PasswordFile=|PersistentSettings=1|RemoteHost=Mail.DE|"
+                               "RemotePort=2525|UseAuthentication=1|Username=anna"_qs;
+        QCOMPARE(scene.StoredMail(), stored);
+        QCOMPARE(store.passwords, (QMap<QString, QByteArray>{{key, "s\xc3\xa4"
+                                                                   "cret"}}));
+        // What is no number stays until somebody chooses; the password is known to be there, and not shown.
+        scene.settings->values[u"Postrelle/Settings/MailSecurity"_qs] = u"7"_qs;
+        scene.settings->failing = u"CAFile"_qs;
+        const auto editCaFile = [&](frmStartOptions& form) {
+            Find<QTabWidget>(form, "tabStartOptions").setCurrentIndex(1);
+            QTRY_VERIFY(Find<QPushButton>(form, "cmdForgetPassword").isEnabled());
+            QCOMPARE(line(form, "txtMailPassword").text(), QString());
+            QCOMPARE(line(form, "txtMailPassword").placeholderText(), scene.texts[Text::MailPasswordStored]);
+            line(form, "txtCaFile").setText(u"/ca"_qs);
+        };
+        scene.Edit(editCaFile);
+        QVERIFY(scene.prompter.shown.back().text.startsWith(scene.texts[Text::OptionsNotStored]));
+        scene.settings->failing.clear();
+        scene.Edit(editCaFile);
+        QCOMPARE(scene.StoredMail(),
+                 QString(stored).replace(u"y=1|P"_qs, u"y=7|P"_qs).replace(u"File=|M"_qs, u"File=/ca|M"_qs));
+        scene.Edit([&](frmStartOptions& form) {
+            Find<QTabWidget>(form, "tabStartOptions").setCurrentIndex(1);
+            QTRY_VERIFY(Find<QPushButton>(form, "cmdForgetPassword").isEnabled());
+            Find<QPushButton>(form, "cmdForgetPassword").click();
+            QTRY_COMPARE(line(form, "txtMailPassword").placeholderText(), scene.texts[Text::MailPasswordMissing]);
+        });
+        QVERIFY(store.passwords.isEmpty());
+        scene.prompter.shown.clear();
+        store.failing = PasswordAnswer::Outcome::Refused;
+        scene.Edit([&](frmStartOptions& form) {
+            Find<QTabWidget>(form, "tabStartOptions").setCurrentIndex(1);
+            QTRY_VERIFY(Find<QLabel>(form, "lblPasswordStore").text().contains(u"machine HOST login USER"));
+            login(form);
+        });
+        QTRY_COMPARE(scene.prompter.shown.size(), 1U);
+        QCOMPARE(scene.prompter.shown.front().text, scene.texts[Text::MailPasswordNotStored] + u"\n" +
+                                                        scene.texts[Text::PasswordStoreFailed].arg(u"no\uFFFD"_qs));
     }
 
     void cancelWritesWhatWas() {

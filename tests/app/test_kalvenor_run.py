@@ -233,6 +233,20 @@ class Mail(RunFixture):
         self.assertTrue(log.startswith(attachment.get_payload(decode=True)))
         self.assertIn(b"Copy file", attachment.get_payload(decode=True))
 
+    @unittest.skipUnless(IS_LINUX, "nobody looks at the rights of a file there")
+    def test_a_password_file_is_for_its_owner_alone(self):
+        passwords = self.root / "netrc"
+        passwords.write_text("machine 127.0.0.1 login kalvenor password geheim\n")
+        self.serve(MailSecurity=2, UseAuthentication=1, Username="kalvenor", PasswordFile=passwords)
+        for mode, reason in ((0o640, "is refused: it must belong to you"), (0o604, "is refused: it must belong to you"),
+                             (0o400, "The encryption with 127.0.0.1 failed: ")):  # this server cannot
+            passwords.chmod(mode)
+            self.assertIn(reason, self.run_once(self.notifying()), oct(mode))
+        self.assertEqual(self.told, [])
+        for file in self.root.rglob("*"):
+            if file.is_file() and file != passwords:
+                self.assertNotIn(b"geheim", file.read_bytes(), file)
+
     def test_a_silent_server_holds_up_nobody_else(self):
         self.serve(ConnectTimeout=3, ConnectRetry=1)
         with socket.create_server(("127.0.0.2", self.server.port)):

@@ -1,17 +1,21 @@
 // The dialogue without a socket: the server is a script, the clock a number.
 #include "MailSession.h"
+#include "StringTable.h"
+#include "modNetrc.h"
 
 #include <QRegularExpression>
 #include <QTest>
 
 namespace {
 
-MailServers servers(bool login = false) {
+MailServers servers(bool login = false, MailSecurity security = MailSecurity::None) {
     return {.smtpHost = u"smtp"_qs,
             .popHost = u"pop"_qs,
             .username = u"user"_qs,
             .password = u"secret"_qs,
-            .useAuthentication = login};
+            .useAuthentication = login,
+            .security = security,
+            .caFile = {}};
 }
 
 class ScriptedServer final : public MailWire, public MailSessionEvents {
@@ -25,6 +29,10 @@ class ScriptedServer final : public MailWire, public MailSessionEvents {
             talk += QString::fromLatin1(bytes).trimmed();
         }
         sent += bytes;
+    }
+    bool StartEncryption() override {
+        talk += u"encrypt"_qs;
+        return !isInjected;
     }
     void Close() override { talk += u"close"_qs; }
     qint64 Unsent() const override { return unsent; }
@@ -41,6 +49,10 @@ class ScriptedServer final : public MailWire, public MailSessionEvents {
                 session.OnConnected();
             else if (reply == "closed")
                 session.OnClosed();
+            else if (reply == "encrypted")
+                session.OnEncrypted();
+            else if (reply == "refused")
+                session.OnNotEncrypted(u"expired"_qs);
             else if (reply.startsWith("wait "))
                 Wait(reply.mid(5).toInt());
             else {
@@ -73,10 +85,12 @@ class ScriptedServer final : public MailWire, public MailSessionEvents {
     QByteArray body;
     QByteArray sent;
     bool inData = false;
+    bool isInjected = false;
     qint64 unsent = 0;
     qint64 untaken = 0;
     int now = 36'000;
-    MailSession session{*this, *this, [this] { return now; }};
+    StringTable texts{Language::English};
+    MailSession session{*this, *this, texts, [this] { return now; }};
 };
 
 /// "code: text" of each reply, which must not depend on the pieces they arrive in.
@@ -151,6 +165,64 @@ class TestMailSession final : public QObject {
         QCOMPARE(talk("wait 30|connected|220 hi|250 ok"),
                  u"open smtp:25|open smtp:25|HELO here.de => " + hello + u"|ready");
         QCOMPARE(talk("connected|wait 30"), u"open smtp:25|close => " + timedOut + u"|not ready");
+    }
+
+    /// Each row: encrypted how, what the server says, what is sent, and after "=>" how it ends.
+    void encryptsAndLogsIn() {
+        constexpr MailSecurity start = MailSecurity::StartTls;
+        constexpr MailSecurity tls = MailSecurity::Tls;
+        const auto talk = [](MailSecurity security, const QByteArray& replies, bool isInjected = false) {
+            ScriptedServer server;
+            server.isInjected = isInjected;
+            server.session.Connect(servers(true, security), u"me@here.de"_qs);
+            server.Play(QByteArray(replies).replace("/", "\r\n"));
+            const QStringList ends = server.events.filter(QRegularExpression(u"^(failed: |ready|not ready)"_qs));
+            return QString(server.talk.mid(1).join(u'|') + u" => " + ends.join(u'|'));
+        };
+        const QString plain = u"AUTH PLAIN AHVzZXIAc2VjcmV0"_qs;
+        const QString hello = u"encrypt|EHLO here.de|"_qs;
+        const QString both = u"EHLO here.de|STARTTLS|"_qs + hello;
+        const QByteArray hi = "connected|encrypted|220 hi|";
+        const QByteArray offer = "connected|220 hi|250-x/250 STARTTLS|220 go|";
+        const auto failed = [](const QString& why) { return QString(u"close => failed: "_qs + why + u"|not ready"); };
+        QCOMPARE(talk(tls, hi + "250-x/250 AUTH LOGIN PLAIN|235 in"), QString(hello + plain + u" => ready"));
+        QCOMPARE(talk(tls, hi + "250-x/250 auth=plain|235 in"), QString(hello + plain + u" => ready"));
+        QCOMPARE(talk(tls, hi + "250-x/250 AUTH LOGIN XPLAIN|334 VXNlcm5hbWU6|334 UGFzc3dvcmQ6|235 in"),
+                 QString(hello + u"AUTH Login|dXNlcg==|c2VjcmV0 => ready"));
+        QCOMPARE(talk(tls, hi + "250 AUTH PLAIN"), QString(hello + failed(u"The server offers neither of the logins "
+                                                                          "PLAIN and LOGIN"_qs))); // that is its name
+        QCOMPARE(talk(tls, hi + "250-x/250 AUTH PLAIN|535 no"), QString(hello + plain + u'|' + failed(u"535 no"_qs)));
+        QCOMPARE(talk(tls, hi + "250-x/250 AUTH PLAIN|334 "), QString(hello + plain + u'|' + failed(u"334"_qs)));
+        QCOMPARE(talk(tls, hi + "250-x/250 AUTH PLAIN|closed"),
+                 QString(hello + plain + u'|' + failed(u"Host Login Failed!"_qs)));
+        QCOMPARE(talk(tls, "connected|refused|closed"), QString(u"encrypt|"_qs + failed(u"expired"_qs)));
+        QCOMPARE(talk(tls, "connected|wait 30"), QString(u"encrypt|close => "_qs + timedOut + u"|not ready"));
+        // What was offered in the clear counts no more.
+        QCOMPARE(talk(start, "connected|220 hi|250-x/250-AUTH PLAIN/250 starttls|220 go|encrypted|250 x"),
+                 QString(both + failed(u"The server offers neither of the logins PLAIN and LOGIN"_qs)));
+        QCOMPARE(talk(start, offer + "encrypted|250-x/250 AUTH PLAIN|235 in"), QString(both + plain + u" => ready"));
+        QCOMPARE(talk(start, "connected|220 hi|250-x/250 XSTARTTLS|250 AUTH LOGIN|wait 9"),
+                 QString(u"EHLO here.de|"_qs + failed(u"The server offers no encryption"_qs)));
+        QCOMPARE(talk(start, "connected|220 hi|250-x/250 STARTTLS|454 no"),
+                 QString(u"EHLO here.de|STARTTLS|"_qs + failed(u"454 no"_qs)));
+        QCOMPARE(talk(start, offer, true),
+                 QString(u"EHLO here.de|STARTTLS|encrypt|"_qs +
+                         failed(u"The server sent unencrypted text where encryption begins"_qs)));
+    }
+
+    void findsPasswords() {
+        const QByteArray netrc = "# machine here.de login a password no\n"
+                                 "default login a password no\n"
+                                 "machine other.de login a password no\n"
+                                 "machine here.de password no account x\n"
+                                 "macdef init\nmachine here.de login a password no\n\n"
+                                 "machine Here.DE.\n\tlogin a # who\n\tpassword #1\\\n"
+                                 "machine \"b\u00FCcher.de\" login \"a b\" password \"\\\"2 \\\\\"";
+        QCOMPARE(modNetrc::PasswordOf(netrc, u"here.de"_qs, u"a"_qs), QByteArray("#1\\"));
+        QCOMPARE(modNetrc::PasswordOf(netrc, u"xn--bcher-kva.de"_qs, u"a b"_qs), QByteArray("\"2 \\"));
+        for (const QString& user : {u"A"_qs, u""_qs, u"b"_qs})
+            QCOMPARE(modNetrc::PasswordOf(netrc, u"here.de"_qs, user), QByteArray());
+        QCOMPARE(modNetrc::PasswordOf("machine here.de login a password \"1", u"here.de"_qs, u"a"_qs), QByteArray());
     }
 
     void sends() {

@@ -9,6 +9,7 @@
 #include <QDBusVirtualObject>
 #include <QProcess>
 #include <QSignalSpy>
+#include <QStandardPaths>
 #include <QTest>
 #include <csignal>
 #include <memory>
@@ -53,16 +54,48 @@ class FakeService final : public QDBusVirtualObject {
     QString introspect(const QString&) const override { return {}; }
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override {
         calls.append(message);
+        if (isMute)
+            return true;
         return connection.send(refusal.isEmpty() ? message.createReply(reply)
                                                  : message.createErrorReply(u"org.test.Refused"_qs, refusal));
     }
     bool isOffered = false;
+    bool isMute = false; ///< never answers
     QList<QDBusMessage> calls;
     QVariantList reply;
     QString refusal;
 
   private:
     QString m_name;
+};
+
+/// gnome-keyring with a keyring of the test's own, opened by a password unless it is to stay locked.
+class Keyring final {
+  public:
+    Keyring(const ScratchFolder& home, bool isLocked) {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        for (const QString& variable : {u"HOME"_qs, u"XDG_DATA_HOME"_qs, u"XDG_RUNTIME_DIR"_qs})
+            environment.insert(variable, home.Path());
+        m_daemon.setProcessEnvironment(environment);
+        m_daemon.setProgram(u"gnome-keyring-daemon"_qs);
+        QStringList words{u"--foreground"_qs, u"--components=secrets"_qs,
+                          u"--control-directory="_qs + home.Path(u"control"_qs)};
+        if (!isLocked)
+            words.append(u"--unlock"_qs);
+        m_daemon.setArguments(words);
+        m_daemon.start();
+        m_daemon.write("password");
+        m_daemon.closeWriteChannel();
+        isRunning = m_daemon.waitForReadyRead(); // it says where its socket is when all is up
+    }
+    ~Keyring() {
+        m_daemon.terminate();
+        m_daemon.waitForFinished();
+    }
+    bool isRunning = false;
+
+  private:
+    QProcess m_daemon;
 };
 
 /// The system call: fails with the number, or takes the time.
@@ -225,6 +258,49 @@ class TestDesktop final : public QObject {
             return QTest::qWaitFor([&] { return desktop.calls.size() == 5; }, 100);
         }());
         QCOMPARE(part(4, 1), QVariant(0U));
+    }
+
+    void keepsPasswords() {
+        using Outcome = PasswordAnswer::Outcome;
+        const auto store = MakePasswordStore();
+        QObject receiver;
+        const auto ask = [&](auto operation, auto... words) {
+            std::optional<PasswordAnswer> found;
+            const PasswordStore::Question question{&receiver, 2s,
+                                                   [&](const PasswordAnswer& answer) { found = answer; }};
+            (store.get()->*operation)(words..., question);
+            const bool isLate = !found && QTest::qWaitFor([&] { return found.has_value(); }, 10'000);
+            return isLate ? *found : PasswordAnswer{Outcome::Refused, "during the call, or never", {}};
+        };
+        const QString key = u"kalvenor:smtp:a.de:anna"_qs;
+        qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+        qputenv("XDG_RUNTIME_DIR", m_home->Path().toUtf8());
+        QCOMPARE(ask(&PasswordStore::Read, key).outcome, Outcome::NoStore);
+        qputenv("DBUS_SESSION_BUS_ADDRESS", m_bus.address);
+        if (QStandardPaths::findExecutable(u"gnome-keyring-daemon"_qs).isEmpty())
+            QSKIP("there is no gnome-keyring here");
+        // Asks the user to unlock the keyring, and waits.
+        FakeService prompter(m_bus, u"org.gnome.keyring.SystemPrompter"_qs, u"/org/gnome/keyring/Prompter"_qs);
+        QVERIFY(prompter.isOffered);
+        prompter.isMute = true;
+        {
+            const Keyring open(*m_home, false);
+            QVERIFY(open.isRunning);
+            QCOMPARE(ask(&PasswordStore::Read, key).outcome, Outcome::NotStored);
+            for (const char* password : {"first", "\xc3\xa4 \"2\""}) {
+                QCOMPARE(ask(&PasswordStore::Write, key, QByteArray(password)).outcome, Outcome::Done);
+                QCOMPARE(ask(&PasswordStore::Read, key).password, QByteArray(password));
+            }
+            QCOMPARE(ask(&PasswordStore::Read, key + u'2').outcome, Outcome::NotStored);
+            QCOMPARE(ask(&PasswordStore::Remove, key).outcome, Outcome::Done);
+            QCOMPARE(ask(&PasswordStore::Read, key).outcome, Outcome::NotStored);
+            QCOMPARE(ask(&PasswordStore::Write, key, QByteArray("kept")).outcome, Outcome::Done);
+        }
+        const Keyring locked(*m_home, true);
+        QVERIFY(locked.isRunning);
+        for (int mail = 0; mail < 2; ++mail) // the second waits behind the first
+            QCOMPARE(ask(&PasswordStore::Read, key).outcome, Outcome::Silent);
+        QVERIFY(!prompter.calls.isEmpty());
     }
 
     void turnsSignalsIntoEvents() {

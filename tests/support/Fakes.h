@@ -10,6 +10,7 @@
 #include "Machine.h"
 #include "NameService.h"
 #include "Notifier.h"
+#include "PasswordStore.h"
 #include "Process.h"
 #include "Prompter.h"
 #include "ServiceManager.h"
@@ -182,6 +183,39 @@ class FakeNotifier final : public Notifier {
     void Show(const Notice& notice) override { shown.append(notice.key + u'|' + notice.title + u'|' + notice.text); }
     QStringList shown;
     bool available = true;
+};
+
+class FakePasswordStore final : public PasswordStore {
+  public:
+    void Read(const QString& key, const Question& question) override {
+        const PasswordAnswer::Outcome outcome = outcomeOf(key);
+        const bool isFound = outcome == PasswordAnswer::Outcome::Done;
+        answer(question, u"read "_qs + key, {outcome, isFound ? passwords.value(key) : QByteArray(), u"no\x1b"_qs});
+    }
+    void Write(const QString& key, const QByteArray& password, const Question& question) override {
+        if (failing == PasswordAnswer::Outcome::Done)
+            passwords[key] = password;
+        answer(question, u"write "_qs + key, {failing, {}, u"no\x1b"_qs});
+    }
+    void Remove(const QString& key, const Question& question) override {
+        const PasswordAnswer::Outcome outcome = outcomeOf(key);
+        passwords.remove(key);
+        answer(question, u"remove "_qs + key, {outcome, {}, u"no\x1b"_qs});
+    }
+    QMap<QString, QByteArray> passwords;
+    PasswordAnswer::Outcome failing = PasswordAnswer::Outcome::Done;
+    QStringList asked;
+
+  private:
+    PasswordAnswer::Outcome outcomeOf(const QString& key) const {
+        if (failing != PasswordAnswer::Outcome::Done)
+            return failing;
+        return passwords.contains(key) ? failing : PasswordAnswer::Outcome::NotStored;
+    }
+    void answer(const Question& question, const QString& what, const PasswordAnswer& answer) {
+        asked.append(what);
+        answerLater(question, answer);
+    }
 };
 
 class FakePowerControl final : public PowerControl {

@@ -146,6 +146,7 @@ class ProgramFixture : public ScratchFolder {
     FakeNameService* const names = putInto<FakeNameService>(services.nameService);
     FakeFolderWatches* const watches = putInto<FakeFolderWatches>(services.folderWatches);
     FakeNotifier* const notifier = putInto<FakeNotifier>(services.notifier);
+    FakePasswordStore* const passwords = putInto<FakePasswordStore>(services.passwords);
     FakeAutostart* const autostart = putInto<FakeAutostart>(services.autostart);
     FakeServiceManager* const serviceManager = putInto<FakeServiceManager>(services.serviceManager);
     FakeSystemClock* const systemClock = putInto<FakeSystemClock>(services.systemClock);

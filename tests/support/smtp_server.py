@@ -23,16 +23,18 @@ class LoginSmtp(SMTP):
 
 
 class SmtpServer(Controller):
-    """Lets one user in, takes every mail and tells of each."""
+    """Lets one user in, takes every mail and tells of each. `ssl_context` encrypts from the start, what is in `more`
+    goes to the dialogue."""
 
-    def __init__(self, tell):
+    def __init__(self, tell, ssl_context=None, **more):
         with socket.create_server(("127.0.0.1", 0)) as free:
             port = free.getsockname()[1]
-        super().__init__(self, hostname="127.0.0.1", port=port)
+        super().__init__(self, hostname="127.0.0.1", port=port, ssl_context=ssl_context)
         self.tell = tell
+        self.more = more
 
     def factory(self):
-        return LoginSmtp(self, authenticator=self.authenticate, auth_require_tls=False)
+        return LoginSmtp(self, authenticator=self.authenticate, auth_require_tls=False, **self.more)
 
     async def handle_DATA(self, server, session, envelope):
         self.tell({"mail_from": envelope.mail_from, "options": envelope.mail_options,
@@ -41,7 +43,7 @@ class SmtpServer(Controller):
 
     def authenticate(self, server, session, envelope, mechanism, data):
         self.tell({"mechanism": mechanism, "login": data.login.decode(), "password": data.password.decode()})
-        return AuthResult(success=data.login == b"kalvenor")
+        return AuthResult(success=data.login == b"kalvenor" and data.password != b"wrong", handled=False)
 
 
 if __name__ == "__main__":

@@ -43,12 +43,19 @@ struct EditorWorld {
     FakeClock clock;
     NoDesktopMailClient mail;
     clsGetSystemDirectoryPaths system{"/usr", "/etc", "/"};
+    SendTestMail sendTestMail;
     int writes = 0;
     ActivityRecord written;
 
     EditorServices Services() {
         const QLocale locale(QLocale::English, QLocale::UnitedStates);
-        return {{store.texts, store.prompter, picker, store.files, settings}, clock, mail, system, locale};
+        return {{store.texts, store.prompter, picker, store.files, settings},
+                clock,
+                mail,
+                system,
+                locale,
+                false,
+                sendTestMail};
     }
     frmOptions::Request Request(const QString& name, const ActivityRecord& record) {
         return {name,
@@ -102,6 +109,51 @@ class TestFrmOptions : public QObject {
     }
 
   private Q_SLOTS:
+    void sendsATestMail() {
+        struct Handle final : TestMail {
+            explicit Handle(int& count) : underWay(count) { ++underWay; }
+            ~Handle() override { --underWay; }
+            int& underWay;
+        };
+        EditorWorld world;
+        int underWay = 0;
+        QString sent;
+        std::function<void(const QString&)> end;
+        world.sendTestMail = [&](const ActivityRecord& record, std::function<void(const QString&)> ended) {
+            sent = record.Text(F::Recipient) + u' ' + record.Text(F::Sender);
+            end = std::move(ended);
+            return std::make_unique<Handle>(underWay);
+        };
+        {
+            ActivityRecord record = frmOptions::NewActivity();
+            record.SetText(F::Recipient, u"r@a.de"_qs);
+            frmOptions form(world.Services(), world.Request({}, record));
+            auto& button = Find<QPushButton>(form, "cmdSendTestMail");
+            QVERIFY(!button.isEnabled());
+            enter(form, "chkMail", "+");
+            enter(form, "chkUseSMTP", "-");
+            QVERIFY(!button.isEnabled()); // the desktop's mail program sends
+            enter(form, "chkUseSMTP", "+");
+            enter(form, "cboSender", "s@a.de");
+            for (const QString& failure : {u"535 no"_qs, QString()}) {
+                button.click();
+                QVERIFY(underWay == 1 && sent == u"r@a.de s@a.de" && !button.isEnabled());
+                end(failure);
+                QVERIFY(world.store.prompter.shown.empty()); // its end is still on the stack
+                QTRY_COMPARE(world.store.prompter.shown.size(), 1U);
+                QVERIFY(underWay == 0 && button.isEnabled());
+                QVERIFY(world.store.prompter.shown.front().text.endsWith(failure.isEmpty() ? u"r@a.de."_qs : failure));
+                world.store.prompter.shown.clear();
+            }
+            button.click();
+            end({}); // and before it is told the editor closes
+            form.done(QDialog::Rejected);
+            QCOMPARE(underWay, 0);
+            QCoreApplication::processEvents();
+        }
+        QVERIFY(world.store.prompter.shown.empty());
+    }
+
     void everyControlEditsItsField() {
         const std::tuple<const char*, const char*, F, const char*> edits[] = {
             // control, typed, field, stored

@@ -1,6 +1,7 @@
 #include "ActivityEditor.h"
 
 #include "DialogHost.h"
+#include "DispatchedTestMail.h"
 #include "Program.h"
 #include "RunNowCommands.h"
 #include "frmOptions.h"
@@ -19,7 +20,8 @@ bool EditorDialog::Edit(const QString& name, const ActivityRecord& record, const
                                 *services.desktopMail,
                                 services.systemDirectories,
                                 QLocale::system(),
-                                m_program.Options().EvenIntervals()};
+                                m_program.Options().EvenIntervals(),
+                                TestMailsOf(m_program)};
     // A document that could not be loaded takes no name at all; the save has a better reason.
     const auto isUsableName = [this](const QString& wanted) {
         return !m_program.File().IsLoaded() || m_program.Document().IsUsableName(wanted);

@@ -3,6 +3,7 @@
 #include "CommandGuard.h"
 #include "DialogHost.h"
 #include "HelpCommands.h"
+#include "MailPassword.h"
 #include "frmStartOptions.h"
 #include "modForeignText.h"
 #include <array>
@@ -62,12 +63,14 @@ void OptionsCommand::ShowOptions() {
     clsWatcher& options = m_program.Options();
     Form shown = toForm(options);
     shown.canNotify = services.notifier->IsAvailable();
+    shown.mail = MailOptions::Read(*services.settings);
     frmStartOptions form({.texts = m_program.Texts(),
                           .prompter = m_program.Prompts(),
                           .picker = m_picker,
                           .files = *services.ownFiles,
                           .settings = *services.settings},
-                         *services.autostart, services.places.programFolder / "Kalvenor", shown, m_dialogs.Parent());
+                         *services.autostart, services.places.programFolder / "Kalvenor", *services.passwords, shown,
+                         m_dialogs.Parent());
     QObject::connect(&form, &frmStartOptions::HelpWanted, &form, [this] { m_help.OpenManual(); });
     const bool isCancelled = m_dialogs.Run(form) != QDialog::Accepted;
     const clsWatcher before = options;
@@ -75,8 +78,33 @@ void OptionsCommand::ShowOptions() {
         fromForm(form.Values(), options);
     const std::error_code error = options.WriteRegistry();
     options.CancelOptions = isCancelled;
-    if (!error)
+    if (error) {
+        takeBack(before, options);
+        tellNotStored(error);
+    } else if (!isCancelled) {
+        storeMail(form);
+    }
+}
+
+void OptionsCommand::storeMail(const frmStartOptions& form) {
+    constexpr std::chrono::minutes patience{2}; // somebody may have to unlock the store
+    PlatformServices& services = m_program.Services();
+    const MailOptions mail = form.Values().mail;
+    const QString password = form.NewMailPassword();
+    if (const std::error_code error = mail.Write(*services.settings))
+        return tellNotStored(error);
+    if (password.isEmpty())
         return;
-    takeBack(before, options);
+    const auto answered = [this](const PasswordAnswer& answer) {
+        const StringTable& texts = m_program.Texts();
+        const QString complaint = MailPassword::Complaint(answer, texts);
+        if (!complaint.isEmpty())
+            TellError(m_program, texts[Text::MailPasswordNotStored] + u'\n' + complaint);
+    };
+    services.passwords->Write(MailPassword::KeyOf(mail.host, mail.user), password.toUtf8(),
+                              {.receiver = &m_storing, .deadline = patience, .answered = answered});
+}
+
+void OptionsCommand::tellNotStored(std::error_code error) {
     TellError(m_program, m_program.Texts()[Text::OptionsNotStored] + u'\n' + modForeignText::OfError(error));
 }

@@ -95,6 +95,7 @@ PlatformServices MakePlatformServices() {
     services.places.dataFolder = services.places.isInstalled ? installedData : services.places.programFolder;
     services.places.desktopEntry = services.places.isInstalled ? KALVENOR_APPLICATION_ID : OwnDesktopEntry;
     services.notifier = MakeDesktopNotifier(QString::fromStdString(services.places.desktopEntry));
+    services.passwords = MakePasswordStore();
     services.systemDirectories = {"/usr", "/etc", "/"};
     // Not the path of this process: it may be a tool beside the program.
     services.serviceManager = std::make_unique<LinuxServiceManager>(

@@ -8,6 +8,7 @@
 #include "Machine.h"
 #include "NameService.h"
 #include "Notifier.h"
+#include "PasswordStore.h"
 #include "SettingsStore.h"
 #include <ctime>
 #include <memory>
@@ -42,6 +43,10 @@ inline constexpr const char* OwnDesktopEntry = "kalvenor-activities";
 /// The desktop's notification service (org.freedesktop.Notifications on the session bus), which is started when it does
 /// not run; never asked for an answer that anything waits for. Without a session bus nothing is shown.
 [[nodiscard]] std::unique_ptr<Notifier> MakeDesktopNotifier(QString desktopEntry);
+
+/// The Secret Service or KWallet, through qtkeychain, which takes libsecret where it is installed. Without a session
+/// bus there is no store.
+[[nodiscard]] std::unique_ptr<PasswordStore> MakePasswordStore();
 
 /// logind (org.freedesktop.login1 on the system bus), which ends the sessions in good order. It refuses when there is
 /// no bus, no logind, no permission, or no answer within ten seconds.

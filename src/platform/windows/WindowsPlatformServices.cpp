@@ -69,6 +69,7 @@ PlatformServices MakePlatformServices() {
     // A toast needs an identity that only a start menu shortcut of the installer could give, a balloon a tray icon,
     // which belongs to the window.
     services.notifier = std::make_unique<NoNotifier>();
+    services.passwords = MakePasswordStore();
     services.autostart = MakeAutostart();
     services.places.programFolder = programFolder();
     services.places.dataFolder = services.places.programFolder;

@@ -6,6 +6,7 @@
 #include "Locks.h"
 #include "Machine.h"
 #include "NameService.h"
+#include "PasswordStore.h"
 #include "SettingsStore.h"
 #include <memory>
 #include <string>
@@ -48,6 +49,9 @@ MakeAutostart(std::wstring path = L"Software\\Microsoft\\Windows\\CurrentVersion
 
 /// Outlook, through its automation objects.
 [[nodiscard]] std::unique_ptr<DesktopMailClient> MakeDesktopMailClient();
+
+/// The Credential Manager, generic credentials of the user.
+[[nodiscard]] std::unique_ptr<PasswordStore> MakePasswordStore();
 
 /// Folders by their handles, entries opened relative to them.
 [[nodiscard]] std::unique_ptr<FileSystem> MakeFileSystem();

@@ -1,10 +1,10 @@
 #include "LinuxServices.h"
+#include "SessionBus.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
-#include <QFileInfo>
 #include <QHash>
 #include <QVariantMap>
 
@@ -12,17 +12,11 @@ namespace {
 
 constexpr int timeoutMilliseconds = 5000;
 
-/// Asked before the bus is: without an address its library would start one of its own.
-bool hasSessionBus() {
-    return !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS") ||
-           QFileInfo::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
-}
-
 class DesktopNotifier final : public Notifier {
   public:
     explicit DesktopNotifier(QString desktopEntry) : m_desktopEntry(std::move(desktopEntry)) {}
 
-    [[nodiscard]] bool IsAvailable() const override { return hasSessionBus(); }
+    [[nodiscard]] bool IsAvailable() const override { return HasSessionBus(); }
     void Show(const Notice& notice) override;
 
   private:
@@ -36,7 +30,7 @@ class DesktopNotifier final : public Notifier {
 };
 
 void DesktopNotifier::Show(const Notice& notice) {
-    if (!hasSessionBus())
+    if (!HasSessionBus())
         return;
     const QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
