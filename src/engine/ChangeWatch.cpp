@@ -67,6 +67,7 @@ QStringList ChangeWatch::TakeDue() {
         if (!isDue(*followed))
             continue;
         followed->first.reset();
+        m_logs.WriteActionLine(followed.key(), followed->firstText);
         due.append(followed.key());
     }
     for (auto again = m_again.cbegin(); again != m_again.cend(); ++again)
@@ -91,8 +92,12 @@ void ChangeWatch::take(Followed& followed) {
     if (!news.isAnything && changed == news.changed.end())
         return;
     followed.last = m_services.clock.MonotonicNow();
-    if (!followed.first)
-        followed.first = followed.last;
+    if (followed.first)
+        return;
+    followed.first = followed.last;
+    followed.firstText = changed != news.changed.end()
+                             ? m_services.texts[Text::ChangeSeen].arg(modNativePath::ToText(*changed))
+                             : m_services.texts[Text::AnythingChanged].arg(followed.run.source);
 }
 
 /// A directory that is not there is the run's to report. Where it is another machine's, nothing will change that.

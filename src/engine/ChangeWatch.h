@@ -26,8 +26,8 @@ class ChangeWatch final {
     /// Watches for these activities and for no other.
     void Follow(const QStringList& names);
 
-    /// The activities that are to run now, each told once. A change is gathered until nothing has happened for the
-    /// activity's settle time, but not for ever.
+    /// The activities that are to run now, each told once; their logs say what has changed. A change is gathered until
+    /// nothing has happened for the activity's settle time, but not for ever.
     [[nodiscard]] QStringList TakeDue();
 
     /// Where the run has left files out, the activity is due again when they may have settled.
@@ -50,6 +50,7 @@ class ChangeWatch final {
         Time retryAt = {};
         QString notWatched = {};
         std::optional<Time> first = {}; ///< change that has not led to a run yet
+        QString firstText = {};         ///< what the log says of it
         Time last = {};
         Time mayRunAt = {}; ///< at most half of the time is spent on runs
     };

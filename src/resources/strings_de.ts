@@ -2554,5 +2554,13 @@ Soll die Aktivität auf dem Laufwerk laufen, das jetzt da ist? Mit "Nein" wartet
         <source>The test mail was not sent.</source>
         <translation>Die Testmail wurde nicht gesendet.</translation>
     </message>
+    <message id="1011">
+        <source>'%1' has changed.</source>
+        <translation>'%1' hat sich geändert.</translation>
+    </message>
+    <message id="1012">
+        <source>Something may have changed in '%1'.</source>
+        <translation>In '%1' kann sich etwas geändert haben.</translation>
+    </message>
 </context>
 </TS>

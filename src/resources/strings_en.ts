@@ -3188,5 +3188,15 @@ Shall the activity run on the drive that is there now? With "No" it waits for th
         <translation>The test mail was not sent.</translation>
         <extra-name>TestMailNotSent</extra-name>
     </message>
+    <message id="1011">
+        <source>'%1' has changed.</source>
+        <translation>'%1' has changed.</translation>
+        <extra-name>ChangeSeen</extra-name>
+    </message>
+    <message id="1012">
+        <source>Something may have changed in '%1'.</source>
+        <translation>Something may have changed in '%1'.</translation>
+        <extra-name>AnythingChanged</extra-name>
+    </message>
 </context>
 </TS>

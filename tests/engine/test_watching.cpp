@@ -100,22 +100,23 @@ class TestWatching final : public QObject {
     void runsWhenSomethingChanges_data() {
         // steps, one a second: "f": this file changes; "*": anything may have changed; ".": nothing; a number: so many
         // runs up to now
-        const Table<QString, QString> row;
-        row("watching begins with a run", "settleseconds=0", "* . . 1 . . . 1");
-        row("not at once", "settleseconds=0", "f f f 0 . . 1");
-        row("not before it has settled", "settleseconds=4", "f . . . 0 . . 1");
-        row("not put off for ever", "settleseconds=0", "f f f f f f f f f 0 f f f 1");
-        row("its log", "settleseconds=0", "../A.log . . . 0 f . . 1");
-        row("the other's log", "settleseconds=0", "../keepsOn.log . . . 0");
-        row("the program's files", "settleseconds=0", "../Kalvenor.kvd . . . 0");
-        row("not of its kind", "extensions=txt", "f . . . 0 f.txt . . 1");
-        row("not with a date", "type=3 triggerdate=01.01.2100 triggerdatetime=00:00", "f . . . 0");
-        row("every day", "type=4 triggertime=99:99 daily=1", "f . . . 1");
-        row("once a day", "type=4 triggertime=99:99 daily=0", "f . . . 0");
-        row("once only", "runningmode=1", "f . . . 1 f . . . 1");
+        const Table<QString, QString, QString> row; // and how the log explains the last run
+        row("watching begins with a run", "settleseconds=0", "* . . 1 . . . 1",
+            "Something may have changed in '~/src'.");
+        row("not at once", "settleseconds=0", "f f f 0 . . 1", "");
+        row("not before it has settled", "settleseconds=4", "f . . . 0 . . 1", "");
+        row("not put off for ever", "settleseconds=0", "f f f f f f f f f 0 f f f 1", "");
+        row("its log", "settleseconds=0", "../A.log . . . 0 f . . 1", "'~/src/f' has changed.");
+        row("the other's log", "settleseconds=0", "../keepsOn.log . . . 0", "");
+        row("the program's files", "settleseconds=0", "../Kalvenor.kvd . . . 0", "");
+        row("not of its kind", "extensions=txt", "f . . . 0 f.txt . . 1", "");
+        row("not with a date", "type=3 triggerdate=01.01.2100 triggerdatetime=00:00", "f . . . 0", "");
+        row("every day", "type=4 triggertime=99:99 daily=1", "f . . . 1", "");
+        row("once a day", "type=4 triggertime=99:99 daily=0", "f . . . 0", "");
+        row("once only", "runningmode=1", "f . . . 1 f . . . 1", "");
     }
     void runsWhenSomethingChanges() {
-        const auto [fields, steps] = Table<QString, QString>::Current();
+        const auto [fields, steps, line] = Table<QString, QString, QString>::Current();
         Watching fixture;
         fixture.Add(A, u"type=2 intervall=24 watch=1 "_qs + fields);
         fixture.StartMonitoring();
@@ -132,6 +133,8 @@ class TestWatching final : public QObject {
                 fixture.News().changed.insert(fixture.Native(u"src/"_qs + step).lexically_normal());
             fixture.Pass(1s);
         }
+        const QStringList log = fixture.Log(A);
+        QVERIFY(line.isEmpty() || log.value(log.lastIndexOf(u"Checking starts ..."_qs) - 1) == line);
     }
 
     void whatItWatches() {

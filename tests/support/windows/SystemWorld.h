@@ -27,11 +27,12 @@ class SystemWorld {
 
     /// False for what only other systems have. Links need a privilege here, nobody can write to a file that is being
     /// copied, names lack more letters than the slash and may not differ in their letter case alone. Wine tells of no
-    /// changes below a watched folder, nor of its end.
+    /// changes below a watched folder, nor of its end, and trusts no issuer but the system's.
     [[nodiscard]] static bool CanMake(const QByteArray& kind) {
-        const std::set<QByteArray> none{"link",    "dangling link", "folder link",  "fifo",
-                                        "write",   "append",        "rewrite",      "truncate",
-                                        "replace", "case twins",    "hostile name", "news from below"};
+        const std::set<QByteArray> none{
+            "link",         "dangling link",   "folder link",     "fifo",       "write",
+            "append",       "rewrite",         "truncate",        "replace",    "case twins",
+            "hostile name", "news from below", "time zone rules", "own issuers"};
         return !none.contains(kind);
     }
 
