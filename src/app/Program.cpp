@@ -67,10 +67,7 @@ struct Program::Engine {
           changes(tools, mail, program.m_services.locks->Place()),
           schedulers(services, logs, changes, watch, dueMarks, facts, plans, nextRuns, monitoring) {
         schedulers.ConnectTo(program.m_timers);
-        QObject::connect(&monitoring, &MonitoringController::StateChanged, &schedulers, [this](bool on) {
-            if (!on)
-                watch.Stop();
-        });
+        QObject::connect(&monitoring, &MonitoringController::StateChanged, &schedulers, [this] { watch.Stop(); });
     }
 
     EngineServices services;

@@ -21,6 +21,7 @@ constexpr std::chrono::seconds leastPatience = 10s;
 constexpr std::chrono::seconds untilBack = 10s; ///< a drive that was taken out
 constexpr std::chrono::seconds untilRoom = 5min;
 constexpr int mostDoublings = 5;
+constexpr int restPerRun = 4; ///< times its length
 } // namespace
 
 ChangeWatch::ChangeWatch(const EngineServices& services, FolderWatches& watches, ActivityLogs& logs,
@@ -161,8 +162,8 @@ bool ChangeWatch::isLog(const std::filesystem::path& path) const {
 void ChangeWatch::RunEnded(const QString& name, const RunOutcome& outcome, std::chrono::steady_clock::duration took) {
     const Time now = m_services.clock.MonotonicNow();
     if (const auto followed = m_followed.find(name); followed != m_followed.end())
-        followed->mayRunAt = now + took;
-    if (outcome.settles.count() == 0) {
+        followed->mayRunAt = now + restPerRun * took;
+    if (outcome.interrupted || outcome.settles.count() == 0) {
         m_again.remove(name);
         return;
     }

@@ -52,7 +52,7 @@ class ChangeWatch final {
         std::optional<Time> first = {}; ///< change that has not led to a run yet
         QString firstText = {};         ///< what the log says of it
         Time last = {};
-        Time mayRunAt = {}; ///< at most half of the time is spent on runs
+        Time mayRunAt = {}; ///< a tree that is never at rest is not walked all the time
     };
     struct Again {
         Time at = {};      ///< Time::max(): it has been told

@@ -21,17 +21,28 @@ void DueFacts::forgetWritten(const QString& name) {
 }
 
 DueFacts::Row DueFacts::Of(int row) {
-    if (row < 0 || row >= m_list.Rows())
-        return {};
+    return row < 0 || row >= m_list.Rows() ? Row() : known(row);
+}
+
+QStringList DueFacts::Watched() {
+    QStringList names;
+    for (int row = 0; row < m_list.Rows(); ++row)
+        if (known(row).isWatched)
+            names.append(m_list.NameAt(row));
+    return names;
+}
+
+/// Of a row that exists.
+const DueFacts::Row& DueFacts::known(int row) {
     const auto rows = static_cast<std::size_t>(m_list.Rows());
     if (m_revision != m_file.Revision() || m_rows.size() != rows) {
         m_rows.assign(rows, std::nullopt);
         m_revision = m_file.Revision();
     }
-    std::optional<Row>& known = m_rows[static_cast<std::size_t>(row)];
-    if (!known)
-        known = read(row);
-    return *known;
+    std::optional<Row>& facts = m_rows[static_cast<std::size_t>(row)];
+    if (!facts)
+        facts = read(row);
+    return *facts;
 }
 
 DueFacts::Row DueFacts::read(int row) const {

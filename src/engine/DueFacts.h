@@ -5,7 +5,7 @@
 #include <QDate>
 #include <QLocale>
 #include <QObject>
-#include <QString>
+#include <QStringList>
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -33,8 +33,12 @@ class DueFacts final : public QObject {
     /// By value: the next event may change them.
     [[nodiscard]] Row Of(int row);
 
+    /// The activities that run also when something changes.
+    [[nodiscard]] QStringList Watched();
+
   private:
     void forgetWritten(const QString& name);
+    [[nodiscard]] const Row& known(int row);
     [[nodiscard]] Row read(int row) const;
 
     const ActivityFile& m_file;

@@ -214,20 +214,13 @@ void Schedulers::tickOfMoments(char16_t type) {
 }
 
 void Schedulers::onChange() {
-    if (m_watchedAt != m_services.file.Revision()) {
-        m_watched.clear();
-        for (int row = 0; row < m_services.list.Rows(); ++row)
-            if (m_facts.Of(row).isWatched)
-                m_watched.append(m_services.list.NameAt(row));
-        m_watchedAt = m_services.file.Revision();
-    }
-    if (m_watched.isEmpty() && m_watch.IsIdle())
+    QStringList wanted = m_facts.Watched();
+    if (wanted.isEmpty() && m_watch.IsIdle())
         return;
     const auto mayRun = [this](const QString& name) {
         const std::optional<int> row = m_services.list.RowOf(name);
         return row && mayRunNow(*row);
     };
-    QStringList wanted = m_watched;
     wanted.removeIf([&](const QString& name) { return !mayRun(name); });
     m_watch.Follow(wanted);
     for (const QString& name : m_watch.TakeDue())

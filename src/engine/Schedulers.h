@@ -77,6 +77,4 @@ class Schedulers final : public QObject {
     Moment m_present;
     std::array<bool, 3> m_isWalking{}; ///< of each kind: a second walk would run an activity inside itself
     bool m_allowed = false;
-    QStringList m_watched;                    ///< the activities that are to run when something changes
-    std::optional<std::uint64_t> m_watchedAt; ///< the file's revision then
 };
