@@ -208,8 +208,7 @@ void Schedulers::tickOfMoments(char16_t type) {
         if (due == PlannedRuns::Due::No)
             continue;
         const QString name = m_services.list.NameAt(row);
-        const bool isLast = type == u'3' || m_services.file.Read(name, ActivityField::Daily).toInt() == 0;
-        runPlanned(name, due, [&] { return runOnTime(name, isLast); });
+        runPlanned(name, due, [&] { return runOnTime(name); });
     }
 }
 
@@ -235,9 +234,9 @@ bool Schedulers::mayRunNow(int row) {
 
 /// Its place in the schedule stays.
 void Schedulers::runChanged(int row) {
-    const DueFacts::Row facts = m_facts.Of(row);
+    const QChar type = m_facts.Of(row).type;
     const QString name = m_services.list.NameAt(row);
-    std::ignore = facts.type == u'3' || facts.type == u'4' ? runOnTime(name, !facts.isWatched) : runInterval(name);
+    std::ignore = type == u'3' || type == u'4' ? runOnTime(name) : runInterval(name);
 }
 
 QString Schedulers::appointment(const QString& name) const {
@@ -248,7 +247,9 @@ QString Schedulers::appointment(const QString& name) const {
     return fields.join(u'\n');
 }
 
-RunOutcome Schedulers::runOnTime(const QString& name, bool isLast) {
+RunOutcome Schedulers::runOnTime(const QString& name) {
+    const auto read = [&](ActivityField field) { return m_services.file.Read(name, field); };
+    const bool isLast = read(ActivityField::Type) == u"3" || read(ActivityField::Daily).toInt() == 0;
     const QString before = appointment(name);
     RunOutcome outcome = run(name);
     // What was ended early is still to be done, and so is what the user has put off to another time meanwhile.

@@ -55,7 +55,7 @@ class Schedulers final : public QObject {
     [[nodiscard]] RunOutcome runDue(const QString& name);
     [[nodiscard]] RunOutcome runInterval(const QString& name);
     void runPlanned(const QString& name, PlannedRuns::Due due, const std::function<RunOutcome()>& run);
-    [[nodiscard]] RunOutcome runOnTime(const QString& name, bool isLast);
+    [[nodiscard]] RunOutcome runOnTime(const QString& name);
     [[nodiscard]] PlannedRuns::Due dueNow(int row, const DueFacts::Row& facts);
     [[nodiscard]] QString appointment(const QString& name) const;
     void repairMark(int row, std::int32_t mark);

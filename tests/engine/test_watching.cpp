@@ -73,13 +73,14 @@ class TestWatching final : public QObject {
     }
 
     void anAppointmentWaitsForItsFiles_data() {
-        const Table<QString> row;
-        row("date", "type=3 triggerdate=%1 triggerdatetime=%2 settleseconds=120");
-        row("time", "type=4 triggertime=%2 daily=0 settleseconds=120");
-        row("once only", "type=0 intervall=2 runningmode=1 settleseconds=120");
+        const Table<QString, bool> row; // and whether that was its last run
+        row("date", "type=3 triggerdate=%1 triggerdatetime=%2 settleseconds=120", true);
+        row("time", "type=4 triggertime=%2 daily=0 settleseconds=120", true);
+        row("every day", "type=4 triggertime=%2 daily=1 settleseconds=120", false);
+        row("once only", "type=0 intervall=2 runningmode=1 settleseconds=120", true);
     }
     void anAppointmentWaitsForItsFiles() {
-        const auto [fields] = Table<QString>::Current();
+        const auto [fields, isLast] = Table<QString, bool>::Current();
         Watching fixture;
         const QDateTime now = QDateTime::fromSecsSinceEpoch(std::chrono::system_clock::to_time_t(fixture.clock->now));
         QString record = fields;
@@ -94,7 +95,9 @@ class TestWatching final : public QObject {
         QVERIFY(!fixture.Exists(u"dst/f"_qs));
         fixture.Pass(300s);
         QCOMPARE(fixture.Read(u"dst/f"_qs), "young");
-        QVERIFY(!program.List().IsChecked(*program.List().RowOf(A)));
+        QCOMPARE(program.List().IsChecked(*program.List().RowOf(A)), !isLast);
+        QCOMPARE(program.File().Read(A, ActivityField::Active),
+                 isLast && fields.contains(u"trigger") ? u"0"_qs : u"1"_qs);
     }
 
     void runsWhenSomethingChanges_data() {
