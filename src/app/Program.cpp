@@ -52,19 +52,17 @@ struct Program::Engine {
           safeExit(services, keys, interruptions), dueMarks(services.file, services.list),
           facts(services.file, services.list, dueMarks, QLocale::system()),
           plans(services, facts, program.m_services.locks->Place()),
-          monitoring(services, logs, dueMarks, plans, program.m_timers),
-          watch(services, *program.m_services.folderWatches, logs, ownPlaces, program.m_services.locks->Place()),
-          nextRuns(services, dueMarks, facts, plans, watch, monitoring, program.m_timers), tools{.services = services,
-                                                                                                 .logs = logs,
-                                                                                                 .reactions = reactions,
-                                                                                                 .safeExit = safeExit,
-                                                                                                 .monitoring =
-                                                                                                     monitoring,
-                                                                                                 .ownPlaces = ownPlaces,
-                                                                                                 .texts = syncTexts,
-                                                                                                 .interruptions =
-                                                                                                     interruptions},
+          monitoring(services, logs, dueMarks, plans, program.m_timers), tools{.services = services,
+                                                                               .logs = logs,
+                                                                               .reactions = reactions,
+                                                                               .safeExit = safeExit,
+                                                                               .monitoring = monitoring,
+                                                                               .ownPlaces = ownPlaces,
+                                                                               .texts = syncTexts,
+                                                                               .interruptions = interruptions},
           changes(tools, mail, program.m_services.locks->Place()),
+          watch(services, *program.m_services.folderWatches, logs, ownPlaces, program.m_services.locks->Place()),
+          nextRuns(services, dueMarks, facts, plans, watch, monitoring, program.m_timers),
           schedulers(services, logs, changes, watch, dueMarks, facts, plans, nextRuns, monitoring) {
         schedulers.ConnectTo(program.m_timers);
         QObject::connect(&monitoring, &MonitoringController::StateChanged, &schedulers, [this] { watch.Stop(); });
@@ -82,10 +80,10 @@ struct Program::Engine {
     DueFacts facts;
     PlannedRuns plans;
     MonitoringController monitoring;
-    ChangeWatch watch;
-    NextRuns nextRuns;
     RunTools tools;
     ChangeDetection changes;
+    ChangeWatch watch;
+    NextRuns nextRuns;
     Schedulers schedulers;
 };
 

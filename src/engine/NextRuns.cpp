@@ -58,16 +58,14 @@ NextRun NextRuns::ofInterval(int row) const {
     const DueFacts::Row facts = m_facts.Of(row);
     if (m_plans.IsEven()) {
         if (!EvenGrid::LengthOf(facts.type, facts.interval))
-            return {.at = {}, .reason = NeverRuns::HasNoNumber, .held = {}, .notWatched = {}};
-        return {.at = m_plans.Next(m_services.list.NameAt(row)).value_or(present() + seconds(1)),
-                .held = {},
-                .notWatched = {}};
+            return {.reason = NeverRuns::HasNoNumber};
+        return {.at = m_plans.Next(m_services.list.NameAt(row)).value_or(present() + seconds(1))};
     }
     if (!facts.interval || !facts.mark)
-        return {.at = {}, .reason = NeverRuns::HasNoNumber, .held = {}, .notWatched = {}};
+        return {.reason = NeverRuns::HasNoNumber};
     if (const std::optional<seconds> until = UntilCounted(row))
-        return {.at = present() + *until, .held = {}, .notWatched = {}};
-    return {.at = {}, .reason = NeverRuns::Stalls, .held = {}, .notWatched = {}};
+        return {.at = present() + *until};
+    return {.reason = NeverRuns::Stalls};
 }
 
 NextRun NextRuns::ofMoment(int row) const {
@@ -75,16 +73,16 @@ NextRun NextRuns::ofMoment(int row) const {
     const bool isDated = facts.type == u'3';
     const std::optional<std::chrono::minutes> time = Moments::TimeOfDay(facts.time);
     if (!time)
-        return {.at = {}, .reason = NeverRuns::HasNoTime, .held = {}, .notWatched = {}};
+        return {.reason = NeverRuns::HasNoTime};
     if (isDated && !facts.date.isValid())
-        return {.at = {}, .reason = NeverRuns::HasNoDate, .held = {}, .notWatched = {}};
+        return {.reason = NeverRuns::HasNoDate};
     const Moments::Second now = present();
     if (const std::optional<Moments::Second> planned = m_plans.Next(m_services.list.NameAt(row)))
-        return {.at = std::max(*planned, now + seconds(1)), .held = {}, .notWatched = {}};
+        return {.at = std::max(*planned, now + seconds(1))};
     const QDate first = isDated ? facts.date : Moments::DayOf(now);
     if (const std::optional<Moments::Second> at = nextShown(first, isDated ? 1 : 366, *time, now))
-        return {.at = at, .held = {}, .notWatched = {}};
-    return {.at = {}, .reason = NeverRuns::IsPast, .held = {}, .notWatched = {}};
+        return {.at = at};
+    return {.reason = NeverRuns::IsPast};
 }
 
 NextRun NextRuns::Of(int row) const {
@@ -92,10 +90,10 @@ NextRun NextRuns::Of(int row) const {
         return {};
     const QString name = m_services.list.NameAt(row);
     if (m_services.list.IsTakenOut(name))
-        return {.at = {}, .reason = NeverRuns::IsTakenOut, .held = {}, .notWatched = {}};
+        return {.reason = NeverRuns::IsTakenOut};
     const DueFacts::Row facts = m_facts.Of(row);
     if (!facts.isActive || !m_services.list.IsChecked(row))
-        return {.at = {}, .reason = NeverRuns::IsNotTicked, .held = {}, .notWatched = {}};
+        return {.reason = NeverRuns::IsNotTicked};
     NextRun next;
     if (IntervalCounters::KindOf(facts.type))
         next = ofInterval(row);

@@ -25,11 +25,11 @@ enum class NeverRuns {
 };
 
 struct NextRun {
-    std::optional<Moments::Second> at;
+    std::optional<Moments::Second> at = {};
     NeverRuns reason = NeverRuns::MonitoringIsOff; ///< without `at`
-    QString held;                                  ///< why its run would be held if nothing changes
+    QString held = {};                             ///< why its run would be held if nothing changes
     bool isWatched = false;                        ///< runs also when something changes
-    QString notWatched;                            ///< why it does not do so all the same
+    QString notWatched = {};                       ///< why it does not do so all the same
 };
 
 class NextRuns final {

@@ -81,7 +81,7 @@ EditorScheduleTab::EditorScheduleTab(const EditorServices& services)
     connect(chkDaily, &QCheckBox::toggled, this, &EditorScheduleTab::followSchedule);
     connect(cmdSelectDate, &QPushButton::clicked, this, &EditorScheduleTab::pickDate);
     connect(spnInterval, &QSpinBox::valueChanged, this, &EditorScheduleTab::showWords);
-    for (const QCheckBox* box : {chkRunningMode, chkDaily, chkWatch})
+    for (const QCheckBox* box : {chkRunningMode, chkWatch})
         connect(box, &QCheckBox::toggled, this, &EditorScheduleTab::showWords);
     for (const MaskedField* field : {txtDate, txtDateTime, txtTime})
         connect(field, &MaskedField::textChanged, this, &EditorScheduleTab::showWords);

@@ -1,13 +1,12 @@
 #include "InotifyTree.h"
-#include "Folder.h"
-#include "LinuxDrive.h"
+#include "LinuxFolder.h"
 #include "TemporaryName.h"
 #include "WatchNews.h"
 
 #include <array>
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/inotify.h>
+#include <tuple>
 
 namespace {
 
@@ -22,33 +21,21 @@ FileDescriptor openFolder(int at, const char* name, int flags) {
     return FileDescriptor(::openat(at, name, O_RDONLY | O_DIRECTORY | O_NONBLOCK | O_CLOEXEC | flags));
 }
 
-FileId idOf(const struct stat& status) {
-    return {status.st_dev, status.st_ino};
-}
-
 std::optional<FileId> idOf(const fs::path& path) {
     struct stat status {};
-    return ::stat(path.c_str(), &status) == 0 ? std::optional(idOf(status)) : std::nullopt;
+    return ::stat(path.c_str(), &status) == 0 ? std::optional(IdOf(status)) : std::nullopt;
 }
 
 /// The names of sub-folders, and of entries whose kind the file system does not tell. What cannot be read has none: a
 /// run says so.
 std::vector<std::string> subfoldersOf(int folder) {
     std::vector<std::string> names;
-    const FileDescriptor copy = openFolder(folder, ".", 0);
-    const auto buffer = std::make_unique_for_overwrite<char[]>(readAtOnce);
-    for (;;) {
-        const ssize_t length = copy.IsOpen() ? ::getdents64(copy.Get(), buffer.get(), readAtOnce) : -1;
-        if (length <= 0)
-            return names;
-        for (ssize_t at = 0; at < length;) {
-            const auto* entry = reinterpret_cast<const struct dirent64*>(buffer.get() + at);
-            at += entry->d_reclen;
-            const std::string_view name(static_cast<const char*>(entry->d_name));
-            if ((entry->d_type == DT_DIR || entry->d_type == DT_UNKNOWN) && name != "." && name != "..")
-                names.emplace_back(name);
-        }
-    }
+    std::ignore = ForEachEntry(folder, [&names](const struct dirent64& entry) {
+        if (entry.d_type == DT_DIR || entry.d_type == DT_UNKNOWN)
+            names.emplace_back(static_cast<const char*>(entry.d_name));
+        return std::error_code();
+    });
+    return names;
 }
 
 bool isAtOrBelow(const fs::path& path, const fs::path& folder) {
@@ -79,7 +66,7 @@ bool InotifyTree::Begin() {
     struct stat status {};
     if (!root.IsOpen() || ::fstat(root.Get(), &status) != 0)
         return end(WatchEnd::Gone);
-    m_rootId = idOf(status);
+    m_rootId = IdOf(status);
     return LookAgain();
 }
 
@@ -103,7 +90,7 @@ bool InotifyTree::addTree(const fs::path& path, int depth) {
 
 bool InotifyTree::addFolder(const fs::path& path, int folder, int depth) {
     struct stat status {};
-    if (m_isOver() || depth > Folder::MostLevels || ::fstat(folder, &status) != 0 || m_leftOut.contains(idOf(status)))
+    if (m_isOver() || depth > Folder::MostLevels || ::fstat(folder, &status) != 0 || m_leftOut.contains(IdOf(status)))
         return true;
     if (!m_localDevices.contains(status.st_dev)) {
         if (DriveOf(folder).isNetwork)

@@ -29,10 +29,6 @@ std::int64_t toNanoseconds(const struct timespec& time) {
     return time.tv_sec * billion + time.tv_nsec;
 }
 
-FileId idOf(const struct stat& status) {
-    return {status.st_dev, status.st_ino};
-}
-
 /// The step in which the file system stores times, in nanoseconds: 2 s on FAT, else 1.
 std::int64_t timeStepOf(int descriptor) {
     struct statfs fileSystem {};
@@ -51,7 +47,7 @@ EntryKind kindOf(const struct stat& status, bool isLink) {
 FileFacts factsOf(const struct stat& status, bool isLink, std::int64_t timeStep) {
     return {.kind = kindOf(status, isLink),
             .isLink = isLink,
-            .id = idOf(status),
+            .id = IdOf(status),
             .size = static_cast<std::uint64_t>(status.st_size),
             .modified = {toNanoseconds(status.st_mtim), timeStep},
             .mode = status.st_mode & 07777U,
@@ -114,7 +110,7 @@ std::shared_ptr<LinuxFolder> LinuxFolder::Open(int at, const char* name, std::sh
         error = LastError();
         return nullptr;
     }
-    return std::make_shared<LinuxFolder>(std::move(descriptor), std::move(place), idOf(status));
+    return std::make_shared<LinuxFolder>(std::move(descriptor), std::move(place), IdOf(status));
 }
 
 LinuxFolder::LinuxFolder(FileDescriptor descriptor, std::shared_ptr<const FolderPlace> place, FileId id)
@@ -128,24 +124,7 @@ bool LinuxFolder::IsPlainName(const std::filesystem::path& name) {
 }
 
 std::error_code LinuxFolder::forEachName(const std::function<std::error_code(const char*)>& visit) const {
-    if (::lseek(Descriptor(), 0, SEEK_SET) < 0)
-        return LastError();
-    const auto buffer = std::make_unique_for_overwrite<char[]>(listingBuffer);
-    for (;;) {
-        const ssize_t length = ::getdents64(Descriptor(), buffer.get(), listingBuffer);
-        if (length <= 0)
-            return length < 0 ? LastError() : std::error_code();
-        for (ssize_t at = 0; at < length;) {
-            const char* record = buffer.get() + at;
-            const char* name = record + offsetof(struct dirent64, d_name);
-            at += reinterpret_cast<const struct dirent64*>(record)->d_reclen;
-            const std::string_view text(name);
-            if (text == "." || text == "..")
-                continue;
-            if (const std::error_code error = visit(name))
-                return error;
-        }
-    }
+    return ForEachEntry(Descriptor(), [&visit](const struct dirent64& entry) { return visit(entry.d_name); });
 }
 
 /// An entry that stat() fails on (a dead mount, say) is Unknown: whoever would work on it reports it. A folder without
@@ -218,9 +197,9 @@ std::vector<FileId> LinuxFolder::Ancestors() const {
     FileDescriptor parent(::openat(Descriptor(), "..", O_PATH | O_DIRECTORY | O_CLOEXEC));
     struct stat status {};
     for (int level = 0; level < mostAncestors; ++level) {
-        if (!parent.IsOpen() || ::fstat(parent.Get(), &status) != 0 || idOf(status) == ids.back())
+        if (!parent.IsOpen() || ::fstat(parent.Get(), &status) != 0 || IdOf(status) == ids.back())
             break; // the root is its own parent
-        ids.push_back(idOf(status));
+        ids.push_back(IdOf(status));
         parent = FileDescriptor(::openat(parent.Get(), "..", O_PATH | O_DIRECTORY | O_CLOEXEC));
     }
     return ids;
@@ -228,7 +207,7 @@ std::vector<FileId> LinuxFolder::Ancestors() const {
 
 bool LinuxFolder::StillThere() const {
     struct stat status {};
-    return ::stat(Path().c_str(), &status) == 0 && S_ISDIR(status.st_mode) && idOf(status) == m_id;
+    return ::stat(Path().c_str(), &status) == 0 && S_ISDIR(status.st_mode) && IdOf(status) == m_id;
 }
 
 bool LinuxFolder::PassesOnRights() const {
@@ -270,7 +249,7 @@ bool LinuxFolder::isLeftover(const std::string& name) const {
 }
 
 bool IsUnchanged(const FileFacts& facts, const struct stat& status) {
-    return S_ISREG(status.st_mode) && idOf(status) == facts.id &&
+    return S_ISREG(status.st_mode) && IdOf(status) == facts.id &&
            static_cast<std::uint64_t>(status.st_size) == facts.size &&
            toNanoseconds(status.st_mtim) == facts.modified.nanoseconds;
 }
@@ -279,6 +258,30 @@ bool IsSameContent(const struct stat& before, const struct stat& now) {
     const auto isSame = [](const struct timespec& a, const struct timespec& b) {
         return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec;
     };
-    return idOf(now) == idOf(before) && now.st_size == before.st_size && isSame(now.st_mtim, before.st_mtim) &&
+    return IdOf(now) == IdOf(before) && now.st_size == before.st_size && isSame(now.st_mtim, before.st_mtim) &&
            isSame(now.st_ctim, before.st_ctim);
+}
+
+FileId IdOf(const struct stat& status) {
+    return {status.st_dev, status.st_ino};
+}
+
+std::error_code ForEachEntry(int folder, const std::function<std::error_code(const struct dirent64&)>& visit) {
+    if (::lseek(folder, 0, SEEK_SET) < 0)
+        return LastError();
+    const auto buffer = std::make_unique_for_overwrite<char[]>(listingBuffer);
+    for (;;) {
+        const ssize_t length = ::getdents64(folder, buffer.get(), listingBuffer);
+        if (length <= 0)
+            return length < 0 ? LastError() : std::error_code();
+        for (ssize_t at = 0; at < length;) {
+            const auto& entry = *reinterpret_cast<const struct dirent64*>(buffer.get() + at);
+            at += entry.d_reclen;
+            const std::string_view name(static_cast<const char*>(entry.d_name));
+            if (name == "." || name == "..")
+                continue;
+            if (const std::error_code error = visit(entry))
+                return error;
+        }
+    }
 }

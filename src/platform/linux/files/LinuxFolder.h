@@ -8,6 +8,8 @@
 #include "LinuxDrive.h"
 #include "SystemCall.h"
 
+#include <dirent.h>
+#include <functional>
 #include <string>
 
 class LinuxFolder final : public Folder {
@@ -65,3 +67,9 @@ class LinuxFolder final : public Folder {
 /// True for the same file with the same size and times. The change time tells what a program hides that puts the
 /// modification time back.
 [[nodiscard]] bool IsSameContent(const struct stat& before, const struct stat& now);
+
+[[nodiscard]] FileId IdOf(const struct stat& status);
+
+/// Every entry of an open folder but "." and ".."; ends with the first error of `visit`.
+[[nodiscard]] std::error_code ForEachEntry(int folder,
+                                           const std::function<std::error_code(const struct dirent64&)>& visit);

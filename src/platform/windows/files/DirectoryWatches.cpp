@@ -2,7 +2,7 @@
 #include "SystemCall.h"
 #include "TemporaryName.h"
 #include "WatchNews.h"
-#include "WindowsDrive.h"
+#include "WindowsFolder.h"
 #include "WindowsName.h"
 
 #include <algorithm>
@@ -34,12 +34,6 @@ WinHandle open(const fs::path& folder) {
                                  FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OVERLAPPED, nullptr));
 }
 
-std::pair<DWORD, std::uint64_t> idOf(HANDLE folder) {
-    BY_HANDLE_FILE_INFORMATION facts{};
-    GetFileInformationByHandle(folder, &facts);
-    return {facts.dwVolumeSerialNumber, (std::uint64_t{facts.nFileIndexHigh} << 32U) | facts.nFileIndexLow};
-}
-
 class DirectoryTree final {
   public:
     explicit DirectoryTree(Shared& shared) : m_shared(shared), m_event(CreateEventW(nullptr, TRUE, FALSE, nullptr)) {}
@@ -53,10 +47,12 @@ class DirectoryTree final {
     }
 
     void Run() {
+        std::error_code error;
+        m_root = WindowsFolder::Open(m_shared.order.folder, error);
         m_folder = open(m_shared.order.folder);
-        if (!m_folder.IsOpen())
+        if (!m_root || !m_folder.IsOpen())
             return m_shared.news.Ended(WatchEnd::Gone);
-        if (DriveOf(m_folder.Get(), m_shared.order.folder).isNetwork)
+        if (m_root->Drive().isNetwork)
             return m_shared.news.Ended(WatchEnd::NetworkFolder);
         if (!ask())
             return;
@@ -68,7 +64,7 @@ class DirectoryTree final {
   private:
     bool fail() {
         const std::error_code error = LastFileError();
-        m_shared.news.Ended(stillThere() ? WatchEnd::Failed : WatchEnd::Gone, error);
+        m_shared.news.Ended(m_root->StillThere() ? WatchEnd::Failed : WatchEnd::Gone, error);
         return false;
     }
     bool ask() {
@@ -84,7 +80,7 @@ class DirectoryTree final {
         const std::array<HANDLE, 2> handles{m_event.Get(), m_shared.wake.Get()};
         const DWORD ready =
             WaitForMultipleObjects(static_cast<DWORD>(handles.size()), handles.data(), FALSE, lookInterval);
-        if (ready == WAIT_TIMEOUT && !stillThere()) {
+        if (ready == WAIT_TIMEOUT && !m_root->StillThere()) {
             m_shared.news.Ended(WatchEnd::Gone);
             return false;
         }
@@ -99,10 +95,6 @@ class DirectoryTree final {
         else
             tell();
         return ask();
-    }
-    [[nodiscard]] bool stillThere() const {
-        const WinHandle present = open(m_shared.order.folder);
-        return present.IsOpen() && idOf(present.Get()) == idOf(m_folder.Get());
     }
     void tell() {
         for (const char* at = m_buffer.data();;) {
@@ -141,7 +133,8 @@ class DirectoryTree final {
     }
 
     Shared& m_shared;
-    WinHandle m_folder;
+    std::shared_ptr<WindowsFolder> m_root; ///< to know it again
+    WinHandle m_folder;                    ///< its changes are read by
     WinHandle m_event;
     OVERLAPPED m_request{};
     bool m_isAsking = false;
